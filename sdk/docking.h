@@ -1,0 +1,47 @@
+// How a plug-in's pane docks in the host's main frame.
+//
+// The pane asks the frame with three registered window messages (RegisterWindowMessageA of the
+// names below), sent, never posted, on the user-interface thread. A frame that does not know them
+// answers 0; the pane then stays a floating tool window owned by the frame, so it works in any
+// host.
+//
+// A pane keeps its own size and place while it floats and while it is hidden. A frame forgets a
+// pane that is destroyed.
+#pragma once
+
+// Sides that a pane may dock at; a set of them is their sum.
+enum DockSide : unsigned {
+    kDockLeft = 0x1000,
+    kDockTop = 0x2000,
+    kDockRight = 0x4000,
+    kDockBottom = 0x8000,
+    kDockAnySide = 0xF000,
+};
+
+struct DockRectangle {
+    int left, top, right, bottom;  // screen pixels
+};
+
+// What a pane asks. `structSize` is sizeof(DockRequest), so that the frame can tell a later form.
+struct DockRequest {
+    unsigned structSize;
+    void* pane;     // HWND of the pane
+    unsigned side;  // in: one DockSide; out of kDockQuery: the side found
+    int extent;  // pixels across the side wanted; 0 leaves it to the frame; the frame may give less
+    int x, y;    // kDockQuery only: a place on the screen
+    DockRectangle place;  // out of kDockQuery: where the pane would dock
+};
+
+// The pane is to be docked (or is docked and moves to another side, or comes back after it was
+// hidden). wParam 0, lParam DockRequest*. The frame becomes its parent, gives it room and shows it.
+// Result: non-zero when docked.
+inline constexpr char kDockAttachMessage[] = "ZekDock.Attach";
+
+// The pane leaves: it is about to float or to be hidden. wParam 0, lParam DockRequest*, of which
+// only `pane` counts. The frame takes the room back; the pane is still its child and sees to its
+// own next parent. Result: non-zero when the pane was docked.
+inline constexpr char kDockDetachMessage[] = "ZekDock.Detach";
+
+// Where would a pane dropped at (x, y) dock? wParam 0, lParam DockRequest*; `side` and `place` are
+// filled. Result: non-zero when the place is a docking place, 0 when the pane would float there.
+inline constexpr char kDockQueryMessage[] = "ZekDock.Query";

@@ -1,0 +1,51 @@
+// The seven entry points that MakerChecker.dll exports, in the order in which a host calls them.
+//
+//   1. GetVoskPluginInfo, GetOptionalVoskPluginInfo   after LoadLibrary, to identify the plug-in
+//   2. InitVoskPlugin                                 once; before or after the main frame exists
+//   3. PluginProcessHotKey                            each time the user asks for the workbench
+//   4. HandlePublishMsg                               for every message published to the host
+//      ProcessVoskPluginMsg                           at will; the plug-in has no commands
+//   5. ExitVoskPlugin                                 once, before FreeLibrary
+//
+// Only a PluginProcessHotKey that creates the pane subscribes to authorization traffic. A host that
+// wants the subscription calls InitVoskPlugin before its main frame exists: start-up then stops
+// short of the pane, and the first hot key makes and subscribes it. The main frame is the host's
+// top-level, unowned window with a caption on the calling thread.
+//
+// Thread: the host's user-interface thread, for all seven. No exception leaves an entry point.
+#pragma once
+
+#include "sdk/host_string.h"
+
+extern "C" {
+
+// Replaces `name` with a copy of `hostName` and `version` with "1.0.0.0"; sets `pluginId` to
+// 29032010 and `flags` to 0xFFFFFFFF. A null `hostName` counts as empty. Returns 1.
+using GetVoskPluginInfoEntry = int(HostString& name, HostString& version, const char* hostName,
+                                   unsigned& pluginId, unsigned& flags);
+
+// Empties `information`; the other arguments are not used.
+using GetOptionalVoskPluginInfoEntry = void(void*, HostStringArray& information, void*, void*);
+
+// Start-up. `owned` is released; nothing else is used.
+using InitVoskPluginEntry = void(void* handle, const char* text, unsigned, HostString owned);
+
+// Creates the workbench pane and subscribes, or brings the existing pane to view. The arguments are
+// not examined.
+using PluginProcessHotKeyEntry = void(void*, unsigned, unsigned, void*);
+
+// Does nothing. Returns 0.
+using ProcessVoskPluginMsgEntry = int(void*);
+
+// Takes in one published message (connectvosk.h). It belongs to the host and lives until the call
+// returns. Null, or a message before there is a workbench, is ignored.
+using HandlePublishMsgEntry = void(void* message);
+
+// Shut-down: unsubscribes and destroys the pane. Returns non-zero when a pane was destroyed.
+using ExitVoskPluginEntry = int();
+
+}  // extern "C"
+
+inline constexpr unsigned kVoskPluginId = 29032010;
+inline constexpr unsigned kVoskPluginFlags = 0xFFFFFFFF;
+inline constexpr char kVoskPluginVersion[] = "1.0.0.0";
