@@ -1,0 +1,57 @@
+// The frame's side of docking (sdk/docking.h): gives panes room at the sides of the client area and
+// lets the user resize them by the bars in between.
+//
+// Not a window: the frame owns one, asks handle() first for every message, and calls layOut() when
+// its client area changes.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <vector>
+
+#include "framework/model/dock_layout.h"
+
+namespace fw {
+
+class CDockingSite {
+public:
+    // `relayout` is called when the room taken changed: the frame calls layOut() in it.
+    CDockingSite(HWND frame, std::function<void()> relayout);
+
+    // Docks a window of the frame's own, with `extent` pixels across `side`. Windows docked
+    // earlier lie further out.
+    void dock(HWND pane, unsigned side, int extent);
+
+    // Takes the window out of the layout; true when it was in it. The window itself is left alone.
+    bool remove(HWND pane);
+
+    // Moves every docked window into its place in `client` (frame client pixels); returns the rest.
+    Rect layOut(Rect client);
+
+    // Answers the docking messages, and the mouse over the bars. False: not the site's.
+    bool handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
+
+private:
+    struct Docked {
+        HWND window;
+        DockedPane pane;
+        DockPlace place;
+    };
+
+    bool answerDocking(UINT message, LPARAM lParam, LRESULT& result);
+    bool answerMouse(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
+    Docked* sashAt(POINT client);
+    void dragTo(POINT client);
+    int defaultExtent(unsigned side) const;
+    DockMetrics metrics() const;
+
+    HWND m_frame;
+    std::function<void()> m_relayout;
+    std::vector<Docked> m_docked;
+    Rect m_client;             // of the last layOut
+    HWND m_dragged = nullptr;  // the window whose bar is held
+    UINT m_attach, m_detach, m_query;
+};
+
+}  // namespace fw

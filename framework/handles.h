@@ -1,0 +1,116 @@
+// Owning handles for GDI objects, menus, hooks and image lists, and scopes for what is borrowed.
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <utility>
+
+namespace fw {
+
+// Owns one handle and gives it to `destroy` at the end. Null is "none".
+template <class Handle, auto destroy>
+class UniqueHandle {
+public:
+    UniqueHandle() = default;
+    explicit UniqueHandle(Handle handle) noexcept : m_handle(handle) {}
+    UniqueHandle(UniqueHandle&& other) noexcept
+        : m_handle(std::exchange(other.m_handle, nullptr)) {}
+    UniqueHandle& operator=(UniqueHandle&& other) noexcept {
+        reset(std::exchange(other.m_handle, nullptr));
+        return *this;
+    }
+    ~UniqueHandle() { reset(); }
+
+    void reset(Handle handle = nullptr) noexcept {
+        if (m_handle != nullptr) destroy(m_handle);
+        m_handle = handle;
+    }
+    Handle get() const noexcept { return m_handle; }
+    explicit operator bool() const noexcept { return m_handle != nullptr; }
+
+private:
+    Handle m_handle = nullptr;
+};
+
+inline void destroyFont(HFONT font) noexcept {
+    DeleteObject(font);
+}
+inline void destroyBitmap(HBITMAP bitmap) noexcept {
+    DeleteObject(bitmap);
+}
+inline void destroyMenu(HMENU menu) noexcept {
+    DestroyMenu(menu);
+}
+inline void destroyHook(HHOOK hook) noexcept {
+    UnhookWindowsHookEx(hook);
+}
+inline void destroyImages(HIMAGELIST images) noexcept {
+    ImageList_Destroy(images);
+}
+
+using Font = UniqueHandle<HFONT, destroyFont>;
+using Bitmap = UniqueHandle<HBITMAP, destroyBitmap>;
+using Menu = UniqueHandle<HMENU, destroyMenu>;
+using Hook = UniqueHandle<HHOOK, destroyHook>;
+using ImageList = UniqueHandle<HIMAGELIST, destroyImages>;
+
+// Selects an object into a device context for a scope.
+class SelectScope {
+public:
+    SelectScope(HDC dc, HGDIOBJ object) noexcept : m_dc(dc), m_previous(SelectObject(dc, object)) {}
+    ~SelectScope() { SelectObject(m_dc, m_previous); }
+    SelectScope(const SelectScope&) = delete;
+    SelectScope& operator=(const SelectScope&) = delete;
+
+private:
+    HDC m_dc;
+    HGDIOBJ m_previous;
+};
+
+// BeginPaint to EndPaint.
+class PaintScope {
+public:
+    explicit PaintScope(HWND window) noexcept : m_window(window) { BeginPaint(window, &m_paint); }
+    ~PaintScope() { EndPaint(m_window, &m_paint); }
+    PaintScope(const PaintScope&) = delete;
+    PaintScope& operator=(const PaintScope&) = delete;
+
+    HDC dc() const noexcept { return m_paint.hdc; }
+
+private:
+    HWND m_window;
+    PAINTSTRUCT m_paint{};
+};
+
+// A device context of a whole window, borders included, for a scope.
+class WindowDcScope {
+public:
+    explicit WindowDcScope(HWND window) noexcept : m_window(window), m_dc(GetWindowDC(window)) {}
+    ~WindowDcScope() { ReleaseDC(m_window, m_dc); }
+    WindowDcScope(const WindowDcScope&) = delete;
+    WindowDcScope& operator=(const WindowDcScope&) = delete;
+
+    HDC dc() const noexcept { return m_dc; }
+
+private:
+    HWND m_window;
+    HDC m_dc;
+};
+
+// Redrawing of a control is off for a scope.
+class RedrawOffScope {
+public:
+    explicit RedrawOffScope(HWND window) noexcept : m_window(window) {
+        SendMessageA(window, WM_SETREDRAW, FALSE, 0);
+    }
+    ~RedrawOffScope() { SendMessageA(m_window, WM_SETREDRAW, TRUE, 0); }
+    RedrawOffScope(const RedrawOffScope&) = delete;
+    RedrawOffScope& operator=(const RedrawOffScope&) = delete;
+
+private:
+    HWND m_window;
+};
+
+}  // namespace fw

@@ -1,0 +1,113 @@
+// CPaneDialog: a dialog that lives as a docking pane in a host's main frame.
+//
+// The pane is one window: a modeless dialog whose caption strip (gripper, text, float and close
+// buttons) is drawn in its non-client area while it is docked. Floating, it fills a tool window
+// owned by the frame. It asks the frame for a place with the messages of sdk/docking.h; in a frame
+// that does not answer it always floats.
+//
+// Order of life: create(), enableDocking(), dock() or show(); the user closes (hides) it and
+// bringToView() brings it back; it ends with destroy() or with its frame.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+
+#include "framework/key_filter.h"
+#include "framework/window.h"
+
+namespace fw {
+
+class CFloatFrame;
+
+class CPaneDialog : public CWindow {
+public:
+    CPaneDialog();
+    ~CPaneDialog() override;
+
+    // Creates the pane as a hidden child of `frame` from a dialog template of this module. The high
+    // word of `style` is the window style; the DockSide bits of its low word are the first side.
+    // False when the window cannot be made.
+    bool create(HWND frame, const char* caption, UINT templateId, DWORD style, UINT id);
+
+    // Which sides the user may dock the pane at (a set of DockSide). Without one it only floats.
+    void enableDocking(unsigned sides) { m_allowedSides = sides; }
+
+    // Docks the pane at its current side, or floats it where the frame does not dock, and shows it.
+    void dock();
+    void dockAt(unsigned side);
+
+    // Makes the pane a floating tool window and shows it.
+    void floatPane();
+
+    // Shows the pane as it was, docked or floating; `activate` gives it the focus.
+    void show(bool activate);
+    void hide();
+
+    // Shows the pane if hidden, raises it if floating, and gives it the focus.
+    void bringToView() { show(true); }
+
+    bool isFloating() const { return m_mode == Mode::floating; }
+    bool isHidden() const { return m_hidden; }
+
+    // Destroys the window; false when there is none.
+    bool destroy();
+
+protected:
+    const MessageMap& messageMap() const override { return baseMap(); }
+    static const MessageMap& baseMap();
+
+    // What gets the focus when the pane is brought to view without having it.
+    virtual HWND initialFocus() const { return GetNextDlgTabItem(handle(), nullptr, FALSE); }
+
+    // Enter, Esc and Tab in the pane, after the controls had their say.
+    virtual void onDialogKey(UINT key, bool repeated);
+
+    // The frame that the pane belongs to.
+    HWND frame() const { return m_frame; }
+
+    LRESULT onInitPane() { return FALSE; }
+
+private:
+    enum class Mode { docked, floating };
+    friend class CFloatFrame;
+
+    void onNcCalcSize(RECT& rect);
+    void onNcPaint();
+    LRESULT onNcHitTest(POINT screen);
+    void onNcButtonDown(UINT hit, POINT screen);
+    void onNcDoubleClick(UINT hit, POINT screen);
+    void onNcContext(UINT hit, POINT screen);
+    void onMouseMove(POINT client);
+    void onButtonUp(POINT client);
+    void onCaptureLost();
+    void onDestroy();
+
+    LRESULT askFrame(UINT message, unsigned side, int extent, POINT at, unsigned* found) const;
+    void dropAt(POINT screen);
+    void showFloating(bool activate);
+    void leaveFrame();
+    bool inFloatFrame() const;
+    void captionChanged();
+    int captionHeight() const;
+    RECT captionButton(int place) const;  // 0: close, 1: float; window coordinates
+    void floatFrameMoved();
+
+    HWND m_frame = nullptr;
+    std::string m_caption;
+    unsigned m_allowedSides = 0;
+    unsigned m_side = 0;
+    int m_extent = 0;  // across the side, as last seen; 0 leaves it to the frame
+    Mode m_mode = Mode::docked;
+    bool m_hidden = true;
+    bool m_pressed = false;   // the caption is held
+    bool m_dragging = false;  // and was moved
+    POINT m_pressedAt{};
+    RECT m_floatPlace{};  // screen; empty until it floated once
+    std::unique_ptr<CFloatFrame> m_float;
+    std::unique_ptr<CKeyFilter> m_keys;
+    UINT m_attachMessage, m_detachMessage, m_queryMessage;
+};
+
+}  // namespace fw
