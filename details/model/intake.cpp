@@ -1,0 +1,119 @@
+#include "details/model/intake.h"
+
+#include "link/model/functionality.h"
+#include "link/model/mnemonics.h"
+#include "sdk/host_services.h"
+#include "workbench/model/shown_details.h"
+
+namespace {
+
+// What a change of limits is named after: the first of these fields that the message carries.
+constexpr struct {
+    int mnemonic;
+    std::string_view prefix;
+} kLimitsEntities[] = {
+    {MNM_BROKER, "Broker - "},
+    {MNM_BRANCH, "Branch - "},
+    {MNM_ACCOUNT_GROUP, "Account Group - "},
+    {MNM_USER, "Dealer - "},
+    {MNM_ACCOUNT_ID, "Client - "},
+};
+
+// The menu item that a checker's roles must hold to see the change.
+int menuItemFor(const Functionality& kind, std::string_view type) {
+    if (kind.group == FunctionalityGroup::limits) return kMenuItemSeeLimits;
+    if (kind.group == FunctionalityGroup::user && type != kInvestorClient) return kMenuItemSeeUsers;
+    return kMenuItemSeeClientsAndInvestors;
+}
+
+void nameUser(const FieldReader& message, sMakeCheckStruct& record) {
+    message.read(MNM_USER, record.entityName);
+}
+
+void nameClient(const FieldReader& message, sMakeCheckStruct& record) {
+    message.read(MNM_ACCOUNT_ID, record.entityName);
+    record.linkedUser.clear();
+    if (record.type == kInvestorClient) message.read(MNM_USER, record.linkedUser);
+}
+
+void nameLimits(const FieldReader& message, sMakeCheckStruct& record) {
+    record.entityName.clear();
+    for (const auto& entity : kLimitsEntities) {
+        const auto id = message.text(entity.mnemonic);
+        if (!id) continue;
+        record.entityName.append(entity.prefix).append(*id);
+        return;
+    }
+}
+
+void nameEntity(FunctionalityGroup group, const FieldReader& message, sMakeCheckStruct& record) {
+    switch (group) {
+        case FunctionalityGroup::user:
+            return nameUser(message, record);
+        case FunctionalityGroup::client:
+            return nameClient(message, record);
+        case FunctionalityGroup::limits:
+            return nameLimits(message, record);
+    }
+}
+
+}  // namespace
+
+void Intake::handle(const FieldReader& message) {
+    PuGetFindMenuItemInRoles* const holdsMenuItem = m_host.menuItemService();
+    const auto status = message.text(MNM_PUBLICATION_STATUS);
+    if (!status) return;
+    if (*status == "auth pending")
+        takePending(message, holdsMenuItem);
+    else if (*status == "accepted" || *status == "rejected")
+        takeDecided(message);
+}
+
+void Intake::takePending(const FieldReader& message, PuGetFindMenuItemInRoles* holdsMenuItem) {
+    const auto key = message.text(MNM_AUTHORIZATION_KEY);
+    if (!key) return;
+    std::unique_ptr<PendingChanges::Entry> created;
+    sMakeCheckStruct* record = m_changes.findRecord(*key);
+    if (record == nullptr) {
+        created = std::make_unique<PendingChanges::Entry>();
+        created->key = *key;
+        record = created.get();
+    }
+    message.read(MNM_FUNCTIONALITY, record->functionalityCode);
+    message.read(MNM_TYPE, record->type);
+
+    // A code that the workbench does not know is listed without a rights test and without a name.
+    if (const Functionality* kind = findFunctionality(record->functionalityCode)) {
+        const int menuItem = menuItemFor(*kind, record->type);
+        if (holdsMenuItem == nullptr || holdsMenuItem(menuItem) == 0) {
+            if (created == nullptr) discardListed(record->key);
+            return;
+        }
+        nameEntity(kind->group, message, *record);
+    }
+
+    message.read(MNM_REQUESTING_USER, record->makerId);
+    message.read(MNM_BROKER, record->brokerId);
+    message.read(MNM_BRANCH, record->branchId);
+    // A checker never sees a change of his own. A record that is listed already keeps the values
+    // just written, without a redraw.
+    if (record->makerId == m_host.peerUserId()) return;
+
+    if (created != nullptr)
+        m_changes.addRecord(std::move(created));
+    else
+        m_view.redrawRows();
+    m_host.beep();
+}
+
+void Intake::takeDecided(const FieldReader& message) {
+    const auto key = message.text(MNM_AUTHORIZATION_KEY);
+    if (!key) return;
+    discardListed(std::string(*key));
+}
+
+// The record goes with its row and its index entry; details of it do not stay on show.
+void Intake::discardListed(std::string key) {
+    m_changes.removeRecord(key);
+    if (m_details.key == key) emptyDetails(m_details, m_view);
+}

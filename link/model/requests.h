@@ -1,0 +1,76 @@
+// The five kinds of request that the workbench sends, field by field.
+//
+// Each is built in the link's one message and sent through its control. The first failing step ends
+// the request: it is reported, nothing is sent, and no record changes. No request is retried.
+#pragma once
+
+#include <initializer_list>
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "link/model/functionality.h"
+#include "link/model/host.h"
+#include "link/model/pending_record.h"
+#include "link/model/server_link.h"
+
+inline constexpr char kGetUserDetails[] = "om_get_auth_user_details";
+inline constexpr char kGetAccountDetails[] = "om_get_auth_account_details";
+inline constexpr char kGetLimitsDetails[] = "om_get_auth_limits_details";
+inline constexpr char kAuthenticateFunctionality[] = "om_authenticate_functionality";
+inline constexpr char kGetFunctionalityDetails[] = "om_get_functionality_details";
+
+// Limit values that the checker edited: mnemonic id to text, sent in ascending order of id.
+using ModifiedValues = std::map<int, std::string>;
+
+// What is on show in the details list.
+struct DetailsOnShow {
+    std::optional<std::string> key;  // of the change whose details were asked for last
+    ModifiedValues modifiedValues;   // edits of those details, not yet sent
+};
+
+class Requests {
+public:
+    // All three must outlive the object.
+    Requests(Host& host, serverLink& link, DetailsOnShow& details)
+        : m_host(host), m_link(link), m_details(details) {}
+
+    // Ask for the details of the change with `key`, which becomes the one on show just before the
+    // request leaves. Return 1 if sent, else 0. requestDetails of kind none sends nothing.
+    int requestDetails(DetailKind kind, const std::string& key);
+    int requestUserDetails(const std::string& key) { return requestDetails(DetailKind::user, key); }
+    int requestAccountDetails(const std::string& key) {
+        return requestDetails(DetailKind::account, key);
+    }
+    int requestLimitsDetails(const std::string& key) {
+        return requestDetails(DetailKind::limits, key);
+    }
+
+    // Decide a change. Return 1 if sent, else 0. The record goes when the outcome is published.
+    int sendAccept(const sMakeCheckStruct& record);
+    int sendReject(const sMakeCheckStruct& record, const std::string& reason);
+
+    // Sends the edited limits of the change on show and, when they have left, forgets them.
+    // Without any it does nothing.
+    void sendLimitsUpdate();
+
+    // Asks for everything that is pending. Returns 1 if sent, else 0.
+    int sendRecovery();
+
+private:
+    struct Failure;
+    struct Step;
+    struct Form;
+
+    static std::vector<Step> decisionSteps(const sMakeCheckStruct& record,
+                                           std::initializer_list<Step> rest);
+    bool build(const Form& form, std::span<const Step> steps);
+    bool deliver(const Form& form);
+    bool fail(const Form& form, const Failure& failure);
+
+    Host& m_host;
+    serverLink& m_link;
+    DetailsOnShow& m_details;
+};

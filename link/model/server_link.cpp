@@ -1,0 +1,145 @@
+#include "link/model/server_link.h"
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <span>
+#include <vector>
+
+#include "link/model/mnemonics.h"
+#include "sdk/connectvosk.h"
+
+namespace {
+
+constexpr int kScratchBytes = 4096;
+constexpr int kControlKindA = 0;
+constexpr int kControlKindB = 3;
+
+// A value of a subscription pair: nothing (any value matches), or who is logged in.
+enum class PairValue { any, userId, brokerId };
+
+struct SubscriptionPair {
+    int mnemonic;
+    PairValue value;
+};
+
+constexpr SubscriptionPair kLevel0[] = {{MNM_BROKER, PairValue::any},
+                                        {MNM_FUNCTIONALITY, PairValue::any},
+                                        {MNM_AUTHORIZATION_KEY, PairValue::any}};
+// Levels 1 and 4 begin with a wildcard of a field that nobody ever chose; what goes out is the
+// functionality code, which stands at that place in the other levels. The server may match it
+// against nothing else than "any".
+constexpr SubscriptionPair kLevel1[] = {{MNM_FUNCTIONALITY, PairValue::any},
+                                        {MNM_BROKER, PairValue::userId},
+                                        {MNM_AUTHORIZATION_KEY, PairValue::any}};
+constexpr SubscriptionPair kLevel2[] = {{MNM_BROKER, PairValue::brokerId},
+                                        {MNM_FUNCTIONALITY, PairValue::any},
+                                        {MNM_BRANCH, PairValue::userId},
+                                        {MNM_AUTHORIZATION_KEY, PairValue::any}};
+constexpr SubscriptionPair kLevel4[] = {{MNM_FUNCTIONALITY, PairValue::any},
+                                        {MNM_USER, PairValue::userId},
+                                        {MNM_AUTHORIZATION_KEY, PairValue::any}};
+
+struct LevelSubscription {
+    int level;
+    std::span<const SubscriptionPair> pairs;
+};
+constexpr LevelSubscription kSubscriptions[] = {
+    {0, kLevel0}, {1, kLevel1}, {2, kLevel2}, {4, kLevel4}};
+
+std::span<const SubscriptionPair> pairsOfLevel(int level) {
+    for (const LevelSubscription& each : kSubscriptions)
+        if (each.level == level) return each.pairs;
+    return {};
+}
+
+const char* pairText(PairValue value, const Host& host) {
+    switch (value) {
+        case PairValue::userId:
+            return host.peerUserId().c_str();
+        case PairValue::brokerId:
+            return host.peerBrokerId().c_str();
+        default:
+            return "";
+    }
+}
+
+}  // namespace
+
+serverLink::serverLink(Host& host, AnswerHandler& answers)
+    : m_host(host), m_receiverA(answers), m_receiverB(answers) {
+    void* error = nullptr;
+    if (otp_ctor_primecb(&m_message, &error) == 0)
+        host.showMessage("MnmHndl Open failed in Market Context");
+    if (otp_open_scratch(&m_buffer, kScratchBytes, &error) == 0)
+        host.showMessage("BufHndl Open failed in Market Context");
+    if (otp_open_scratch(&m_timeBuffer, kScratchBytes, &error) == 0)
+        host.showMessage("TimeBufHndl Open failed in Market Context");
+    if (sys_open_time_hndl(&m_timeHandle, &error) == 0)
+        host.showMessage("TmHndl Open failed in Market Context");
+
+    if (auto* getControl = host.receiveControlService()) {
+        m_controlA = getControl(kControlKindA, &m_receiverA, nullptr);
+        m_controlB = getControl(kControlKindB, &m_receiverB, nullptr);
+    } else {
+        host.showMessage("From ZEK Connection to quon failed");
+    }
+}
+
+serverLink::~serverLink() {
+    auto* getControl = m_host.receiveControlService();
+    if (getControl == nullptr) {
+        m_host.reportToUser("Destroying Quon Connection Failed", kReportMessage);
+        return;
+    }
+    for (CQuonRxControl* control : {m_controlB, m_controlA})
+        if (control != nullptr) getControl(0, nullptr, control);
+    void* error = nullptr;
+    if (m_buffer != nullptr) otp_close_scratch(m_buffer, &error);
+    if (m_message != nullptr) otp_dtor_primecb(m_message, &error);
+    if (m_timeBuffer != nullptr) otp_close_scratch(m_timeBuffer, &error);
+    if (m_timeHandle != nullptr) sys_close_time_hndl(m_timeHandle, &error);
+}
+
+int serverLink::subscribe() {
+    const auto pairs = pairsOfLevel(m_host.privilegeLevel());
+    if (pairs.empty()) return 1;
+    std::vector<int> mnemonics;
+    std::vector<const char*> values;
+    for (const SubscriptionPair& pair : pairs) {
+        mnemonics.push_back(pair.mnemonic);
+        values.push_back(pairText(pair.value, m_host));
+    }
+    int subscriptionId = 0;
+    void* error = nullptr;
+    if (m_controlA == nullptr ||
+        m_controlA->subscribe(subscriptionId, mnemonics.data(), values.data(),
+                              static_cast<int>(pairs.size()), m_controlA, 0, 0, 1, &error) == 0)
+        m_host.reportToUser("Failed to subscribe ", kReportMessage);
+    return 1;
+}
+
+int serverLink::unsubscribe() {
+    if (m_controlA != nullptr && m_controlA->unsubscribe(0) != 0) return 1;
+    m_host.reportToUser("Failed to Unsubscribe", kReportMessage);
+    return 0;
+}
+
+bool serverLink::startMessage() {
+    if (m_message == nullptr || m_buffer == nullptr) return false;
+    const std::uint32_t empty = 0;
+    std::memcpy(m_buffer, &empty, sizeof empty);
+    void* error = nullptr;
+    return otp_start_msg(m_message, m_buffer, &error) != 0;
+}
+
+bool serverLink::append(int mnemonic, const char* value) {
+    void* error = nullptr;
+    return otp_add_data_as_cstring(m_message, mnemonic, 1, value, &error) != 0;
+}
+
+bool serverLink::send() {
+    int requestId = 0;
+    void* error = nullptr;
+    return m_controlA != nullptr && m_controlA->send(requestId, m_message, 0, &error) != 0;
+}

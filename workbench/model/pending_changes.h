@@ -1,0 +1,74 @@
+// The records of all pending changes: owned here, indexed by key, in order of arrival.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "link/model/pending_record.h"
+#include "listctrl/model/row_sequence.h"
+#include "workbench/model/workbench_view.h"
+
+template <class Key, class Value>
+using CMap = std::unordered_map<Key, Value>;
+
+class PendingChanges {
+public:
+    // One record and its place among the rows.
+    struct Entry : sMakeCheckStruct, RowNode {};
+
+    // `view` is told of every row that comes and goes; it must outlive the object.
+    explicit PendingChanges(WorkbenchView& view) : m_view(view) {}
+    ~PendingChanges() { clearAllRecords(); }
+    PendingChanges(const PendingChanges&) = delete;
+    PendingChanges& operator=(const PendingChanges&) = delete;
+
+    std::size_t size() const { return m_rows.size(); }
+
+    // The record at `row`, which must be below size().
+    sMakeCheckStruct& at(std::size_t row) const { return static_cast<Entry&>(m_rows.at(row)); }
+
+    // The record under `key`, or null.
+    sMakeCheckStruct* findRecord(std::string_view key) const;
+
+    // Indexes the record under its key, which must be new, and appends its row.
+    void addRecord(std::unique_ptr<Entry> record);
+
+    // Removes the key's row, destroys the record and removes the key from the index. Changes
+    // nothing when the key is not indexed.
+    void removeRecord(std::string_view key);
+
+    // Removes every record without telling the view of single rows.
+    void clearAllRecords();
+
+    // While one lives, records that are removed stay readable, though they are neither indexed nor
+    // listed any more: a decision holds pointers to records across message boxes, behind which
+    // publications come in.
+    class Hold {
+    public:
+        explicit Hold(PendingChanges& changes) : m_changes(changes) { ++changes.m_holds; }
+        ~Hold() {
+            if (--m_changes.m_holds == 0) m_changes.m_removed.clear();
+        }
+        Hold(const Hold&) = delete;
+        Hold& operator=(const Hold&) = delete;
+
+        // Whether `record` is still pending.
+        bool pending(const sMakeCheckStruct& record) const {
+            return m_changes.findRecord(record.key) == &record;
+        }
+
+    private:
+        PendingChanges& m_changes;
+    };
+
+private:
+    WorkbenchView& m_view;
+    // The keys are the records' own texts.
+    CMap<std::string_view, std::unique_ptr<Entry>> m_index;
+    RowSequence m_rows;
+    int m_holds = 0;
+    std::vector<std::unique_ptr<Entry>> m_removed;  // while there is a Hold
+};
