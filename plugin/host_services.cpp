@@ -1,0 +1,74 @@
+#include "plugin/host_services.h"
+
+#include <windows.h>
+
+#include "framework/dialog.h"
+#include "sdk/host_text.h"
+
+namespace {
+
+template <class Service>
+Service* hostService(const char* name) {
+    const auto found = GetProcAddress(GetModuleHandleA(nullptr), name);
+    return reinterpret_cast<Service*>(reinterpret_cast<void*>(found));
+}
+
+}  // namespace
+
+bool CHostServices::askPeerData() {
+    auto* ask = hostService<PuGetPeerData>(kPuGetPeerData);
+    if (ask == nullptr) return false;
+    HostString broker{nullptr}, second{nullptr}, user{nullptr};
+    ask(broker, second, user);
+    m_peerBrokerId = sdk::take(broker);
+    m_peerSecond = sdk::take(second);
+    m_peerUserId = sdk::take(user);
+    return true;
+}
+
+bool CHostServices::checkPeerData() {
+    auto* ask = hostService<PuGetPeerData>(kPuGetPeerData);
+    if (ask == nullptr) return false;
+    HostString discarded[3]{};
+    ask(discarded[0], discarded[1], discarded[2]);
+    for (HostString& each : discarded) sdk::release(each);
+    return true;
+}
+
+bool CHostServices::askPrivilege() {
+    auto* ask = hostService<PuGetUserPrivilige>(kPuGetUserPrivilige);
+    if (ask == nullptr) return false;
+    HostString text{nullptr};
+    ask(text, m_privilegeLevel);
+    m_privilegeText = sdk::take(text);
+    return true;
+}
+
+void CHostServices::findTabbedLog() {
+    m_tabbedLog = hostService<PuAddToTabbedLog>(kPuAddToTabbedLog);
+}
+
+PuGetFindMenuItemInRoles* CHostServices::menuItemService() {
+    return hostService<PuGetFindMenuItemInRoles>(kPuGetFindMenuItemInRoles);
+}
+
+PuGetMakerCheckerModifyRight* CHostServices::modifyRightService() {
+    return hostService<PuGetMakerCheckerModifyRight>(kPuGetMakerCheckerModifyRight);
+}
+
+GetQuonRxControlService* CHostServices::receiveControlService() {
+    return hostService<GetQuonRxControlService>(kGetQuonRxControl);
+}
+
+void CHostServices::reportToUser(std::string_view text, int level) {
+    std::string line;
+    if (level == kReportError) line = "Maker Checker Zek Error : ";
+    if (level == kReportMessage) line = "Maker Checker Zek Message : ";
+    if (!line.empty()) line += text;
+    if (level == kReportError) showMessage(line);
+    if (m_tabbedLog != nullptr) m_tabbedLog(sdk::makeHostString(line));
+}
+
+void CHostServices::showMessage(const std::string& text) {
+    fw::showMessageBox(text);
+}
