@@ -1,0 +1,136 @@
+// Docking: every side, floating and back, hidden and back by the hot key, and a frame without a
+// site.
+#include <gtest/gtest.h>
+
+#include "sdk/docking.h"
+#include "tests/windows/test_host.h"
+
+namespace {
+
+RECT inFrame(const MainFrame& frame, HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    MapWindowPoints(nullptr, frame.handle(), reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+// Drags the pane by its caption strip to a place in the frame's client area.
+void dragPane(const MainFrame& frame, int x, int y) {
+    const HWND pane = findPane();
+    RECT window{};
+    GetWindowRect(pane, &window);
+    const POINT grip{window.left + 100, window.top + 8};
+    POINT target{x, y};
+    ClientToScreen(frame.handle(), &target);
+    SendMessageA(pane, WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(grip.x, grip.y));
+    ScreenToClient(pane, &target);
+    SendMessageA(pane, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(target.x, target.y));
+    SendMessageA(pane, WM_LBUTTONUP, 0, MAKELPARAM(target.x, target.y));
+    pump();
+}
+
+bool floats() {
+    return (GetWindowLongPtrA(GetParent(findPane()), GWL_EXSTYLE) & WS_EX_TOOLWINDOW) != 0;
+}
+
+TEST(Docking, StartsAtTheTopAndDocksAtEverySide) {
+    const OpenWorkbench open;
+    const MainFrame& frame = *open.frame;
+    const RECT client = frame.clientRect();
+    EXPECT_EQ(GetParent(findPane()), frame.handle());
+    EXPECT_EQ(inFrame(frame, findPane()).top, 0);
+    EXPECT_EQ(inFrame(frame, findPane()).right, client.right);
+
+    const struct {
+        POINT drop;
+        LONG RECT::*edge;
+        LONG at;
+    } sides[] = {
+        {{3, client.bottom / 2}, &RECT::left, 0},
+        {{client.right - 3, client.bottom / 2}, &RECT::right, client.right},
+        {{client.right / 2, client.bottom - 3}, &RECT::bottom, client.bottom},
+        {{client.right / 2, 3}, &RECT::top, 0},
+    };
+    for (const auto& side : sides) {
+        dragPane(frame, side.drop.x, side.drop.y);
+        const RECT place = inFrame(frame, findPane());
+        EXPECT_EQ(place.*side.edge, side.at);
+        EXPECT_FALSE(floats());
+        const auto inner = frame.inner();
+        EXPECT_LT(static_cast<long>(inner.width()) * inner.height(), client.right * client.bottom);
+    }
+}
+
+TEST(Docking, FloatsAndComesBack) {
+    OpenWorkbench open;
+    const MainFrame& frame = *open.frame;
+    dragPane(frame, 600, 400);
+    ASSERT_TRUE(floats());
+    EXPECT_EQ(frame.inner().height(), static_cast<int>(frame.clientRect().bottom));
+    const HWND floating = GetParent(findPane());
+    EXPECT_EQ(GetWindow(floating, GW_OWNER), frame.handle());
+    RECT pane{}, client{};
+    GetClientRect(findPane(), &pane);
+    GetClientRect(floating, &client);
+    EXPECT_TRUE(EqualRect(&pane, &client)) << "a floating pane has no caption strip of its own";
+    open.plugin.publish(pending("1", "339"));
+    EXPECT_EQ(rowCount(mainList()), 1);
+
+    SendMessageA(floating, WM_NCLBUTTONDBLCLK, HTCAPTION, 0);
+    EXPECT_FALSE(floats());
+    EXPECT_FALSE(IsWindowVisible(floating));
+    EXPECT_EQ(GetParent(findPane()), frame.handle());
+    EXPECT_EQ(rowCount(mainList()), 1);
+}
+
+TEST(Docking, ClosedItIsHiddenUntilTheHotKey) {
+    OpenWorkbench open;
+    for (const bool floating : {false, true}) {
+        if (floating) dragPane(*open.frame, 600, 400);
+        if (floating)
+            SendMessageA(GetParent(findPane()), WM_CLOSE, 0, 0);
+        else
+            SendMessageA(findPane(), WM_NCLBUTTONDOWN, HTCLOSE, 0);
+        ASSERT_NE(findPane(), nullptr);
+        EXPECT_FALSE(IsWindowVisible(findPane()));
+        EXPECT_EQ(open.frame->inner().height(), static_cast<int>(open.frame->clientRect().bottom));
+        open.plugin.publish(pending(floating ? "2" : "1", "339"));
+        open.plugin.hotKey();
+        pump();
+        EXPECT_TRUE(IsWindowVisible(findPane()));
+        EXPECT_EQ(floats(), floating);
+        EXPECT_EQ(rowCount(mainList()), floating ? 2 : 1);
+    }
+    EXPECT_EQ(host().subscriptions.size(), 1u);
+}
+
+TEST(Docking, IsResizedByTheBarAndFollowsTheFrame) {
+    const OpenWorkbench open;
+    const HWND frame = open.frame->handle();
+    const RECT before = inFrame(*open.frame, findPane());
+    const LPARAM bar = MAKELPARAM(300, before.bottom + 2);
+    SendMessageA(frame, WM_LBUTTONDOWN, MK_LBUTTON, bar);
+    SendMessageA(frame, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(300, before.bottom - 98));
+    SendMessageA(frame, WM_LBUTTONUP, 0, MAKELPARAM(300, before.bottom - 98));
+    EXPECT_EQ(inFrame(*open.frame, findPane()).bottom, before.bottom - 98);
+
+    SetWindowPos(frame, nullptr, 0, 0, 700, 500, SWP_NOMOVE | SWP_NOZORDER);
+    EXPECT_EQ(inFrame(*open.frame, findPane()).right, open.frame->clientRect().right);
+    SetWindowPos(frame, nullptr, 0, 0, 120, 60, SWP_NOMOVE | SWP_NOZORDER);  // hardly any room
+    SetWindowPos(frame, nullptr, 0, 0, 900, 600, SWP_NOMOVE | SWP_NOZORDER);
+    EXPECT_EQ(inFrame(*open.frame, findPane()).right, open.frame->clientRect().right);
+}
+
+TEST(Docking, InAFrameWithoutASiteThePaneFloats) {
+    LoadedPlugin plugin;
+    plugin.init();
+    const MainFrame frame(false);
+    plugin.hotKey();
+    pump();
+    ASSERT_NE(findPane(), nullptr);
+    EXPECT_TRUE(floats());
+    EXPECT_TRUE(IsWindowVisible(findPane()));
+    EXPECT_EQ(host().subscriptions.size(), 1u);
+}
+
+}  // namespace

@@ -1,0 +1,370 @@
+#include "tests/windows/test_host.h"
+
+#include <gtest/gtest.h>
+
+#include "sdk/connectvosk.h"
+#include "sdk/host_services.h"
+#include "sdk/host_text.h"
+
+namespace {
+
+Fields readAll(void* message) {
+    Fields fields;
+    std::map<int, int> seen;
+    for (int place = 0; place < otp_field_count(message); ++place) {
+        const int id = otp_field_at(message, place);
+        const char* text = nullptr;
+        otp_get_data_as_cstring(message, id, seen[id]++, &text, nullptr);
+        fields.emplace_back(id, text != nullptr ? text : "<unreadable>");
+    }
+    return fields;
+}
+
+class TestControl final : public CQuonRxControl {
+public:
+    int send(int& requestId, void* message, int, void**) override {
+        if (!host().sends) return 0;
+        host().sent.push_back(readAll(message));
+        requestId = static_cast<int>(host().sent.size());
+        return 1;
+    }
+    int subscribe(int& subscriptionId, const int* mnemonics, const char* const* values, int pairs,
+                  CQuonRxControl*, int, int, int, void**) override {
+        Fields subscription;
+        for (int i = 0; i < pairs; ++i) subscription.emplace_back(mnemonics[i], values[i]);
+        host().subscriptions.push_back(subscription);
+        subscriptionId = static_cast<int>(host().subscriptions.size());
+        return 1;
+    }
+    int unsubscribe(int) override {
+        ++host().unsubscribed;
+        return 1;
+    }
+};
+
+}  // namespace
+
+HostState& host() {
+    static HostState state;
+    return state;
+}
+
+#define HOST_EXPORT extern "C" __declspec(dllexport)
+
+HOST_EXPORT void pu_get_peer_data(HostString& brokerId, HostString& second, HostString& userId) {
+    sdk::assign(brokerId, host().broker);
+    sdk::assign(second, "second");
+    sdk::assign(userId, host().user);
+}
+HOST_EXPORT void pu_get_user_privilige(HostString& text, int& level) {
+    sdk::assign(text, "privilege");
+    level = host().level;
+}
+HOST_EXPORT void pu_add_to_tabbed_log(HostString line) {
+    host().log.push_back(sdk::take(line));
+}
+HOST_EXPORT int pu_get_find_menu_item_in_roles(int menuItem) {
+    return static_cast<int>(host().menuItems.count(menuItem));
+}
+HOST_EXPORT int pu_get_maker_checker_Modify_Right() {
+    return host().mayModify ? 1 : 0;
+}
+HOST_EXPORT int pu_is_function_restricted(int) {
+    return 0;
+}
+HOST_EXPORT CQuonRxControl* GetQuonRxControl(int kind, CQuonRxNotifierBase* receiver,
+                                             CQuonRxControl* release) {
+    if (receiver == nullptr) {
+        EXPECT_EQ(host().controls.erase(release), 1u) << "released twice, or never created";
+        delete static_cast<TestControl*>(release);
+        return nullptr;
+    }
+    if (kind == 0) host().receiver = receiver;
+    return *host().controls.insert(new TestControl).first;
+}
+
+HiddenExport::HiddenExport(const char* name) {
+    auto* base = reinterpret_cast<char*>(GetModuleHandleA(nullptr));
+    auto* dos = reinterpret_cast<IMAGE_DOS_HEADER*>(base);
+    auto* nt = reinterpret_cast<IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
+    const auto& directory = nt->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT];
+    auto* exports = reinterpret_cast<IMAGE_EXPORT_DIRECTORY*>(base + directory.VirtualAddress);
+    auto* names = reinterpret_cast<DWORD*>(base + exports->AddressOfNames);
+    for (DWORD i = 0; i < exports->NumberOfNames; ++i)
+        if (std::string(base + names[i]) == name) m_name = base + names[i];
+    if (m_name == nullptr) return;
+    m_last = m_name[std::string(m_name).size() - 1];
+    // The names stay in order: the changed letter still sorts between its neighbours.
+    setLast('~');
+}
+
+HiddenExport::~HiddenExport() {
+    if (m_name != nullptr) setLast(m_last);
+}
+
+void HiddenExport::setLast(char letter) {
+    char* last = m_name + std::string(m_name).size() - 1;
+    DWORD before = 0;
+    VirtualProtect(last, 1, PAGE_READWRITE, &before);
+    *last = letter;
+    VirtualProtect(last, 1, before, &before);
+}
+
+LoadedPlugin::LoadedPlugin()
+    : m_module(LoadLibraryA("MakerChecker.dll")),
+      m_init(entry<InitVoskPluginEntry>("InitVoskPlugin")),
+      m_hotKey(entry<PluginProcessHotKeyEntry>("PluginProcessHotKey")),
+      m_publish(entry<HandlePublishMsgEntry>("HandlePublishMsg")),
+      m_exit(entry<ExitVoskPluginEntry>("ExitVoskPlugin")) {
+    if (m_module == nullptr || m_init == nullptr || m_hotKey == nullptr || m_publish == nullptr ||
+        m_exit == nullptr) {
+        ADD_FAILURE() << "MakerChecker.dll or an entry point is missing";
+        std::abort();
+    }
+}
+
+LoadedPlugin::~LoadedPlugin() {
+    m_exit();
+    pump();
+    FreeLibrary(m_module);
+}
+
+void LoadedPlugin::init() {
+    m_init(nullptr, "text", 0, sdk::makeHostString("owned"));
+}
+
+void LoadedPlugin::publish(const Fields& fields) {
+    void* message = nullptr;
+    void* scratch = nullptr;
+    std::size_t bytes = 64;
+    for (const auto& [id, text] : fields) bytes += text.size() + 16;
+    ASSERT_TRUE(otp_ctor_primecb(&message, nullptr));
+    ASSERT_TRUE(otp_open_scratch(&scratch, static_cast<int>(bytes), nullptr));
+    ASSERT_TRUE(otp_start_msg(message, scratch, nullptr));
+    for (const auto& [id, text] : fields)
+        ASSERT_TRUE(otp_add_data_as_cstring(message, id, 1, text.c_str(), nullptr));
+    m_publish(message);
+    otp_dtor_primecb(message, nullptr);
+    otp_close_scratch(scratch, nullptr);
+}
+
+MainFrame::MainFrame(bool docks) {
+    static const fw::WindowClass windowClass{"Test.MainFrame", 0, IDC_ARROW, COLOR_APPWORKSPACE};
+    create(windowClass, "Test host", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN, 0,
+           RECT{20, 20, 1220, 820}, nullptr, 0);
+    if (docks) m_site = std::make_unique<fw::CDockingSite>(handle(), [this] { layOut(); });
+    layOut();
+    SetForegroundWindow(handle());
+}
+
+const fw::MessageMap& MainFrame::messageMap() const {
+    static constexpr fw::MessageMap map{nullptr, {}};
+    return map;
+}
+
+LRESULT MainFrame::defaultProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    LRESULT result = 0;
+    if (m_site != nullptr && m_site->handle(message, wParam, lParam, result)) return result;
+    if (message == WM_SIZE) layOut();
+    return CWindow::defaultProc(message, wParam, lParam);
+}
+
+void MainFrame::layOut() {
+    const RECT client = clientRect();
+    const fw::Rect room{0, 0, static_cast<int>(client.right), static_cast<int>(client.bottom)};
+    m_inner = m_site != nullptr ? m_site->layOut(room) : room;
+}
+
+namespace {
+DialogTrap* theTrap = nullptr;
+}
+
+DialogTrap::DialogTrap(std::function<void(HWND)> answer)
+    : m_answer(std::move(answer)),
+      m_hook(SetWindowsHookExA(WH_CBT, hookProc, nullptr, GetCurrentThreadId())) {
+    theTrap = this;
+}
+
+DialogTrap::~DialogTrap() {
+    UnhookWindowsHookEx(m_hook);
+    theTrap = nullptr;
+}
+
+namespace {
+
+// The text of a message box or dialog; an icon is a static control too, without one.
+std::string staticText(HWND dialog) {
+    std::string text(70000, '\0');
+    HWND label = nullptr;
+    int length = 0;
+    while (length == 0 && (label = FindWindowExA(dialog, label, "Static", nullptr)) != nullptr)
+        length = GetWindowTextA(label, text.data(), static_cast<int>(text.size()));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+}  // namespace
+
+LRESULT CALLBACK DialogTrap::hookProc(int code, WPARAM wParam, LPARAM lParam) {
+    const HWND window = reinterpret_cast<HWND>(wParam);
+    char name[32]{};
+    if (code == HCBT_ACTIVATE && theTrap != nullptr &&
+        GetClassNameA(window, name, sizeof name) != 0 && std::string(name) == "#32770" &&
+        GetPropA(window, "trapped") == nullptr) {
+        SetPropA(window, "trapped", window);
+        theTrap->texts.push_back(staticText(window));
+        if (theTrap->m_answer) theTrap->m_answer(window);
+        PostMessageA(window, WM_COMMAND, static_cast<WPARAM>(theTrap->pressed), 0);
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+void pump() {
+    MSG message;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+}
+
+bool pumpUntil(const std::function<bool()>& condition) {
+    const ULONGLONG end = GetTickCount64() + 10000;
+    while (GetTickCount64() < end) {
+        pump();
+        if (condition()) return true;
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
+    }
+    return false;
+}
+
+namespace {
+
+struct PaneSearch {
+    HWND found = nullptr;
+};
+
+BOOL CALLBACK matchPane(HWND window, LPARAM search) {
+    char text[64]{};
+    char name[32]{};
+    GetWindowTextA(window, text, sizeof text);
+    GetClassNameA(window, name, sizeof name);
+    if (std::string(text) != "Maker Checker" || std::string(name) != "#32770") return TRUE;
+    reinterpret_cast<PaneSearch*>(search)->found = window;
+    return FALSE;
+}
+
+BOOL CALLBACK searchTopLevel(HWND window, LPARAM search) {
+    EnumChildWindows(window, matchPane, search);
+    return reinterpret_cast<PaneSearch*>(search)->found == nullptr;
+}
+
+struct ChildSearch {
+    const char* windowClass;
+    int id;
+    HWND found;
+};
+
+BOOL CALLBACK matchChild(HWND window, LPARAM search) {
+    auto& wanted = *reinterpret_cast<ChildSearch*>(search);
+    char name[64]{};
+    GetClassNameA(window, name, sizeof name);
+    if (std::string(name) != wanted.windowClass || GetDlgCtrlID(window) != wanted.id) return TRUE;
+    wanted.found = window;
+    return FALSE;
+}
+
+}  // namespace
+
+HWND findPane() {
+    PaneSearch search;
+    EnumThreadWindows(GetCurrentThreadId(), searchTopLevel, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+HWND descendant(HWND parent, const char* windowClass, int id) {
+    ChildSearch search{windowClass, id, nullptr};
+    EnumChildWindows(parent, matchChild, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+HWND button(const char* text) {
+    return FindWindowExA(findPane(), nullptr, "Button", text);
+}
+
+HWND mainList() {
+    return descendant(findPane(), WC_LISTVIEWA, 4000);
+}
+
+std::vector<std::string> rowTexts(HWND list, int row, int columns) {
+    std::vector<std::string> texts;
+    for (int column = 0; column < columns; ++column) {
+        char buffer[512]{};
+        LVITEMA item{};
+        item.iSubItem = column;
+        item.pszText = buffer;
+        item.cchTextMax = sizeof buffer;
+        SendMessageA(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(row),
+                     reinterpret_cast<LPARAM>(&item));
+        texts.emplace_back(item.pszText);
+    }
+    return texts;
+}
+
+int rowCount(HWND list) {
+    return static_cast<int>(SendMessageA(list, LVM_GETITEMCOUNT, 0, 0));
+}
+
+void selectRows(HWND list, const std::vector<int>& rows) {
+    LVITEMA item{};
+    item.stateMask = LVIS_SELECTED;
+    SendMessageA(list, LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&item));
+    item.state = LVIS_SELECTED;
+    for (const int row : rows)
+        SendMessageA(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row),
+                     reinterpret_cast<LPARAM>(&item));
+}
+
+void press(const char* buttonText) {
+    const HWND pressed = button(buttonText);
+    ASSERT_NE(pressed, nullptr) << buttonText;
+    SendMessageA(pressed, BM_CLICK, 0, 0);
+    pump();
+}
+
+void doubleClick(HWND list, int row) {
+    RECT place{};
+    place.left = LVIR_LABEL;
+    SendMessageA(list, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+    const LPARAM at = MAKELPARAM(place.left + 5, (place.top + place.bottom) / 2);
+    // The control looks for a drag in a loop of its own until it sees the button go up.
+    PostMessageA(list, WM_LBUTTONDOWN, MK_LBUTTON, at);
+    PostMessageA(list, WM_LBUTTONUP, 0, at);
+    PostMessageA(list, WM_LBUTTONDBLCLK, MK_LBUTTON, at);
+    PostMessageA(list, WM_LBUTTONUP, 0, at);
+    pump();
+}
+
+Fields pending(const std::string& key, const std::string& code, Fields more) {
+    Fields fields{{54211, "auth pending"}, {51803, key}, {63713, code}};
+    if (std::none_of(more.begin(), more.end(), [](const auto& f) { return f.first == 54247; }))
+        more.emplace_back(54247, "MAKER1");
+    fields.insert(fields.end(), more.begin(), more.end());
+    return fields;
+}
+
+Fields outcome(const std::string& key, const std::string& status) {
+    return {{54211, status}, {51803, key}};
+}
+
+std::string sentField(const Fields& message, int mnemonic) {
+    for (const auto& [id, text] : message)
+        if (id == mnemonic) return text;
+    return "<absent>";
+}
+
+OpenWorkbench::OpenWorkbench() {
+    plugin.init();
+    frame = std::make_unique<MainFrame>();
+    plugin.hotKey();
+    pump();
+}

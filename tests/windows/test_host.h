@@ -1,0 +1,150 @@
+// The test executable is a host: it exports the services of sdk/host_services.h, has a main frame
+// that docks, and loads the real MakerChecker.dll.
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "framework/docking_site.h"
+#include "framework/window.h"
+#include "sdk/plugin_exports.h"
+#include "sdk/receive_control.h"
+
+using Fields = std::vector<std::pair<int, std::string>>;
+
+// What the exported services answer and what they were told. One per process.
+struct HostState {
+    std::string user = "CHECKER1";
+    std::string broker = "BRK1";
+    int level = 0;
+    std::set<int> menuItems{60302, 60303, 60304};
+    bool mayModify = true;
+    bool sends = true;
+
+    std::vector<std::string> log;
+    std::vector<Fields> sent;           // messages, field by field
+    std::vector<Fields> subscriptions;  // pairs
+    int unsubscribed = 0;
+    std::set<CQuonRxControl*> controls;       // created, not released
+    CQuonRxNotifierBase* receiver = nullptr;  // of the control of kind 0
+};
+HostState& host();
+
+// Takes an export of this executable away for a scope, as if the host had never had it.
+class HiddenExport {
+public:
+    explicit HiddenExport(const char* name);
+    ~HiddenExport();
+    HiddenExport(const HiddenExport&) = delete;
+    HiddenExport& operator=(const HiddenExport&) = delete;
+
+private:
+    void setLast(char letter);
+    char* m_name = nullptr;
+    char m_last = '\0';
+};
+
+// The loaded plug-in and its entry points. Unloads it at the end, after ExitVoskPlugin.
+class LoadedPlugin {
+public:
+    LoadedPlugin();
+    ~LoadedPlugin();
+    LoadedPlugin(const LoadedPlugin&) = delete;
+    LoadedPlugin& operator=(const LoadedPlugin&) = delete;
+
+    void init();
+    void hotKey() { m_hotKey(nullptr, 0, 0, nullptr); }
+    void publish(const Fields& fields);
+    void publishNull() { m_publish(nullptr); }
+    int exit() { return m_exit(); }
+    HMODULE module() const { return m_module; }
+    template <class Entry>
+    Entry* entry(const char* name) const {
+        return reinterpret_cast<Entry*>(reinterpret_cast<void*>(GetProcAddress(m_module, name)));
+    }
+
+private:
+    HMODULE m_module;
+    InitVoskPluginEntry* m_init;
+    PluginProcessHotKeyEntry* m_hotKey;
+    HandlePublishMsgEntry* m_publish;
+    ExitVoskPluginEntry* m_exit;
+};
+
+// The host's main frame; `docks` false makes it one that knows nothing of docking.
+class MainFrame final : public fw::CWindow {
+public:
+    explicit MainFrame(bool docks = true);
+
+    fw::Rect inner() const { return m_inner; }
+
+protected:
+    const fw::MessageMap& messageMap() const override;
+
+private:
+    LRESULT defaultProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void layOut();
+
+    std::unique_ptr<fw::CDockingSite> m_site;
+    fw::Rect m_inner;
+};
+
+// Closes the message boxes and dialogs that open in its life, and keeps their texts. `answer`, if
+// set, is given each dialog before OK is pressed.
+class DialogTrap {
+public:
+    explicit DialogTrap(std::function<void(HWND)> answer = {});
+    ~DialogTrap();
+    DialogTrap(const DialogTrap&) = delete;
+    DialogTrap& operator=(const DialogTrap&) = delete;
+
+    std::vector<std::string> texts;  // the static text of each
+    int pressed = IDOK;              // the button that closes them
+
+private:
+    static LRESULT CALLBACK hookProc(int code, WPARAM wParam, LPARAM lParam);
+    std::function<void(HWND)> m_answer;
+    HHOOK m_hook;
+};
+
+// Dispatches until the queue is empty.
+void pump();
+
+// Dispatches until `condition` holds; false after ten seconds without.
+bool pumpUntil(const std::function<bool()>& condition);
+
+// The pane: under the frame or in a floating window of this thread; null when there is none.
+HWND findPane();
+
+HWND descendant(HWND parent, const char* windowClass, int id);
+HWND button(const char* text);
+HWND mainList();
+std::vector<std::string> rowTexts(HWND list, int row, int columns = 6);
+int rowCount(HWND list);
+void selectRows(HWND list, const std::vector<int>& rows);
+void press(const char* buttonText);
+void doubleClick(HWND list, int row);
+
+// A publication of a pending change.
+Fields pending(const std::string& key, const std::string& code, Fields more = {});
+Fields outcome(const std::string& key, const std::string& status);
+
+// The values of a field in what was sent, in order.
+std::string sentField(const Fields& message, int mnemonic);
+
+// Loads the plug-in before the frame, makes the frame and presses the hot key.
+class OpenWorkbench {
+public:
+    OpenWorkbench();
+    LoadedPlugin plugin;
+    std::unique_ptr<MainFrame> frame;
+};
