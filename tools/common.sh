@@ -1,0 +1,69 @@
+# Shared by ./run and ./test: packages, a virtual screen, a Wine prefix of our own. Sourced, not run.
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+cd "$root"
+
+say() { printf '== %s\n' "$*"; }
+
+# need_packages PACKAGE...: installs what is missing, with apt-get.
+need_packages() {
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' ||
+            missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    local root_command=()
+    [ "$(id -u)" -eq 0 ] || root_command=(sudo)
+    say "installing ${missing[*]}"
+    "${root_command[@]}" apt-get update -qq
+    "${root_command[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+build_packages=(cmake ninja-build g++ googletest libgtest-dev)
+windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 xvfb fonts-wine fonts-liberation)
+
+# build PRESET: configures and builds everything of a preset, header checks included.
+build() {
+    say "building preset $1"
+    cmake --preset "$1" >"build/$1.configure.log" 2>&1 || { cat "build/$1.configure.log"; return 1; }
+    cmake --build --preset "$1" -- --quiet
+    cmake --build --preset "$1" --target all_verify_interface_header_sets -- --quiet
+}
+
+# What was started here ends here.
+display_pid=
+cleanup() {
+    [ -z "${WINEPREFIX:-}" ] || wineserver -k >/dev/null 2>&1 || true
+    [ -z "$display_pid" ] || kill "$display_pid" 2>/dev/null || true
+}
+trap cleanup EXIT
+
+# A virtual screen of our own, whatever DISPLAY says.
+start_screen() {
+    local number
+    exec {number}< <(exec Xvfb -displayfd 1 -screen 0 1400x1000x24 -nolisten tcp 2>/dev/null)
+    display_pid=$!
+    local display
+    read -r display <&"$number"
+    export DISPLAY=":$display"
+}
+
+# A Wine prefix inside the build folder, quiet, without the parts that nothing here uses.
+start_wine() {
+    export WINEPREFIX="$root/build/wine" WINEDEBUG=-all WINEARCH=win64
+    export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
+    [ -f "$WINEPREFIX/.ready" ] && return
+    say "preparing Wine"
+    rm -rf "$WINEPREFIX"
+    mkdir -p "$WINEPREFIX"
+    wine wineboot --init >/dev/null 2>&1
+    local desktop='HKCU\Control Panel\Desktop'
+    wine reg add "$desktop" /v FontSmoothing /d 2 /f >/dev/null
+    wine reg add "$desktop" /v FontSmoothingType /t REG_DWORD /d 2 /f >/dev/null
+    wineserver -w
+    touch "$WINEPREFIX/.ready"
+}
+
+mkdir -p build
