@@ -1,0 +1,96 @@
+// Play scripts: a checker's session, one command per line, for the driver that presses the real
+// buttons. This is the parser; the driver carries out the steps in order.
+//
+//   hotkey                          open the workbench, as the hot key does
+//   wait rows N                     until the main list has N rows
+//   wait log "text"                 until a line with the text is in the log
+//   wait message "text"             until a message box with the text is open
+//   wait details N                  until the details list has N lines
+//   select ROW [ROW ...]            exactly these rows of the main list
+//   double-click ROW
+//   press "Accept"                  the button with this text
+//   type "text"                     into the control that has the focus
+//   key Ctrl+C                      Enter, Esc, Tab, Space, arrows, F1 to F12, letters, digits ...
+//   close message                   the open message box
+//   screenshot NAME
+//   expect rows N
+//   expect row ROW "column" "text"
+//   expect log "line"               the whole line
+//   expect no log "line"
+//   expect message "text"
+//   submit next | submit all        from the scenario
+//   submit storm N
+//   decide ROW accepted|rejected    as another checker
+//   user PROFILE                    log in with another profile
+//   menu "Path>Item"
+//   dock left|top|right|bottom|float
+//   close pane
+//   quit
+//
+// ROW is the key of a change (1001), a place in the list from 1 (#2), or an entity name in quotes
+// ("DLR101"). Inside quotes \" and \\ stand for a quote and a backslash. A '#' that begins a line
+// begins a comment.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "console/model/parsed.h"
+
+namespace zek {
+
+enum class PlayVerb {
+    hotkey,
+    waitRows,
+    waitLog,
+    waitMessage,
+    waitDetails,
+    select,
+    doubleClick,
+    press,
+    type,
+    key,
+    closeMessage,
+    screenshot,
+    expectRows,
+    expectRow,
+    expectLog,
+    expectNoLog,
+    expectMessage,
+    submitNext,
+    submitAll,
+    submitStorm,
+    decide,
+    user,
+    menu,
+    dock,
+    closePane,
+    quit,
+};
+
+struct PlayStep {
+    int line = 0;
+    PlayVerb verb = PlayVerb::quit;
+    // Checked: numbers are decimal numbers, rows are what rowOf() takes, the rest is plain text.
+    std::vector<std::string> arguments;
+
+    bool operator==(const PlayStep&) const = default;
+};
+
+// Which row a ROW argument of a step means.
+struct PlayRow {
+    enum class By { key, place, name } by = By::key;
+    std::string text;  // key or name
+    int place = 0;     // from 1
+
+    bool operator==(const PlayRow&) const = default;
+};
+PlayRow rowOf(const std::string& argument);
+
+Parsed<std::vector<PlayStep>> parsePlayScript(std::string_view text, std::string_view file);
+
+// A verb's words, for logs ("wait rows").
+std::string_view wordsOf(PlayVerb verb);
+
+}  // namespace zek

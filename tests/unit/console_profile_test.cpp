@@ -1,0 +1,91 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "console/model/login_profile.h"
+
+namespace zek {
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+constexpr char kProfiles[] =
+    "# the console's profiles\r\n"
+    "[ SENIOR ]\r\n"
+    "broker = ZEKC\r\n"
+    "level = 2\r\n"
+    "[JUNIOR]\n"
+    "user = JR01\n"
+    "roles = 60302, 60303\n"
+    "modify = no\n"
+    "restrict = 64169\n"
+    "scenario = console/scenarios/users.txt\n";
+
+TEST(LoginProfileTest, TheDefaultsHoldWithoutFileAndArguments) {
+    const auto parsed = parseLogin("", "zek.ini", {});
+    ASSERT_TRUE(parsed.ok()) << parsed.error;
+    EXPECT_EQ(parsed.value, LoginProfile());
+}
+
+TEST(LoginProfileTest, TheFirstSectionCountsUnlessAProfileIsNamed) {
+    LoginProfile senior;
+    senior.user = "SENIOR";
+    senior.broker = "ZEKC";
+    senior.level = 2;
+    EXPECT_EQ(parseLogin(kProfiles, "zek.ini", {}).value, senior);
+
+    LoginProfile junior;
+    junior.user = "JR01";
+    junior.roles = {60302, 60303};
+    junior.modifyRight = false;
+    junior.restricted = {64169};
+    junior.scenario = "console/scenarios/users.txt";
+    EXPECT_EQ(parseLogin(kProfiles, "zek.ini", {"--profile", "JUNIOR"}).value, junior);
+}
+
+TEST(LoginProfileTest, ArgumentsWinOverTheSectionWhereverTheyStand) {
+    const Arguments arguments = {"--user",      "X",      "--no-modify", "--level",  "4",
+                                 "--roles",     "",       "--profile",   "SENIOR",   "--storm",
+                                 "500",         "--play", "a.play",      "--second", "S",
+                                 "--privilege", "P"};
+    const auto parsed = parseLogin(kProfiles, "zek.ini", arguments);
+    ASSERT_TRUE(parsed.ok()) << parsed.error;
+    LoginProfile expected;
+    expected.user = "X";
+    expected.broker = "ZEKC";
+    expected.second = "S";
+    expected.privilege = "P";
+    expected.level = 4;
+    expected.roles = {};
+    expected.modifyRight = false;
+    expected.play = "a.play";
+    expected.storm = 500;
+    EXPECT_EQ(parsed.value, expected);
+}
+
+TEST(LoginProfileTest, TellsWhatIsWrong) {
+    struct Row {
+        const char* ini;
+        Arguments arguments;
+        const char* error;
+    };
+    const Row rows[] = {
+        {"", {"--profile", "A"}, "there is no profile \"A\""},
+        {"", {"--user"}, "a value must follow \"--user\""},
+        {"", {"user", "A"}, "not an option: \"user\""},
+        {"", {"--colour", "red"}, "unknown option \"colour\""},
+        {"", {"--level", "two"}, "option level cannot be \"two\""},
+        {"", {"--roles", "1,,2"}, "option roles cannot be \"1,,2\""},
+        {"", {"--modify", "perhaps"}, "option modify cannot be \"perhaps\""},
+        {"[A]\nlevel = x\n", {}, "zek.ini:2: option level cannot be \"x\""},
+        {"[A]\n[B]\ncolour = red\n", {}, "zek.ini:3: unknown option \"colour\""},
+        {"[A]\nlevel 2\n", {}, "zek.ini:2: neither [profile] nor option = value"},
+        {"[A\n", {}, "zek.ini:1: neither [profile] nor option = value"},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(parseLogin(row.ini, "zek.ini", row.arguments).error, row.error);
+}
+
+}  // namespace
+}  // namespace zek

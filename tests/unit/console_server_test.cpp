@@ -1,0 +1,385 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "console/model/authorization_server.h"
+#include "console/model/owned_message.h"
+#include "console/model/storm.h"
+
+namespace zek {
+namespace {
+
+constexpr char kDecide[] = "om_authenticate_functionality";
+constexpr char kRecover[] = "om_get_functionality_details";
+
+// A checker's end of a connection: what it has received, in order.
+struct Checker {
+    Checker(AuthorizationServer& to, std::vector<SubscriptionPair> pairs) : server(to) {
+        connection =
+            server.connect({[this](void* message) { answers.push_back(readFields(message)); },
+                            [this](void* message) { published.push_back(readFields(message)); }});
+        if (!pairs.empty()) server.subscribe(connection, std::move(pairs));
+    }
+    // Sends a request and takes in everything that waits.
+    void ask(Fields request) {
+        const OwnedMessage message(request);
+        EXPECT_GT(server.handle(connection, message.handle()), 0);
+        takeAll();
+    }
+    void takeAll() {
+        while (server.deliverNext()) {
+        }
+    }
+    std::string lastError() const {
+        return answers.empty() ? "no answer" : textOf(answers.back(), field::kError).value_or("");
+    }
+
+    AuthorizationServer& server;
+    int connection = 0;
+    std::vector<Fields> answers, published;
+};
+
+Fields fieldsOf(std::vector<std::pair<int, std::string>> texts) {
+    Fields fields;
+    for (auto& [id, text] : texts) fields.push_back(makeField(id, text));
+    return fields;
+}
+
+Change modifyUser() {
+    Change change;
+    change.code = "340";
+    change.maker = "MAKER01";
+    change.type = "DEALER";
+    change.broker = "ZEKB";
+    change.branch = "MUM01";
+    change.user = "DLR101";
+    change.fields = {{30001, {"Asha Iyer", "Asha Rao"}}, {44201, {"DAY", "IOC"}}, {64710, {{}}}};
+    return change;
+}
+
+Change clientLimits() {
+    Change change;
+    change.code = "360";
+    change.maker = "MAKER02";
+    change.client = "C10021";
+    change.fields = {{64031, {"300000", "250000"}}, {64211, {"5000", "4000"}}};
+    return change;
+}
+
+Fields decisionOn(const std::string& key, const std::string& code, const std::string& word) {
+    return fieldsOf(
+        {{0, kDecide}, {54294, "RISKADM1"}, {51803, key}, {63713, code}, {10303, word}});
+}
+
+class ServerTest : public testing::Test {
+protected:
+    AuthorizationServer server;
+    Checker checker{server, {{field::kBroker, ""}, {field::kKey, ""}}};
+};
+
+TEST_F(ServerTest, PublishesExactlyWhatIsKnownOfAChange) {
+    const std::string first = server.submit(modifyUser());
+    const std::string second = server.submit(clientLimits());
+    EXPECT_EQ(server.pendingDeliveries(), 2u);
+    EXPECT_TRUE(checker.published.empty());
+    checker.takeAll();
+
+    ASSERT_EQ(checker.published.size(), 2u);
+    EXPECT_EQ(checker.published[0], fieldsOf({{54211, "auth pending"},
+                                              {51803, first},
+                                              {63713, "340"},
+                                              {54036, "DEALER"},
+                                              {54247, "MAKER01"},
+                                              {64056, "ZEKB"},
+                                              {64053, "MUM01"},
+                                              {31003, "DLR101"}}));
+    EXPECT_EQ(checker.published[1], fieldsOf({{54211, "auth pending"},
+                                              {51803, second},
+                                              {63713, "360"},
+                                              {54247, "MAKER02"},
+                                              {54001, "C10021"}}));
+    EXPECT_LT(std::stoi(first), std::stoi(second));
+}
+
+TEST_F(ServerTest, SubscriptionsFilterByExactValues) {
+    struct Row {
+        const char* what;
+        std::vector<SubscriptionPair> pairs;
+        bool receives;
+    };
+    const Row rows[] = {
+        {"only wildcards, one of an absent field", {{field::kGroup, ""}, {field::kKey, ""}}, true},
+        {"broker and branch", {{field::kBroker, "ZEKB"}, {field::kBranch, "MUM01"}}, true},
+        {"one of two differs", {{field::kBroker, "ZEKB"}, {field::kBranch, "DEL01"}}, false},
+        {"another case", {{field::kBroker, "zekb"}}, false},
+        {"a prefix", {{field::kUser, "DLR10"}}, false},
+        {"a value in an absent field", {{field::kClient, "C10021"}}, false},
+        {"no subscription", {}, false},
+    };
+    for (const Row& row : rows) {
+        Checker other(server, row.pairs);
+        server.submit(modifyUser());
+        other.takeAll();
+        EXPECT_EQ(other.published.size(), row.receives ? 1u : 0u) << row.what;
+        server.disconnect(other.connection);
+    }
+}
+
+TEST_F(ServerTest, AConnectionReceivesEachPublicationOnceUntilItUnsubscribes) {
+    server.subscribe(checker.connection, {{field::kBroker, "ZEKB"}});
+    server.submit(modifyUser());
+    checker.takeAll();
+    EXPECT_EQ(checker.published.size(), 1u);
+
+    server.submit(modifyUser());
+    EXPECT_TRUE(server.unsubscribe(checker.connection));
+    server.submit(modifyUser());
+    checker.takeAll();
+    EXPECT_EQ(checker.published.size(), 1u);  // what waited was dropped too
+
+    server.subscribe(checker.connection, {{field::kBroker, ""}});
+    server.submit(modifyUser());
+    checker.takeAll();
+    EXPECT_EQ(checker.published.size(), 2u);
+}
+
+TEST_F(ServerTest, ADisconnectedReceiverIsNeverCalled) {
+    server.submit(modifyUser());
+    server.disconnect(checker.connection);
+    checker.takeAll();
+    EXPECT_TRUE(checker.published.empty());
+    EXPECT_EQ(server.pendingDeliveries(), 0u);
+    EXPECT_EQ(server.handle(checker.connection, nullptr), 0);
+    EXPECT_EQ(server.subscribe(checker.connection, {}), 0);
+    EXPECT_FALSE(server.unsubscribe(checker.connection));
+}
+
+TEST_F(ServerTest, DetailsNameTheEntityThenCarryEveryOccurrence) {
+    const std::string user = server.submit(modifyUser());
+    checker.ask(fieldsOf({{0, "om_get_auth_user_details"}, {54247, "RISKADM1"}, {51803, user}}));
+    EXPECT_EQ(checker.answers.back(), (Fields{{32767, {"om_get_auth_user_details"}},
+                                              {51803, {user}},
+                                              {31003, {"DLR101"}},
+                                              {30001, {"Asha Iyer", "Asha Rao"}},
+                                              {44201, {"DAY", "IOC"}},
+                                              {64710, {std::nullopt}}}));
+
+    Change limits = clientLimits();
+    limits.fields.insert(limits.fields.begin(), {54001, {"C10021", "C10020"}});
+    const std::string key = server.submit(limits);
+    checker.ask(fieldsOf({{0, "om_get_auth_limits_details"}, {54247, "RISKADM1"}, {51803, key}}));
+    EXPECT_EQ(findField(checker.answers.back(), 54001)->occurrences.size(), 2u);
+    EXPECT_EQ(checker.answers.back().size(), 5u);
+}
+
+TEST_F(ServerTest, LimitsAreOfTheWidestLevelNamed) {
+    Change change = clientLimits();
+    const std::pair<std::string Change::*, int> levels[] = {{&Change::client, 54001},
+                                                            {&Change::user, 31003},
+                                                            {&Change::group, 64052},
+                                                            {&Change::branch, 64053},
+                                                            {&Change::broker, 64056}};
+    for (const auto& [text, id] : levels) {
+        change.*text = "X";
+        EXPECT_EQ(entityOf(change), (Entity{id, "X"}));
+    }
+}
+
+TEST_F(ServerTest, AcceptingAppliesTheChangeAndPublishesTheOutcome) {
+    server.registry().put(User{"DLR101",
+                               "OLDB",
+                               "DEL01",
+                               "DEALER",
+                               {{30001, {"Asha Rao"}}, {50110, {"asha@example.in"}}}});
+    const std::string key = server.submit(modifyUser());
+    checker.ask(decisionOn(key, "340", "accepted"));
+
+    EXPECT_EQ(checker.answers.back(), fieldsOf({{32767, kDecide}, {51803, key}}));
+    ASSERT_EQ(checker.published.size(), 2u);
+    EXPECT_EQ(textOf(checker.published[1], field::kStatus), "accepted");
+    EXPECT_EQ(textOf(checker.published[1], field::kUser), "DLR101");
+    EXPECT_EQ(server.pending(key), nullptr);
+    EXPECT_EQ(server.decision(key), (Decision{true, "RISKADM1", ""}));
+    EXPECT_EQ(*server.registry().user("DLR101"), (User{"DLR101",
+                                                       "ZEKB",
+                                                       "MUM01",
+                                                       "DEALER",
+                                                       {{30001, {"Asha Iyer"}},
+                                                        {50110, {"asha@example.in"}},
+                                                        {44201, {"DAY", "IOC"}},
+                                                        {64710, {std::nullopt}}}}));
+}
+
+TEST_F(ServerTest, RejectingKeepsTheStateAndTheReason) {
+    const std::string key = server.submit(modifyUser());
+    Fields request = decisionOn(key, "340", "rejected");
+    request.push_back(makeField(field::kError, "wrong branch"));
+    checker.ask(request);
+    EXPECT_EQ(checker.lastError(), "");
+    EXPECT_EQ(textOf(checker.published.back(), field::kStatus), "rejected");
+    EXPECT_EQ(server.decision(key), (Decision{false, "RISKADM1", "wrong branch"}));
+    EXPECT_EQ(server.registry().user("DLR101"), nullptr);
+}
+
+TEST_F(ServerTest, AddsAndDeletesUsersAndClients) {
+    Change user = modifyUser();
+    user.code = "339";
+    user.fields = {{63001, {"nse_cm", "nse_fo"}}};
+    Change client = user;
+    client.code = "353";
+    client.client = "C1";
+    client.group = "HNI";
+    server.registry().put(User{"DLR101", "OLDB", "", "", {{50110, {"was here before"}}}});
+    server.decideAs("OTHER", server.submit(user), true, "");
+    server.decideAs("OTHER", server.submit(client), true, "");
+    ASSERT_NE(server.registry().user("DLR101"), nullptr);
+    EXPECT_EQ(server.registry().user("DLR101")->fields, user.fields);  // in an addition all are new
+    EXPECT_EQ(*server.registry().client("C1"),
+              (Client{"C1", "DLR101", "ZEKB", "MUM01", "HNI", "DEALER", user.fields}));
+
+    user.code = "365";
+    client.code = "366";
+    server.decideAs("OTHER", server.submit(client), true, "");
+    server.decideAs("OTHER", server.submit(user), true, "");
+    EXPECT_EQ(server.registry().client("C1"), nullptr);
+    EXPECT_EQ(server.registry().user("DLR101"), nullptr);
+}
+
+TEST_F(ServerTest, AnUpdateEditsTheNewValuesAndLeavesTheChangePending) {
+    Change change = clientLimits();
+    change.fields.push_back({64037, {}});  // a field without occurrences is not there
+    const std::string key = server.submit(change);
+    Fields update = decisionOn(key, "360", "accepted");
+    update.push_back(makeField(64031, "275000.00"));
+    update.push_back(makeField(64037, "yes"));
+    checker.ask(update);
+    EXPECT_EQ(checker.lastError(), "");
+    EXPECT_EQ(checker.published.size(), 1u);  // only the submission
+    ASSERT_NE(server.pending(key), nullptr);
+    EXPECT_EQ(
+        server.pending(key)->fields,
+        (Fields{{64031, {"275000.00", "250000"}}, {64211, {"5000", "4000"}}, {64037, {"yes"}}}));
+
+    checker.ask(decisionOn(key, "360", "accepted"));
+    const Entity client{field::kClient, "C10021"};
+    EXPECT_EQ(server.registry().limit(client, 64031), "275000.00");
+    EXPECT_EQ(server.registry().limit(client, 64211), "5000");
+    EXPECT_EQ(server.registry().limit(client, 64037), "yes");
+    EXPECT_EQ(server.registry().limit(client, 64033), std::nullopt);
+    EXPECT_EQ(server.registry().limit({field::kUser, "C10021"}, 64031), std::nullopt);
+}
+
+TEST_F(ServerTest, RecoveryTellsWhatOthersHavePendingInOrderOfArrival) {
+    std::vector<std::string> keys;
+    for (int i = 0; i < 4; ++i) keys.push_back(server.submit(modifyUser()));
+    Change own = clientLimits();
+    own.maker = "RISKADM1";
+    server.submit(own);
+    server.decideAs("OTHER", keys[1], false, "no");
+    checker.takeAll();
+    const Fields publication = checker.published[0];
+
+    checker.ask(fieldsOf({{0, kRecover}, {31003, "RISKADM1"}}));
+    ASSERT_EQ(checker.answers.size(), 3u);
+    Fields expected = publication;
+    expected.insert(expected.begin(), makeField(32767, kRecover));
+    EXPECT_EQ(checker.answers[0], expected);
+    EXPECT_EQ(textOf(checker.answers[1], field::kKey), keys[2]);
+    EXPECT_EQ(textOf(checker.answers[2], field::kKey), keys[3]);
+}
+
+TEST_F(ServerTest, RefusesWhatCannotBeMetAndChangesNothing) {
+    const std::string user = server.submit(modifyUser());
+    const std::string limits = server.submit(clientLimits());
+    const std::string done = server.submit(modifyUser());
+    server.decideAs("OTHER", done, false, "no");
+    checker.takeAll();
+    const auto with = [](Fields fields, int id, const std::string& text) {
+        if (Field* known = findField(fields, id))
+            *known = makeField(id, text);
+        else
+            fields.push_back(makeField(id, text));
+        return fields;
+    };
+    const Fields accept = decisionOn(user, "340", "accepted");
+    const Fields details = fieldsOf({{0, "om_get_auth_user_details"}, {54247, "R"}});
+    const std::pair<Fields, std::string> rows[] = {
+        {with(accept, 51803, "77"), "There is no change 77"},
+        {with(accept, 51803, done), "Change " + done + " is decided already"},
+        {with(accept, 63713, "339"), "Change " + user + " has another functionality code"},
+        {with(accept, 54294, "MAKER01"), "Change " + user + " is MAKER01's own"},
+        {with(accept, 31003, "DLR102"), "Change " + user + " is about another entity"},
+        {with(accept, 54001, "C10021"), "Change " + user + " is about another entity"},
+        {with(accept, 10303, "Accepted"), "No such decision: Accepted"},
+        {with(accept, 10303, "rejected"), "Field 32766 is missing"},
+        {with(accept, 64031, "1"), "Only a limits change that is accepted can be updated"},
+        {with(with(with(decisionOn(limits, "360", "rejected"), 32766, "no"), 64031, "1"), 1, "2"),
+         "Only a limits change that is accepted can be updated"},
+        {fieldsOf({{0, kDecide}, {51803, user}}), "Field 10303 is missing"},
+        {fieldsOf({{0, kRecover}}), "Field 31003 is missing"},
+        {details, "Field 51803 is missing"},
+        {with(details, 51803, limits), "Change " + limits + " has another functionality code"},
+        {with(details, 51803, done), "Change " + done + " is decided already"},
+        {with(accept, 0, "om_place_order"), "Unknown request: om_place_order"},
+        {{{51803, {std::nullopt}}}, "Unknown request: "},
+    };
+    for (const auto& [request, error] : rows) {
+        const std::size_t before = checker.answers.size();
+        checker.ask(request);
+        ASSERT_EQ(checker.answers.size(), before + 1) << error;
+        EXPECT_EQ(checker.lastError(), error);
+        EXPECT_EQ(textOf(checker.answers.back(), 32767), textOf(request, 0).value_or("")) << error;
+        EXPECT_EQ(textOf(checker.answers.back(), 51803), textOf(request, 51803)) << error;
+    }
+    EXPECT_EQ(server.decideAs("MAKER02", limits, true, ""),
+              "Change " + limits + " is MAKER02's own");
+    EXPECT_EQ(server.pendingKeys(), (std::vector<std::string>{user, limits}));
+    EXPECT_EQ(server.pending(limits)->fields, clientLimits().fields);
+    EXPECT_EQ(checker.published.size(), 4u);
+    EXPECT_TRUE(server.registry().users().empty());
+}
+
+TEST_F(ServerTest, AReceiverMayAskAndDisconnectFromItsOwnCallback) {
+    int notices = 0;
+    server.setQueuedNotice([&] { ++notices; });
+    int own = 0;
+    std::vector<std::string> heard;
+    own = server.connect(
+        {[&](void* message) {
+             server.disconnect(own);
+             heard.push_back(*textOf(readFields(message), 32767));
+         },
+         [&](void*) {
+             heard.push_back("published");
+             const OwnedMessage request(fieldsOf({{0, kRecover}, {31003, "RISKADM1"}}));
+             server.handle(own, request.handle());
+         }});
+    server.subscribe(own, {{field::kKey, ""}});
+    server.unsubscribe(checker.connection);
+    server.submit(modifyUser());
+    int deliveries = 0;
+    while (server.deliverNext()) ++deliveries;
+    EXPECT_EQ(heard, (std::vector<std::string>{"published", kRecover}));
+    EXPECT_EQ(notices, deliveries);
+    EXPECT_EQ(notices, 2);
+}
+
+TEST_F(ServerTest, AStormIsDecidedToTheLast) {
+    const Scenario storm = makeStorm(20000, 7);
+    for (const Change& change : storm.changes) server.submit(change);
+    const std::vector<std::string> keys = server.pendingKeys();
+    ASSERT_EQ(keys.size(), 20000u);
+    EXPECT_EQ(std::set<std::string>(keys.begin(), keys.end()).size(), keys.size());
+    for (std::size_t i = 0; i < keys.size(); ++i)
+        EXPECT_EQ(server.decideAs("RISKADM1", keys[keys.size() - 1 - i], i % 3 != 0, "no"), "");
+    EXPECT_EQ(server.pendingCount(), 0u);
+    EXPECT_EQ(server.pendingDeliveries(), 40000u);
+    checker.takeAll();
+    EXPECT_EQ(textOf(checker.published.back(), field::kKey), keys.front());
+}
+
+}  // namespace
+}  // namespace zek
