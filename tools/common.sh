@@ -62,7 +62,10 @@ start_wine() {
     local desktop='HKCU\Control Panel\Desktop'
     wine reg add "$desktop" /v FontSmoothing /d 2 /f >/dev/null
     wine reg add "$desktop" /v FontSmoothingType /t REG_DWORD /d 2 /f >/dev/null
-    wineserver -w
+    # A desktop of its own gives windows their captions, and shows them without a window manager.
+    wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >/dev/null
+    wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1280x900 /f >/dev/null
+    wineserver -k -w
     touch "$WINEPREFIX/.ready"
 }
 

@@ -4,15 +4,12 @@
 #include <cstddef>
 #include <memory>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "link/model/pending_record.h"
 #include "listctrl/model/row_sequence.h"
+#include "workbench/model/key_index.h"
 #include "workbench/model/workbench_view.h"
-
-template <class Key, class Value>
-using CMap = std::unordered_map<Key, Value>;
 
 class PendingChanges {
 public:
@@ -33,7 +30,7 @@ public:
     // The record under `key`, or null.
     sMakeCheckStruct* findRecord(std::string_view key) const;
 
-    // Indexes the record under its key, which must be new, and appends its row.
+    // Indexes the record under its key and appends its row; a key that is indexed already adds nothing.
     void addRecord(std::unique_ptr<Entry> record);
 
     // Removes the key's row, destroys the record and removes the key from the index. Changes
@@ -66,8 +63,7 @@ public:
 
 private:
     WorkbenchView& m_view;
-    // The keys are the records' own texts.
-    CMap<std::string_view, std::unique_ptr<Entry>> m_index;
+    KeyIndex<Entry> m_index;  // owns what it refers to
     RowSequence m_rows;
     int m_holds = 0;
     std::vector<std::unique_ptr<Entry>> m_removed;  // while there is a Hold

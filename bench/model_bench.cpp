@@ -1,0 +1,232 @@
+// The rules against the plain way of doing the same: each benchmark runs both sides in turn and
+// reports nanoseconds per message for both and their ratio (ours / peer).
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <memory>
+#include <numeric>
+#include <random>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "details/model/intake.h"
+#include "sdk/connectvosk.h"
+#include "workbench/model/pending_changes.h"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+class QuietHost final : public Host {
+public:
+    const std::string& peerBrokerId() const override { return m_id; }
+    const std::string& peerUserId() const override { return m_id; }
+    int privilegeLevel() const override { return 0; }
+    PuGetFindMenuItemInRoles* menuItemService() override {
+        return [](int) { return 1; };
+    }
+    PuGetMakerCheckerModifyRight* modifyRightService() override { return nullptr; }
+    GetQuonRxControlService* receiveControlService() override { return nullptr; }
+    void reportToUser(std::string_view, int) override {}
+    void showMessage(const std::string&) override {}
+    void beep() override {}
+
+private:
+    std::string m_id = "CHECKER";
+};
+
+class QuietView final : public WorkbenchView {
+    void rowAppended() override {}
+    void rowRemoved(std::size_t) override {}
+    void redrawRows() override {}
+    void emptyDetails() override {}
+};
+
+// One message, its fields read by both sides.
+class Publication {
+public:
+    Publication() {
+        otp_ctor_primecb(&m_message, nullptr);
+        otp_open_scratch(&m_scratch, 4096, nullptr);
+    }
+    ~Publication() {
+        otp_dtor_primecb(m_message, nullptr);
+        otp_close_scratch(m_scratch, nullptr);
+    }
+    Publication(const Publication&) = delete;
+    Publication& operator=(const Publication&) = delete;
+
+    void* fill(std::size_t key) {
+        const std::string text = std::to_string(1000000 + key);
+        const std::string user = "DEALER" + text;
+        otp_start_msg(m_message, m_scratch, nullptr);
+        add(54211, "auth pending");
+        add(51803, text.c_str());
+        add(63713, "340");
+        add(54036, "DEALER");
+        add(54247, "MAKER01");
+        add(64056, "ZEKB");
+        add(64053, "MUM01");
+        add(31003, user.c_str());
+        return m_message;
+    }
+
+private:
+    void add(int id, const char* text) { otp_add_data_as_cstring(m_message, id, 1, text, nullptr); }
+    void* m_message = nullptr;
+    void* m_scratch = nullptr;
+};
+
+// The plain way: a structure of strings in a map of strings, a vector of pointers for the rows.
+struct PlainRecord {
+    std::string key, maker, entity, spare, code, broker, branch, linked, type;
+};
+class PlainList {
+public:
+    void take(const FieldReader& message) {
+        std::string status, key;
+        if (!message.read(54211, status) || status != "auth pending" || !message.read(51803, key))
+            return;
+        auto [at, fresh] = m_index.try_emplace(key, nullptr);
+        if (fresh) at->second = std::make_unique<PlainRecord>();
+        PlainRecord& record = *at->second;
+        record.key = key;
+        message.read(63713, record.code);
+        message.read(54036, record.type);
+        message.read(31003, record.entity);
+        message.read(54247, record.maker);
+        message.read(64056, record.broker);
+        message.read(64053, record.branch);
+        if (fresh) m_rows.push_back(&record);
+    }
+    void remove(const std::string& key) {
+        const auto found = m_index.find(key);
+        m_rows.erase(std::find(m_rows.begin(), m_rows.end(), found->second.get()));
+        m_index.erase(found);
+    }
+
+private:
+    std::unordered_map<std::string, std::unique_ptr<PlainRecord>> m_index;
+    std::vector<PlainRecord*> m_rows;
+};
+
+// The two sides' time, and what is reported of it.
+struct Sides {
+    Clock::duration ours{}, peer{};
+    std::size_t messages = 0;
+
+    void report(benchmark::State& state) const {
+        const auto each = [&](Clock::duration time) {
+            return static_cast<double>(
+                       std::chrono::duration_cast<std::chrono::nanoseconds>(time).count()) /
+                   static_cast<double>(messages);
+        };
+        state.counters["ours_ns"] = each(ours);
+        state.counters["peer_ns"] = each(peer);
+        state.counters["ratio"] = each(ours) / each(peer);
+    }
+};
+
+template <class Work>
+Clock::duration timed(Work work) {
+    const auto start = Clock::now();
+    work();
+    return Clock::now() - start;
+}
+
+// Both sides hold the same records. They take the messages in batches, in turn first and second;
+// the time to fill a batch counts on neither side.
+struct Bed {
+    QuietHost host;
+    QuietView view;
+    PendingChanges changes{view};
+    DetailsOnShow details;
+    Intake intake{host, changes, details, view};
+    PlainList plain;
+    std::array<Publication, 200> batch;
+    bool oursFirst = false;
+
+    // Takes in `count` messages; `key` tells the key of each.
+    template <class Key>
+    void take(std::size_t count, Key key, Sides& sides) {
+        for (std::size_t done = 0; done < count; done += batch.size()) {
+            std::vector<FieldReader> messages;
+            for (std::size_t i = 0; i < std::min(batch.size(), count - done); ++i)
+                messages.emplace_back(batch[i].fill(key(done + i)));
+            const auto ours = [&] {
+                sides.ours += timed([&] {
+                    for (const FieldReader& message : messages) intake.handle(message);
+                });
+            };
+            oursFirst = !oursFirst;
+            if (oursFirst) ours();
+            sides.peer += timed([&] {
+                for (const FieldReader& message : messages) plain.take(message);
+            });
+            if (!oursFirst) ours();
+            sides.messages += messages.size();
+        }
+    }
+};
+
+constexpr auto kInOrder = [](std::size_t i) { return i; };
+
+void intakeOfNewChanges(benchmark::State& state) {
+    Sides sides;
+    for (auto _ : state) {
+        Bed bed;
+        bed.take(static_cast<std::size_t>(state.range(0)), kInOrder, sides);
+    }
+    sides.report(state);
+}
+BENCHMARK(intakeOfNewChanges)->Arg(1000)->Arg(10000)->Arg(100000)->Arg(1000000);
+
+void refreshOfKnownChanges(benchmark::State& state) {
+    const auto count = static_cast<std::size_t>(state.range(0));
+    Bed bed;
+    Sides filling, sides;
+    bed.take(count, kInOrder, filling);
+    std::size_t key = 0;
+    for (auto _ : state)
+        bed.take(1000, [&](std::size_t) { return key = (key + 7919) % count; }, sides);
+    sides.report(state);
+}
+BENCHMARK(refreshOfKnownChanges)->Arg(1000)->Arg(10000)->Arg(100000);
+
+enum Order { arrival, reverse, shuffled };
+
+// Removes 1,000 of the records, in an order; the peer finds each row by walking.
+void removal(benchmark::State& state) {
+    const auto count = static_cast<std::size_t>(state.range(0));
+    std::vector<std::size_t> keys(count);
+    std::iota(keys.begin(), keys.end(), std::size_t{0});
+    if (state.range(1) == reverse) std::reverse(keys.begin(), keys.end());
+    if (state.range(1) == shuffled) std::shuffle(keys.begin(), keys.end(), std::mt19937(7));
+    Sides sides;
+    for (auto _ : state) {
+        Bed bed;
+        Sides filling;
+        bed.take(count, kInOrder, filling);
+        std::vector<std::string> going;
+        for (std::size_t i = 0; i < std::min<std::size_t>(count, 1000); ++i)
+            going.push_back(std::to_string(1000000 + keys[i]));
+        sides.ours += timed([&] {
+            for (const std::string& key : going) bed.changes.removeRecord(key);
+        });
+        sides.peer += timed([&] {
+            for (const std::string& key : going) bed.plain.remove(key);
+        });
+        sides.messages += going.size();
+    }
+    sides.report(state);
+}
+BENCHMARK(removal)
+    ->ArgsProduct({{1000, 10000, 100000}, {arrival, reverse, shuffled}})
+    ->ArgNames({"rows", "order"});
+
+}  // namespace
+
+BENCHMARK_MAIN();
