@@ -65,6 +65,8 @@ start_wine() {
     # A desktop of its own gives windows their captions, and shows them without a window manager.
     wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >/dev/null
     wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1280x900 /f >/dev/null
+    # Tahoma, and Marlett for the glyphs in captions: Wine's own fonts, which it does not find itself.
+    cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
     wineserver -k -w
     touch "$WINEPREFIX/.ready"
 }
