@@ -1,0 +1,48 @@
+// The authorization server on the user-interface thread: requests and changes go in as calls, what
+// the server has for its receivers comes out one per window message.
+//
+// However much waits, at most one message of ours is in the thread's queue; the one that delivers
+// posts the next. Posted messages overtake the mouse, painting and timers, so a long run pauses for
+// them now and then.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "console/model/authorization_server.h"
+#include "framework/window.h"
+
+namespace zek {
+
+// Posted by CExchange to itself while something waits. No parameters.
+inline constexpr UINT kDeliver = WM_APP + 1;
+
+class CExchange : public fw::CWindow {
+public:
+    // False when its message window cannot be made.
+    bool open();
+
+    AuthorizationServer& server() { return m_server; }
+    const AuthorizationServer& server() const { return m_server; }
+
+    // Grows when the server may look different: for windows that show it.
+    unsigned revision() const { return m_revision; }
+    void touch() { ++m_revision; }
+
+protected:
+    const fw::MessageMap& messageMap() const override;
+
+private:
+    void onQueued();
+    void onDeliver();
+    void onTimer();
+    void postNext();
+
+    AuthorizationServer m_server;
+    unsigned m_revision = 0;
+    bool m_isPosted = false;  // a kDeliver or our timer is on its way
+    ULONGLONG m_runningSince = 0;
+};
+
+}  // namespace zek

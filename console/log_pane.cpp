@@ -1,0 +1,84 @@
+#include "console/log_pane.h"
+
+#include "console/resource_ids.h"
+
+namespace zek {
+namespace {
+
+constexpr ReportColumn kColumns[] = {{"Time", 72}, {"Message", 900}};
+constexpr const char* kTabTitles[kLogTabs] = {"Log", "Server"};
+
+}  // namespace
+
+const fw::MessageMap& CLogPane::messageMap() const {
+    static constexpr fw::MessageEntry entries[] = {
+        fw::on<WM_CREATE, &CLogPane::onCreate>(),
+        fw::on<WM_SIZE, &CLogPane::onSize>(),
+        fw::onNotify<IDC_LOG_TABS, TCN_SELCHANGE, &CLogPane::onTabChange>(),
+        fw::onNotify<IDC_LOG_LIST, LVN_GETDISPINFOA, &CLogPane::onDisplay>(),
+    };
+    static constexpr fw::MessageMap map{nullptr, entries};
+    return map;
+}
+
+bool CLogPane::create(HWND frame) {
+    static const fw::WindowClass windowClass{"Zek.LogPane", 0, IDC_ARROW, COLOR_3DFACE};
+    return CWindow::create(windowClass, "Log", WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, {},
+                           frame, IDC_LOG_PANE);
+}
+
+LRESULT CLogPane::onCreate() {
+    m_font = messageFont(handle());
+    m_tabs =
+        CreateWindowExA(0, WC_TABCONTROLA, "", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, 0, 0, 0,
+                        handle(), reinterpret_cast<HMENU>(IDC_LOG_TABS), fw::module(), nullptr);
+    m_list = createReportList(handle(), IDC_LOG_LIST, kColumns);
+    for (HWND control : {m_tabs, m_list})
+        SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(m_font.get()), FALSE);
+    for (int place = 0; place < kLogTabs; ++place) {
+        TCITEMA tab{};
+        tab.mask = TCIF_TEXT;
+        tab.pszText = const_cast<char*>(kTabTitles[place]);
+        SendMessageA(m_tabs, TCM_INSERTITEMA, static_cast<WPARAM>(place),
+                     reinterpret_cast<LPARAM>(&tab));
+    }
+    showLast();
+    return 0;
+}
+
+void CLogPane::onSize(int width, int height) {
+    SetWindowPos(m_tabs, nullptr, 0, 0, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+    RECT room{0, 0, width, height};
+    SendMessageA(m_tabs, TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&room));
+    SetWindowPos(m_list, HWND_TOP, room.left, room.top, room.right - room.left,
+                 room.bottom - room.top, SWP_NOACTIVATE);
+}
+
+void CLogPane::onTabChange(NMHDR&) {
+    showLast();
+    InvalidateRect(m_list, nullptr, TRUE);
+}
+
+void CLogPane::onDisplay(NMLVDISPINFOA& asked) {
+    const std::vector<LogLine>& lines = m_book.lines(shownTab());
+    const auto row = static_cast<std::size_t>(asked.item.iItem);
+    if (row >= lines.size()) return;
+    fillText(asked, asked.item.iSubItem == 0 ? lines[row].time : lines[row].text);
+}
+
+void CLogPane::lineAdded(LogTab tab) {
+    if (tab == shownTab()) showLast();
+}
+
+LogTab CLogPane::shownTab() const {
+    const LRESULT place = SendMessageA(m_tabs, TCM_GETCURSEL, 0, 0);
+    return place == 1 ? LogTab::server : LogTab::log;
+}
+
+void CLogPane::showLast() {
+    const std::size_t count = m_book.lines(shownTab()).size();
+    setRowCount(m_list, count);
+    if (count > 0) SendMessageA(m_list, LVM_ENSUREVISIBLE, count - 1, FALSE);
+}
+
+}  // namespace zek

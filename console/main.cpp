@@ -1,0 +1,34 @@
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "console/console.h"
+#include "console/files.h"
+
+namespace {
+
+int runConsole(int count, char** arguments) {
+    zek::Parsed<zek::ConsoleOptions> options =
+        zek::takeConsoleOptions({arguments + 1, arguments + count});
+    if (!options.ok()) {
+        zek::printError(options.error);
+        return 2;
+    }
+    return zek::Console(std::move(options.value)).run();
+}
+
+}  // namespace
+
+// A program for the desktop: linked for the graphical subsystem, started by the runtime's main.
+int main(int count, char** arguments) {
+    // Older systems know neither call's newest form; the console is then drawn for 96 dots.
+    SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
+    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES};
+    InitCommonControlsEx(&controls);
+    try {
+        return runConsole(count, arguments);
+    } catch (const std::exception& error) {
+        zek::printError(error.what());
+        return 1;
+    }
+}

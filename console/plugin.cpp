@@ -1,0 +1,111 @@
+#include "console/plugin.h"
+
+#include "sdk/host_text.h"
+
+namespace zek {
+namespace {
+
+template <class Entry>
+bool bindEntry(HMODULE library, const char* name, Entry*& into) {
+    // A detour over a plain function pointer, as compilers want it.
+    into = reinterpret_cast<Entry*>(reinterpret_cast<void (*)()>(GetProcAddress(library, name)));
+    return into != nullptr;
+}
+
+struct Remaining {
+    HMODULE library;
+    std::vector<std::string> found;
+};
+
+void noteWindow(HWND window, Remaining& remaining) {
+    const auto module = reinterpret_cast<HMODULE>(GetWindowLongPtrA(window, GWLP_HINSTANCE));
+    if (module != remaining.library) return;
+    char windowClass[64] = "";
+    char caption[64] = "";
+    GetClassNameA(window, windowClass, sizeof windowClass);
+    GetWindowTextA(window, caption, sizeof caption);
+    remaining.found.push_back(std::string(windowClass) + " '" + caption + "'");
+}
+
+BOOL CALLBACK noteChild(HWND window, LPARAM remaining) {
+    noteWindow(window, *reinterpret_cast<Remaining*>(remaining));
+    return TRUE;
+}
+
+BOOL CALLBACK noteTree(HWND window, LPARAM remaining) {
+    noteChild(window, remaining);
+    EnumChildWindows(window, noteChild, remaining);
+    return TRUE;
+}
+
+// The windows of this thread that were made by the library, message windows included.
+std::vector<std::string> windowsOf(HMODULE library) {
+    Remaining remaining{library, {}};
+    EnumThreadWindows(GetCurrentThreadId(), noteTree, reinterpret_cast<LPARAM>(&remaining));
+    HWND window = nullptr;
+    while ((window = FindWindowExA(HWND_MESSAGE, window, nullptr, nullptr)) != nullptr)
+        if (GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId())
+            noteWindow(window, remaining);
+    return remaining.found;
+}
+
+}  // namespace
+
+std::string Plugin::load(const std::string& file) {
+    m_library = LoadLibraryA(file.c_str());
+    if (m_library == nullptr)
+        return file + " cannot be loaded (error " + std::to_string(GetLastError()) + ")";
+    if (!bindEntries()) {
+        FreeLibrary(m_library);
+        m_library = nullptr;
+        return file + " is not a plug-in of this console: an entry point is missing";
+    }
+    identify();
+    return {};
+}
+
+bool Plugin::bindEntries() {
+    return bindEntry(m_library, "GetVoskPluginInfo", m_info) &&
+           bindEntry(m_library, "GetOptionalVoskPluginInfo", m_optionalInfo) &&
+           bindEntry(m_library, "InitVoskPlugin", m_init) &&
+           bindEntry(m_library, "PluginProcessHotKey", m_hotKey) &&
+           bindEntry(m_library, "HandlePublishMsg", m_publish) &&
+           bindEntry(m_library, "ExitVoskPlugin", m_exit);
+}
+
+void Plugin::identify() {
+    HostString name{nullptr};
+    HostString version{nullptr};
+    HostStringArray information{nullptr, 0};
+    unsigned id = 0;
+    unsigned flags = 0;
+    m_info(name, version, "Maker Checker", id, flags);
+    m_optionalInfo(nullptr, information, nullptr, nullptr);
+    sdk::release(information);
+    m_description =
+        sdk::take(name) + " " + sdk::take(version) + " (plug-in " + std::to_string(id) + ")";
+}
+
+void Plugin::start() {
+    if (isLoaded()) m_init(m_library, "ZEK", 0, HostString{nullptr});
+}
+
+void Plugin::hotKey() {
+    if (isLoaded()) m_hotKey(m_library, 0, 0, nullptr);
+}
+
+void Plugin::publish(void* message) {
+    if (isLoaded()) m_publish(message);
+}
+
+std::vector<std::string> Plugin::unload() {
+    if (!isLoaded()) return {};
+    m_exit();
+    const HMODULE library = m_library;
+    m_library = nullptr;
+    std::vector<std::string> left = windowsOf(library);
+    if (left.empty()) FreeLibrary(library);
+    return left;
+}
+
+}  // namespace zek

@@ -1,0 +1,160 @@
+#include "console/ui_probe.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+namespace zek::ui {
+namespace {
+
+constexpr char kDialogClass[] = "#32770";
+constexpr char kPaneCaption[] = "Maker Checker";
+constexpr char kKeyColumn[] = "Key";
+constexpr char kNameColumn[] = "Entity Name";
+
+struct Search {
+    const std::function<bool(HWND)>& wanted;
+    HWND found = nullptr;
+};
+
+BOOL CALLBACK visit(HWND window, LPARAM parameter) {
+    auto& search = *reinterpret_cast<Search*>(parameter);
+    if (!search.wanted(window)) return TRUE;
+    search.found = window;
+    return FALSE;
+}
+
+HWND findTopLevel(const std::function<bool(HWND)>& wanted) {
+    Search search{wanted};
+    EnumThreadWindows(GetCurrentThreadId(), visit, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+HWND findChild(HWND root, const std::function<bool(HWND)>& wanted) {
+    Search search{wanted};
+    EnumChildWindows(root, visit, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+bool isPane(HWND window) {
+    return classOf(window) == kDialogClass && textOf(window) == kPaneCaption;
+}
+
+HWND paneList(int id) {
+    return findDescendant(findPane(), [id](HWND window) {
+        return GetDlgCtrlID(window) == id && classOf(window) == WC_LISTVIEWA;
+    });
+}
+
+std::string withoutAmpersands(std::string text) {
+    std::erase(text, '&');
+    return text;
+}
+
+}  // namespace
+
+std::string classOf(HWND window) {
+    char name[64] = "";
+    GetClassNameA(window, name, sizeof name);
+    return name;
+}
+
+std::string textOf(HWND window) {
+    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');
+    text.resize(static_cast<std::size_t>(
+        GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+HWND findDescendant(HWND root, const std::function<bool(HWND)>& wanted) {
+    if (root == nullptr) return nullptr;
+    return findChild(root, [&](HWND each) { return IsWindowVisible(each) != 0 && wanted(each); });
+}
+
+HWND findPane() {
+    HWND pane = nullptr;
+    findTopLevel([&](HWND window) {
+        pane = findChild(window, isPane);
+        return pane != nullptr;
+    });
+    return pane;
+}
+
+HWND mainList() {
+    return paneList(kMainListId);
+}
+
+HWND detailsList() {
+    return paneList(kDetailsListId);
+}
+
+HWND openDialog() {
+    return findTopLevel([](HWND window) {
+        return IsWindowVisible(window) != 0 && IsWindowEnabled(window) != 0 &&
+               classOf(window) == kDialogClass;
+    });
+}
+
+std::string dialogText(HWND dialog) {
+    std::string text;
+    findDescendant(dialog, [&](HWND window) {
+        const std::string part = classOf(window) == WC_STATICA ? textOf(window) : std::string();
+        text += !text.empty() && !part.empty() ? "\n" + part : part;
+        return false;
+    });
+    return text;
+}
+
+HWND openMenu() {
+    return findTopLevel(
+        [](HWND window) { return IsWindowVisible(window) != 0 && classOf(window) == "#32768"; });
+}
+
+HWND findButton(const std::string& text) {
+    const HWND dialog = openDialog();
+    return findDescendant(dialog != nullptr ? dialog : findPane(), [&](HWND window) {
+        return IsWindowEnabled(window) != 0 && classOf(window) == WC_BUTTONA &&
+               withoutAmpersands(textOf(window)) == text;
+    });
+}
+
+int rowCount(HWND list) {
+    return static_cast<int>(SendMessageA(list, LVM_GETITEMCOUNT, 0, 0));
+}
+
+std::string cellText(HWND list, int row, int column) {
+    char text[512] = "";
+    LVITEMA item{};
+    item.iSubItem = column;
+    item.pszText = text;
+    item.cchTextMax = sizeof text;
+    SendMessageA(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    return item.pszText != nullptr ? item.pszText : "";
+}
+
+int columnNamed(HWND list, const std::string& title) {
+    const HWND header = reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
+    const int count = static_cast<int>(SendMessageA(header, HDM_GETITEMCOUNT, 0, 0));
+    for (int place = 0; place < count; ++place) {
+        char text[128] = "";
+        LVCOLUMNA column{};
+        column.mask = LVCF_TEXT;
+        column.pszText = text;
+        column.cchTextMax = sizeof text;
+        SendMessageA(list, LVM_GETCOLUMNA, static_cast<WPARAM>(place),
+                     reinterpret_cast<LPARAM>(&column));
+        if (title == column.pszText) return place;
+    }
+    return -1;
+}
+
+int findRow(HWND list, const PlayRow& row) {
+    const int count = rowCount(list);
+    if (row.by == PlayRow::By::place) return row.place <= count ? row.place - 1 : -1;
+    const int column = columnNamed(list, row.by == PlayRow::By::key ? kKeyColumn : kNameColumn);
+    for (int each = 0; column >= 0 && each < count; ++each)
+        if (cellText(list, each, column) == row.text) return each;
+    return -1;
+}
+
+}  // namespace zek::ui

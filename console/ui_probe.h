@@ -1,0 +1,46 @@
+// Finding this thread's windows and reading what they show, for the play driver.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "console/model/play_script.h"
+
+namespace zek::ui {
+
+inline constexpr int kMainListId = 4000;
+inline constexpr int kDetailsListId = 4001;
+
+std::string classOf(HWND window);
+std::string textOf(HWND window);
+
+// The first visible descendant of `root` that `wanted` takes, or null.
+HWND findDescendant(HWND root, const std::function<bool(HWND)>& wanted);
+
+// The workbench's pane, docked or floating, shown or not; null when there is none.
+HWND findPane();
+// The pane's lists, while they are shown.
+HWND mainList();
+HWND detailsList();
+
+// The open message box or dialog, if any: the one that takes input.
+HWND openDialog();
+// What it says: its static texts.
+std::string dialogText(HWND dialog);
+// The open popup menu, if any.
+HWND openMenu();
+
+// The enabled button with the text, ampersands left out: in the open dialog, else in the pane.
+HWND findButton(const std::string& text);
+
+int rowCount(HWND list);
+std::string cellText(HWND list, int row, int column);
+// The column with the title; -1 when there is none.
+int columnNamed(HWND list, const std::string& title);
+// The row that is meant; -1 when there is none.
+int findRow(HWND list, const PlayRow& row);
+
+}  // namespace zek::ui

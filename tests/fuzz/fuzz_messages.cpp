@@ -1,0 +1,242 @@
+// A workbench under arbitrary messages: publications and answers, in any order with the checker's
+// presses, failing calls, changing rights, and messages that come in behind a message box.
+//
+// The input is a program: one byte chooses the operation, further ones its details. After each
+// operation the workbench must be consistent.
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+#include <string>
+
+#include "tests/unit/fake_host.h"
+#include "tests/unit/message_builder.h"
+#include "tests/unit/view_recorder.h"
+#include "workbench/model/main_list.h"
+#include "workbench/model/workbench.h"
+
+namespace {
+
+void require(bool holds, const char* what) {
+    if (holds) return;
+    std::fprintf(stderr, "violated: %s\n", what);
+    std::abort();
+}
+
+class Input {
+public:
+    Input(const std::uint8_t* data, std::size_t size) : m_data(data), m_left(size) {}
+
+    bool empty() const { return m_left == 0; }
+
+    std::size_t below(std::size_t count) { return byte() % count; }
+
+    template <std::size_t count>
+    const char* oneOf(const std::array<const char*, count>& words) {
+        return words[below(count)];
+    }
+
+    std::string bytes(std::size_t count) {
+        std::string text;
+        while (count-- > 0 && !empty()) text.push_back(static_cast<char>(byte()));
+        return text;
+    }
+
+private:
+    std::uint8_t byte() {
+        if (m_left == 0) return 0;
+        --m_left;
+        return *m_data++;
+    }
+
+    const std::uint8_t* m_data;
+    std::size_t m_left;
+};
+
+constexpr std::array kStatuses{"auth pending", "auth pending", "auth pending", "accepted",
+                               "rejected",     "Accepted",     "accepted ",    ""};
+constexpr std::array kKeys{"1", "2", "3", "4", "5", "6", "7", "1001", ""};
+constexpr std::array kWords{"339", "340",     "353",     "354",   "360", "365",
+                            "366", "U1",      "U2",      "U1 ",   "",    "INVESTOR_CLIENT",
+                            "17",  "CHECK01", "MAKER01", "RETAIL"};
+constexpr std::array kAnswered{"om_get_auth_limits_details",    "om_get_auth_user_details",
+                               "om_get_auth_account_details",   "om_get_functionality_details",
+                               "om_authenticate_functionality", ""};
+constexpr int kMnemonics[] = {MNM_REQUEST_NAME,
+                              MNM_STATUS,
+                              MNM_USER,
+                              MNM_ERROR,
+                              MNM_ANSWERED_REQUEST,
+                              MNM_AUTHORIZATION_KEY,
+                              MNM_ACCOUNT_ID,
+                              MNM_TYPE,
+                              MNM_PUBLICATION_STATUS,
+                              MNM_REQUESTING_USER,
+                              MNM_FUNCTIONALITY,
+                              MNM_ACCOUNT_GROUP,
+                              MNM_BRANCH,
+                              MNM_BROKER,
+                              MNM_GROUPWISE_VALIDATION};
+
+class Session {
+public:
+    Session(const std::uint8_t* data, std::size_t size) : m_input(data, size) {}
+
+    void run() {
+        while (!m_input.empty()) {
+            step();
+            otp_fail_call(0);
+            check();
+        }
+    }
+
+private:
+    std::optional<std::string> text() {
+        switch (m_input.below(8)) {
+            case 0:
+                return m_input.bytes(m_input.below(20));
+            case 1:
+                return std::string(40 * m_input.below(256), 'x');
+            case 2:
+                return std::nullopt;
+            default:
+                return m_input.oneOf(kWords);
+        }
+    }
+
+    void addFields(FieldTexts& fields) {
+        for (std::size_t count = m_input.below(12); count > 0; --count)
+            fields.push_back({kMnemonics[m_input.below(std::size(kMnemonics))], text()});
+    }
+
+    void publish() {
+        FieldTexts fields;
+        if (m_input.below(8) != 0) {
+            fields = {{MNM_PUBLICATION_STATUS, m_input.oneOf(kStatuses)},
+                      {MNM_AUTHORIZATION_KEY, m_input.oneOf(kKeys)},
+                      {MNM_FUNCTIONALITY, m_input.oneOf(kWords)},
+                      {MNM_TYPE, m_input.below(2) == 0 ? "INVESTOR_CLIENT" : "RETAIL"},
+                      {MNM_USER, m_input.oneOf(kWords)}};
+        }
+        addFields(fields);
+        const auto message = makeMessage(fields);
+        ++m_messages;
+        m_workbench.handlePublished(message.handle());
+    }
+
+    void answer() {
+        FieldTexts fields{{MNM_ANSWERED_REQUEST, m_input.oneOf(kAnswered)}};
+        if (m_input.below(2) == 0) fields.push_back({MNM_PUBLICATION_STATUS, "auth pending"});
+        addFields(fields);
+        const auto message = makeMessage(fields);
+        ++m_messages;
+        m_host.control().receiver->onMessage(0, 0, message.handle(), nullptr);
+    }
+
+    std::vector<sMakeCheckStruct*> selection() {
+        const std::size_t which = m_input.below(4);
+        std::vector<sMakeCheckStruct*> rows;
+        for (std::size_t row = 0; row < m_workbench.changes().size(); ++row)
+            if (which == 0 || m_input.below(2) == 0) rows.push_back(&m_workbench.changes().at(row));
+        return rows;
+    }
+
+    void showDetails() {
+        const std::size_t rows = m_workbench.changes().size();
+        if (rows == 0) return;
+        const sMakeCheckStruct& record = m_workbench.changes().at(m_input.below(rows));
+        m_workbench.showDetails(record);
+    }
+
+    void step() {
+        switch (m_input.below(16)) {
+            case 0:
+                return answer();
+            case 1:
+                return showDetails();
+            case 2:
+                return m_workbench.accept(selection());
+            case 3: {
+                const auto rows = selection();
+                // Typed into an edit control: it ends at its first zero.
+                const std::string reason = text().value_or("");
+                return m_workbench.reject(rows, reason.c_str());
+            }
+            case 4:
+                m_workbench.update();
+                return m_workbench.recover();
+            case 5:
+                m_host.roles = {};
+                for (const int item : {60302, 60303, 60304})
+                    if (m_input.below(4) != 0) m_host.roles.insert(item);
+                m_host.hasMenuItemService = m_input.below(8) != 0;
+                return;
+            case 6:
+                m_host.control().works = m_input.below(4) != 0;
+                return;
+            case 7:
+                m_host.whileBoxIsOpen = [this] {
+                    otp_fail_call(0);
+                    for (std::size_t count = m_input.below(4); count > 0; --count) publish();
+                };
+                return;
+            case 8: {
+                // The fault hits what the press asks of the library.
+                const auto rows = selection();
+                otp_fail_call(1 + static_cast<int>(m_input.below(12)));
+                return m_workbench.accept(rows);
+            }
+            case 9:
+                return m_workbench.handlePublished(nullptr);
+            default:
+                return publish();
+        }
+    }
+
+    void check() {
+        const PendingChanges& changes = m_workbench.changes();
+        require(m_view.rows == changes.size(), "the view has the rows of the records");
+        for (std::size_t row = 0; row < changes.size(); ++row) {
+            const sMakeCheckStruct& record = changes.at(row);
+            require(changes.findRecord(record.key) == &record, "every row is indexed");
+            for (int column = 0; column < 8; ++column)
+                require(mainCellText(record, column).size() < kCellBytes, "a cell fits its buffer");
+        }
+        require(m_host.beeps <= m_messages, "no tone without a message");
+        for (const SentMessage& message : m_host.control().sent) checkSent(message);
+        m_host.control().sent.clear();
+    }
+
+    static void checkSent(const SentMessage& message) {
+        const auto has = [&](int mnemonic, auto allowed) {
+            return std::any_of(message.begin(), message.end(), [&](const auto& field) {
+                return field.first == mnemonic && allowed(field.second);
+            });
+        };
+        require(!message.empty() && message.front().first == MNM_REQUEST_NAME,
+                "a request begins with its name");
+        require(std::find(kAnswered.begin(), kAnswered.end() - 1, message.front().second) !=
+                    kAnswered.end() - 1,
+                "the name of a request is known");
+        const bool rejects =
+            has(MNM_STATUS, [](const std::string& text) { return text == "rejected"; });
+        require(rejects == has(MNM_ERROR, [](const std::string& text) { return !text.empty(); }),
+                "a reject, and only a reject, has a reason");
+    }
+
+    Input m_input;
+    FakeHost m_host;
+    ViewRecorder m_view;
+    Workbench m_workbench{m_host, m_view};
+    int m_messages = 0;
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    Session(data, size).run();
+    return 0;
+}

@@ -1,0 +1,253 @@
+#include "workbench/model/decisions.h"
+
+#include <gtest/gtest.h>
+
+#include "link/model/mnemonics.h"
+#include "tests/unit/answer_recorder.h"
+#include "tests/unit/fake_host.h"
+#include "tests/unit/view_recorder.h"
+
+namespace {
+
+constexpr char kInvestor[] = "INVESTOR_CLIENT";
+
+std::string valueOf(const SentMessage& message, int mnemonic) {
+    for (const auto& [id, text] : message)
+        if (id == mnemonic) return text;
+    return "(absent)";
+}
+
+// A listed change.
+struct Row {
+    std::string key, code, type, entityName, linkedUser;
+};
+
+Row plain(const std::string& key) {
+    return {key, "354", "RETAIL", "CL" + key, ""};
+}
+Row user(const std::string& key, const std::string& name) {
+    return {key, "339", kInvestor, name, ""};
+}
+Row client(const std::string& key, const std::string& linkedUser) {
+    return {key, "353", kInvestor, "CL" + key, linkedUser};
+}
+
+struct DecisionsFixture {
+    void list(const Row& row) {
+        auto record = std::make_unique<PendingChanges::Entry>();
+        record->key = row.key;
+        record->functionalityCode = row.code;
+        record->type = row.type;
+        record->entityName = row.entityName;
+        record->linkedUser = row.linkedUser;
+        changes.addRecord(std::move(record));
+    }
+    void list(const std::vector<Row>& rows) {
+        for (const Row& row : rows) list(row);
+    }
+
+    std::vector<sMakeCheckStruct*> allRows() {
+        std::vector<sMakeCheckStruct*> rows;
+        for (std::size_t i = 0; i < changes.size(); ++i) rows.push_back(&changes.at(i));
+        return rows;
+    }
+    void acceptAll() { acceptSelected(allRows(), changes, requests, host); }
+    void rejectAll(const std::string& reason) {
+        rejectSelected(allRows(), reason, changes, requests);
+    }
+
+    // The decisions that were sent, as "accepted 1001".
+    Lines decisions() {
+        Lines lines;
+        for (const SentMessage& message : host.control().sent)
+            lines.push_back(valueOf(message, MNM_STATUS) + " " +
+                            valueOf(message, MNM_AUTHORIZATION_KEY));
+        return lines;
+    }
+
+    FakeHost host;
+    ViewRecorder view;
+    PendingChanges changes{view};
+    AnswerRecorder answers;
+    serverLink link{host, answers};
+    DetailsOnShow details;
+    Requests requests{host, link, details};
+};
+
+class Decisions : public testing::Test, protected DecisionsFixture {};
+
+TEST(Accept, PairsInvestorsUsersWithTheirClients) {
+    const struct {
+        const char* name;
+        std::vector<Row> rows;
+        Lines accepted;        // keys
+        std::string unpaired;  // as the message box names them
+    } cases[] = {
+        {"nothing selected", {}, {}, ""},
+        {"changes of others go at once",
+         {{"1", "339", "DEALER", "U", ""},
+          {"2", "353", "RETAIL", "C", "U"},
+          {"3", "360", "", "", ""}},
+         {"1", "2", "3"},
+         ""},
+        {"so do an investor's other changes",
+         {{"1", "340", kInvestor, "U", ""},
+          {"2", "354", kInvestor, "C", "U"},
+          {"3", "365", kInvestor, "U", ""},
+          {"4", "366", kInvestor, "C", "U"},
+          {"5", "360", kInvestor, "", ""},
+          {"6", "777", kInvestor, "", ""}},
+         {"1", "2", "3", "4", "5", "6"},
+         ""},
+        {"the user first, after all others",
+         {client("1", "U"), plain("2"), user("3", "U"), plain("4")},
+         {"2", "4", "3", "1"},
+         ""},
+        {"a user alone", {user("1", "U")}, {}, "  U"},
+        {"a client alone", {client("1", "U")}, {}, "  CL1"},
+        {"from the last to the first",
+         {user("1", "U1"), user("2", "U2"), user("3", "U3")},
+         {},
+         "  U3  U2  U1"},
+        {"clients too", {client("1", "U1"), client("2", "U2")}, {}, "  CL2  CL1"},
+        {"clients stay unnamed while a user is unpaired",
+         {user("1", "U1"), client("2", "U2"), client("3", "U3")},
+         {},
+         "  U1"},
+        {"a pair between unpaired ones",
+         {user("1", "U1"), user("2", "U2"), client("3", "U2"), client("4", "U4")},
+         {"2", "3"},
+         "  U1"},
+        {"pairs from the last to the first",
+         {user("1", "U1"), user("2", "U2"), client("3", "U1"), client("4", "U2")},
+         {"2", "4", "1", "3"},
+         ""},
+        {"names are compared exactly",
+         {user("1", "u"), client("2", "U"), user("3", "U ")},
+         {},
+         "  U   u"},
+        {"one client for two users of its name",
+         {user("1", "U"), user("2", "U"), client("3", "U")},
+         {"2", "3", "1", "3"},
+         ""},
+        {"the last of two clients takes the user",
+         {client("1", "U"), client("2", "U"), user("3", "U")},
+         {"3", "2"},
+         "  CL1"},
+        {"the last of two clients takes both users",
+         {client("1", "U"), client("2", "U"), user("3", "U"), user("4", "U"), plain("5")},
+         {"5", "4", "2", "3", "2"},
+         "  CL1"},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        DecisionsFixture f;
+        f.list(each.rows);
+        f.acceptAll();
+
+        Lines decisions, said;
+        for (const std::string& key : each.accepted) {
+            decisions.push_back("accepted " + key);
+            said.emplace_back("log Request sent to Accept Authentication");
+        }
+        if (!each.unpaired.empty()) {
+            const std::string text = "Autenticate User and Account for" + each.unpaired;
+            said.push_back("box " + text);
+            said.push_back("log " + text +
+                           "For Investor client Autenticate User and Client Together");
+        }
+        EXPECT_EQ(f.decisions(), decisions);
+        EXPECT_EQ(f.host.said, said);
+        EXPECT_EQ(f.changes.size(), each.rows.size()) << "no decision removes a row";
+    }
+}
+
+TEST_F(Decisions, AcceptOnlyWhatIsSelected) {
+    list({user("1", "U"), plain("2"), client("3", "U"), plain("4")});
+    sMakeCheckStruct* const selected[] = {&changes.at(0), &changes.at(3)};
+    acceptSelected(selected, changes, requests, host);
+    EXPECT_EQ(decisions(), Lines{"accepted 4"});
+    ASSERT_EQ(host.said.size(), 3u);
+    EXPECT_EQ(host.said[1], "box Autenticate User and Account for  U");
+}
+
+TEST_F(Decisions, AFailingUserWithholdsItsClient) {
+    list({user("1", "U"), client("2", "U")});
+    host.control().works = false;
+    acceptAll();
+    EXPECT_EQ(host.takeSaid(), Lines{"error Failed while sending om_authenticate_functionality"});
+    EXPECT_EQ(changes.size(), 2u);
+
+    // Pressing again does it.
+    host.control().works = true;
+    acceptAll();
+    EXPECT_EQ(decisions(), (Lines{"accepted 1", "accepted 2"}));
+}
+
+TEST_F(Decisions, AFailingChangeDoesNotStopTheNext) {
+    list({plain("1"), plain("2")});
+    host.control().works = false;
+    host.whileBoxIsOpen = [this] { host.control().works = true; };
+    acceptAll();
+    EXPECT_EQ(decisions(), Lines{"accepted 2"});
+    EXPECT_EQ(changes.size(), 2u);
+}
+
+// What others decide while a message box is open is neither decided again nor read after it went.
+TEST_F(Decisions, AcceptSkipsWhatWasDecidedBehindAMessageBox) {
+    list({plain("1"), plain("2"), plain("3"), user("4", "U"), client("5", "U"), user("6", "V"),
+          client("7", "V")});
+    host.control().works = false;
+    host.whileBoxIsOpen = [this] {
+        host.control().works = true;
+        for (const char* key : {"1", "2", "6"}) changes.removeRecord(key);
+        list(plain("2"));  // another change of that key was never selected
+    };
+    acceptAll();
+    EXPECT_EQ(decisions(), (Lines{"accepted 3", "accepted 4", "accepted 5"}));
+}
+
+TEST_F(Decisions, NamesUnpairedChangesThatWereDecidedBehindTheirMessageBox) {
+    list({user("1", "U"), user("2", "V")});
+    host.whileBoxIsOpen = [this] {
+        changes.removeRecord("1");
+        changes.removeRecord("2");
+    };
+    acceptAll();
+    EXPECT_EQ(host.said, (Lines{"box Autenticate User and Account for  V  U",
+                                "log Autenticate User and Account for  V  U"
+                                "For Investor client Autenticate User and Client Together"}));
+}
+
+TEST_F(Decisions, RejectSendsTheReasonInRowOrderWithoutPairing) {
+    list({client("1", "U"), plain("2"), user("3", "U"), user("4", "V")});
+    rejectAll("not agreed");
+    EXPECT_EQ(decisions(), (Lines{"rejected 1", "rejected 2", "rejected 3", "rejected 4"}));
+    for (const SentMessage& message : host.control().sent)
+        EXPECT_EQ(valueOf(message, MNM_ERROR), "not agreed");
+    EXPECT_EQ(host.said, Lines(4, "log Request sent to Reject Authentication"));
+    EXPECT_EQ(changes.size(), 4u);
+}
+
+TEST_F(Decisions, RejectWithoutAReasonOrRowsSendsNothing) {
+    rejectAll("not agreed");
+    list(plain("1"));
+    rejectAll("");
+    EXPECT_EQ(decisions(), Lines{});
+    EXPECT_EQ(host.said, Lines{});
+}
+
+TEST_F(Decisions, RejectSkipsWhatWasDecidedBehindAMessageBox) {
+    list({plain("1"), plain("2"), plain("3")});
+    host.control().works = false;
+    host.whileBoxIsOpen = [this] {
+        host.control().works = true;
+        changes.removeRecord("2");
+        changes.removeRecord("1");
+    };
+    rejectAll("not agreed");
+    EXPECT_EQ(decisions(), Lines{"rejected 3"});
+    EXPECT_EQ(changes.size(), 1u);
+}
+
+}  // namespace

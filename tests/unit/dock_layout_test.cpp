@@ -1,0 +1,180 @@
+#include "framework/model/dock_layout.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <random>
+
+#include "sdk/docking.h"
+
+namespace fw {
+
+void PrintTo(const Rect& r, std::ostream* out) {
+    *out << '(' << r.left << ", " << r.top << ")-(" << r.right << ", " << r.bottom << ')';
+}
+
+namespace {
+
+constexpr DockMetrics kMetrics{5, 80, 60};
+constexpr Rect kClient{10, 20, 1010, 620};
+
+long long areaOf(const Rect& rect) {
+    return static_cast<long long>(rect.width()) * rect.height();
+}
+
+bool holds(const Rect& outer, const Rect& inner) {
+    return inner.left >= outer.left && inner.right <= outer.right && inner.top >= outer.top &&
+           inner.bottom <= outer.bottom;
+}
+
+bool overlap(const Rect& a, const Rect& b) {
+    return std::max(a.left, b.left) < std::min(a.right, b.right) &&
+           std::max(a.top, b.top) < std::min(a.bottom, b.bottom);
+}
+
+TEST(DockLayout, PlacesOnePane) {
+    const struct {
+        const char* name;
+        unsigned side;
+        int extent;
+        Rect pane, sash, inner;
+    } cases[] = {
+        {"left", kDockLeft, 200, {10, 20, 210, 620}, {210, 20, 215, 620}, {215, 20, 1010, 620}},
+        {"right", kDockRight, 200, {810, 20, 1010, 620}, {805, 20, 810, 620}, {10, 20, 805, 620}},
+        {"top", kDockTop, 200, {10, 20, 1010, 220}, {10, 220, 1010, 225}, {10, 225, 1010, 620}},
+        {"bottom",
+         kDockBottom,
+         200,
+         {10, 420, 1010, 620},
+         {10, 415, 1010, 420},
+         {10, 20, 1010, 415}},
+        {"no less than a pane's minimum",
+         kDockLeft,
+         3,
+         {10, 20, 90, 620},
+         {90, 20, 95, 620},
+         {95, 20, 1010, 620}},
+        {"leaves the inner minimum",
+         kDockBottom,
+         9999,
+         {10, 85, 1010, 620},
+         {10, 80, 1010, 85},
+         {10, 20, 1010, 80}},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        const DockedPane pane{each.side, each.extent};
+        const DockLayout layout = layOut(kClient, {&pane, 1}, kMetrics);
+        ASSERT_EQ(layout.places.size(), 1u);
+        EXPECT_EQ(layout.places[0].pane, each.pane);
+        EXPECT_EQ(layout.places[0].sash, each.sash);
+        EXPECT_EQ(layout.inner, each.inner);
+        EXPECT_EQ(placeAtSide(kClient, each.side, each.extent, kMetrics), each.pane);
+    }
+}
+
+TEST(DockLayout, WithoutPanesTheInnerPartIsAll) {
+    const DockLayout layout = layOut(kClient, {}, kMetrics);
+    EXPECT_TRUE(layout.places.empty());
+    EXPECT_EQ(layout.inner, kClient);
+}
+
+TEST(DockLayout, LaterPanesTakeFromWhatIsLeft) {
+    const DockedPane panes[] = {{kDockBottom, 100}, {kDockLeft, 300}, {kDockBottom, 150}};
+    const DockLayout layout = layOut(kClient, panes, kMetrics);
+    ASSERT_EQ(layout.places.size(), 3u);
+    EXPECT_EQ(layout.places[0].pane, (Rect{10, 520, 1010, 620}));
+    EXPECT_EQ(layout.places[1].pane, (Rect{10, 20, 310, 515}));
+    EXPECT_EQ(layout.places[2].pane, (Rect{315, 365, 1010, 515}));
+    EXPECT_EQ(layout.inner, (Rect{315, 20, 1010, 360}));
+}
+
+TEST(DockLayout, ThePaneYieldsBeforeTheInnerPartDoes) {
+    const DockedPane pane{kDockLeft, 200};
+    const struct {
+        int width, paneWidth, sashWidth, innerWidth;
+    } cases[] = {{265, 200, 5, 60}, {264, 199, 5, 60}, {66, 1, 5, 60},
+                 {65, 0, 5, 60},    {64, 0, 5, 59},    {5, 0, 5, 0},
+                 {3, 0, 3, 0},      {0, 0, 0, 0},      {-7, 0, 0, 0}};
+    for (const auto& each : cases) {
+        const DockLayout layout = layOut({0, 0, each.width, 400}, {&pane, 1}, kMetrics);
+        EXPECT_EQ(layout.places[0].pane.width(), each.paneWidth) << each.width;
+        EXPECT_EQ(layout.places[0].sash.width(), each.sashWidth) << each.width;
+        EXPECT_EQ(layout.inner.width(), each.innerWidth) << each.width;
+    }
+}
+
+// Whatever the sizes: nothing is negative, and the pieces tile the client area.
+TEST(DockLayout, TilesAnyClientArea) {
+    std::mt19937 random(99);
+    const auto between = [&](int from, int to) {
+        return std::uniform_int_distribution(from, to)(random);
+    };
+    constexpr unsigned sides[] = {kDockLeft, kDockTop, kDockRight, kDockBottom};
+    for (int round = 0; round < 3000; ++round) {
+        const int left = between(-500, 500), top = between(-500, 500);
+        const int largest = round % 3 == 0 ? 100 : 2000;
+        const Rect client{left, top, left + between(0, largest), top + between(0, largest)};
+        const DockMetrics metrics{between(0, 12), between(0, 150), between(0, 150)};
+        std::vector<DockedPane> panes(static_cast<std::size_t>(between(0, 6)));
+        for (DockedPane& pane : panes) pane = {sides[between(0, 3)], between(-50, 2500)};
+
+        const DockLayout layout = layOut(client, panes, metrics);
+        ASSERT_EQ(layout.places.size(), panes.size());
+        std::vector<Rect> pieces{layout.inner};
+        for (const DockPlace& place : layout.places) {
+            pieces.push_back(place.pane);
+            pieces.push_back(place.sash);
+        }
+        long long area = 0;
+        for (std::size_t i = 0; i < pieces.size(); ++i) {
+            ASSERT_GE(pieces[i].width(), 0) << round;
+            ASSERT_GE(pieces[i].height(), 0) << round;
+            ASSERT_TRUE(holds(client, pieces[i])) << round;
+            for (std::size_t j = 0; j < i; ++j) ASSERT_FALSE(overlap(pieces[i], pieces[j]));
+            area += areaOf(pieces[i]);
+        }
+        ASSERT_EQ(area, areaOf(client)) << round;
+    }
+}
+
+TEST(SideAt, IsTheNearestEdgeWithinTheBand) {
+    const struct {
+        int x, y;
+        unsigned side;
+    } cases[] = {
+        {10, 300, kDockLeft},
+        {39, 300, kDockLeft},
+        {40, 300, 0},
+        {1009, 300, kDockRight},
+        {980, 300, kDockRight},
+        {979, 300, 0},
+        {500, 20, kDockTop},
+        {500, 49, kDockTop},
+        {500, 50, 0},
+        {500, 619, kDockBottom},
+        {500, 590, kDockBottom},
+        {500, 589, 0},
+        {12, 25, kDockLeft},
+        {15, 22, kDockTop},
+        {1007, 615, kDockRight},
+        {1005, 618, kDockBottom},
+        {9, 300, 0},
+        {1010, 300, 0},
+        {500, 19, 0},
+        {500, 620, 0},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(sideAt(kClient, each.x, each.y, 30), each.side) << each.x << ", " << each.y;
+}
+
+TEST(ExtentTo, IsMeasuredFromThePanesOwnSide) {
+    EXPECT_EQ(extentTo(kClient, kDockLeft, 110, 400), 100);
+    EXPECT_EQ(extentTo(kClient, kDockRight, 910, 400), 100);
+    EXPECT_EQ(extentTo(kClient, kDockTop, 500, 120), 100);
+    EXPECT_EQ(extentTo(kClient, kDockBottom, 500, 520), 100);
+    EXPECT_EQ(extentTo(kClient, kDockLeft, -40, 400), -50);
+}
+
+}  // namespace
+}  // namespace fw

@@ -1,0 +1,171 @@
+// A host whose services can fail or be missing, and which remembers what it was asked.
+//
+// One at a time: the services are plain functions, and find the host that lives now.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "link/model/host.h"
+#include "sdk/connectvosk.h"
+
+using Lines = std::vector<std::string>;
+using SentMessage = std::vector<std::pair<int, std::string>>;
+
+// The fields of a message under construction, in order of appending. What reaches a control is
+// complete, so a fault that was set up for its building ends here.
+inline SentMessage readBack(void* message) {
+    otp_fail_call(0);
+    SentMessage fields;
+    std::map<int, int> seen;
+    for (int place = 0; place < otp_field_count(message); ++place) {
+        const int mnemonic = otp_field_at(message, place);
+        const char* text = nullptr;
+        void* error = nullptr;
+        if (otp_get_data_as_cstring(message, mnemonic, seen[mnemonic]++, &text, &error) == 0)
+            text = "(unreadable)";
+        fields.emplace_back(mnemonic, text);
+    }
+    return fields;
+}
+
+struct Subscription {
+    SentMessage pairs;
+    bool ofItself;             // names the control that it goes through
+    std::vector<int> numbers;  // the three after it
+
+    bool operator==(const Subscription&) const = default;
+};
+
+class FakeControl final : public CQuonRxControl {
+public:
+    FakeControl(int ofKind, CQuonRxNotifierBase* boundTo) : kind(ofKind), receiver(boundTo) {}
+
+    const int kind;
+    CQuonRxNotifierBase* const receiver;
+    bool works = true;  // or every operation fails
+    std::vector<SentMessage> sent;
+    std::vector<Subscription> subscriptions;
+    int unsubscribed = 0;
+    // Before a message is sent, and after it was.
+    std::function<void(void* message)> sending = [](void*) {};
+    std::function<void(void* message)> delivered = [](void*) {};
+
+    int send(int& requestId, void* message, int, void**) override {
+        const SentMessage fields = readBack(message);
+        sending(message);
+        if (!works) return 0;
+        sent.push_back(fields);
+        requestId = static_cast<int>(sent.size());
+        delivered(message);
+        return 1;
+    }
+
+    int subscribe(int& subscriptionId, const int* mnemonics, const char* const* values, int pairs,
+                  CQuonRxControl* self, int first, int second, int third, void**) override {
+        if (!works) return 0;
+        Subscription subscription{{}, self == this, {first, second, third}};
+        for (int i = 0; i < pairs; ++i) subscription.pairs.emplace_back(mnemonics[i], values[i]);
+        subscriptions.push_back(subscription);
+        subscriptionId = static_cast<int>(subscriptions.size());
+        return 1;
+    }
+
+    int unsubscribe(int) override {
+        if (works) ++unsubscribed;
+        return works ? 1 : 0;
+    }
+};
+
+class FakeHost final : public Host {
+public:
+    FakeHost() { s_current = this; }
+    ~FakeHost() {
+        otp_fail_call(0);
+        s_current = nullptr;
+    }
+    FakeHost(const FakeHost&) = delete;
+    FakeHost& operator=(const FakeHost&) = delete;
+
+    std::string brokerId = "ZEKB";
+    std::string userId = "CHECK01";
+    int level = 0;
+    std::set<int> roles{kMenuItemSeeLimits, kMenuItemSeeUsers, kMenuItemSeeClientsAndInvestors};
+    bool hasMenuItemService = true;
+    bool hasControlService = true;
+    std::set<int> controlKinds{0, 3};  // of the controls that the service makes
+
+    // Runs once, while the next message box is open.
+    std::function<void()> whileBoxIsOpen;
+
+    // Every line, in order: "box TEXT" of a bare message box, "error TEXT" and "log TEXT" of a
+    // report by its level.
+    Lines said;
+    int beeps = 0;
+    int menuItemLookups = 0;
+    std::vector<int> menuItemsAsked;
+    std::map<int, std::unique_ptr<FakeControl>> controls;  // made, by kind
+    std::vector<int> released;                             // kinds of controls, in order
+
+    FakeControl& control() { return *controls.at(0); }
+
+    // What was said since the last call.
+    Lines takeSaid() { return std::exchange(said, {}); }
+
+    const std::string& peerBrokerId() const override { return brokerId; }
+    const std::string& peerUserId() const override { return userId; }
+    int privilegeLevel() const override { return level; }
+
+    PuGetFindMenuItemInRoles* menuItemService() override {
+        ++menuItemLookups;
+        return hasMenuItemService ? &holdsMenuItem : nullptr;
+    }
+    PuGetMakerCheckerModifyRight* modifyRightService() override { return nullptr; }
+    GetQuonRxControlService* receiveControlService() override {
+        return hasControlService ? &receiveControl : nullptr;
+    }
+
+    void reportToUser(std::string_view text, int reportLevel) override {
+        said.push_back((reportLevel == kReportError     ? "error "
+                        : reportLevel == kReportMessage ? "log "
+                                                        : "level? ") +
+                       std::string(text));
+        if (reportLevel == kReportError) boxIsOpen();
+    }
+    void showMessage(const std::string& text) override {
+        said.push_back("box " + text);
+        boxIsOpen();
+    }
+    void beep() override { ++beeps; }
+
+private:
+    void boxIsOpen() {
+        if (const auto run = std::exchange(whileBoxIsOpen, nullptr)) run();
+    }
+
+    static int holdsMenuItem(int menuItem) {
+        s_current->menuItemsAsked.push_back(menuItem);
+        return s_current->roles.contains(menuItem) ? 1 : 0;
+    }
+
+    static CQuonRxControl* receiveControl(int kind, CQuonRxNotifierBase* receiver,
+                                          CQuonRxControl* release) {
+        if (receiver == nullptr) {
+            const auto* control = static_cast<FakeControl*>(release);
+            s_current->released.push_back(control != nullptr ? control->kind : -1);
+            return nullptr;
+        }
+        if (!s_current->controlKinds.contains(kind)) return nullptr;
+        auto& control = s_current->controls[kind];
+        control = std::make_unique<FakeControl>(kind, receiver);
+        return control.get();
+    }
+
+    static inline FakeHost* s_current = nullptr;
+};

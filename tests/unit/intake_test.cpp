@@ -1,0 +1,387 @@
+#include "details/model/intake.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "tests/unit/fake_host.h"
+#include "tests/unit/message_builder.h"
+#include "tests/unit/view_recorder.h"
+
+namespace {
+
+constexpr char kPending[] = "auth pending";
+constexpr char kInvestor[] = "INVESTOR_CLIENT";
+
+class IntakeTest : public testing::Test {
+protected:
+    void take(const zek::OwnedMessage& message) { intake.handle(FieldReader(message.handle())); }
+
+    // Takes in a pending change and forgets what that did to view and host.
+    sMakeCheckStruct& listed(const std::string& key, const FieldTexts& fields) {
+        take(publication(kPending, key, fields));
+        view.events.clear();
+        host.beeps = 0;
+        host.menuItemsAsked.clear();
+        return *changes.findRecord(key);
+    }
+
+    void expectNothingHappened() {
+        EXPECT_EQ(view.events, Lines{});
+        EXPECT_EQ(host.beeps, 0);
+        EXPECT_EQ(host.said, Lines{});
+    }
+
+    FakeHost host;
+    ViewRecorder view;
+    PendingChanges changes{view};
+    DetailsOnShow details;
+    Intake intake{host, changes, details, view};
+};
+
+// A publication of every kind, with every field that the intake reads.
+FieldTexts allFields(const std::string& code, const std::string& type) {
+    return {{MNM_FUNCTIONALITY, code}, {MNM_TYPE, type},       {MNM_REQUESTING_USER, "MAKER01"},
+            {MNM_BROKER, "ZEKB"},      {MNM_BRANCH, "MUM01"},  {MNM_ACCOUNT_GROUP, "GRP1"},
+            {MNM_USER, "DLR101"},      {MNM_ACCOUNT_ID, "CL5"}};
+}
+
+struct KindCase {
+    std::string code, type;
+    std::string entityName, linkedUser;
+    int right;  // 0: none is asked for
+};
+const KindCase kKinds[] = {
+    {"339", "DEALER", "DLR101", "", 60303},
+    {"340", "DEALER", "DLR101", "", 60303},
+    {"365", "DEALER", "DLR101", "", 60303},
+    {"339", kInvestor, "DLR101", "", 60304},
+    {"340", kInvestor, "DLR101", "", 60304},
+    {"365", kInvestor, "DLR101", "", 60304},
+    {"339", "investor_client", "DLR101", "", 60303},
+    {"353", "RETAIL", "CL5", "", 60304},
+    {"354", "RETAIL", "CL5", "", 60304},
+    {"366", "RETAIL", "CL5", "", 60304},
+    {"353", kInvestor, "CL5", "DLR101", 60304},
+    {"354", kInvestor, "CL5", "DLR101", 60304},
+    {"366", kInvestor, "CL5", "DLR101", 60304},
+    {"360", "DEALER", "Broker - ZEKB", "", 60302},
+    {"360", kInvestor, "Broker - ZEKB", "", 60302},
+    {"341", kInvestor, "", "", 0},
+    {"339 ", "DEALER", "", "", 0},
+    {"", "DEALER", "", "", 0},
+};
+
+TEST_F(IntakeTest, ListsEachKindWithItsRecord) {
+    for (const KindCase& each : kKinds) {
+        SCOPED_TRACE(each.code + " " + each.type);
+        changes.clearAllRecords();
+        const sMakeCheckStruct& record = listed("1001", allFields(each.code, each.type));
+        EXPECT_EQ(record.key, "1001");
+        EXPECT_EQ(record.makerId, "MAKER01");
+        EXPECT_EQ(record.entityName, each.entityName);
+        EXPECT_EQ(record.spare, "");
+        EXPECT_EQ(record.functionalityCode, each.code);
+        EXPECT_EQ(record.brokerId, "ZEKB");
+        EXPECT_EQ(record.branchId, "MUM01");
+        EXPECT_EQ(record.linkedUser, each.linkedUser);
+        EXPECT_EQ(record.type, each.type);
+    }
+}
+
+TEST_F(IntakeTest, AsksForTheOneRightOfEachKind) {
+    for (const KindCase& each : kKinds) {
+        SCOPED_TRACE(each.code + " " + each.type);
+        const auto message = publication(kPending, "1001", allFields(each.code, each.type));
+        const std::vector<int> asked =
+            each.right != 0 ? std::vector<int>{each.right} : std::vector<int>{};
+
+        host.roles = {each.right};
+        host.menuItemsAsked.clear();
+        take(message);
+        EXPECT_EQ(host.menuItemsAsked, asked);
+        EXPECT_EQ(changes.size(), 1u) << "the one right is enough";
+        changes.clearAllRecords();
+
+        host.roles = {60302, 60303, 60304};
+        host.roles.erase(each.right);
+        take(message);
+        EXPECT_EQ(changes.size(), each.right == 0 ? 1u : 0u) << "no other right will do";
+        changes.clearAllRecords();
+
+        host.hasMenuItemService = false;
+        take(message);
+        EXPECT_EQ(changes.size(), each.right == 0 ? 1u : 0u) << "a right is not held unasked";
+        changes.clearAllRecords();
+        host.hasMenuItemService = true;
+    }
+}
+
+TEST_F(IntakeTest, ShowsANewChangeAndBeeps) {
+    take(publication(kPending, "1001", allFields("339", "DEALER")));
+    take(publication(kPending, "1002", allFields("360", "")));
+    EXPECT_EQ(view.events, (Lines{"append", "append"}));
+    EXPECT_EQ(host.beeps, 2);
+    EXPECT_EQ(changes.at(0).key, "1001");
+    EXPECT_EQ(changes.at(1).key, "1002");
+    EXPECT_EQ(host.said, Lines{});
+}
+
+TEST_F(IntakeTest, LosesAChangeWithoutItsRightSilently) {
+    host.roles = {};
+    take(publication(kPending, "1001", allFields("339", "DEALER")));
+    expectNothingHappened();
+    EXPECT_EQ(changes.findRecord("1001"), nullptr);
+}
+
+TEST_F(IntakeTest, IgnoresMessagesWithoutAKnownStatusAndAKey) {
+    const std::optional<std::string> statuses[] = {"Auth Pending",
+                                                   "auth pending ",
+                                                   " auth pending",
+                                                   "auth",
+                                                   "Accepted",
+                                                   "accepted ",
+                                                   "ACCEPTED",
+                                                   "Rejected",
+                                                   "rejected\t",
+                                                   "",
+                                                   "pending",
+                                                   "1",
+                                                   std::string(100000, 'a'),
+                                                   kUnreadable};
+    listed("1001", allFields("339", "DEALER"));
+    details.key = "1001";
+    for (const auto& status : statuses) {
+        SCOPED_TRACE(status.value_or("unreadable").substr(0, 20));
+        for (const char* key : {"1001", "1002"}) {
+            FieldTexts fields = allFields("354", "RETAIL");
+            fields.insert(fields.begin(), {{MNM_PUBLICATION_STATUS, status},
+                                           {MNM_PUBLICATION_STATUS, "accepted"},
+                                           {MNM_AUTHORIZATION_KEY, key}});
+            take(makeMessage(fields));
+        }
+    }
+    take(makeMessage({{MNM_AUTHORIZATION_KEY, "1001"}}));
+    for (const char* status : {kPending, "accepted", "rejected"}) {
+        take(makeMessage({{MNM_PUBLICATION_STATUS, status}, {MNM_FUNCTIONALITY, "339"}}));
+        take(makeMessage({{MNM_PUBLICATION_STATUS, status},
+                          {MNM_AUTHORIZATION_KEY, kUnreadable},
+                          {MNM_AUTHORIZATION_KEY, "1001"}}));
+    }
+    intake.handle(FieldReader(nullptr));
+
+    expectNothingHappened();
+    EXPECT_EQ(changes.size(), 1u);
+    EXPECT_EQ(changes.at(0).functionalityCode, "339");
+    EXPECT_EQ(details.key, "1001");
+}
+
+TEST_F(IntakeTest, LooksTheRightsServiceUpForEveryMessage) {
+    take(makeMessage({}));
+    take(publication("accepted", "1001"));
+    take(publication(kPending, "1001", allFields("360", "")));
+    EXPECT_EQ(host.menuItemLookups, 3);
+}
+
+TEST_F(IntakeTest, RefreshesAKnownChangeInPlace) {
+    const sMakeCheckStruct* const record = &listed("1001", allFields("353", kInvestor));
+    listed("1002", allFields("339", "DEALER"));
+    take(publication(kPending, "1001",
+                     {{MNM_FUNCTIONALITY, "354"},
+                      {MNM_TYPE, "RETAIL"},
+                      {MNM_USER, "DLR202"},
+                      {MNM_ACCOUNT_ID, "CL9"},
+                      {MNM_REQUESTING_USER, "MAKER02"},
+                      {MNM_BROKER, "OTHB"},
+                      {MNM_BRANCH, "DEL01"}}));
+    EXPECT_EQ(view.events, Lines{"redraw"});
+    EXPECT_EQ(host.beeps, 1);
+    EXPECT_EQ(changes.size(), 2u);
+    EXPECT_EQ(&changes.at(0), record);
+    EXPECT_EQ(changes.findRecord("1001"), record);
+
+    EXPECT_EQ(record->functionalityCode, "354");
+    EXPECT_EQ(record->type, "RETAIL");
+    EXPECT_EQ(record->entityName, "CL9");
+    EXPECT_EQ(record->linkedUser, "") << "only an investor's client has one";
+    EXPECT_EQ(record->makerId, "MAKER02");
+    EXPECT_EQ(record->brokerId, "OTHB");
+    EXPECT_EQ(record->branchId, "DEL01");
+}
+
+TEST_F(IntakeTest, KeepsWhatARefreshDoesNotTell) {
+    struct {
+        const char* code;
+        const char* entityName;
+        const char* linkedUser;
+    } const cases[] = {
+        {"339", "DLR101", ""},
+        {"353", "CL5", ""},  // told anew each time
+        {"360", "", ""},     // composed anew each time
+    };
+    for (const auto& each : cases) {
+        for (const bool unreadable : {false, true}) {
+            SCOPED_TRACE(std::string(each.code) + (unreadable ? " unreadable" : " absent"));
+            changes.clearAllRecords();
+            const sMakeCheckStruct& record = listed("1001", allFields(each.code, kInvestor));
+            FieldTexts fields = allFields(each.code, kInvestor);
+            for (auto& field : fields) field.text = kUnreadable;
+            take(publication(kPending, "1001", unreadable ? fields : FieldTexts{}));
+
+            EXPECT_EQ(view.events, Lines{"redraw"});
+            EXPECT_EQ(record.functionalityCode, each.code);
+            EXPECT_EQ(record.type, kInvestor);
+            EXPECT_EQ(record.entityName, each.entityName);
+            EXPECT_EQ(record.linkedUser, each.linkedUser);
+            EXPECT_EQ(record.makerId, "MAKER01");
+            EXPECT_EQ(record.brokerId, "ZEKB");
+            EXPECT_EQ(record.branchId, "MUM01");
+        }
+    }
+}
+
+TEST_F(IntakeTest, NamesLimitsAfterTheFirstLevelGiven) {
+    // In another order than they count, and each missing from the next case on.
+    const struct {
+        FieldTexts fields;
+        std::string name;
+    } cases[] = {
+        {{{54001, "C"}, {31003, "D"}, {64052, "G"}, {64053, "B"}, {64056, "Z"}}, "Broker - Z"},
+        {{{54001, "C"}, {31003, "D"}, {64052, "G"}, {64053, "B"}}, "Branch - B"},
+        {{{54001, "C"}, {31003, "D"}, {64052, "G"}}, "Account Group - G"},
+        {{{54001, "C"}, {31003, "D"}}, "Dealer - D"},
+        {{{54001, "C"}}, "Client - C"},
+        {{}, ""},
+        {{{64056, kUnreadable}, {31003, "D"}, {64053, "B"}}, "Branch - B"},
+        {{{64056, ""}, {64053, "B"}}, "Broker - "},
+    };
+    for (const auto& each : cases) {
+        changes.clearAllRecords();
+        FieldTexts fields = each.fields;
+        fields.push_back({MNM_FUNCTIONALITY, "360"});
+        EXPECT_EQ(listed("1001", fields).entityName, each.name);
+    }
+}
+
+TEST_F(IntakeTest, NeverListsTheCheckersOwnChange) {
+    FieldTexts own = allFields("339", "DEALER");
+    for (auto& field : own)
+        if (field.mnemonic == MNM_REQUESTING_USER) field.text = host.userId;
+    take(publication(kPending, "1001", own));
+    EXPECT_EQ(changes.findRecord("1001"), nullptr);
+    expectNothingHappened();
+
+    FieldTexts alike = allFields("339", "DEALER");
+    alike[2].text = "check01";
+    take(publication(kPending, "1001", alike));
+    EXPECT_EQ(changes.size(), 1u) << "names differ in case";
+}
+
+TEST_F(IntakeTest, KeepsWhatAnOwnRefreshToldWithoutShowingIt) {
+    const sMakeCheckStruct& record = listed("1001", allFields("339", "DEALER"));
+    take(publication(kPending, "1001",
+                     {{MNM_FUNCTIONALITY, "340"},
+                      {MNM_USER, "DLR202"},
+                      {MNM_REQUESTING_USER, host.userId},
+                      {MNM_BRANCH, "DEL01"}}));
+    expectNothingHappened();
+    EXPECT_EQ(changes.size(), 1u);
+    EXPECT_EQ(record.functionalityCode, "340");
+    EXPECT_EQ(record.entityName, "DLR202");
+    EXPECT_EQ(record.makerId, host.userId);
+    EXPECT_EQ(record.branchId, "DEL01");
+}
+
+TEST_F(IntakeTest, DropsAListedChangeWhoseRightIsLost) {
+    for (const bool shown : {true, false}) {
+        for (const bool own : {true, false}) {
+            host.roles = {60302, 60303, 60304};
+            changes.clearAllRecords();
+            listed("1000", allFields("360", ""));
+            listed("1001", allFields("339", "DEALER"));
+            details.key = shown ? "1001" : "1000";
+            details.modifiedValues = {{64210, "5"}};
+            host.roles = {60302};
+            // The right is asked for before the maker is read.
+            take(publication(kPending, "1001",
+                             {{MNM_REQUESTING_USER, own ? host.userId : "MAKER01"}}));
+            EXPECT_EQ(view.events,
+                      shown ? (Lines{"remove 1", "empty details"}) : Lines{"remove 1"});
+            EXPECT_EQ(changes.size(), 1u);
+            EXPECT_EQ(changes.findRecord("1001"), nullptr);
+            EXPECT_EQ(host.beeps, 0);
+            EXPECT_EQ(details.key, shown ? std::nullopt : std::optional<std::string>("1000"));
+            EXPECT_EQ(details.modifiedValues.empty(), shown);
+        }
+    }
+}
+
+TEST_F(IntakeTest, RemovesADecidedChange) {
+    for (const char* status : {"accepted", "rejected"}) {
+        for (const bool shown : {true, false}) {
+            changes.clearAllRecords();
+            for (const char* key : {"1000", "1001", "1002"})
+                listed(key, allFields("339", "DEALER"));
+            details.key = shown ? "1001" : "1002";
+            details.modifiedValues = {{64210, "5"}};
+            host.roles = {};  // whoever may not see changes still learns that they are gone
+            take(publication(status, "1001", {{MNM_REQUESTING_USER, host.userId}}));
+            host.roles = {60303};
+            EXPECT_EQ(view.events,
+                      shown ? (Lines{"remove 1", "empty details"}) : Lines{"remove 1"});
+            EXPECT_EQ(changes.size(), 2u);
+            EXPECT_EQ(changes.at(1).key, "1002");
+            EXPECT_EQ(changes.findRecord("1001"), nullptr);
+            EXPECT_EQ(details.modifiedValues.empty(), shown);
+            EXPECT_EQ(host.beeps, 0);
+        }
+    }
+}
+
+TEST_F(IntakeTest, OutcomeOfAnUnknownChangeOnlyClearsItsDetails) {
+    listed("1001", allFields("339", "DEALER"));
+    take(publication("accepted", "2002"));
+    expectNothingHappened();
+
+    details.key = "2002";
+    take(publication("rejected", "2002"));
+    EXPECT_EQ(view.events, Lines{"empty details"});
+    EXPECT_EQ(details.key, std::nullopt);
+    EXPECT_EQ(changes.size(), 1u);
+}
+
+TEST_F(IntakeTest, TakesTheFirstOfRepeatedFields) {
+    FieldTexts fields = allFields("339", "DEALER");
+    for (const auto& again : allFields("360", kInvestor)) fields.push_back(again);
+    fields.push_back({MNM_AUTHORIZATION_KEY, "1002"});
+    fields.push_back({MNM_PUBLICATION_STATUS, "rejected"});
+    const sMakeCheckStruct& record = listed("1001", fields);
+    EXPECT_EQ(record.functionalityCode, "339");
+    EXPECT_EQ(record.type, "DEALER");
+    EXPECT_EQ(changes.size(), 1u);
+}
+
+TEST_F(IntakeTest, CarriesTextsOfAnyLength) {
+    const std::string key(100000, 'k');
+    const std::string text(100000, 't');
+    FieldTexts fields = allFields("360", text);
+    for (auto& field : fields)
+        if (field.mnemonic != MNM_FUNCTIONALITY) field.text = text;
+    const sMakeCheckStruct& record = listed(key, fields);
+    EXPECT_EQ(record.entityName, "Broker - " + text);
+    EXPECT_EQ(record.makerId, text);
+    EXPECT_EQ(record.type, text);
+    take(publication("accepted", key.substr(1)));
+    EXPECT_EQ(changes.size(), 1u);
+    take(publication("accepted", key));
+    EXPECT_EQ(changes.size(), 0u);
+}
+
+TEST_F(IntakeTest, AnEmptyKeyIsAKey) {
+    listed("", allFields("339", "DEALER"));
+    EXPECT_EQ(changes.size(), 1u);
+    take(publication("accepted", ""));
+    EXPECT_EQ(view.events, Lines{"remove 0"});
+}
+
+}  // namespace

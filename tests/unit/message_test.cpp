@@ -1,0 +1,68 @@
+#include "link/model/message.h"
+
+#include <gtest/gtest.h>
+
+#include "sdk/connectvosk.h"
+#include "tests/unit/message_builder.h"
+
+namespace {
+
+TEST(AnswerError, IsReadFromItsField) {
+    const struct {
+        const char* name;
+        FieldTexts answer;
+        bool isError;
+        std::string text;
+        int code;
+    } cases[] = {
+        {"no field", {{MNM_STATUS, "rejected"}, {MNM_AUTHORIZATION_KEY, "1001"}}, false, "", 0},
+        {"a text", {{MNM_ERROR, "No such change"}}, true, "No such change", 0},
+        {"a number", {{MNM_ERROR, "-17"}}, true, "-17", -17},
+        {"a number too large", {{MNM_ERROR, "99999999999"}}, true, "99999999999", 0},
+        {"an empty text", {{MNM_ERROR, ""}}, true, "", 0},
+        {"unreadable", {{MNM_ERROR, kUnreadable}}, true, "", 0},
+        {"unreadable, then readable", {{MNM_ERROR, kUnreadable}, {MNM_ERROR, "5"}}, true, "", 0},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        const auto message = makeMessage(each.answer);
+        const auto error = answerError(FieldReader(message.handle()));
+        ASSERT_EQ(error.has_value(), each.isError);
+        if (!error) continue;
+        EXPECT_EQ(error->text, each.text);
+        EXPECT_EQ(error->code, each.code);
+    }
+}
+
+TEST(FieldReader, KeepsWhatItCannotReplace) {
+    const auto message = makeMessage({{1, "one"}, {2, kUnreadable}, {3, ""}});
+    const FieldReader reader(message.handle());
+    std::string value = "old";
+    EXPECT_FALSE(reader.read(2, value));
+    EXPECT_FALSE(reader.read(4, value));
+    EXPECT_EQ(value, "old");
+    EXPECT_TRUE(reader.read(3, value));
+    EXPECT_EQ(value, "");
+}
+
+TEST(FieldReader, ReadsOccurrences) {
+    const auto message = makeMessage({{1, "10"}, {2, "x"}, {1, "20"}, {1, kUnreadable}});
+    const FieldReader reader(message.handle());
+    EXPECT_EQ(reader.count(1), 3);
+    EXPECT_EQ(reader.text(1, 1), "20");
+    EXPECT_EQ(reader.integer(1, 1), 20);
+    EXPECT_EQ(reader.text(1, 2), std::nullopt);
+    EXPECT_EQ(reader.text(1, 3), std::nullopt);
+    EXPECT_EQ(reader.text(1, -1), std::nullopt);
+    EXPECT_EQ(reader.integer(2), std::nullopt);
+}
+
+TEST(FieldReader, FindsNothingInANullMessage) {
+    const FieldReader reader(nullptr);
+    EXPECT_EQ(reader.text(1), std::nullopt);
+    EXPECT_EQ(reader.count(1), std::nullopt);
+    EXPECT_EQ(reader.integer(1), std::nullopt);
+    EXPECT_FALSE(answerError(reader).has_value());
+}
+
+}  // namespace

@@ -1,0 +1,181 @@
+#include "link/model/server_link.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "link/model/mnemonics.h"
+#include "tests/unit/answer_recorder.h"
+#include "tests/unit/fake_host.h"
+#include "tests/unit/message_builder.h"
+
+// A link that lost the host's service keeps its handles on purpose.
+#if defined(__SANITIZE_ADDRESS__)
+#include <sanitizer/lsan_interface.h>
+using HandlesMayStay = __lsan::ScopedDisabler;
+#else
+struct HandlesMayStay {
+    HandlesMayStay() {}
+};
+#endif
+
+namespace {
+
+constexpr int kHandles = 4;
+
+// Whether a one-field message can be built and sent.
+bool canSend(serverLink& link) {
+    return link.startMessage() && link.append(MNM_USER, "X") && link.send();
+}
+
+TEST(ServerLink, GoesOnWhereAHandleCannotBeOpened) {
+    const struct {
+        int failingCall;
+        Lines said;
+        bool canSend;
+    } cases[] = {
+        {1, {"box MnmHndl Open failed in Market Context"}, false},
+        {2, {"box BufHndl Open failed in Market Context"}, false},
+        {3, {"box TimeBufHndl Open failed in Market Context"}, true},
+        {4, {"box TmHndl Open failed in Market Context"}, true},
+        {5, {}, true},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.failingCall);
+        FakeHost host;
+        AnswerRecorder answers;
+        otp_fail_call(each.failingCall);
+        std::optional<serverLink> link(std::in_place, host, answers);
+        EXPECT_EQ(otp_fail_call(0), kHandles);
+        EXPECT_EQ(host.takeSaid(), each.said);
+        EXPECT_EQ(host.controls.size(), 2u);
+        EXPECT_EQ(canSend(*link), each.canSend);
+
+        otp_fail_call(0);
+        link.reset();
+        const int open = each.said.empty() ? kHandles : kHandles - 1;
+        EXPECT_EQ(otp_fail_call(0), open) << "closes what it opened";
+        EXPECT_EQ(host.takeSaid(), Lines{});
+    }
+}
+
+TEST(ServerLink, BindsAReceiverToEachControlAndReleasesTheSecondFirst) {
+    FakeHost host;
+    AnswerRecorder answers;
+    {
+        serverLink link(host, answers);
+        ASSERT_EQ(host.controls.size(), 2u);
+        EXPECT_NE(host.controls.at(0)->receiver, host.controls.at(3)->receiver);
+        const auto message = makeMessage({{MNM_ANSWERED_REQUEST, "om_get_auth_user_details"}});
+        for (const auto& [kind, control] : host.controls)
+            control->receiver->onMessage(0, 0, message.handle(), nullptr);
+        EXPECT_EQ(answers.taken, (Lines{"user", "user"}));
+        ASSERT_TRUE(canSend(link));
+        EXPECT_EQ(host.controls.at(0)->sent.size(), 1u);
+        EXPECT_EQ(host.controls.at(3)->sent.size(), 0u);
+        EXPECT_EQ(host.released, std::vector<int>{});
+    }
+    EXPECT_EQ(host.released, (std::vector<int>{3, 0}));
+}
+
+TEST(ServerLink, LivesWithoutAnyControlThatTheHostDoesNotMake) {
+    const struct {
+        std::set<int> made;
+        bool canSend;
+        std::vector<int> released;
+    } cases[] = {{{}, false, {}}, {{3}, false, {3}}, {{0}, true, {0}}};
+    for (const auto& each : cases) {
+        FakeHost host;
+        host.controlKinds = each.made;
+        AnswerRecorder answers;
+        {
+            serverLink link(host, answers);
+            EXPECT_EQ(canSend(link), each.canSend);
+            EXPECT_EQ(link.subscribe(), 1);
+            EXPECT_EQ(link.unsubscribe(), each.canSend ? 1 : 0);
+        }
+        const Lines failures{"log Failed to subscribe ", "log Failed to Unsubscribe"};
+        EXPECT_EQ(host.said, each.canSend ? Lines{} : failures);
+        EXPECT_EQ(host.released, each.released);
+    }
+}
+
+TEST(ServerLink, WithoutTheControlServiceSaysSoAndReleasesNothing) {
+    FakeHost host;
+    host.hasControlService = false;
+    AnswerRecorder answers;
+    std::optional<serverLink> link;
+    {
+        const HandlesMayStay mayStay;
+        link.emplace(host, answers);
+    }
+    EXPECT_EQ(host.takeSaid(), Lines{"box From ZEK Connection to quon failed"});
+    EXPECT_FALSE(canSend(*link));
+    otp_fail_call(0);
+    link.reset();
+    EXPECT_EQ(otp_fail_call(0), 0) << "no handle is closed";
+    EXPECT_EQ(host.takeSaid(), Lines{"log Destroying Quon Connection Failed"});
+}
+
+TEST(ServerLink, ReleasesNothingWhenTheControlServiceIsGone) {
+    FakeHost host;
+    AnswerRecorder answers;
+    std::optional<serverLink> link;
+    {
+        const HandlesMayStay mayStay;
+        link.emplace(host, answers);
+    }
+    host.hasControlService = false;
+    otp_fail_call(0);
+    link.reset();
+    EXPECT_EQ(otp_fail_call(0), 0) << "no handle is closed";
+    EXPECT_EQ(host.said, Lines{"log Destroying Quon Connection Failed"});
+    EXPECT_EQ(host.released, std::vector<int>{});
+}
+
+TEST(ServerLink, SubscribesToWhatThePrivilegeLevelMaySee) {
+    const struct {
+        int level;
+        SentMessage pairs;  // none: no subscription
+    } cases[] = {
+        {0, {{64056, ""}, {63713, ""}, {51803, ""}}},
+        {1, {{63713, ""}, {64056, "CHECK01"}, {51803, ""}}},
+        {2, {{64056, "ZEKB"}, {63713, ""}, {64053, "CHECK01"}, {51803, ""}}},
+        {4, {{63713, ""}, {31003, "CHECK01"}, {51803, ""}}},
+        {3, {}},
+        {5, {}},
+        {-1, {}},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.level);
+        FakeHost host;
+        host.level = each.level;
+        AnswerRecorder answers;
+        serverLink link(host, answers);
+        EXPECT_EQ(link.subscribe(), 1);
+        std::vector<Subscription> expected;
+        if (!each.pairs.empty()) expected.push_back({each.pairs, true, {0, 0, 1}});
+        EXPECT_EQ(host.control().subscriptions, expected);
+        EXPECT_TRUE(host.controls.at(3)->subscriptions.empty());
+        EXPECT_EQ(host.said, Lines{});
+    }
+}
+
+TEST(ServerLink, ReportsAFailingSubscriptionAndUnsubscription) {
+    FakeHost host;
+    AnswerRecorder answers;
+    serverLink link(host, answers);
+    host.control().works = false;
+    EXPECT_EQ(link.subscribe(), 1);
+    EXPECT_EQ(host.takeSaid(), Lines{"log Failed to subscribe "});
+    EXPECT_EQ(link.unsubscribe(), 0);
+    EXPECT_EQ(host.takeSaid(), Lines{"log Failed to Unsubscribe"});
+
+    host.control().works = true;
+    EXPECT_EQ(link.unsubscribe(), 1);
+    EXPECT_EQ(host.control().unsubscribed, 1);
+    EXPECT_EQ(host.controls.at(3)->unsubscribed, 0);
+    EXPECT_EQ(host.said, Lines{});
+}
+
+}  // namespace

@@ -1,0 +1,238 @@
+#include "workbench/model/workbench.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "console/model/authorization_server.h"
+#include "tests/unit/fake_host.h"
+#include "tests/unit/message_builder.h"
+#include "tests/unit/view_recorder.h"
+
+namespace {
+
+class WorkbenchTest : public testing::Test {
+protected:
+    sMakeCheckStruct& list(const std::string& key, const std::string& code) {
+        const auto message =
+            publication("auth pending", key, {{MNM_FUNCTIONALITY, code}, {MNM_USER, "DLR101"}});
+        workbench->handlePublished(message.handle());
+        view.events.clear();
+        return workbench->changes().at(workbench->changes().size() - 1);
+    }
+
+    void answer(const std::string& request, const FieldTexts& more) {
+        FieldTexts fields{{MNM_ANSWERED_REQUEST, request}};
+        fields.insert(fields.end(), more.begin(), more.end());
+        const auto message = makeMessage(fields);
+        host.control().receiver->onMessage(0, 0, message.handle(), nullptr);
+    }
+
+    FakeHost host;
+    ViewRecorder view;
+    std::unique_ptr<Workbench> workbench = std::make_unique<Workbench>(host, view);
+};
+
+TEST_F(WorkbenchTest, AsksForTheDetailsOfAChangeByItsKind) {
+    const struct {
+        const char *code, *request;  // null: nothing is asked for
+    } cases[] = {
+        {"339", "om_get_auth_user_details"},
+        {"340", "om_get_auth_user_details"},
+        {"353", "om_get_auth_account_details"},
+        {"354", "om_get_auth_account_details"},
+        {"360", "om_get_auth_limits_details"},
+        {"365", nullptr},
+        {"366", nullptr},
+        {"777", nullptr},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.code);
+        const sMakeCheckStruct& record = list(std::string("key ") + each.code, each.code);
+        host.control().sent.clear();
+        workbench->showDetails(record);
+        EXPECT_EQ(view.events, Lines{"empty details"});
+        std::vector<SentMessage> sent;
+        if (each.request != nullptr)
+            sent.push_back({{0, each.request}, {54247, "CHECK01"}, {51803, record.key}});
+        EXPECT_EQ(host.control().sent, sent);
+    }
+}
+
+TEST_F(WorkbenchTest, ARefusedDetailRequestEmptiesTheDetailsUnlessItIsLate) {
+    const std::string request = "om_get_auth_user_details";
+    const sMakeCheckStruct& first = list("1001", "339");
+    const sMakeCheckStruct& second = list("1002", "339");
+    const FieldText error{MNM_ERROR, "No such change"};
+    workbench->showDetails(first);
+    workbench->showDetails(second);
+    view.events.clear();
+
+    answer(request, {error, {MNM_AUTHORIZATION_KEY, "1001"}});
+    EXPECT_EQ(view.events, Lines{}) << "another change is on show by now";
+    answer(request, {error, {MNM_AUTHORIZATION_KEY, "1002"}});
+    EXPECT_EQ(view.events, Lines{"empty details"});
+
+    workbench->showDetails(first);
+    view.events.clear();
+    answer("om_get_auth_account_details", {error});
+    EXPECT_EQ(view.events, Lines{"empty details"}) << "an error without a key is never late";
+    EXPECT_EQ(host.beeps, 2) << "only the two publications";
+}
+
+TEST_F(WorkbenchTest, TheOutcomeOfTheChangeOnShowEmptiesTheDetails) {
+    workbench->showDetails(list("1001", "360"));
+    list("1002", "360");
+    workbench->handlePublished(publication("accepted", "1002").handle());
+    EXPECT_EQ(view.events, Lines{"remove 1"});
+    workbench->handlePublished(publication("rejected", "1001").handle());
+    EXPECT_EQ(view.events, (Lines{"remove 1", "remove 0", "empty details"}));
+}
+
+TEST_F(WorkbenchTest, RecoveryEmptiesTheDetailsAndItsAnswersAreTakenIn) {
+    workbench->showDetails(list("1001", "339"));
+    view.events.clear();
+    std::vector<std::string> whileSending;
+    host.control().sending = [&](void*) { whileSending = view.events; };
+    workbench->recover();
+    EXPECT_EQ(whileSending, Lines{"empty details"});
+
+    const FieldTexts change{{MNM_PUBLICATION_STATUS, "auth pending"},
+                            {MNM_AUTHORIZATION_KEY, "1002"},
+                            {MNM_FUNCTIONALITY, "339"}};
+    FieldTexts refused = change;
+    refused.push_back({MNM_ERROR, "not now"});
+    answer("om_get_functionality_details", refused);
+    EXPECT_EQ(workbench->changes().size(), 1u);
+    answer("om_get_functionality_details", change);
+    EXPECT_EQ(workbench->changes().size(), 2u);
+    EXPECT_EQ(view.events, (Lines{"empty details", "append"}));
+}
+
+TEST_F(WorkbenchTest, IgnoresANullMessage) {
+    workbench->handlePublished(nullptr);
+    EXPECT_EQ(view.events, Lines{});
+    EXPECT_EQ(host.menuItemLookups, 0);
+}
+
+TEST_F(WorkbenchTest, GoesWithItsRecordsThenItsDetailsThenItsLink) {
+    list("1001", "339");
+    list("1002", "360");
+    const Workbench& going = *workbench;
+    int emptied = 0;
+    view.whenDetailsEmpty = [&] {
+        ++emptied;
+        EXPECT_EQ(going.changes().size(), 0u);
+        EXPECT_TRUE(host.released.empty());
+    };
+    workbench.reset();
+    EXPECT_EQ(emptied, 1);
+    EXPECT_EQ(host.released, (std::vector<int>{3, 0}));
+}
+
+// A checker's workbench at the console's server.
+class WorkbenchAtServer : public WorkbenchTest {
+protected:
+    WorkbenchAtServer() {
+        FakeControl& control = host.control();
+        m_connection = server.connect(
+            {[&control](void* message) { control.receiver->onMessage(0, 0, message, nullptr); },
+             [this](void* message) { workbench->handlePublished(message); }});
+        control.delivered = [this](void* message) { server.handle(m_connection, message); };
+        workbench->subscribe();
+        std::vector<zek::SubscriptionPair> pairs;
+        for (const auto& [field, value] : control.subscriptions.at(0).pairs)
+            pairs.push_back({field, value});
+        server.subscribe(m_connection, pairs);
+    }
+
+    std::string submit(const std::string& code, const std::string& type, const std::string& user,
+                       const std::string& client = "") {
+        zek::Change change;
+        change.code = code;
+        change.type = type;
+        change.maker = "MAKER01";
+        change.broker = "ZEKB";
+        change.user = user;
+        change.client = client;
+        const std::string key = server.submit(change);
+        deliverAll();
+        return key;
+    }
+
+    void deliverAll() {
+        while (server.deliverNext()) {
+        }
+    }
+
+    std::vector<sMakeCheckStruct*> rows() const {
+        std::vector<sMakeCheckStruct*> all;
+        for (std::size_t i = 0; i < workbench->changes().size(); ++i)
+            all.push_back(&workbench->changes().at(i));
+        return all;
+    }
+
+    zek::AuthorizationServer server;
+
+private:
+    int m_connection = 0;
+};
+
+TEST_F(WorkbenchAtServer, AnAcceptedChangeIsDecidedAndItsRowGoes) {
+    const std::string key = submit("340", "DEALER", "DLR101");
+    ASSERT_EQ(workbench->changes().size(), 1u);
+    workbench->accept(rows());
+    EXPECT_EQ(workbench->changes().size(), 1u) << "until the outcome is published";
+    deliverAll();
+    EXPECT_EQ(workbench->changes().size(), 0u);
+    EXPECT_EQ(view.rows, 0u);
+    EXPECT_EQ(server.decision(key), (zek::Decision{true, "CHECK01", ""}));
+}
+
+TEST_F(WorkbenchAtServer, ARejectionCarriesItsReason) {
+    const std::string key = submit("366", "RETAIL", "DLR101", "CL5");
+    workbench->reject(rows(), "not agreed");
+    deliverAll();
+    EXPECT_EQ(workbench->changes().size(), 0u);
+    EXPECT_EQ(server.decision(key), (zek::Decision{false, "CHECK01", "not agreed"}));
+}
+
+TEST_F(WorkbenchAtServer, AnInvestorsUserAndClientAreDecidedTogether) {
+    const std::string client = submit("353", "INVESTOR_CLIENT", "INV7", "CL7");
+    const std::string other = submit("353", "INVESTOR_CLIENT", "INV8", "CL8");
+    const std::string user = submit("339", "INVESTOR_CLIENT", "INV7");
+    workbench->accept(rows());
+    deliverAll();
+    ASSERT_EQ(workbench->changes().size(), 1u);
+    EXPECT_EQ(workbench->changes().at(0).key, other);
+    EXPECT_TRUE(server.decision(user)->accepted);
+    EXPECT_TRUE(server.decision(client)->accepted);
+    EXPECT_EQ(server.decision(other), std::nullopt);
+}
+
+TEST_F(WorkbenchAtServer, RecoveryBringsBackWhatWasMissed) {
+    host.roles = {};
+    const std::string first = submit("354", "RETAIL", "DLR101", "CL5");
+    const std::string second = submit("360", "", "DLR102");
+    ASSERT_EQ(workbench->changes().size(), 0u);
+    host.roles = {60302, 60304};
+    workbench->recover();
+    deliverAll();
+    ASSERT_EQ(workbench->changes().size(), 2u);
+    EXPECT_EQ(workbench->changes().at(0).key, first);
+    EXPECT_EQ(workbench->changes().at(1).key, second);
+    EXPECT_EQ(workbench->changes().at(1).entityName, "Broker - ZEKB");
+}
+
+TEST_F(WorkbenchAtServer, DetailsOfAChangeDecidedMeanwhileAreRefused) {
+    const std::string key = submit("339", "DEALER", "DLR101");
+    const sMakeCheckStruct record = *rows().front();
+    server.decideAs("CHECK02", key, true, "");
+    workbench->showDetails(record);
+    view.events.clear();
+    deliverAll();
+    // The outcome comes first and takes the details with it; the refusal is then too late.
+    EXPECT_EQ(view.events, (Lines{"remove 0", "empty details"}));
+}
+
+}  // namespace
