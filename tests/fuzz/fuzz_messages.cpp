@@ -62,9 +62,9 @@ constexpr std::array kKeys{"1", "2", "3", "4", "5", "6", "7", "1001", ""};
 constexpr std::array kWords{"339", "340",     "353",     "354",   "360", "365",
                             "366", "U1",      "U2",      "U1 ",   "",    "INVESTOR_CLIENT",
                             "17",  "CHECK01", "MAKER01", "RETAIL"};
-constexpr std::array kAnswered{"om_get_auth_limits_details",    "om_get_auth_user_details",
-                               "om_get_auth_account_details",   "om_get_functionality_details",
-                               "om_authenticate_functionality", ""};
+constexpr std::array kRequests{"om_get_auth_limits_details", "om_get_auth_user_details",
+                               "om_get_auth_account_details", "om_get_functionality_details",
+                               "om_authenticate_functionality"};
 constexpr int kMnemonics[] = {MNM_REQUEST_NAME,
                               MNM_STATUS,
                               MNM_USER,
@@ -86,6 +86,7 @@ public:
     Session(const std::uint8_t* data, std::size_t size) : m_input(data, size) {}
 
     void run() {
+        m_host.control().sending = [this](const SentMessage& fields) { checkSent(fields); };
         while (!m_input.empty()) {
             step();
             otp_fail_call(0);
@@ -128,7 +129,7 @@ private:
     }
 
     void answer() {
-        FieldTexts fields{{MNM_ANSWERED_REQUEST, m_input.oneOf(kAnswered)}};
+        FieldTexts fields{{MNM_ANSWERED_REQUEST, m_input.oneOf(kRequests)}};
         if (m_input.below(2) == 0) fields.push_back({MNM_PUBLICATION_STATUS, "auth pending"});
         addFields(fields);
         const auto message = makeMessage(fields);
@@ -206,24 +207,25 @@ private:
                 require(mainCellText(record, column).size() < kCellBytes, "a cell fits its buffer");
         }
         require(m_host.beeps <= m_messages, "no tone without a message");
-        for (const SentMessage& message : m_host.control().sent) checkSent(message);
-        m_host.control().sent.clear();
     }
 
-    static void checkSent(const SentMessage& message) {
-        const auto has = [&](int mnemonic, auto allowed) {
-            return std::any_of(message.begin(), message.end(), [&](const auto& field) {
-                return field.first == mnemonic && allowed(field.second);
-            });
+    // While it is being sent.
+    void checkSent(const SentMessage& message) const {
+        const auto value = [&](int mnemonic) -> std::optional<std::string> {
+            for (const auto& [id, text] : message)
+                if (id == mnemonic) return text;
+            return std::nullopt;
         };
         require(!message.empty() && message.front().first == MNM_REQUEST_NAME,
                 "a request begins with its name");
-        require(std::find(kAnswered.begin(), kAnswered.end() - 1, message.front().second) !=
-                    kAnswered.end() - 1,
+        require(std::find(kRequests.begin(), kRequests.end(), message.front().second) !=
+                    kRequests.end(),
                 "the name of a request is known");
-        const bool rejects =
-            has(MNM_STATUS, [](const std::string& text) { return text == "rejected"; });
-        require(rejects == has(MNM_ERROR, [](const std::string& text) { return !text.empty(); }),
+        const auto decision = value(MNM_STATUS);
+        const std::string key = value(MNM_AUTHORIZATION_KEY).value_or("");
+        require(!decision || m_workbench.changes().findRecord(key) != nullptr,
+                "only what is pending is decided");
+        require((decision == "rejected") == !value(MNM_ERROR).value_or("").empty(),
                 "a reject, and only a reject, has a reason");
     }
 

@@ -23,9 +23,13 @@ namespace {
 constexpr std::size_t kLongestInput = 600;
 
 unsigned long g_seed = 0;
+bool g_running = true;
 
 void nameSeed() {
-    std::fprintf(stderr, "failed with seed %lu\n", g_seed);
+    if (g_running)
+        std::fprintf(stderr, "failed with seed %lu\n", g_seed);
+    else
+        std::fprintf(stderr, "some input leaks\n");
 }
 
 std::vector<std::uint8_t> inputOf(unsigned long seed) {
@@ -48,5 +52,6 @@ int main(int argc, char** argv) {
         const std::vector<std::uint8_t> input = inputOf(g_seed);
         LLVMFuzzerTestOneInput(input.data(), input.size());
     }
+    g_running = false;
     std::printf("%lu inputs from seed %lu\n", count, first);
 }

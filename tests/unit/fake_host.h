@@ -54,12 +54,12 @@ public:
     std::vector<Subscription> subscriptions;
     int unsubscribed = 0;
     // Before a message is sent, and after it was.
-    std::function<void(void* message)> sending = [](void*) {};
+    std::function<void(const SentMessage& fields)> sending = [](const SentMessage&) {};
     std::function<void(void* message)> delivered = [](void*) {};
 
     int send(int& requestId, void* message, int, void**) override {
         const SentMessage fields = readBack(message);
-        sending(message);
+        sending(fields);
         if (!works) return 0;
         sent.push_back(fields);
         requestId = static_cast<int>(sent.size());

@@ -281,7 +281,7 @@ TEST(Requests, UpdateSendsTheYesNoSettingAsAWord) {
 TEST(Requests, DetailsAreOnShowFromJustBeforeTheyAreAskedFor) {
     RequestsFixture f;
     std::optional<std::string> shownWhileSending;
-    f.host.control().sending = [&](void*) { shownWhileSending = f.details.key; };
+    f.host.control().sending = [&](const SentMessage&) { shownWhileSending = f.details.key; };
     f.host.control().works = false;
     EXPECT_EQ(f.requests->requestAccountDetails("1002"), 0);
     EXPECT_EQ(shownWhileSending, "1002");

@@ -93,7 +93,7 @@ TEST_F(WorkbenchTest, RecoveryEmptiesTheDetailsAndItsAnswersAreTakenIn) {
     workbench->showDetails(list("1001", "339"));
     view.events.clear();
     std::vector<std::string> whileSending;
-    host.control().sending = [&](void*) { whileSending = view.events; };
+    host.control().sending = [&](const SentMessage&) { whileSending = view.events; };
     workbench->recover();
     EXPECT_EQ(whileSending, Lines{"empty details"});
 
