@@ -11,12 +11,12 @@ TEST(Pane, HasTheButtonsOfItsTemplate) {
     const struct {
         int id;
         const char* text;
-        RECT place;  // dialog units
+        RECT place;  // left, top, width and height in dialog units
         bool visible;
     } buttons[] = {
-        {1, "Accept", {99, 6, 149, 20}, true},     {1963, "Reject", {159, 6, 209, 20}, true},
-        {1000, "Update", {219, 6, 269, 20}, true}, {1001, "Recover", {279, 6, 329, 20}, true},
-        {2, "Cancel", {241, 49, 255, 55}, false},
+        {1, "Accept", {99, 6, 50, 14}, true},     {1963, "Reject", {159, 6, 50, 14}, true},
+        {1000, "Update", {219, 6, 50, 14}, true}, {1001, "Recover", {279, 6, 50, 14}, true},
+        {2, "Cancel", {241, 49, 14, 6}, false},
     };
     const HWND pane = findPane();
     EXPECT_EQ(GetDlgCtrlID(pane), 1000);
@@ -31,7 +31,10 @@ TEST(Pane, HasTheButtonsOfItsTemplate) {
         RECT place{};
         GetWindowRect(found, &place);
         MapWindowPoints(nullptr, pane, reinterpret_cast<POINT*>(&place), 2);
-        EXPECT_TRUE(EqualRect(&place, &expected)) << each.text;
+        EXPECT_EQ(place.left, expected.left) << each.text;
+        EXPECT_EQ(place.top, expected.top) << each.text;
+        EXPECT_EQ(place.right - place.left, expected.right) << each.text;
+        EXPECT_EQ(place.bottom - place.top, expected.bottom) << each.text;
         EXPECT_EQ(IsWindowVisible(found) != 0, each.visible) << each.text;
     }
     EXPECT_EQ(SendMessageA(pane, DM_GETDEFID, 0, 0), MAKELRESULT(1, DC_HASDEFID));

@@ -43,8 +43,8 @@ private:
             for (std::size_t u = pendingUsers.size(); u-- > 0;) {
                 sMakeCheckStruct* const user = pendingUsers[u];
                 if (user->entityName != client->linkedUser) continue;
-                // Without its user the client must not be accepted either.
-                if (send(*user)) send(*client);
+                // Neither is accepted when the other cannot be.
+                if (m_hold.pending(*client) && send(*user)) send(*client);
                 std::erase(pendingUsers, user);
                 std::erase(pendingClients, client);
             }
