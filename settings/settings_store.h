@@ -6,10 +6,10 @@
 #include "settings/model/settings_store.h"
 
 // Private-profile files, and the user's roaming application data as the shell knows it.
-class CProfileFiles final : public SettingsFiles {
+class CProfileFiles : public SettingsFiles {
 public:
     CProfileFiles() = default;
-    ~CProfileFiles() { close(); }
+    virtual ~CProfileFiles() { close(); }
     CProfileFiles(const CProfileFiles&) = delete;
     CProfileFiles& operator=(const CProfileFiles&) = delete;
 
