@@ -110,6 +110,7 @@ TEST_F(ColumnModelTest, AnyStoredTextLeavesAUsableList) {
         {"Settings not found", all},
         {"0,-1,0,1,-1,0,2,-1,0", all},  // nothing placed: no profile
         {"0,-1,75,1,-7,60,9,0,50,-3,1,50", all},
+        {"0,0,75,0,-1,50,1,1,60", "Name:75 Key:60 "},
         {"1,0,44", "Key:44 "},  // the others are missing, so hidden
         {"2,5,20,0,5,30,1,-1,0", "Name:30 Limit:20 "},
         {"0,0,75,0,3,50,1,1,60", "Key:60 Name:50 "},  // the last of two counts
