@@ -1,0 +1,246 @@
+#include "listctrl/model/column_model.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace {
+
+constexpr sVoskColInfo kColumns[] = {
+    {"Name", 75, 0, ColumnType::text},
+    {"Key", 60, 1, ColumnType::longInteger},
+    {"Limit", 90, 1, ColumnType::number},
+};
+constexpr sVoskColInfo kMoreColumns[] = {
+    {"Name", 75, 0, ColumnType::text},
+    {"Key", 60, 1, ColumnType::longInteger},
+    {"Limit", 90, 1, ColumnType::number},
+    {"Used", 80, 1, ColumnType::number},
+};
+
+// Captions and widths of what shows, from left to right.
+std::string shownText(const ColumnModel& model) {
+    std::string text;
+    for (const ColumnId id : model.shown())
+        text += model.descriptor(id).caption + ":" + std::to_string(model.width(id)) + " ";
+    return text;
+}
+
+std::vector<ColumnId> ids(std::initializer_list<int> numbers) {
+    std::vector<ColumnId> made;
+    for (const int number : numbers) made.push_back(ColumnId{number});
+    return made;
+}
+
+class ColumnModelTest : public testing::Test {
+protected:
+    ColumnModelTest() { model.install(kColumns); }
+    // Adds a user-defined column and returns its id.
+    ColumnId added(const char* caption, const char* expression) {
+        const auto id = model.add({caption, expression, "shown"});
+        EXPECT_TRUE(id) << caption;
+        return id.value_or(ColumnId{-1});
+    }
+    std::string expression(int id) { return model.descriptor(ColumnId{id}).expression; }
+    void load(std::string_view text) { model.apply(readProfile(text)); }
+
+    ColumnModel model;
+};
+
+TEST_F(ColumnModelTest, StartsWithEveryColumnAtItsOwnWidth) {
+    EXPECT_EQ(shownText(model), "Name:75 Key:60 Limit:90 ");
+    model.install(kColumns, 144);
+    EXPECT_EQ(shownText(model), "Name:113 Key:90 Limit:135 ");
+    EXPECT_EQ(model.find("Key"), ColumnId{1});
+    EXPECT_EQ(model.find("key"), std::nullopt);
+    model.install({});
+    EXPECT_TRUE(model.shown().empty());
+    load("0,0,75");
+    EXPECT_TRUE(model.shown().empty());
+}
+
+TEST_F(ColumnModelTest, ShowsWhatIsAskedAndWhatMust) {
+    model.show(ids({2, 9, -1, 0, 2}));
+    EXPECT_EQ(shownText(model), "Limit:90 Name:75 ");
+    EXPECT_EQ(model.width(ColumnId{1}), 100);
+    EXPECT_EQ(model.placeOf(ColumnId{0}), DisplayPlace{1});
+    EXPECT_EQ(model.placeOf(ColumnId{1}), std::nullopt);
+    EXPECT_EQ(model.at(DisplayPlace{0}), ColumnId{2});
+
+    model.setMandatory(ids({1, 7}));
+    EXPECT_EQ(shownText(model), "Limit:90 Name:75 Key:100 ");
+    model.show(ids({0}));
+    EXPECT_EQ(shownText(model), "Name:75 Key:100 ");
+    model.setMandatory({});
+    model.show({});
+    EXPECT_EQ(shownText(model), "Name:75 ") << "one column always shows";
+    model.reset();
+    EXPECT_EQ(shownText(model), "Name:75 Key:60 Limit:90 ");
+}
+
+TEST_F(ColumnModelTest, AProfileIsTheModelStored) {
+    added("Sum", " \"1\"+\"2\"");
+    added("Half", " \"3\"/2");
+    model.setWidth(ColumnId{2}, 144);
+    model.show(ids({4, 2, 0}));
+    const std::string text = profileText(model.profile());
+    EXPECT_EQ(text,
+              "0,2,75,1,-1,0,2,1,144,3,-1,0,4,0,100,Sum# \"1\"+\"2\"#shown,Half# \"3\"/2#shown");
+
+    ColumnModel other;
+    other.install(kColumns);
+    other.apply(readProfile(text));
+    EXPECT_EQ(other.profile(), model.profile());
+    EXPECT_EQ(shownText(other), shownText(model));
+    for (std::size_t i = 0; i < model.size(); ++i)
+        EXPECT_EQ(other.width(toColumnId(i)), model.width(toColumnId(i))) << i;
+    EXPECT_EQ(other.descriptor(ColumnId{3}).displayText, "shown");
+    EXPECT_EQ(other.descriptor(ColumnId{3}).type, ColumnType::number);
+    EXPECT_TRUE(other.isUserDefined(ColumnId{3}));
+    EXPECT_FALSE(other.isUserDefined(ColumnId{2}));
+}
+
+TEST_F(ColumnModelTest, AnyStoredTextLeavesAUsableList) {
+    constexpr char all[] = "Name:75 Key:60 Limit:90 ";
+    const struct {
+        const char* text;
+        const char* shown;
+    } cases[] = {
+        {"", all},
+        {"Settings not found", all},
+        {"0,-1,0,1,-1,0,2,-1,0", all},  // nothing placed: no profile
+        {"0,-1,75,1,-7,60,9,0,50,-3,1,50", all},
+        {"0,0,75,0,-1,50,1,1,60", "Name:75 Key:60 "},
+        {"1,0,44", "Key:44 "},  // the others are missing, so hidden
+        {"2,5,20,0,5,30,1,-1,0", "Name:30 Limit:20 "},
+        {"0,0,75,0,3,50,1,1,60", "Key:60 Name:50 "},  // the last of two counts
+        {"0,2147483647,-5,1,99999999999999,99999999999", "Name:75 Key:60 "},
+        {"1,0,0,2,1,32767", "Key:60 Limit:32767 "},
+        {"x,y,z", "Name:75 "},
+        {"1,0,44,junk", "Key:44 "},
+    };
+    for (const auto& each : cases) {
+        load(each.text);
+        EXPECT_EQ(shownText(model), each.shown) << each.text;
+    }
+    const auto key = ids({1});
+    model.setMandatory(key);
+    load("2,0,44");
+    EXPECT_EQ(shownText(model), "Limit:44 Key:100 ");
+}
+
+TEST_F(ColumnModelTest, RefusesWhatAProfileCannotHold) {
+    const UserDefinedColumn refused[] = {
+        {"", "1", ""},          {"Key", "1", ""},        {"a#b", "1", ""},       {"a,b", "1", ""},
+        {"a\nb", "1", ""},      {"Sum", "", ""},         {"Sum", "1,2", ""},     {"Sum", "1#2", ""},
+        {"Sum", "1+\"9\"", ""}, {"Sum", "1+\"-1\"", ""}, {"Sum", "1+\"3\"", ""},  // itself
+    };
+    for (const auto& each : refused)
+        EXPECT_EQ(model.add(each), std::nullopt) << each.caption << " = " << each.expression;
+    EXPECT_EQ(model.size(), 3u);
+
+    ASSERT_TRUE(model.add({"Sum", "1+\"2\"", "1 +,\n\"Limit\"#2 \n"}));
+    EXPECT_EQ(model.descriptor(ColumnId{3}).displayText, "1 +  \"Limit\"#2");
+    const ColumnProfile before = model.profile();
+    model.apply(readProfile(profileText(before)));
+    EXPECT_EQ(model.profile(), before);
+}
+
+TEST_F(ColumnModelTest, DeletingRenumbersAndNeverReadsAnotherColumn) {
+    const ColumnId first = added("First", " \"1\"*2");
+    added("Second", " \"2\"*2");
+    added("UsesFirst", "1+\"3\"-\"4\"");
+    added("UsesSecond", "1+\"4\"*\"4 \"+\"0\"\"");
+    added("Quoted", "\"4\"+\"4\"");  // starts with a quote: its 4s are numbers, not columns
+    model.show(ids({7, 3, 0, 6}));
+
+    EXPECT_FALSE(model.remove(ColumnId{0}));
+    EXPECT_FALSE(model.remove(ColumnId{8}));
+    EXPECT_TRUE(model.remove(first));
+    EXPECT_EQ(expression(4), "1+\"-1\"-\"3\"");
+    EXPECT_EQ(expression(5), "1+\"3\"*\"3\"+\"0\"\"");
+    EXPECT_EQ(expression(6), "\"4\"+\"4\"");
+    EXPECT_FALSE(model.isValid(ColumnId{4}));
+    EXPECT_TRUE(model.isValid(ColumnId{5}));
+    EXPECT_EQ(shownText(model), "Quoted:100 Name:75 UsesSecond:100 ");
+
+    load(profileText(model.profile()));
+    EXPECT_EQ(expression(4), "1+\"-1\"-\"3\"") << "no column comes back by loading";
+    EXPECT_FALSE(model.isValid(ColumnId{4}));
+    added("Third", "1");
+    EXPECT_FALSE(model.isValid(ColumnId{4})) << "nor by adding one";
+
+    model.show(ids({7}));
+    EXPECT_TRUE(model.remove(ColumnId{7}));
+    EXPECT_EQ(shownText(model), "Name:100 ") << "the only shown column went";
+}
+
+TEST_F(ColumnModelTest, IdsMoveDownBehindARemovedColumn) {
+    EXPECT_EQ(idAfterRemoval(ColumnId{2}, ColumnId{3}), ColumnId{2});
+    EXPECT_EQ(idAfterRemoval(ColumnId{3}, ColumnId{3}), std::nullopt);
+    EXPECT_EQ(idAfterRemoval(ColumnId{4}, ColumnId{3}), ColumnId{3});
+}
+
+TEST_F(ColumnModelTest, AProfileOfAnOlderColumnSetKeepsItsMeaning) {
+    added("Sum", "1+\"2\"");
+    added("Twice", "2*\"3\"");
+    const std::string three = profileText(model.profile());
+
+    model.install(kMoreColumns);
+    load(three);
+    EXPECT_EQ(shownText(model), "Name:75 Key:60 Limit:90 Sum:100 Twice:100 ") << "Used is new";
+    EXPECT_EQ(expression(4), "1+\"2\"");
+    EXPECT_EQ(expression(5), "2*\"4\"");
+    model.remove(ColumnId{5});
+    ASSERT_TRUE(model.add({"OfUsed", "1+\"3\"", ""}));
+    const std::string four = profileText(model.profile());
+
+    model.install(kColumns);
+    load(four);
+    EXPECT_EQ(shownText(model), "Name:75 Key:60 Limit:90 Sum:100 OfUsed:100 ");
+    EXPECT_EQ(expression(3), "1+\"2\"");
+    EXPECT_EQ(expression(4), "1+\"-1\"");
+}
+
+TEST_F(ColumnModelTest, StoredColumnsWithUnusableNamesGoWithoutShiftingTheOthers) {
+    load(
+        "0,0,75,1,1,60,2,2,90,3,3,50,4,4,51,5,5,52,6,6,53,"
+        "#1#,Key#1#,Good#1+\"4\"#,Sum#1+\"5\"#");
+    EXPECT_EQ(shownText(model), "Name:75 Key:60 Limit:90 Good:52 Sum:53 ");
+    EXPECT_EQ(expression(3), "1+\"-1\"");
+    EXPECT_EQ(expression(4), "1+\"3\"");
+}
+
+// After any series of changes the model equals what its stored profile gives back.
+TEST_F(ColumnModelTest, StoringAndLoadingKeepsEveryModel) {
+    std::mt19937 random(20240611);
+    const auto below = [&](std::size_t bound) { return random() % bound; };
+    for (int step = 0; step < 600; ++step) {
+        const auto id = toColumnId(below(model.size()));
+        switch (below(5)) {
+            case 0:
+                model.add({"C" + std::to_string(step), "1+\"" + std::to_string(toIndex(id)) + "\"",
+                           "text " + std::to_string(step)});
+                break;
+            case 1:
+                model.remove(id);
+                break;
+            case 2:
+                model.setWidth(id, model.placeOf(id) ? static_cast<int>(1 + below(400)) : 100);
+                break;
+            default: {
+                auto order = model.shown();
+                order.resize(below(order.size() + 1));
+                order.insert(order.begin(), id);
+                model.show(order);
+            }
+        }
+        ColumnModel other;
+        other.install(kColumns);
+        other.apply(readProfile(profileText(model.profile())));
+        ASSERT_EQ(other.profile(), model.profile()) << step;
+        ASSERT_EQ(shownText(other), shownText(model)) << step;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,86 @@
+#include "listctrl/model/column_profile.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+
+#include "listctrl/model/text_parts.h"
+
+namespace {
+
+TEST(TextPartsTest, SplitsAndReadsIntegersAsStored) {
+    EXPECT_EQ(splitAt("", ',').size(), 1u);
+    EXPECT_EQ(splitAt(",a,,b", ','), (std::vector<std::string_view>{"", "a", "", "b"}));
+    const struct {
+        const char* text;
+        int number;
+    } cases[] = {
+        {"", 0},
+        {"  42x", 42},
+        {"-7", -7},
+        {"+7", 7},
+        {"+-7", 0},
+        {"x7", 0},
+        {"-", 0},
+        {"\t\n 8", 8},
+        {"007", 7},
+        {"2147483647", INT_MAX},
+        {"2147483648", INT_MAX},
+        {"-2147483648", INT_MIN},
+        {"-99999999999999999999", INT_MIN},
+        {"99999999999999999999", INT_MAX},
+    };
+    for (const auto& each : cases) EXPECT_EQ(leadingInteger(each.text), each.number) << each.text;
+}
+
+TEST(ColumnProfileTest, TextAndProfileAreOne) {
+    const ColumnProfile plain{{{0, 0, 75}, {1, -1, 0}, {2, 1, 120}}, {}};
+    EXPECT_EQ(profileText(plain), "0,0,75,1,-1,0,2,1,120");
+    const ColumnProfile full{{{0, 1, 75}, {1, 0, 40}, {2, 2, 100}},
+                             {{"Sum", " \"0\"+\"1\"", "\"Key\" + \"Limit #2\""}, {"Two", "2", ""}}};
+    EXPECT_EQ(profileText(full),
+              "0,1,75,1,0,40,2,2,100,Sum# \"0\"+\"1\"#\"Key\" + \"Limit #2\",Two#2#");
+    for (const ColumnProfile& each : {plain, full}) EXPECT_EQ(readProfile(profileText(each)), each);
+}
+
+TEST(ColumnProfileTest, ReadsAnyText) {
+    const ColumnProfile cut{{{0, 0, 75}}, {}, false};
+    const struct {
+        const char* text;
+        ColumnProfile profile;
+    } cases[] = {
+        {"", {{}, {}, false}},
+        {"0,0,75,1", cut},
+        {"0,0,75,1,5", cut},
+        {"0,0,75,Sum", cut},
+        {"0,0,75,Sum#\"0\"+\"1", cut},  // cut in the middle of "12": another column's id
+        {"0,,75", {{{0, 0, 75}}, {}}},
+        {"a,b,c", {{{0, 0, 0}}, {}}},
+        {",0,0,75", {{{0, 0, 0}}, {}, false}},
+        {"99999999999,-99999999999,1e9", {{{INT_MAX, INT_MIN, 1}}, {}}},
+        {"0,0,75,A#1#x,1,1,60,B#2#y",
+         {{{0, 0, 75}, {1, 1, 60}}, {{"A", "1", "x"}, {"B", "2", "y"}}}},
+        {"##", {{}, {{"", "", ""}}}},
+        {"0,0,75,A#1#x#y", {{{0, 0, 75}}, {{"A", "1", "x#y"}}}},
+        {"0,0,75,A#1#x,y", {{{0, 0, 75}}, {{"A", "1", "x"}}, false}},
+    };
+    for (const auto& each : cases) EXPECT_EQ(readProfile(each.text), each.profile) << each.text;
+}
+
+TEST(ColumnProfileTest, KnowsTheColumnSetThatWroteIt) {
+    const struct {
+        std::string text;
+        std::optional<int> dataColumns;
+    } cases[] = {
+        {"0,0,75,1,1,75", 2},
+        {"0,0,75,1,1,75,2,2,9,A#1#", 2},
+        {"0,0,75,2,1,75", std::nullopt},                                // not numbered through
+        {"0,0,75,A#1#,B#2#", std::nullopt},                             // more columns than triples
+        {"0,0,75,1,1,75,A#1", std::nullopt},                            // cut
+        {"0,0,75,1,1,75,A#1#" + std::string(4095, 'x'), std::nullopt},  // perhaps cut
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(readProfile(each.text).dataColumns(), each.dataColumns) << each.text;
+}
+
+}  // namespace

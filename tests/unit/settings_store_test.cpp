@@ -1,0 +1,223 @@
+#include "settings/model/settings_store.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <tuple>
+#include <vector>
+
+namespace {
+
+constexpr char kFolder[] = "C:\\Roaming\\Ostravine\\VoskTrader\\";
+constexpr char kPath[] = "C:\\Roaming\\Ostravine\\VoskTrader\\\\UserSetting.ini";
+
+// Files in memory that keep to the platform's rules, refuse what they are told to, and note calls.
+class FakeFiles final : public SettingsFiles {
+public:
+    std::string applicationData() override { return roaming; }
+    void createFolder(const std::string& folder) override { calls.push_back("folder " + folder); }
+    bool open(const std::string& path, const char* mode) override {
+        calls.push_back(std::string("open ") + mode);
+        EXPECT_FALSE(isOpen) << "opened twice";
+        if (refused.count(mode) != 0 || (mode[0] == 'r' && files.count(path) == 0)) return false;
+        files.insert(path);
+        return isOpen = true;
+    }
+    void close() override {
+        EXPECT_TRUE(isOpen) << "closed without being open";
+        isOpen = false;
+    }
+    std::size_t read(const std::string& section, const std::string& key, const char* missing,
+                     std::span<char> buffer, const std::string& path) override {
+        const auto found = values.find({path, section, key});
+        const std::string value = found != values.end() ? found->second : missing;
+        const auto length = std::min(value.size(), buffer.size() - 1);
+        value.copy(buffer.data(), length);
+        buffer[length] = '\0';
+        return length;
+    }
+    bool write(const std::string& section, const std::string& key, const std::string& value,
+               const std::string& path) override {
+        if (!writes) return false;
+        values[{path, section, key}] = value;
+        return true;
+    }
+
+    std::string roaming = "C:\\Roaming";
+    std::set<std::string> files;
+    std::map<std::tuple<std::string, std::string, std::string>, std::string> values;
+    std::set<std::string> refused;  // modes
+    bool writes = true;
+    bool isOpen = false;
+    std::vector<std::string> calls;
+};
+
+class SettingsStoreTest : public testing::Test {
+protected:
+    int access(int mode) {
+        return store.AccessUserSetting(mode, "SECTION", "KEY", value, path, error);
+    }
+    void TearDown() override { EXPECT_FALSE(files.isOpen) << "left open"; }
+
+    FakeFiles files;
+    CSettingsStore store{files};
+    std::string value = "before";
+    std::string error = "untouched";
+    std::string path = kPath;
+};
+
+TEST_F(SettingsStoreTest, BuildsThePathAndItsFolderOnEveryCall) {
+    EXPECT_EQ(store.GetUserSettingPath(), kPath);
+    files.roaming = "D:\\Elsewhere";
+    EXPECT_EQ(store.GetUserSettingPath(),
+              "D:\\Elsewhere\\Ostravine\\VoskTrader\\\\UserSetting.ini");
+    EXPECT_EQ(files.calls,
+              (std::vector<std::string>{std::string("folder ") + kFolder,
+                                        "folder D:\\Elsewhere\\Ostravine\\VoskTrader\\"}));
+}
+
+TEST_F(SettingsStoreTest, TheFirstWriteCreatesTheFile) {
+    EXPECT_EQ(access(SETTING_READ), 0);
+    EXPECT_EQ(value, "");
+    EXPECT_EQ(error, "Did not detect : UserSetting.ini");
+
+    error = "untouched";
+    value = "stored";
+    EXPECT_EQ(access(SETTING_WRITE), 1);
+    value.clear();
+    EXPECT_EQ(access(SETTING_READ), 1);
+    EXPECT_EQ(value, "stored");
+    EXPECT_EQ(error, "untouched");
+}
+
+TEST_F(SettingsStoreTest, ReadsFailWithTheValueThatSaysWhy) {
+    files.files.insert(kPath);
+    const std::string longest(4095, 'x');
+    const struct {
+        const char* what;
+        std::optional<std::string> stored;
+        int result;
+        std::string value;
+    } cases[] = {
+        {"no key", std::nullopt, 0, "Key not found"},
+        {"the text of no key", "Key not found", 0, "Key not found"},
+        {"empty", "", 0, ""},
+        {"that of a profile", "Settings not found", 1, "Settings not found"},
+        {"longest", longest, 1, longest},
+        {"longer", longest + "yz", 1, longest},
+    };
+    for (const auto& each : cases) {
+        files.values.clear();
+        if (each.stored) files.values[{kPath, "SECTION", "KEY"}] = *each.stored;
+        value = "before";
+        EXPECT_EQ(access(SETTING_READ), each.result) << each.what;
+        EXPECT_EQ(value, each.value) << each.what;
+        EXPECT_EQ(error, "untouched") << each.what;
+    }
+}
+
+TEST_F(SettingsStoreTest, AWriteTriesTwoModes) {
+    const struct {
+        std::set<std::string> refused;
+        bool writes;
+        int result;
+        std::vector<std::string> calls;
+        const char* error;
+    } cases[] = {
+        {{}, true, 1, {"open a+"}, "untouched"},
+        {{}, false, 0, {"open a+"}, "untouched"},
+        {{"a+"}, true, 1, {"open a+", "open w+"}, "untouched"},
+        {{"a+", "w+"}, true, 0, {"open a+", "open w+"}, "Did not detect : UserSetting.ini"},
+    };
+    for (const auto& each : cases) {
+        files.refused = each.refused;
+        files.writes = each.writes;
+        files.calls.clear();
+        EXPECT_EQ(access(SETTING_WRITE), each.result);
+        EXPECT_EQ(files.calls, each.calls);
+        EXPECT_EQ(error, each.error);
+        EXPECT_EQ(value, "before");
+    }
+}
+
+TEST_F(SettingsStoreTest, NamesTheFileByWhatFollowsTheLastBackslash) {
+    for (const char* name : {"plain.ini", "C:\\dir/x.ini", "C:\\dir\\"}) {
+        path = name;
+        EXPECT_EQ(access(SETTING_READ), 0);
+        EXPECT_EQ(error, "Did not detect : " + path.substr(path.rfind('\\') + 1));
+    }
+}
+
+TEST_F(SettingsStoreTest, AnyOtherModeTouchesNothing) {
+    files.files.insert(kPath);
+    for (const int mode : {2, -1, 99}) {
+        EXPECT_EQ(access(mode), 0);
+        EXPECT_EQ(store.AccessColumnProfile(mode, "LIST", value), 0);
+    }
+    EXPECT_EQ(value, "before");
+    EXPECT_EQ(error, "untouched");
+    EXPECT_TRUE(files.calls.empty());
+}
+
+TEST_F(SettingsStoreTest, AColumnProfileStandsInTheSectionOfItsList) {
+    EXPECT_EQ(store.AccessColumnProfile(SETTING_READ, "LIST", value), 0);
+    EXPECT_EQ(value, "");
+    value = "0,0,75";
+    EXPECT_EQ(store.AccessColumnProfile(SETTING_WRITE, "LIST", value), 1);
+    EXPECT_EQ((files.values[{kPath, "LIST", "COLUMNPROFILE"}]), "0,0,75");
+    EXPECT_EQ(store.AccessColumnProfile(SETTING_READ, "LIST", value), 1);
+    EXPECT_EQ(store.AccessColumnProfile(SETTING_READ, "OTHER", value), 0);
+    EXPECT_EQ(value, "Settings not found");
+
+    for (const auto& [text, result] : {std::pair("Settings not found", 0), {"Key not found", 1}}) {
+        files.values[{kPath, "LIST", "COLUMNPROFILE"}] = text;
+        EXPECT_EQ(store.AccessColumnProfile(SETTING_READ, "LIST", value), result) << text;
+    }
+    files.refused = {"a+"};
+    EXPECT_EQ(store.AccessColumnProfile(SETTING_WRITE, "LIST", value), 0) << "tried another mode";
+}
+
+TEST_F(SettingsStoreTest, SplitterSizesAreWrittenButDoNotComeBack) {
+    store.saveSplitterSize("UPPER", 240);
+    EXPECT_EQ((files.values[{kPath, "HOLDER_FRAME_SPLITTER_SIZE", "UPPER"}]), "240");
+    EXPECT_EQ(store.restoreSplitterSize("UPPER"), std::nullopt);
+    const auto before = files.values;
+    store.saveSplitterSize("", 240);
+    EXPECT_EQ(files.values, before);
+}
+
+TEST_F(SettingsStoreTest, ABarKeepsItsSizeInTheFileThatItNames) {
+    EXPECT_EQ(store.loadBarSize("bar.ini", kDialogBarSection, 77), kDefaultBarSize);
+    store.saveBarSize("bar.ini", kDialogBarSection, 77, {640, 31});
+    EXPECT_EQ((files.values[{"bar.ini", "VOSK_DIALOG_BAR_SIZE", "77"}]), "640,31");
+    EXPECT_EQ(store.loadBarSize("bar.ini", kDialogBarSection, 77), (BarSize{640, 31}));
+
+    const auto before = files.values;
+    store.saveBarSize("", kDialogBarSection, 77, {1, 1});
+    EXPECT_EQ(store.loadBarSize("", kDialogBarSection, 77), std::nullopt);
+    EXPECT_EQ(files.values, before);
+    EXPECT_TRUE(files.calls.empty()) << "the bar's file is neither probed nor placed";
+
+    files.values[{"bar.ini", "VOSK_DIALOG_BAR_SIZE", "77"}] = "5," + std::string(40, '9');
+    EXPECT_EQ(store.loadBarSize("bar.ini", kDialogBarSection, 77), (BarSize{5, 2147483647}));
+}
+
+TEST(BarSizeTest, ReadsWhatItCanUse) {
+    const struct {
+        const char* stored;
+        std::optional<BarSize> size;
+    } cases[] = {
+        {"", kDefaultBarSize},        {"Not Found", kDefaultBarSize},
+        {"640,31", BarSize{640, 31}}, {" 640 , 31 ", BarSize{640, 31}},
+        {"1,1,9", BarSize{1, 1}},     {"0,27", std::nullopt},
+        {"500,0", std::nullopt},      {"500", std::nullopt},
+        {"500,", std::nullopt},       {",27", std::nullopt},
+        {"-5,27", std::nullopt},      {"wide,high", std::nullopt},
+        {"not found", std::nullopt},  {"99999999999,-99999999999", std::nullopt},
+    };
+    for (const auto& each : cases) EXPECT_EQ(readBarSize(each.stored), each.size) << each.stored;
+}
+
+}  // namespace
