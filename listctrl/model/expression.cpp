@@ -9,19 +9,23 @@
 #include "listctrl/model/number_text.h"
 
 namespace {
-// What a cell puts into the text, and its number when that is a plain operand.
-struct Contribution {
-    std::string_view text;
-    std::optional<double> number;
-};
+// Whether the cell stands for 0, which is put into the text as "0".
+bool isZero(std::string_view cell, const std::optional<double>& plainNumber) {
+    return (plainNumber ? *plainNumber : leadingNumber(cell)) == 0.0;
+}
 
-Contribution contributionOf(std::string_view cell) {
-    if (const auto number = readPlainNumber(cell)) {
-        if (*number == 0.0) return {"0", 0.0};
-        return {cell, number};
-    }
-    if (leadingNumber(cell) == 0.0) return {"0", 0.0};
-    return {cell, std::nullopt};
+using Memory = std::pmr::monotonic_buffer_resource;
+
+template <class T>
+std::span<T> roomFor(std::size_t count, Memory& memory) {
+    return {static_cast<T*>(memory.allocate(count * sizeof(T), alignof(T))), count};
+}
+
+// A fetched text stays only until the next one is fetched.
+std::string_view copyOf(std::string_view text, Memory& memory) {
+    const std::span<char> copy = roomFor<char>(text.size(), memory);
+    text.copy(copy.data(), copy.size());
+    return {copy.data(), copy.size()};
 }
 }  // namespace
 
@@ -88,7 +92,6 @@ CompiledExpression::CompiledExpression(std::string_view expression) {
     }
     if (pieces.size() % 2 == 1) m_tail = pieces.back();
     infix += m_tail;
-    m_literalSize = infix.size() - slots.size();
     m_steps.emplace(infix, slots);
     if (!m_steps->slotsStandAlone()) m_steps.reset();
 }
@@ -96,26 +99,31 @@ CompiledExpression::CompiledExpression(std::string_view expression) {
 CellOutcome CompiledExpression::compute(CellFetch fetch, std::string& text) const try {
     // The usual row takes no memory from the heap; each level of nested columns has its own room.
     std::array<std::byte, 512> room;
-    std::pmr::monotonic_buffer_resource memory(room.data(), room.size());
-    std::pmr::string infix(&memory);
-    std::pmr::vector<double> values(&memory);
-    values.reserve(m_references.size());
-    infix.reserve(m_literalSize + 16 * m_references.size());
+    Memory memory(room.data(), room.size());
+    const std::span parts = roomFor<std::string_view>(m_references.size(), memory);
+    const std::span numbers = roomFor<double>(m_references.size(), memory);
     bool plain = m_steps.has_value();
-    for (const Reference& reference : m_references) {
-        const auto cell = fetch(reference.column);
+    for (std::size_t i = 0; i < m_references.size(); ++i) {
+        const auto cell = fetch(m_references[i].column);
         if (!cell) return CellOutcome::notFetched;
-        const Contribution part = contributionOf(*cell);
-        infix += reference.literal;
-        infix += part.text;
-        values.push_back(part.number.value_or(0.0));
-        plain = plain && part.number;
+        const auto number = readPlainNumber(*cell);
+        const bool zero = isZero(*cell, number);
+        parts[i] = zero ? "0" : copyOf(*cell, memory);
+        numbers[i] = zero ? 0.0 : number.value_or(0.0);
+        plain = plain && (zero || number);
     }
-    if (plain) return m_steps->run(values, text);
-    infix += m_tail;
-    return CheckedProgram(infix).run({}, text);
+    return plain ? m_steps->run(numbers, text) : CheckedProgram(substitute(parts)).run({}, text);
 } catch (const std::exception&) {
     return CellOutcome::invalid;
+}
+
+std::string CompiledExpression::substitute(std::span<const std::string_view> parts) const {
+    std::string infix;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        infix += m_references[i].literal;
+        infix += parts[i];
+    }
+    return infix += m_tail;
 }
 
 CellOutcome computeCell(std::string_view expression, CellFetch fetch, std::string& text) {

@@ -80,9 +80,11 @@ private:
         std::string literal;  // in front of it
         int column;
     };
+    // The whole text, with these parts in place of the references.
+    std::string substitute(std::span<const std::string_view> parts) const;
+
     std::vector<Reference> m_references;
-    std::string m_tail;  // the literal text behind the last
-    std::size_t m_literalSize = 0;
+    std::string m_tail;                     // the literal text behind the last
     std::optional<CheckedProgram> m_steps;  // none: every row is read as text
 };
 

@@ -34,30 +34,39 @@ std::uint64_t hundredths(double value) {
     const std::uint64_t rest = scaled - (result << shift);
     return result + (rest + (result & 1) > half ? 1 : 0);
 }
+
+// A plain number, behind a sign or not.
+std::optional<double> readSigned(std::string_view text) {
+    if (!text.starts_with('-')) return readPlainNumber(text.substr(text.starts_with('+') ? 1 : 0));
+    const auto number = readPlainNumber(text.substr(1));
+    return number ? std::optional(-*number) : std::nullopt;
+}
 }  // namespace
 
 std::optional<double> readPlainNumber(std::string_view text) {
     std::uint64_t digits = 0;
-    std::size_t decimals = 0;
-    bool point = false;
-    for (const char c : text) {
-        if (c >= '0' && c <= '9') {
-            digits = digits * 10 + static_cast<unsigned>(c - '0');
-            decimals += point ? 1 : 0;
-        } else if (c == '.' && !point) {
-            point = true;
-        } else {
-            return std::nullopt;
-        }
-    }
-    if (text.size() == (point ? 1U : 0U)) return std::nullopt;
-    // Both operands of the division are exact up to here, so its result is the nearest double.
+    std::size_t at = 0;
+    const auto takeDigits = [&] {
+        for (; at < text.size() && text[at] >= '0' && text[at] <= '9'; ++at)
+            digits = digits * 10 + static_cast<unsigned>(text[at] - '0');
+    };
+    takeDigits();
+    const std::size_t wholes = at;
+    if (at < text.size() && text[at] == '.') ++at;
+    const std::size_t decimalsAt = at;
+    takeDigits();
+    const std::size_t decimals = at - decimalsAt;
+    if (at < text.size() || wholes + decimals == 0) return std::nullopt;
+    // Up to here both operands of the division are exact, and so its result is the nearest double.
     constexpr std::uint64_t kExact = std::uint64_t{1} << std::numeric_limits<double>::digits;
-    if (text.size() > kMostDigits || digits > kExact) return readNumber(text);
-    return static_cast<double>(digits) / kPowersOfTen[decimals];
+    if (text.size() > kMostDigits || digits > kExact)
+        return std::strtod(std::string(text).c_str(), nullptr);
+    const auto value = static_cast<double>(digits);
+    return decimals == 0 ? value : value / kPowersOfTen[decimals];
 }
 
 std::optional<double> readNumber(std::string_view text) {
+    if (const auto number = readSigned(text)) return number;
     const std::string terminated(text);
     char* end = nullptr;
     const double value = std::strtod(terminated.c_str(), &end);
@@ -66,7 +75,8 @@ std::optional<double> readNumber(std::string_view text) {
 }
 
 double leadingNumber(std::string_view text) {
-    return std::atof(std::string(text).c_str());
+    if (const auto number = readSigned(text)) return *number;
+    return std::strtod(std::string(text).c_str(), nullptr);
 }
 
 void appendTwoDecimals(double value, std::string& text) {

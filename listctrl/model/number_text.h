@@ -12,7 +12,8 @@ std::optional<double> readPlainNumber(std::string_view text);
 // None when strtod would leave characters over.
 std::optional<double> readNumber(std::string_view text);
 
-// The number that the text begins with, behind white space, as atof reads it; 0 for none.
+// The number that the text begins with, behind white space, as strtod reads it; 0 for none. So a
+// text that begins with "inf" or "nan" in any case begins with a number, on every platform.
 double leadingNumber(std::string_view text);
 
 // Appends the value as "%.2f" would write it. Exact: a tie between two texts goes to the even digit

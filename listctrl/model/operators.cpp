@@ -90,6 +90,7 @@ const Operator* operatorAt(std::string_view text) {
     // a long run at each of its characters would take a time that grows with its square.
     text = text.substr(0, kLongestSpelling + 1);
     const std::string_view run = text.substr(0, text.find_first_not_of(kOperatorCharacters));
+    if (run.empty()) return nullptr;
     const auto found = std::ranges::find(kOperators, run, &Operator::spelling);
     return found == kOperators.end() ? nullptr : &*found;
 }

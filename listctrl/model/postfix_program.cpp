@@ -119,8 +119,7 @@ PostfixProgram::PostfixProgram(std::string_view infix, std::span<const std::size
 void PostfixProgram::addOperand(std::string_view text, bool wrapped) {
     const Operator* found = wrapped ? nullptr : operatorAt(text);
     if (found) return addOperator(*found);
-    auto number = readPlainNumber(text);
-    if (!number) number = readNumber(text);
+    const auto number = readNumber(text);
     if (!number) return endWith(EvaluationStatus::badOperand);
     push(*number);
 }

@@ -5,7 +5,9 @@
 
 #include <emmintrin.h>
 
+#include <algorithm>
 #include <cctype>
+#include <climits>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -209,6 +211,12 @@ inline bool nextPiece(const std::string& text, std::size_t& at, std::string& pie
     return !piece.empty();
 }
 
+// As atoi, which has no result for numbers that are too large: they name no column.
+inline int columnOf(const std::string& piece) {
+    const long long number = std::strtoll(piece.c_str(), nullptr, 10);
+    return static_cast<int>(std::clamp<long long>(number, INT_MIN, INT_MAX));
+}
+
 template <class Fetch>
 std::optional<std::string> substitute(const std::string& expression, Fetch fetch) {
     std::string infix, piece;
@@ -216,10 +224,11 @@ std::optional<std::string> substitute(const std::string& expression, Fetch fetch
     while (nextPiece(expression, at, piece)) {
         infix += piece;
         if (!nextPiece(expression, at, piece)) break;
-        const std::optional<std::string_view> cell = fetch(std::atoi(piece.c_str()));
+        const std::optional<std::string_view> cell = fetch(columnOf(piece));
         if (!cell) return std::nullopt;
         const std::string text(*cell);
-        infix += std::atof(text.c_str()) == 0.0 ? "0" : text;
+        // As atof, which in an older Windows library does not know "inf" and hexadecimal digits.
+        infix += std::strtod(text.c_str(), nullptr) == 0.0 ? "0" : text;
     }
     return infix;
 }
