@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <functional>
 #include <limits>
 
@@ -106,6 +107,6 @@ bool isWhiteSpace(char character) {
 }
 
 std::int32_t truncated(double value) {
-    if (value > -2147483649.0 && value < 2147483648.0) return static_cast<std::int32_t>(value);
+    if (std::fabs(value) < 2147483648.0) return static_cast<std::int32_t>(value);
     return std::numeric_limits<std::int32_t>::min();
 }

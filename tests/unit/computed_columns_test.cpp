@@ -32,6 +32,11 @@ TEST(ComputedColumnsTest, ComputedColumnsReferToOthers) {
     EXPECT_EQ(row.cell(2), "12.00");
     EXPECT_EQ(row.cell(3), "24.00");
     EXPECT_EQ(row.cell(4), "8.00");
+
+    // Cells that are read as text, each fetched through the same buffer.
+    Row texts({R"(0-"0")", R"( "1"*2)", R"( "3"*("2"))", "2 3", R"( "3"+"5")"});
+    EXPECT_EQ(texts.cell(4), "-24.00");
+    EXPECT_EQ(texts.cell(6), "8.00");
 }
 
 TEST(ComputedColumnsTest, OnlyColumnsThatExistAreFetched) {
