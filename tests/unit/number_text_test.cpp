@@ -1,0 +1,119 @@
+#include "listctrl/model/number_text.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+#include <random>
+#include <string>
+
+namespace {
+
+std::string twoDecimals(double value) {
+    std::string text;
+    appendTwoDecimals(value, text);
+    return text;
+}
+
+std::string printed(double value) {
+    char room[400];
+    std::snprintf(room, sizeof room, "%.2f", value);
+    return room;
+}
+
+TEST(NumberTextTest, WritesTwoDecimalsOfSpecialValues) {
+    struct {
+        double value;
+        const char* text;
+    } const cases[] = {
+        {0.0, "0.00"},
+        {-0.0, "-0.00"},
+        {-0.004, "-0.00"},
+        {0.125, "0.12"},  // ties go to the even digit
+        {0.375, "0.38"},
+        {-2.625, "-2.62"},
+        {1.005, "1.00"},  // the double is a little less
+        {0.995, "0.99"},
+        {99.9951, "100.00"},
+        {4503599627370495.5, "4503599627370495.50"},  // the last with a fraction
+        {4503599627370496.0, "4503599627370496.00"},
+        {1e22, "10000000000000000000000.00"},
+        {5e-324, "0.00"},
+        {HUGE_VAL, "inf"},
+        {-HUGE_VAL, "-inf"},
+        {std::nan(""), "nan"},
+        {-std::nan(""), "nan"},
+    };
+    for (const auto& [value, text] : cases) EXPECT_EQ(twoDecimals(value), text) << value;
+    EXPECT_EQ(twoDecimals(-std::numeric_limits<double>::max()).size(), 313U);
+}
+
+// Every kind of value that a million draws can reach: any bits, money, and exact ties.
+TEST(NumberTextTest, WritesTwoDecimalsAsTheLibraryDoes) {
+    std::mt19937_64 random(1);
+    for (int i = 0; i < 300'000; ++i) {
+        const std::uint64_t bits = random();
+        const double values[] = {
+            std::bit_cast<double>(bits),
+            static_cast<double>(static_cast<std::int64_t>(bits)) / 0x1p40,
+            static_cast<double>(bits % 1'000'000'000'000) / 1000.0,
+            static_cast<double>(bits >> (12 + bits % 48)) / 8.0,
+        };
+        for (const double value : values) {
+            if (std::isnan(value)) continue;
+            ASSERT_EQ(twoDecimals(value), printed(value));
+        }
+    }
+}
+
+TEST(NumberTextTest, ReadsPlainNumbersOnly) {
+    for (const char* text :
+         {"", ".", "-1", "+1", " 1", "1 ", "1e3", "0x1", "1.2.3", "1,000", "inf"})
+        EXPECT_FALSE(readPlainNumber(text)) << text;
+    EXPECT_EQ(readPlainNumber("5."), 5.0);
+    EXPECT_EQ(readPlainNumber(".5"), 0.5);
+    EXPECT_EQ(readPlainNumber("007.250"), 7.25);
+    EXPECT_EQ(readPlainNumber(std::string(400, '9')), HUGE_VAL);
+    EXPECT_EQ(readPlainNumber("0." + std::string(400, '0') + "1"), 0.0);
+    EXPECT_EQ(readPlainNumber(std::string(100'000, '0') + "1"), 1.0);
+}
+
+TEST(NumberTextTest, ReadsPlainNumbersAsTheLibraryDoes) {
+    std::mt19937_64 random(2);
+    std::string text;
+    for (int i = 0; i < 1'000'000; ++i) {
+        text = std::to_string(random());
+        text.resize(1 + random() % text.size());
+        text.insert(random() % (text.size() + 1), random() % 4 != 0 ? "." : "");
+        if (random() % 8 == 0) text += std::to_string(random());
+        if (text == ".") continue;
+        ASSERT_EQ(readPlainNumber(text), std::strtod(text.c_str(), nullptr)) << text;
+    }
+}
+
+TEST(NumberTextTest, ReadsOtherNumbersWholeOrAsABeginning) {
+    struct {
+        const char* text;
+        double beginning;
+        bool whole;
+    } const cases[] = {
+        {"-5", -5, true},        {"1e3", 1000, true}, {"0x1F", 31, true},
+        {"inf", HUGE_VAL, true}, {"1,000", 1, false}, {"1e", 1, false},
+        {"-", 0, false},         {"abc", 0, false},   {" \t12 shares", 12, false},
+        {"1.2.3", 1.2, false},
+    };
+    for (const auto& [text, beginning, whole] : cases) {
+        EXPECT_EQ(leadingNumber(text), beginning) << text;
+        EXPECT_EQ(readNumber(text).has_value(), whole) << text;
+        if (whole) {
+            EXPECT_EQ(readNumber(text), beginning) << text;
+        }
+    }
+    EXPECT_FALSE(readNumber(std::string_view("1\0", 2)));
+}
+
+}  // namespace
