@@ -19,7 +19,10 @@
 
 class ColumnTexts {
 public:
-    // Sets a slot's text, empty until then; slots grow as needed.
+    // Makes room for slots below `slots`, which is no fewer than before; their texts are empty.
+    void grow(std::size_t slots);
+
+    // Sets a slot's text, making room if there is none.
     void set(Slot slot, std::string_view text);
 
     // The slot's text; it lives until the next set().
@@ -28,7 +31,8 @@ public:
     // More than half of the texts kept belong to no slot any longer: time to make it anew.
     bool worn() const { return m_unused > 1024 && m_unused > m_table.size() / 2; }
 
-    // Clears `passing` for every slot whose text doesn't match. As long as the slots set.
+    // Clears `passing` for every slot whose text doesn't match. It has a place for every slot and
+    // no more.
     void keepMatching(const FilterPattern& pattern, std::span<std::uint8_t> passing);
 
     // Sorts slots by the column; those that compare equal keep their order.

@@ -32,6 +32,8 @@ public:
 
     // What a pass over many cells asks once.
     bool matchesEverything() const { return m_everything; }
+    // Those other than ">" and "<": by kind, then by text, and none that another of its kind makes
+    // needless.
     const std::vector<Alternative>& alternatives() const { return m_alternatives; }
     bool asksNumbers() const { return m_above < kInfinity || m_below > -kInfinity; }
 
@@ -42,9 +44,10 @@ private:
     static constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
     void add(std::string_view alternative, bool exact);
+    void tidy();
 
     bool m_everything = true;
-    std::vector<Alternative> m_alternatives;  // each once
+    std::vector<Alternative> m_alternatives;
     // All ">" and "<" alternatives together: above the least of the ones, below the greatest of the
     // others.
     double m_above = kInfinity;

@@ -172,20 +172,28 @@ private:
         FilterPattern pattern;
     };
 
-    ColumnTexts& texts(int column);
-    bool passes(Slot slot);
-    std::size_t mapRow(std::size_t row) const { return m_reversed ? m_rowCount - 1 - row : row; }
-    std::size_t sortedRow(Slot slot);
-    std::size_t storedRow(Slot slot) const;
-    bool inOrder(Slot slot, std::size_t row);
-    void show(std::size_t mapRow, Slot slot);
-    void showSorted();
+    Slot newSlot(void* record);
+    void release(Slot slot);
+    ColumnTexts& keptTexts(int column);
+    void readTexts(Slot slot);
+    std::string_view text(Slot slot, int column) const;
+
+    bool passes(Slot slot) const;
     std::vector<Slot> passing();
-    void replaceRows(const std::vector<Slot>& rows);
+    void replaceRows(std::vector<Slot> slots);
+
+    // Rows of the visible map: as shown, unless the list is reversed.
+    std::size_t mapRow(std::size_t row) const { return m_reversed ? m_rowCount - 1 - row : row; }
+    template <class Before>
+    std::size_t firstNot(Before before) const;
+    std::size_t sortedRow(Slot slot) const;
+    std::size_t storedRow(Slot slot) const;
+    bool inOrder(Slot slot, std::size_t mapRow) const;
+    void place(Slot slot, std::size_t mapRow);
+    void show(Slot slot, std::size_t mapRow);
     void hide(Slot slot);
     void handOn(Slot slot, std::size_t row);
-    void release(Slot slot);
-    void rowsMoved(std::size_t mapRow);
+    void rowsChanged(std::size_t first, std::size_t last);
 
     CellReader m_reader;
     SlotSequence m_stored;

@@ -34,10 +34,12 @@ public:
         return set(slot, 0) || focused;
     }
 
-    void clear() {
+    // Deselects all; the focus stays.
+    bool clear() {
+        if (m_count == 0) return false;
         m_flags.assign(m_flags.size(), 0);
         m_count = 0;
-        m_focus = kNoSlot;
+        return true;
     }
 
 private:

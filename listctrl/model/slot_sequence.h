@@ -1,7 +1,9 @@
 // An ordered sequence of slots: the numbers under which a store keeps what belongs to its records.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "listctrl/model/blocked_sequence.h"
@@ -17,7 +19,7 @@ public:
     Block* operator()(Slot slot) const { return m_homes[slot]; }
 
     // Makes room for slots below `count`.
-    void grow(std::size_t count) { m_homes.resize(count, nullptr); }
+    void resize(std::size_t count) { m_homes.resize(count, nullptr); }
     void forget() { std::fill(m_homes.begin(), m_homes.end(), nullptr); }
 
 private:

@@ -36,6 +36,9 @@ int compareRows(const SortOrder& order, std::string_view a, std::string_view b);
 // keys still leave the rest to compare.
 std::uint64_t sortKey(Comparison comparison, std::string_view text);
 
+// compareTexts() for dates whose keys are at hand.
+int compareDates(std::string_view a, std::uint64_t keyA, std::string_view b, std::uint64_t keyB);
+
 // The moment a text names, as a number that grows with time and is 0 for none.
 //
 // Read are "dd/mm/yyyy" and "yyyy/mm/dd" (told apart by which part has four digits; "-" separates

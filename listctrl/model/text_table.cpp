@@ -6,7 +6,7 @@
 #include "listctrl/model/filter_pattern.h"
 
 TextTable::TextTable()
-    : m_texts(2 * kMargin), m_lowered(2 * kMargin), m_ends{kMargin}, m_buckets(64) {}
+    : m_texts(2 * kMargin), m_lowered(2 * kMargin), m_begins{kMargin, kMargin}, m_buckets(64) {}
 
 TextTable::Code TextTable::add(std::string_view text) {
     if (text.empty()) return 0;
@@ -31,13 +31,13 @@ std::size_t TextTable::bucketOf(std::string_view text, std::uint32_t hash) const
 }
 
 void TextTable::append(std::string_view text) {
-    const std::size_t at = m_ends.back();
+    const std::size_t at = m_begins.back();
     m_texts.resize(at + text.size() + kMargin);
     m_lowered.resize(m_texts.size());
     std::copy(text.begin(), text.end(), m_texts.begin() + static_cast<std::ptrdiff_t>(at));
     std::transform(text.begin(), text.end(), m_lowered.begin() + static_cast<std::ptrdiff_t>(at),
                    lowerCase);
-    m_ends.push_back(at + text.size());
+    m_begins.push_back(at + text.size());
 }
 
 void TextTable::grow() {

@@ -23,8 +23,8 @@ public:
     // The text's code; a text that is new gets the next.
     Code add(std::string_view text);
 
-    std::size_t size() const { return m_ends.size(); }
-    std::size_t length(Code code) const { return end(code) - begin(code); }
+    std::size_t size() const { return m_begins.size() - 1; }
+    std::size_t length(Code code) const { return m_begins[code + std::size_t{1}] - m_begins[code]; }
     std::string_view text(Code code) const { return {m_texts.data() + begin(code), length(code)}; }
     std::string_view lowered(Code code) const {
         return {m_lowered.data() + begin(code), length(code)};
@@ -36,16 +36,15 @@ private:
         Code code = 0;  // 0: the bucket is empty, as the empty text needs none
     };
 
-    std::size_t begin(Code code) const { return code == 0 ? kMargin : m_ends[code - 1]; }
-    std::size_t end(Code code) const { return m_ends[code]; }
+    std::size_t begin(Code code) const { return m_begins[code]; }
     std::size_t bucketOf(std::string_view text, std::uint32_t hash) const;
     void append(std::string_view text);
     void grow();
 
-    std::vector<char> m_texts;    // margin, texts one behind the other, margin
-    std::vector<char> m_lowered;  // the same in lower case
-    std::vector<std::size_t> m_ends;
-    std::vector<Bucket> m_buckets;  // a power of two of them, probed linearly
+    std::vector<char> m_texts;          // margin, texts one behind the other, margin
+    std::vector<char> m_lowered;        // the same in lower case
+    std::vector<std::size_t> m_begins;  // by code, and the end of the last text
+    std::vector<Bucket> m_buckets;      // a power of two of them, probed linearly
 };
 
 // The eight bytes at a place of memory as one number, the first in the lowest place.
