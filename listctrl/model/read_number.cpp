@@ -38,10 +38,8 @@ template <class Integer>
 Integer readInteger(std::string_view text) {
     text = withoutBlanks(text);
     const bool negative = text.starts_with('-');
-    if (text.starts_with('+')) {
-        text.remove_prefix(1);
-        if (text.starts_with('-')) return 0;
-    }
+    if (text.starts_with("+-")) return 0;
+    if (text.starts_with('+')) text.remove_prefix(1);
     Integer value = 0;
     const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
     if (read.ec != std::errc::result_out_of_range) return value;
@@ -52,8 +50,9 @@ Integer readInteger(std::string_view text) {
 
 std::optional<double> readNumber(std::string_view text) {
     text = withoutBlanks(text);
+    if (text.starts_with("+-")) return {};
     if (text.starts_with('+')) text.remove_prefix(1);
-    // Not left to from_chars: "+-1" and the words it takes for infinity and no number.
+    // from_chars would take words for infinity and for no number.
     const std::size_t sign = text.starts_with('-') ? 1 : 0;
     const std::size_t first = sign + (text.substr(sign).starts_with('.') ? 1 : 0);
     if (first >= text.size() || !isDigit(text[first])) return {};
