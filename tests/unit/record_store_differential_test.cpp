@@ -231,10 +231,9 @@ private:
             shown.push_back(m_literal.at(row));
         ASSERT_TRUE(changes.count || shown.size() == m_shown.size());
         for (std::size_t row = 0; row < std::min(shown.size(), m_shown.size()); ++row) {
-            const bool same = shown[row] == m_shown[row] &&
-                              (shown[row] == nullptr || shown[row] != m_refreshed);
-            ASSERT_TRUE(same || (row >= changes.first && row < changes.last))
-                << row;
+            const bool same =
+                shown[row] == m_shown[row] && (shown[row] == nullptr || shown[row] != m_refreshed);
+            ASSERT_TRUE(same || (row >= changes.first && row < changes.last)) << row;
         }
         ASSERT_TRUE(changes.selection ||
                     (m_selected == m_literal.selected && m_auto == m_literal.autoSelected &&
