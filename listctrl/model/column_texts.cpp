@@ -7,22 +7,16 @@
 #include "listctrl/model/text_search.h"
 #include "listctrl/model/text_sort.h"
 
-void ColumnTexts::grow(std::size_t slots) {
-    m_uses[0] += static_cast<std::uint32_t>(slots - m_codes.size());
-    m_codes.resize(slots, 0);
-}
-
 void ColumnTexts::set(Slot slot, std::string_view text) {
     if (slot >= m_codes.size()) grow(slot + std::size_t{1});
-    const Code code = m_table.add(text);
-    if (code == m_codes[slot]) return;
-    if (code == m_uses.size())
-        m_uses.push_back(0);
-    else if (m_uses[code] == 0)
-        --m_unused;
-    ++m_uses[code];
-    if (--m_uses[m_codes[slot]] == 0) ++m_unused;
+    const Code code = m_table.add(text), before = m_codes[slot];
+    if (code == before) return;
     m_codes[slot] = code;
+    if (code == m_uses.size())
+        m_uses.push_back(1);
+    else if (code != 0 && m_uses[code]++ == 0)
+        --m_unused;
+    if (before != 0 && --m_uses[before] == 0) ++m_unused;
 }
 
 void ColumnTexts::keepMatching(const FilterPattern& pattern, std::span<std::uint8_t> passing) {

@@ -20,7 +20,7 @@
 class ColumnTexts {
 public:
     // Makes room for slots below `slots`, which is no fewer than before; their texts are empty.
-    void grow(std::size_t slots);
+    void grow(std::size_t slots) { m_codes.resize(slots, 0); }
 
     // Sets a slot's text, making room if there is none.
     void set(Slot slot, std::string_view text);
@@ -52,7 +52,7 @@ private:
 
     TextTable m_table;
     std::vector<Code> m_codes;                // by slot
-    std::vector<std::uint32_t> m_uses = {1};  // by code: slots that hold it; the empty text stays
+    std::vector<std::uint32_t> m_uses = {0};  // by code: slots that hold it; not of the empty text
     std::size_t m_unused = 0;                 // codes without uses
 
     // By code, as far as made: what filters on numbers and the last sort asked for.

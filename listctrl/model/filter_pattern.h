@@ -38,7 +38,7 @@ public:
     bool asksNumbers() const { return m_above < kInfinity || m_below > -kInfinity; }
 
     // Whether a cell that reads as `number` matches one of the ">" and "<" alternatives.
-    bool matchesNumber(double number) const { return number > m_above || number < m_below; }
+    bool matchesNumber(double number) const { return (number > m_above) | (number < m_below); }
 
 private:
     static constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -57,4 +57,13 @@ private:
 // The byte in lower case, ASCII only.
 constexpr char lowerCase(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// The same for eight bytes: an upper case letter is one whose sum with 0x3F passes 0x80 and whose
+// sum with 0x25 doesn't.
+constexpr std::uint64_t lowerEight(std::uint64_t bytes) {
+    constexpr std::uint64_t kEach = 0x0101010101010101;
+    const std::uint64_t low = bytes & (kEach * 0x7F);
+    const std::uint64_t upper = (low + kEach * 0x3F) & ~(low + kEach * 0x25) & ~bytes;
+    return bytes | (upper & (kEach * 0x80)) >> 2;
 }

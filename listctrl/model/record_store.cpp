@@ -30,18 +30,27 @@ RecordStore::Outcome RecordStore::deleteItem(std::size_t row) {
     if (row >= m_rowCount) return {};
     const Slot slot = slotAt(row);
     if (slot == kNoSlot) return {0, "Delete item: Item not found"};
-    handOn(slot, row);
-    hide(slot);
-    release(slot);
+    removeRow(slot, row);
     return {1};
 }
 
 RecordStore::Outcome RecordStore::deleteStored(std::ptrdiff_t position) {
     if (position < 0 || static_cast<std::size_t>(position) >= m_stored.size()) return {};
-    const Slot slot = m_stored.at(static_cast<std::size_t>(position));
-    if (const auto row = rowOf(slot)) return deleteItem(*row);
-    release(slot);
+    deleteRecord(m_stored.at(static_cast<std::size_t>(position)));
     return {1};
+}
+
+void RecordStore::deleteRecord(Slot slot) {
+    if (const auto row = rowOf(slot))
+        removeRow(slot, *row);
+    else
+        release(slot);
+}
+
+void RecordStore::removeRow(Slot slot, std::size_t row) {
+    handOn(slot, row);
+    hide(slot);
+    release(slot);
 }
 
 int RecordStore::reset() {
@@ -171,7 +180,7 @@ RecordStore::Outcome RecordStore::filter() {
     m_exactOnce = false;
     std::vector<Slot> rows = passing();
     if (m_order) keptTexts(m_order->column).sort(rows, m_order->comparison, m_order->direction);
-    replaceRows(std::move(rows));
+    replaceRows(rows);
     m_rowCount = m_visible.size();
     m_changes.count = true;
     return {1};
@@ -198,9 +207,9 @@ std::vector<Slot> RecordStore::passing() {
     return rows;
 }
 
-void RecordStore::replaceRows(std::vector<Slot> slots) {
+void RecordStore::replaceRows(const std::vector<Slot>& slots) {
     m_visible.replace(slots);
-    for (Slot slot = 0; slot < m_records.size(); ++slot)
+    for (Slot slot = 0; slot < m_records.size() && m_selection.any(); ++slot)
         if (!m_visible.contains(slot)) m_changes.selection |= m_selection.forget(slot);
     rowsChanged(0, RowChanges::kToTheEnd);
 }
@@ -214,7 +223,7 @@ void RecordStore::sort(const SortOrder& order) {
     rows.reserve(m_visible.size());
     m_visible.forEach([&](Slot slot) { rows.push_back(slot); });
     keptTexts(order.column).sort(rows, order.comparison, order.direction);
-    replaceRows(std::move(rows));
+    replaceRows(rows);
 }
 
 void RecordStore::unsort() {
@@ -224,7 +233,7 @@ void RecordStore::unsort() {
     m_stored.forEach([&](Slot slot) {
         if (m_visible.contains(slot)) rows.push_back(slot);
     });
-    replaceRows(std::move(rows));
+    replaceRows(rows);
 }
 
 // The first row of which `before` does not hold, by halves.

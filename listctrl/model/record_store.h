@@ -74,6 +74,9 @@ public:
     // when there is no such record; -1 is none.
     Outcome deleteStored(std::ptrdiff_t position);
 
+    // The same for the owner, who knows the record's slot.
+    void deleteRecord(Slot slot);
+
     // Removes all records, slots and kept texts; filters and order stay. Result 1.
     int reset();
 
@@ -180,7 +183,7 @@ private:
 
     bool passes(Slot slot) const;
     std::vector<Slot> passing();
-    void replaceRows(std::vector<Slot> slots);
+    void replaceRows(const std::vector<Slot>& slots);
 
     // Rows of the visible map: as shown, unless the list is reversed.
     std::size_t mapRow(std::size_t row) const { return m_reversed ? m_rowCount - 1 - row : row; }
@@ -192,6 +195,7 @@ private:
     void place(Slot slot, std::size_t mapRow);
     void show(Slot slot, std::size_t mapRow);
     void hide(Slot slot);
+    void removeRow(Slot slot, std::size_t row);
     void handOn(Slot slot, std::size_t row);
     void rowsChanged(std::size_t first, std::size_t last);
 

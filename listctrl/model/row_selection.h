@@ -18,6 +18,7 @@ public:
 
     std::size_t count() const { return m_count; }
     Slot focus() const { return m_focus; }
+    bool any() const { return m_count != 0 || m_focus != kNoSlot; }
 
     // Each returns whether it changed anything. What the user does ends an auto-selection.
     bool select(Slot slot, bool on) { return set(slot, on ? kByUser : 0); }

@@ -24,11 +24,17 @@ public:
     Code add(std::string_view text);
 
     std::size_t size() const { return m_begins.size() - 1; }
-    std::size_t length(Code code) const { return m_begins[code + std::size_t{1}] - m_begins[code]; }
+    std::size_t length(Code code) const { return end(code) - begin(code); }
     std::string_view text(Code code) const { return {m_texts.data() + begin(code), length(code)}; }
     std::string_view lowered(Code code) const {
         return {m_lowered.data() + begin(code), length(code)};
     }
+
+    // Where a text stands in the block of all texts in lower case. The end of one is the beginning
+    // of the next.
+    const char* lowered() const { return m_lowered.data(); }
+    std::size_t begin(Code code) const { return m_begins[code]; }
+    std::size_t end(Code code) const { return m_begins[code + std::size_t{1}]; }
 
 private:
     struct Bucket {
@@ -36,7 +42,6 @@ private:
         Code code = 0;  // 0: the bucket is empty, as the empty text needs none
     };
 
-    std::size_t begin(Code code) const { return m_begins[code]; }
     std::size_t bucketOf(std::string_view text, std::uint32_t hash) const;
     void append(std::string_view text);
     void grow();
@@ -47,9 +52,10 @@ private:
     std::vector<Bucket> m_buckets;      // a power of two of them, probed linearly
 };
 
-// The eight bytes at a place of memory as one number, the first in the lowest place.
-inline std::uint64_t loadBytes(const char* at) {
-    std::uint64_t bytes;
+// The bytes at a place of memory as one number, the first in the lowest place.
+template <class Number = std::uint64_t>
+Number loadBytes(const char* at) {
+    Number bytes;
     std::memcpy(&bytes, at, sizeof bytes);
     return bytes;
 }
