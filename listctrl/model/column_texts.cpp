@@ -19,10 +19,15 @@ void ColumnTexts::set(Slot slot, std::string_view text) {
     if (before != 0 && --m_uses[before] == 0) ++m_unused;
 }
 
-void ColumnTexts::keepMatching(const FilterPattern& pattern, std::span<std::uint8_t> passing) {
+void ColumnTexts::keepMatching(const FilterPattern& pattern, std::vector<Slot>& slots) {
     if (pattern.asksNumbers()) readNumbers();
     markMatches(pattern, m_table, m_numbers, m_marks);
-    for (Slot slot = 0; slot < passing.size(); ++slot) passing[slot] &= m_marks[m_codes[slot]];
+    std::size_t kept = 0;
+    for (const Slot slot : slots) {
+        slots[kept] = slot;
+        kept += m_marks[m_codes[slot]];
+    }
+    slots.resize(kept);
 }
 
 void ColumnTexts::sort(std::vector<Slot>& slots, Comparison comparison, int direction) {

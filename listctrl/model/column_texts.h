@@ -7,7 +7,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <string_view>
 #include <vector>
 
@@ -31,9 +30,8 @@ public:
     // More than half of the texts kept belong to no slot any longer: time to make it anew.
     bool worn() const { return m_unused > 1024 && m_unused > m_table.size() / 2; }
 
-    // Clears `passing` for every slot whose text doesn't match. It has a place for every slot and
-    // no more.
-    void keepMatching(const FilterPattern& pattern, std::span<std::uint8_t> passing);
+    // Takes the slots out whose texts don't match.
+    void keepMatching(const FilterPattern& pattern, std::vector<Slot>& slots);
 
     // Sorts slots by the column; those that compare equal keep their order.
     void sort(std::vector<Slot>& slots, Comparison comparison, int direction);

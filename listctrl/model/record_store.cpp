@@ -129,6 +129,11 @@ std::string_view RecordStore::cellText(std::size_t row, int column) const {
     return slot != kNoSlot ? m_reader(m_records[slot], column) : std::string_view();
 }
 
+void RecordStore::dropTexts() {
+    m_texts.clear();
+    m_passing = {};
+}
+
 DistinctValues RecordStore::distinctValues(int column, std::size_t limit) {
     return m_reader ? keptTexts(column).distinct(m_stored, limit) : DistinctValues{};
 }
@@ -178,7 +183,7 @@ RecordStore::Outcome RecordStore::filter() {
         m_active.push_back(
             {m_filterColumns[i], FilterPattern(m_filterTexts[i], m_exactOnce || m_matchExactly)});
     m_exactOnce = false;
-    std::vector<Slot> rows = passing();
+    std::vector<Slot>& rows = passing();
     if (m_order) keptTexts(m_order->column).sort(rows, m_order->comparison, m_order->direction);
     replaceRows(rows);
     m_rowCount = m_visible.size();
@@ -187,28 +192,34 @@ RecordStore::Outcome RecordStore::filter() {
 }
 
 bool RecordStore::passes(Slot slot) const {
-    return std::all_of(m_active.begin(), m_active.end(), [&](const ActiveFilter& filter) {
-        return filter.pattern.matches(text(slot, filter.column));
-    });
+    return std::all_of(m_active.begin(), m_active.end(),
+                       [&](const ActiveFilter& filter) { return passes(slot, filter); });
 }
 
-std::vector<Slot> RecordStore::passing() {
-    std::vector<std::uint8_t> passing(m_records.size(), 1);
-    for (const ActiveFilter& filter : m_active)
-        if (!filter.pattern.matchesEverything())
-            keptTexts(filter.column).keepMatching(filter.pattern, passing);
-    std::vector<Slot> rows(m_stored.size());
-    std::size_t count = 0;
-    m_stored.forEach([&](Slot slot) {
-        rows[count] = slot;
-        count += passing[slot];
-    });
-    rows.resize(count);
-    return rows;
+bool RecordStore::passes(Slot slot, const ActiveFilter& filter) const {
+    return filter.pattern.matches(text(slot, filter.column));
+}
+
+std::vector<Slot>& RecordStore::passing() {
+    std::vector<Slot>& slots = m_passing;
+    slots.clear();
+    slots.reserve(m_stored.size());
+    m_stored.forEach([&](Slot slot) { slots.push_back(slot); });
+    for (const ActiveFilter& filter : m_active) {
+        if (filter.pattern.matchesEverything()) continue;
+        // A few that are left are tried one by one rather than all texts of the column; more of
+        // them when those would have to be read first.
+        const std::size_t share = m_texts.contains(filter.column) ? 512 : 16;
+        if (slots.size() < m_stored.size() / share)
+            std::erase_if(slots, [&](Slot slot) { return !passes(slot, filter); });
+        else
+            keptTexts(filter.column).keepMatching(filter.pattern, slots);
+    }
+    return slots;
 }
 
 void RecordStore::replaceRows(const std::vector<Slot>& slots) {
-    m_visible.replace(slots);
+    m_visible.assign(slots);
     for (Slot slot = 0; slot < m_records.size() && m_selection.any(); ++slot)
         if (!m_visible.contains(slot)) m_changes.selection |= m_selection.forget(slot);
     rowsChanged(0, RowChanges::kToTheEnd);

@@ -163,7 +163,7 @@ public:
     void columnChanged(int column) { m_texts.erase(column); }
 
     // Gives the memory of the kept texts back; they are read again when next needed.
-    void dropTexts() { m_texts.clear(); }
+    void dropTexts();
 
     // ---- For the window ----
 
@@ -182,7 +182,8 @@ private:
     std::string_view text(Slot slot, int column) const;
 
     bool passes(Slot slot) const;
-    std::vector<Slot> passing();
+    bool passes(Slot slot, const ActiveFilter& filter) const;
+    std::vector<Slot>& passing();
     void replaceRows(const std::vector<Slot>& slots);
 
     // Rows of the visible map: as shown, unless the list is reversed.
@@ -215,6 +216,7 @@ private:
     bool m_exactOnce = false;
     bool m_matchExactly = false;
     std::vector<ActiveFilter> m_active;  // of the last pass
+    std::vector<Slot> m_passing;         // by it; kept for its memory
     std::optional<SortOrder> m_order;
     RowChanges m_changes;
 };

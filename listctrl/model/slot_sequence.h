@@ -1,9 +1,7 @@
 // An ordered sequence of slots: the numbers under which a store keeps what belongs to its records.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
-#include <span>
 #include <vector>
 
 #include "listctrl/model/blocked_sequence.h"
@@ -20,7 +18,6 @@ public:
 
     // Makes room for slots below `count`.
     void resize(std::size_t count) { m_homes.resize(count, nullptr); }
-    void forget() { std::fill(m_homes.begin(), m_homes.end(), nullptr); }
 
 private:
     std::vector<Block*> m_homes;
@@ -29,10 +26,4 @@ private:
 class SlotSequence : public BlockedSequence<Slot, SlotHomes> {
 public:
     bool contains(Slot slot) const { return homes()(slot) != nullptr; }
-
-    // Makes the sequence these slots and no others.
-    void replace(std::span<const Slot> slots) {
-        homes().forget();
-        assign(slots);
-    }
 };

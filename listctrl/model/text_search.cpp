@@ -24,7 +24,11 @@ public:
     explicit Needle(std::string_view text)
         : m_text(text), m_first(text.substr(0, std::min<std::size_t>(text.size(), 8))) {
         std::memcpy(&m_number, m_first.data(), m_first.size());
-        if (!m_first.empty()) m_mask = ~std::uint64_t{0} >> (64 - 8 * m_first.size());
+        if (text.empty()) return;
+        m_mask = ~std::uint64_t{0} >> (64 - 8 * m_first.size());
+        m_front += text.front();
+        m_middle += text[text.size() / 2];
+        m_back += text.back();
     }
 
     static constexpr std::size_t kPlaces = 16;
@@ -42,9 +46,8 @@ public:
     // Tries sixteen places from `at` on by the first, middle and last byte; returns how far the
     // first is where it may stand, 16 when there is none. Fifteen bytes more are readable.
     std::size_t mayStandAt(const char* at) const {
-        const std::size_t middle = size() / 2, last = size() - 1;
-        const auto hits = (load(at) == m_text.front()) & (load(at + middle) == m_text[middle]) &
-                          (load(at + last) == m_text.back());
+        const auto hits = (load(at) == m_front) & (load(at + size() / 2) == m_middle) &
+                          (load(at + size() - 1) == m_back);
         std::array<std::uint64_t, 2> halves;
         std::memcpy(&halves, &hits, sizeof halves);
         if ((halves[0] | halves[1]) == 0) return kPlaces;
@@ -65,6 +68,7 @@ private:
     std::string_view m_first;
     std::uint64_t m_number = 0;
     std::uint64_t m_mask = 0;
+    Bytes m_front{}, m_middle{}, m_back{};  // of the text, each sixteen times
 };
 
 // One search through all texts as if they were one; only where something is found it matters whose

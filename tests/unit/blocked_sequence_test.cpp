@@ -58,7 +58,7 @@ TEST(SlotSequence, IsReplacedAsAWhole) {
     std::vector<Slot> slots;
     for (Slot slot = 0; slot < 3000; slot += 2) slots.push_back(2998 - slot);
     sequence.append(1);
-    sequence.replace(slots);
+    sequence.assign(slots);
     expectSame(sequence, slots);
     EXPECT_FALSE(sequence.contains(1));
     sequence.insert(700, 1);
