@@ -65,7 +65,7 @@ std::optional<double> readPlainNumber(std::string_view text) {
     return decimals == 0 ? value : value / kPowersOfTen[decimals];
 }
 
-std::optional<double> readNumber(std::string_view text) {
+std::optional<double> readWholeNumber(std::string_view text) {
     if (const auto number = readSigned(text)) return number;
     const std::string terminated(text);
     char* end = nullptr;

@@ -10,7 +10,7 @@ std::optional<double> readPlainNumber(std::string_view text);
 
 // Any number that strtod knows, signs, exponents, hexadecimal digits, "inf" and "nan" included.
 // None when strtod would leave characters over.
-std::optional<double> readNumber(std::string_view text);
+std::optional<double> readWholeNumber(std::string_view text);
 
 // The number that the text begins with, behind white space, as strtod reads it; 0 for none. So a
 // text that begins with "inf" or "nan" in any case begins with a number, on every platform.

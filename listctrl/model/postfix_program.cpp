@@ -119,7 +119,7 @@ PostfixProgram::PostfixProgram(std::string_view infix, std::span<const std::size
 void PostfixProgram::addOperand(std::string_view text, bool wrapped) {
     const Operator* found = wrapped ? nullptr : operatorAt(text);
     if (found) return addOperator(*found);
-    const auto number = readNumber(text);
+    const auto number = readWholeNumber(text);
     if (!number) return endWith(EvaluationStatus::badOperand);
     push(*number);
 }

@@ -1,59 +1,40 @@
-// An ordered sequence of rows that finds, inserts and removes by position without walking the rows.
-//
-// The rows stand in blocks of a few hundred; each row knows its block. A position costs one pass
-// over the blocks' sizes (2,000 numbers for a million rows) and one over a block.
+// An ordered sequence of rows that are linked into it: a row that is known is found at once.
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
-#include <memory>
-#include <vector>
 
-struct RowBlock;
+#include "listctrl/model/blocked_sequence.h"
 
 // Base of what a sequence orders. A node is in one sequence at a time, which does not own it.
 struct RowNode {
-    RowBlock* block = nullptr;
+    SequenceBlock<RowNode*>* block = nullptr;
+};
+
+struct RowNodeHomes {
+    SequenceBlock<RowNode*>*& operator()(RowNode* node) const { return node->block; }
 };
 
 class RowSequence {
 public:
-    RowSequence();
-    ~RowSequence();
-    RowSequence(const RowSequence&) = delete;
-    RowSequence& operator=(const RowSequence&) = delete;
-
-    std::size_t size() const { return m_size; }
+    std::size_t size() const { return m_rows.size(); }
 
     // The node at `row`, which must be below size().
-    RowNode& at(std::size_t row) const;
+    RowNode& at(std::size_t row) const { return *m_rows.at(row); }
 
     // The row of a node of this sequence.
-    std::size_t rowOf(const RowNode& node) const;
+    std::size_t rowOf(RowNode& node) const { return m_rows.rowOf(&node); }
 
-    void append(RowNode& node);
+    void append(RowNode& node) { m_rows.append(&node); }
 
     // Puts the node in front of the one at `row`; `row` is size() at most.
-    void insert(std::size_t row, RowNode& node);
+    void insert(std::size_t row, RowNode& node) { m_rows.insert(row, &node); }
 
     // Takes a node of this sequence out; returns the row it had.
-    std::size_t remove(RowNode& node);
+    std::size_t remove(RowNode& node) { return m_rows.remove(&node); }
 
     // Takes every node out. The nodes may be gone already.
-    void clear();
+    void clear() { m_rows.clear(); }
 
 private:
-    struct Place {
-        std::size_t block;
-        std::size_t offset;
-    };
-    Place placeOf(std::size_t row) const;
-    std::size_t firstRowOf(std::size_t block) const;
-    void addBlock(std::size_t at);
-    void splitBlock(std::size_t at);
-    void removeBlock(std::size_t at);
-
-    std::vector<std::unique_ptr<RowBlock>> m_blocks;
-    std::vector<std::uint32_t> m_sizes;  // of each block, side by side for the pass over them
-    std::size_t m_size = 0;
+    BlockedSequence<RowNode*, RowNodeHomes> m_rows;
 };

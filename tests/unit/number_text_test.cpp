@@ -108,12 +108,12 @@ TEST(NumberTextTest, ReadsOtherNumbersWholeOrAsABeginning) {
     };
     for (const auto& [text, beginning, whole] : cases) {
         EXPECT_EQ(leadingNumber(text), beginning) << text;
-        EXPECT_EQ(readNumber(text).has_value(), whole) << text;
+        EXPECT_EQ(readWholeNumber(text).has_value(), whole) << text;
         if (whole) {
-            EXPECT_EQ(readNumber(text), beginning) << text;
+            EXPECT_EQ(readWholeNumber(text), beginning) << text;
         }
     }
-    EXPECT_FALSE(readNumber(std::string_view("1\0", 2)));
+    EXPECT_FALSE(readWholeNumber(std::string_view("1\0", 2)));
 }
 
 }  // namespace

@@ -1,0 +1,303 @@
+// The list's rules against their peers: each benchmark runs all sides in turn over the same rows
+// and reports nanoseconds per row of each and how many times faster than them the list is
+// ("x_qt" = 20: twenty times). "cold" includes reading all texts of the columns for the first time.
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <map>
+#include <numeric>
+#include <random>
+#include <unordered_set>
+
+#include "bench/list_peers.h"
+#include "listctrl/model/record_store.h"
+
+#ifndef MC_WITH_QT
+std::unique_ptr<ListPeer> makeQtPeer(const Rows&) {
+    return nullptr;
+}
+#endif
+#ifndef MC_WITH_SQLITE
+std::unique_ptr<ListPeer> makeSqlitePeer(const Rows&) {
+    return nullptr;
+}
+#endif
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+enum Column { entityName, authType, key, maker, branch, broker, amount = kAmount };
+
+Rows makeRows(std::size_t count) {
+    static constexpr const char* kTypes[] = {"Add User",      "Modify User", "Add Client",
+                                             "Modify Client", "RMS Limits",  "Reset Password",
+                                             "Unlock User"};
+    std::mt19937 random(1);
+    const auto numbered = [&](const char* front, unsigned first, unsigned end) {
+        return front + std::to_string(first + random() % end);
+    };
+    std::vector<std::size_t> keys(count);
+    std::iota(keys.begin(), keys.end(), 1'000'000);
+    std::shuffle(keys.begin(), keys.end(), random);
+    Rows rows(count);
+    for (std::size_t i = 0; i < count; ++i)
+        rows[i] = {numbered(i % 3 == 0   ? "DEALER"
+                            : i % 3 == 1 ? "client"
+                                         : "Broker - ",
+                            0, 9999999),
+                   kTypes[random() % std::size(kTypes)],
+                   std::to_string(keys[i]),
+                   numbered("MAKER", 100, 200),
+                   numbered("BR", 1000, 500),
+                   numbered("ZEK", 10, 50),
+                   numbered("", 0, 1000000) + "." + numbered("", 10, 90)};
+    return rows;
+}
+
+std::string_view readCell(const void* row, int column) {
+    return (*static_cast<const Row*>(row))[static_cast<std::size_t>(column)];
+}
+
+// The same rows on every side; made once per size.
+struct Sides {
+    explicit Sides(std::size_t count) : rows(makeRows(count)) {
+        store.setCellReader(readCell);
+        for (Row& row : rows) store.insertItem(0, &row);
+        for (auto make : {makeQtPeer, makeSqlitePeer})
+            if (auto peer = make(rows)) peers.push_back(std::move(peer));
+    }
+    Rows rows;
+    RecordStore store;
+    std::vector<std::unique_ptr<ListPeer>> peers;
+
+    // Of the size asked for last: a million rows on every side take a gigabyte.
+    static Sides& of(const benchmark::State& state) {
+        static std::unique_ptr<Sides> sides;
+        const auto count = static_cast<std::size_t>(state.range(0));
+        if (sides == nullptr || sides->rows.size() != count) {
+            sides.reset();
+            sides = std::make_unique<Sides>(count);
+        }
+        sides->store.reset();
+        for (Row& row : sides->rows) sides->store.insertItem(0, &row);
+        return *sides;
+    }
+};
+
+// Each side's shortest time. A machine shared with others only ever adds to it.
+class Times {
+public:
+    template <class Work>
+    void measure(const std::string& side, Work work) {
+        const auto start = Clock::now();
+        work();
+        const std::chrono::duration<double, std::nano> took = Clock::now() - start;
+        const auto [at, fresh] = m_best.try_emplace(side, took.count());
+        if (!fresh) at->second = std::min(at->second, took.count());
+    }
+
+    void report(benchmark::State& state, double units) const {
+        const double ours = m_best.at("ours");
+        for (const auto& [side, best] : m_best) {
+            state.counters["ns_" + side] = best / units;
+            if (side != "ours" && side != "cold") state.counters["x_" + side] = best / ours;
+        }
+    }
+
+private:
+    std::map<std::string, double> m_best;
+};
+
+// ---- Filter ----
+
+std::string filterText(const Question& question) {
+    switch (question.asked) {
+        case Asked::suffix:
+            return "*" + question.text;
+        case Asked::contains:
+            return "*" + question.text + "*";
+        case Asked::greater:
+            return ">" + question.text;
+        default:
+            return question.text;
+    }
+}
+
+void filter(benchmark::State& state, const std::vector<Question>& questions) {
+    Sides& sides = Sides::of(state);
+    RecordStore& store = sides.store;
+    store.clearFilters();
+    for (const Question& question : questions)
+        store.setFilter(question.column, filterText(question));
+    Times times;
+    for (auto _ : state) {
+        store.dropTexts();
+        times.measure("cold", [&] { store.filter(); });
+        for (int i = 0; i < 5; ++i) times.measure("ours", [&] { store.filter(); });
+        for (const auto& peer : sides.peers) {
+            std::size_t passing = 0;
+            times.measure(peer->name(), [&] { passing = peer->filter(questions); });
+            if (passing != store.rowCount()) state.SkipWithError("the sides differ");
+        }
+    }
+    times.report(state, static_cast<double>(state.range(0)));
+    state.counters["passing"] = static_cast<double>(store.rowCount());
+}
+
+const Question kPrefix{entityName, Asked::prefix, "dealer12"};
+const Question kSuffix{key, Asked::suffix, "77"};
+const Question kContains{entityName, Asked::contains, "er - 12"};
+const Question kAlternatives{entityName, Asked::alternatives, "dealer1~client2~broker - 3"};
+const Question kGreater{amount, Asked::greater, "500000"};
+const Question kMaker{maker, Asked::contains, "er1"};
+const Question kMany{key, Asked::prefix, "1"};
+
+#define SIZES \
+    ->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond)->Iterations(3)
+BENCHMARK_CAPTURE(filter, prefix, {kPrefix}) SIZES;
+BENCHMARK_CAPTURE(filter, suffix, {kSuffix}) SIZES;
+BENCHMARK_CAPTURE(filter, contains, {kContains}) SIZES;
+BENCHMARK_CAPTURE(filter, alternatives, {kAlternatives}) SIZES;
+BENCHMARK_CAPTURE(filter, greater, {kGreater}) SIZES;
+BENCHMARK_CAPTURE(filter, few_values, {kMaker}) SIZES;
+BENCHMARK_CAPTURE(filter, most_pass, {kMany}) SIZES;
+BENCHMARK_CAPTURE(filter, three_columns, {kContains, kMaker, kGreater}) SIZES;
+
+// ---- Sort ----
+
+template <class Key, class KeyOf>
+void stableSort(Times& times, const Rows& rows, KeyOf keyOf) {
+    std::vector<std::pair<Key, std::uint32_t>> keys;
+    for (const Row& row : rows) keys.emplace_back(keyOf(row), keys.size());
+    times.measure("stable_sort", [&] {
+        std::stable_sort(keys.begin(), keys.end(),
+                         [](const auto& a, const auto& b) { return a.first < b.first; });
+    });
+}
+
+void sort(benchmark::State& state, int column, Comparison comparison) {
+    Sides& sides = Sides::of(state);
+    RecordStore& store = sides.store;
+    Times times;
+    for (auto _ : state) {
+        store.unsort();
+        store.dropTexts();
+        times.measure("cold", [&] { store.sort({column, comparison, -1}); });
+        for (int i = 0; i < 3; ++i) {
+            store.unsort();
+            times.measure("ours", [&] { store.sort({column, comparison, -1}); });
+        }
+        for (const auto& peer : sides.peers)
+            times.measure(peer->name(), [&] { peer->sort(column); });
+        const auto cell = [&](const Row& row) { return row[static_cast<std::size_t>(column)]; };
+        if (comparison == Comparison::text)
+            stableSort<std::string>(times, sides.rows, cell);
+        else if (comparison == Comparison::longInteger)
+            stableSort<long long>(times, sides.rows,
+                                  [&](const Row& row) { return std::atoll(cell(row).c_str()); });
+        else
+            stableSort<double>(times, sides.rows,
+                               [&](const Row& row) { return std::atof(cell(row).c_str()); });
+    }
+    times.report(state, static_cast<double>(state.range(0)));
+}
+BENCHMARK_CAPTURE(sort, text, entityName, Comparison::text) SIZES;
+BENCHMARK_CAPTURE(sort, text_of_few, branch, Comparison::text) SIZES;
+BENCHMARK_CAPTURE(sort, whole_numbers, key, Comparison::longInteger) SIZES;
+BENCHMARK_CAPTURE(sort, numbers, amount, Comparison::number) SIZES;
+
+// ---- Rows that come and go ----
+
+// A thousand rows arrive in a list of so many; growth is what counts.
+void append(benchmark::State& state, bool filtered, bool sorted) {
+    Sides& sides = Sides::of(state);
+    RecordStore& store = sides.store;
+    if (filtered) store.setFilter(maker, "*1*");
+    store.filter();
+    if (sorted) store.sort({entityName, Comparison::text, -1});
+    Rows more = makeRows(1000);
+    Times times;
+    for (auto _ : state) {
+        times.measure("ours", [&] {
+            for (Row& row : more) store.insertItem(0, &row);
+        });
+        for (std::size_t i = 0; i < more.size(); ++i)
+            store.deleteStored(static_cast<std::ptrdiff_t>(store.storedCount()) - 1);
+    }
+    store.unsort();
+    store.clearFilters();
+    store.filter();
+    times.report(state, 1000);
+}
+#define GROWTH                          \
+    ->Arg(1000)                         \
+        ->Arg(10'000)                   \
+        ->Arg(100'000)                  \
+        ->Arg(1'000'000)                \
+        ->Unit(benchmark::kMillisecond) \
+        ->Iterations(3)
+BENCHMARK_CAPTURE(append, plain, false, false) GROWTH;
+BENCHMARK_CAPTURE(append, filtered, true, false) GROWTH;
+BENCHMARK_CAPTURE(append, sorted, false, true) GROWTH;
+
+enum class Order { arrival, reverse, random };
+
+// All rows go one by one, as their changes are decided; the owner knows their slots.
+void remove(benchmark::State& state, Order order, bool sorted) {
+    Rows rows = makeRows(static_cast<std::size_t>(state.range(0)));
+    std::mt19937 random(2);
+    Times times;
+    for (auto _ : state) {
+        RecordStore store;
+        store.setCellReader(readCell);
+        std::vector<Slot> slots;
+        for (Row& row : rows) slots.push_back(store.insertItem(0, &row).slot);
+        if (sorted) store.sort({entityName, Comparison::text, -1});
+        if (order == Order::reverse) std::reverse(slots.begin(), slots.end());
+        if (order == Order::random) std::shuffle(slots.begin(), slots.end(), random);
+        times.measure("ours", [&] {
+            for (const Slot slot : slots) store.deleteRecord(slot);
+        });
+        if (store.rowCount() != 0) state.SkipWithError("rows are left");
+    }
+    times.report(state, static_cast<double>(state.range(0)));
+}
+BENCHMARK_CAPTURE(remove, arrival_order, Order::arrival, false) GROWTH;
+BENCHMARK_CAPTURE(remove, reverse_order, Order::reverse, false) GROWTH;
+BENCHMARK_CAPTURE(remove, random_order, Order::random, false) GROWTH;
+BENCHMARK_CAPTURE(remove, random_order_sorted, Order::random, true) GROWTH;
+
+// ---- Distinct values ----
+
+void distinct(benchmark::State& state, int column) {
+    Sides& sides = Sides::of(state);
+    RecordStore& store = sides.store;
+    Times times;
+    for (auto _ : state) {
+        store.dropTexts();
+        DistinctValues found;
+        times.measure("ours", [&] { found = store.distinctValues(column); });
+        times.measure("kept", [&] { found = store.distinctValues(column); });
+        std::unordered_set<std::string_view> seen;
+        std::vector<std::string> values;
+        times.measure("unordered_set", [&] {
+            for (const Row& row : sides.rows) {
+                const std::string_view text = readCell(&row, column);
+                if (!text.empty() && seen.insert(text).second && values.size() < 10'000)
+                    values.emplace_back(text);
+            }
+        });
+        if (found.values != values || found.values.size() + found.beyond != seen.size())
+            state.SkipWithError("the sides differ");
+    }
+    times.report(state, static_cast<double>(state.range(0)));
+}
+BENCHMARK_CAPTURE(distinct, two_hundred, maker) SIZES;
+BENCHMARK_CAPTURE(distinct, all_different, key) SIZES;
+
+}  // namespace
+
+BENCHMARK_MAIN();

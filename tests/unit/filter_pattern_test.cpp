@@ -1,0 +1,107 @@
+#include "listctrl/model/filter_pattern.h"
+
+#include <gtest/gtest.h>
+#include <strings.h>
+
+#include <cstdio>
+#include <limits>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "listctrl/model/read_number.h"
+#include "listctrl/model/text_search.h"
+#include "tests/unit/literal_list.h"
+
+namespace {
+
+TEST(FilterPattern, MatchesAsItsSignsSay) {
+    const std::vector<std::string> none;
+    const struct {
+        const char* filter;
+        bool exact;
+        std::vector<std::string> matching;
+        std::vector<std::string> others;
+    } cases[] = {
+        {"", false, {"", "abc"}, none},
+        {"", true, {"", "abc"}, none},
+        {"abc", false, {"ABCD", "abc"}, {"", "ab", "xabc"}},
+        {"*bc", false, {"ABC", "bc"}, {"abcd", "c"}},
+        {"*bc*", false, {"xBCy", "bc", "abcd"}, {"b", "", "b c"}},
+        {">100", false, {"150.5", " 101 lots", "1e3"}, {"100", "NA", "", "-150"}},
+        {"<100", false, {"99.9", "-150", "1,000"}, {"100", "NA", ""}},
+        {">1e999", false, none, {"1e999", "5"}},
+        {"<-1e999", false, none, {"-1e999", "5"}},
+        {"> 5 lots", false, {"6"}, {"5", "> 5 lots"}},
+        {"abc~xyz", false, {"abcd", "XYZ"}, {"", "~", "ab"}},
+        {"~~abc~~xyz~", false, {"abc", "xyz"}, {"", "~"}},
+        {"~", false, none, {"", "~", "a"}},
+        {"~~~", true, none, {"", "~", "a"}},
+        {"*", false, {"", "a"}, none},
+        {"**", false, {"", "a"}, none},
+        {"***", false, {"a*b"}, {"", "ab"}},
+        {"*~q", false, {"", "a"}, none},
+        {">", false, none, {"", ">", "5"}},
+        {">abc", false, none, {">abc", "5", "abc"}},
+        {">inf~<nan", false, none, {"5", "-5", "inf", "nan"}},
+        {"a~ab~abc", false, {"a", "ABD"}, {"", "b"}},
+        {"abc", true, {"ABC", "abc"}, {"abcd", "ab", ""}},
+        {"*bc", true, {"*BC"}, {"abc", "bc"}},
+        {">100~<5", true, {">100", "<5"}, {"150", "4"}},
+        {"*~**", true, {"*", "**"}, {"", "a"}},
+        {"\xC4", false, {"\xC4x"}, {"\xE4"}},
+    };
+    for (const auto& [filter, exact, matching, others] : cases) {
+        const FilterPattern pattern(filter, exact);
+        for (const auto& cell : matching)
+            EXPECT_TRUE(pattern.matches(cell)) << filter << ' ' << cell;
+        for (const auto& cell : others)
+            EXPECT_FALSE(pattern.matches(cell)) << filter << ' ' << cell;
+    }
+}
+
+TEST(FilterPattern, StandsLongTexts) {
+    std::string choices, signs;
+    for (int i = 0; choices.size() < 65536; ++i) choices += "key" + std::to_string(i) + "x~";
+    while (signs.size() < 65536) signs += "*~";
+    const FilterPattern many(choices, true);
+    EXPECT_TRUE(many.matches("KEY4000X"));
+    EXPECT_FALSE(many.matches("key4000"));
+    EXPECT_TRUE(FilterPattern(signs, false).matches("a"));
+    EXPECT_FALSE(FilterPattern(std::string(65536, '~'), false).matches("~"));
+    EXPECT_FALSE(FilterPattern(std::string(65536, '*'), false).matches("a"));
+    EXPECT_TRUE(FilterPattern(">" + std::string(65536, '1'), false).matches("1e999") == false);
+}
+
+std::string randomText(std::mt19937& random, const char* letters, std::size_t most) {
+    const std::string_view from = letters;
+    std::string text(random() % (most + 1), ' ');
+    for (char& c : text) c = from[random() % from.size()];
+    return text;
+}
+
+// One by one and all in a row, as the rules written down plainly.
+TEST(FilterPattern, AgreesWithTheLiteralRules) {
+    std::mt19937 random(2);
+    for (int round = 0; round < 1500; ++round) {
+        TextTable texts;
+        for (int i = 0; i < 60; ++i) texts.add(randomText(random, "aAbB1.-", i % 3 == 0 ? 40 : 6));
+        std::vector<double> numbers(texts.size());
+        for (TextTable::Code code = 0; code < texts.size(); ++code)
+            numbers[code] =
+                readNumber(texts.text(code)).value_or(std::numeric_limits<double>::quiet_NaN());
+        const bool exact = random() % 4 == 0;
+        const std::string filter = randomText(random, "aAbB1.-~~~~**<>", round % 9 == 0 ? 60 : 9);
+        const FilterPattern pattern(filter, exact);
+        std::vector<std::uint8_t> marks;
+        markMatches(pattern, texts, numbers, marks);
+        for (TextTable::Code code = 0; code < texts.size(); ++code) {
+            const std::string cell(texts.text(code));
+            const bool expected = literal::matches(cell, filter, exact);
+            ASSERT_EQ(pattern.matches(cell), expected) << filter << " on " << cell;
+            ASSERT_EQ(marks[code] != 0, expected) << filter << " on " << cell;
+        }
+    }
+}
+
+}  // namespace

@@ -1,0 +1,78 @@
+// The rules of the filter list written down plainly, one step after the other and as slow as that
+// is: what the record store is compared with. It shares no code with it.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace literal {
+
+struct Record {
+    std::vector<std::string> cells;
+};
+
+// One cell against a filter text.
+bool matches(const std::string& cell, const std::string& filter, bool exact);
+
+// Below, equal to or above 0 as row `a` comes before, with or behind row `b`. Texts compared as
+// dates (type 6) are to be of the form dd/mm/yyyy, or of lengths of their own.
+int compare(int dataType, int direction, const std::string& a, const std::string& b);
+
+struct Sorting {
+    int column;
+    int dataType;
+    int direction;
+};
+
+class List {
+public:
+    struct Outcome {
+        int result = 0;
+        std::string message;
+    };
+
+    std::size_t insertItem(std::size_t position, Record* record);
+    Outcome deleteItem(std::size_t row);
+    Outcome deleteStored(std::ptrdiff_t position);
+    void reset();
+    void refresh(Record* record);
+    Outcome filter();
+    void sort(const Sorting& sorting);
+    void unsort();
+    void select(std::size_t row, bool on);
+
+    Record* at(std::size_t row) const;
+    std::size_t mirrored(std::size_t row) const { return reversed ? itemCount - 1 - row : row; }
+
+    std::vector<Record*> store;
+    std::vector<std::size_t> map;  // visible row to place in the store
+    std::size_t itemCount = 0;
+    bool reversed = false;
+
+    std::vector<int> filterColumns;
+    std::vector<std::string> filterTexts;
+    bool exactOnce = false, exactAlways = false;
+    std::optional<Sorting> sorting;
+
+    std::set<Record*> selected, autoSelected;
+    Record* focus = nullptr;
+
+private:
+    struct Judge {
+        std::vector<int> columns;
+        std::vector<std::string> texts;
+        bool exact = false;
+    };
+
+    bool passes(const Record& record) const;
+    void deselectHidden();
+    void showSorted(std::size_t stored);
+    bool before(std::size_t a, std::size_t b) const;
+
+    Judge m_judge;  // of the last pass
+};
+
+}  // namespace literal

@@ -1,0 +1,269 @@
+// The record store against the literal list: random steps, the same state after each.
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <map>
+#include <random>
+
+#include "listctrl/model/record_store.h"
+#include "tests/unit/literal_list.h"
+
+namespace {
+
+using literal::Record;
+
+constexpr int kColumns = 4;
+
+// Steps both lists through the same changes.
+class Pair {
+public:
+    explicit Pair(unsigned seed) : m_random(seed) {
+        m_store.setCellReader([](const void* record, int column) -> std::string_view {
+            return static_cast<const Record*>(record)->cells[static_cast<std::size_t>(column)];
+        });
+    }
+
+    void step() {
+        static constexpr void (Pair::*kSteps[])() = {
+            &Pair::insert,  &Pair::insert,    &Pair::insert,       &Pair::insert,
+            &Pair::append,  &Pair::deleteRow, &Pair::deleteStored, &Pair::refresh,
+            &Pair::refresh, &Pair::setFilter, &Pair::filter,       &Pair::sort,
+            &Pair::select,  &Pair::select,    &Pair::focus,        &Pair::switchFlags,
+            &Pair::rarely,
+        };
+        const auto change = kSteps[below(std::size(kSteps))];
+        (this->*change)();
+        compareRows();
+        compareChanges();
+    }
+
+private:
+    std::size_t below(std::size_t end) { return end == 0 ? 0 : m_random() % end; }
+    std::size_t anyRow() { return below(m_literal.itemCount + 2); }
+
+    std::string randomText(int column) {
+        static const std::vector<std::string> kTexts[kColumns] = {
+            {"", "abc", "ABC", "abcd", "xyz", "xBCy", "NA", "longer than eight bytes",
+             "longer than eight letters", "\xE4"},
+            {"", "-", "NA", "-1", "0", "100", "150.5", "99", "1e3", "7x", " 12"},
+            {"", "-", "01/02/2024", "02/01/2024", "31/12/2023", "01/02/2025"},
+            {"1", "2", "3", "-4", "4000", "4000", "x"},
+        };
+        if (below(4) == 0 && column == 3) return std::to_string(below(1000));
+        const auto& texts = kTexts[column];
+        return texts[below(texts.size())];
+    }
+
+    Record* newRecord() {
+        Record& record = m_records.emplace_back();
+        for (int column = 0; column < kColumns; ++column)
+            record.cells.push_back(randomText(column));
+        return &record;
+    }
+
+    void insertAt(std::size_t position) {
+        Record* const record = newRecord();
+        const auto inserted = m_store.insertItem(position, record);
+        EXPECT_EQ(inserted.position, m_literal.insertItem(position, record));
+        EXPECT_EQ(m_store.record(inserted.slot), record);
+        m_slots[record] = inserted.slot;
+    }
+    void insert() { insertAt(below(m_literal.store.size() + 2)); }
+    void append() { insertAt(0); }
+
+    void expectSame(const RecordStore::Outcome& ours, const literal::List::Outcome& expected) {
+        EXPECT_EQ(ours.result, expected.result);
+        EXPECT_EQ(ours.message != nullptr ? ours.message : "", expected.message);
+    }
+    void deleteRow() {
+        const std::size_t row = anyRow();
+        expectSame(m_store.deleteItem(row), m_literal.deleteItem(row));
+    }
+    void deleteStored() {
+        const auto position = static_cast<std::ptrdiff_t>(below(m_literal.store.size() + 2)) - 1;
+        expectSame(m_store.deleteStored(position), m_literal.deleteStored(position));
+    }
+
+    void refresh() {
+        if (m_literal.store.empty()) return;
+        Record* const record = m_literal.store[below(m_literal.store.size())];
+        const int column = static_cast<int>(below(kColumns));
+        record->cells[static_cast<std::size_t>(column)] = randomText(column);
+        m_store.refresh(m_slots[record]);
+        m_literal.refresh(record);
+        m_refreshed = record;
+    }
+
+    void setFilter() {
+        static const std::vector<std::string> kFilters = {"",
+                                                          "",
+                                                          "",
+                                                          "",
+                                                          "a",
+                                                          "abc",
+                                                          "*bc",
+                                                          "*bc*",
+                                                          "*",
+                                                          ">99",
+                                                          "<100",
+                                                          "abc~xyz",
+                                                          "~",
+                                                          "1~2~3~4~5~6",
+                                                          ">abc",
+                                                          "*longer*",
+                                                          "longer than eight b",
+                                                          "NA~-"};
+        const int column = static_cast<int>(below(kColumns));
+        const std::string& text = kFilters[below(kFilters.size())];
+        m_store.setFilter(column, text);
+        auto& columns = m_literal.filterColumns;
+        auto& texts = m_literal.filterTexts;
+        texts.resize(columns.size());
+        const auto found = std::find(columns.begin(), columns.end(), column);
+        if (found != columns.end()) {
+            texts.erase(texts.begin() + (found - columns.begin()));
+            columns.erase(found);
+        }
+        if (!text.empty()) columns.push_back(column), texts.push_back(text);
+        EXPECT_EQ(m_store.filterText(column), text);
+    }
+    void filter() { expectSame(m_store.filter(), m_literal.filter()); }
+
+    void sort() {
+        if (below(4) == 0) return m_store.unsort(), m_literal.unsort();
+        static constexpr int kTypes[kColumns][2] = {{3, 8}, {2, 9}, {6, 6}, {1, 4}};
+        const int column = static_cast<int>(below(kColumns));
+        const int type = below(10) == 0 ? 0 : kTypes[column][below(2)];
+        const int direction = below(2) == 0 ? -1 : 1;
+        m_store.sort({column, comparisonOf(type), direction});
+        m_literal.sort({column, type, direction});
+    }
+
+    void select() {
+        const std::size_t row = anyRow();
+        const bool on = below(3) != 0;
+        m_store.select(row, on);
+        m_literal.select(row, on);
+    }
+    void focus() {
+        const std::size_t row = anyRow();
+        m_store.setFocus(row);
+        m_literal.focus = m_literal.at(row);
+    }
+
+    void switchFlags() {
+        const bool on = below(2) == 0;
+        switch (below(3)) {
+            case 0:
+                m_store.setMatchExactly(on), m_literal.exactAlways = on;
+                break;
+            case 1:
+                m_store.matchExactlyOnce(), m_literal.exactOnce = true;
+                break;
+            default:
+                m_store.setReversed(on), m_literal.reversed = on;
+                break;
+        }
+    }
+
+    void rarely() {
+        switch (below(8)) {
+            case 0:
+                m_store.reset(), m_literal.reset(), m_slots.clear();
+                break;
+            case 1:
+                m_store.dropTexts();
+                break;
+            case 2:
+                m_store.columnChanged(static_cast<int>(below(kColumns)));
+                break;
+            case 3:
+                m_store.selectAll();
+                for (std::size_t row = 0; row < m_literal.itemCount; ++row)
+                    m_literal.select(row, true);
+                break;
+            case 4:
+                m_store.clearSelection();
+                m_literal.selected.clear(), m_literal.autoSelected.clear();
+                break;
+            case 5:
+                m_store.clearFilters();
+                m_literal.filterColumns.clear(), m_literal.filterTexts.clear();
+                break;
+            case 6:
+                m_store.setFilters({0, 1}, {"a"});
+                m_literal.filterColumns = {0, 1}, m_literal.filterTexts = {"a"};
+                break;
+            default:
+                break;
+        }
+    }
+
+    void compareRows() {
+        ASSERT_EQ(m_store.storedCount(), m_literal.store.size());
+        for (std::size_t i = 0; i < m_literal.store.size(); ++i) {
+            Record* const record = m_literal.store[i];
+            ASSERT_EQ(m_store.record(m_store.storedAt(i)), record);
+            ASSERT_EQ(m_store.storedPosition(m_slots[record]), i);
+        }
+        ASSERT_EQ(m_store.rowCount(), m_literal.itemCount);
+        std::vector<std::size_t> selected;
+        for (std::size_t row = 0; row < m_literal.itemCount; ++row) {
+            Record* const record = m_literal.at(row);
+            ASSERT_EQ(m_store.recordAt(row), record) << "row " << row;
+            if (record != nullptr) {
+                ASSERT_EQ(m_store.rowOf(m_slots[record]), row);
+            }
+            ASSERT_EQ(m_store.autoSelected(row), m_literal.autoSelected.contains(record));
+            if (m_literal.selected.contains(record)) selected.push_back(row);
+        }
+        ASSERT_EQ(m_store.selectedRows(), selected);
+        ASSERT_EQ(m_store.selectedCount(), selected.size());
+        const auto focused = m_store.focusedRow();
+        ASSERT_EQ(focused ? m_store.recordAt(*focused) : nullptr, m_literal.focus);
+    }
+
+    // What was reported as changed covers what did.
+    void compareChanges() {
+        const RowChanges changes = m_store.takeChanges();
+        std::vector<Record*> shown;
+        for (std::size_t row = 0; row < m_literal.itemCount; ++row)
+            shown.push_back(m_literal.at(row));
+        ASSERT_TRUE(changes.count || shown.size() == m_shown.size());
+        for (std::size_t row = 0; row < std::min(shown.size(), m_shown.size()); ++row) {
+            const bool same =
+                shown[row] == m_shown[row] && (shown[row] == nullptr || shown[row] != m_refreshed);
+            ASSERT_TRUE(same || (row >= changes.first && row < changes.last)) << row;
+        }
+        ASSERT_TRUE(changes.selection ||
+                    (m_selected == m_literal.selected && m_auto == m_literal.autoSelected &&
+                     m_focus == m_literal.focus));
+        m_shown = shown, m_refreshed = nullptr;
+        m_selected = m_literal.selected, m_auto = m_literal.autoSelected;
+        m_focus = m_literal.focus;
+    }
+
+    std::mt19937 m_random;
+    RecordStore m_store;
+    literal::List m_literal;
+    std::deque<Record> m_records;
+    std::map<Record*, Slot> m_slots;
+
+    std::vector<Record*> m_shown;  // at the last look at the changes, as what follows
+    Record* m_refreshed = nullptr;
+    std::set<Record*> m_selected, m_auto;
+    Record* m_focus = nullptr;
+};
+
+TEST(RecordStore, NeverDiffersFromTheLiteralList) {
+    for (unsigned seed = 0; seed < 3000; ++seed) {
+        Pair lists(seed);
+        for (int i = 0; i < 120; ++i) {
+            lists.step();
+            if (testing::Test::HasFatalFailure() || testing::Test::HasNonfatalFailure())
+                FAIL() << "seed " << seed << ", step " << i;
+        }
+    }
+}
+
+}  // namespace

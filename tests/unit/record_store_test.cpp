@@ -1,0 +1,190 @@
+#include "listctrl/model/record_store.h"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <string>
+
+namespace {
+
+class RecordStoreTest : public testing::Test {
+protected:
+    RecordStoreTest() {
+        m_store.setCellReader([](const void* record, int) -> std::string_view {
+            return *static_cast<const std::string*>(record);
+        });
+    }
+
+    Slot insert(std::size_t position, const char* text) {
+        return m_store.insertItem(position, &m_texts.emplace_back(text)).slot;
+    }
+    void append(std::initializer_list<const char*> texts) {
+        for (const char* text : texts) insert(0, text);
+    }
+    std::string shown() const {
+        std::string rows;
+        for (std::size_t row = 0; row < m_store.rowCount(); ++row)
+            rows += (row > 0 ? " " : "") + std::string(m_store.cellText(row, 0));
+        return rows;
+    }
+    void filter(const char* text) {
+        m_store.setFilter(0, text);
+        m_store.filter();
+    }
+    void refresh(Slot slot, const char* text) {
+        *static_cast<std::string*>(m_store.record(slot)) = text;
+        m_store.refresh(slot);
+    }
+
+    RecordStore m_store;
+    std::deque<std::string> m_texts;
+};
+
+TEST_F(RecordStoreTest, WithoutDataTakesAndShowsNothing) {
+    m_store.setCellReader(nullptr);
+    EXPECT_EQ(insert(0, "a"), kNoSlot);
+    EXPECT_EQ(m_store.storedCount(), 0U);
+    EXPECT_EQ(m_store.filter().result, 0);
+    EXPECT_EQ(m_store.cellText(0, 0), "no data descriptor initialised");
+    EXPECT_TRUE(m_store.distinctValues(0).values.empty());
+}
+
+TEST_F(RecordStoreTest, InsertsInTheMiddleAndAppendsAtZero) {
+    append({"a", "b", "c"});
+    std::string x = "x";
+    EXPECT_EQ(m_store.insertItem(1, &x).position, 1U);
+    EXPECT_EQ(m_store.insertItem(0, &x).position, 4U);
+    EXPECT_EQ(m_store.insertItem(99, &x).position, 5U);
+    EXPECT_EQ(shown(), "a x b c x x");
+    filter("x");
+    m_store.insertItem(2, &x);  // the third record, and the third row
+    EXPECT_EQ(shown(), "x x x x");
+    EXPECT_EQ(m_store.storedPosition(m_store.slotAt(2)), 2U);
+}
+
+TEST_F(RecordStoreTest, DeletesRowsAndStoredRecords) {
+    append({"a", "b", "c", "d", "e"});
+    EXPECT_EQ(m_store.deleteItem(5).result, 0);
+    EXPECT_EQ(m_store.deleteItem(1).result, 1);
+    m_store.setReversed(true);
+    EXPECT_EQ(shown(), "e d c a");
+    EXPECT_EQ(m_store.deleteItem(0).result, 1);
+    EXPECT_EQ(shown(), "d c a");
+    EXPECT_EQ(m_store.deleteStored(0).result, 1);
+    EXPECT_EQ(shown(), "d c");
+    filter("d");
+    EXPECT_EQ(m_store.deleteStored(0).result, 1);  // filtered out
+    for (const std::ptrdiff_t none : {-1, 1, 99}) EXPECT_EQ(m_store.deleteStored(none).result, 0);
+    EXPECT_EQ(shown(), "d");
+    EXPECT_EQ(m_store.reset(), 1);
+    EXPECT_EQ(m_store.rowCount() + m_store.storedCount(), 0U);
+}
+
+TEST_F(RecordStoreTest, FiltersThatDontBelongTogetherFail) {
+    append({"a", "b"});
+    m_store.setFilters({0, 1}, {"a"});
+    EXPECT_STREQ(m_store.filter().message, "Error occured while filtering");
+    EXPECT_EQ(m_store.rowCount(), 2U);
+    EXPECT_STREQ(m_store.deleteItem(1).message, "Delete item: Item not found");
+    EXPECT_EQ(m_store.cellText(1, 0), "");
+    m_store.clearFilters();
+    EXPECT_EQ(m_store.filter().result, 1);
+    EXPECT_EQ(shown(), "a b");
+}
+
+TEST_F(RecordStoreTest, ExactnessIsAskedOnceOrKept) {
+    append({"abc", "ABCD"});
+    m_store.matchExactlyOnce();
+    filter("abc");
+    EXPECT_EQ(shown(), "abc");
+    insert(0, "abcde");  // judged as the rows on show were
+    EXPECT_EQ(shown(), "abc");
+    m_store.filter();
+    EXPECT_EQ(shown(), "abc ABCD abcde");
+    m_store.setMatchExactly(true);
+    m_store.filter();
+    m_store.filter();
+    EXPECT_EQ(shown(), "abc");
+}
+
+TEST_F(RecordStoreTest, RowsArriveAndMoveWhereOrderAndFilterWantThem) {
+    append({"7", "30", "5"});
+    filter("<100");
+    m_store.sort({0, Comparison::integer, -1});
+    const Slot six = insert(1, "6");
+    const Slot large = insert(0, "200");
+    EXPECT_EQ(shown(), "5 6 7 30");
+    refresh(large, "20");
+    EXPECT_EQ(shown(), "5 6 7 20 30");
+    refresh(six, "25");
+    EXPECT_EQ(shown(), "5 7 20 25 30");
+    refresh(six, "500");
+    EXPECT_EQ(shown(), "5 7 20 30");
+    m_store.sort({0, Comparison::integer, 1});
+    EXPECT_EQ(shown(), "30 20 7 5");
+    m_store.unsort();
+    EXPECT_EQ(shown(), "7 30 5 20");
+    refresh(six, "8");
+    EXPECT_EQ(shown(), "7 8 30 5 20");
+}
+
+TEST_F(RecordStoreTest, SelectionAndFocusBelongToRecords) {
+    append({"c", "b", "a", "d"});
+    m_store.select(0, true);
+    m_store.setFocus(1);
+    m_store.sort({0, Comparison::text, -1});
+    EXPECT_EQ(m_store.selectedRows(), std::vector<std::size_t>{2});
+    EXPECT_EQ(m_store.focusedRow(), 1U);
+
+    m_store.deleteItem(2);  // the list selects the row after it, until that is touched
+    EXPECT_TRUE(m_store.selected(2) && m_store.autoSelected(2));
+    m_store.select(2, true);
+    EXPECT_TRUE(m_store.selected(2) && !m_store.autoSelected(2));
+
+    m_store.deleteItem(2);  // the last row: none is selected
+    EXPECT_EQ(m_store.selectedCount(), 0U);
+    m_store.deleteItem(1);  // it had the focus and was the last
+    EXPECT_EQ(m_store.focusedRow(), 0U);
+
+    m_store.select(0, true);
+    filter("x");
+    filter("");
+    EXPECT_EQ(m_store.selectedCount(), 0U);
+    EXPECT_EQ(m_store.focusedRow(), std::nullopt);
+}
+
+TEST_F(RecordStoreTest, DistinctValuesComeInOrderOfFirstAppearance) {
+    append({"b", "", "a", "b", "B", "a", "c"});
+    filter("zzz");
+    EXPECT_EQ(m_store.distinctValues(0).values, (std::vector<std::string>{"b", "a", "B", "c"}));
+    const DistinctValues some = m_store.distinctValues(0, 3);
+    EXPECT_EQ(some.values.size(), 3U);
+    EXPECT_EQ(some.beyond, 1U);
+    m_store.reset();
+    append({"", ""});
+    EXPECT_TRUE(m_store.distinctValues(0).values.empty());
+}
+
+TEST_F(RecordStoreTest, TellsWhatChanged) {
+    append({"a", "b", "c"});
+    m_store.takeChanges();
+    const auto expect = [&](bool count, bool selection, std::size_t first, std::size_t last) {
+        const RowChanges changes = m_store.takeChanges();
+        EXPECT_EQ(changes.count, count);
+        EXPECT_EQ(changes.selection, selection);
+        EXPECT_EQ(changes.first, first);
+        EXPECT_EQ(changes.last, last);
+    };
+    expect(false, false, 0, 0);
+    insert(0, "d");
+    expect(true, false, 3, RowChanges::kToTheEnd);
+    refresh(m_store.slotAt(1), "x");
+    refresh(m_store.slotAt(2), "y");
+    expect(false, false, 1, 3);
+    m_store.select(0, true);
+    expect(false, true, 0, 0);
+    m_store.deleteItem(2);
+    expect(true, false, 2, RowChanges::kToTheEnd);
+}
+
+}  // namespace
