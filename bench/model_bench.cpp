@@ -39,9 +39,7 @@ private:
 };
 
 class QuietView final : public WorkbenchView {
-    void rowAppended() override {}
-    void rowRemoved(std::size_t) override {}
-    void redrawRows() override {}
+    void rowsChanged() override {}
     void emptyDetails() override {}
 };
 

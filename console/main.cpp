@@ -1,11 +1,21 @@
 #include <windows.h>
 
 #include <commctrl.h>
+#include <shlobj.h>
+
+#include <string>
 
 #include "console/console.h"
 #include "console/files.h"
 
 namespace {
+
+// Plug-ins keep their settings in a folder of this one, which they never create themselves.
+void makeSettingsParent() {
+    char folder[MAX_PATH]{};
+    if (SHGetSpecialFolderPathA(nullptr, folder, CSIDL_APPDATA, FALSE) == 0) return;
+    CreateDirectoryA((std::string(folder) + "\\Ostravine").c_str(), nullptr);
+}
 
 int runConsole(int count, char** arguments) {
     zek::Parsed<zek::ConsoleOptions> options =
@@ -14,6 +24,7 @@ int runConsole(int count, char** arguments) {
         zek::printError(options.error);
         return 2;
     }
+    makeSettingsParent();
     return zek::Console(std::move(options.value)).run();
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "framework/handles.h"
+
 bool CVTHolderFrame::create(HWND parent, const RECT& place, UINT id) {
     static const fw::WindowClass windowClass{"MakerChecker.HolderFrame", 0, IDC_ARROW,
                                              COLOR_3DFACE};
@@ -24,6 +26,8 @@ const fw::MessageMap& CVTHolderFrame::messageMap() const {
     static constexpr fw::MessageEntry entries[] = {
         fw::on<WM_SIZE, &CVTHolderFrame::onSize>(),
         fw::onNotify<fw::kAnyId, fw::kAnyCode, &CVTHolderFrame::onNotify>(),
+        fw::on<WM_DRAWITEM, &CVTHolderFrame::onDrawItem>(),
+        fw::on<WM_MEASUREITEM, &CVTHolderFrame::onMeasureItem>(),
         fw::on<WM_SETCURSOR, &CVTHolderFrame::onSetCursor>(),
         fw::on<WM_LBUTTONDOWN, &CVTHolderFrame::onButtonDown>(),
         fw::on<WM_MOUSEMOVE, &CVTHolderFrame::onMouseMove>(),
@@ -43,6 +47,26 @@ LRESULT CVTHolderFrame::onNotify(NMHDR& header) {
     const LRESULT own = reflectNotify(header.idFrom, lParam);
     const LRESULT parent = SendMessageA(GetParent(handle()), WM_NOTIFY, header.idFrom, lParam);
     return own != 0 ? own : parent;
+}
+
+// A list draws its own rows.
+LRESULT CVTHolderFrame::onDrawItem(const DRAWITEMSTRUCT& draw) {
+    return SendMessageA(draw.hwndItem, WM_DRAWITEM, draw.CtlID, reinterpret_cast<LPARAM>(&draw));
+}
+
+// A row is as high as the font's text and its external leading, and a pixel. The list asks while it
+// is made, before it has a font of its own: it will be the dialog's.
+LRESULT CVTHolderFrame::onMeasureItem(MEASUREITEMSTRUCT& measure) {
+    const auto font = reinterpret_cast<HFONT>(SendMessageA(GetParent(handle()), WM_GETFONT, 0, 0));
+    const HDC dc = GetDC(handle());
+    TEXTMETRICA metrics{};
+    {
+        const fw::SelectScope select(dc, font);
+        GetTextMetricsA(dc, &metrics);
+    }
+    ReleaseDC(handle(), dc);
+    measure.itemHeight = static_cast<UINT>(metrics.tmHeight + metrics.tmExternalLeading + 1);
+    return TRUE;
 }
 
 int CVTHolderFrame::barTop() const {

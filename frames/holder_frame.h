@@ -20,6 +20,8 @@ protected:
 private:
     void onSize(int width, int height);
     LRESULT onNotify(NMHDR& header);
+    LRESULT onDrawItem(const DRAWITEMSTRUCT& draw);
+    LRESULT onMeasureItem(MEASUREITEMSTRUCT& measure);
     LRESULT onSetCursor(HWND under, UINT hit);
     void onButtonDown(POINT client);
     void onMouseMove(POINT client);

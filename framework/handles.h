@@ -113,4 +113,16 @@ private:
     HWND m_window;
 };
 
+// The wait cursor shows for a scope.
+class WaitCursorScope {
+public:
+    WaitCursorScope() noexcept : m_previous(SetCursor(LoadCursorA(nullptr, IDC_WAIT))) {}
+    ~WaitCursorScope() { SetCursor(m_previous); }
+    WaitCursorScope(const WaitCursorScope&) = delete;
+    WaitCursorScope& operator=(const WaitCursorScope&) = delete;
+
+private:
+    HCURSOR m_previous;
+};
+
 }  // namespace fw

@@ -125,6 +125,24 @@ struct Crack<WM_GETMINMAXINFO> {  // (MINMAXINFO&)
     }
 };
 template <>
+struct Crack<WM_DRAWITEM> {  // (const DRAWITEMSTRUCT&)
+    template <class Handler>
+    static decltype(auto) with(Handler handler, WPARAM, LPARAM l) {
+        return handler(*reinterpret_cast<const DRAWITEMSTRUCT*>(l));
+    }
+};
+template <>
+struct Crack<WM_MEASUREITEM> {  // (MEASUREITEMSTRUCT&)
+    template <class Handler>
+    static decltype(auto) with(Handler handler, WPARAM, LPARAM l) {
+        return handler(*reinterpret_cast<MEASUREITEMSTRUCT*>(l));
+    }
+};
+template <>
+struct Crack<WM_RBUTTONDOWN> : CrackPoint {};
+template <>
+struct Crack<WM_RBUTTONUP> : CrackPoint {};
+template <>
 struct Crack<WM_KEYDOWN> {  // (UINT key, bool repeated)
     template <class Handler>
     static decltype(auto) with(Handler handler, WPARAM w, LPARAM l) {
@@ -197,12 +215,36 @@ constexpr MessageEntry observe() {
             }};
 }
 
+// As on<>, but the handler's bool says whether the message was its own; false goes on to the
+// default.
+template <UINT message, auto handler>
+constexpr MessageEntry offer() {
+    return {message, 0, kAnyCode, [](CWindow& window, WPARAM w, LPARAM l, LRESULT& result) {
+                result = 0;
+                const bool taken = Crack<message>::with(detail::bind<handler>(window), w, l);
+                return taken;
+            }};
+}
+
 // A menu command, an accelerator or a pressed button: handler().
 template <UINT id, auto handler>
 constexpr MessageEntry onCommand() {
     return {WM_COMMAND, id, kAnyCode, [](CWindow& window, WPARAM, LPARAM, LRESULT& result) {
                 return detail::answer(
                     [&]() -> decltype(auto) { return detail::bind<handler>(window)(); }, result);
+            }};
+}
+
+// Any command of any child: handler(UINT id, UINT code).
+template <auto handler>
+constexpr MessageEntry onAnyCommand() {
+    return {WM_COMMAND, kAnyId, kAnyCode, [](CWindow& window, WPARAM w, LPARAM, LRESULT& result) {
+                return detail::answer(
+                    [&]() -> decltype(auto) {
+                        return detail::bind<handler>(window)(static_cast<UINT>(LOWORD(w)),
+                                                             static_cast<UINT>(HIWORD(w)));
+                    },
+                    result);
             }};
 }
 

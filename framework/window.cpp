@@ -35,7 +35,7 @@ bool registerClass(const WindowClass& windowClass, WNDPROC procedure) {
 bool matches(const MessageEntry& entry, UINT message, WPARAM wParam, LPARAM lParam) {
     if (entry.message != message) return false;
     if (message == WM_COMMAND)
-        return entry.id == LOWORD(wParam) &&
+        return (entry.id == kAnyId || entry.id == LOWORD(wParam)) &&
                (entry.code == kAnyCode || entry.code == HIWORD(wParam));
     if (message == WM_NOTIFY || message == kReflectedNotify) {
         const auto* header = reinterpret_cast<const NMHDR*>(lParam);

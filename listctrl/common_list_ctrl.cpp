@@ -1,128 +1,387 @@
 #include "listctrl/common_list_ctrl.h"
 
-#include "framework/handles.h"
+#include <algorithm>
+
+#include "settings/model/settings_store.h"
 
 namespace {
 
-// So many removed rows are put off at most; beyond, the control is brought up to date at once.
-constexpr std::size_t kMostPutOff = 1024;
+// Every list of the process, for loading their profiles anew.
+std::vector<CCommonListCtrl*>& allLists() {
+    static std::vector<CCommonListCtrl*> lists;
+    return lists;
+}
+
+Modifiers modifiersDown() {
+    return {GetKeyState(VK_CONTROL) < 0, GetKeyState(VK_SHIFT) < 0};
+}
+
+constexpr int kNoSortImage = 0;
+constexpr int kAscendingImage = 1;
+constexpr int kDescendingImage = 2;
 
 }  // namespace
 
-bool CCommonListCtrl::create(HWND parent, UINT id, const char* name) {
-    const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS | LVS_REPORT |
-                        LVS_OWNERDATA | LVS_SHOWSELALWAYS;
+CCommonListCtrl::CCommonListCtrl(ListServices& services, RecordStore& store)
+    : m_services(services),
+      m_store(store),
+      m_rules(store),
+      m_background(GetSysColor(COLOR_WINDOW)) {
+    allLists().push_back(this);
+}
+
+CCommonListCtrl::~CCommonListCtrl() {
+    std::erase(allLists(), this);
+}
+
+bool CCommonListCtrl::create(HWND parent, UINT id, std::string name, std::string title) {
+    m_name = std::move(name);
+    m_title = std::move(title);
+    const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS | WS_CLIPCHILDREN |
+                        LVS_REPORT | LVS_OWNERDATA | LVS_OWNERDRAWFIXED | LVS_SHOWSELALWAYS;
     const HWND list =
-        CreateWindowExA(WS_EX_CLIENTEDGE, WC_LISTVIEWA, name, style, 0, 0, 0, 0, parent,
+        CreateWindowExA(WS_EX_CLIENTEDGE, WC_LISTVIEWA, m_name.c_str(), style, 0, 0, 0, 0, parent,
                         reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), fw::module(), nullptr);
     if (!subclass(list)) return false;
     const auto font = SendMessageA(GetAncestor(parent, GA_PARENT), WM_GETFONT, 0, 0);
     SendMessageA(list, WM_SETFONT, static_cast<WPARAM>(font), FALSE);
-    const DWORD extended = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
+    const DWORD extended = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
     SendMessageA(list, LVM_SETEXTENDEDLISTVIEWSTYLE, extended, extended);
+    measureFont();
     return true;
 }
 
-void CCommonListCtrl::setColumns(std::span<const sVoskColInfo> columns) {
-    m_columns = columns;
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        LVCOLUMNA column{};
-        column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT | LVCF_SUBITEM;
-        column.pszText = const_cast<char*>(columns[i].name);
-        column.cx = scaled(columns[i].width);
-        column.fmt = columns[i].flag;
-        column.iSubItem = static_cast<int>(i);
-        SendMessageA(handle(), LVM_INSERTCOLUMNA, i, reinterpret_cast<LPARAM>(&column));
+// ---- Columns ----
+
+void CCommonListCtrl::setColumns(std::span<const sVoskColInfo> columns, DataReader reader) {
+    m_columns.install(columns, scaled(USER_DEFAULT_SCREEN_DPI));
+    m_reader = std::move(reader);
+    m_store.setCellReader(
+        [this](const void* record, int column) { return readCell(record, column); });
+    readProfile();
+    columnsChanged();
+}
+
+void CCommonListCtrl::readProfile() {
+    std::string stored;
+    if (m_services.settings().AccessColumnProfile(SETTING_READ, m_name, stored) != 0 &&
+        !stored.empty())
+        m_columns.apply(::readProfile(stored));
+}
+
+void CCommonListCtrl::saveColumnProfile() {
+    std::string text = profileText(m_columns.profile());
+    if (text.size() > kLongestProfile ||  // it would come back cut
+        m_services.settings().AccessColumnProfile(SETTING_WRITE, m_name, text) == 0)
+        m_services.showMessage("Error while saving column profile");
+}
+
+void CCommonListCtrl::loadAllColumnProfiles() {
+    for (CCommonListCtrl* list : allLists()) {
+        list->readProfile();
+        list->columnsChanged();
     }
 }
 
-void CCommonListCtrl::setBackground(COLORREF color) {
-    SendMessageA(handle(), LVM_SETBKCOLOR, 0, static_cast<LPARAM>(color));
-    SendMessageA(handle(), LVM_SETTEXTBKCOLOR, 0, static_cast<LPARAM>(color));
+void CCommonListCtrl::columnsChanged() {
+    compileExpressions();
+    m_updating = true;  // the header's own notifications say nothing new
+    {
+        const fw::RedrawOffScope off(handle());
+        while (SendMessageA(handle(), LVM_DELETECOLUMN, 0, 0) != 0) continue;
+        int item = 0;
+        for (const ColumnId id : m_columns.shown()) {
+            const ColumnDescriptor& column = m_columns.descriptor(id);
+            LVCOLUMNA info{};
+            info.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT | LVCF_SUBITEM;
+            info.pszText = const_cast<char*>(column.caption.c_str());
+            info.cx = m_columns.width(id);
+            info.fmt = column.flag;
+            info.iSubItem = item;
+            SendMessageA(handle(), LVM_INSERTCOLUMNA, static_cast<WPARAM>(item++),
+                         reinterpret_cast<LPARAM>(&info));
+        }
+    }
+    m_updating = false;
+    headerBuilt();
+    if (m_sorting) sortByColumn(m_sorting->column, m_sorting->direction < 0);
+    InvalidateRect(handle(), nullptr, TRUE);
 }
 
-void CCommonListCtrl::rowAppended() {
-    changed();
+LRESULT CCommonListCtrl::onHeaderItemChanged(NMHEADERA& info) {
+    if (!m_updating && info.pitem != nullptr && (info.pitem->mask & HDI_WIDTH) != 0 &&
+        static_cast<std::size_t>(info.iItem) < m_columns.shown().size()) {
+        m_columns.setWidth(columnAt(info.iItem), info.pitem->cxy);
+        headerBuilt();
+    }
+    return controlDefault(WM_NOTIFY, info.hdr.idFrom, reinterpret_cast<LPARAM>(&info));
 }
 
-void CCommonListCtrl::rowRemoved(std::size_t row) {
-    m_removed.push_back(row);
-    changed();
-    if (m_removed.size() >= kMostPutOff) bringUpToDate();
+// ---- Rows ----
+
+std::string_view CCommonListCtrl::readCell(const void* record, int column) {
+    if (!m_reader || column < 0) return {};
+    const auto place = static_cast<std::size_t>(column);
+    return place < m_columns.dataSize() ? m_reader(record, column) : computeCell(record, place);
 }
 
-void CCommonListCtrl::redrawRows() {
-    changed();
+void CCommonListCtrl::compileExpressions() {
+    std::vector<std::string> expressions;
+    for (std::size_t i = m_columns.dataSize(); i < m_columns.size(); ++i) {
+        expressions.push_back(m_columns.descriptor(toColumnId(i)).expression);
+        m_store.columnChanged(static_cast<int>(i));
+    }
+    m_computedColumns.emplace(m_columns.dataSize(), expressions);
+    m_toldInvalid.assign(m_columns.size(), false);
 }
 
-void CCommonListCtrl::rowsReset() {
-    m_removed.clear();
-    m_resetRows = true;
-    changed();
+// A cell without a value stays empty. An invalid expression is told once, not once per row.
+std::string_view CCommonListCtrl::computeCell(const void* record, std::size_t column) {
+    m_computed.clear();
+    if (!m_computedColumns || column >= m_computedColumns->columns()) return {};
+    const auto fetch = [&](int data) { return CellFetch::Result(m_reader(record, data)); };
+    if (m_computedColumns->compute(column, fetch, m_computed) == CellOutcome::invalid &&
+        !m_toldInvalid[column]) {
+        m_toldInvalid[column] = true;
+        PostMessageA(handle(), kTellInvalid, 0, 0);
+    }
+    return m_computed;
+}
+
+std::string_view CCommonListCtrl::cellText(std::size_t row, ColumnId column) const {
+    return m_store.cellText(row, static_cast<int>(column));
 }
 
 // Painting comes when the thread's queue is empty, and with it the update.
-void CCommonListCtrl::changed() {
+void CCommonListCtrl::storeChanged() {
     if (m_stale || handle() == nullptr) return;
     m_stale = true;
-    InvalidateRect(handle(), nullptr, FALSE);
+    InvalidateRect(handle(), nullptr, TRUE);
 }
 
 void CCommonListCtrl::beforeMessage(UINT message) {
     if (m_stale && !m_updating && message != WM_DESTROY) bringUpToDate();
 }
 
-// The control drops the removed rows one by one, as it moves its selection and focus by itself.
 void CCommonListCtrl::bringUpToDate() {
     m_updating = true;
     m_stale = false;
-    {
+    const RowChanges changes = m_store.takeChanges();
+    if (changes.count) {
         const fw::RedrawOffScope off(handle());
-        if (m_resetRows) SendMessageA(handle(), LVM_DELETEALLITEMS, 0, 0);
-        const auto before =
-            static_cast<std::size_t>(SendMessageA(handle(), LVM_GETITEMCOUNT, 0, 0));
-        if (before < rowCount() + m_removed.size())
-            SendMessageA(handle(), LVM_SETITEMCOUNT, rowCount() + m_removed.size(),
-                         LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
-        for (const std::size_t row : m_removed) SendMessageA(handle(), LVM_DELETEITEM, row, 0);
-        m_removed.clear();
-        m_resetRows = false;
+        SendMessageA(handle(), LVM_SETITEMCOUNT, m_store.rowCount(),
+                     LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
     }
     InvalidateRect(handle(), nullptr, TRUE);
     m_updating = false;
 }
 
-std::vector<std::size_t> CCommonListCtrl::selectedRows() {
-    std::vector<std::size_t> rows;
-    LRESULT row = -1;
-    while ((row = SendMessageA(handle(), LVM_GETNEXTITEM, static_cast<WPARAM>(row),
-                               LVNI_SELECTED)) >= 0)
-        rows.push_back(static_cast<std::size_t>(row));
-    return rows;
-}
-
-const fw::MessageMap& CCommonListCtrl::messageMap() const {
-    static constexpr fw::MessageEntry entries[] = {
-        fw::onReflected<LVN_GETDISPINFOA, &CCommonListCtrl::onGetDispInfo>(),
-        fw::on<WM_GETDLGCODE, &CCommonListCtrl::onGetDialogCode>(),
-    };
-    static constexpr fw::MessageMap map{nullptr, entries};
-    return map;
+void CCommonListCtrl::selectRow(std::size_t row) {
+    m_rules.click(row, {});
+    storeChanged();
 }
 
 LRESULT CCommonListCtrl::onGetDispInfo(NMLVDISPINFOA& info) {
     LVITEMA& item = info.item;
     if ((item.mask & LVIF_TEXT) == 0 || item.cchTextMax <= 0) return 0;
     std::string_view text;
-    if (item.iItem >= 0 && static_cast<std::size_t>(item.iItem) < rowCount())
-        text = cellText(static_cast<std::size_t>(item.iItem), item.iSubItem);
+    if (item.iItem >= 0 && item.iSubItem >= 0 &&
+        static_cast<std::size_t>(item.iSubItem) < m_columns.shown().size())
+        text = cellText(static_cast<std::size_t>(item.iItem), columnAt(item.iSubItem));
     const auto copied = text.copy(item.pszText, static_cast<std::size_t>(item.cchTextMax) - 1);
     item.pszText[copied] = '\0';
     return 0;
+}
+
+// ---- Selection and focus, as others ask for them ----
+
+LRESULT CCommonListCtrl::onGetItemState(std::optional<std::size_t> row, UINT mask) {
+    UINT state = 0;
+    if (row && m_store.selected(*row)) state |= LVIS_SELECTED;
+    if (row && m_store.focusedRow() == row) state |= LVIS_FOCUSED;
+    return static_cast<LRESULT>(state & mask);
+}
+
+LRESULT CCommonListCtrl::onSetItemState(std::optional<std::size_t> row, const LVITEMA& wanted) {
+    const bool on = (wanted.state & LVIS_SELECTED) != 0;
+    if ((wanted.stateMask & LVIS_SELECTED) != 0) {
+        if (row)
+            m_store.select(*row, on);
+        else if (on)
+            m_store.selectAll();
+        else
+            m_store.clearSelection();
+    }
+    if ((wanted.stateMask & wanted.state & LVIS_FOCUSED) != 0 && row) m_store.setFocus(*row);
+    storeChanged();
+    return TRUE;
+}
+
+LRESULT CCommonListCtrl::onGetNextItem(std::size_t first, UINT flags) {
+    if ((flags & LVNI_SELECTED) != 0) {
+        const auto selected = m_store.selectedRows();
+        const auto found = std::lower_bound(selected.begin(), selected.end(), first);
+        return found != selected.end() ? static_cast<LRESULT>(*found) : -1;
+    }
+    if ((flags & LVNI_FOCUSED) != 0) {
+        const auto focused = m_store.focusedRow();
+        return focused && *focused >= first ? static_cast<LRESULT>(*focused) : -1;
+    }
+    return first < m_store.rowCount() ? static_cast<LRESULT>(first) : -1;
+}
+
+LRESULT CCommonListCtrl::onGetSelectedCount() {
+    return static_cast<LRESULT>(m_store.selectedCount());
+}
+
+// ---- Sorting ----
+
+void CCommonListCtrl::onHeaderClick(NMLISTVIEW& click) {
+    if (click.iSubItem < 0 || static_cast<std::size_t>(click.iSubItem) >= m_columns.shown().size())
+        return;
+    const ColumnId column = columnAt(click.iSubItem);
+    const bool again = m_sorting && m_sorting->column == column;
+    sortByColumn(column, again ? m_sorting->direction > 0 : true);
+}
+
+void CCommonListCtrl::sortByColumn(ColumnId column, bool ascending) {
+    if (!m_columns.has(column)) return;
+    if (m_sorting)
+        if (const auto place = m_columns.placeOf(m_sorting->column))
+            showSortImage(static_cast<int>(*place), kNoSortImage);
+    m_sorting = Sorting{column, ascending ? -1 : 1};
+    const auto type = static_cast<int>(m_columns.descriptor(column).type);
+    m_store.sort({static_cast<int>(column), comparisonOf(type), m_sorting->direction});
+    if (const auto place = m_columns.placeOf(column))
+        showSortImage(static_cast<int>(*place), ascending ? kAscendingImage : kDescendingImage);
+    storeChanged();
+}
+
+void CCommonListCtrl::showSortImage(int item, int image) {
+    HDITEMA info{};
+    info.mask = HDI_IMAGE | HDI_FORMAT;
+    m_updating = true;
+    SendMessageA(header(), HDM_GETITEMA, static_cast<WPARAM>(item),
+                 reinterpret_cast<LPARAM>(&info));
+    info.fmt = image != kNoSortImage ? info.fmt | HDF_IMAGE : info.fmt & ~HDF_IMAGE;
+    info.iImage = image;
+    SendMessageA(header(), HDM_SETITEMA, static_cast<WPARAM>(item),
+                 reinterpret_cast<LPARAM>(&info));
+    m_updating = false;
+}
+
+// ---- Mouse and keys ----
+
+std::optional<std::size_t> CCommonListCtrl::rowAt(POINT client) const {
+    LVHITTESTINFO hit{};
+    hit.pt = client;
+    const auto row = SendMessageA(handle(), LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+    if (row < 0) return std::nullopt;
+    return static_cast<std::size_t>(row);
+}
+
+void CCommonListCtrl::notifyParent(UINT code, POINT at, std::optional<std::size_t> row) {
+    NMITEMACTIVATE notice{};
+    notice.hdr = {handle(), static_cast<UINT_PTR>(GetDlgCtrlID(handle())), code};
+    notice.iItem = row ? static_cast<int>(*row) : -1;
+    notice.ptAction = at;
+    HWND parent = GetParent(handle());
+    if (parent == nullptr) parent = GetWindow(handle(), GW_OWNER);
+    SendMessageA(parent, WM_NOTIFY, notice.hdr.idFrom, reinterpret_cast<LPARAM>(&notice));
+}
+
+void CCommonListCtrl::onButtonDown(POINT client) {
+    SetFocus(handle());
+    m_rules.click(rowAt(client), modifiersDown());
+    storeChanged();
+}
+
+void CCommonListCtrl::onButtonUp(POINT client) {
+    notifyParent(NM_CLICK, client, rowAt(client));
+}
+
+void CCommonListCtrl::onDoubleClick(POINT client) {
+    onButtonDown(client);
+    notifyParent(NM_DBLCLK, client, rowAt(client));
+}
+
+void CCommonListCtrl::onRightDown(POINT client) {
+    SetFocus(handle());
+    m_rules.rightClick(rowAt(client));
+    storeChanged();
+}
+
+void CCommonListCtrl::onRightUp(POINT client) {
+    if (const auto row = rowAt(client)) notifyParent(NM_RCLICK, client, row);
 }
 
 // Enter in a list belongs to the list: it must never press the dialog's default button.
 LRESULT CCommonListCtrl::onGetDialogCode(const MSG* message) {
     const LRESULT code = controlDefault(WM_GETDLGCODE, 0, reinterpret_cast<LPARAM>(message));
     return message != nullptr && message->wParam == VK_RETURN ? code | DLGC_WANTMESSAGE : code;
+}
+
+bool CCommonListCtrl::navigate(UINT key) {
+    static constexpr struct {
+        UINT key;
+        Move move;
+    } moves[] = {{VK_UP, Move::up},         {VK_DOWN, Move::down}, {VK_PRIOR, Move::pageUp},
+                 {VK_NEXT, Move::pageDown}, {VK_HOME, Move::home}, {VK_END, Move::end}};
+    const auto found = std::find_if(std::begin(moves), std::end(moves),
+                                    [&](const auto& each) { return each.key == key; });
+    if (found == std::end(moves)) return false;
+    const auto page = static_cast<std::size_t>(SendMessageA(handle(), LVM_GETCOUNTPERPAGE, 0, 0));
+    const auto row = m_rules.move(found->move, page, modifiersDown());
+    storeChanged();
+    if (row) SendMessageA(handle(), LVM_ENSUREVISIBLE, *row, FALSE);
+    return true;
+}
+
+bool CCommonListCtrl::onKeyDown(UINT key, bool) {
+    const Modifiers keys = modifiersDown();
+    if (navigate(key)) return true;
+    if (key == VK_RETURN || key == VK_APPS) {
+        notifyParent(key == VK_RETURN ? NM_RETURN : NM_RCLICK, {}, m_store.focusedRow());
+        return true;
+    }
+    if (key == VK_SPACE) {
+        m_rules.space(keys);
+        storeChanged();
+        return true;
+    }
+    const KeyCommands found = keyCommands(key, keys.ctrl, keys.shift, offers());
+    for (const unsigned each : found.commands) command(each);
+    return found.consumed;
+}
+
+// ---- Messages ----
+
+const fw::MessageMap& CCommonListCtrl::baseMap() {
+    static constexpr fw::MessageEntry entries[] = {
+        fw::onReflected<LVN_GETDISPINFOA, &CCommonListCtrl::onGetDispInfo>(),
+        fw::onReflected<LVN_COLUMNCLICK, &CCommonListCtrl::onHeaderClick>(),
+        fw::onReflected<static_cast<UINT>(NM_RCLICK), &CCommonListCtrl::onRightClick>(),
+        fw::onNotify<0, HDN_ITEMCHANGEDA, &CCommonListCtrl::onHeaderItemChanged>(),
+        fw::onNotify<0, HDN_ITEMCHANGEDW, &CCommonListCtrl::onHeaderItemChanged>(),
+        fw::onNotify<0, static_cast<UINT>(NM_RCLICK), &CCommonListCtrl::onHeaderRightClick>(),
+        fw::on<WM_DRAWITEM, &CCommonListCtrl::onDrawItem>(),
+        fw::on<WM_GETDLGCODE, &CCommonListCtrl::onGetDialogCode>(),
+        fw::on<WM_LBUTTONDOWN, &CCommonListCtrl::onButtonDown>(),
+        fw::on<WM_LBUTTONUP, &CCommonListCtrl::onButtonUp>(),
+        fw::on<WM_LBUTTONDBLCLK, &CCommonListCtrl::onDoubleClick>(),
+        fw::on<WM_RBUTTONDOWN, &CCommonListCtrl::onRightDown>(),
+        fw::on<WM_RBUTTONUP, &CCommonListCtrl::onRightUp>(),
+        fw::offer<WM_KEYDOWN, &CCommonListCtrl::onKeyDown>(),
+        fw::on<WM_CHAR, &CCommonListCtrl::onCharacter>(),
+        fw::observe<WM_SETFOCUS, &CCommonListCtrl::onFocusChanged>(),
+        fw::observe<WM_KILLFOCUS, &CCommonListCtrl::onFocusChanged>(),
+        fw::observe<WM_SYSCOLORCHANGE, &CCommonListCtrl::onSystemChanged>(),
+        fw::on<LVM_GETITEMSTATE, &CCommonListCtrl::onGetItemState>(),
+        fw::on<LVM_SETITEMSTATE, &CCommonListCtrl::onSetItemState>(),
+        fw::on<LVM_GETNEXTITEM, &CCommonListCtrl::onGetNextItem>(),
+        fw::on<LVM_GETSELECTEDCOUNT, &CCommonListCtrl::onGetSelectedCount>(),
+        fw::on<kTellInvalid, &CCommonListCtrl::onTellInvalid>(),
+    };
+    static constexpr fw::MessageMap map{nullptr, entries};
+    return map;
 }

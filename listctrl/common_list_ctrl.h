@@ -1,59 +1,166 @@
 // CCommonListCtrl: the report list that every list of the workbench is drawn on.
 //
-// A virtual list: the rows stand with the owner, who overrides rowCount() and cellText(); the
-// native control knows their number only. The owner says at once what changed (rowAppended() and so
-// on), which costs no window call: the control itself is brought up to date before it handles its
-// next message, so that a burst of changes is one count and one paint, and whoever asks the control
-// in between gets the present rows.
+// A virtual list over a RecordStore: the store knows the records, which of them are rows, their
+// order, selection and focus; the native control knows the number of rows only and draws through
+// this class. Column model, profile, sorting, menus, keys, fitting, copying and export are here.
+//
+// Order of life: create(), setColumns(), then changes of the store, each followed by
+// storeChanged(), which costs no window call: the control itself is brought up to date before it
+// handles its next message, so that a burst of changes is one count and one paint, and whoever asks
+// the control in between gets the present rows. The parent must hand notifications and drawing
+// requests back (CWindow::reflectNotify, and WM_DRAWITEM to the list itself).
 #pragma once
 
 #include <cstddef>
-#include <span>
+#include <functional>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
+#include "framework/handles.h"
 #include "framework/window.h"
-#include "listctrl/model/column_info.h"
+#include "listctrl/header_tips.h"
+#include "listctrl/list_messages.h"
+#include "listctrl/list_services.h"
+#include "listctrl/model/column_model.h"
+#include "listctrl/model/computed_columns.h"
+#include "listctrl/model/list_commands.h"
+#include "listctrl/model/record_store.h"
+#include "listctrl/model/selection_rules.h"
 
 class CCommonListCtrl : public fw::CWindow {
 public:
-    // Creates the control as a child of `parent`, which must hand notifications back
-    // (CWindow::reflectNotify). `name` is the list's settings name and its accessible name; it is
-    // kept as a pointer. False when the control cannot be made.
-    bool create(HWND parent, UINT id, const char* name);
+    // The text of a data column of a record, as RecordStore::CellReader gives it.
+    using DataReader = RecordStore::CellReader;
 
-    // Installs the columns; once, after create(). The array is kept as a pointer.
-    void setColumns(std::span<const sVoskColInfo> columns);
+    // Both must outlive the list. The store's cell reader is set by setData().
+    CCommonListCtrl(ListServices& services, RecordStore& store);
+    ~CCommonListCtrl() override;
 
+    // Creates the control as a child of `parent`. `name` is the list's settings name and its
+    // accessible name, `title` its display name. False when the control cannot be made.
+    bool create(HWND parent, UINT id, std::string name, std::string title);
+
+    // Installs the columns, with the stored profile where there is one, and what reads their cells.
+    void setColumns(std::span<const sVoskColInfo> columns, DataReader reader);
+
+    ColumnModel& columns() { return m_columns; }
+    // The columns changed: builds the header anew.
+    void columnsChanged();
+
+    // The store changed.
+    void storeChanged();
+
+    // The text of a cell as shown, copied and exported.
+    std::string_view cellText(std::size_t row, ColumnId column) const;
+
+    // Sorts by a column; ascending or descending.
+    void sortByColumn(ColumnId column, bool ascending);
+
+    // What the menus and keys do.
+    void command(unsigned command);
+
+    // Stores the column profile; a failure is shown.
+    void saveColumnProfile();
+    // Reads the profile of every list there is anew.
+    static void loadAllColumnProfiles();
+
+    void setExportEnabled(bool enabled) { m_exportEnabled = enabled; }
     void setBackground(COLORREF color);
+    void selectRow(std::size_t row);
+    const std::string& name() const { return m_name; }
 
-    // What changed among the rows. The owner's rows already stand so.
-    void rowAppended();
-    void rowRemoved(std::size_t row);
-    void redrawRows();
-    void rowsReset();
-
-    // The selected rows, in order.
-    std::vector<std::size_t> selectedRows();
+    // The width in pixels that a text takes in the list's font.
+    int textWidth(std::string_view text) const;
 
 protected:
-    const fw::MessageMap& messageMap() const override;
+    const fw::MessageMap& messageMap() const override { return baseMap(); }
+    static const fw::MessageMap& baseMap();
     void beforeMessage(UINT message) override;
 
-    virtual std::size_t rowCount() const = 0;
-
-    // The text of a cell; it need not live longer than until the next call.
-    virtual std::string_view cellText(std::size_t row, int column) const = 0;
+    RecordStore& store() { return m_store; }
+    const RecordStore& store() const { return m_store; }
+    ListServices& services() { return m_services; }
+    HWND header() const {
+        return reinterpret_cast<HWND>(SendMessageA(handle(), LVM_GETHEADER, 0, 0));
+    }
+    virtual ListOffers offers() const;
+    // Runs a command of the menus or keys; false when it is none of this class.
+    virtual bool runCommand(unsigned command);
+    void showMenu(const std::vector<ListMenuEntry>& entries);
+    virtual void onHeaderRightClick(NMHDR& header);
+    // The header has new items, or items of another width.
+    virtual void headerBuilt() { m_tips.follow(header()); }
+    // A column of the control is one of the shown columns.
+    ColumnId columnAt(int item) const { return m_columns.at(DisplayPlace{item}); }
 
 private:
+    struct Sorting {
+        ColumnId column;
+        int direction;
+    };
+
+    // Notifications, drawing
     LRESULT onGetDispInfo(NMLVDISPINFOA& info);
     LRESULT onGetDialogCode(const MSG* message);
-    void changed();
-    void bringUpToDate();
+    void onHeaderClick(NMLISTVIEW& click);
+    LRESULT onHeaderItemChanged(NMHEADERA& info);
+    void onRightClick(NMHDR&) { showMenu(itemMenu(offers())); }
+    LRESULT onDrawItem(const DRAWITEMSTRUCT& draw);
+    void onSystemChanged() { InvalidateRect(handle(), nullptr, TRUE); }
+    void onFocusChanged() { InvalidateRect(handle(), nullptr, FALSE); }
 
-    std::span<const sVoskColInfo> m_columns;
-    bool m_stale = false;     // the control's rows differ from the owner's
+    // Input
+    void onButtonDown(POINT client);
+    void onButtonUp(POINT client);
+    void onDoubleClick(POINT client);
+    void onRightDown(POINT client);
+    void onRightUp(POINT client);
+    bool onKeyDown(UINT key, bool repeated);
+    void onCharacter() {}
+
+    // What others ask the control about selection and focus is answered from the store.
+    LRESULT onGetItemState(std::optional<std::size_t> row, UINT mask);
+    LRESULT onSetItemState(std::optional<std::size_t> row, const LVITEMA& wanted);
+    LRESULT onGetNextItem(std::size_t first, UINT flags);
+    LRESULT onGetSelectedCount();
+
+    void bringUpToDate();
+    void readProfile();
+    std::string_view readCell(const void* record, int column);
+    std::string_view computeCell(const void* record, std::size_t column);
+    void compileExpressions();
+    void onTellInvalid() { m_services.showMessage(kInvalidExpression); }
+    std::optional<std::size_t> rowAt(POINT client) const;
+    void notifyParent(UINT code, POINT at, std::optional<std::size_t> row);
+    bool navigate(UINT key);
+    void showSortImage(int item, int image);
+    void fitColumns(unsigned command);
+    int dataWidth(ColumnId column) const;
+    void copySelected();
+    void exportAll();
+    static void exportCell(void* list, int row, int column, const char*& text, int& type);
+    void toggleGridLines();
+    void drawCell(HDC dc, std::size_t row, int item, const RECT& place) const;
+    void measureFont();
+
+    ListServices& m_services;
+    RecordStore& m_store;
+    SelectionRules m_rules;
+    ColumnModel m_columns;
+    DataReader m_reader;
+    std::string m_name;
+    std::string m_title;
+    std::optional<Sorting> m_sorting;
+    std::optional<ComputedColumns> m_computedColumns;
+    std::string m_computed;           // the cell computed last
+    std::vector<bool> m_toldInvalid;  // by column: the checker has been told of its expression
+    CHeaderTips m_tips;
+    std::string m_exported;         // the cell handed to the export last
+    std::vector<int> m_charWidths;  // of each byte in the list's font
+    bool m_exportEnabled = true;
+    bool m_stale = false;     // the control's rows differ from the store's
     bool m_updating = false;  // it is being brought up to date
-    bool m_resetRows = false;
-    std::vector<std::size_t> m_removed;  // rows that went since, in order
+    COLORREF m_background;
 };

@@ -3,14 +3,15 @@
 // Rows of details are not built yet: the list has its columns and stays empty.
 #pragma once
 
-#include "listctrl/common_list_ctrl.h"
+#include "listctrl/filter_list_ctrl.h"
 
-class CMultiLineEditListCtrl : public CCommonListCtrl {
+class CMultiLineEditListCtrl : public CFilterListCtrl {
 public:
-    // Removes every item.
-    void empty() { rowsReset(); }
+    using CFilterListCtrl::CFilterListCtrl;
 
-protected:
-    std::size_t rowCount() const override { return 0; }
-    std::string_view cellText(std::size_t, int) const override { return {}; }
+    // Removes every item.
+    void empty() {
+        store().reset();
+        storeChanged();
+    }
 };

@@ -60,6 +60,11 @@ GetQuonRxControlService* CHostServices::receiveControlService() {
     return hostService<GetQuonRxControlService>(kGetQuonRxControl);
 }
 
+bool CHostServices::mayUseFunction(int functionCode) {
+    auto* restricted = hostService<PuIsFunctionRestricted>(kPuIsFunctionRestricted);
+    return restricted != nullptr && restricted(functionCode) == 0;
+}
+
 void CHostServices::reportToUser(std::string_view text, int level) {
     std::string line;
     if (level == kReportError) line = "Maker Checker Zek Error : ";

@@ -18,6 +18,9 @@ public:
     // Looks up the tabbed log anew. Until then, and where the host has none, log lines go nowhere.
     void findTabbedLog();
 
+    // Whether the host lets the user use a function; false when it cannot be asked.
+    bool mayUseFunction(int functionCode);
+
     const std::string& peerBrokerId() const override { return m_peerBrokerId; }
     const std::string& peerUserId() const override { return m_peerUserId; }
     int privilegeLevel() const override { return m_privilegeLevel; }

@@ -6,6 +6,7 @@
 #include "framework/window.h"
 #include "plugin/glyphs.h"
 #include "plugin/host_services.h"
+#include "plugin/plugin_list_services.h"
 #include "sdk/docking.h"
 #include "sdk/host_text.h"
 #include "sdk/plugin_exports.h"
@@ -18,6 +19,7 @@ namespace {
 struct Plugin {
     CHostServices host;
     fw::ImageList glyphs;
+    CPluginListServices lists{host, glyphs};
     std::unique_ptr<CMakerChecker> workbench;
 };
 Plugin* thePlugin = nullptr;
@@ -69,7 +71,8 @@ void startUp(Plugin& self) {
     const HWND frame = mainFrame();
     if (frame == nullptr) return;
     self.host.findTabbedLog();
-    if (self.workbench == nullptr) self.workbench = std::make_unique<CMakerChecker>(self.host);
+    if (self.workbench == nullptr)
+        self.workbench = std::make_unique<CMakerChecker>(self.host, self.lists);
     CMakerChecker& pane = *self.workbench;
     if (pane.handle() == nullptr) {
         if (!pane.createPane(frame)) return;
@@ -90,7 +93,7 @@ void openWorkbench(Plugin& self) {
     if (paneExists(self)) return self.workbench->bringToView();
     const HWND frame = mainFrame();
     if (frame == nullptr) return;
-    self.workbench = std::make_unique<CMakerChecker>(self.host);
+    self.workbench = std::make_unique<CMakerChecker>(self.host, self.lists);
     CMakerChecker& pane = *self.workbench;
     if (!pane.createPane(frame)) return;
     pane.enableDocking(kDockAnySide);

@@ -1,5 +1,7 @@
 #include "workbench/maker_checker.h"
 
+#include <algorithm>
+
 #include "res/resource_ids.h"
 #include "workbench/model/main_list.h"
 #include "workbench/rejection_dialog.h"
@@ -17,21 +19,6 @@ constexpr sVoskColInfo kDetailColumns[] = {
 
 }  // namespace
 
-std::vector<sMakeCheckStruct*> CMainListCtrl::selectedRecords() {
-    std::vector<sMakeCheckStruct*> records;
-    for (const std::size_t row : selectedRows())
-        if (row < rowCount()) records.push_back(&m_changes->at(row));
-    return records;
-}
-
-std::size_t CMainListCtrl::rowCount() const {
-    return m_changes != nullptr ? m_changes->size() : 0;
-}
-
-std::string_view CMainListCtrl::cellText(std::size_t row, int column) const {
-    return mainCellText(m_changes->at(row), column);
-}
-
 bool CMakerChecker::createPane(HWND frame) {
     return create(frame, kCaption, IDD_MAKER_CHECKER, kPaneStyle, IDD_MAKER_CHECKER);
 }
@@ -48,6 +35,8 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
         fw::onCommand<IDC_CANCEL, &CMakerChecker::onCancel>(),
         fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(NM_DBLCLK), &CMakerChecker::onShowDetails>(),
         fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(NM_RETURN), &CMakerChecker::onShowDetails>(),
+        fw::onNotify<IDC_MAIN_LIST, HDN_FILTERCHANGE, &CMakerChecker::onMainFilterChanged>(),
+        fw::onNotify<IDC_DETAILS_LIST, HDN_FILTERCHANGE, &CMakerChecker::onDetailsFilterChanged>(),
     };
     static const fw::MessageMap map{&CPaneDialog::baseMap(), entries};
     return map;
@@ -55,15 +44,19 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
 
 LRESULT CMakerChecker::onInitDialog() {
     m_workbench = std::make_unique<Workbench>(m_host, static_cast<WorkbenchView&>(*this));
+    mainList = std::make_unique<CFilterListCtrl>(m_listServices, m_workbench->changes().rows());
+    detailsList = std::make_unique<CMultiLineEditListCtrl>(m_listServices, m_detailRows);
     m_holder.create(handle(), listsPlace(), IDC_HOLDER_FRAME);
-    mainList.create(m_holder.handle(), IDC_MAIN_LIST, "Maker checker List");
-    detailsList.create(m_holder.handle(), IDC_DETAILS_LIST, "Maker Checker Details List");
-    m_holder.setViews(mainList.handle(), detailsList.handle());
-    mainList.setColumns(kMainColumns);
-    mainList.setChanges(&m_workbench->changes());
-    mainList.rowsReset();
-    detailsList.setColumns(kDetailColumns);
-    detailsList.setBackground(RGB(255, 255, 255));
+    mainList->create(m_holder.handle(), IDC_MAIN_LIST, "Maker checker List", "Maker-Checker");
+    detailsList->create(m_holder.handle(), IDC_DETAILS_LIST, "Maker Checker Details List",
+                        "Maker Checker Details");
+    m_holder.setViews(mainList->handle(), detailsList->handle());
+    mainList->setColumns(kMainColumns, [](const void* record, int column) {
+        return mainCellText(*static_cast<const PendingChanges::Entry*>(record), column);
+    });
+    mainList->storeChanged();
+    detailsList->setColumns(kDetailColumns, [](const void*, int) { return std::string_view(); });
+    detailsList->setBackground(RGB(255, 255, 255));
 
     auto* mayModify = m_host.modifyRightService();
     if (mayModify == nullptr || mayModify() == 0)
@@ -86,14 +79,66 @@ void CMakerChecker::onSize(int, int) {
 }
 
 void CMakerChecker::onDestroy() {
-    mainList.setChanges(nullptr);
     m_workbench.reset();
+    mainList.reset();
+    detailsList.reset();
+}
+
+void CMakerChecker::rowsChanged() {
+    if (mainList != nullptr) mainList->storeChanged();
+}
+
+void CMakerChecker::emptyDetails() {
+    if (detailsList != nullptr) detailsList->empty();
+}
+
+HWND CMakerChecker::initialFocus() const {
+    return mainList != nullptr ? mainList->handle() : nullptr;
+}
+
+// ---- Keys ----
+
+// From the buttons to the filter row, to the list below it, and the same for the details.
+std::vector<HWND> CMakerChecker::tabStops() const {
+    std::vector<HWND> stops;
+    for (const int id : {IDC_ACCEPT, IDC_REJECT, IDC_UPDATE, IDC_RECOVER})
+        stops.push_back(GetDlgItem(handle(), id));
+    const auto append = [&stops](const CFilterListCtrl& list) {
+        const auto boxes = list.filterStops();
+        stops.insert(stops.end(), boxes.begin(), boxes.end());
+        stops.push_back(list.handle());
+    };
+    append(*mainList);
+    append(*detailsList);
+    std::erase_if(stops, [](HWND stop) { return IsWindowVisible(stop) == 0; });
+    return stops;
+}
+
+bool CMakerChecker::moveFocus(bool backwards) {
+    const std::vector<HWND> stops = tabStops();
+    const auto at = std::find(stops.begin(), stops.end(), GetFocus());
+    if (at == stops.end()) return false;
+    const auto count = stops.size();
+    const auto place = static_cast<std::size_t>(at - stops.begin());
+    const HWND next = stops[(place + (backwards ? count - 1 : 1)) % count];
+    // Through the dialog, which moves the mark of the default button along.
+    SendMessageA(handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), TRUE);
+    return true;
+}
+
+void CMakerChecker::onDialogKey(UINT key, bool repeated) {
+    const HWND focus = GetFocus();
+    if (key == VK_TAB && mainList != nullptr && moveFocus(GetKeyState(VK_SHIFT) < 0)) return;
+    if (mainList != nullptr && !repeated &&
+        (mainList->dialogKey(focus, key) || detailsList->dialogKey(focus, key)))
+        return;
+    CPaneDialog::onDialogKey(key, repeated);
 }
 
 void CMakerChecker::layOutAgain() {
     if (m_holder.handle() == nullptr) return;
     m_holder.move(listsPlace());
-    for (const HWND window : {mainList.handle(), detailsList.handle(), m_holder.handle()})
+    for (const HWND window : {mainList->handle(), detailsList->handle(), m_holder.handle()})
         ShowWindow(window, SW_SHOWNA);
     dock();
 }
@@ -111,13 +156,13 @@ void CMakerChecker::decide(Decision decision) {
 }
 
 void CMakerChecker::onAccept() {
-    decide([this](Workbench& workbench) { workbench.accept(mainList.selectedRecords()); });
+    decide([](Workbench& workbench) { workbench.accept(workbench.changes().selectedRecords()); });
 }
 
 void CMakerChecker::onReject() {
-    decide([this](Workbench& workbench) {
+    decide([](Workbench& workbench) {
         const std::string reason = askRejectionReason();
-        workbench.reject(mainList.selectedRecords(), reason);
+        workbench.reject(workbench.changes().selectedRecords(), reason);
     });
 }
 
@@ -129,9 +174,15 @@ void CMakerChecker::onRecover() {
     decide([](Workbench& workbench) { workbench.recover(); });
 }
 
+// To look at a row is to touch it: from here on it can be decided.
 void CMakerChecker::onShowDetails(NMHDR&) {
     decide([this](Workbench& workbench) {
-        const auto selected = mainList.selectedRecords();
-        if (!selected.empty()) workbench.showDetails(*selected.front());
+        RecordStore& rows = workbench.changes().rows();
+        const auto selected = rows.selectedRows();
+        if (selected.empty()) return;
+        rows.select(selected.front(), true);
+        mainList->storeChanged();
+        workbench.showDetails(
+            *static_cast<PendingChanges::Entry*>(rows.recordAt(selected.front())));
     });
 }

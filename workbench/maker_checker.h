@@ -10,30 +10,14 @@
 #include "frames/holder_frame.h"
 #include "framework/pane_dialog.h"
 #include "link/model/host.h"
-#include "listctrl/common_list_ctrl.h"
+#include "listctrl/filter_list_ctrl.h"
 #include "listctrl/multi_line_edit_list_ctrl.h"
 #include "workbench/model/workbench.h"
 
-// The list of pending changes.
-class CMainListCtrl final : public CCommonListCtrl {
-public:
-    // The rows shown; null shows none.
-    void setChanges(const PendingChanges* changes) { m_changes = changes; }
-
-    std::vector<sMakeCheckStruct*> selectedRecords();
-
-protected:
-    std::size_t rowCount() const override;
-    std::string_view cellText(std::size_t row, int column) const override;
-
-private:
-    const PendingChanges* m_changes = nullptr;
-};
-
 class CMakerChecker final : public fw::CPaneDialog, private WorkbenchView {
 public:
-    // `host` must outlive the pane. The window is made by createPane().
-    explicit CMakerChecker(Host& host) : m_host(host) {}
+    // Both must outlive the pane. The window is made by createPane().
+    CMakerChecker(Host& host, ListServices& lists) : m_host(host), m_listServices(lists) {}
     ~CMakerChecker() override { destroy(); }
 
     // Creates the pane's window, and with it the link, in the frame. False when it cannot be made.
@@ -47,7 +31,8 @@ public:
 
 protected:
     const fw::MessageMap& messageMap() const override;
-    HWND initialFocus() const override { return mainList.handle(); }
+    HWND initialFocus() const override;
+    void onDialogKey(UINT key, bool repeated) override;
 
 private:
     LRESULT onInitDialog();
@@ -60,19 +45,24 @@ private:
     void onCancel() {}
     void onShowDetails(NMHDR& header);
 
-    void rowAppended() override { mainList.rowAppended(); }
-    void rowRemoved(std::size_t row) override { mainList.rowRemoved(row); }
-    void redrawRows() override { mainList.redrawRows(); }
-    void emptyDetails() override { detailsList.empty(); }
+    void onMainFilterChanged(NMHDR&) { mainList->applyFilter(); }
+    void onDetailsFilterChanged(NMHDR&) { detailsList->applyFilter(); }
+
+    void rowsChanged() override;
+    void emptyDetails() override;
+    std::vector<HWND> tabStops() const;
+    bool moveFocus(bool backwards);
 
     template <class Decision>
     void decide(Decision decision);
     RECT listsPlace() const;
 
     Host& m_host;
-    CMainListCtrl mainList;
-    CMultiLineEditListCtrl detailsList;
+    ListServices& m_listServices;
     CVTHolderFrame m_holder;
+    RecordStore m_detailRows;
     std::unique_ptr<Workbench> m_workbench;
+    std::unique_ptr<CFilterListCtrl> mainList;  // on the rows of the workbench
+    std::unique_ptr<CMultiLineEditListCtrl> detailsList;
     bool m_deciding = false;  // a button's work is under way, perhaps behind a message box
 };

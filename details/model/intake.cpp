@@ -102,7 +102,7 @@ void Intake::takePending(const FieldReader& message, PuGetFindMenuItemInRoles* h
     if (created != nullptr)
         m_changes.addRecord(std::move(created));
     else
-        m_view.redrawRows();
+        m_changes.refreshRecord(*record);
     m_host.beep();
 }
 

@@ -299,7 +299,7 @@ void* RecordStore::recordAt(std::size_t row) const {
 }
 
 std::optional<std::size_t> RecordStore::rowOf(Slot slot) const {
-    if (!m_visible.contains(slot)) return {};
+    if (slot >= m_records.size() || !m_visible.contains(slot)) return {};
     return mapRow(m_visible.rowOf(slot));
 }
 

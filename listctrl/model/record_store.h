@@ -98,7 +98,7 @@ public:
     Slot slotAt(std::size_t row) const;
     void* recordAt(std::size_t row) const;
 
-    // The row that shows the record, or none while it is filtered out.
+    // The row that shows the record, or none while it is filtered out or when there is no such slot.
     std::optional<std::size_t> rowOf(Slot slot) const;
 
     // The text of a row's cell, as the reader gives it; empty beyond the end, "no data descriptor

@@ -198,8 +198,8 @@ private:
     }
 
     void check() {
-        const PendingChanges& changes = m_workbench.changes();
-        require(m_view.rows == changes.size(), "the view has the rows of the records");
+        PendingChanges& changes = m_workbench.changes();
+        require(changes.rows().rowCount() == changes.size(), "every record is a row");
         for (std::size_t row = 0; row < changes.size(); ++row) {
             const sMakeCheckStruct& record = changes.at(row);
             require(changes.findRecord(record.key) == &record, "every row is indexed");

@@ -24,6 +24,8 @@ TEST(PlayScriptTest, ReadsEveryCommand) {
         {"wait details 12", PlayVerb::waitDetails, {"12"}},
         {"select 1001 #2 \"DLR 101\"", PlayVerb::select, {"1001", "#2", "\"DLR 101"}},
         {"double-click #1", PlayVerb::doubleClick, {"#1"}},
+        {"sort \"Key\"", PlayVerb::sort, {"Key"}},
+        {"filter \"Entity Name\" \"*ABC\"", PlayVerb::filter, {"Entity Name", "*ABC"}},
         {"press \"Accept\"", PlayVerb::press, {"Accept"}},
         {"type \"say \\\"no\\\" to C:\\\\\"", PlayVerb::type, {"say \"no\" to C:\\"}},
         {"type \"\"", PlayVerb::type, {""}},

@@ -120,7 +120,7 @@ TEST_F(IntakeTest, AsksForTheOneRightOfEachKind) {
 TEST_F(IntakeTest, ShowsANewChangeAndBeeps) {
     take(publication(kPending, "1001", allFields("339", "DEALER")));
     take(publication(kPending, "1002", allFields("360", "")));
-    EXPECT_EQ(view.events, (Lines{"append", "append"}));
+    EXPECT_EQ(view.events, (Lines{"rows", "rows"}));
     EXPECT_EQ(host.beeps, 2);
     EXPECT_EQ(changes.at(0).key, "1001");
     EXPECT_EQ(changes.at(1).key, "1002");
@@ -194,7 +194,7 @@ TEST_F(IntakeTest, RefreshesAKnownChangeInPlace) {
                       {MNM_REQUESTING_USER, "MAKER02"},
                       {MNM_BROKER, "OTHB"},
                       {MNM_BRANCH, "DEL01"}}));
-    EXPECT_EQ(view.events, Lines{"redraw"});
+    EXPECT_EQ(view.events, Lines{"rows"});
     EXPECT_EQ(host.beeps, 1);
     EXPECT_EQ(changes.size(), 2u);
     EXPECT_EQ(&changes.at(0), record);
@@ -228,7 +228,7 @@ TEST_F(IntakeTest, KeepsWhatARefreshDoesNotTell) {
             for (auto& field : fields) field.text = kUnreadable;
             take(publication(kPending, "1001", unreadable ? fields : FieldTexts{}));
 
-            EXPECT_EQ(view.events, Lines{"redraw"});
+            EXPECT_EQ(view.events, Lines{"rows"});
             EXPECT_EQ(record.functionalityCode, each.code);
             EXPECT_EQ(record.type, kInvestor);
             EXPECT_EQ(record.entityName, each.entityName);
@@ -306,7 +306,7 @@ TEST_F(IntakeTest, DropsAListedChangeWhoseRightIsLost) {
             take(publication(kPending, "1001",
                              {{MNM_REQUESTING_USER, own ? host.userId : "MAKER01"}}));
             EXPECT_EQ(view.events,
-                      shown ? (Lines{"remove 1", "empty details"}) : Lines{"remove 1"});
+                      shown ? (Lines{"rows", "empty details"}) : Lines{"rows"});
             EXPECT_EQ(changes.size(), 1u);
             EXPECT_EQ(changes.findRecord("1001"), nullptr);
             EXPECT_EQ(host.beeps, 0);
@@ -328,7 +328,7 @@ TEST_F(IntakeTest, RemovesADecidedChange) {
             take(publication(status, "1001", {{MNM_REQUESTING_USER, host.userId}}));
             host.roles = {60303};
             EXPECT_EQ(view.events,
-                      shown ? (Lines{"remove 1", "empty details"}) : Lines{"remove 1"});
+                      shown ? (Lines{"rows", "empty details"}) : Lines{"rows"});
             EXPECT_EQ(changes.size(), 2u);
             EXPECT_EQ(changes.at(1).key, "1002");
             EXPECT_EQ(changes.findRecord("1001"), nullptr);
@@ -381,7 +381,7 @@ TEST_F(IntakeTest, AnEmptyKeyIsAKey) {
     listed("", allFields("339", "DEALER"));
     EXPECT_EQ(changes.size(), 1u);
     take(publication("accepted", ""));
-    EXPECT_EQ(view.events, Lines{"remove 0"});
+    EXPECT_EQ(view.events, Lines{"rows"});
 }
 
 }  // namespace

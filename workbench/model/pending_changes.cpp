@@ -1,5 +1,13 @@
 #include "workbench/model/pending_changes.h"
 
+#include "workbench/model/main_list.h"
+
+PendingChanges::PendingChanges(WorkbenchView& view) : m_view(view) {
+    m_rows.setCellReader([](const void* record, int column) {
+        return mainCellText(*static_cast<const Entry*>(record), column);
+    });
+}
+
 sMakeCheckStruct* PendingChanges::findRecord(std::string_view key) const {
     return m_index.find(key);
 }
@@ -7,23 +15,35 @@ sMakeCheckStruct* PendingChanges::findRecord(std::string_view key) const {
 void PendingChanges::addRecord(std::unique_ptr<Entry> record) {
     Entry& entry = *record;
     if (!m_index.insert(entry)) return;
-    m_rows.append(entry);
     static_cast<void>(record.release());  // the index owns it now
-    m_view.rowAppended();
+    entry.slot = m_rows.insertItem(m_rows.storedCount(), &entry).slot;
+    m_view.rowsChanged();
+}
+
+void PendingChanges::refreshRecord(const sMakeCheckStruct& record) {
+    m_rows.refresh(static_cast<const Entry&>(record).slot);
+    m_view.rowsChanged();
 }
 
 void PendingChanges::removeRecord(std::string_view key) {
     Entry* const found = m_index.find(key);
     if (found == nullptr) return;
-    const std::size_t row = m_rows.remove(*found);
+    m_rows.deleteStored(static_cast<std::ptrdiff_t>(m_rows.storedPosition(found->slot)));
     m_index.erase(key);
     std::unique_ptr<Entry> removed(found);
-    m_view.rowRemoved(row);
     if (m_holds > 0) m_removed.push_back(std::move(removed));
+    m_view.rowsChanged();
 }
 
 void PendingChanges::clearAllRecords() {
-    m_rows.clear();
+    m_rows.reset();
     m_index.forEach([](Entry& record) { delete &record; });
     m_index.clear();
+}
+
+std::vector<sMakeCheckStruct*> PendingChanges::selectedRecords() const {
+    std::vector<sMakeCheckStruct*> records;
+    for (const std::size_t row : m_rows.selectedRows())
+        if (!m_rows.autoSelected(row)) records.push_back(&recordOf(m_rows.slotAt(row)));
+    return records;
 }

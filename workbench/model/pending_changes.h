@@ -1,4 +1,5 @@
-// The records of all pending changes: owned here, indexed by key, in order of arrival.
+// The records of all pending changes: owned here, indexed by key, listed in the store of the main
+// list in order of arrival.
 #pragma once
 
 #include <cstddef>
@@ -7,35 +8,48 @@
 #include <vector>
 
 #include "link/model/pending_record.h"
-#include "listctrl/model/row_sequence.h"
+#include "listctrl/model/record_store.h"
 #include "workbench/model/key_index.h"
 #include "workbench/model/workbench_view.h"
 
 class PendingChanges {
 public:
     // One record and its place among the rows.
-    struct Entry : sMakeCheckStruct, RowNode {};
+    struct Entry : sMakeCheckStruct {
+        Slot slot = kNoSlot;
+    };
 
     // `view` is told of every row that comes and goes; it must outlive the object.
-    explicit PendingChanges(WorkbenchView& view) : m_view(view) {}
+    explicit PendingChanges(WorkbenchView& view);
     ~PendingChanges() { clearAllRecords(); }
     PendingChanges(const PendingChanges&) = delete;
     PendingChanges& operator=(const PendingChanges&) = delete;
 
-    std::size_t size() const { return m_rows.size(); }
+    std::size_t size() const { return m_rows.storedCount(); }
 
-    // The record at `row`, which must be below size().
-    sMakeCheckStruct& at(std::size_t row) const { return static_cast<Entry&>(m_rows.at(row)); }
+    // The record that arrived as number `place` of those that are left; `place` is below size().
+    sMakeCheckStruct& at(std::size_t place) const { return recordOf(m_rows.storedAt(place)); }
+
+    // The rows of the main list: which records show, in which order, and which are selected.
+    RecordStore& rows() { return m_rows; }
+
+    // The records that the checker selected, in row order. A row that the list selected by itself,
+    // when the one before it went, is not among them until the checker has touched it.
+    std::vector<sMakeCheckStruct*> selectedRecords() const;
 
     // The record under `key`, or null.
     sMakeCheckStruct* findRecord(std::string_view key) const;
 
-    // Indexes the record under its key and appends its row; a key that is indexed already adds nothing.
+    // Indexes the record under its key and appends its row; a key that is indexed already adds
+    // nothing.
     void addRecord(std::unique_ptr<Entry> record);
 
     // Removes the key's row, destroys the record and removes the key from the index. Changes
     // nothing when the key is not indexed.
     void removeRecord(std::string_view key);
+
+    // The record's texts changed.
+    void refreshRecord(const sMakeCheckStruct& record);
 
     // Removes every record without telling the view of single rows.
     void clearAllRecords();
@@ -62,9 +76,13 @@ public:
     };
 
 private:
+    sMakeCheckStruct& recordOf(Slot slot) const {
+        return *static_cast<Entry*>(m_rows.record(slot));
+    }
+
     WorkbenchView& m_view;
     KeyIndex<Entry> m_index;  // owns what it refers to
-    RowSequence m_rows;
+    RecordStore m_rows;
     int m_holds = 0;
     std::vector<std::unique_ptr<Entry>> m_removed;  // while there is a Hold
 };

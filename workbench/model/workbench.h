@@ -20,6 +20,7 @@ public:
     // Destroys all records, empties the details and closes the link, in that order.
     ~Workbench();
 
+    PendingChanges& changes() { return m_changes; }
     const PendingChanges& changes() const { return m_changes; }
 
     int subscribe() { return m_link->subscribe(); }

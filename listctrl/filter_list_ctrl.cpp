@@ -1,0 +1,66 @@
+#include "listctrl/filter_list_ctrl.h"
+
+ListOffers CFilterListCtrl::offers() const {
+    ListOffers offers = CCommonListCtrl::offers();
+    offers.filters = true;
+    offers.matchExactly = store().matchExactly();
+    return offers;
+}
+
+bool CFilterListCtrl::runCommand(unsigned command) {
+    if (command == kResetFiltersCommand) {
+        resetFilters();
+        return true;
+    }
+    if (command == kMatchExactlyCommand) {
+        store().setMatchExactly(!store().matchExactly());
+        applyFilter();
+        return true;
+    }
+    return CCommonListCtrl::runCommand(command);
+}
+
+// The boxes follow the columns; a column that stays keeps its filter.
+void CFilterListCtrl::headerBuilt() {
+    CCommonListCtrl::headerBuilt();
+    if (m_header.handle() == nullptr) {
+        const auto font = reinterpret_cast<HFONT>(SendMessageA(handle(), WM_GETFONT, 0, 0));
+        m_header.attach(header(), font, services().glyphs());
+    }
+    if (m_boxColumns == columns().shown()) return m_header.layOutBoxes();
+    m_boxColumns = columns().shown();
+    std::vector<std::string> texts;
+    for (const ColumnId column : m_boxColumns)
+        texts.emplace_back(store().filterText(static_cast<int>(column)));
+    m_header.setBoxes(texts);
+    // The control asks the header for its height when its own size changes.
+    const RECT client = clientRect();
+    SendMessageA(handle(), WM_SIZE, SIZE_RESTORED, MAKELPARAM(client.right, client.bottom));
+    m_header.layOutBoxes();
+}
+
+void CFilterListCtrl::applyFilter() {
+    const fw::WaitCursorScope wait;
+    store().clearFilters();
+    for (std::size_t item = 0; item < m_boxColumns.size(); ++item)
+        store().setFilter(static_cast<int>(m_boxColumns[item]),
+                          m_header.text(static_cast<int>(item)));
+    const RecordStore::Outcome outcome = store().filter();
+    storeChanged();
+    if (outcome.message != nullptr) services().showMessage(outcome.message);
+}
+
+void CFilterListCtrl::resetFilters() {
+    m_header.clear();
+    applyFilter();
+}
+
+DistinctValues CFilterListCtrl::filterChoices(int item) {
+    const fw::WaitCursorScope wait;
+    return store().distinctValues(static_cast<int>(m_boxColumns[static_cast<std::size_t>(item)]));
+}
+
+void CFilterListCtrl::filterChanged() {
+    NMHDR notice{handle(), static_cast<UINT_PTR>(GetDlgCtrlID(handle())), HDN_FILTERCHANGE};
+    SendMessageA(GetParent(handle()), WM_NOTIFY, notice.idFrom, reinterpret_cast<LPARAM>(&notice));
+}

@@ -1,0 +1,35 @@
+// CFilterListCtrl: a list with a filter for each column, in a row of boxes in its header.
+//
+// A filter that changes is announced to the parent with HDN_FILTERCHANGE and the list's control id;
+// the parent then calls applyFilter().
+#pragma once
+
+#include "listctrl/common_list_ctrl.h"
+#include "listctrl/filter_header.h"
+
+class CFilterListCtrl : public CCommonListCtrl, private FilterHeaderOwner {
+public:
+    using CCommonListCtrl::CCommonListCtrl;
+
+    // Runs a filter pass with the texts of the boxes.
+    void applyFilter();
+    void resetFilters();
+
+    // The stops of the filter row, for the order of tabs.
+    std::vector<HWND> filterStops() const { return m_header.stops(); }
+
+    // Enter or Esc in a filter box. False: the key is not the filter row's.
+    bool dialogKey(HWND focus, UINT key) { return m_header.dialogKey(focus, key); }
+
+protected:
+    ListOffers offers() const override;
+    bool runCommand(unsigned command) override;
+    void headerBuilt() override;
+
+private:
+    DistinctValues filterChoices(int item) override;
+    void filterChanged() override;
+
+    CFilterHeader m_header{*this};
+    std::vector<ColumnId> m_boxColumns;  // the columns of the boxes, as they stand
+};

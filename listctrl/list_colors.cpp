@@ -1,0 +1,21 @@
+#include "listctrl/list_colors.h"
+
+COLORREF mixed(COLORREF a, COLORREF b, int share) {
+    const auto part = [share](int x, int y) { return (x * share + y * (255 - share)) / 255; };
+    return RGB(part(GetRValue(a), GetRValue(b)), part(GetGValue(a), GetGValue(b)),
+               part(GetBValue(a), GetBValue(b)));
+}
+
+bool highContrast() {
+    HIGHCONTRASTA setting{};
+    setting.cbSize = sizeof setting;
+    return SystemParametersInfoA(SPI_GETHIGHCONTRAST, sizeof setting, &setting, 0) != 0 &&
+           (setting.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
+RowColors rowColors(bool selected, bool focused, COLORREF background) {
+    if (!selected) return {background, GetSysColor(COLOR_WINDOWTEXT)};
+    const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
+    if (focused || highContrast()) return {highlight, GetSysColor(COLOR_HIGHLIGHTTEXT)};
+    return {mixed(highlight, background, 80), GetSysColor(COLOR_WINDOWTEXT)};
+}

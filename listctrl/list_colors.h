@@ -1,0 +1,17 @@
+// The colours of rows and of the header, from the system's.
+#pragma once
+
+#include <windows.h>
+
+struct RowColors {
+    COLORREF background;
+    COLORREF text;
+};
+
+// `focused`: the list has the focus. A selection in a list without it stays plain to see.
+RowColors rowColors(bool selected, bool focused, COLORREF background);
+
+// `share` of 255 parts of `a`, the rest of `b`.
+COLORREF mixed(COLORREF a, COLORREF b, int share);
+
+bool highContrast();

@@ -1,0 +1,102 @@
+#include "listctrl/model/list_commands.h"
+
+namespace {
+
+bool always(const ListOffers&) {
+    return true;
+}
+bool repositionOffered(const ListOffers& offers) {
+    return offers.reposition;
+}
+bool repositionNotOffered(const ListOffers& offers) {
+    return !offers.reposition;
+}
+bool customizeOffered(const ListOffers& offers) {
+    return offers.customize;
+}
+bool exportAllowed(const ListOffers& offers) {
+    return offers.exportAllowed;
+}
+bool isFilterList(const ListOffers& offers) {
+    return offers.filters;
+}
+
+struct MenuLine {
+    unsigned command;
+    const char* text;  // null: a separator
+    bool (*offered)(const ListOffers&);
+};
+
+constexpr MenuLine kItemMenu[] = {
+    {kExportCommand, "Write to Excel\tShift+E", exportAllowed},
+    {kGridLinesCommand, "Draw Grid Lines\tShift+G", always},
+    {kCustomizeCommand, "Customize \t Ctrl+Shift+C", customizeOffered},
+    {kCopyCommand, "Copy to Clip Board\tCtrl+C", exportAllowed},
+};
+
+// With repositioning the entry that opens it stands on top; the first fitting entry has a spelling
+// of its own in either case.
+constexpr MenuLine kHeaderMenu[] = {
+    {kRepositionCommand, "Reposition Columns", repositionOffered},
+    {kFitToDataCommand, "Fit to Data", repositionOffered},
+    {kFitToDataCommand, "Fit To Data", repositionNotOffered},
+    {kFitToHeaderCommand, "Fit to Header", always},
+    {kFitToWindowCommand, "Fit to Window", always},
+    {0, nullptr, isFilterList},
+    {kResetFiltersCommand, "Reset Filters", isFilterList},
+    {kMatchExactlyCommand, "Match Filter Exactly", isFilterList},
+    {0, nullptr, isFilterList},
+};
+
+std::vector<ListMenuEntry> menu(std::span<const MenuLine> lines, const ListOffers& offers) {
+    std::vector<ListMenuEntry> entries;
+    for (const MenuLine& line : lines) {
+        if (!line.offered(offers)) continue;
+        entries.push_back({line.command, line.text,
+                           line.command == kExportCommand && !offers.exportEnabled,
+                           line.command == kMatchExactlyCommand && offers.matchExactly});
+    }
+    return entries;
+}
+
+enum class Shift { up, down, any };
+
+struct KeyLine {
+    unsigned key;
+    bool ctrl;
+    Shift shift;
+    unsigned command;
+    bool consumes;
+    bool (*offered)(const ListOffers&);
+};
+
+// Ctrl+Shift+C copies as well as customises: the copy is tested first and does not ask for Shift.
+constexpr KeyLine kKeys[] = {
+    {'A', true, Shift::any, kSelectAllCommand, true, always},
+    {'C', true, Shift::any, kCopyCommand, false, exportAllowed},
+    {'C', true, Shift::down, kCustomizeCommand, false, customizeOffered},
+    {'E', false, Shift::down, kExportCommand, true, exportAllowed},
+    {'G', false, Shift::down, kGridLinesCommand, false, always},
+};
+
+}  // namespace
+
+std::vector<ListMenuEntry> itemMenu(const ListOffers& offers) {
+    return menu(kItemMenu, offers);
+}
+
+std::vector<ListMenuEntry> headerMenu(const ListOffers& offers) {
+    return menu(kHeaderMenu, offers);
+}
+
+KeyCommands keyCommands(unsigned virtualKey, bool ctrl, bool shift, const ListOffers& offers) {
+    KeyCommands found;
+    for (const KeyLine& line : kKeys) {
+        const bool shiftFits = line.shift == Shift::any || (line.shift == Shift::down) == shift;
+        if (line.key != virtualKey || line.ctrl != ctrl || !shiftFits || !line.offered(offers))
+            continue;
+        found.commands.push_back(line.command);
+        found.consumed = found.consumed || line.consumes;
+    }
+    return found;
+}

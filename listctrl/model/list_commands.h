@@ -1,0 +1,50 @@
+// The commands of a list, its two menus and its keys, as data.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+enum ListCommand : unsigned {
+    kMatchExactlyCommand = 4000,
+    kFitToDataCommand = 4001,
+    kFitToHeaderCommand = 4002,
+    kFitToWindowCommand = 4003,
+    kRepositionCommand = 4004,
+    kExportCommand = 4006,
+    kGridLinesCommand = 4008,
+    kCustomizeCommand = 4009,
+    kCopyCommand = 4010,
+    kResetFiltersCommand = 33078,
+    kSelectAllCommand = 1,  // by key only
+};
+
+// What a list offers at the moment.
+struct ListOffers {
+    bool reposition = false;     // columns can be repositioned
+    bool customize = false;      // the appearance can be customised
+    bool exportAllowed = false;  // the host lets lists be exported and copied
+    bool exportEnabled = true;   // the list's own flag: off greys the entry
+    bool filters = false;        // a filter list
+    bool matchExactly = false;   // its option is on
+};
+
+// A separator has no text.
+struct ListMenuEntry {
+    unsigned command;
+    const char* text;
+    bool greyed = false;
+    bool checked = false;
+    bool operator==(const ListMenuEntry&) const = default;
+};
+
+std::vector<ListMenuEntry> itemMenu(const ListOffers& offers);
+std::vector<ListMenuEntry> headerMenu(const ListOffers& offers);
+
+// The commands of a key, in the order in which they run; `consumed` tells whether the key ends
+// there or goes on to the control.
+struct KeyCommands {
+    std::vector<unsigned> commands;
+    bool consumed = false;
+};
+KeyCommands keyCommands(unsigned virtualKey, bool ctrl, bool shift, const ListOffers& offers);
