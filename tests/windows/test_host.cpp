@@ -69,8 +69,8 @@ HOST_EXPORT int pu_get_find_menu_item_in_roles(int menuItem) {
 HOST_EXPORT int pu_get_maker_checker_Modify_Right() {
     return host().mayModify ? 1 : 0;
 }
-HOST_EXPORT int pu_is_function_restricted(int) {
-    return 0;
+HOST_EXPORT int pu_is_function_restricted(int functionCode) {
+    return static_cast<int>(host().restricted.count(functionCode));
 }
 HOST_EXPORT CQuonRxControl* GetQuonRxControl(int kind, CQuonRxNotifierBase* receiver,
                                              CQuonRxControl* release) {

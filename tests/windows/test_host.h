@@ -29,6 +29,7 @@ struct HostState {
     std::set<int> menuItems{60302, 60303, 60304};
     bool mayModify = true;
     bool sends = true;
+    std::set<int> restricted;  // function codes that may not be used
 
     std::vector<std::string> log;
     std::vector<Fields> sent;           // messages, field by field

@@ -1,0 +1,278 @@
+// The main list as a checker uses it: sorting, filtering, selecting, copying, exporting, fitting.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "sdk/host_services.h"
+#include "tests/windows/test_host.h"
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+HWND header() {
+    return reinterpret_cast<HWND>(SendMessageA(mainList(), LVM_GETHEADER, 0, 0));
+}
+
+Texts column(int column) {
+    Texts texts;
+    for (int row = 0; row < rowCount(mainList()); ++row)
+        texts.push_back(rowTexts(mainList(), row)[static_cast<std::size_t>(column)]);
+    return texts;
+}
+
+RECT headerItem(int item) {
+    RECT place{};
+    SendMessageA(header(), HDM_GETITEMRECT, static_cast<WPARAM>(item),
+                 reinterpret_cast<LPARAM>(&place));
+    return place;
+}
+
+void clickHeader(int item) {
+    const RECT place = headerItem(item);
+    const LPARAM at = MAKELPARAM((place.left + place.right) / 2, place.top + 5);
+    SendMessageA(header(), WM_LBUTTONDOWN, MK_LBUTTON, at);
+    SendMessageA(header(), WM_LBUTTONUP, 0, at);
+    pump();
+}
+
+int sortImage(int item) {
+    HDITEMA info{};
+    info.mask = HDI_IMAGE | HDI_FORMAT;
+    SendMessageA(header(), HDM_GETITEMA, static_cast<WPARAM>(item),
+                 reinterpret_cast<LPARAM>(&info));
+    return (info.fmt & HDF_IMAGE) != 0 ? info.iImage : 0;
+}
+
+// The filter box of a column.
+HWND filterBox(int item) {
+    return GetDlgItem(header(), 5000 + item);
+}
+HWND filterEdit(int item) {
+    return FindWindowExA(filterBox(item), nullptr, "Edit", nullptr);
+}
+
+void typeInto(HWND edit, const char* text) {
+    SetFocus(edit);
+    for (const char* c = text; *c != '\0'; ++c)
+        PostMessageA(edit, WM_CHAR, static_cast<WPARAM>(*c), 1);
+    pump();
+}
+
+void key(HWND focus, WPARAM virtualKey) {
+    SetFocus(focus);
+    PostMessageA(focus, WM_KEYDOWN, virtualKey, 1);
+    pump();
+}
+
+// A key with modifiers, as the list sees it: their state is the thread's.
+void keyWith(WPARAM virtualKey, std::initializer_list<int> modifiers) {
+    BYTE before[256]{};
+    GetKeyboardState(before);
+    BYTE down[256]{};
+    for (const int modifier : modifiers) down[modifier] = 0x80;
+    SetFocus(mainList());
+    SetKeyboardState(down);
+    SendMessageA(mainList(), WM_KEYDOWN, virtualKey, 1);
+    SetKeyboardState(before);
+    pump();
+}
+
+class List : public testing::Test {
+protected:
+    List() {
+        const struct {
+            const char *key, *code, *user;
+        } changes[] = {{"9", "340", "Bela"},
+                       {"10", "339", "asha"},
+                       {"100", "340", "Chitra"},
+                       {"11", "365", "ASHOK"},
+                       {"2", "340", "deepa"}};
+        for (const auto& each : changes)
+            open.plugin.publish(pending(each.key, each.code, {{31003, each.user}}));
+    }
+    OpenWorkbench open;
+};
+
+TEST_F(List, SortsByAClickOnACaption) {
+    clickHeader(2);  // keys are numbers
+    EXPECT_EQ(column(2), (Texts{"2", "9", "10", "11", "100"}));
+    EXPECT_EQ(sortImage(2), 1);
+    clickHeader(2);
+    EXPECT_EQ(column(2), (Texts{"100", "11", "10", "9", "2"}));
+    EXPECT_EQ(sortImage(2), 2);
+    clickHeader(0);  // names are bytes
+    EXPECT_EQ(column(0), (Texts{"ASHOK", "Bela", "Chitra", "asha", "deepa"}));
+    EXPECT_EQ(sortImage(2), 0);
+
+    // What arrives goes to its place.
+    open.plugin.publish(pending("3", "340", {{31003, "Badri"}}));
+    EXPECT_EQ(column(0), (Texts{"ASHOK", "Badri", "Bela", "Chitra", "asha", "deepa"}));
+}
+
+TEST_F(List, FiltersWhileTypingAndByEnter) {
+    typeInto(filterEdit(0), "as");
+    EXPECT_TRUE(pumpUntil([] { return rowCount(mainList()) == 2; })) << "after a pause";
+    EXPECT_EQ(column(0), (Texts{"asha", "ASHOK"}));
+
+    SetWindowTextA(filterBox(1), "*user");
+    key(filterEdit(1), VK_RETURN);
+    EXPECT_EQ(column(0), (Texts{"asha", "ASHOK"}));
+    SetWindowTextA(filterBox(2), ">10");
+    key(filterEdit(2), VK_RETURN);
+    EXPECT_EQ(column(0), (Texts{"ASHOK"}));
+    EXPECT_TRUE(host().sent.empty()) << "Enter in a filter box accepts nothing";
+
+    // What arrives shows if it passes.
+    open.plugin.publish(pending("12", "340", {{31003, "Asim"}}));
+    open.plugin.publish(pending("13", "340", {{31003, "Zoya"}}));
+    EXPECT_EQ(column(0), (Texts{"ASHOK", "Asim"}));
+
+    key(filterEdit(2), VK_ESCAPE);
+    EXPECT_EQ(GetWindowTextLengthA(filterBox(2)), 0);
+    EXPECT_EQ(rowCount(mainList()), 3);
+}
+
+TEST_F(List, OffersTheValuesOfAColumn) {
+    SendMessageA(filterBox(1), CB_SHOWDROPDOWN, TRUE, 0);
+    Texts choices;
+    for (int i = 0; i < SendMessageA(filterBox(1), CB_GETCOUNT, 0, 0); ++i) {
+        char text[64]{};
+        SendMessageA(filterBox(1), CB_GETLBTEXT, static_cast<WPARAM>(i),
+                     reinterpret_cast<LPARAM>(text));
+        choices.emplace_back(text);
+    }
+    EXPECT_EQ(choices, (Texts{"--ALL-- ", "MODIFY USER", "ADD USER", "DELETE USER"}));
+    SendMessageA(filterBox(1), CB_SETCURSEL, 3, 0);
+    SendMessageA(header(), WM_COMMAND, MAKEWPARAM(5001, CBN_SELENDOK),
+                 reinterpret_cast<LPARAM>(filterBox(1)));
+    SendMessageA(filterBox(1), CB_SHOWDROPDOWN, FALSE, 0);
+    EXPECT_EQ(column(0), Texts{"ASHOK"});
+    SendMessageA(filterBox(1), CB_SETCURSEL, 0, 0);
+    SendMessageA(header(), WM_COMMAND, MAKEWPARAM(5001, CBN_SELENDOK),
+                 reinterpret_cast<LPARAM>(filterBox(1)));
+    EXPECT_EQ(rowCount(mainList()), 5);
+}
+
+TEST_F(List, ARowThatTheListSelectsByItselfIsNotDecided) {
+    keyWith(VK_HOME, {});
+    keyWith(VK_DOWN, {});
+    press("Accept");
+    ASSERT_EQ(host().sent.size(), 1u);
+    open.plugin.publish(outcome("10", "accepted"));
+    EXPECT_EQ(SendMessageA(mainList(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED), 1);
+    press("Accept");
+    EXPECT_EQ(host().sent.size(), 1u) << "nobody looked at the row that moved up";
+    key(mainList(), VK_SPACE);
+    press("Accept");
+    ASSERT_EQ(host().sent.size(), 2u);
+    EXPECT_EQ(sentField(host().sent[1], 51803), "100");
+}
+
+TEST_F(List, SelectionFollowsItsRecordsThroughSortingAndFiltering) {
+    selectRows(mainList(), {0, 3});  // Bela and ASHOK
+    clickHeader(0);
+    press("Accept");
+    ASSERT_EQ(host().sent.size(), 2u);
+    EXPECT_EQ(sentField(host().sent[0], 51803), "11") << "in row order";
+    EXPECT_EQ(sentField(host().sent[1], 51803), "9");
+
+    SetWindowTextA(filterBox(0), "b");
+    key(filterEdit(0), VK_RETURN);
+    press("Accept");
+    EXPECT_EQ(host().sent.size(), 3u) << "a row filtered out is deselected";
+}
+
+TEST_F(List, KeysAndMouseSelect) {
+    const auto selected = [] {
+        std::vector<int> rows;
+        for (int row = -1;
+             (row = static_cast<int>(SendMessageA(mainList(), LVM_GETNEXTITEM,
+                                                  static_cast<WPARAM>(row), LVNI_SELECTED))) >= 0;)
+            rows.push_back(row);
+        return rows;
+    };
+    keyWith(VK_HOME, {});
+    keyWith(VK_DOWN, {VK_SHIFT});
+    keyWith(VK_DOWN, {VK_SHIFT});
+    EXPECT_EQ(selected(), (std::vector<int>{0, 1, 2}));
+    keyWith(VK_END, {VK_CONTROL});
+    keyWith(VK_SPACE, {VK_CONTROL});
+    EXPECT_EQ(selected(), (std::vector<int>{0, 1, 2, 4}));
+    keyWith('A', {VK_CONTROL});
+    EXPECT_EQ(selected().size(), 5u);
+    keyWith(VK_UP, {});
+    EXPECT_EQ(selected(), std::vector<int>{3});
+}
+
+std::string clipboardText() {
+    std::string text;
+    if (OpenClipboard(nullptr) == 0) return "<closed>";
+    if (const HANDLE data = GetClipboardData(CF_TEXT)) {
+        text = static_cast<const char*>(GlobalLock(data));
+        GlobalUnlock(data);
+    }
+    CloseClipboard();
+    return text;
+}
+
+TEST_F(List, CopiesTheSelectedRowsWhereTheHostLetsIt) {
+    selectRows(mainList(), {1, 3});
+    keyWith('C', {VK_CONTROL});
+    EXPECT_EQ(clipboardText(),
+              "asha\tADD USER\t10\tMAKER1\t\t\t\r\nASHOK\tDELETE USER\t11\tMAKER1\t\t\t\r\n");
+    host().restricted = {64169};
+    selectRows(mainList(), {0});
+    keyWith('C', {VK_CONTROL});
+    EXPECT_EQ(clipboardText().substr(0, 4), "asha");
+    host().restricted.clear();
+    const HiddenExport hidden(kPuIsFunctionRestricted);
+    keyWith('C', {VK_CONTROL});
+    EXPECT_EQ(clipboardText().substr(0, 4), "asha");
+}
+
+TEST_F(List, ExportsWhatItShows) {
+    char folder[MAX_PATH]{};
+    GetTempPathA(sizeof folder, folder);
+    SetEnvironmentVariableA("ZEK_EXPORT_DIR", folder);
+    DialogTrap boxes;
+    keyWith('E', {VK_SHIFT});
+    EXPECT_EQ(boxes.texts, Texts{"File is generated"});
+    SetEnvironmentVariableA("ZEK_EXPORT_DIR", "Z:\\no such folder");
+    keyWith('E', {VK_SHIFT});
+    SetWindowTextA(filterBox(0), "nobody");
+    key(filterEdit(0), VK_RETURN);
+    keyWith('E', {VK_SHIFT});
+    EXPECT_EQ(boxes.texts,
+              (Texts{"File is generated", "File generation Failed", "No Items in the List"}));
+    host().restricted = {64169};
+    keyWith('E', {VK_SHIFT});
+    EXPECT_EQ(boxes.texts.size(), 3u);
+    SetEnvironmentVariableA("ZEK_EXPORT_DIR", nullptr);
+}
+
+TEST_F(List, GridLinesComeAndGo) {
+    const auto grid = [] {
+        return (SendMessageA(mainList(), LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0) & LVS_EX_GRIDLINES) !=
+               0;
+    };
+    EXPECT_FALSE(grid());
+    keyWith('G', {VK_SHIFT});
+    EXPECT_TRUE(grid());
+    keyWith('G', {VK_SHIFT});
+    EXPECT_FALSE(grid());
+}
+
+TEST_F(List, TabGoesThroughButtonsFiltersAndLists) {
+    Texts seen;
+    SetFocus(button("Recover"));
+    for (int i = 0; i < 7; ++i) {
+        key(GetFocus(), VK_TAB);
+        seen.push_back(GetFocus() == mainList()
+                           ? "list"
+                           : std::to_string(GetDlgCtrlID(GetParent(GetFocus()))));
+    }
+    EXPECT_EQ(seen, (Texts{"5000", "5001", "5002", "5003", "5004", "5005", "list"}));
+}
+
+}  // namespace
