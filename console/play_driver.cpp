@@ -57,6 +57,8 @@ const CPlayDriver::Verb& CPlayDriver::verbOf(const PlayStep& step) {
         {PlayVerb::screenshot, Kind::prepare, &CPlayDriver::screenshot},
         {PlayVerb::hotkey, Kind::act, &CPlayDriver::hotKey},
         {PlayVerb::doubleClick, Kind::act, &CPlayDriver::doubleClick},
+        {PlayVerb::sort, Kind::act, &CPlayDriver::sort},
+        {PlayVerb::filter, Kind::act, &CPlayDriver::filter},
         {PlayVerb::press, Kind::act, &CPlayDriver::press},
         {PlayVerb::key, Kind::act, &CPlayDriver::key},
         {PlayVerb::submitNext, Kind::act, &CPlayDriver::submitNext},

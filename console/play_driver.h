@@ -74,6 +74,8 @@ private:
     Outcome hotKey();
     Outcome select();
     Outcome doubleClick();
+    Outcome sort();
+    Outcome filter();
     Outcome press();
     Outcome type();
     Outcome key();

@@ -142,6 +142,25 @@ CPlayDriver::Outcome CPlayDriver::select() {
     return {};
 }
 
+CPlayDriver::Outcome CPlayDriver::sort() {
+    const HWND list = ui::mainList();
+    const int column = ui::columnNamed(list, argument());
+    if (column < 0) return "there is no column " + argument();
+    ui::clickCaption(list, column);
+    return {};
+}
+
+CPlayDriver::Outcome CPlayDriver::filter() {
+    const HWND list = ui::mainList();
+    const int column = ui::columnNamed(list, argument());
+    const HWND box = column >= 0 ? ui::filterEdit(list, column) : nullptr;
+    if (box == nullptr) return "there is no filter box for " + argument();
+    SetFocus(box);
+    SetWindowTextA(box, argument(1).c_str());
+    ui::pressKey("Enter", box);
+    return {};
+}
+
 CPlayDriver::Outcome CPlayDriver::doubleClick() {
     const HWND list = ui::mainList();
     const int found = rowNamed(0);

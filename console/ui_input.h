@@ -17,6 +17,8 @@ void click(HWND window);
 void selectOnly(HWND list, int row);
 void alsoSelect(HWND list, int row);
 void doubleClickRow(HWND list, int row);
+// A click on the caption of a list's column.
+void clickCaption(HWND list, int column);
 
 // Posts characters to the window with the focus. False when there is none.
 bool type(const std::string& text);

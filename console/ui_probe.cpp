@@ -148,6 +148,17 @@ int columnNamed(HWND list, const std::string& title) {
     return -1;
 }
 
+HWND filterEdit(HWND list, int column) {
+    const auto header = reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
+    RECT caption{};
+    SendMessageA(header, HDM_GETITEMRECT, static_cast<WPARAM>(column),
+                 reinterpret_cast<LPARAM>(&caption));
+    // The box stands at the lower end of its caption's item.
+    const POINT inside{(caption.left + caption.right) / 2, caption.bottom - 8};
+    const HWND box = ChildWindowFromPoint(header, inside);
+    return box != nullptr && box != header ? FindWindowExA(box, nullptr, "Edit", nullptr) : nullptr;
+}
+
 int findRow(HWND list, const PlayRow& row) {
     const int count = rowCount(list);
     if (row.by == PlayRow::By::place) return row.place <= count ? row.place - 1 : -1;

@@ -40,6 +40,8 @@ int rowCount(HWND list);
 std::string cellText(HWND list, int row, int column);
 // The column with the title; -1 when there is none.
 int columnNamed(HWND list, const std::string& title);
+// The edit of a column's filter box, in the list's header; null when there is none.
+HWND filterEdit(HWND list, int column);
 // The row that is meant; -1 when there is none.
 int findRow(HWND list, const PlayRow& row);
 

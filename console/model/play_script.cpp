@@ -34,6 +34,8 @@ constexpr Verb kVerbs[] = {
     {"wait details", "number", PlayVerb::waitDetails},
     {"select", "rows", PlayVerb::select},
     {"double-click", "row", PlayVerb::doubleClick},
+    {"sort", "text", PlayVerb::sort},
+    {"filter", "text text", PlayVerb::filter},
     {"press", "text", PlayVerb::press},
     {"type", "text", PlayVerb::type},
     {"key", "key", PlayVerb::key},

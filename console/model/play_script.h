@@ -8,6 +8,8 @@
 //   wait details N                  until the details list has N lines
 //   select ROW [ROW ...]            exactly these rows of the main list
 //   double-click ROW
+//   sort "column"                   a click on the caption
+//   filter "column" "text"          types into the filter box and presses Enter
 //   press "Accept"                  the button with this text
 //   type "text"                     into the control that has the focus
 //   key Ctrl+C                      Enter, Esc, Tab, Space, arrows, F1 to F12, letters, digits ...
@@ -48,6 +50,8 @@ enum class PlayVerb {
     waitDetails,
     select,
     doubleClick,
+    sort,
+    filter,
     press,
     type,
     key,
