@@ -1,0 +1,136 @@
+// The real list on the screen, under Wine or on Windows: what a paint asks for and costs with a
+// thousand and with a million rows, and select all, beside a plain owner-data list of the platform.
+#include <windows.h>
+
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "frames/holder_frame.h"
+#include "framework/window.h"
+#include "listctrl/filter_list_ctrl.h"
+#include "settings/settings_store.h"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+class BenchServices final : public ListServices {
+public:
+    bool mayExport() override { return true; }
+    CSettingsStore& settings() override { return settingsStore(); }
+    void showMessage(const std::string& text) override { std::printf("box: %s\n", text.c_str()); }
+    HIMAGELIST glyphs() override { return nullptr; }
+};
+
+constexpr sVoskColInfo kColumns[] = {
+    {"Entity Name", 75, 0, ColumnType::text}, {"Auth Type", 75, 0, ColumnType::text},
+    {"Key", 75, 1, ColumnType::longInteger},  {"Maker", 75, 0, ColumnType::text},
+    {"Branch", 75, 0, ColumnType::text},      {"Broker", 75, 0, ColumnType::text},
+};
+
+// The peer's parent: hands every cell out, as a plain host of a virtual list does.
+class PlainParent final : public fw::CWindow {
+public:
+    bool create() {
+        static const fw::WindowClass windowClass{"Bench.Plain", 0, IDC_ARROW, COLOR_3DFACE};
+        return CWindow::create(windowClass, "", WS_POPUP | WS_VISIBLE, 0, {0, 0, 700, 500}, nullptr,
+                               0);
+    }
+
+protected:
+    const fw::MessageMap& messageMap() const override {
+        static constexpr fw::MessageEntry entries[] = {
+            fw::onNotify<fw::kAnyId, LVN_GETDISPINFOA, &PlainParent::onGetDispInfo>()};
+        static constexpr fw::MessageMap map{nullptr, entries};
+        return map;
+    }
+
+private:
+    void onGetDispInfo(NMLVDISPINFOA& info) {
+        if ((info.item.mask & LVIF_TEXT) != 0)
+            std::snprintf(info.item.pszText, static_cast<std::size_t>(info.item.cchTextMax),
+                          "DEALER%d", info.item.iItem);
+    }
+};
+
+double microseconds(const std::function<void()>& work, int times) {
+    const auto start = Clock::now();
+    for (int i = 0; i < times; ++i) work();
+    const std::chrono::duration<double, std::micro> time = Clock::now() - start;
+    return time.count() / times;
+}
+
+void paint(HWND list) {
+    InvalidateRect(list, nullptr, TRUE);
+    UpdateWindow(list);
+}
+
+void selectEveryRow(HWND list, bool on) {
+    LVITEMA item{};
+    item.stateMask = LVIS_SELECTED;
+    item.state = on ? LVIS_SELECTED : 0;
+    SendMessageA(list, LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&item));
+}
+
+void measureOurs(std::size_t rows) {
+    PlainParent frame;
+    frame.create();
+    CVTHolderFrame holder;
+    holder.create(frame.handle(), {0, 0, 700, 500}, 1024);
+    BenchServices services;
+    RecordStore store;
+    CFilterListCtrl list(services, store);
+    list.create(holder.handle(), 4000, "Bench list", "Bench");
+    SetWindowPos(list.handle(), nullptr, 0, 0, 700, 500, SWP_NOZORDER);
+    std::size_t asked = 0;
+    std::string text;
+    std::vector<char> records(rows);
+    list.setColumns(kColumns, [&](const void* record, int) {
+        ++asked;
+        text = "DEALER" + std::to_string(static_cast<const char*>(record) - records.data());
+        return std::string_view(text);
+    });
+    for (char& record : records) store.insertItem(store.storedCount(), &record);
+    list.storeChanged();
+    paint(list.handle());
+    asked = 0;
+    const double cost = microseconds([&] { paint(list.handle()); }, 20);
+    const std::size_t cells = asked / 20;
+    const double all = microseconds([&] { selectEveryRow(list.handle(), true); }, 1);
+    std::printf("%9zu  ours   %6zu cells a paint  %9.0f us a paint  %10.0f us select all\n", rows,
+                cells, cost, all);
+}
+
+void measurePeer(std::size_t rows) {
+    PlainParent frame;
+    frame.create();
+    const HWND list =
+        CreateWindowExA(0, WC_LISTVIEWA, "", WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDATA, 0,
+                        0, 700, 500, frame.handle(), nullptr, fw::module(), nullptr);
+    for (int i = 0; i < 6; ++i) {
+        LVCOLUMNA column{};
+        column.mask = LVCF_WIDTH;
+        column.cx = 75;
+        SendMessageA(list, LVM_INSERTCOLUMNA, static_cast<WPARAM>(i),
+                     reinterpret_cast<LPARAM>(&column));
+    }
+    SendMessageA(list, LVM_SETITEMCOUNT, rows, 0);
+    paint(list);
+    const double cost = microseconds([&] { paint(list); }, 20);
+    const double all = rows <= 100'000 ? microseconds([&] { selectEveryRow(list, true); }, 1) : -1;
+    std::printf("%9zu  plain                       %9.0f us a paint  %10.0f us select all\n", rows,
+                cost, all);
+}
+
+}  // namespace
+
+int main() {
+    for (const std::size_t rows : {1'000u, 100'000u, 1'000'000u}) {
+        measureOurs(rows);
+        measurePeer(rows);
+    }
+    return 0;
+}
