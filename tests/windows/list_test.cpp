@@ -1,5 +1,6 @@
 // The main list as a checker uses it: sorting, filtering, selecting, copying, exporting, fitting.
 #include <gtest/gtest.h>
+#include <shlobj.h>
 
 #include <cstdlib>
 
@@ -261,6 +262,57 @@ TEST_F(List, GridLinesComeAndGo) {
     EXPECT_TRUE(grid());
     keyWith('G', {VK_SHIFT});
     EXPECT_FALSE(grid());
+}
+
+// Puts a profile of the main list into the settings file for a scope.
+class StoredProfile {
+public:
+    explicit StoredProfile(const char* text) {
+        char folder[MAX_PATH]{};
+        SHGetSpecialFolderPathA(nullptr, folder, CSIDL_APPDATA, TRUE);
+        std::string path = std::string(folder) + "\\Ostravine";
+        CreateDirectoryA(path.c_str(), nullptr);
+        CreateDirectoryA((path += "\\VoskTrader").c_str(), nullptr);
+        m_file = path + "\\UserSetting.ini";
+        WritePrivateProfileStringA(kList, kKey, text, m_file.c_str());
+    }
+    ~StoredProfile() { WritePrivateProfileStringA(kList, kKey, nullptr, m_file.c_str()); }
+    StoredProfile(const StoredProfile&) = delete;
+    StoredProfile& operator=(const StoredProfile&) = delete;
+
+private:
+    static constexpr char kList[] = "Maker checker List";
+    static constexpr char kKey[] = "COLUMNPROFILE";
+    std::string m_file;
+};
+
+TEST(ListProfile, BringsColumnsBackWithWhatTheUserDefined) {
+    const StoredProfile stored(
+        "0,1,75,1,-1,0,2,0,120,3,-1,0,4,-1,0,5,-1,0,6,2,80,Twice#2*\"2\"#2 * Key");
+    OpenWorkbench open;
+    for (const char* key : {"30", "4", "100"})
+        open.plugin.publish(pending(key, "340", {{31003, std::string("U") + key}}));
+    EXPECT_EQ(SendMessageA(header(), HDM_GETITEMCOUNT, 0, 0), 3);
+    EXPECT_EQ(SendMessageA(mainList(), LVM_GETCOLUMNWIDTH, 0, 0), 120);
+    EXPECT_EQ(rowTexts(mainList(), 0, 3), (Texts{"30", "U30", "60.00"}));
+    clickHeader(2);
+    EXPECT_EQ(column(2), (Texts{"8.00", "60.00", "200.00"}));
+    SetWindowTextA(filterBox(2), ">50");
+    key(filterEdit(2), VK_RETURN);
+    EXPECT_EQ(column(1), (Texts{"U30", "U100"}));
+}
+
+TEST(ListProfile, AnInvalidExpressionIsToldOnceNotPerRow) {
+    const StoredProfile stored(
+        "0,0,75,1,1,75,2,2,75,3,3,75,4,4,75,5,5,75,6,6,80,Bad#2 \"2\"#2 Key");
+    const DialogTrap boxes;
+    OpenWorkbench open;
+    for (const char* key : {"30", "4", "100"}) open.plugin.publish(pending(key, "340"));
+    pumpUntil([&] { return !boxes.texts.empty(); });
+    RedrawWindow(mainList(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    pump();
+    EXPECT_EQ(boxes.texts, Texts{"Invalid Expression,while calculating value"});
+    EXPECT_EQ(rowTexts(mainList(), 0, 7)[6], "");
 }
 
 TEST_F(List, TabGoesThroughButtonsFiltersAndLists) {

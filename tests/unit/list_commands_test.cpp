@@ -1,0 +1,95 @@
+#include "listctrl/model/list_commands.h"
+
+#include <gtest/gtest.h>
+
+#include "listctrl/model/filter_choices.h"
+#include "listctrl/model/fit_columns.h"
+
+namespace {
+
+using Menu = std::vector<ListMenuEntry>;
+const ListMenuEntry kSeparator{0, nullptr};
+
+TEST(ListMenus, OfferWhatTheListAndTheHostAllow) {
+    EXPECT_EQ(itemMenu({}), (Menu{{kGridLinesCommand, "Draw Grid Lines\tShift+G"}}));
+
+    ListOffers all;
+    all.reposition = all.customize = all.exportAllowed = all.filters = all.matchExactly = true;
+    all.exportEnabled = false;
+    EXPECT_EQ(itemMenu(all), (Menu{{kExportCommand, "Write to Excel\tShift+E", true},
+                                   {kGridLinesCommand, "Draw Grid Lines\tShift+G"},
+                                   {kCustomizeCommand, "Customize \t Ctrl+Shift+C"},
+                                   {kCopyCommand, "Copy to Clip Board\tCtrl+C"}}));
+    EXPECT_EQ(headerMenu(all), (Menu{{kRepositionCommand, "Reposition Columns"},
+                                     {kFitToDataCommand, "Fit to Data"},
+                                     {kFitToHeaderCommand, "Fit to Header"},
+                                     {kFitToWindowCommand, "Fit to Window"},
+                                     kSeparator,
+                                     {kResetFiltersCommand, "Reset Filters"},
+                                     {kMatchExactlyCommand, "Match Filter Exactly", false, true},
+                                     kSeparator}));
+    EXPECT_EQ(headerMenu({}), (Menu{{kFitToDataCommand, "Fit To Data"},
+                                    {kFitToHeaderCommand, "Fit to Header"},
+                                    {kFitToWindowCommand, "Fit to Window"}}));
+}
+
+TEST(ListKeys, RunTheirCommands) {
+    ListOffers all;
+    all.customize = all.exportAllowed = true;
+    const struct {
+        unsigned key;
+        bool ctrl, shift;
+        ListOffers offers;
+        std::vector<unsigned> commands;
+        bool consumed;
+    } cases[] = {
+        {'A', true, false, {}, {kSelectAllCommand}, true},
+        {'C', true, false, {}, {}, false},
+        {'C', true, false, all, {kCopyCommand}, false},
+        {'C', true, true, all, {kCopyCommand, kCustomizeCommand}, false},
+        {'E', false, true, {}, {}, false},
+        {'E', false, true, all, {kExportCommand}, true},
+        {'E', true, true, all, {}, false},
+        {'E', false, false, all, {}, false},
+        {'G', false, true, {}, {kGridLinesCommand}, false},
+        {'G', true, true, {}, {}, false},
+    };
+    for (const auto& each : cases) {
+        const KeyCommands found = keyCommands(each.key, each.ctrl, each.shift, each.offers);
+        EXPECT_EQ(found.commands, each.commands) << static_cast<char>(each.key);
+        EXPECT_EQ(found.consumed, each.consumed) << static_cast<char>(each.key);
+    }
+}
+
+TEST(FitColumns, ByDataByHeaderByWindow) {
+    const struct {
+        unsigned command;
+        int data, header, client, columns, width;
+    } cases[] = {
+        {kFitToDataCommand, 120, 200, 410, 4, 120},
+        {kFitToDataCommand, 30, 200, 410, 4, 50},
+        {kFitToHeaderCommand, 120, 200, 410, 4, 200},
+        {kFitToHeaderCommand, 20, 40, 410, 4, 50},
+        {kFitToWindowCommand, 120, 200, 410, 4, 102},
+        {kFitToWindowCommand, 1, 2, 0, 4, 50},
+        {kFitToWindowCommand, 1, 2, 410, 0, 50},
+        {0, 70, 60, 410, 4, 70},
+        {0, 10, 20, 410, 4, 50},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(fittedWidth(each.command, each.data, each.header, each.client, each.columns),
+                  each.width)
+            << each.command << " " << each.data;
+}
+
+TEST(FilterChoices, HeadedByAllAndEndedByTheRest) {
+    EXPECT_EQ(boxChoices({}), std::vector<std::string>{"--ALL-- "});
+    const auto lines = boxChoices({{"MUM01", "DEL01"}, 7});
+    EXPECT_EQ(lines, (std::vector<std::string>{"--ALL-- ", "MUM01", "DEL01", "--AND 7 MORE-- "}));
+    EXPECT_EQ(filterOfBox(lines.front()), "");
+    EXPECT_EQ(filterOfBox(lines.back()), "");
+    EXPECT_EQ(filterOfBox("MUM01"), "MUM01");
+    EXPECT_EQ(filterOfBox("--ALL--"), "--ALL--") << "without its blank it is a text like others";
+}
+
+}  // namespace
