@@ -46,10 +46,6 @@ protected:
                 return false;
         return true;
     }
-    bool lessThan(const QModelIndex& a, const QModelIndex& b) const override {
-        if (a.column() != 2 && a.column() != kAmount) return QSortFilterProxyModel::lessThan(a, b);
-        return a.data().toString().toDouble() < b.data().toString().toDouble();
-    }
 
 private:
     struct Asking {
@@ -90,10 +86,6 @@ public:
     std::size_t filter(const std::vector<Question>& questions) override {
         m_proxy.ask(questions);
         return static_cast<std::size_t>(m_proxy.rowCount());
-    }
-    void sort(int column) override {
-        m_proxy.sort(-1);
-        m_proxy.sort(column);
     }
 
 private:

@@ -67,8 +67,8 @@ public:
             where += (where.empty() ? " where " : " and ") + condition(question);
         return run("select rowid from t" + where);
     }
-    void sort(int column) override {
-        run("select rowid from t order by c" + std::to_string(column));
+    bool sort(int column) override {
+        return run("select rowid from t order by c" + std::to_string(column)) > 0;
     }
 
 private:

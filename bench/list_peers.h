@@ -29,8 +29,9 @@ public:
     // Filters by all questions; returns how many rows pass.
     virtual std::size_t filter(const std::vector<Question>& questions) = 0;
 
-    // Sorts all rows ascending; whole numbers and amounts as numbers.
-    virtual void sort(int column) = 0;
+    // Sorts all rows ascending, the key and the amount as numbers. False where that is not
+    // compared.
+    virtual bool sort(int) { return false; }
 };
 
 // Null where the peer's library is absent.

@@ -69,7 +69,7 @@ int compare(int dataType, int direction, const std::string& a, const std::string
         case 1:
         case 4:
             return direction *
-                   sign(static_cast<double>(std::atol(b.c_str()) - std::atol(a.c_str())));
+                   sign(static_cast<double>(std::atoll(b.c_str()) - std::atoll(a.c_str())));
         case 2:
         case 5:
         case 7:

@@ -128,6 +128,19 @@ TEST_F(RecordStoreTest, RowsArriveAndMoveWhereOrderAndFilterWantThem) {
     EXPECT_EQ(shown(), "7 8 30 5 20");
 }
 
+// Texts that no record has any longer are let go of in between.
+TEST_F(RecordStoreTest, StaysRightThroughManyTexts) {
+    append({"1", "2", "3"});
+    filter(">0");
+    m_store.sort({0, Comparison::integer, -1});
+    for (int i = 10; i < 6000; ++i) {
+        refresh(m_store.storedAt(static_cast<std::size_t>(i % 3)), std::to_string(i).c_str());
+        ASSERT_EQ(m_store.cellText(2, 0), std::to_string(i));
+        if (i % 1500 == 0) m_store.filter();
+    }
+    EXPECT_EQ(shown(), "5997 5998 5999");
+}
+
 TEST_F(RecordStoreTest, SelectionAndFocusBelongToRecords) {
     append({"c", "b", "a", "d"});
     m_store.select(0, true);
