@@ -28,7 +28,7 @@ void PendingChanges::refreshRecord(const sMakeCheckStruct& record) {
 void PendingChanges::removeRecord(std::string_view key) {
     Entry* const found = m_index.find(key);
     if (found == nullptr) return;
-    m_rows.deleteStored(static_cast<std::ptrdiff_t>(m_rows.storedPosition(found->slot)));
+    m_rows.deleteRecord(found->slot);
     m_index.erase(key);
     std::unique_ptr<Entry> removed(found);
     if (m_holds > 0) m_removed.push_back(std::move(removed));
