@@ -103,6 +103,7 @@ void CCommonListCtrl::columnsChanged() {
         }
     }
     m_updating = false;
+    measureHeader();
     headerBuilt();
     if (m_sorting) sortByColumn(m_sorting->column, m_sorting->direction < 0);
     InvalidateRect(handle(), nullptr, TRUE);
@@ -112,6 +113,7 @@ LRESULT CCommonListCtrl::onHeaderItemChanged(NMHEADERA& info) {
     if (!m_updating && info.pitem != nullptr && (info.pitem->mask & HDI_WIDTH) != 0 &&
         static_cast<std::size_t>(info.iItem) < m_columns.shown().size()) {
         m_columns.setWidth(columnAt(info.iItem), info.pitem->cxy);
+        measureHeader();
         headerBuilt();
     }
     return controlDefault(WM_NOTIFY, info.hdr.idFrom, reinterpret_cast<LPARAM>(&info));

@@ -144,6 +144,7 @@ private:
     void toggleGridLines();
     void drawCell(HDC dc, std::size_t row, int item, const RECT& place) const;
     void measureFont();
+    void measureHeader();
 
     ListServices& m_services;
     RecordStore& m_store;
@@ -159,6 +160,7 @@ private:
     CHeaderTips m_tips;
     std::string m_exported;         // the cell handed to the export last
     std::vector<int> m_charWidths;  // of each byte in the list's font
+    std::vector<RECT> m_cells;      // of the header's items, as last measured
     bool m_exportEnabled = true;
     bool m_stale = false;     // the control's rows differ from the store's
     bool m_updating = false;  // it is being brought up to date

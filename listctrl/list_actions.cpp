@@ -74,6 +74,7 @@ void CCommonListCtrl::fitColumns(unsigned command) {
         m_columns.setWidth(column, width);
         SendMessageA(handle(), LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(item), MAKELPARAM(width, 0));
     }
+    measureHeader();
     headerBuilt();
 }
 

@@ -23,6 +23,12 @@ void CCommonListCtrl::measureFont() {
     m_charWidths.assign(widths.begin(), widths.end());
 }
 
+void CCommonListCtrl::measureHeader() {
+    m_cells.assign(m_columns.shown().size(), RECT{});
+    for (std::size_t item = 0; item < m_cells.size(); ++item)
+        SendMessageA(header(), HDM_GETITEMRECT, item, reinterpret_cast<LPARAM>(&m_cells[item]));
+}
+
 int CCommonListCtrl::textWidth(std::string_view text) const {
     return std::accumulate(text.begin(), text.end(), 0, [this](int width, char c) {
         return width + m_charWidths[static_cast<unsigned char>(c)];
@@ -44,15 +50,11 @@ LRESULT CCommonListCtrl::onDrawItem(const DRAWITEMSTRUCT& draw) {
     // The header scrolls with the rows: its items say where the cells are.
     POINT origin{0, 0};
     MapWindowPoints(header(), handle(), &origin, 1);
-    const int columns = static_cast<int>(m_columns.shown().size());
-    for (int item = 0; item < columns; ++item) {
-        RECT place{};
-        SendMessageA(header(), HDM_GETITEMRECT, static_cast<WPARAM>(item),
-                     reinterpret_cast<LPARAM>(&place));
-        OffsetRect(&place, origin.x, 0);
-        place.top = line.top;
-        place.bottom = line.bottom;
-        drawCell(draw.hDC, row, item, place);
+    const std::size_t columns = std::min(m_cells.size(), m_columns.shown().size());
+    for (std::size_t item = 0; item < columns; ++item) {
+        const RECT place{m_cells[item].left + origin.x, line.top, m_cells[item].right + origin.x,
+                         line.bottom};
+        drawCell(draw.hDC, row, static_cast<int>(item), place);
     }
     // The row that the list selected by itself is framed, not filled, until the checker touches it.
     const bool framed = autoSelected || (focused && m_store.focusedRow() == row);
@@ -66,11 +68,17 @@ void CCommonListCtrl::drawCell(HDC dc, std::size_t row, int item, const RECT& pl
     const int margin = scaled(6);
     RECT cell{place.left + margin, place.top, place.right - margin, place.bottom};
     if (text.empty() || cell.right <= cell.left) return;
-    static constexpr UINT alignments[] = {DT_LEFT, DT_RIGHT, DT_CENTER};
     // The platform aligns the first column of a list, and its caption, to the left.
     const int flag = item == 0 ? 0 : m_columns.descriptor(column).flag & LVCFMT_JUSTIFYMASK;
-    DrawTextA(dc, text.data(), static_cast<int>(text.size()), &cell,
-              alignments[flag % 3] | DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX);
+    const int room = static_cast<int>(cell.right - cell.left);
+    const int spare = room - textWidth(text);
+    const auto size = static_cast<int>(text.size());
+    if (spare >= 0) {  // fits, which is quick to draw
+        const int x = static_cast<int>(cell.left) + (flag == 1 ? spare : flag == 2 ? spare / 2 : 0);
+        ExtTextOutA(dc, x, cell.top, 0, nullptr, text.data(), static_cast<UINT>(size), nullptr);
+    } else {
+        DrawTextA(dc, text.data(), size, &cell, DT_SINGLELINE | DT_END_ELLIPSIS | DT_NOPREFIX);
+    }
 }
 
 int CCommonListCtrl::dataWidth(ColumnId column) const {
