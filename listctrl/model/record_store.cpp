@@ -4,6 +4,8 @@
 #include <tuple>
 #include <utility>
 
+#include "listctrl/model/text_sort.h"
+
 void RecordStore::setCellReader(CellReader reader) {
     m_reader = std::move(reader);
     dropTexts();
@@ -130,6 +132,7 @@ std::string_view RecordStore::cellText(std::size_t row, int column) const {
 }
 
 void RecordStore::dropTexts() {
+    m_numbersSorted = -1;
     m_texts.clear();
     m_passing = {};
 }
@@ -184,7 +187,7 @@ RecordStore::Outcome RecordStore::filter() {
             {m_filterColumns[i], FilterPattern(m_filterTexts[i], m_exactOnce || m_matchExactly)});
     m_exactOnce = false;
     std::vector<Slot>& rows = passing();
-    if (m_order) keptTexts(m_order->column).sort(rows, m_order->comparison, m_order->direction);
+    if (m_order) sortRows(rows, *m_order);
     replaceRows(rows);
     m_rowCount = m_visible.size();
     m_changes.count = true;
@@ -233,8 +236,23 @@ void RecordStore::sort(const SortOrder& order) {
     std::vector<Slot> rows;
     rows.reserve(m_visible.size());
     m_visible.forEach([&](Slot slot) { rows.push_back(slot); });
-    keptTexts(order.column).sort(rows, order.comparison, order.direction);
+    sortRows(rows, order);
     replaceRows(rows);
+}
+
+// The first sort of a column of numbers reads them from the records: keeping their texts costs more
+// than the sort. It pays from the second on.
+void RecordStore::sortRows(std::vector<Slot>& rows, const SortOrder& order) {
+    const bool first = m_numbersSorted != order.column && !m_texts.contains(order.column);
+    if (!first || !isNumeric(order.comparison))
+        return keptTexts(order.column).sort(rows, order.comparison, order.direction);
+    m_numbersSorted = order.column;
+    std::vector<Keyed> items(rows.size()), scratch(rows.size());
+    const std::uint64_t turned = order.direction < 0 ? 0 : ~std::uint64_t{0};
+    for (std::size_t i = 0; i < items.size(); ++i)
+        items[i] = {sortKey(order.comparison, text(rows[i], order.column)) ^ turned, rows[i]};
+    sortByKey(items, scratch);
+    for (std::size_t i = 0; i < items.size(); ++i) rows[i] = items[i].value;
 }
 
 void RecordStore::unsort() {

@@ -181,6 +181,7 @@ private:
     void readTexts(Slot slot);
     std::string_view text(Slot slot, int column) const;
 
+    void sortRows(std::vector<Slot>& rows, const SortOrder& order);
     bool passes(Slot slot) const;
     bool passes(Slot slot, const ActiveFilter& filter) const;
     std::vector<Slot>& passing();
@@ -218,5 +219,6 @@ private:
     std::vector<ActiveFilter> m_active;  // of the last pass
     std::vector<Slot> m_passing;         // by it; kept for its memory
     std::optional<SortOrder> m_order;
+    int m_numbersSorted = -1;  // the column of numbers that was sorted last without kept texts
     RowChanges m_changes;
 };

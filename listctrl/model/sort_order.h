@@ -25,6 +25,12 @@ struct SortOrder {
     bool operator==(const SortOrder&) const = default;
 };
 
+// Whether sortKey() is the whole comparison.
+constexpr bool isNumeric(Comparison comparison) {
+    return comparison == Comparison::integer || comparison == Comparison::number ||
+           comparison == Comparison::longInteger;
+}
+
 // Less than, equal to or greater than 0 as `a` is smaller than, equal to or greater than `b`.
 int compareTexts(Comparison comparison, std::string_view a, std::string_view b);
 
