@@ -16,10 +16,10 @@ ListOffers CCommonListCtrl::offers() const {
 void CCommonListCtrl::showMenu(const std::vector<ListMenuEntry>& entries) {
     const fw::Menu menu(CreatePopupMenu());
     for (const ListMenuEntry& entry : entries) {
-        const UINT flags = entry.text == nullptr ? MF_SEPARATOR
-                                                 : (entry.greyed ? MF_GRAYED : MF_STRING) |
-                                                       (entry.checked ? MF_CHECKED : MF_UNCHECKED);
-        AppendMenuA(menu.get(), flags, entry.command, entry.text);
+        const UINT flags = entry.text.empty() ? MF_SEPARATOR
+                                              : (entry.greyed ? MF_GRAYED : MF_STRING) |
+                                                    (entry.checked ? MF_CHECKED : MF_UNCHECKED);
+        AppendMenuA(menu.get(), flags, entry.command, entry.text.data());
     }
     POINT at{};
     GetCursorPos(&at);

@@ -1,5 +1,7 @@
 #include "listctrl/model/list_commands.h"
 
+#include <span>
+
 namespace {
 
 bool always(const ListOffers&) {
@@ -23,7 +25,7 @@ bool isFilterList(const ListOffers& offers) {
 
 struct MenuLine {
     unsigned command;
-    const char* text;  // null: a separator
+    std::string_view text;  // empty: a separator
     bool (*offered)(const ListOffers&);
 };
 
@@ -42,10 +44,10 @@ constexpr MenuLine kHeaderMenu[] = {
     {kFitToDataCommand, "Fit To Data", repositionNotOffered},
     {kFitToHeaderCommand, "Fit to Header", always},
     {kFitToWindowCommand, "Fit to Window", always},
-    {0, nullptr, isFilterList},
+    {0, {}, isFilterList},
     {kResetFiltersCommand, "Reset Filters", isFilterList},
     {kMatchExactlyCommand, "Match Filter Exactly", isFilterList},
-    {0, nullptr, isFilterList},
+    {0, {}, isFilterList},
 };
 
 std::vector<ListMenuEntry> menu(std::span<const MenuLine> lines, const ListOffers& offers) {

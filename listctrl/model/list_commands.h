@@ -1,8 +1,7 @@
 // The commands of a list, its two menus and its keys, as data.
 #pragma once
 
-#include <cstdint>
-#include <span>
+#include <string_view>
 #include <vector>
 
 enum ListCommand : unsigned {
@@ -29,10 +28,10 @@ struct ListOffers {
     bool matchExactly = false;   // its option is on
 };
 
-// A separator has no text.
+// The text is a literal, zero-terminated; a separator has none.
 struct ListMenuEntry {
     unsigned command;
-    const char* text;
+    std::string_view text;
     bool greyed = false;
     bool checked = false;
     bool operator==(const ListMenuEntry&) const = default;

@@ -8,7 +8,7 @@
 namespace {
 
 using Menu = std::vector<ListMenuEntry>;
-const ListMenuEntry kSeparator{0, nullptr};
+const ListMenuEntry kSeparator{0, {}};
 
 TEST(ListMenus, OfferWhatTheListAndTheHostAllow) {
     EXPECT_EQ(itemMenu({}), (Menu{{kGridLinesCommand, "Draw Grid Lines\tShift+G"}}));
