@@ -48,9 +48,6 @@ public:
     // Shows the pane if hidden, raises it if floating, and gives it the focus.
     void bringToView() { show(true); }
 
-    bool isFloating() const { return m_mode == Mode::floating; }
-    bool isHidden() const { return m_hidden; }
-
     // Destroys the window; false when there is none.
     bool destroy();
 

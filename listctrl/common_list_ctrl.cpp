@@ -178,11 +178,6 @@ void CCommonListCtrl::bringUpToDate() {
     m_updating = false;
 }
 
-void CCommonListCtrl::selectRow(std::size_t row) {
-    m_rules.click(row, {});
-    storeChanged();
-}
-
 LRESULT CCommonListCtrl::onGetDispInfo(NMLVDISPINFOA& info) {
     LVITEMA& item = info.item;
     if ((item.mask & LVIF_TEXT) == 0 || item.cchTextMax <= 0) return 0;

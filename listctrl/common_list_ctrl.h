@@ -68,8 +68,6 @@ public:
 
     void setExportEnabled(bool enabled) { m_exportEnabled = enabled; }
     void setBackground(COLORREF color);
-    void selectRow(std::size_t row);
-    const std::string& name() const { return m_name; }
 
     // The width in pixels that a text takes in the list's font.
     int textWidth(std::string_view text) const;
