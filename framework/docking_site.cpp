@@ -4,23 +4,10 @@
 
 #include <algorithm>
 
+#include "framework/window.h"
 #include "sdk/docking.h"
 
 namespace fw {
-namespace {
-
-int dpiScaled(HWND window, int pixels) {
-    const UINT dpi = GetDpiForWindow(window);
-    return MulDiv(pixels, dpi != 0 ? static_cast<int>(dpi) : USER_DEFAULT_SCREEN_DPI,
-                  USER_DEFAULT_SCREEN_DPI);
-}
-
-bool acrossIsHeight(unsigned side) {
-    return side == kDockTop || side == kDockBottom;
-}
-
-}  // namespace
-
 CDockingSite::CDockingSite(HWND frame, std::function<void()> relayout)
     : m_frame(frame),
       m_relayout(std::move(relayout)),
@@ -86,7 +73,7 @@ bool CDockingSite::answerDocking(UINT message, LPARAM lParam, LRESULT& result) {
     } else {
         POINT at{request->x, request->y};
         ScreenToClient(m_frame, &at);
-        request->side = sideAt(m_client, at.x, at.y, dpiScaled(m_frame, 48));
+        request->side = sideAt(m_client, at.x, at.y, scaledFor(m_frame, 48));
         if (request->side == 0) return true;
         const Rect place =
             placeAtSide(m_client, request->side, defaultExtent(request->side), metrics());
@@ -160,7 +147,7 @@ int CDockingSite::defaultExtent(unsigned side) const {
 }
 
 DockMetrics CDockingSite::metrics() const {
-    return {dpiScaled(m_frame, 5), dpiScaled(m_frame, 80), dpiScaled(m_frame, 60)};
+    return {scaledFor(m_frame, 5), scaledFor(m_frame, 80), scaledFor(m_frame, 60)};
 }
 
 }  // namespace fw

@@ -83,8 +83,6 @@ struct Crack<WM_NCHITTEST> : CrackPoint {};  // screen
 template <>
 struct Crack<WM_NCLBUTTONDOWN> : CrackHitPoint {};
 template <>
-struct Crack<WM_NCLBUTTONUP> : CrackHitPoint {};
-template <>
 struct Crack<WM_NCLBUTTONDBLCLK> : CrackHitPoint {};
 template <>
 struct Crack<WM_NCRBUTTONUP> : CrackHitPoint {};

@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "framework/float_frame.h"
+#include "framework/model/dock_layout.h"
 #include "sdk/docking.h"
 
 namespace fw {
@@ -105,8 +106,7 @@ void CPaneDialog::floatPane() {
 void CPaneDialog::leaveFrame() {
     RECT window{};
     GetWindowRect(handle(), &window);
-    const bool across = m_side == kDockTop || m_side == kDockBottom;
-    m_extent = across ? rectHeight(window) : rectWidth(window);
+    m_extent = acrossIsHeight(m_side) ? rectHeight(window) : rectWidth(window);
     askFrame(m_detachMessage, 0, 0, {}, nullptr);
 }
 

@@ -94,8 +94,8 @@ RECT CWindow::clientRect() const noexcept {
     return client;
 }
 
-int CWindow::scaled(int pixels) const noexcept {
-    const UINT dpi = m_handle != nullptr ? GetDpiForWindow(m_handle) : 0;
+int scaledFor(HWND window, int pixels) noexcept {
+    const UINT dpi = window != nullptr ? GetDpiForWindow(window) : 0;
     return MulDiv(pixels, dpi != 0 ? static_cast<int>(dpi) : USER_DEFAULT_SCREEN_DPI,
                   USER_DEFAULT_SCREEN_DPI);
 }

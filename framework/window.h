@@ -16,6 +16,10 @@ namespace fw {
 // The module that this code is linked into: a DLL's resources and classes are its own.
 HINSTANCE module() noexcept;
 
+// `pixels` at 96 dots per inch, in the pixels of the window's monitor; as they are without a
+// window.
+int scaledFor(HWND window, int pixels) noexcept;
+
 // A window class of this module, registered when its first window is created.
 struct WindowClass {
     const char* name;
@@ -41,7 +45,7 @@ public:
     RECT clientRect() const noexcept;
 
     // `pixels` at 96 dots per inch, in the pixels of this window's monitor.
-    int scaled(int pixels) const noexcept;
+    int scaled(int pixels) const noexcept { return scaledFor(m_handle, pixels); }
 
     // Feeds one message through the map. True when a handler answered it.
     bool dispatchMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);

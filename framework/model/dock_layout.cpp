@@ -7,10 +7,6 @@
 namespace fw {
 namespace {
 
-bool acrossIsHeight(unsigned side) {
-    return side == kDockTop || side == kDockBottom;
-}
-
 // Cuts `thickness` off `room` at `side`; returns the piece cut off.
 Rect cut(Rect& room, unsigned side, int thickness) {
     Rect piece = room;
@@ -38,6 +34,10 @@ int allowedExtent(const Rect& room, unsigned side, int wished, const DockMetrics
 }
 
 }  // namespace
+
+bool acrossIsHeight(unsigned side) {
+    return side == kDockTop || side == kDockBottom;
+}
 
 DockLayout layOut(Rect client, std::span<const DockedPane> panes, const DockMetrics& metrics) {
     client.right = std::max(client.left, client.right);

@@ -17,6 +17,10 @@ struct Rect {
     friend bool operator==(const Rect&, const Rect&) = default;
 };
 
+// Whether a pane at `side` (a DockSide) lies across the height: its extent is a height, not a
+// width.
+bool acrossIsHeight(unsigned side);
+
 // One docked pane: its side (a DockSide of sdk/docking.h) and its wished extent across that side.
 struct DockedPane {
     unsigned side = 0;

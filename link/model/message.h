@@ -23,8 +23,6 @@ public:
     // One occurrence as a number; none when it is absent or no such number.
     std::optional<int> integer(int mnemonic, int occurrence = 0) const;
 
-    void* message() const { return m_message; }
-
 private:
     void* m_message;
 };
