@@ -22,3 +22,15 @@
 #define IDD_REJECTION 322
 #define IDC_REJECTION_OK 1
 #define IDC_REJECTION_REASON 1548
+
+// Customized appearance.
+#define IDD_APPEARANCE 1690
+
+// Font dialog.
+#define IDD_FONT 33075
+
+// Add and delete user-defined columns.
+#define IDD_USER_COLUMN 1710
+
+// Column profile.
+#define IDD_COLUMN_PROFILE 1730

@@ -50,6 +50,8 @@ private:
 
     void rowsChanged() override;
     void emptyDetails() override;
+    void showDetails(std::vector<DetailGroup>) override {}
+    void editsSent() override {}
     std::vector<HWND> tabStops() const;
     bool moveFocus(bool backwards);
 

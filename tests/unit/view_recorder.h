@@ -9,7 +9,8 @@
 
 class ViewRecorder final : public WorkbenchView {
 public:
-    std::vector<std::string> events;  // "rows", "empty details"
+    std::vector<std::string> events;  // "rows", "empty details", "show details", "edits sent"
+    std::vector<DetailGroup> shown;
     std::function<void()> whenDetailsEmpty = [] {};
 
     void rowsChanged() override { events.emplace_back("rows"); }
@@ -17,4 +18,9 @@ public:
         events.emplace_back("empty details");
         whenDetailsEmpty();
     }
+    void showDetails(std::vector<DetailGroup> groups) override {
+        events.emplace_back("show details");
+        for (DetailGroup& group : groups) shown.push_back(std::move(group));
+    }
+    void editsSent() override { events.emplace_back("edits sent"); }
 };
