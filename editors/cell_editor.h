@@ -1,9 +1,16 @@
 // What the editors of list cells have in common.
 //
-// An editor is made for one edit: it is constructed, open()ed over a cell, asks its owner when it
-// wants to end, and is destroyed by the owner afterwards (never from inside editEnding()).
+// An editor is made for one edit: it is constructed, open()ed over a cell, and ends once: by
+// dialogKey(), by leave(), or by itself when the focus goes elsewhere. Then it has hidden itself,
+// and its owner destroys it. The owner may do that at any time, from inside the calls of
+// CellEditorOwner too; an editor that is destroyed before it ended ends without a word.
+//
+// The editor is a window of its own class that holds the control: what the control notifies
+// reaches the editor and not the list.
 #pragma once
 
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -20,11 +27,15 @@ enum class EditEnd {
 // The list that the editor stands in.
 class CellEditorOwner {
 public:
-    // The editor wants to end with `text`. True: the edit is over, and the editor has hidden itself
-    // when this returns to it. False: the text was refused (the owner said why), and the editor
-    // stays open with it. May show a message box: the editor asks once per end, whatever happens to
-    // the focus meanwhile.
+    // The editor wants to end with `text`, which it does not refuse itself. True: the edit is over,
+    // and the editor hides as soon as this returns; if the focus is still in it, the list gets it.
+    // False: it stays open; a cancelled edit, or one that the focus has left, ends all the same.
+    // Runs inside changes of the focus: no message box here.
     virtual bool editEnding(EditEnd end, const std::string& text) = 0;
+
+    // The text cannot be taken, and `message` tells the user why; show it. The editor then stays
+    // open, or, when the focus had left it, is cancelled. Never runs inside a change of the focus.
+    virtual void editRefused(const std::string& message) = 0;
 
 protected:
     ~CellEditorOwner() = default;
@@ -32,26 +43,86 @@ protected:
 
 class CCellEditor : public fw::CWindow {
 public:
-    explicit CCellEditor(CellEditorOwner& owner) : m_owner(owner) {}
+    ~CCellEditor() override;
 
     // Shows the editor over `cell` (client coordinates of `list`, whose child it becomes) with the
-    // list's font and `text`, all of it selected, and takes the focus. False when it cannot be made.
-    virtual bool open(HWND list, const RECT& cell, HFONT font, std::string_view text) = 0;
+    // list's font, which must outlive it, and `text`, all of it selected, and takes the focus. It
+    // is higher than the cell where the control needs more. False when it cannot be made.
+    bool open(HWND list, const RECT& cell, HFONT font, std::string_view text);
 
     virtual std::string text() const = 0;
 
     // Enter, Esc, Tab or Shift+Tab (`shift`) while the editor or a part of it has the focus: ends
-    // the edit. False: the key is not the editor's.
-    virtual bool dialogKey(UINT key, bool shift);
+    // the edit. Esc with something dropped down closes only that. False: the key is not the
+    // editor's.
+    bool dialogKey(UINT key, bool shift);
+
+    // Ends the edit as the focus going elsewhere does: commits; a text that is refused is cancelled
+    // after the message. For a list that scrolls or whose rows go. Does nothing once it is over.
+    void leave();
 
     // True when `window` is the editor or a part of it.
-    bool owns(HWND window) const { return window == handle() || IsChild(handle(), window) != 0; }
+    virtual bool owns(HWND window) const {
+        return window != nullptr && (window == handle() || IsChild(handle(), window) != 0);
+    }
 
 protected:
-    // Asks the owner once; false: the editor stays open.
+    struct ControlKind {
+        const char* windowClass;
+        DWORD style;
+        DWORD frame;     // the editor's own: WS_BORDER around a control without one
+        int dropHeight;  // of what the control drops down, at 96 dots per inch
+    };
+    CCellEditor(CellEditorOwner& owner, const ControlKind& kind);
+
+    const fw::MessageMap& messageMap() const override { return baseMap(); }
+    static const fw::MessageMap& baseMap();
+
+    HWND control() const;
+    int textHeight() const;
     bool end(EditEnd how);
 
+    // Looks whether the focus is still here, once what happens now is over.
+    void checkFocusLater() const;
+
+    // Gives the new control its text.
+    virtual void fill(std::string_view text) = 0;
+
+    // The height of the control in a cell of height `room`, or more where it needs more.
+    virtual int fitHeight(int room) = 0;
+
+    virtual void select() {}
+
+    // Why the text cannot be taken.
+    virtual std::optional<std::string> refusal() const { return {}; }
+
+    // Makes text() whole where the control keeps what is being typed to itself.
+    virtual void finishTyping() {}
+
+    // Something that the control dropped down.
+    virtual bool dropped() const { return false; }
+    virtual void closeDropped() {}
+
+    // A typed character, or a paste; true: not for the control.
+    virtual bool onCharacter(UINT) { return false; }
+    virtual bool onPaste() { return false; }
+
 private:
+    class CControl;
+    enum class Answer { none, over, refused, destroyed };
+
+    void place(const RECT& cell);
+    Answer ask(EditEnd how);
+    Answer askWith(EditEnd how);
+    void close();
+    void focusLost();
+    void onCheckFocus();
+    void onDestroy() { m_over = true; }
+
     CellEditorOwner& m_owner;
-    bool m_ending = false;
+    const ControlKind m_kind;
+    std::unique_ptr<CControl> m_control;
+    std::shared_ptr<const bool> m_life = std::make_shared<const bool>(true);  // dies with this
+    bool m_asking = false;
+    bool m_over = false;
 };

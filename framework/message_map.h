@@ -148,6 +148,13 @@ struct Crack<WM_KEYDOWN> {  // (UINT key, bool repeated)
     }
 };
 template <>
+struct Crack<WM_CHAR> {  // (UINT character)
+    template <class Handler>
+    static decltype(auto) with(Handler handler, WPARAM w, LPARAM) {
+        return handler(static_cast<UINT>(w));
+    }
+};
+template <>
 struct Crack<WM_GETDLGCODE> {  // (const MSG* asked for, or null)
     template <class Handler>
     static decltype(auto) with(Handler handler, WPARAM, LPARAM l) {

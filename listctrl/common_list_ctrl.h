@@ -116,7 +116,7 @@ private:
     void onRightDown(POINT client);
     void onRightUp(POINT client);
     bool onKeyDown(UINT key, bool repeated);
-    void onCharacter() {}
+    void onCharacter(UINT) {}
 
     // What others ask the control about selection and focus is answered from the store.
     LRESULT onGetItemState(std::optional<std::size_t> row, UINT mask);

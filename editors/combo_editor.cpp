@@ -1,0 +1,77 @@
+#include "editors/combo_editor.h"
+
+#include <algorithm>
+
+namespace {
+
+// Posted by the editor to itself when a choice was taken from the dropped list: the control is
+// still busy closing it. wParam, lParam and result are not used.
+constexpr UINT kTaken = WM_APP + 0x1C59;
+
+constexpr int kDropHeight = 200;
+
+}  // namespace
+
+CComboEditor::CComboEditor(CellEditorOwner& owner, std::vector<std::string> choices)
+    : CCellEditor(owner, {WC_COMBOBOXA, CBS_DROPDOWNLIST | WS_VSCROLL, 0, kDropHeight}),
+      m_choices(std::move(choices)) {}
+
+const fw::MessageMap& CComboEditor::messageMap() const {
+    static constexpr fw::MessageEntry entries[] = {
+        fw::onAnyCommand<&CComboEditor::onComboCommand>(),
+        fw::on<kTaken, &CComboEditor::onTaken>(),
+    };
+    static const fw::MessageMap map{&baseMap(), entries};
+    return map;
+}
+
+void CComboEditor::fill(std::string_view text) {
+    auto chosen = std::find(m_choices.begin(), m_choices.end(), text);
+    if (chosen == m_choices.end()) chosen = m_choices.emplace(m_choices.begin(), text);
+    for (const std::string& choice : m_choices)
+        SendMessageA(control(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(choice.c_str()));
+    SendMessageA(control(), CB_SETCURSEL, static_cast<WPARAM>(chosen - m_choices.begin()), 0);
+}
+
+int CComboEditor::fitHeight(int room) {
+    RECT place{};
+    const auto field = SendMessageA(control(), CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0);
+    GetWindowRect(control(), &place);
+    const auto frames = static_cast<int>(place.bottom - place.top) - static_cast<int>(field);
+    SendMessageA(control(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
+                 std::max(room - frames, textHeight()));
+    GetWindowRect(control(), &place);
+    return static_cast<int>(place.bottom - place.top);
+}
+
+LRESULT CComboEditor::selection() const {
+    return SendMessageA(control(), CB_GETCURSEL, 0, 0);
+}
+
+std::string CComboEditor::text() const {
+    const LRESULT chosen = selection();
+    return chosen >= 0 ? m_choices[static_cast<std::size_t>(chosen)] : std::string();
+}
+
+void CComboEditor::drop() {
+    SendMessageA(control(), CB_SHOWDROPDOWN, TRUE, 0);
+}
+
+bool CComboEditor::dropped() const {
+    return SendMessageA(control(), CB_GETDROPPEDSTATE, 0, 0) != 0;
+}
+
+void CComboEditor::closeDropped() {
+    SendMessageA(control(), CB_SHOWDROPDOWN, FALSE, 0);
+}
+
+// The control says that a choice was taken, or was not, at other times too.
+void CComboEditor::onComboCommand(UINT, UINT code) {
+    if (code == CBN_DROPDOWN) m_beforeDrop = selection();
+    if ((code != CBN_SELENDOK && code != CBN_SELENDCANCEL) || !m_beforeDrop) return;
+    if (code == CBN_SELENDOK)
+        PostMessageA(handle(), kTaken, 0, 0);
+    else
+        SendMessageA(control(), CB_SETCURSEL, static_cast<WPARAM>(*m_beforeDrop), 0);
+    m_beforeDrop.reset();
+}

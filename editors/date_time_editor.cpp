@@ -1,0 +1,88 @@
+#include "editors/date_time_editor.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kFrames = 6;  // of a picker above and below its text
+
+const char* formatOf(DateTimeForm form) {
+    return form == DateTimeForm::date ? "dd/MM/yyyy" : "dd/MM/yyyy HH:mm:ss";
+}
+
+SYSTEMTIME systemTime(const DateTimeParts& parts) {
+    SYSTEMTIME time{};
+    time.wDay = static_cast<WORD>(parts.day);
+    time.wMonth = static_cast<WORD>(parts.month);
+    time.wYear = static_cast<WORD>(parts.year);
+    time.wHour = static_cast<WORD>(parts.hour);
+    time.wMinute = static_cast<WORD>(parts.minute);
+    time.wSecond = static_cast<WORD>(parts.second);
+    return time;
+}
+
+}  // namespace
+
+CDateTimeEditor::CDateTimeEditor(CellEditorOwner& owner, DateTimeForm form)
+    : CCellEditor(owner, {DATETIMEPICK_CLASSA, 0, 0, 0}), m_form(form) {
+    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_DATE_CLASSES};
+    InitCommonControlsEx(&controls);
+}
+
+const fw::MessageMap& CDateTimeEditor::messageMap() const {
+    static constexpr fw::MessageEntry entries[] = {
+        fw::onNotify<fw::kAnyId, DTN_DATETIMECHANGE, &CDateTimeEditor::onChanged>(),
+        fw::onNotify<fw::kAnyId, DTN_CLOSEUP, &CDateTimeEditor::onCalendarClosed>(),
+    };
+    static const fw::MessageMap map{&baseMap(), entries};
+    return map;
+}
+
+void CDateTimeEditor::fill(std::string_view text) {
+    m_opened = text;
+    SendMessageA(control(), DTM_SETFORMATA, 0, reinterpret_cast<LPARAM>(formatOf(m_form)));
+    if (const auto parts = readDateTime(text, m_form)) {
+        const SYSTEMTIME time = systemTime(*parts);
+        SendMessageA(control(), DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time));
+    }
+    m_changed = false;
+}
+
+int CDateTimeEditor::fitHeight(int room) {
+    return std::max(room, textHeight() + scaled(kFrames));
+}
+
+std::string CDateTimeEditor::text() const {
+    SYSTEMTIME time{};
+    if (!m_changed ||
+        SendMessageA(control(), DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&time)) != GDT_VALID)
+        return m_opened;
+    return dateTimeText(
+        {time.wDay, time.wMonth, time.wYear, time.wHour, time.wMinute, time.wSecond}, m_form);
+}
+
+// Digits count when the picker loses the focus.
+void CDateTimeEditor::finishTyping() {
+    if (GetFocus() == control()) SetFocus(handle());
+}
+
+HWND CDateTimeEditor::calendar() const {
+    return reinterpret_cast<HWND>(SendMessageA(control(), DTM_GETMONTHCAL, 0, 0));
+}
+
+bool CDateTimeEditor::dropped() const {
+    const HWND shown = calendar();
+    return shown != nullptr && IsWindowVisible(shown) != 0;
+}
+
+void CDateTimeEditor::closeDropped() {
+    SendMessageA(control(), DTM_CLOSEMONTHCAL, 0, 0);
+}
+
+// The calendar is a window beside the picker.
+bool CDateTimeEditor::owns(HWND window) const {
+    if (CCellEditor::owns(window)) return true;
+    const HWND shown = calendar();
+    return window != nullptr && shown != nullptr &&
+           (window == shown || IsChild(shown, window) != 0);
+}

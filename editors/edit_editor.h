@@ -1,0 +1,31 @@
+// CEditEditor: a line of text typed over a cell.
+#pragma once
+
+#include "editors/cell_editor.h"
+
+class CEditEditor : public CCellEditor {
+public:
+    // As much as a cell shows.
+    static constexpr int kLongestText = 255;
+
+    // Other characters than the allowed ones cannot be typed, and text that has one cannot be
+    // pasted; no allowed characters means all. A longer text than kLongestText can be opened, but
+    // not typed.
+    CEditEditor(CellEditorOwner& owner, std::string_view allowed);
+
+    std::string text() const override;
+
+protected:
+    void fill(std::string_view text) override;
+    int fitHeight(int room) override;
+    void select() override;
+    std::optional<std::string> refusal() const override;
+    bool onCharacter(UINT character) override;
+    bool onPaste() override;
+
+private:
+    bool fits(std::string_view pasted) const;
+
+    std::string m_allowed;
+    std::string m_opened;
+};

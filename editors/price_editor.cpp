@@ -1,0 +1,13 @@
+#include "editors/price_editor.h"
+
+#include "editors/model/number_input.h"
+
+std::string CPriceEditor::text() const {
+    return std::string(trimmed(CEditEditor::text()));
+}
+
+std::optional<std::string> CPriceEditor::refusal() const {
+    const std::string typed = text();
+    if (!isNumber(typed)) return '"' + typed + "\" is not a number";
+    return {};
+}
