@@ -1,75 +1,13 @@
 // The real DLL in a host: intake, refresh and removal through HandlePublishMsg, with the pane on
 // the screen. Prints a table; growth is the cost per message against that of the smallest count.
-#include <windows.h>
-
-#include <psapi.h>
-
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <numeric>
 #include <random>
 
-#include "sdk/connectvosk.h"
-#include "tests/windows/test_host.h"
+#include "bench/host_messages.h"
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
-
-std::size_t privateBytes() {
-    PROCESS_MEMORY_COUNTERS_EX counters{};
-    GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters),
-                         sizeof counters);
-    return counters.PagefileUsage;  // private, committed; Wine leaves PrivateUsage empty
-}
-
-// Messages are made ahead, so that only the plug-in's side is timed.
-class Messages {
-public:
-    Messages(std::size_t count, const std::function<Fields(std::size_t)>& fields) {
-        for (std::size_t i = 0; i < count; ++i) {
-            void* message = nullptr;
-            void* scratch = nullptr;
-            otp_ctor_primecb(&message, nullptr);
-            otp_open_scratch(&scratch, 256, nullptr);
-            otp_start_msg(message, scratch, nullptr);
-            for (const auto& [id, text] : fields(i))
-                otp_add_data_as_cstring(message, id, 1, text.c_str(), nullptr);
-            m_made.emplace_back(message, scratch);
-        }
-    }
-    ~Messages() {
-        for (const auto& [message, scratch] : m_made) {
-            otp_dtor_primecb(message, nullptr);
-            otp_close_scratch(scratch, nullptr);
-        }
-    }
-    Messages(const Messages&) = delete;
-    Messages& operator=(const Messages&) = delete;
-
-    // Nanoseconds per message. The one paint that follows is not in it.
-    double publishTo(HandlePublishMsgEntry* publish) const {
-        const auto start = Clock::now();
-        for (const auto& [message, scratch] : m_made) publish(message);
-        const std::chrono::duration<double, std::nano> time = Clock::now() - start;
-        pump();
-        return time.count() / static_cast<double>(m_made.size());
-    }
-
-private:
-    std::vector<std::pair<void*, void*>> m_made;
-};
-
-Fields change(std::size_t key) {
-    const std::string text = std::to_string(1000000 + key);
-    return pending(text, "340",
-                   {{54036, "DEALER"},
-                    {54247, "MAKER01"},
-                    {64056, "ZEKB"},
-                    {64053, "MUM01"},
-                    {31003, "DEALER" + text}});
-}
 
 struct Result {
     double intake, refresh, bytes, removal[3];
@@ -91,9 +29,8 @@ Result measure(std::size_t count) {
         if (order == 1) std::reverse(keys.begin(), keys.end());
         if (order == 2) std::shuffle(keys.begin(), keys.end(), std::mt19937(7));
         if (order > 0) changes.publishTo(publish);
-        const Messages outcomes(count, [&](std::size_t i) {
-            return outcome(std::to_string(1000000 + keys[i]), "accepted");
-        });
+        const Messages outcomes(
+            count, [&](std::size_t i) { return outcome(keyText(keys[i]), "accepted"); });
         result.removal[order] = outcomes.publishTo(publish);
     }
     return result;

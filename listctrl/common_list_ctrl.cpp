@@ -168,6 +168,8 @@ void CCommonListCtrl::beforeMessage(UINT message) {
 void CCommonListCtrl::bringUpToDate() {
     m_updating = true;
     m_stale = false;
+    m_hovered.reset();  // another text may stand there now
+    m_cellTip.hide();
     const RowChanges changes = m_store.takeChanges();
     if (changes.count) {
         const fw::RedrawOffScope off(handle());
@@ -366,6 +368,7 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::on<WM_LBUTTONDOWN, &CCommonListCtrl::onButtonDown>(),
         fw::on<WM_LBUTTONUP, &CCommonListCtrl::onButtonUp>(),
         fw::on<WM_LBUTTONDBLCLK, &CCommonListCtrl::onDoubleClick>(),
+        fw::observe<WM_MOUSEMOVE, &CCommonListCtrl::onMouseMove>(),
         fw::on<WM_RBUTTONDOWN, &CCommonListCtrl::onRightDown>(),
         fw::on<WM_RBUTTONUP, &CCommonListCtrl::onRightUp>(),
         fw::offer<WM_KEYDOWN, &CCommonListCtrl::onKeyDown>(),

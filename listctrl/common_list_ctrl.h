@@ -20,6 +20,7 @@
 
 #include "framework/handles.h"
 #include "framework/window.h"
+#include "listctrl/cell_tip.h"
 #include "listctrl/header_tips.h"
 #include "listctrl/list_messages.h"
 #include "listctrl/list_services.h"
@@ -28,6 +29,14 @@
 #include "listctrl/model/list_commands.h"
 #include "listctrl/model/record_store.h"
 #include "listctrl/model/selection_rules.h"
+
+// How a cell differs from the others of its row.
+struct CellLook {
+    int indent = 0;                      // pixels
+    HFONT font = nullptr;                // null: the list's
+    std::optional<COLORREF> background;  // none: the row's; both colours give way to a selection
+    std::optional<COLORREF> text;
+};
 
 class CCommonListCtrl : public fw::CWindow {
 public:
@@ -46,6 +55,7 @@ public:
     void setColumns(std::span<const sVoskColInfo> columns, DataReader reader);
 
     ColumnModel& columns() { return m_columns; }
+    const ColumnModel& columns() const { return m_columns; }
     // The columns changed: builds the header anew.
     void columnsChanged();
 
@@ -93,6 +103,24 @@ protected:
     // A column of the control is one of the shown columns.
     ColumnId columnAt(int item) const { return m_columns.at(DisplayPlace{item}); }
 
+    // How a cell is drawn, and what is drawn over it.
+    virtual CellLook cellLook(std::size_t, int) const { return {}; }
+    virtual void drawOver(HDC, std::size_t, int, const RECT&) const {}
+
+    void onButtonDown(POINT client);
+    void onDoubleClick(POINT client);
+    void notifyParent(UINT code, POINT at, std::optional<std::size_t> row);
+
+    struct Cell {
+        std::size_t row;
+        int item;
+        bool operator==(const Cell&) const = default;
+    };
+    // The cell at a point, of a row that is there.
+    std::optional<Cell> cellAt(POINT client) const;
+    // Where a cell stands, in the list's client coordinates.
+    RECT cellPlace(std::size_t row, int item) const;
+
 private:
     struct Sorting {
         ColumnId column;
@@ -110,9 +138,8 @@ private:
     void onFocusChanged() { InvalidateRect(handle(), nullptr, FALSE); }
 
     // Input
-    void onButtonDown(POINT client);
+    void onMouseMove(POINT client);
     void onButtonUp(POINT client);
-    void onDoubleClick(POINT client);
     void onRightDown(POINT client);
     void onRightUp(POINT client);
     bool onKeyDown(UINT key, bool repeated);
@@ -131,7 +158,6 @@ private:
     void compileExpressions();
     void onTellInvalid() { m_services.showMessage(kInvalidExpression); }
     std::optional<std::size_t> rowAt(POINT client) const;
-    void notifyParent(UINT code, POINT at, std::optional<std::size_t> row);
     bool navigate(UINT key);
     void showSortImage(int item, int image);
     void fitColumns(unsigned command);
@@ -140,7 +166,9 @@ private:
     void exportAll();
     static void exportCell(void* list, int row, int column, const char*& text, int& type);
     void toggleGridLines();
-    void drawCell(HDC dc, std::size_t row, int item, const RECT& place) const;
+    void drawCell(HDC dc, std::size_t row, int item, const RECT& place, bool selected) const;
+    void drawText(HDC dc, std::size_t row, int item, const RECT& place, const CellLook& look) const;
+    bool cutOff(const Cell& cell) const;
     void measureFont();
     void measureHeader();
 
@@ -156,6 +184,8 @@ private:
     std::string m_computed;           // the cell computed last
     std::vector<bool> m_toldInvalid;  // by column: the checker has been told of its expression
     CHeaderTips m_tips;
+    CCellTip m_cellTip;
+    std::optional<Cell> m_hovered;
     std::string m_exported;         // the cell handed to the export last
     std::vector<int> m_charWidths;  // of each byte in the list's font
     std::vector<RECT> m_cells;      // of the header's items, as last measured

@@ -6,6 +6,13 @@
 #include "listctrl/common_list_ctrl.h"
 #include "listctrl/list_colors.h"
 
+namespace {
+
+// No screen is wider than this many characters.
+constexpr std::size_t kLongestDrawn = 4096;
+
+}  // namespace
+
 void CCommonListCtrl::setBackground(COLORREF color) {
     m_background = color;
     SendMessageA(handle(), LVM_SETBKCOLOR, 0, static_cast<LPARAM>(color));
@@ -54,7 +61,7 @@ LRESULT CCommonListCtrl::onDrawItem(const DRAWITEMSTRUCT& draw) {
     for (std::size_t item = 0; item < columns; ++item) {
         const RECT place{m_cells[item].left + origin.x, line.top, m_cells[item].right + origin.x,
                          line.bottom};
-        drawCell(draw.hDC, row, static_cast<int>(item), place);
+        drawCell(draw.hDC, row, static_cast<int>(item), place, selected);
     }
     // The row that the list selected by itself is framed, not filled, until the checker touches it.
     const bool framed = autoSelected || (focused && m_store.focusedRow() == row);
@@ -62,23 +69,83 @@ LRESULT CCommonListCtrl::onDrawItem(const DRAWITEMSTRUCT& draw) {
     return TRUE;
 }
 
-void CCommonListCtrl::drawCell(HDC dc, std::size_t row, int item, const RECT& place) const {
+void CCommonListCtrl::drawCell(HDC dc, std::size_t row, int item, const RECT& place,
+                               bool selected) const {
+    const CellLook look = cellLook(row, item);
+    const bool own = !selected && !highContrast();
+    if (own && look.background) {
+        SetBkColor(dc, *look.background);
+        ExtTextOutA(dc, 0, 0, ETO_OPAQUE, &place, nullptr, 0, nullptr);
+    }
+    const COLORREF rowText = GetTextColor(dc);
+    if (own && look.text) SetTextColor(dc, *look.text);
+    drawText(dc, row, item, place, look);
+    SetTextColor(dc, rowText);
+    drawOver(dc, row, item, place);
+}
+
+void CCommonListCtrl::drawText(HDC dc, std::size_t row, int item, const RECT& place,
+                               const CellLook& look) const {
     const ColumnId column = columnAt(item);
     const std::string_view text = cellText(row, column);
     const int margin = scaled(6);
-    RECT cell{place.left + margin, place.top, place.right - margin, place.bottom};
+    RECT cell{place.left + margin + look.indent, place.top, place.right - margin, place.bottom};
     if (text.empty() || cell.right <= cell.left) return;
     // The platform aligns the first column of a list, and its caption, to the left.
     const int flag = item == 0 ? 0 : m_columns.descriptor(column).flag & LVCFMT_JUSTIFYMASK;
     const int room = static_cast<int>(cell.right - cell.left);
     const int spare = room - textWidth(text);
-    const auto size = static_cast<int>(text.size());
-    if (spare >= 0) {  // fits, which is quick to draw
+    const auto size = static_cast<int>(std::min(text.size(), kLongestDrawn));
+    if (spare >= 0 && look.font == nullptr) {  // fits, which is quick to draw
         const int x = static_cast<int>(cell.left) + (flag == 1 ? spare : flag == 2 ? spare / 2 : 0);
         ExtTextOutA(dc, x, cell.top, 0, nullptr, text.data(), static_cast<UINT>(size), nullptr);
-    } else {
-        DrawTextA(dc, text.data(), size, &cell, DT_SINGLELINE | DT_END_ELLIPSIS | DT_NOPREFIX);
+        return;
     }
+    static constexpr UINT alignments[] = {DT_LEFT, DT_RIGHT, DT_CENTER};
+    const fw::SelectScope font(dc,
+                               look.font != nullptr ? look.font : GetCurrentObject(dc, OBJ_FONT));
+    DrawTextA(dc, text.data(), size, &cell,
+              DT_SINGLELINE | DT_END_ELLIPSIS | DT_NOPREFIX | alignments[flag % 3]);
+}
+
+RECT CCommonListCtrl::cellPlace(std::size_t row, int item) const {
+    RECT line{LVIR_BOUNDS, 0, 0, 0};
+    SendMessageA(handle(), LVM_GETITEMRECT, row, reinterpret_cast<LPARAM>(&line));
+    POINT origin{0, 0};
+    MapWindowPoints(header(), handle(), &origin, 1);
+    const RECT& cell = m_cells.at(static_cast<std::size_t>(item));
+    return {cell.left + origin.x, line.top, cell.right + origin.x, line.bottom};
+}
+
+std::optional<CCommonListCtrl::Cell> CCommonListCtrl::cellAt(POINT client) const {
+    const auto row = rowAt(client);
+    if (!row || *row >= m_store.rowCount()) return std::nullopt;
+    for (std::size_t item = 0; item < m_cells.size(); ++item) {
+        const RECT place = cellPlace(*row, static_cast<int>(item));
+        if (client.x >= place.left && client.x < place.right)
+            return Cell{*row, static_cast<int>(item)};
+    }
+    return std::nullopt;
+}
+
+bool CCommonListCtrl::cutOff(const Cell& cell) const {
+    const RECT place = cellPlace(cell.row, cell.item);
+    const int room = static_cast<int>(place.right - place.left) - 2 * scaled(6);
+    const bool outside = place.right > clientRect().right || place.left < 0;
+    const CellLook look = cellLook(cell.row, cell.item);
+    const int width = textWidth(cellText(cell.row, columnAt(cell.item)));
+    // A bold text is wider than measured, by an eighth at most.
+    return outside || width + (look.font != nullptr ? width / 8 : 0) + look.indent > room;
+}
+
+void CCommonListCtrl::onMouseMove(POINT client) {
+    const auto cell = cellAt(client);
+    if (cell == m_hovered) return;
+    m_hovered = cell;
+    m_cellTip.hide();
+    if (cell && cutOff(*cell))
+        m_cellTip.show(handle(), cellPlace(cell->row, cell->item),
+                       cellText(cell->row, columnAt(cell->item)));
 }
 
 int CCommonListCtrl::dataWidth(ColumnId column) const {

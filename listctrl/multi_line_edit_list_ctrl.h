@@ -1,17 +1,69 @@
-// CMultiLineEditListCtrl: the list of change details, Field / Value / Old Value.
+// CMultiLineEditListCtrl: the list of change details, Field / Value / Old Value, in which values
+// can be edited.
 //
-// Rows of details are not built yet: the list has its columns and stays empty.
+// F2 or a double-click opens the editor that the row's attribute names over its Value cell: the
+// price editor for a number, the combo editor for a choice. Enter commits, Esc cancels, Tab and
+// Shift+Tab commit and go on with the next row that can be edited; so does losing the focus, and
+// scrolling. What was typed goes to the edit owner (kEndOfEdit, kEndOfChoice), which changes the
+// row. A text that did not change is no edit.
 #pragma once
 
-#include "listctrl/filter_list_ctrl.h"
+#include <memory>
+#include <string>
+#include <vector>
 
-class CMultiLineEditListCtrl : public CFilterListCtrl {
+#include "editors/cell_editor.h"
+#include "listctrl/multi_line_list_ctrl.h"
+
+class CMultiLineEditListCtrl final : public CMultiLineListCtrl, private CellEditorOwner {
 public:
-    using CFilterListCtrl::CFilterListCtrl;
+    using CMultiLineListCtrl::CMultiLineListCtrl;
 
-    // Removes every item.
-    void empty() {
-        store().reset();
-        storeChanged();
-    }
+    // The window that is told of ended edits. Without one nothing can be edited.
+    void setEditOwner(HWND owner) { m_editOwner = owner; }
+
+    // The characters that can be typed into values.
+    void setAllowedCharacters(std::string characters) { m_allowed = std::move(characters); }
+
+    // The entries of choice cells.
+    void setChoices(std::vector<std::string> choices) { m_choices = std::move(choices); }
+
+    // Ends an edit without taking its text, and removes and frees every group.
+    void empty() override;
+
+    // The edited values have been sent: their marks go.
+    void editsSent();
+
+    // Enter, Esc or Tab while `focus` has the focus. False: the key is not the list's.
+    bool dialogKey(HWND focus, UINT key);
+
+    // The editor's place in the order of tabs.
+    bool editing(HWND focus) const { return m_editor != nullptr && m_editor->owns(focus); }
+
+protected:
+    const fw::MessageMap& messageMap() const override;
+    CellLook cellLook(std::size_t row, int item) const override;
+    void drawOver(HDC dc, std::size_t row, int item, const RECT& place) const override;
+
+private:
+    bool onEditKey(UINT key, bool repeated);
+    void onEditDoubleClick(POINT client);
+    void onResized(int, int) { leaveEditor(); }
+    void onNextEditor(WPARAM how);
+    bool editEnding(EditEnd end, const std::string& text) override;
+    void editRefused(const std::string& message) override;
+
+    bool editable(const LineGroups::Line* line) const;
+    void openEditor(std::size_t row);
+    void leaveEditor();
+    void closeEditor();
+    std::unique_ptr<CCellEditor> makeEditor(RowAttribute attribute);
+    void tellOwner(const std::string& typed);
+    RECT editPlace(std::size_t row) const;
+
+    HWND m_editOwner = nullptr;
+    std::string m_allowed;
+    std::vector<std::string> m_choices;
+    std::unique_ptr<CCellEditor> m_editor;
+    LineGroups::Line* m_edited = nullptr;  // the line that the editor stands on
 };

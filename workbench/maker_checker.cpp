@@ -11,11 +11,9 @@ namespace {
 constexpr char kCaption[] = "Maker Checker";
 constexpr DWORD kPaneStyle = 0x46402834;  // docks at the top first
 
-constexpr sVoskColInfo kDetailColumns[] = {
-    {"Field", 160, 0, ColumnType::text},
-    {"Value", 200, 2, ColumnType::text},
-    {"Old Value", 200, 2, ColumnType::text},
-};
+constexpr char kAllowedInValues[] =
+    "0123456789.-qwertyuiopasdfghjklzxcvbnmQWERTYUIOPASDFGHJKLZXCVBNM"
+    "!@#$%^&*()_`,./;':}{|~ ";
 
 }  // namespace
 
@@ -37,6 +35,8 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
         fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(NM_RETURN), &CMakerChecker::onShowDetails>(),
         fw::onNotify<IDC_MAIN_LIST, HDN_FILTERCHANGE, &CMakerChecker::onMainFilterChanged>(),
         fw::onNotify<IDC_DETAILS_LIST, HDN_FILTERCHANGE, &CMakerChecker::onDetailsFilterChanged>(),
+        fw::on<kEndOfEdit, &CMakerChecker::onEndOfEdit>(),
+        fw::on<kEndOfChoice, &CMakerChecker::onEndOfChoice>(),
     };
     static const fw::MessageMap map{&CPaneDialog::baseMap(), entries};
     return map;
@@ -45,7 +45,7 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
 LRESULT CMakerChecker::onInitDialog() {
     m_workbench = std::make_unique<Workbench>(m_host, static_cast<WorkbenchView&>(*this));
     mainList = std::make_unique<CFilterListCtrl>(m_listServices, m_workbench->changes().rows());
-    detailsList = std::make_unique<CMultiLineEditListCtrl>(m_listServices, m_detailRows);
+    detailsList = std::make_unique<CMultiLineEditListCtrl>(m_listServices, m_detailLines);
     m_holder.create(handle(), listsPlace(), IDC_HOLDER_FRAME);
     mainList->create(m_holder.handle(), IDC_MAIN_LIST, "Maker checker List", "Maker-Checker");
     detailsList->create(m_holder.handle(), IDC_DETAILS_LIST, "Maker Checker Details List",
@@ -55,12 +55,17 @@ LRESULT CMakerChecker::onInitDialog() {
         return mainCellText(*static_cast<const PendingChanges::Entry*>(record), column);
     });
     mainList->storeChanged();
-    detailsList->setColumns(kDetailColumns, [](const void*, int) { return std::string_view(); });
+    detailsList->setDetailColumns();
     detailsList->setBackground(RGB(255, 255, 255));
+    detailsList->setAllowedCharacters(kAllowedInValues);
+    detailsList->setChoices({"E", "D"});
 
+    // Without the right nothing is offered for editing that could not be sent.
     auto* mayModify = m_host.modifyRightService();
     if (mayModify == nullptr || mayModify() == 0)
         ShowWindow(GetDlgItem(handle(), IDC_UPDATE), SW_HIDE);
+    else
+        detailsList->setEditOwner(handle());
     return FALSE;
 }
 
@@ -90,6 +95,24 @@ void CMakerChecker::rowsChanged() {
 
 void CMakerChecker::emptyDetails() {
     if (detailsList != nullptr) detailsList->empty();
+}
+
+void CMakerChecker::showDetails(std::vector<DetailGroup> groups) {
+    if (detailsList != nullptr) detailsList->append(std::move(groups));
+}
+
+void CMakerChecker::editsSent() {
+    if (detailsList != nullptr) detailsList->editsSent();
+}
+
+// ---- Editing ----
+
+void CMakerChecker::onEndOfEdit(const EndOfEdit& edit) {
+    if (edit.column == "Value") edit.row.value = edit.typed;
+}
+
+void CMakerChecker::onEndOfChoice(const EndOfEdit& edit) {
+    onEndOfEdit(edit);
 }
 
 HWND CMakerChecker::initialFocus() const {

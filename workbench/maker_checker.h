@@ -47,11 +47,13 @@ private:
 
     void onMainFilterChanged(NMHDR&) { mainList->applyFilter(); }
     void onDetailsFilterChanged(NMHDR&) { detailsList->applyFilter(); }
+    void onEndOfEdit(const EndOfEdit& edit);
+    void onEndOfChoice(const EndOfEdit& edit);
 
     void rowsChanged() override;
     void emptyDetails() override;
-    void showDetails(std::vector<DetailGroup>) override {}
-    void editsSent() override {}
+    void showDetails(std::vector<DetailGroup> groups) override;
+    void editsSent() override;
     std::vector<HWND> tabStops() const;
     bool moveFocus(bool backwards);
 
@@ -62,7 +64,7 @@ private:
     Host& m_host;
     ListServices& m_listServices;
     CVTHolderFrame m_holder;
-    RecordStore m_detailRows;
+    LineGroups m_detailLines;
     std::unique_ptr<Workbench> m_workbench;
     std::unique_ptr<CFilterListCtrl> mainList;  // on the rows of the workbench
     std::unique_ptr<CMultiLineEditListCtrl> detailsList;

@@ -81,6 +81,14 @@ void RecordStore::refresh(Slot slot) {
     }
 }
 
+void RecordStore::refreshShown(Slot slot) {
+    readTexts(slot);
+    if (m_visible.contains(slot)) {
+        const std::size_t row = m_visible.rowOf(slot);
+        rowsChanged(row, row + 1);
+    }
+}
+
 Slot RecordStore::newSlot(void* record) {
     if (!m_free.empty()) {
         const Slot slot = m_free.back();
@@ -187,6 +195,7 @@ RecordStore::Outcome RecordStore::filter() {
             {m_filterColumns[i], FilterPattern(m_filterTexts[i], m_exactOnce || m_matchExactly)});
     m_exactOnce = false;
     std::vector<Slot>& rows = passing();
+    if (m_arrange) m_arrange(rows);
     if (m_order) sortRows(rows, *m_order);
     replaceRows(rows);
     m_rowCount = m_visible.size();

@@ -84,6 +84,9 @@ public:
     // and still fits between its neighbours stays where it is.
     void refresh(Slot slot);
 
+    // The same, but a row that is on show stays on show, where it is.
+    void refreshShown(Slot slot);
+
     std::size_t storedCount() const { return m_stored.size(); }
     void* record(Slot slot) const { return m_records[slot]; }
     Slot storedAt(std::size_t position) const { return m_stored.at(position); }
@@ -129,6 +132,11 @@ public:
     // pass. Result 1; 0 without a reader; 0, no records on show and the message "Error occured
     // while filtering" when the two lists differ in length.
     Outcome filter();
+
+    // What has the last word in a filter pass: it is given the records that pass, in stored order,
+    // and may take some away or add others. Records that come between passes are not arranged.
+    using Arrange = std::function<void(std::vector<Slot>& passing)>;
+    void setArrange(Arrange arrange) { m_arrange = std::move(arrange); }
 
     // ---- Order ----
 
@@ -202,6 +210,7 @@ private:
     void rowsChanged(std::size_t first, std::size_t last);
 
     CellReader m_reader;
+    Arrange m_arrange;
     SlotSequence m_stored;
     SlotSequence m_visible;
     std::size_t m_rowCount = 0;

@@ -1,0 +1,93 @@
+// Groups of detail rows as the lines of a list: a heading, then one line for each row.
+//
+// Each line is a record of the RecordStore in here, so that filtering, selection, copying and what
+// screen readers see are the same as in every list. Above the store stand the groups: a heading
+// stays on show while any line of its group passes the filters, and a folded group shows its
+// heading only. Lines are never sorted.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "listctrl/model/column_info.h"
+#include "listctrl/model/detail_group.h"
+#include "listctrl/model/record_store.h"
+
+// The columns of such a list, and the one whose cells can be edited.
+inline constexpr sVoskColInfo kDetailColumns[] = {
+    {"Field", 160, 0, ColumnType::text},
+    {"Value", 200, 2, ColumnType::text},
+    {"Old Value", 200, 2, ColumnType::text},
+};
+inline constexpr ColumnId kFieldColumn{0};
+inline constexpr ColumnId kValueColumn{1};
+
+// Whether both values are there and differ. Two numbers are compared as numbers: "1500" is no
+// change from "1500.00".
+bool valueChanged(const sMCListStruct& row);
+
+class LineGroups {
+public:
+    struct Item;
+    struct Line {
+        Item* item;
+        sMCListStruct* row;
+        Slot slot = kNoSlot;
+        bool changed = false;  // valueChanged() of the row, worked out once
+        bool isHeading() const;
+    };
+
+    LineGroups();
+    ~LineGroups();
+    LineGroups(const LineGroups&) = delete;
+    LineGroups& operator=(const LineGroups&) = delete;
+
+    // The rows on show. The store's records are the lines; only filters, selection and focus may be
+    // changed from outside.
+    RecordStore& rows() { return m_rows; }
+
+    // Takes groups over and shows them behind the others, open. Filters in force apply to them.
+    void append(std::vector<DetailGroup> groups);
+
+    // Frees all groups.
+    void clear();
+
+    std::size_t groupCount() const { return m_items.size(); }
+
+    // The line in a row; null beyond the end. Lives until clear().
+    Line* lineAt(std::size_t row) const { return static_cast<Line*>(m_rows.recordAt(row)); }
+
+    bool folded(const Line& line) const;
+    void setFolded(const Line& line, bool folded);
+
+    // The row of the heading that stands above a line; none while it is not on show.
+    std::optional<std::size_t> headingRow(const Line& line) const;
+
+    // The texts of the line's row changed. It stays on show even if it no longer passes.
+    void rowChanged(Line& line);
+
+    // No value counts as an unsent edit any more. Returns whether any did.
+    bool clearEdited();
+
+    // How the store reads a line.
+    static std::string_view text(const void* line, int column);
+
+private:
+    void arrange(std::vector<Slot>& passing) const;
+    void insert(Item& item);
+
+    RecordStore m_rows;
+    std::vector<std::unique_ptr<Item>> m_items;
+};
+
+struct LineGroups::Item {
+    DetailGroup group;
+    std::vector<Line> lines;  // the heading first
+    bool folded = false;
+};
+
+inline bool LineGroups::Line::isHeading() const {
+    return row == &item->group.header;
+}

@@ -1,0 +1,165 @@
+#include "listctrl/multi_line_edit_list_ctrl.h"
+
+#include <algorithm>
+
+#include "editors/combo_editor.h"
+#include "editors/price_editor.h"
+#include "listctrl/list_colors.h"
+
+const fw::MessageMap& CMultiLineEditListCtrl::messageMap() const {
+    static constexpr fw::MessageEntry entries[] = {
+        fw::offer<WM_KEYDOWN, &CMultiLineEditListCtrl::onEditKey>(),
+        fw::on<WM_LBUTTONDBLCLK, &CMultiLineEditListCtrl::onEditDoubleClick>(),
+        fw::on<kNextEditor, &CMultiLineEditListCtrl::onNextEditor>(),
+        fw::observe<WM_VSCROLL, &CMultiLineEditListCtrl::leaveEditor>(),
+        fw::observe<WM_HSCROLL, &CMultiLineEditListCtrl::leaveEditor>(),
+        fw::observe<WM_MOUSEWHEEL, &CMultiLineEditListCtrl::leaveEditor>(),
+        fw::observe<WM_SIZE, &CMultiLineEditListCtrl::onResized>(),
+    };
+    static const fw::MessageMap map{&CMultiLineListCtrl::baseMap(), entries};
+    return map;
+}
+
+// ---- Editing ----
+
+bool CMultiLineEditListCtrl::editable(const LineGroups::Line* line) const {
+    return line != nullptr && m_editOwner != nullptr &&
+           line->row->attribute != RowAttribute::readOnly && columns().placeOf(kValueColumn);
+}
+
+bool CMultiLineEditListCtrl::onEditKey(UINT key, bool) {
+    const auto focused = store().focusedRow();
+    if (key != VK_F2 || !focused) return false;
+    openEditor(*focused);
+    return true;
+}
+
+void CMultiLineEditListCtrl::onEditDoubleClick(POINT client) {
+    onDoubleClick(client);
+    const auto cell = cellAt(client);
+    if (cell && columnAt(cell->item) == kValueColumn) openEditor(cell->row);
+}
+
+std::unique_ptr<CCellEditor> CMultiLineEditListCtrl::makeEditor(RowAttribute attribute) {
+    CellEditorOwner& owner = *this;
+    if (attribute == RowAttribute::choice) return std::make_unique<CComboEditor>(owner, m_choices);
+    return std::make_unique<CPriceEditor>(owner, m_allowed);
+}
+
+// The row is brought into view, its Value cell too.
+RECT CMultiLineEditListCtrl::editPlace(std::size_t row) const {
+    const int item = static_cast<int>(*columns().placeOf(kValueColumn));
+    SendMessageA(handle(), LVM_ENSUREVISIBLE, row, FALSE);
+    const RECT client = clientRect();
+    const RECT place = cellPlace(row, item);
+    const LONG missing = std::max(place.right - client.right, 0L);
+    SendMessageA(handle(), LVM_SCROLL, static_cast<WPARAM>(std::min(place.left, missing)), 0);
+    RECT inside{};
+    const RECT moved = cellPlace(row, item);
+    IntersectRect(&inside, &moved, &client);
+    return inside;
+}
+
+void CMultiLineEditListCtrl::openEditor(std::size_t row) {
+    leaveEditor();
+    LineGroups::Line* line = lines().lineAt(row);
+    if (!editable(line) || m_editor != nullptr) return;
+    store().clearSelection();
+    store().select(row, true);
+    store().setFocus(row);
+    storeChanged();
+    m_editor = makeEditor(line->row->attribute);
+    m_edited = line;
+    const auto font = reinterpret_cast<HFONT>(SendMessageA(handle(), WM_GETFONT, 0, 0));
+    if (!m_editor->open(handle(), editPlace(row), font, line->row->value)) m_editor.reset();
+}
+
+void CMultiLineEditListCtrl::onNextEditor(WPARAM how) {
+    const auto focused = store().focusedRow();
+    if (!focused) return;
+    const auto step = static_cast<EditEnd>(how) == EditEnd::previous ? std::size_t(-1) : 1;
+    // Backwards the number wraps around below the first row, to one beyond the last.
+    for (std::size_t row = *focused + step; row < store().rowCount(); row += step)
+        if (editable(lines().lineAt(row))) return openEditor(row);
+}
+
+bool CMultiLineEditListCtrl::editEnding(EditEnd end, const std::string& text) {
+    if (end != EditEnd::cancel && m_edited != nullptr && text != m_edited->row->value)
+        tellOwner(text);
+    closeEditor();
+    if (end == EditEnd::next || end == EditEnd::previous)
+        PostMessageA(handle(), kNextEditor, static_cast<WPARAM>(end), 0);
+    return true;
+}
+
+void CMultiLineEditListCtrl::editRefused(const std::string& message) {
+    services().showMessage(message);
+}
+
+void CMultiLineEditListCtrl::tellOwner(const std::string& typed) {
+    const EndOfEdit edit{*m_edited->row, kDetailColumns[toIndex(kValueColumn)].name, typed};
+    const bool choice = m_edited->row->attribute == RowAttribute::choice;
+    SendMessageA(m_editOwner, choice ? kEndOfChoice : kEndOfEdit,
+                 static_cast<WPARAM>(GetDlgCtrlID(handle())), reinterpret_cast<LPARAM>(&edit));
+    if (m_edited == nullptr) return;  // the owner emptied the list
+    lines().rowChanged(*m_edited);
+    storeChanged();
+}
+
+void CMultiLineEditListCtrl::closeEditor() {
+    m_edited = nullptr;
+    const std::unique_ptr<CCellEditor> closed = std::move(m_editor);
+    if (closed != nullptr && closed->owns(GetFocus())) SetFocus(handle());
+}
+
+void CMultiLineEditListCtrl::leaveEditor() {
+    if (m_editor != nullptr) m_editor->leave();
+}
+
+void CMultiLineEditListCtrl::empty() {
+    closeEditor();
+    CMultiLineListCtrl::empty();
+}
+
+void CMultiLineEditListCtrl::editsSent() {
+    if (lines().clearEdited()) storeChanged();
+}
+
+bool CMultiLineEditListCtrl::dialogKey(HWND focus, UINT key) {
+    if (editing(focus)) return m_editor->dialogKey(key, GetKeyState(VK_SHIFT) < 0);
+    return CMultiLineListCtrl::dialogKey(focus, key);
+}
+
+// ---- Drawing ----
+
+CellLook CMultiLineEditListCtrl::cellLook(std::size_t row, int item) const {
+    CellLook look = CMultiLineListCtrl::cellLook(row, item);
+    const LineGroups::Line* line = lines().lineAt(row);
+    if (line != nullptr && line->row->edited && columnAt(item) == kValueColumn) {
+        look.text = GetSysColor(COLOR_HOTLIGHT);
+        look.font = boldFont();
+    }
+    return look;
+}
+
+// A value that can be edited stands in a frame, a choice with an arrow at its end; an edit that has
+// not been sent has a corner folded down.
+void CMultiLineEditListCtrl::drawOver(HDC dc, std::size_t row, int item, const RECT& place) const {
+    CMultiLineListCtrl::drawOver(dc, row, item, place);
+    const LineGroups::Line* line = lines().lineAt(row);
+    if (columnAt(item) != kValueColumn || !editable(line)) return;
+    const RECT frame{place.left + scaled(2), place.top, place.right - scaled(2), place.bottom};
+    SetDCBrushColor(dc, mixed(GetTextColor(dc), GetBkColor(dc), 90));
+    FrameRect(dc, &frame, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+    const int size = scaled(4);
+    if (line->row->attribute == RowAttribute::choice) {
+        const POINT at{frame.right - scaled(9), (place.top + place.bottom) / 2};
+        fillTriangle(dc, {{{at.x - size, at.y - size / 2},
+                           {at.x + size, at.y - size / 2},
+                           {at.x, at.y + size / 2}}});
+    }
+    if (line->row->edited)
+        fillTriangle(dc, {{{frame.left, frame.top},
+                           {frame.left + 2 * size, frame.top},
+                           {frame.left, frame.top + 2 * size}}});
+}
