@@ -1,9 +1,9 @@
 // A long day: a million publications through the real DLL, with the pane on the screen. Changes
-// come, are refreshed and are decided at random, some thousand of them pending at any time.
+// come, are refreshed and are decided at random, some 20,000 of them pending at any time.
 //
 // Prints cost and memory as the day goes on, and fails when the last tenth of the messages costs
-// more than 1.5 times the first tenth, or when memory has not returned at the end of the day to
-// where it was at the end of the first hour.
+// more than 1.5 times the first tenth (the best block of each, as the machine is shared), or when
+// memory has not returned at the end of the day to where it was when the first tenth was decided.
 #include <algorithm>
 #include <cstdio>
 #include <random>
@@ -16,6 +16,7 @@ namespace {
 constexpr std::size_t kMessages = 1'000'000;
 constexpr std::size_t kBlock = 10'000;
 constexpr std::size_t kTenth = kMessages / kBlock / 10;  // blocks
+constexpr std::size_t kStanding = 20'000;
 constexpr double kMostGrowth = 1.5;
 constexpr double kMostLeft = 1'000'000;  // bytes: a byte for each message
 
@@ -23,7 +24,7 @@ constexpr double kMostLeft = 1'000'000;  // bytes: a byte for each message
 class Day {
 public:
     Fields next() {
-        if (m_pending.empty() || m_random() % 3 == 0) {
+        if (m_pending.size() < kStanding || m_random() % 3 == 0) {
             m_pending.push_back(m_next++);
             return change(m_pending.back());
         }
@@ -53,13 +54,13 @@ int main() {
     OpenWorkbench open;
     auto* publish = open.plugin.entry<HandlePublishMsgEntry>("HandlePublishMsg");
     Day day;
-    double first = 0, last = 0, start = 0, end = 0;
+    double first = 1e9, last = 1e9, start = 0;
     std::printf("%9s %12s %14s %10s\n", "messages", "ns each", "private bytes", "pending");
     for (std::size_t block = 0; block < kMessages / kBlock; ++block) {
         const double cost =
             Messages(kBlock, [&](std::size_t) { return day.next(); }).publishTo(publish);
-        if (block < kTenth) first += cost / kTenth;
-        if (block >= kMessages / kBlock - kTenth) last += cost / kTenth;
+        if (block < kTenth) first = std::min(first, cost);
+        if (block >= kMessages / kBlock - kTenth) last = std::min(last, cost);
         if (block % kTenth != kTenth - 1) continue;
         std::printf("%9zu %12.0f %14zu %10zu\n", (block + 1) * kBlock, cost, privateBytes(),
                     day.pending());
@@ -69,8 +70,8 @@ int main() {
         }
     }
     Messages(day.pending(), [&](std::size_t) { return day.decided(); }).publishTo(publish);
-    end = static_cast<double>(privateBytes());
+    const double left = static_cast<double>(privateBytes()) - start;
     std::printf("cost at the end %.2f of the start's, memory left behind %.0f bytes\n",
-                last / first, end - start);
-    return last <= kMostGrowth * first && end - start <= kMostLeft ? 0 : 1;
+                last / first, left);
+    return last <= kMostGrowth * first && left <= kMostLeft ? 0 : 1;
 }
