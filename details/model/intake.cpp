@@ -1,23 +1,12 @@
 #include "details/model/intake.h"
 
+#include "details/model/limits_entity.h"
 #include "link/model/functionality.h"
 #include "link/model/mnemonics.h"
 #include "sdk/host_services.h"
 #include "workbench/model/shown_details.h"
 
 namespace {
-
-// What a change of limits is named after: the first of these fields that the message carries.
-constexpr struct {
-    int mnemonic;
-    std::string_view prefix;
-} kLimitsEntities[] = {
-    {MNM_BROKER, "Broker - "},
-    {MNM_BRANCH, "Branch - "},
-    {MNM_ACCOUNT_GROUP, "Account Group - "},
-    {MNM_USER, "Dealer - "},
-    {MNM_ACCOUNT_ID, "Client - "},
-};
 
 // The menu item that a checker's roles must hold to see the change.
 int menuItemFor(const Functionality& kind, std::string_view type) {
@@ -37,13 +26,7 @@ void nameClient(const FieldReader& message, sMakeCheckStruct& record) {
 }
 
 void nameLimits(const FieldReader& message, sMakeCheckStruct& record) {
-    record.entityName.clear();
-    for (const auto& entity : kLimitsEntities) {
-        const auto id = message.text(entity.mnemonic);
-        if (!id) continue;
-        record.entityName.append(entity.prefix).append(*id);
-        return;
-    }
+    record.entityName = limitsEntityName(message);
 }
 
 void nameEntity(FunctionalityGroup group, const FieldReader& message, sMakeCheckStruct& record) {

@@ -3,6 +3,18 @@
 #include "link/model/mnemonics.h"
 #include "sdk/connectvosk.h"
 
+namespace {
+
+template <class Number, class Read>
+std::optional<Number> readAs(Read read, void* message, int mnemonic, int occurrence) {
+    Number number = 0;
+    void* error = nullptr;
+    if (read(message, mnemonic, occurrence, &number, &error) == 0) return std::nullopt;
+    return number;
+}
+
+}  // namespace
+
 std::optional<std::string_view> FieldReader::text(int mnemonic, int occurrence) const {
     const char* value = nullptr;
     void* error = nullptr;
@@ -27,11 +39,15 @@ std::optional<int> FieldReader::count(int mnemonic) const {
 }
 
 std::optional<int> FieldReader::integer(int mnemonic, int occurrence) const {
-    int number = 0;
-    void* error = nullptr;
-    if (otp_get_data_as_int(m_message, mnemonic, occurrence, &number, &error) == 0)
-        return std::nullopt;
-    return number;
+    return readAs<int>(&otp_get_data_as_int, m_message, mnemonic, occurrence);
+}
+
+std::optional<long long> FieldReader::longInteger(int mnemonic, int occurrence) const {
+    return readAs<long long>(&otp_get_data_as_long, m_message, mnemonic, occurrence);
+}
+
+std::optional<double> FieldReader::number(int mnemonic, int occurrence) const {
+    return readAs<double>(&otp_get_data_as_double, m_message, mnemonic, occurrence);
 }
 
 std::optional<AnswerError> answerError(const FieldReader& answer) {

@@ -22,6 +22,8 @@ public:
 
     // One occurrence as a number; none when it is absent or no such number.
     std::optional<int> integer(int mnemonic, int occurrence = 0) const;
+    std::optional<long long> longInteger(int mnemonic, int occurrence = 0) const;
+    std::optional<double> number(int mnemonic, int occurrence = 0) const;
 
 private:
     void* m_message;

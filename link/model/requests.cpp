@@ -142,7 +142,7 @@ int Requests::sendReject(const sMakeCheckStruct& record, const std::string& reas
     return build(form, steps) && deliver(form) ? 1 : 0;
 }
 
-void Requests::sendLimitsUpdate() {
+int Requests::sendLimitsUpdate() {
     static constexpr Failure sourceUser{"MNM_SOURCE_USER_ID failed while sending %s", kReportError};
     static constexpr Failure status{"MNM_STATUS failed while sending %s", kReportError};
     static constexpr Form form{kAuthenticateFunctionality,
@@ -150,7 +150,7 @@ void Requests::sendLimitsUpdate() {
                                sourceUser,
                                {"Failed while sending %s", kReportError},
                                "Request sent to Update RMS Limits Authentication"};
-    if (m_details.modifiedValues.empty()) return;
+    if (m_details.modifiedValues.empty()) return 0;
     const std::string key = m_details.key.value_or("");
     ModifiedValues outgoing;
     for (const auto& [mnemonic, value] : m_details.modifiedValues)
@@ -163,7 +163,9 @@ void Requests::sendLimitsUpdate() {
         {MNM_STATUS, &kAccepted, status}};
     // Whichever limit fails, the log names the status field.
     for (const auto& [mnemonic, value] : outgoing) steps.push_back({mnemonic, &value, status});
-    if (build(form, steps) && deliver(form)) m_details.modifiedValues.clear();
+    if (!build(form, steps) || !deliver(form)) return 0;
+    m_details.modifiedValues.clear();
+    return 1;
 }
 
 int Requests::sendRecovery() {

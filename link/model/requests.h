@@ -52,9 +52,9 @@ public:
     int sendAccept(const sMakeCheckStruct& record);
     int sendReject(const sMakeCheckStruct& record, const std::string& reason);
 
-    // Sends the edited limits of the change on show and, when they have left, forgets them.
-    // Without any it does nothing.
-    void sendLimitsUpdate();
+    // Sends the edited limits of the change on show and, when they have left, forgets them. Returns
+    // 1 if sent, else 0. Without any it does nothing.
+    int sendLimitsUpdate();
 
     // Asks for everything that is pending. Returns 1 if sent, else 0.
     int sendRecovery();

@@ -1,5 +1,9 @@
 #include "workbench/model/workbench.h"
 
+#include <utility>
+
+#include "details/model/details_builders.h"
+#include "details/model/limit_edits.h"
 #include "link/model/functionality.h"
 #include "link/model/mnemonics.h"
 #include "workbench/model/shown_details.h"
@@ -38,7 +42,7 @@ void Workbench::reject(SelectedRecords selected, const std::string& reason) {
 }
 
 void Workbench::update() {
-    m_requests.sendLimitsUpdate();
+    if (m_requests.sendLimitsUpdate() != 0) m_view.editsSent();
 }
 
 void Workbench::recover() {
@@ -46,20 +50,53 @@ void Workbench::recover() {
     m_requests.sendRecovery();
 }
 
-// An answer for another change than the one asked for last came too late to be shown.
+std::optional<std::string> Workbench::valueEdited(int mnemonic, const std::string& typed) {
+    return keepEdit(mnemonic, spellLimit(mnemonic, typed));
+}
+
+std::optional<std::string> Workbench::choiceMade(int mnemonic, const std::string& chosen) {
+    return keepEdit(mnemonic, chosen);
+}
+
+std::optional<std::string> Workbench::keepEdit(int mnemonic, std::optional<std::string> value) {
+    if (mnemonic == 0 || !m_details.key || !value) return std::nullopt;
+    return m_details.modifiedValues[mnemonic] = *std::move(value);
+}
+
+// An answer for another change than the one asked for last came too late to be shown, and so did
+// one that names no change while none is asked for.
 bool Workbench::late(const FieldReader& answer) const {
     const auto key = answer.text(MNM_AUTHORIZATION_KEY);
-    return key && m_details.key != *key;
+    return !m_details.key || (key && m_details.key != *key);
 }
 
 void Workbench::detailsRefused(const FieldReader& answer) {
     if (!late(answer)) emptyDetails(m_details, m_view);
 }
 
-// The builders of detail rows are not there yet: the details list stays empty.
-void Workbench::limitsDetails(const FieldReader&) {}
-void Workbench::userDetails(const FieldReader&) {}
-void Workbench::accountDetails(const FieldReader&) {}
+// A second answer for the change on show replaces the rows of the first, and the edits in them.
+void Workbench::show(std::vector<DetailGroup> groups) {
+    m_details.modifiedValues.clear();
+    m_view.emptyDetails();
+    m_view.showDetails(std::move(groups));
+}
+
+bool Workbench::mayModify() const {
+    auto* const holdsRight = m_host.modifyRightService();
+    return holdsRight != nullptr && holdsRight() != 0;
+}
+
+void Workbench::limitsDetails(const FieldReader& answer) {
+    if (!late(answer)) show(BuildLimitsDetails(answer, mayModify()));
+}
+
+void Workbench::userDetails(const FieldReader& answer) {
+    if (!late(answer)) show(BuildUserDetails(answer));
+}
+
+void Workbench::accountDetails(const FieldReader& answer) {
+    if (!late(answer)) show(BuildClientDetails(answer));
+}
 
 void Workbench::recovered(const FieldReader& answer) {
     m_intake.handle(answer);

@@ -38,6 +38,13 @@ public:
     void update();
     void recover();
 
+    // A value of the limits on show was typed in, or chosen: it waits for the update, in place of
+    // an earlier one of the same field. Returns the text that waits. None, and nothing is kept,
+    // when the row has no field (0), when no details are on show, or for a number that is too
+    // large.
+    std::optional<std::string> valueEdited(int mnemonic, const std::string& typed);
+    std::optional<std::string> choiceMade(int mnemonic, const std::string& chosen);
+
     void detailsRefused(const FieldReader& answer) override;
     void limitsDetails(const FieldReader& answer) override;
     void userDetails(const FieldReader& answer) override;
@@ -46,6 +53,9 @@ public:
 
 private:
     bool late(const FieldReader& answer) const;
+    void show(std::vector<DetailGroup> groups);
+    bool mayModify() const;
+    std::optional<std::string> keepEdit(int mnemonic, std::optional<std::string> value);
 
     Host& m_host;
     WorkbenchView& m_view;

@@ -1,0 +1,7 @@
+// What the Field column calls a message field.
+#pragma once
+
+#include <string_view>
+
+// The caption of a mnemonic id; empty for one that has none.
+std::string_view captionOf(int mnemonic);

@@ -1,0 +1,16 @@
+// The builders: from the answer to a detail request to the groups of rows that the pane shows.
+//
+// Each is a table of fields, walked in order; groups stand in the order in which they are finished,
+// and one without rows is left out. An answer that tells nothing gives one group without rows,
+// "No Parameters are Modified". Nothing in an answer is an error: what is missing or unreadable
+// gives no row, or "NA".
+#pragma once
+
+#include "details/model/field_rows.h"
+
+DetailGroups BuildUserDetails(const FieldReader& answer);
+
+DetailGroups BuildClientDetails(const FieldReader& answer);
+
+// `mayModify`: the checker holds the modify right, and so the limits can be edited.
+DetailGroups BuildLimitsDetails(const FieldReader& answer, bool mayModify);

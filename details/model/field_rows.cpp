@@ -1,0 +1,91 @@
+#include "details/model/field_rows.h"
+
+#include <utility>
+
+#include "details/model/captions.h"
+
+namespace {
+
+bool becomesRow(const FieldReader& answer, const FieldRow& field) {
+    if (!answer.count(field.gate != 0 ? field.gate : field.mnemonic)) return false;
+    if (field.unless != 0 && answer.count(field.unless)) return false;
+    return !field.onlyWithoutOldValue || !answer.text(field.mnemonic, 1);
+}
+
+void appendRow(DetailGroup& group, const FieldReader& answer, const FieldRow& field) {
+    sMCListStruct& row = group.rows.emplace_back();
+    row.caption = field.caption.empty() ? captionOf(field.mnemonic) : field.caption;
+    const auto value = answer.text(field.mnemonic);
+    row.value = value ? field.value(*value) : kNotAvailable;
+    if (const auto old = answer.text(field.mnemonic, 1)) row.oldValue = field.oldValue(*old);
+}
+
+}  // namespace
+
+void appendRows(DetailGroup& group, const FieldReader& answer, std::span<const FieldRow> fields) {
+    for (const FieldRow& field : fields)
+        if (becomesRow(answer, field)) appendRow(group, answer, field);
+}
+
+sMCListStruct makeRow(std::string_view caption, std::string_view value, std::string_view oldValue) {
+    sMCListStruct row;
+    row.caption = caption;
+    row.value = value;
+    row.oldValue = oldValue;
+    return row;
+}
+
+DetailGroup makeGroup(std::string_view heading) {
+    return {makeRow(heading, {}), {}};
+}
+
+DetailGroup makeGroup(std::string_view heading, const FieldReader& answer,
+                      std::span<const FieldRow> fields) {
+    DetailGroup group = makeGroup(heading);
+    appendRows(group, answer, fields);
+    return group;
+}
+
+int occurrencesOf(const FieldReader& answer, int mnemonic) {
+    return std::clamp(answer.count(mnemonic).value_or(0), 0, kMostOccurrences);
+}
+
+DetailGroup listGroup(const FieldReader& answer, int mnemonic) {
+    DetailGroup group = makeGroup(captionOf(mnemonic));
+    if (!answer.count(mnemonic)) return group;
+    const int count = occurrencesOf(answer, mnemonic);
+    group.rows.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i)
+        group.rows.push_back(makeRow({}, answer.text(mnemonic, i).value_or(kNotAvailable)));
+    if (count == 0) group.rows.push_back(makeRow({}, kNotAvailable));
+    return group;
+}
+
+void handOver(DetailGroups& groups, DetailGroup group) {
+    if (!group.rows.empty()) groups.push_back(std::move(group));
+}
+
+DetailGroups nothingModified() {
+    return {makeGroup(kNothingModified)};
+}
+
+bool carriesAny(const FieldReader& answer, std::span<const int> mnemonics) {
+    return std::any_of(mnemonics.begin(), mnemonics.end(),
+                       [&](int each) { return answer.count(each).has_value(); });
+}
+
+bool carriesAny(const FieldReader& answer, std::span<const FieldRow> fields) {
+    return std::any_of(fields.begin(), fields.end(), [&](const FieldRow& each) {
+        return each.counts && answer.count(each.mnemonic).has_value();
+    });
+}
+
+std::string shownProducts(std::optional<std::string_view> sent) {
+    constexpr std::string_view part = "|ML";
+    if (sent == part.substr(1)) return "MLB";
+    std::string shown(sent.value_or(kNotAvailable));
+    if (shown.starts_with(part)) return shown;
+    for (auto at = shown.find(part); at != std::string::npos; at = shown.find(part, at))
+        shown.insert(at += part.size(), 1, 'B');
+    return shown;
+}

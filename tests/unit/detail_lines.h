@@ -1,0 +1,41 @@
+// Groups of details as lines that a test can compare.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "link/model/message.h"
+#include "listctrl/model/detail_group.h"
+#include "tests/unit/message_builder.h"
+
+using DetailLines = std::vector<std::string>;
+
+// "[heading]" for a group, "Field: value" for a row, and " < old" where there is an old value.
+inline DetailLines linesOf(const std::vector<DetailGroup>& groups) {
+    const auto withOld = [](std::string text, const sMCListStruct& row) {
+        return row.oldValue.empty() ? text : text + " < " + row.oldValue;
+    };
+    DetailLines lines;
+    for (const DetailGroup& group : groups) {
+        lines.push_back("[" + withOld(group.header.caption + group.header.value, group.header) +
+                        "]");
+        for (const sMCListStruct& row : group.rows)
+            lines.push_back(withOld(row.caption + ": " + row.value, row));
+    }
+    return lines;
+}
+
+// What a builder makes of an answer with these fields.
+template <class Builder, class... More>
+DetailLines built(Builder builder, const FieldTexts& fields, More... more) {
+    const auto answer = makeMessage(fields);
+    return linesOf(builder(FieldReader(answer.handle()), more...));
+}
+
+struct DetailCase {
+    const char* name;
+    FieldTexts answer;
+    DetailLines lines;
+};
+
+inline const DetailLines kNothing{"[No Parameters are Modified]"};

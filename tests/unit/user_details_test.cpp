@@ -1,0 +1,122 @@
+#include <gtest/gtest.h>
+
+#include "details/model/details_builders.h"
+#include "link/model/mnemonics.h"
+#include "tests/unit/detail_lines.h"
+
+namespace {
+
+// The fields behind a user id, and the lines behind the row of the dealer's id.
+TEST(UserDetails, ShowsTheFieldsThatTheAnswerCarries) {
+    const DetailCase cases[] = {
+        {"new and old value", {{30001, "Asha"}, {30001, "Usha"}}, {"DealerName: Asha < Usha"}},
+        {"equal values stay", {{30001, "Asha"}, {30001, "Asha"}}, {"DealerName: Asha < Asha"}},
+        {"no new value", {{50110, kUnreadable}, {50110, "a@b"}}, {"Email Add: NA < a@b"}},
+        {"order is the table's",
+         {{43438, "Y"}, {64017, "T"}, {54036, "DEALER"}, {64056, "B"}},
+         {"Target UserID: T", "User Type: DEALER", "Broker: B", "2FA Enable: Y"}},
+        {"password", {{30004, "secret"}, {30004, "old"}}, {"Password: Reset < Reset"}},
+        {"unreadable password", {{30004, kUnreadable}}, {"Password: NA"}},
+        {"transaction password",
+         {{63211, "secret"}, {63211, "old"}},
+         {"[Details]", "Trans Password: Reset < old"}},
+        {"overview", {{63225, "Y"}}, {"Client OverView: Enabled"}},
+        {"overview, other text", {{63225, "y"}}, {"Client OverView: Disabled"}},
+        {"overview, unreadable", {{63225, kUnreadable}}, {"Client OverView: NA"}},
+        {"overview with an old value goes", {{63225, "Y"}, {63225, "N"}}, {}},
+        {"no caption", {{31803, "x"}}, {"[Details]", ": x"}},
+        {"pro orders",
+         {{63217, "tag"}, {64710, kUnreadable}, {64710, "N"}},
+         {"[Details]", "User Tag: tag", "Pro Orders: NA < N"}},
+        {"access types are alike",
+         {{63212, "WEB"}, {63212, "APP"}, {63212, "ADMIN"}, {63220, "other"}},
+         {"[Access Type]", ": WEB < APP", ": WEB < APP", ": WEB < APP"}},
+        {"the other access type", {{63220, kUnreadable}}, {"[Access Type]", ": NA"}},
+        {"products",
+         {{64020, "NRML|ML|CNC|ML"}, {64020, "ML"}},
+         {"[Product Types]", ": NRML|MLB|CNC|MLB", ":  < MLB"}},
+        {"products that begin with a bar", {{64020, "|ML|ML"}}, {"[Product Types]", ": |ML|ML"}},
+        {"products renamed already", {{64020, "A|MLB"}}, {"[Product Types]", ": A|MLBB"}},
+        {"unreadable products", {{64020, kUnreadable}}, {"[Product Types]", ": NA"}},
+        {"lists",
+         {{10109, "Limit"}, {44201, "DAY"}, {44201, kUnreadable}, {44201, "IOC"}, {64815, "T"}},
+         {"[Attributes]", ": DAY", ": NA", ": IOC", "[Vosk Actions]", ": T", "[Order Types]",
+          ": Limit"}},
+    };
+    for (const auto& [name, fields, lines] : cases) {
+        FieldTexts answer{{MNM_USER, "DLR1"}};
+        answer.insert(answer.end(), fields.begin(), fields.end());
+        DetailLines expected{"[General]", "Dealer ID: DLR1"};
+        expected.insert(expected.end(), lines.begin(), lines.end());
+        EXPECT_EQ(built(BuildUserDetails, answer), expected) << name;
+    }
+}
+
+TEST(UserDetails, GroupsExchanges) {
+    const DetailCase cases[] = {
+        {"three with expiry dates: all show the status of the first",
+         {{MNM_USER, "U"},
+          {63001, "nse_cm"},
+          {63001, kUnreadable},
+          {63001, "mcx_sx"},
+          {64018, "31/03/2027"},
+          {64018, "0"},
+          {64018, kUnreadable},
+          {63076, "Y"},
+          {63076, "N"},
+          {64013, "-1"},
+          {64013, "17"},
+          {64027, "x"},
+          {64027, "-1"},
+          {64025, "OK"},
+          {64025, "ok"}},
+         {"[Exchange:NSE]", "Expiry Date: 31/03/2027", "Status: Enabled", "Exch User ID: Default",
+          "Exch User Info: x", "Route to RMS: Yes", "[]", "Expiry Date: NA", "Status: Enabled",
+          "Exch User ID: 17", "Exch User Info: Default", "Route to RMS: NO", "[Exchange:MCXSX]",
+          "Status: Enabled"}},
+        {"one, modified: the old status has a row of its own",
+         {{MNM_USER, "U"},
+          {63001, "nse_fo"},
+          {63076, "N"},
+          {63076, "Y"},
+          {64025, kUnreadable},
+          {64025, "OK"},
+          {64013, "-1"}},
+         {"[Exchange:NFO]", "Status: Disabled", "Status:  < Enabled", "Exch User ID: Default",
+          "Route to RMS:  < Yes"}},
+        {"an unknown segment",
+         {{MNM_USER, "U"}, {63001, "xyz"}, {63076, "Y"}},
+         {"[Exchange:]", "Status: Enabled"}},
+        {"nothing about it", {{MNM_USER, "U"}, {63001, "nse_cm"}}, {}},
+        {"no exchange named", {{MNM_USER, "U"}, {64018, "0"}}, {"[General]", "Dealer ID: U"}},
+    };
+    for (const auto& [name, answer, lines] : cases)
+        EXPECT_EQ(built(BuildUserDetails, answer), lines) << name;
+}
+
+TEST(UserDetails, SaysWhenNothingIsModified) {
+    const FieldTexts cases[] = {
+        {},
+        {{30001, "Asha"}, {63001, "nse_cm"}},             // no user id
+        {{MNM_USER, kUnreadable}, {30001, "Asha"}},       // none that can be read
+        {{MNM_USER, "U"}, {MNM_AUTHORIZATION_KEY, "1"}},  // nothing but the id
+    };
+    for (const FieldTexts& answer : cases) EXPECT_EQ(built(BuildUserDetails, answer), kNothing);
+    EXPECT_EQ(linesOf(BuildUserDetails(FieldReader(nullptr))), kNothing);
+}
+
+// Long lists and long texts are shown whole; what no list is ever as long as ends.
+TEST(UserDetails, TakesAnswersOfAnySize) {
+    const std::string longText(100'000, 'x');
+    for (const int claimed : {10'000, kMostOccurrences + 1}) {
+        auto answer = makeMessage({{MNM_USER, "U"}, {30001, longText}});
+        for (int i = 0; i < claimed; ++i) answer.addUnreadable(MNM_ATTRIBUTES);
+        const auto groups = BuildUserDetails(FieldReader(answer.handle()));
+        ASSERT_EQ(groups.size(), 2u);
+        EXPECT_EQ(groups[0].rows[1].value, longText);
+        EXPECT_EQ(groups[1].rows.size(),
+                  static_cast<std::size_t>(std::min(claimed, kMostOccurrences)));
+    }
+}
+
+}  // namespace
