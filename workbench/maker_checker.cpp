@@ -107,12 +107,20 @@ void CMakerChecker::editsSent() {
 
 // ---- Editing ----
 
+// The row shows what the update will send, not what was typed.
 void CMakerChecker::onEndOfEdit(const EndOfEdit& edit) {
-    if (edit.column == "Value") edit.row.value = edit.typed;
+    if (edit.column != "Value" || m_workbench == nullptr) return;
+    edit.row.value = edit.typed;
+    if (const auto stored = m_workbench->valueEdited(edit.row.mnemonic, edit.typed)) {
+        edit.row.value = *stored;
+        edit.row.edited = true;
+    }
 }
 
 void CMakerChecker::onEndOfChoice(const EndOfEdit& edit) {
-    onEndOfEdit(edit);
+    if (edit.column != "Value" || m_workbench == nullptr) return;
+    edit.row.value = edit.typed;
+    edit.row.edited = m_workbench->choiceMade(edit.row.mnemonic, edit.typed).has_value();
 }
 
 HWND CMakerChecker::initialFocus() const {
