@@ -6,6 +6,12 @@
 #include "editors/price_editor.h"
 #include "listctrl/list_colors.h"
 
+namespace {
+
+constexpr COLORREF kEditedColor = RGB(0, 72, 168);  // of a value that has not been sent
+
+}  // namespace
+
 const fw::MessageMap& CMultiLineEditListCtrl::messageMap() const {
     static constexpr fw::MessageEntry entries[] = {
         fw::offer<WM_KEYDOWN, &CMultiLineEditListCtrl::onEditKey>(),
@@ -136,7 +142,7 @@ CellLook CMultiLineEditListCtrl::cellLook(std::size_t row, int item) const {
     CellLook look = CMultiLineListCtrl::cellLook(row, item);
     const LineGroups::Line* line = lines().lineAt(row);
     if (line != nullptr && line->row->edited && columnAt(item) == kValueColumn) {
-        look.text = GetSysColor(COLOR_HOTLIGHT);
+        look.text = kEditedColor;
         look.font = boldFont();
     }
     return look;
