@@ -1,5 +1,7 @@
 // The real list on the screen, under Wine or on Windows: what a paint asks for and costs with a
 // thousand and with a million rows, and select all, beside a plain owner-data list of the platform.
+// Then the details list: showing and emptying an answer, beside a plain list that is filled row by
+// row.
 #include <windows.h>
 
 #include <chrono>
@@ -11,6 +13,7 @@
 #include "frames/holder_frame.h"
 #include "framework/window.h"
 #include "listctrl/filter_list_ctrl.h"
+#include "listctrl/multi_line_edit_list_ctrl.h"
 #include "settings/settings_store.h"
 
 namespace {
@@ -125,12 +128,89 @@ void measurePeer(std::size_t rows) {
                 cost, all);
 }
 
+std::vector<DetailGroup> answer(std::size_t rows) {
+    std::vector<DetailGroup> groups(1);
+    groups[0].header.caption = "Order Types";
+    for (std::size_t i = 0; i < rows; ++i) {
+        const std::string text = std::to_string(i);
+        groups[0].rows.push_back({"Field " + text, text + ".00", text, RowAttribute::number, 1});
+    }
+    return groups;
+}
+
+void measureDetails(std::size_t rows) {
+    PlainParent frame;
+    frame.create();
+    CVTHolderFrame holder;
+    holder.create(frame.handle(), {0, 0, 700, 500}, 1024);
+    BenchServices services;
+    LineGroups lines;
+    CMultiLineEditListCtrl list(services, lines);
+    list.create(holder.handle(), 4001, "Bench details", "Bench");
+    SetWindowPos(list.handle(), nullptr, 0, 0, 700, 500, SWP_NOZORDER);
+    list.setDetailColumns();
+    std::vector<std::vector<DetailGroup>> answers(10, answer(rows));
+    const auto next = [&] {
+        std::vector<DetailGroup> groups = std::move(answers.back());
+        answers.pop_back();
+        return groups;
+    };
+    double clear = 0;
+    const double show = microseconds(
+        [&] {
+            list.append(next());
+            UpdateWindow(list.handle());
+            clear += microseconds([&] { list.empty(); }, 1) / 10;
+        },
+        10);
+    std::printf(
+        "%9zu  details lines shown and painted  %8.0f us  (%.2f us a line), emptied %6.0f us\n",
+        rows, show - clear, (show - clear) / static_cast<double>(rows), clear);
+}
+
+void measureFilledPeer(std::size_t rows) {
+    PlainParent frame;
+    frame.create();
+    const HWND list = CreateWindowExA(0, WC_LISTVIEWA, "", WS_CHILD | WS_VISIBLE | LVS_REPORT, 0, 0,
+                                      700, 500, frame.handle(), nullptr, fw::module(), nullptr);
+    for (int i = 0; i < 3; ++i) {
+        LVCOLUMNA column{};
+        column.mask = LVCF_WIDTH;
+        column.cx = 200;
+        SendMessageA(list, LVM_INSERTCOLUMNA, static_cast<WPARAM>(i),
+                     reinterpret_cast<LPARAM>(&column));
+    }
+    const auto fill = [&] {
+        const fw::RedrawOffScope off(list);
+        for (std::size_t row = 0; row < rows; ++row)
+            for (int cell = 0; cell < 3; ++cell) {
+                std::string text = "Field " + std::to_string(row);
+                LVITEMA item{};
+                item.mask = LVIF_TEXT;
+                item.iItem = static_cast<int>(row);
+                item.iSubItem = cell;
+                item.pszText = text.data();
+                SendMessageA(list, cell == 0 ? LVM_INSERTITEMA : LVM_SETITEMA, 0,
+                             reinterpret_cast<LPARAM>(&item));
+            }
+    };
+    const double show = microseconds([&] { fill(), paint(list); }, 1);
+    const double clear = microseconds([&] { SendMessageA(list, LVM_DELETEALLITEMS, 0, 0); }, 1);
+    std::printf(
+        "%9zu  plain list filled and painted    %8.0f us  (%.2f us a line), emptied %6.0f us\n",
+        rows, show, show / static_cast<double>(rows), clear);
+}
+
 }  // namespace
 
 int main() {
     for (const std::size_t rows : {1'000u, 100'000u, 1'000'000u}) {
         measureOurs(rows);
         measurePeer(rows);
+    }
+    for (const std::size_t rows : {150u, 10'000u}) {
+        measureDetails(rows);
+        measureFilledPeer(rows);
     }
     return 0;
 }
