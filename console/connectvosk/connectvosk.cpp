@@ -180,7 +180,8 @@ int otp_add_data_as_cstring(void* message, int mnemonic, int count, const char* 
             return false;
         FieldEntry* entry = self.find(mnemonic);
         if (entry == nullptr) entry = &self.directory.emplace_back(FieldEntry{mnemonic, {}});
-        self.order.reserve(self.order.size() + 1);
+        if (self.order.size() == self.order.capacity())
+            self.order.reserve(2 * self.order.size() + 16);
         entry->occurrences.push_back(self.used);
         self.order.push_back(mnemonic);
 

@@ -81,6 +81,44 @@ constexpr int kMnemonics[] = {MNM_REQUEST_NAME,
                               MNM_BROKER,
                               MNM_GROUPWISE_VALIDATION};
 
+// Fields of details: lists, exchanges, gates and their neighbours, and a limit of each kind.
+constexpr int kDetailFields[] = {MNM_ACCOUNT_ID,
+                                 MNM_USER,
+                                 MNM_ACCOUNT_GROUP,
+                                 MNM_BROKER,
+                                 MNM_PASSWORD,
+                                 MNM_CLIENT_OVERVIEW,
+                                 MNM_USER_IP,
+                                 MNM_ACCESS_TYPE,
+                                 MNM_EXCHANGE,
+                                 MNM_EXCHANGE_EXPIRY,
+                                 MNM_EXCHANGE_STATUS,
+                                 MNM_EXCHANGE_USER_ID,
+                                 MNM_ROUTE_TO_RMS,
+                                 MNM_PRODUCTS,
+                                 MNM_ATTRIBUTES,
+                                 MNM_ORDER_TYPES,
+                                 MNM_CLIENT_STATUS,
+                                 MNM_CLIENT_CONTEXT,
+                                 MNM_SOR_ENABLED,
+                                 MNM_PAYMENT_MODE,
+                                 MNM_BRANCH_NAME_2,
+                                 MNM_SEGMENTS,
+                                 MNM_ADHOC_COUNTS,
+                                 MNM_CATEGORY,
+                                 MNM_GROUPWISE_VALIDATION,
+                                 MNM_ORDER_QUANTITY_LIMIT,
+                                 MNM_LIMIT_REMARKS,
+                                 64031,
+                                 64158,
+                                 64704,
+                                 64832,
+                                 41336};
+constexpr std::array kDetailTexts{
+    "ML",  "|ML|ML",      "A|MLB|ML", "nse_cm|mcx_sx||any|", "Y",      "OK",  "-1",
+    "0",   "yes",         "NEFT",     "Online-Sqroff",       "nse_fo", "1e9", "1e999",
+    "nan", "-12345678.91"};
+
 class Session {
 public:
     Session(const std::uint8_t* data, std::size_t size) : m_input(data, size) {}
@@ -137,6 +175,36 @@ private:
         m_host.control().receiver->onMessage(0, 0, message.handle(), nullptr);
     }
 
+    // An answer to the change on show, or to any: its rows are what an edit may belong to.
+    void answerDetails() {
+        FieldTexts fields{{MNM_ANSWERED_REQUEST, kRequests[m_input.below(3)]},
+                          {m_input.below(2) == 0 ? MNM_ACCOUNT_ID : MNM_USER, text()}};
+        for (std::size_t count = m_input.below(40); count > 0; --count) {
+            const int field = kDetailFields[m_input.below(std::size(kDetailFields))];
+            fields.push_back({field, m_input.below(4) == 0 ? text() : m_input.oneOf(kDetailTexts)});
+        }
+        m_view.shown.clear();
+        const auto message = makeMessage(fields);
+        ++m_messages;
+        m_host.control().receiver->onMessage(0, 0, message.handle(), nullptr);
+        for (const DetailGroup& group : m_view.shown) {
+            require(!group.rows.empty() || m_view.shown.size() == 1,
+                    "a group has rows, or says that there are none");
+            for (const sMCListStruct& row : group.rows)
+                require(row.mnemonic != 0 || row.attribute == RowAttribute::readOnly,
+                        "what can be edited belongs to a field");
+        }
+    }
+
+    void edit() {
+        const int field = kDetailFields[m_input.below(std::size(kDetailFields))];
+        const std::string typed = text().value_or("");
+        if (m_input.below(2) == 0)
+            m_workbench.valueEdited(field, typed.c_str());
+        else
+            m_workbench.choiceMade(field, typed.c_str());
+    }
+
     std::vector<sMakeCheckStruct*> selection() {
         const std::size_t which = m_input.below(4);
         std::vector<sMakeCheckStruct*> rows;
@@ -153,9 +221,17 @@ private:
     }
 
     void step() {
-        switch (m_input.below(16)) {
+        switch (m_input.below(20)) {
             case 0:
                 return answer();
+            case 10:
+            case 11:
+                showDetails();
+                return answerDetails();
+            case 12:
+                return edit();
+            case 13:
+                return m_workbench.update();
             case 1:
                 return showDetails();
             case 2:

@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -98,6 +99,7 @@ public:
     int level = 0;
     std::set<int> roles{kMenuItemSeeLimits, kMenuItemSeeUsers, kMenuItemSeeClientsAndInvestors};
     bool hasMenuItemService = true;
+    std::optional<int> modifyRight;  // none: the host lacks the service
     bool hasControlService = true;
     std::set<int> controlKinds{0, 3};  // of the controls that the service makes
 
@@ -126,7 +128,9 @@ public:
         ++menuItemLookups;
         return hasMenuItemService ? &holdsMenuItem : nullptr;
     }
-    PuGetMakerCheckerModifyRight* modifyRightService() override { return nullptr; }
+    PuGetMakerCheckerModifyRight* modifyRightService() override {
+        return modifyRight ? &mayModify : nullptr;
+    }
     GetQuonRxControlService* receiveControlService() override {
         return hasControlService ? &receiveControl : nullptr;
     }
@@ -153,6 +157,8 @@ private:
         s_current->menuItemsAsked.push_back(menuItem);
         return s_current->roles.contains(menuItem) ? 1 : 0;
     }
+
+    static int mayModify() { return *s_current->modifyRight; }
 
     static CQuonRxControl* receiveControl(int kind, CQuonRxNotifierBase* receiver,
                                           CQuonRxControl* release) {

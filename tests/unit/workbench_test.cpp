@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "console/model/authorization_server.h"
+#include "tests/unit/detail_lines.h"
 #include "tests/unit/fake_host.h"
 #include "tests/unit/message_builder.h"
 #include "tests/unit/view_recorder.h"
@@ -78,6 +79,88 @@ TEST_F(WorkbenchTest, ARefusedDetailRequestEmptiesTheDetailsUnlessItIsLate) {
     answer("om_get_auth_account_details", {error});
     EXPECT_EQ(view.events, Lines{"empty details"}) << "an error without a key is never late";
     EXPECT_EQ(host.beeps, 2) << "only the two publications";
+}
+
+TEST_F(WorkbenchTest, ShowsAnswersForTheChangeAskedForLast) {
+    const FieldText user{MNM_USER, "DLR101"}, client{MNM_ACCOUNT_ID, "C1"}, name{30001, "Asha"};
+    answer("om_get_auth_user_details", {user, name});
+    EXPECT_EQ(view.events, Lines{}) << "none is asked for";
+
+    workbench->showDetails(list("1001", "339"));
+    workbench->showDetails(list("1002", "353"));
+    view.events.clear();
+    answer("om_get_auth_user_details", {{MNM_AUTHORIZATION_KEY, "1001"}, user, name});
+    EXPECT_EQ(view.events, Lines{}) << "late";
+    const FieldTexts details{{MNM_AUTHORIZATION_KEY, "1002"}, client, {54002, "Meera"}};
+    answer("om_get_auth_account_details", details);
+    EXPECT_EQ(linesOf(view.shown), (Lines{"[General]", "Client Id: C1", "Client Name: Meera"}));
+
+    // A second answer stands in place of the first.
+    view.events.clear();
+    answer("om_get_auth_account_details", details);
+    EXPECT_EQ(view.events, (Lines{"empty details", "show details"}));
+
+    FieldTexts refused = details;
+    refused.push_back({MNM_ERROR, kUnreadable});
+    view.events.clear();
+    answer("om_get_auth_account_details", refused);
+    EXPECT_EQ(view.events, Lines{"empty details"}) << "an error beside data";
+}
+
+TEST_F(WorkbenchTest, AsksTheModifyRightForEachAnswer) {
+    const std::pair<std::optional<int>, RowAttribute> cases[] = {
+        {std::nullopt, RowAttribute::readOnly},
+        {0, RowAttribute::readOnly},
+        {1, RowAttribute::number},
+        {-1, RowAttribute::number}};
+    workbench->showDetails(list("1001", "360"));
+    for (const auto& [right, attribute] : cases) {
+        host.modifyRight = right;
+        answer("om_get_auth_limits_details", {{MNM_ACCOUNT_ID, "C1"}, {64031, "1500"}});
+        EXPECT_EQ(view.shown.back().rows.back().attribute, attribute);
+    }
+}
+
+TEST_F(WorkbenchTest, EditsLiveAsLongAsTheDetailsTheyWereTypedInto) {
+    const FieldTexts limits{{MNM_ACCOUNT_ID, "C1"}, {64031, "1500"}};
+    const auto sentBy = [&](auto press) {
+        host.control().sent.clear();
+        press();
+        return host.control().sent;
+    };
+    const auto update = [&] { workbench->update(); };
+    EXPECT_EQ(workbench->valueEdited(64031, "1"), std::nullopt) << "no details are on show";
+
+    const sMakeCheckStruct& record = list("1001", "360");
+    workbench->showDetails(record);
+    EXPECT_EQ(workbench->valueEdited(64031, "1"), "1.00");
+    EXPECT_EQ(workbench->valueEdited(0, "1"), std::nullopt) << "a row without a field";
+    answer("om_get_auth_limits_details", limits);  // a second answer
+    EXPECT_EQ(sentBy(update), std::vector<SentMessage>{});
+    workbench->valueEdited(64031, "1");
+    workbench->showDetails(record);
+    EXPECT_EQ(sentBy(update), std::vector<SentMessage>{});
+
+    // Choices are no numbers; the last edit of a field counts; what left is gone.
+    EXPECT_EQ(workbench->choiceMade(64037, "D"), "D");
+    workbench->valueEdited(64031, "1e999");
+    workbench->valueEdited(64031, "7");
+    workbench->valueEdited(64031, "12.345");
+    view.events.clear();
+    host.control().works = false;
+    update();
+    EXPECT_EQ(view.events, Lines{}) << "a failed update leaves the edits";
+    host.control().works = true;
+    EXPECT_EQ(sentBy(update), (std::vector<SentMessage>{{{0, "om_authenticate_functionality"},
+                                                         {54294, "CHECK01"},
+                                                         {51803, "1001"},
+                                                         {63713, "360"},
+                                                         {10303, "accepted"},
+                                                         {64031, "12.35"},
+                                                         {64037, "no"}}}));
+    EXPECT_EQ(view.events, Lines{"edits sent"});
+    EXPECT_EQ(sentBy(update), std::vector<SentMessage>{});
+    EXPECT_EQ(view.events, Lines{"edits sent"});
 }
 
 TEST_F(WorkbenchTest, TheOutcomeOfTheChangeOnShowEmptiesTheDetails) {
@@ -221,6 +304,30 @@ TEST_F(WorkbenchAtServer, RecoveryBringsBackWhatWasMissed) {
     EXPECT_EQ(workbench->changes().at(0).key, first);
     EXPECT_EQ(workbench->changes().at(1).key, second);
     EXPECT_EQ(workbench->changes().at(1).entityName, "Broker - ZEKB");
+}
+
+TEST_F(WorkbenchAtServer, AnUpdateShowsInTheNextDetails) {
+    zek::Change change;
+    change.code = "360";
+    change.maker = "MAKER01";
+    change.client = "C1";
+    change.fields = {{64031, {"300000", "250000"}}, {64037, {"yes", "no"}}};
+    server.submit(change);
+    deliverAll();
+    const auto details = [&] {
+        view.shown.clear();
+        workbench->showDetails(*rows().front());
+        deliverAll();
+        return linesOf(view.shown);
+    };
+    EXPECT_EQ(details(), (Lines{"[RMS Limits]", "RMS Limit For: Client - C1",
+                                "Cash Margin: 300000.00 < 250000", "GroupWise Validation: E < D"}));
+    workbench->valueEdited(64031, "275000");
+    workbench->choiceMade(64037, "D");
+    workbench->update();
+    deliverAll();
+    EXPECT_EQ(details(), (Lines{"[RMS Limits]", "RMS Limit For: Client - C1",
+                                "Cash Margin: 275000.00 < 250000", "GroupWise Validation: D < D"}));
 }
 
 TEST_F(WorkbenchAtServer, DetailsOfAChangeDecidedMeanwhileAreRefused) {
