@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <memory>
 #include <numeric>
 #include <random>
@@ -12,13 +11,12 @@
 #include <unordered_map>
 #include <vector>
 
+#include "bench/sides.h"
 #include "details/model/intake.h"
 #include "sdk/connectvosk.h"
 #include "workbench/model/pending_changes.h"
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 class QuietHost final : public Host {
 public:
@@ -41,6 +39,8 @@ private:
 class QuietView final : public WorkbenchView {
     void rowsChanged() override {}
     void emptyDetails() override {}
+    void showDetails(std::vector<DetailGroup>) override {}
+    void editsSent() override {}
 };
 
 // One message, its fields read by both sides.
@@ -111,30 +111,6 @@ private:
     std::vector<PlainRecord*> m_rows;
 };
 
-// The two sides' time, and what is reported of it.
-struct Sides {
-    Clock::duration ours{}, peer{};
-    std::size_t messages = 0;
-
-    void report(benchmark::State& state) const {
-        const auto each = [&](Clock::duration time) {
-            return static_cast<double>(
-                       std::chrono::duration_cast<std::chrono::nanoseconds>(time).count()) /
-                   static_cast<double>(messages);
-        };
-        state.counters["ours_ns"] = each(ours);
-        state.counters["peer_ns"] = each(peer);
-        state.counters["ratio"] = each(ours) / each(peer);
-    }
-};
-
-template <class Work>
-Clock::duration timed(Work work) {
-    const auto start = Clock::now();
-    work();
-    return Clock::now() - start;
-}
-
 // Both sides hold the same records. They take the messages in batches, in turn first and second;
 // the time to fill a batch counts on neither side.
 struct Bed {
@@ -189,7 +165,8 @@ void refreshOfKnownChanges(benchmark::State& state) {
     bed.take(count, kInOrder, filling);
     std::size_t key = 0;
     for (auto _ : state)
-        bed.take(1000, [&](std::size_t) { return key = (key + 7919) % count; }, sides);
+        bed.take(
+            1000, [&](std::size_t) { return key = (key + 7919) % count; }, sides);
     sides.report(state);
 }
 BENCHMARK(refreshOfKnownChanges)->Arg(1000)->Arg(10000)->Arg(100000);

@@ -6,25 +6,25 @@
 
 namespace {
 
-bool becomesRow(const FieldReader& answer, const FieldRow& field) {
-    if (!answer.count(field.gate != 0 ? field.gate : field.mnemonic)) return false;
-    if (field.unless != 0 && answer.count(field.unless)) return false;
-    return !field.onlyWithoutOldValue || !answer.text(field.mnemonic, 1);
-}
-
+// The text is asked for first: where it is there, so is the field, and one question is saved.
 void appendRow(DetailGroup& group, const FieldReader& answer, const FieldRow& field) {
+    const auto value = answer.text(field.mnemonic);
+    if (field.gate != 0 ? !answer.count(field.gate) : !value && !answer.count(field.mnemonic))
+        return;
+    if (field.unless != 0 && answer.count(field.unless)) return;
+    const auto old = answer.text(field.mnemonic, 1);
+    if (old && field.onlyWithoutOldValue) return;
     sMCListStruct& row = group.rows.emplace_back();
     row.caption = field.caption.empty() ? captionOf(field.mnemonic) : field.caption;
-    const auto value = answer.text(field.mnemonic);
     row.value = value ? field.value(*value) : kNotAvailable;
-    if (const auto old = answer.text(field.mnemonic, 1)) row.oldValue = field.oldValue(*old);
+    if (old) row.oldValue = field.oldValue(*old);
 }
 
 }  // namespace
 
 void appendRows(DetailGroup& group, const FieldReader& answer, std::span<const FieldRow> fields) {
-    for (const FieldRow& field : fields)
-        if (becomesRow(answer, field)) appendRow(group, answer, field);
+    group.rows.reserve(group.rows.size() + fields.size());
+    for (const FieldRow& field : fields) appendRow(group, answer, field);
 }
 
 sMCListStruct makeRow(std::string_view caption, std::string_view value, std::string_view oldValue) {
@@ -56,7 +56,7 @@ DetailGroup listGroup(const FieldReader& answer, int mnemonic) {
     const int count = occurrencesOf(answer, mnemonic);
     group.rows.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
-        group.rows.push_back(makeRow({}, answer.text(mnemonic, i).value_or(kNotAvailable)));
+        group.rows.emplace_back().value = answer.text(mnemonic, i).value_or(kNotAvailable);
     if (count == 0) group.rows.push_back(makeRow({}, kNotAvailable));
     return group;
 }

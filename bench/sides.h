@@ -1,0 +1,32 @@
+// Two sides of a benchmark, timed in turn in the same run.
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+
+using Clock = std::chrono::steady_clock;
+
+// The two sides' time, and what is reported of it.
+struct Sides {
+    Clock::duration ours{}, peer{};
+    std::size_t messages = 0;  // or whatever is counted
+
+    void report(benchmark::State& state) const {
+        const auto each = [&](Clock::duration time) {
+            return static_cast<double>(
+                       std::chrono::duration_cast<std::chrono::nanoseconds>(time).count()) /
+                   static_cast<double>(messages);
+        };
+        state.counters["ours_ns"] = each(ours);
+        state.counters["peer_ns"] = each(peer);
+        state.counters["ratio"] = each(ours) / each(peer);
+    }
+};
+
+template <class Work>
+Clock::duration timed(Work work) {
+    const auto start = Clock::now();
+    work();
+    return Clock::now() - start;
+}
