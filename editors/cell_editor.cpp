@@ -72,9 +72,10 @@ bool CCellEditor::open(HWND list, const RECT& cell, HFONT font, std::string_view
     static const fw::WindowClass windowClass{"MakerChecker.CellEditor", 0, IDC_ARROW, COLOR_WINDOW};
     const DWORD style = WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | m_kind.frame;
     if (!create(windowClass, "", style, 0, cell, list, 0)) return false;
-    const HWND made =
-        CreateWindowExA(0, m_kind.windowClass, "", WS_CHILD | WS_VISIBLE | m_kind.style, 0, 0, 0, 0,
-                        handle(), nullptr, fw::module(), nullptr);
+    const RECT room = clientRect();
+    const HWND made = CreateWindowExA(
+        0, m_kind.windowClass, "", WS_CHILD | WS_VISIBLE | m_kind.style, 0, 0, room.right,
+        room.bottom + scaled(m_kind.dropHeight), handle(), nullptr, fw::module(), nullptr);
     if (!m_control->subclass(made)) return false;
     SendMessageA(made, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
     fill(text);

@@ -88,8 +88,8 @@ protected:
     // Gives the new control its text.
     virtual void fill(std::string_view text) = 0;
 
-    // The height of the control in a cell of height `room`, or more where it needs more.
-    virtual int fitHeight(int room) = 0;
+    // How high the control is in a cell of height `room`; more where it needs more.
+    virtual int fitHeight(int room) const = 0;
 
     virtual void select() {}
 

@@ -33,13 +33,9 @@ void CComboEditor::fill(std::string_view text) {
     SendMessageA(control(), CB_SETCURSEL, static_cast<WPARAM>(chosen - m_choices.begin()), 0);
 }
 
-int CComboEditor::fitHeight(int room) {
+// The control makes itself as high as its font asks for.
+int CComboEditor::fitHeight(int) const {
     RECT place{};
-    const auto field = SendMessageA(control(), CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0);
-    GetWindowRect(control(), &place);
-    const auto frames = static_cast<int>(place.bottom - place.top) - static_cast<int>(field);
-    SendMessageA(control(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
-                 std::max(room - frames, textHeight()));
     GetWindowRect(control(), &place);
     return static_cast<int>(place.bottom - place.top);
 }

@@ -20,7 +20,7 @@ public:
 protected:
     const fw::MessageMap& messageMap() const override;
     void fill(std::string_view text) override;
-    int fitHeight(int room) override;
+    int fitHeight(int room) const override;
     bool dropped() const override;
     void closeDropped() override;
 

@@ -48,8 +48,19 @@ void CDateTimeEditor::fill(std::string_view text) {
     m_changed = false;
 }
 
-int CDateTimeEditor::fitHeight(int room) {
+int CDateTimeEditor::fitHeight(int room) const {
     return std::max(room, textHeight() + scaled(kFrames));
+}
+
+// The first part, so that arrows and digits do something: a picker that gets the focus otherwise
+// than by a click may have no part selected.
+void CDateTimeEditor::select() {
+    RECT room{};
+    GetClientRect(control(), &room);
+    UpdateWindow(control());  // where the parts are is known once they are painted
+    const LPARAM first = MAKELPARAM(scaled(kFrames), room.bottom / 2);
+    SendMessageA(control(), WM_LBUTTONDOWN, MK_LBUTTON, first);
+    SendMessageA(control(), WM_LBUTTONUP, 0, first);
 }
 
 std::string CDateTimeEditor::text() const {

@@ -16,7 +16,8 @@ public:
 protected:
     const fw::MessageMap& messageMap() const override;
     void fill(std::string_view text) override;
-    int fitHeight(int room) override;
+    int fitHeight(int room) const override;
+    void select() override;
     void finishTyping() override;
     bool dropped() const override;
     void closeDropped() override;

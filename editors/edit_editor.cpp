@@ -34,7 +34,7 @@ void CEditEditor::fill(std::string_view text) {
 }
 
 // Its text stands at the top of an edit: one that is as high as the text is centered in the cell.
-int CEditEditor::fitHeight(int) {
+int CEditEditor::fitHeight(int) const {
     return textHeight();
 }
 

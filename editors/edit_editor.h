@@ -17,7 +17,7 @@ public:
 
 protected:
     void fill(std::string_view text) override;
-    int fitHeight(int room) override;
+    int fitHeight(int room) const override;
     void select() override;
     std::optional<std::string> refusal() const override;
     bool onCharacter(UINT character) override;
