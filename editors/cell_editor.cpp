@@ -129,10 +129,12 @@ bool CCellEditor::dialogKey(UINT key, bool shift) {
     const auto found = std::find_if(std::begin(keys), std::end(keys),
                                     [key](const auto& each) { return each.key == key; });
     if (found == std::end(keys)) return false;
-    if (key == VK_ESCAPE && dropped())
+    if (key == VK_ESCAPE && dropped()) {
         closeDropped();
-    else
+        SetFocus(control());
+    } else {
         end(shift ? found->shifted : found->plain);
+    }
     return true;
 }
 
@@ -176,8 +178,9 @@ void CCellEditor::leave() {
 
 void CCellEditor::close() {
     m_over = true;
+    const bool hadFocus = owns(GetFocus());
     if (dropped()) closeDropped();
-    if (owns(GetFocus())) SetFocus(GetParent(handle()));
+    if (hadFocus) SetFocus(GetParent(handle()));
     ShowWindow(handle(), SW_HIDE);
 }
 

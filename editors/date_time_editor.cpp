@@ -86,8 +86,18 @@ bool CDateTimeEditor::dropped() const {
     return shown != nullptr && IsWindowVisible(shown) != 0;
 }
 
+// A calendar that was the active window leaves the focus to the frame around the list.
+void CDateTimeEditor::onCalendarClosed(NMHDR&) {
+    if (IsChild(GetFocus(), handle()) != 0)
+        SetFocus(control());
+    else
+        checkFocusLater();
+}
+
+// Not every picker knows the message.
 void CDateTimeEditor::closeDropped() {
     SendMessageA(control(), DTM_CLOSEMONTHCAL, 0, 0);
+    if (dropped()) ShowWindow(calendar(), SW_HIDE);
 }
 
 // The calendar is a window beside the picker.

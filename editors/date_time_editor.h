@@ -24,7 +24,7 @@ protected:
 
 private:
     void onChanged(NMHDR&) { m_changed = true; }
-    void onCalendarClosed(NMHDR&) { checkFocusLater(); }
+    void onCalendarClosed(NMHDR&);
     HWND calendar() const;
 
     DateTimeForm m_form;

@@ -299,6 +299,32 @@ TEST_F(Editors, DatesGoInAndOutInTheirForm) {
     SetFocus(bed.other);
     EXPECT_EQ(bed.log, Log{"commit 05/07/2024 10:20:30"});
 
+    // Over the calendar: Esc closes only that; a picked day is a change, and the editor stays.
+    const HWND picker = bed.open<CDateTimeEditor>("05/06/2024", DateTimeForm::date);
+    const auto calendar = [picker] {
+        return reinterpret_cast<HWND>(SendMessageA(picker, DTM_GETMONTHCAL, 0, 0));
+    };
+    const auto clickAt = [](HWND window, int x, int y) {
+        SendMessageA(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
+        SendMessageA(window, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
+        pump();
+    };
+    RECT room{};
+    GetClientRect(picker, &room);
+    clickAt(picker, room.right - 6, room.bottom / 2);
+    ASSERT_TRUE(IsWindowVisible(calendar()));
+    bed.editor->dialogKey(VK_ESCAPE, false);
+    pump();
+    EXPECT_FALSE(IsWindowVisible(calendar()));
+    EXPECT_TRUE(bed.log.empty() && isOpen());
+    clickAt(picker, room.right - 6, room.bottom / 2);
+    GetClientRect(calendar(), &room);
+    clickAt(calendar(), room.right / 2, room.bottom / 2);
+    EXPECT_FALSE(IsWindowVisible(calendar()));
+    EXPECT_TRUE(bed.log.empty() && isOpen());
+    EXPECT_NE(text(), "05/06/2024");
+    EXPECT_EQ(text().substr(2), "/06/2024");
+
     // What was not touched comes back as it was.
     for (const char* before : {"5/6/2024", "soon", ""}) {
         bed.open<CDateTimeEditor>(before, DateTimeForm::date);
@@ -307,9 +333,9 @@ TEST_F(Editors, DatesGoInAndOutInTheirForm) {
     }
     SYSTEMTIME now{};
     GetLocalTime(&now);
-    const HWND picker = bed.open<CDateTimeEditor>("soon", DateTimeForm::date);
+    const HWND today = bed.open<CDateTimeEditor>("soon", DateTimeForm::date);
     SYSTEMTIME shown{};
-    SendMessageA(picker, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&shown));
+    SendMessageA(today, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&shown));
     EXPECT_EQ(shown.wYear, now.wYear);
 }
 
