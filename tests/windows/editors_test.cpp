@@ -265,6 +265,9 @@ TEST_F(Editors, AChoiceIsTakenByKeyOrMouse) {
     EXPECT_FALSE(SendMessageA(combo, CB_GETDROPPEDSTATE, 0, 0));
     EXPECT_TRUE(bed.log.empty() && isOpen()) << "Esc closed the list only";
     EXPECT_EQ(text(), "E");
+    key(VK_DOWN);
+    EXPECT_TRUE(bed.log.empty()) << "chosen, not taken from the list";
+    key(VK_UP);
     key(VK_F4);
     key(VK_DOWN);
     key(VK_RETURN);
