@@ -50,6 +50,9 @@ public:
     // is higher than the cell where the control needs more. False when it cannot be made.
     bool open(HWND list, const RECT& cell, HFONT font, std::string_view text);
 
+    // It was opened with the mouse: what drops down does so at once.
+    virtual void openedWithMouse() {}
+
     virtual std::string text() const = 0;
 
     // Enter, Esc, Tab or Shift+Tab (`shift`) while the editor or a part of it has the focus: ends

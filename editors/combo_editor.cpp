@@ -49,7 +49,7 @@ std::string CComboEditor::text() const {
     return chosen >= 0 ? m_choices[static_cast<std::size_t>(chosen)] : std::string();
 }
 
-void CComboEditor::drop() {
+void CComboEditor::openedWithMouse() {
     SendMessageA(control(), CB_SHOWDROPDOWN, TRUE, 0);
 }
 

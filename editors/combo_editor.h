@@ -14,8 +14,7 @@ public:
 
     std::string text() const override;
 
-    // Drops the list down: the editor was opened with the mouse.
-    void drop();
+    void openedWithMouse() override;
 
 protected:
     const fw::MessageMap& messageMap() const override;

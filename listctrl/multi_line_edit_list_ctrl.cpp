@@ -43,7 +43,9 @@ bool CMultiLineEditListCtrl::onEditKey(UINT key, bool) {
 void CMultiLineEditListCtrl::onEditDoubleClick(POINT client) {
     onDoubleClick(client);
     const auto cell = cellAt(client);
-    if (cell && columnAt(cell->item) == kValueColumn) openEditor(cell->row);
+    if (!cell || columnAt(cell->item) != kValueColumn) return;
+    openEditor(cell->row);
+    if (m_editor != nullptr) m_editor->openedWithMouse();
 }
 
 std::unique_ptr<CCellEditor> CMultiLineEditListCtrl::makeEditor(RowAttribute attribute) {

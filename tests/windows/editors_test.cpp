@@ -274,7 +274,7 @@ TEST_F(Editors, AChoiceIsTakenByKeyOrMouse) {
     EXPECT_EQ(bed.log, Log{"commit D"});
 
     combo = bed.open<CComboEditor>("E", kChoices);
-    static_cast<CComboEditor&>(*bed.editor).drop();
+    bed.editor->openedWithMouse();
     const HWND choices = droppedList(combo);
     const auto row = SendMessageA(choices, LB_GETITEMHEIGHT, 0, 0);
     const LPARAM second = MAKELPARAM(5, row + row / 2);
