@@ -48,7 +48,8 @@ constexpr FieldRow kGeneral[] = {
 
 // Behind the client context.
 constexpr FieldRow kGeneralEnd[] = {
-    {MNM_SOR_ENABLED, kSor, kSor, "SOR Enabled"}, {64935},  // Client DOB
+    {MNM_SOR_ENABLED, kSor, kSor, "SOR Enabled"},  // has no caption in the table
+    {64935},                                       // Client DOB
 };
 
 constexpr FieldRow kBank[] = {
