@@ -1,5 +1,7 @@
 #include "framework/dialog.h"
 
+#include <algorithm>
+
 namespace fw {
 namespace {
 
@@ -51,6 +53,24 @@ INT_PTR CDialog::run(UINT templateId, INT_PTR failed) {
                                dialogParameter());
     });
     return result == -1 ? failed : result;
+}
+
+void CDialog::centreOver(HWND window) {
+    RECT over{}, own{};
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    if (GetWindowRect(window, &over) == 0 || GetWindowRect(handle(), &own) == 0 ||
+        GetMonitorInfoA(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor) == 0)
+        return;
+    const RECT& room = monitor.rcWork;
+    const auto along = [](LONG overFirst, LONG overLast, LONG extent, LONG first, LONG last) {
+        const LONG middle = (overFirst + overLast - extent) / 2;
+        return static_cast<int>(std::max(first, std::min(middle, last - extent)));
+    };
+    SetWindowPos(handle(), nullptr,
+                 along(over.left, over.right, own.right - own.left, room.left, room.right),
+                 along(over.top, over.bottom, own.bottom - own.top, room.top, room.bottom), 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 std::string CDialog::itemText(int id) const {

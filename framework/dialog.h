@@ -36,8 +36,13 @@ protected:
 
     void end(INT_PTR result) { EndDialog(handle(), result); }
 
+    // Moves the dialog to the middle of `window`, as far as its monitor has room for it there. For
+    // WM_INITDIALOG.
+    void centreOver(HWND window);
+
     HWND item(int id) const { return GetDlgItem(handle(), id); }
     std::string itemText(int id) const;
+    void setItemText(int id, const std::string& text) { SetWindowTextA(item(id), text.c_str()); }
 };
 
 }  // namespace fw

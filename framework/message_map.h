@@ -240,6 +240,14 @@ constexpr MessageEntry onCommand() {
             }};
 }
 
+// What a child control tells by a command with this code: handler().
+template <UINT id, UINT code, auto handler>
+constexpr MessageEntry onControl() {
+    MessageEntry entry = onCommand<id, handler>();
+    entry.code = code;
+    return entry;
+}
+
 // Any command of any child: handler(UINT id, UINT code).
 template <auto handler>
 constexpr MessageEntry onAnyCommand() {

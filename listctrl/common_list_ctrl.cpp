@@ -53,8 +53,10 @@ bool CCommonListCtrl::create(HWND parent, UINT id, std::string name, std::string
 
 // ---- Columns ----
 
-void CCommonListCtrl::setColumns(std::span<const sVoskColInfo> columns, DataReader reader) {
+void CCommonListCtrl::setColumns(std::span<const sVoskColInfo> columns, DataReader reader,
+                                 std::span<const ColumnId> mandatory) {
     m_columns.install(columns, scaled(USER_DEFAULT_SCREEN_DPI));
+    m_columns.setMandatory(mandatory);
     m_reader = std::move(reader);
     m_store.setCellReader(
         [this](const void* record, int column) { return readCell(record, column); });
@@ -69,11 +71,13 @@ void CCommonListCtrl::readProfile() {
         m_columns.apply(::readProfile(stored));
 }
 
-void CCommonListCtrl::saveColumnProfile() {
+bool CCommonListCtrl::saveColumnProfile() {
     std::string text = profileText(m_columns.profile());
-    if (text.size() > kLongestProfile ||  // it would come back cut
-        m_services.settings().AccessColumnProfile(SETTING_WRITE, m_name, text) == 0)
-        m_services.showMessage("Error while saving column profile");
+    if (text.size() <= kLongestProfile &&  // else it would come back cut
+        m_services.settings().AccessColumnProfile(SETTING_WRITE, m_name, text) != 0)
+        return true;
+    m_services.showMessage("Error while saving column profile");
+    return false;
 }
 
 void CCommonListCtrl::loadAllColumnProfiles() {
@@ -256,6 +260,15 @@ void CCommonListCtrl::sortByColumn(ColumnId column, bool ascending) {
     storeChanged();
 }
 
+void CCommonListCtrl::endSorting() {
+    if (!m_sorting) return;
+    if (const auto place = m_columns.placeOf(m_sorting->column))
+        showSortImage(static_cast<int>(*place), kNoSortImage);
+    m_sorting.reset();
+    m_store.unsort();
+    storeChanged();
+}
+
 void CCommonListCtrl::showSortImage(int item, int image) {
     HDITEMA info{};
     info.mask = HDI_IMAGE | HDI_FORMAT;
@@ -363,6 +376,7 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::onNotify<0, HDN_ITEMCHANGEDA, &CCommonListCtrl::onHeaderItemChanged>(),
         fw::onNotify<0, HDN_ITEMCHANGEDW, &CCommonListCtrl::onHeaderItemChanged>(),
         fw::onNotify<0, static_cast<UINT>(NM_RCLICK), &CCommonListCtrl::onHeaderRightClick>(),
+        fw::onAnyCommand<&CCommonListCtrl::onMenuCommand>(),
         fw::on<WM_DRAWITEM, &CCommonListCtrl::onDrawItem>(),
         fw::on<WM_GETDLGCODE, &CCommonListCtrl::onGetDialogCode>(),
         fw::on<WM_LBUTTONDOWN, &CCommonListCtrl::onButtonDown>(),

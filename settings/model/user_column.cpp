@@ -18,6 +18,10 @@ constexpr char kNameTaken[] =
     "This column name already present,Please choose different column Name";
 constexpr std::string_view kUnknownColumn = "-1";
 
+bool isControl(char c) {
+    return static_cast<unsigned char>(c) < ' ';
+}
+
 bool isBlank(char c) {
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
@@ -167,6 +171,7 @@ std::variant<UserDefinedColumn, const char*> newUserColumn(std::string_view name
                                                            const ColumnModel& columns) {
     UserDefinedColumn column{std::string(trimmed(name)), internalExpression(displayed, columns),
                              std::string(trimmed(displayed))};
+    std::ranges::replace_if(column.caption, isControl, ' ');
     if (column.caption.empty()) return kNameMissing;
     if (column.caption.find_first_of("#,") != std::string::npos) return kNameReserved;
     if (column.displayText.empty()) return kExpressionMissing;
