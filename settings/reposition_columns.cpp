@@ -97,12 +97,13 @@ private:
             GetWindowRect(item(id), &place);
             MapWindowPoints(nullptr, handle(), reinterpret_cast<POINT*>(&place), 2);
             SetWindowPos(item(id), nullptr, place.left, place.top - gone.bottom, 0, 0,
-                         SWP_NOSIZE | SWP_NOZORDER);
+                         SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
         }
         RECT own{};
         GetWindowRect(handle(), &own);
         SetWindowPos(handle(), nullptr, 0, 0, own.right - own.left,
-                     own.bottom - own.top - gone.bottom, SWP_NOMOVE | SWP_NOZORDER);
+                     own.bottom - own.top - gone.bottom,
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     }
 
     // ---- The two lists ----
