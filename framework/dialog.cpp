@@ -17,6 +17,21 @@ HWND modalOwner() noexcept {
     return active != nullptr ? GetAncestor(active, GA_ROOT) : nullptr;
 }
 
+// Moves a window to `place`, or as near to it as the work area of the monitor there allows. The
+// upper left corner is always in sight.
+void moveOnScreen(HWND window, RECT place) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    if (GetMonitorInfoA(MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &monitor) != 0) {
+        const RECT& room = monitor.rcWork;
+        const LONG x = std::max(std::min(0L, room.right - place.right), room.left - place.left);
+        const LONG y = std::max(std::min(0L, room.bottom - place.bottom), room.top - place.top);
+        OffsetRect(&place, x, y);
+    }
+    SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
+                 place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 // Runs a modal window over `owner` and gives the focus back to where it was.
 template <class Show>
 auto runModal(Show show) {
@@ -55,22 +70,23 @@ INT_PTR CDialog::run(UINT templateId, INT_PTR failed) {
     return result == -1 ? failed : result;
 }
 
-void CDialog::centreOver(HWND window) {
-    RECT over{}, own{};
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    if (GetWindowRect(window, &over) == 0 || GetWindowRect(handle(), &own) == 0 ||
-        GetMonitorInfoA(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor) == 0)
-        return;
-    const RECT& room = monitor.rcWork;
-    const auto along = [](LONG overFirst, LONG overLast, LONG extent, LONG first, LONG last) {
-        const LONG middle = (overFirst + overLast - extent) / 2;
-        return static_cast<int>(std::max(first, std::min(middle, last - extent)));
-    };
-    SetWindowPos(handle(), nullptr,
-                 along(over.left, over.right, own.right - own.left, room.left, room.right),
-                 along(over.top, over.bottom, own.bottom - own.top, room.top, room.bottom), 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+void CDialog::centerOver(HWND window) {
+    RECT over{};
+    RECT place{};
+    GetWindowRect(window, &over);
+    GetWindowRect(handle(), &place);
+    const LONG width = place.right - place.left;
+    const LONG height = place.bottom - place.top;
+    const LONG left = (over.left + over.right - width) / 2;
+    const LONG top = (over.top + over.bottom - height) / 2;
+    moveOnScreen(handle(), {left, top, left + width, top + height});
+}
+
+void CDialog::setHeight(int pixels) {
+    RECT place{};
+    GetWindowRect(handle(), &place);
+    place.bottom = place.top + pixels;
+    moveOnScreen(handle(), place);
 }
 
 std::string CDialog::itemText(int id) const {

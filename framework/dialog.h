@@ -36,9 +36,10 @@ protected:
 
     void end(INT_PTR result) { EndDialog(handle(), result); }
 
-    // Moves the dialog to the middle of `window`, as far as its monitor has room for it there. For
-    // WM_INITDIALOG.
-    void centreOver(HWND window);
+    // Puts the dialog over the middle of `window`, as far as its monitor has room.
+    void centerOver(HWND window);
+    // Gives the dialog another height; it stays on its monitor.
+    void setHeight(int pixels);
 
     HWND item(int id) const { return GetDlgItem(handle(), id); }
     std::string itemText(int id) const;

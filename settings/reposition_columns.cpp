@@ -53,7 +53,7 @@ protected:
             fw::onCommand<IDC_CP_REMOVE, &Dlg::onRemove>(),
             fw::onCommand<IDC_CP_UP, &Dlg::onUp>(),
             fw::onCommand<IDC_CP_DOWN, &Dlg::onDown>(),
-            fw::onControl<IDC_CP_SORT, CBN_SELCHANGE, &Dlg::onSortChosen>(),
+            fw::onCommand<IDC_CP_SORT, &Dlg::onSortChosen, CBN_SELCHANGE>(),
             fw::onCommand<IDC_CP_VIEW, &Dlg::onView>(),
             fw::onCommand<IDOK, &Dlg::onSave>(),
             fw::onCommand<IDC_CP_DEFAULT, &Dlg::onDefault>(),
@@ -82,7 +82,7 @@ private:
         if (!m_offersSort) leaveSortOut();
         fillAvailable({});
         fillShown({0});
-        centreOver(m_list);
+        centerOver(m_list);
         SetFocus(item(IDC_CP_SHOWN));
         return FALSE;
     }
@@ -101,9 +101,7 @@ private:
         }
         RECT own{};
         GetWindowRect(handle(), &own);
-        SetWindowPos(handle(), nullptr, 0, 0, own.right - own.left,
-                     own.bottom - own.top - gone.bottom,
-                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        setHeight(static_cast<int>(own.bottom - own.top - gone.bottom));
     }
 
     // ---- The two lists ----

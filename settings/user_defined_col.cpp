@@ -47,9 +47,9 @@ protected:
             fw::onCommand<IDC_UC_SQUARED, &Dlg::onOperator<6>>(),
             fw::onCommand<IDC_UC_POWER, &Dlg::onOperator<7>>(),
             fw::onCommand<IDC_UC_END, &Dlg::onInsert>(),
-            fw::onControl<IDC_UC_COLUMNS, LBN_DBLCLK, &Dlg::onInsert>(),
+            fw::onCommand<IDC_UC_COLUMNS, &Dlg::onInsert, LBN_DBLCLK>(),
             fw::onCommand<IDC_UC_CLEAR, &Dlg::onClear>(),
-            fw::onControl<IDC_UC_DEFINED, LBN_SELCHANGE, &Dlg::onDefinedSelected>(),
+            fw::onCommand<IDC_UC_DEFINED, &Dlg::onDefinedSelected, LBN_SELCHANGE>(),
             fw::onCommand<IDOK, &Dlg::onOk>(),
             fw::onCommand<IDCANCEL, &Dlg::onCancel>(),
         };
@@ -69,7 +69,7 @@ private:
         SendMessageA(item(IDC_UC_EXPRESSION), EM_SETLIMITTEXT, kLongestExpression, 0);
         fill(IDC_UC_COLUMNS, columnsForExpressions(m_columns));
         fill(IDC_UC_DEFINED, userDefinedColumns(m_columns));
-        centreOver(m_list);
+        centerOver(m_list);
         SetFocus(item(adds ? IDC_UC_NAME : IDC_UC_DEFINED));
         return FALSE;
     }
