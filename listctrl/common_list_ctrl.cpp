@@ -141,13 +141,16 @@ void CCommonListCtrl::compileExpressions() {
     m_toldInvalid.assign(m_columns.size(), false);
 }
 
-// A cell without a value stays empty. An invalid expression is told once, not once per row.
+// A cell without a value stays empty. An invalid expression is told once, not once per row; so is
+// one that refers to a column that was deleted.
 std::string_view CCommonListCtrl::computeCell(const void* record, std::size_t column) {
     m_computed.clear();
     if (!m_computedColumns || column >= m_computedColumns->columns()) return {};
     const auto fetch = [&](int data) { return CellFetch::Result(m_reader(record, data)); };
-    if (m_computedColumns->compute(column, fetch, m_computed) == CellOutcome::invalid &&
-        !m_toldInvalid[column]) {
+    const CellOutcome outcome = m_computedColumns->compute(column, fetch, m_computed);
+    if (!m_toldInvalid[column] &&
+        (outcome == CellOutcome::invalid ||
+         (outcome == CellOutcome::notFetched && !m_columns.isValid(toColumnId(column))))) {
         m_toldInvalid[column] = true;
         PostMessageA(handle(), kTellInvalid, 0, 0);
     }

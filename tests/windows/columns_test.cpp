@@ -187,6 +187,23 @@ TEST_F(Columns, DeletingMovesFilterAndOrderAlong) {
     EXPECT_EQ(stored.text(), kAllColumns);
 }
 
+TEST_F(Columns, WhatIsComputedFromADeletedColumnIsInvalid) {
+    addColumn("First", "\"Key\" + 1");
+    addColumn("Second", "\"First\" + 2");
+    addColumn("Third", "\"Key\" + 3");
+    const auto messages = inDialog(kDeleteColumnCommand, [](HWND dialog) {
+        selectEntry(dialog, IDC_UC_DEFINED, "First");
+        click(dialog, IDOK);
+    });
+    const DialogTrap boxes;
+    EXPECT_EQ(column(6), (Texts{"", "", ""}));
+    EXPECT_EQ(column(7), (Texts{"33.00", "7.00", "103.00"}));
+    pump();
+    EXPECT_EQ(messages.size() + boxes.texts.size(), 1u) << "told once, not once per row";
+    EXPECT_EQ(stored.text().substr(stored.text().find(",7,7")),
+              ",7,7,100,Second# \"-1\"+2#\"First\" + 2,Third# \"2\"+3#\"Key\" + 3");
+}
+
 TEST_F(Columns, TheProfileIsViewedSavedAndSetBack) {
     inDialog(kRepositionCommand, [this](HWND dialog) {
         EXPECT_EQ(textOf(dialog, IDC_CP_SORT_FOR), "Default Sort For: Entity Name");
