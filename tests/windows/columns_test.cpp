@@ -294,6 +294,35 @@ TEST_F(Columns, RowsAreDraggedAndMovedByKeys) {
     });
 }
 
+TEST(ColumnsProfile, ALongListScrollsWhileRowsAreDragged) {
+    std::string profile = kAllColumns, defined;
+    for (int id = 6; id < 40; ++id) {
+        const std::string number = std::to_string(id);
+        profile += "," + number + "," + number + ",50";
+        defined += ",C" + number + "#1#1";
+    }
+    const StoredProfile stored((profile + defined).c_str());
+    const OpenWorkbench open;
+    inDialog(kRepositionCommand, [](HWND dialog) {
+        const HWND list = GetDlgItem(dialog, IDC_CP_SHOWN);
+        const auto top = [list] { return SendMessageA(list, LVM_GETTOPINDEX, 0, 0); };
+        NMLISTVIEW drag{};
+        drag.hdr = {list, IDC_CP_SHOWN, static_cast<UINT>(LVN_BEGINDRAG)};
+        SendMessageA(dialog, WM_NOTIFY, IDC_CP_SHOWN, reinterpret_cast<LPARAM>(&drag));
+        const auto holdAt = [list](int y) {
+            SendMessageA(list, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(10, y));
+            for (int i = 0; i < 50; ++i) SendMessageA(list, WM_TIMER, 0xD4A6, 0);
+        };
+        holdAt(5000);
+        EXPECT_EQ(top(), 40 - SendMessageA(list, LVM_GETCOUNTPERPAGE, 0, 0));
+        holdAt(-50);
+        EXPECT_EQ(top(), 0);
+        holdAt(5000);
+        SendMessageA(list, WM_LBUTTONUP, 0, MAKELPARAM(10, 5000));
+        EXPECT_EQ(names(dialog, IDC_CP_SHOWN).back(), "Entity Name");
+    });
+}
+
 TEST_F(Columns, TheDetailsListHasNoDefaultSort) {
     const HWND details = descendant(findPane(), WC_LISTVIEWA, 4001);
     inDialog(
