@@ -13,6 +13,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -69,6 +70,7 @@ private:
     Outcome logHasLine();
     Outcome logHasNot();
     Outcome message();
+    Outcome controlText();
 
     // Acting
     Outcome hotKey();
@@ -76,7 +78,11 @@ private:
     Outcome doubleClick();
     Outcome sort();
     Outcome filter();
+    Outcome listMenu();
+    Outcome headerMenu();
     Outcome press();
+    Outcome focus();
+    Outcome choose();
     Outcome type();
     Outcome key();
     Outcome closeMessage();
@@ -93,6 +99,11 @@ private:
 
     Outcome pressKeyNamed(const std::string& name);
     Outcome chooseMenu(const std::string& path);
+    // Chooses from the open popup menu, or has `open` open it first.
+    Outcome choosePopup(const std::string& entry, const std::function<void()>& open);
+    // The control of the open dialog that the step's first argument names; null when it takes no
+    // input.
+    HWND dialogControl() const;
     // Takes the pane one action closer to where it should be.
     void movePane(HWND pane, const std::string& side);
     // Every few tries, for actions that take a moment to be seen.

@@ -34,7 +34,9 @@ std::string itemText(HMENU menu, int place) {
     GetMenuStringA(menu, static_cast<UINT>(place), text, sizeof text, MF_BYPOSITION);
     std::string name(text);
     std::erase(name, '&');
-    return name.substr(0, name.find('\t'));
+    name.erase(std::min(name.find('\t'), name.size()));
+    name.erase(name.find_last_not_of(' ') + 1);
+    return name;
 }
 
 int placeOf(HMENU menu, const std::string& name) {
@@ -167,6 +169,67 @@ CPlayDriver::Outcome CPlayDriver::doubleClick() {
     if (found < 0) return "there is no row " + argument() + ": " + shownIn(list);
     ui::doubleClickRow(list, found);
     return {};
+}
+
+CPlayDriver::Outcome CPlayDriver::listMenu() {
+    const HWND list = ui::mainList();
+    if (list == nullptr) return "the list is not shown";
+    return choosePopup(argument(), [list] { ui::contextClickRow(list, 0); });
+}
+
+CPlayDriver::Outcome CPlayDriver::headerMenu() {
+    const HWND list = ui::mainList();
+    const int column = ui::columnNamed(list, argument());
+    if (column < 0) return "there is no column " + argument();
+    return choosePopup(argument(1), [=] { ui::contextClickHeader(list, column); });
+}
+
+// By the keys: Down to the entry, which passes separators over, and Enter.
+CPlayDriver::Outcome CPlayDriver::choosePopup(const std::string& entry,
+                                              const std::function<void()>& open) {
+    const HWND popup = ui::openMenu();
+    if (popup == nullptr) {
+        if (isTimeToAct()) open();
+        return "no menu opens";
+    }
+    const auto menu = reinterpret_cast<HMENU>(SendMessageA(popup, MN_GETHMENU, 0, 0));
+    const int place = placeOf(menu, entry);
+    if (place < 0) fail("the menu has no \"" + entry + "\"");
+    for (int each = 0; each <= place; ++each)
+        if (GetMenuItemID(menu, each) != 0) ui::pressKey("Down", popup);
+    ui::pressKey("Enter", popup);
+    return {};
+}
+
+HWND CPlayDriver::dialogControl() const {
+    const HWND dialog = ui::openDialog();
+    const HWND control = dialog != nullptr ? GetDlgItem(dialog, number()) : nullptr;
+    return control != nullptr && IsWindowVisible(control) != 0 && IsWindowEnabled(control) != 0
+               ? control
+               : nullptr;
+}
+
+CPlayDriver::Outcome CPlayDriver::focus() {
+    const HWND control = dialogControl();
+    if (control == nullptr) return "no dialog with a control " + argument() + " that takes input";
+    SendMessageA(ui::openDialog(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+    return {};
+}
+
+CPlayDriver::Outcome CPlayDriver::choose() {
+    if (Outcome unreachable = focus(); !unreachable.empty()) return unreachable;
+    const HWND control = dialogControl();
+    if (ui::choose(control, argument(1))) return {};
+    return "expected an item \"" + argument(1) + "\", saw \"" + ui::shownText(control) + "\"";
+}
+
+CPlayDriver::Outcome CPlayDriver::controlText() {
+    const HWND dialog = ui::openDialog();
+    const HWND control = dialog != nullptr ? GetDlgItem(dialog, number()) : nullptr;
+    if (control == nullptr) return "no dialog with a control " + argument() + " is open";
+    const std::string text = ui::shownText(control);
+    if (text == argument(1)) return {};
+    return "expected \"" + argument(1) + "\", saw \"" + text + "\"";
 }
 
 CPlayDriver::Outcome CPlayDriver::press() {

@@ -29,6 +29,36 @@ POINT captionPoint(HWND window) {
     return {place.left + 60, place.top + 8};
 }
 
+HWND headerOf(HWND list) {
+    return reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
+}
+
+POINT captionPoint(HWND header, int column) {
+    RECT place{};
+    SendMessageA(header, HDM_GETITEMRECT, static_cast<WPARAM>(column),
+                 reinterpret_cast<LPARAM>(&place));
+    return {(place.left + place.right) / 2, place.top + 6};
+}
+
+// A little inside the row.
+POINT rowPoint(HWND list, int row) {
+    SendMessageA(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+    RECT place{};
+    place.left = LVIR_LABEL;
+    SendMessageA(list, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+    return {place.left + 8, (place.top + place.bottom) / 2};
+}
+
+struct ListKind {
+    const char* windowClass;
+    UINT setSelection;
+    WORD changed;
+};
+constexpr ListKind kListKinds[] = {
+    {WC_COMBOBOXA, CB_SETCURSEL, CBN_SELCHANGE},
+    {WC_LISTBOXA, LB_SETCURSEL, LBN_SELCHANGE},
+};
+
 struct NamedKey {
     std::string_view name;
     UINT key;
@@ -84,21 +114,44 @@ void alsoSelect(HWND list, int row) {
 }
 
 void clickCaption(HWND list, int column) {
-    const auto header = reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
-    RECT place{};
-    SendMessageA(header, HDM_GETITEMRECT, static_cast<WPARAM>(column),
-                 reinterpret_cast<LPARAM>(&place));
-    const LPARAM at = pointParameter({(place.left + place.right) / 2, place.top + 6});
+    const HWND header = headerOf(list);
+    const LPARAM at = pointParameter(captionPoint(header, column));
     PostMessageA(header, WM_LBUTTONDOWN, MK_LBUTTON, at);
     PostMessageA(header, WM_LBUTTONUP, 0, at);
 }
 
+void contextClickHeader(HWND list, int column) {
+    const HWND header = headerOf(list);
+    const LPARAM at = pointParameter(captionPoint(header, column));
+    PostMessageA(header, WM_RBUTTONDOWN, MK_RBUTTON, at);
+    PostMessageA(header, WM_RBUTTONUP, 0, at);
+}
+
+void contextClickRow(HWND list, int row) {
+    const LPARAM at = pointParameter(rowPoint(list, row));
+    PostMessageA(list, WM_RBUTTONDOWN, MK_RBUTTON, at);
+    PostMessageA(list, WM_RBUTTONUP, 0, at);
+}
+
+bool choose(HWND control, const std::string& item) {
+    const std::vector<std::string> items = itemsOf(control);
+    const auto found = std::ranges::find(items, item);
+    if (found == items.end()) return false;
+    const auto place = static_cast<WPARAM>(found - items.begin());
+    for (const ListKind& kind : kListKinds) {
+        if (classOf(control) != kind.windowClass) continue;
+        SendMessageA(control, kind.setSelection, place, 0);
+        const auto id = static_cast<WORD>(GetDlgCtrlID(control));
+        PostMessageA(GetParent(control), WM_COMMAND, MAKEWPARAM(id, kind.changed),
+                     reinterpret_cast<LPARAM>(control));
+        return true;
+    }
+    selectOnly(control, static_cast<int>(place));
+    return true;
+}
+
 void doubleClickRow(HWND list, int row) {
-    SendMessageA(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
-    RECT place{};
-    place.left = LVIR_LABEL;
-    SendMessageA(list, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
-    const LPARAM at = pointParameter({place.left + 8, (place.top + place.bottom) / 2});
+    const LPARAM at = pointParameter(rowPoint(list, row));
     PostMessageA(list, WM_LBUTTONDOWN, MK_LBUTTON, at);
     PostMessageA(list, WM_LBUTTONUP, 0, at);
     PostMessageA(list, WM_LBUTTONDBLCLK, MK_LBUTTON, at);

@@ -17,6 +17,12 @@ void click(HWND window);
 void selectOnly(HWND list, int row);
 void alsoSelect(HWND list, int row);
 void doubleClickRow(HWND list, int row);
+// A click with the right button on a row of a list, and on the caption of a column.
+void contextClickRow(HWND list, int row);
+void contextClickHeader(HWND list, int column);
+// Takes an item of a drop-down list, a list box or a list view, and tells the parent as the mouse
+// would. False when there is none with this text.
+bool choose(HWND control, const std::string& item);
 // A click on the caption of a list's column.
 void clickCaption(HWND list, int column);
 

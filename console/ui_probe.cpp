@@ -51,6 +51,28 @@ std::string withoutAmpersands(std::string text) {
     return text;
 }
 
+struct ItemMessages {
+    const char* windowClass;
+    UINT count, length, text;
+};
+constexpr ItemMessages kItemMessages[] = {
+    {WC_COMBOBOXA, CB_GETCOUNT, CB_GETLBTEXTLEN, CB_GETLBTEXT},
+    {WC_LISTBOXA, LB_GETCOUNT, LB_GETTEXTLEN, LB_GETTEXT},
+};
+
+std::vector<std::string> itemsOf(HWND control, const ItemMessages& messages) {
+    const auto count = SendMessageA(control, messages.count, 0, 0);
+    std::vector<std::string> items;
+    for (WPARAM place = 0; static_cast<LRESULT>(place) < count; ++place) {
+        const auto length = SendMessageA(control, messages.length, place, 0);
+        std::string item(static_cast<std::size_t>(std::max<LRESULT>(length, 0)) + 1, '\0');
+        SendMessageA(control, messages.text, place, reinterpret_cast<LPARAM>(item.data()));
+        item.pop_back();
+        items.push_back(std::move(item));
+    }
+    return items;
+}
+
 }  // namespace
 
 std::string classOf(HWND window) {
@@ -116,6 +138,24 @@ HWND findButton(const std::string& text) {
         return IsWindowEnabled(window) != 0 && classOf(window) == WC_BUTTONA &&
                withoutAmpersands(textOf(window)) == text;
     });
+}
+
+std::vector<std::string> itemsOf(HWND control) {
+    const std::string kind = classOf(control);
+    std::vector<std::string> items;
+    if (kind == WC_LISTVIEWA)
+        for (int row = 0; row < rowCount(control); ++row)
+            items.push_back(cellText(control, row, 0));
+    for (const ItemMessages& each : kItemMessages)
+        if (kind == each.windowClass) items = itemsOf(control, each);
+    return items;
+}
+
+std::string shownText(HWND control) {
+    if (classOf(control) != WC_LISTVIEWA && classOf(control) != WC_LISTBOXA) return textOf(control);
+    std::string text;
+    for (const std::string& item : itemsOf(control)) text += (text.empty() ? "" : ", ") + item;
+    return text;
 }
 
 int rowCount(HWND list) {

@@ -36,6 +36,12 @@ HWND openMenu();
 // The enabled button with the text, ampersands left out: in the open dialog, else in the pane.
 HWND findButton(const std::string& text);
 
+// The items of a drop-down list, a list box or a list view (its first cells), in order; none for
+// any other control.
+std::vector<std::string> itemsOf(HWND control);
+// What a control shows: its text, or the items of a list box or list view, with ", " between them.
+std::string shownText(HWND control);
+
 int rowCount(HWND list);
 std::string cellText(HWND list, int row, int column);
 // The column with the title; -1 when there is none.

@@ -1,5 +1,7 @@
 #include "framework/dialog.h"
 
+#include <algorithm>
+
 namespace fw {
 namespace {
 
@@ -13,6 +15,21 @@ BOOL CALLBACK collectEnabled(HWND window, LPARAM found) {
 HWND modalOwner() noexcept {
     const HWND active = GetActiveWindow();
     return active != nullptr ? GetAncestor(active, GA_ROOT) : nullptr;
+}
+
+// Moves a window to `place`, or as near to it as the work area of the monitor there allows. The
+// upper left corner is always in sight.
+void moveOnScreen(HWND window, RECT place) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    if (GetMonitorInfoA(MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &monitor) != 0) {
+        const RECT& room = monitor.rcWork;
+        const LONG x = std::max(std::min(0L, room.right - place.right), room.left - place.left);
+        const LONG y = std::max(std::min(0L, room.bottom - place.bottom), room.top - place.top);
+        OffsetRect(&place, x, y);
+    }
+    SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
+                 place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // Runs a modal window over `owner` and gives the focus back to where it was.
@@ -51,6 +68,25 @@ INT_PTR CDialog::run(UINT templateId, INT_PTR failed) {
                                dialogParameter());
     });
     return result == -1 ? failed : result;
+}
+
+void CDialog::centerOver(HWND window) {
+    RECT over{};
+    RECT place{};
+    GetWindowRect(window, &over);
+    GetWindowRect(handle(), &place);
+    const LONG width = place.right - place.left;
+    const LONG height = place.bottom - place.top;
+    const LONG left = (over.left + over.right - width) / 2;
+    const LONG top = (over.top + over.bottom - height) / 2;
+    moveOnScreen(handle(), {left, top, left + width, top + height});
+}
+
+void CDialog::setHeight(int pixels) {
+    RECT place{};
+    GetWindowRect(handle(), &place);
+    place.bottom = place.top + pixels;
+    moveOnScreen(handle(), place);
 }
 
 std::string CDialog::itemText(int id) const {

@@ -36,8 +36,14 @@ protected:
 
     void end(INT_PTR result) { EndDialog(handle(), result); }
 
+    // Puts the dialog over the middle of `window`, as far as its monitor has room.
+    void centerOver(HWND window);
+    // Gives the dialog another height; it stays on its monitor.
+    void setHeight(int pixels);
+
     HWND item(int id) const { return GetDlgItem(handle(), id); }
     std::string itemText(int id) const;
+    void setItemText(int id, const std::string& text) { SetWindowTextA(item(id), text.c_str()); }
 };
 
 }  // namespace fw

@@ -231,10 +231,11 @@ constexpr MessageEntry offer() {
             }};
 }
 
-// A menu command, an accelerator or a pressed button: handler().
-template <UINT id, auto handler>
+// A menu command, an accelerator or a pressed button: handler(). With a code, that notification of
+// a control only.
+template <UINT id, auto handler, UINT code = kAnyCode>
 constexpr MessageEntry onCommand() {
-    return {WM_COMMAND, id, kAnyCode, [](CWindow& window, WPARAM, LPARAM, LRESULT& result) {
+    return {WM_COMMAND, id, code, [](CWindow& window, WPARAM, LPARAM, LRESULT& result) {
                 return detail::answer(
                     [&]() -> decltype(auto) { return detail::bind<handler>(window)(); }, result);
             }};

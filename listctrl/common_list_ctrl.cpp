@@ -53,8 +53,10 @@ bool CCommonListCtrl::create(HWND parent, UINT id, std::string name, std::string
 
 // ---- Columns ----
 
-void CCommonListCtrl::setColumns(std::span<const sVoskColInfo> columns, DataReader reader) {
+void CCommonListCtrl::setColumns(std::span<const sVoskColInfo> columns, DataReader reader,
+                                 std::span<const ColumnId> mandatory) {
     m_columns.install(columns, scaled(USER_DEFAULT_SCREEN_DPI));
+    m_columns.setMandatory(mandatory);
     m_reader = std::move(reader);
     m_store.setCellReader(
         [this](const void* record, int column) { return readCell(record, column); });
@@ -69,11 +71,13 @@ void CCommonListCtrl::readProfile() {
         m_columns.apply(::readProfile(stored));
 }
 
-void CCommonListCtrl::saveColumnProfile() {
+bool CCommonListCtrl::saveColumnProfile() {
     std::string text = profileText(m_columns.profile());
-    if (text.size() > kLongestProfile ||  // it would come back cut
-        m_services.settings().AccessColumnProfile(SETTING_WRITE, m_name, text) == 0)
-        m_services.showMessage("Error while saving column profile");
+    if (text.size() <= kLongestProfile &&  // else it would come back cut
+        m_services.settings().AccessColumnProfile(SETTING_WRITE, m_name, text) != 0)
+        return true;
+    m_services.showMessage("Error while saving column profile");
+    return false;
 }
 
 void CCommonListCtrl::loadAllColumnProfiles() {
@@ -137,13 +141,16 @@ void CCommonListCtrl::compileExpressions() {
     m_toldInvalid.assign(m_columns.size(), false);
 }
 
-// A cell without a value stays empty. An invalid expression is told once, not once per row.
+// A cell without a value stays empty. An invalid expression is told once, not once per row; so is
+// one that refers to a column that was deleted.
 std::string_view CCommonListCtrl::computeCell(const void* record, std::size_t column) {
     m_computed.clear();
     if (!m_computedColumns || column >= m_computedColumns->columns()) return {};
     const auto fetch = [&](int data) { return CellFetch::Result(m_reader(record, data)); };
-    if (m_computedColumns->compute(column, fetch, m_computed) == CellOutcome::invalid &&
-        !m_toldInvalid[column]) {
+    const CellOutcome outcome = m_computedColumns->compute(column, fetch, m_computed);
+    if (!m_toldInvalid[column] &&
+        (outcome == CellOutcome::invalid ||
+         (outcome == CellOutcome::notFetched && !m_columns.isValid(toColumnId(column))))) {
         m_toldInvalid[column] = true;
         PostMessageA(handle(), kTellInvalid, 0, 0);
     }
@@ -256,6 +263,15 @@ void CCommonListCtrl::sortByColumn(ColumnId column, bool ascending) {
     storeChanged();
 }
 
+void CCommonListCtrl::endSorting() {
+    if (!m_sorting) return;
+    if (const auto place = m_columns.placeOf(m_sorting->column))
+        showSortImage(static_cast<int>(*place), kNoSortImage);
+    m_sorting.reset();
+    m_store.unsort();
+    storeChanged();
+}
+
 void CCommonListCtrl::showSortImage(int item, int image) {
     HDITEMA info{};
     info.mask = HDI_IMAGE | HDI_FORMAT;
@@ -363,6 +379,7 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::onNotify<0, HDN_ITEMCHANGEDA, &CCommonListCtrl::onHeaderItemChanged>(),
         fw::onNotify<0, HDN_ITEMCHANGEDW, &CCommonListCtrl::onHeaderItemChanged>(),
         fw::onNotify<0, static_cast<UINT>(NM_RCLICK), &CCommonListCtrl::onHeaderRightClick>(),
+        fw::onAnyCommand<&CCommonListCtrl::onMenuCommand>(),
         fw::on<WM_DRAWITEM, &CCommonListCtrl::onDrawItem>(),
         fw::on<WM_GETDLGCODE, &CCommonListCtrl::onGetDialogCode>(),
         fw::on<WM_LBUTTONDOWN, &CCommonListCtrl::onButtonDown>(),

@@ -13,6 +13,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,6 +30,7 @@
 #include "listctrl/model/list_commands.h"
 #include "listctrl/model/record_store.h"
 #include "listctrl/model/selection_rules.h"
+#include "settings/model/column_choice.h"
 
 // How a cell differs from the others of its row.
 struct CellLook {
@@ -52,7 +54,12 @@ public:
     bool create(HWND parent, UINT id, std::string name, std::string title);
 
     // Installs the columns, with the stored profile where there is one, and what reads their cells.
-    void setColumns(std::span<const sVoskColInfo> columns, DataReader reader);
+    // Mandatory columns cannot be hidden.
+    void setColumns(std::span<const sVoskColInfo> columns, DataReader reader,
+                    std::span<const ColumnId> mandatory = {});
+
+    // What the header menu offers for the columns; nothing before.
+    void offerColumns(bool defaultSort, bool userColumns);
 
     ColumnModel& columns() { return m_columns; }
     const ColumnModel& columns() const { return m_columns; }
@@ -71,8 +78,8 @@ public:
     // What the menus and keys do.
     void command(unsigned command);
 
-    // Stores the column profile; a failure is shown.
-    void saveColumnProfile();
+    // Stores the column profile. A failure is shown, and false.
+    bool saveColumnProfile();
     // Reads the profile of every list there is anew.
     static void loadAllColumnProfiles();
 
@@ -98,6 +105,9 @@ protected:
     virtual bool runCommand(unsigned command);
     void showMenu(const std::vector<ListMenuEntry>& entries);
     virtual void onHeaderRightClick(NMHDR& header);
+    // A user-defined column went, and the ids behind it moved down (idAfterRemoval); the header is
+    // built anew after this.
+    virtual void columnRemoved(ColumnId removed);
     // The header has new items, or items of another width.
     virtual void headerBuilt() { m_tips.follow(header()); }
     // A column of the control is one of the shown columns.
@@ -132,6 +142,7 @@ private:
     LRESULT onGetDialogCode(const MSG* message);
     void onHeaderClick(NMLISTVIEW& click);
     LRESULT onHeaderItemChanged(NMHEADERA& info);
+    LRESULT onMenuCommand(UINT command, UINT code);
     void onRightClick(NMHDR&) { showMenu(itemMenu(offers())); }
     LRESULT onDrawItem(const DRAWITEMSTRUCT& draw);
     void onSystemChanged() { InvalidateRect(handle(), nullptr, TRUE); }
@@ -159,7 +170,20 @@ private:
     void onTellInvalid() { m_services.showMessage(kInvalidExpression); }
     std::optional<std::size_t> rowAt(POINT client) const;
     bool navigate(UINT key);
+    void endSorting();
     void showSortImage(int item, int image);
+    // Commands
+    struct Command;
+    static const Command kCommands[];
+    template <unsigned command>
+    void fit() {
+        fitColumns(command);
+    }
+    void selectAll();
+    void reposition();
+    void applyLayout(const ColumnLayout& layout);
+    void addUserColumn();
+    void deleteUserColumn();
     void fitColumns(unsigned command);
     int dataWidth(ColumnId column) const;
     void copySelected();
@@ -180,6 +204,10 @@ private:
     std::string m_name;
     std::string m_title;
     std::optional<Sorting> m_sorting;
+    std::optional<DefaultSort> m_defaultSort;  // in force again with every applied layout
+    ListOffers m_columnOffers;
+    // Ends with the list. A dialog of the list can outlive it, as can what waits for its end.
+    std::shared_ptr<const bool> m_life = std::make_shared<const bool>(true);
     std::optional<ComputedColumns> m_computedColumns;
     std::string m_computed;           // the cell computed last
     std::vector<bool> m_toldInvalid;  // by column: the checker has been told of its expression

@@ -28,6 +28,7 @@ void CFilterListCtrl::headerBuilt() {
         m_header.attach(header(), font, services().glyphs());
     }
     if (m_boxColumns == columns().shown()) return m_header.layOutBoxes();
+    const bool first = m_boxColumns.empty();
     m_boxColumns = columns().shown();
     std::vector<std::string> texts;
     for (const ColumnId column : m_boxColumns)
@@ -37,6 +38,21 @@ void CFilterListCtrl::headerBuilt() {
     const RECT client = clientRect();
     SendMessageA(handle(), WM_SIZE, SIZE_RESTORED, MAKELPARAM(client.right, client.bottom));
     m_header.layOutBoxes();
+    if (!first)
+        applyFilter();  // the filter of a column that went, or was hidden, ends with its box
+}
+
+void CFilterListCtrl::columnRemoved(ColumnId removed) {
+    CCommonListCtrl::columnRemoved(removed);
+    std::vector<int> columns;
+    std::vector<std::string> texts;
+    for (const int column : store().filterColumns()) {
+        const auto id = idAfterRemoval(ColumnId{column}, removed);
+        if (!id) continue;
+        columns.push_back(static_cast<int>(*id));
+        texts.emplace_back(store().filterText(column));
+    }
+    store().setFilters(std::move(columns), std::move(texts));
 }
 
 void CFilterListCtrl::applyFilter() {

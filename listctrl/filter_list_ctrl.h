@@ -25,6 +25,7 @@ protected:
     ListOffers offers() const override;
     bool runCommand(unsigned command) override;
     void headerBuilt() override;
+    void columnRemoved(ColumnId removed) override;
 
 private:
     DistinctValues filterChoices(int item) override;

@@ -7,9 +7,10 @@
 #include "listctrl/model/fit_columns.h"
 
 ListOffers CCommonListCtrl::offers() const {
-    ListOffers offers;
+    ListOffers offers = m_columnOffers;
     offers.exportAllowed = m_services.mayExport();
     offers.exportEnabled = m_exportEnabled;
+    offers.hasUserColumns = m_columns.size() > m_columns.dataSize();
     return offers;
 }
 
@@ -36,29 +37,40 @@ void CCommonListCtrl::command(unsigned command) {
     runCommand(command);
 }
 
+struct CCommonListCtrl::Command {
+    unsigned id;
+    void (CCommonListCtrl::*run)();
+};
+
+constexpr CCommonListCtrl::Command CCommonListCtrl::kCommands[] = {
+    {kFitToDataCommand, &CCommonListCtrl::fit<kFitToDataCommand>},
+    {kFitToHeaderCommand, &CCommonListCtrl::fit<kFitToHeaderCommand>},
+    {kFitToWindowCommand, &CCommonListCtrl::fit<kFitToWindowCommand>},
+    {kRepositionCommand, &CCommonListCtrl::reposition},
+    {kExportCommand, &CCommonListCtrl::exportAll},
+    {kGridLinesCommand, &CCommonListCtrl::toggleGridLines},
+    {kCopyCommand, &CCommonListCtrl::copySelected},
+    {kAddColumnCommand, &CCommonListCtrl::addUserColumn},
+    {kDeleteColumnCommand, &CCommonListCtrl::deleteUserColumn},
+    {kSelectAllCommand, &CCommonListCtrl::selectAll},
+};
+
 bool CCommonListCtrl::runCommand(unsigned command) {
-    switch (command) {
-        case kFitToDataCommand:
-        case kFitToHeaderCommand:
-        case kFitToWindowCommand:
-            fitColumns(command);
-            return true;
-        case kExportCommand:
-            exportAll();
-            return true;
-        case kGridLinesCommand:
-            toggleGridLines();
-            return true;
-        case kCopyCommand:
-            copySelected();
-            return true;
-        case kSelectAllCommand:
-            m_rules.selectAll();
-            storeChanged();
-            return true;
-        default:
-            return false;
-    }
+    const auto* found = std::ranges::find(kCommands, command, &Command::id);
+    if (found == std::end(kCommands)) return false;
+    (this->*found->run)();
+    return true;
+}
+
+// Code 0 is a menu's; others come from children of the list.
+LRESULT CCommonListCtrl::onMenuCommand(UINT command, UINT code) {
+    if (code == 0) runCommand(command);
+    return 0;
+}
+
+void CCommonListCtrl::selectAll() {
+    m_rules.selectAll();
+    storeChanged();
 }
 
 void CCommonListCtrl::fitColumns(unsigned command) {

@@ -17,7 +17,9 @@ public:
         : CFilterListCtrl(services, lines.rows()), m_lines(lines) {}
 
     // Installs the columns Field, Value and Old Value. Call after create().
-    void setDetailColumns() { setColumns(kDetailColumns, LineGroups::text); }
+    void setDetailColumns() {
+        setColumns(kDetailColumns, LineGroups::text, kMandatoryDetailColumns);
+    }
 
     // Shows groups behind those on show; their number of lines is one more than that of their rows.
     void append(std::vector<DetailGroup> groups);

@@ -51,11 +51,16 @@ LRESULT CMakerChecker::onInitDialog() {
     detailsList->create(m_holder.handle(), IDC_DETAILS_LIST, "Maker Checker Details List",
                         "Maker Checker Details");
     m_holder.setViews(mainList->handle(), detailsList->handle());
-    mainList->setColumns(kMainColumns, [](const void* record, int column) {
-        return mainCellText(*static_cast<const PendingChanges::Entry*>(record), column);
-    });
+    mainList->setColumns(
+        kMainColumns,
+        [](const void* record, int column) {
+            return mainCellText(*static_cast<const PendingChanges::Entry*>(record), column);
+        },
+        kMandatoryMainColumns);
+    mainList->offerColumns(true, true);
     mainList->storeChanged();
     detailsList->setDetailColumns();
+    detailsList->offerColumns(false, false);
     detailsList->setBackground(RGB(255, 255, 255));
     detailsList->setAllowedCharacters(kAllowedInValues);
     detailsList->setChoices({"E", "D"});

@@ -10,7 +10,11 @@
 //   double-click ROW
 //   sort "column"                   a click on the caption
 //   filter "column" "text"          types into the filter box and presses Enter
+//   list menu "Customize"           an entry of the main list's menu, by a right click on a row
+//   header menu "column" "entry"    and of its header's menu, by one on the caption
 //   press "Accept"                  the button with this text
+//   focus ID                        the control of the open dialog with this id
+//   choose ID "item"                an item of the dialog's drop-down, list box or list
 //   type "text"                     into the control that has the focus
 //   key Ctrl+C                      Enter, Esc, Tab, Space, arrows, F1 to F12, letters, digits ...
 //   close message                   the open message box
@@ -20,6 +24,7 @@
 //   expect log "line"               the whole line
 //   expect no log "line"
 //   expect message "text"
+//   expect text ID "text"           what the dialog's control shows; a list its first cells
 //   submit next | submit all        from the scenario
 //   submit storm N
 //   decide ROW accepted|rejected    as another checker
@@ -52,7 +57,11 @@ enum class PlayVerb {
     doubleClick,
     sort,
     filter,
+    listMenu,
+    headerMenu,
     press,
+    focus,
+    choose,
     type,
     key,
     closeMessage,
@@ -62,6 +71,7 @@ enum class PlayVerb {
     expectLog,
     expectNoLog,
     expectMessage,
+    expectText,
     submitNext,
     submitAll,
     submitStorm,

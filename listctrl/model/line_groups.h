@@ -24,6 +24,9 @@ inline constexpr sVoskColInfo kDetailColumns[] = {
 inline constexpr ColumnId kFieldColumn{0};
 inline constexpr ColumnId kValueColumn{1};
 
+// A value is never on show without its name, nor a name without its value.
+inline constexpr ColumnId kMandatoryDetailColumns[] = {kFieldColumn, kValueColumn};
+
 // Whether both values are there and differ. Two numbers are compared as numbers: "1500" is no
 // change from "1500.00".
 bool valueChanged(const sMCListStruct& row);

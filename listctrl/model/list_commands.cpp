@@ -19,6 +19,9 @@ bool customizeOffered(const ListOffers& offers) {
 bool exportAllowed(const ListOffers& offers) {
     return offers.exportAllowed;
 }
+bool userColumnsOffered(const ListOffers& offers) {
+    return offers.userColumns;
+}
 bool isFilterList(const ListOffers& offers) {
     return offers.filters;
 }
@@ -48,14 +51,20 @@ constexpr MenuLine kHeaderMenu[] = {
     {kResetFiltersCommand, "Reset Filters", isFilterList},
     {kMatchExactlyCommand, "Match Filter Exactly", isFilterList},
     {0, {}, isFilterList},
+    {kAddColumnCommand, "Add Custom Column...", userColumnsOffered},
+    {kDeleteColumnCommand, "Delete Custom Column...", userColumnsOffered},
 };
+
+bool isGreyed(unsigned command, const ListOffers& offers) {
+    return (command == kExportCommand && !offers.exportEnabled) ||
+           (command == kDeleteColumnCommand && !offers.hasUserColumns);
+}
 
 std::vector<ListMenuEntry> menu(std::span<const MenuLine> lines, const ListOffers& offers) {
     std::vector<ListMenuEntry> entries;
     for (const MenuLine& line : lines) {
         if (!line.offered(offers)) continue;
-        entries.push_back({line.command, line.text,
-                           line.command == kExportCommand && !offers.exportEnabled,
+        entries.push_back({line.command, line.text, isGreyed(line.command, offers),
                            line.command == kMatchExactlyCommand && offers.matchExactly});
     }
     return entries;

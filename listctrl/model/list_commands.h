@@ -14,18 +14,23 @@ enum ListCommand : unsigned {
     kGridLinesCommand = 4008,
     kCustomizeCommand = 4009,
     kCopyCommand = 4010,
+    kAddColumnCommand = 4011,
+    kDeleteColumnCommand = 4012,
     kResetFiltersCommand = 33078,
     kSelectAllCommand = 1,  // by key only
 };
 
 // What a list offers at the moment.
 struct ListOffers {
-    bool reposition = false;     // columns can be repositioned
-    bool customize = false;      // the appearance can be customised
-    bool exportAllowed = false;  // the host lets lists be exported and copied
-    bool exportEnabled = true;   // the list's own flag: off greys the entry
-    bool filters = false;        // a filter list
-    bool matchExactly = false;   // its option is on
+    bool reposition = false;      // columns can be repositioned
+    bool defaultSort = false;     // and the dialog for that has a default sort to choose
+    bool userColumns = false;     // the user can define columns
+    bool hasUserColumns = false;  // and has defined some
+    bool customize = false;       // the appearance can be customised
+    bool exportAllowed = false;   // the host lets lists be exported and copied
+    bool exportEnabled = true;    // the list's own flag: off greys the entry
+    bool filters = false;         // a filter list
+    bool matchExactly = false;    // its option is on
 };
 
 // The text is a literal, zero-terminated; a separator has none.

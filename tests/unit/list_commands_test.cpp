@@ -28,6 +28,12 @@ TEST(ListMenus, OfferWhatTheListAndTheHostAllow) {
                                      {kResetFiltersCommand, "Reset Filters"},
                                      {kMatchExactlyCommand, "Match Filter Exactly", false, true},
                                      kSeparator}));
+    ListOffers userColumns;
+    userColumns.userColumns = true;
+    EXPECT_EQ(headerMenu(userColumns).at(4),
+              (ListMenuEntry{kDeleteColumnCommand, "Delete Custom Column...", true}));
+    userColumns.hasUserColumns = true;
+    EXPECT_FALSE(headerMenu(userColumns).at(4).greyed);
     EXPECT_EQ(headerMenu({}), (Menu{{kFitToDataCommand, "Fit To Data"},
                                     {kFitToHeaderCommand, "Fit to Header"},
                                     {kFitToWindowCommand, "Fit to Window"}}));

@@ -1,6 +1,5 @@
 // The main list as a checker uses it: sorting, filtering, selecting, copying, exporting, fitting.
 #include <gtest/gtest.h>
-#include <shlobj.h>
 
 #include <cstdlib>
 
@@ -263,28 +262,6 @@ TEST_F(List, GridLinesComeAndGo) {
     keyWith('G', {VK_SHIFT});
     EXPECT_FALSE(grid());
 }
-
-// Puts a profile of the main list into the settings file for a scope.
-class StoredProfile {
-public:
-    explicit StoredProfile(const char* text) {
-        char folder[MAX_PATH]{};
-        SHGetSpecialFolderPathA(nullptr, folder, CSIDL_APPDATA, TRUE);
-        std::string path = std::string(folder) + "\\Ostravine";
-        CreateDirectoryA(path.c_str(), nullptr);
-        CreateDirectoryA((path += "\\VoskTrader").c_str(), nullptr);
-        m_file = path + "\\UserSetting.ini";
-        WritePrivateProfileStringA(kList, kKey, text, m_file.c_str());
-    }
-    ~StoredProfile() { WritePrivateProfileStringA(kList, kKey, nullptr, m_file.c_str()); }
-    StoredProfile(const StoredProfile&) = delete;
-    StoredProfile& operator=(const StoredProfile&) = delete;
-
-private:
-    static constexpr char kList[] = "Maker checker List";
-    static constexpr char kKey[] = "COLUMNPROFILE";
-    std::string m_file;
-};
 
 TEST(ListProfile, BringsColumnsBackWithWhatTheUserDefined) {
     const StoredProfile stored(

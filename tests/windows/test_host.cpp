@@ -1,5 +1,7 @@
 #include "tests/windows/test_host.h"
 
+#include <shlobj.h>
+
 #include <gtest/gtest.h>
 
 #include "sdk/connectvosk.h"
@@ -217,6 +219,39 @@ LRESULT CALLBACK DialogTrap::hookProc(int code, WPARAM wParam, LPARAM lParam) {
         PostMessageA(window, WM_COMMAND, static_cast<WPARAM>(theTrap->pressed), 0);
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+namespace {
+constexpr char kMainListName[] = "Maker checker List";
+constexpr char kProfileKey[] = "COLUMNPROFILE";
+}  // namespace
+
+StoredProfile::StoredProfile(const char* text) {
+    char folder[MAX_PATH]{};
+    SHGetSpecialFolderPathA(nullptr, folder, CSIDL_APPDATA, TRUE);
+    std::string path = std::string(folder) + "\\Ostravine";
+    CreateDirectoryA(path.c_str(), nullptr);
+    CreateDirectoryA((path += "\\VoskTrader").c_str(), nullptr);
+    m_file = path + "\\UserSetting.ini";
+    WritePrivateProfileStringA(kMainListName, kProfileKey, text, m_file.c_str());
+}
+
+StoredProfile::~StoredProfile() {
+    hold(false);
+    WritePrivateProfileStringA(kMainListName, kProfileKey, nullptr, m_file.c_str());
+}
+
+std::string StoredProfile::text() const {
+    char text[4096]{};
+    GetPrivateProfileStringA(kMainListName, kProfileKey, "", text, sizeof text, m_file.c_str());
+    return text;
+}
+
+void StoredProfile::hold(bool on) {
+    if (m_held != INVALID_HANDLE_VALUE) CloseHandle(m_held);
+    m_held = on ? CreateFileA(m_file.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
+                              0, nullptr)
+                : INVALID_HANDLE_VALUE;
 }
 
 void pump() {

@@ -117,6 +117,24 @@ private:
     HHOOK m_hook;
 };
 
+// Puts a profile of the main list into the settings file, or takes it out, for a scope.
+class StoredProfile {
+public:
+    explicit StoredProfile(const char* text = nullptr);
+    ~StoredProfile();
+    StoredProfile(const StoredProfile&) = delete;
+    StoredProfile& operator=(const StoredProfile&) = delete;
+
+    std::string text() const;  // as it is stored now; empty: none
+    // Holds the settings file open, as another program does, so that nobody can write it; or no
+    // longer.
+    void hold(bool on);
+
+private:
+    std::string m_file;
+    HANDLE m_held = INVALID_HANDLE_VALUE;
+};
+
 // Dispatches until the queue is empty.
 void pump();
 

@@ -16,6 +16,9 @@ inline constexpr std::array<sVoskColInfo, 6> kMainColumns{{
     {"Broker", 75, 1, ColumnType::text},
 }};
 
+// Whose change it is and its key: a decision is always about an identified change.
+inline constexpr std::array kMandatoryMainColumns{ColumnId{0}, ColumnId{2}};
+
 // A cell is shown from a buffer of this many bytes, its end mark included.
 inline constexpr std::size_t kCellBytes = 256;
 

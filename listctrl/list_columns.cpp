@@ -1,0 +1,66 @@
+// The dialogs of CCommonListCtrl's columns: the column profile, adding and deleting a column.
+//
+// Messages come in while a dialog is open, so that the list may be gone when it returns.
+#include "listctrl/common_list_ctrl.h"
+#include "settings/reposition_columns.h"
+#include "settings/user_defined_col.h"
+
+void CCommonListCtrl::offerColumns(bool defaultSort, bool userColumns) {
+    m_columnOffers.reposition = true;
+    m_columnOffers.defaultSort = defaultSort;
+    m_columnOffers.userColumns = userColumns;
+}
+
+void CCommonListCtrl::reposition() {
+    const std::weak_ptr life = m_life;
+    const ColumnProfileActions actions{
+        [this, life](const ColumnLayout& layout) {
+            if (!life.expired()) applyLayout(layout);
+        },
+        [this, life] { return life.expired() || saveColumnProfile(); }};
+    repositionColumns(handle(), m_columns, m_defaultSort, m_columnOffers.defaultSort, actions);
+}
+
+void CCommonListCtrl::applyLayout(const ColumnLayout& layout) {
+    if (layout.ownWidths) m_columns.reset();
+    m_columns.show(layout.shown);
+    if (m_defaultSort && !layout.sort) endSorting();
+    m_defaultSort = layout.sort;
+    if (m_defaultSort)
+        m_sorting = Sorting{m_defaultSort->column, m_defaultSort->ascending ? -1 : 1};
+    columnsChanged();
+}
+
+// The profile is stored at once: a column stays until the user deletes it.
+void CCommonListCtrl::addUserColumn() {
+    const std::weak_ptr life = m_life;
+    const auto column = askNewColumn(handle(), m_title, m_columns);
+    if (!column || life.expired() || !m_columns.add(*column)) return;
+    columnsChanged();
+    saveColumnProfile();
+}
+
+void CCommonListCtrl::deleteUserColumn() {
+    const std::weak_ptr life = m_life;
+    const auto column = askColumnToDelete(handle(), m_title, m_columns);
+    if (!column || life.expired() || !m_columns.remove(*column)) return;
+    columnRemoved(*column);
+    columnsChanged();
+    saveColumnProfile();
+}
+
+void CCommonListCtrl::columnRemoved(ColumnId removed) {
+    m_store.columnChanged(static_cast<int>(m_columns.size()));  // nobody has the last id any more
+    if (m_sorting) {
+        const auto id = idAfterRemoval(m_sorting->column, removed);
+        if (id)
+            m_sorting->column = *id;
+        else
+            endSorting();
+    }
+    if (m_defaultSort) {
+        const auto id = idAfterRemoval(m_defaultSort->column, removed);
+        m_defaultSort =
+            id ? std::optional(DefaultSort{*id, m_defaultSort->ascending}) : std::nullopt;
+    }
+}

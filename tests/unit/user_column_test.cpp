@@ -1,0 +1,128 @@
+#include "settings/model/user_column.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+ColumnModel limits() {
+    static constexpr sVoskColInfo columns[] = {{"Key", 75, 1, ColumnType::longInteger},
+                                               {"Limit", 75, 1, ColumnType::number},
+                                               {"Time", 75, 1, ColumnType::dateTime},
+                                               {"Branch", 75, 1, ColumnType::text}};
+    ColumnModel model;
+    model.install(columns);
+    model.add({"Twice", "2*\"1\"", "2 * \"Limit\""});
+    return model;
+}
+
+TEST(UserColumn, OffersEveryColumnThatCanHoldNumbers) {
+    EXPECT_EQ(columnsForExpressions(limits()),
+              (std::vector<ColumnId>{ColumnId{0}, ColumnId{1}, ColumnId{3}, ColumnId{4}}));
+    EXPECT_EQ(userDefinedColumns(limits()), std::vector<ColumnId>{ColumnId{4}});
+}
+
+TEST(UserColumn, ColumnsNeedCaptionsOfTheirOwn) {
+    EXPECT_TRUE(canDefineColumns(limits()));
+    EXPECT_FALSE(canDefineColumns({}));
+    static constexpr sVoskColInfo twins[] = {{"A", 75, 1, ColumnType::text},
+                                             {"A", 75, 1, ColumnType::text}};
+    ColumnModel model;
+    model.install(twins);
+    EXPECT_FALSE(canDefineColumns(model));
+}
+
+TEST(UserColumn, ButtonsAppendToBothTexts) {
+    const struct {
+        const char *displayed, *internal, *displayedAlone, *internalAlone;
+    } expected[] = {
+        {"\"Limit\" + ", " \"1\"+", "+", " +"},       {"\"Limit\" - ", " \"1\"-", "-", " -"},
+        {"\"Limit\" * ", " \"1\"*", "*", " *"},       {"\"Limit\" / ", " \"1\"/", "/", " /"},
+        {"\"Limit\" ( ", " \"1\"(", "(", " ("},       {"\"Limit\" ) ", " \"1\")", ")", " )"},
+        {"\"Limit\" ^ 2 ", " \"1\"^2", "^ 2", " ^2"}, {"\"Limit\" ^ ", " \"1\"^", "^", " ^"},
+    };
+    const ColumnModel columns = limits();
+    for (std::size_t i = 0; i < std::size(expected); ++i) {
+        std::string text, alone;
+        EXPECT_STREQ(pressButton(kExpressionButtons[i], false, {}, columns, text),
+                     "Please select a Column Name");
+        EXPECT_EQ(text, "");
+        EXPECT_EQ(pressButton(kExpressionButtons[i], false, ColumnId{1}, columns, text), nullptr);
+        EXPECT_EQ(pressButton(kExpressionButtons[i], true, {}, columns, alone), nullptr);
+        EXPECT_EQ(text, expected[i].displayed);
+        EXPECT_EQ(internalExpression(text, columns), expected[i].internal);
+        EXPECT_EQ(alone, expected[i].displayedAlone);
+        EXPECT_EQ(internalExpression(alone, columns), expected[i].internalAlone);
+    }
+    std::string text("2 * ");
+    EXPECT_STREQ(insertColumn({}, columns, text), "No column is selected");
+    EXPECT_EQ(insertColumn(ColumnId{4}, columns, text), nullptr);
+    EXPECT_EQ(text, "2 * \"Twice\"");
+    EXPECT_EQ(internalExpression(text, columns), " 2*\"4\"");
+}
+
+TEST(UserColumn, WhatIsTypedIsReadAsShown) {
+    ColumnModel columns = limits();
+    columns.add({"A\"B", "1", ""});  // a caption may hold a quote
+    const struct {
+        const char *displayed, *internal;
+    } cases[] = {
+        {"", " "},
+        {" \t\r\n ", " "},
+        {"2 3", " 2 3"},                  // not 23
+        {"\"Key\" * - 2", " \"0\"* -2"},  // not *-, which is no operator
+        {"( 1 + 2 ) * 3", " (1+2)*3"},
+        {"\"A\"B\" + 1", " \"5\"+1"},
+        {"\"Nobody\" + 1", " \"-1\"+1"},
+        {"1 + \"Key", " 1+\"-1\""},  // not closed
+        {"\"\"", " \"-1\""},
+        {"\"", " \"-1\""},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(internalExpression(each.displayed, columns), each.internal) << each.displayed;
+}
+
+TEST(UserColumn, ChecksInTheirOrder) {
+    constexpr char kInvalid[] = "Invalid Expression, Please check the expression again";
+    constexpr char kReserved[] =
+        "\"#,\" are not allowed as a custom column name , please choose a different name";
+    const struct {
+        const char *name, *displayed, *message;
+    } cases[] = {
+        {"  ", "", "Please Enter the column Name"},
+        {"a#b", "", kReserved},
+        {"a,b", "", kReserved},
+        {"Sum", "  ", "Column Expression is empty, please enter an expression to add a column"},
+        {"Key", "\"Nobody\"", kInvalid},  // before the name that is taken
+        {"Sum", "\"Key\" +", kInvalid},
+        {"Sum", "(\"Key\"", kInvalid},
+        {"Sum", "\"Key\" ( ", kInvalid},
+        {"Sum", "\"Key\"\"Limit\"", kInvalid},  // cells would run together
+        {"Sum", "\"Key\" 2", kInvalid},
+        {"Sum", "2\"Key\"", kInvalid},
+        {"Sum", "1 # 2", kInvalid},
+        {"Sum", "1, 2", kInvalid},
+        {"Sum", "\"Key", kInvalid},
+        {"Key", "\"Key\"", "This column name already present,Please choose different column Name"},
+        {"key", "\"Key\"", nullptr},  // captions are told apart byte by byte
+        {"Sum", "-\"Key\" + (\"Limit\" * 2) ^ 2", nullptr},
+        {"Sum", "7 % \"Key\"", nullptr},  // no position is a zero that cannot divide
+        {"Sum", "2 * - \"Key\"", nullptr},
+    };
+    for (const auto& each : cases) {
+        ColumnModel columns = limits();
+        const auto made = newUserColumn(each.name, each.displayed, columns);
+        const auto* message = std::get_if<const char*>(&made);
+        EXPECT_STREQ(message != nullptr ? *message : nullptr, each.message) << each.displayed;
+        if (message == nullptr) {
+            EXPECT_TRUE(columns.add(std::get<UserDefinedColumn>(made)));
+        }
+    }
+}
+
+TEST(UserColumn, IsMadeWithoutTheBlanksAroundIt) {
+    const auto made = newUserColumn("  Sum  ", " \"Key\" + \"Limit\" ", limits());
+    EXPECT_EQ(std::get<UserDefinedColumn>(made),
+              (UserDefinedColumn{"Sum", " \"0\"+\"1\"", "\"Key\" + \"Limit\""}));
+}
+
+}  // namespace

@@ -1,0 +1,352 @@
+// The columns of a list as a checker makes them: the column profile dialog, and the dialogs that
+// add and delete a column, with what they leave in the list and in the settings file.
+#include <gtest/gtest.h>
+
+#include "listctrl/model/list_commands.h"
+#include "res/resource_ids.h"
+#include "tests/windows/test_host.h"
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+constexpr char kAllColumns[] = "0,0,75,1,1,75,2,2,75,3,3,75,4,4,75,5,5,75";
+
+Texts captions() {
+    const auto header = reinterpret_cast<HWND>(SendMessageA(mainList(), LVM_GETHEADER, 0, 0));
+    const auto count = SendMessageA(header, HDM_GETITEMCOUNT, 0, 0);
+    Texts texts;
+    for (WPARAM item = 0; static_cast<LRESULT>(item) < count; ++item) {
+        char text[64]{};
+        HDITEMA info{};
+        info.mask = HDI_TEXT;
+        info.pszText = text;
+        info.cchTextMax = sizeof text;
+        SendMessageA(header, HDM_GETITEMA, item, reinterpret_cast<LPARAM>(&info));
+        texts.emplace_back(text);
+    }
+    return texts;
+}
+
+Texts column(int column) {
+    Texts texts;
+    for (int row = 0; row < rowCount(mainList()); ++row)
+        texts.push_back(rowTexts(mainList(), row, column + 1).back());
+    return texts;
+}
+
+// Runs a command of a list, does `work` with its dialog, and cancels that if it is still open.
+// Gives the texts of the message boxes.
+Texts inDialog(unsigned command, const std::function<void(HWND)>& work, HWND list = mainList()) {
+    bool worked = false;
+    DialogTrap boxes([&](HWND dialog) {
+        if (!worked) work((worked = true, dialog));
+    });
+    boxes.pressed = IDCANCEL;
+    SendMessageA(list, WM_COMMAND, command, 0);
+    pump();
+    EXPECT_TRUE(worked);
+    if (worked) boxes.texts.erase(boxes.texts.begin());
+    return boxes.texts;
+}
+
+void click(HWND dialog, int id) {
+    SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, id)));
+}
+
+void set(HWND dialog, int id, const char* text) {
+    SetWindowTextA(GetDlgItem(dialog, id), text);
+}
+
+std::string textOf(HWND dialog, int id) {
+    char text[512]{};
+    GetWindowTextA(GetDlgItem(dialog, id), text, sizeof text);
+    return text;
+}
+
+void selectEntry(HWND dialog, int id, const char* text) {
+    SendMessageA(GetDlgItem(dialog, id), LB_SELECTSTRING, static_cast<WPARAM>(-1),
+                 reinterpret_cast<LPARAM>(text));
+    SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(id, LBN_SELCHANGE), 0);
+}
+
+// The names in one of the lists of the profile dialog.
+Texts names(HWND dialog, int id) {
+    Texts texts;
+    const HWND list = GetDlgItem(dialog, id);
+    for (int row = 0; row < rowCount(list); ++row) texts.push_back(rowTexts(list, row, 1)[0]);
+    return texts;
+}
+
+// Three changes.
+class Columns : public testing::Test {
+protected:
+    Columns() { start(); }
+    void start() {
+        open.reset();
+        open = std::make_unique<OpenWorkbench>();
+        for (const char* key : {"30", "4", "100"})
+            open->plugin.publish(pending(key, "340", {{31003, std::string("U") + key}}));
+    }
+    void addColumn(const char* name, const char* expression) {
+        EXPECT_EQ(inDialog(kAddColumnCommand,
+                           [&](HWND dialog) {
+                               set(dialog, IDC_UC_NAME, name);
+                               set(dialog, IDC_UC_EXPRESSION, expression);
+                               click(dialog, IDOK);
+                           }),
+                  Texts{});
+    }
+
+    StoredProfile stored;
+    std::unique_ptr<OpenWorkbench> open;
+};
+
+TEST_F(Columns, AnAddedColumnIsComputedStoredAndBackAfterARestart) {
+    const auto messages = inDialog(kAddColumnCommand, [](HWND dialog) {
+        EXPECT_EQ(textOf(dialog, IDOK), "Add");
+        click(dialog, IDC_UC_TIMES);
+        set(dialog, IDC_UC_EXPRESSION, "2 * ");
+        selectEntry(dialog, IDC_UC_COLUMNS, "Key");
+        click(dialog, IDC_UC_END);
+        click(dialog, IDOK);  // no name
+        set(dialog, IDC_UC_NAME, "Twice");
+        EXPECT_EQ(textOf(dialog, IDC_UC_EXPRESSION), "2 * \"Key\"");
+        click(dialog, IDOK);
+    });
+    EXPECT_EQ(messages, (Texts{"Please select a Column Name", "Please Enter the column Name"}));
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(captions().back(), "Twice");
+        EXPECT_EQ(column(6), (Texts{"60.00", "8.00", "200.00"}));
+        EXPECT_EQ(SendMessageA(mainList(), LVM_GETCOLUMNWIDTH, 6, 0), 100);
+        EXPECT_EQ(stored.text(), std::string(kAllColumns) + ",6,6,100,Twice# 2*\"2\"#2 * \"Key\"");
+        start();
+    }
+}
+
+TEST_F(Columns, EachButtonAddsItsSignWithAndWithoutCtrl) {
+    const struct {
+        int button;
+        const char *plain, *ctrl;
+    } cases[] = {
+        {IDC_UC_PLUS, "\"Key\" + ", "+"},        {IDC_UC_MINUS, "\"Key\" - ", "-"},
+        {IDC_UC_TIMES, "\"Key\" * ", "*"},       {IDC_UC_DIVIDE, "\"Key\" / ", "/"},
+        {IDC_UC_OPEN, "\"Key\" ( ", "("},        {IDC_UC_CLOSE, "\"Key\" ) ", ")"},
+        {IDC_UC_SQUARED, "\"Key\" ^ 2 ", "^ 2"}, {IDC_UC_POWER, "\"Key\" ^ ", "^"},
+    };
+    inDialog(kAddColumnCommand, [&](HWND dialog) {
+        selectEntry(dialog, IDC_UC_COLUMNS, "Key");
+        for (const auto& each : cases) {
+            click(dialog, each.button);
+            EXPECT_EQ(textOf(dialog, IDC_UC_EXPRESSION), each.plain);
+            click(dialog, IDC_UC_CLEAR);
+            BYTE before[256]{}, ctrl[256]{};
+            GetKeyboardState(before);
+            ctrl[VK_CONTROL] = 0x80;
+            SetKeyboardState(ctrl);
+            click(dialog, each.button);
+            SetKeyboardState(before);
+            EXPECT_EQ(textOf(dialog, IDC_UC_EXPRESSION), each.ctrl);
+            click(dialog, IDC_UC_CLEAR);
+        }
+    });
+}
+
+TEST_F(Columns, DeletingMovesFilterAndOrderAlong) {
+    addColumn("First", "\"Key\" + 1");
+    addColumn("Second", "\"Key\" + 2");
+    const auto header = reinterpret_cast<HWND>(SendMessageA(mainList(), LVM_GETHEADER, 0, 0));
+    const HWND filter = GetDlgItem(header, 5007);  // of "Second"
+    SetWindowTextA(filter, ">10");
+    SetFocus(FindWindowExA(filter, nullptr, "Edit", nullptr));
+    PostMessageA(GetFocus(), WM_KEYDOWN, VK_RETURN, 1);
+    pump();
+    NMLISTVIEW clicked{};
+    clicked.hdr = {mainList(), 4000, static_cast<UINT>(LVN_COLUMNCLICK)};
+    clicked.iSubItem = 7;
+    SendMessageA(GetParent(mainList()), WM_NOTIFY, 4000, reinterpret_cast<LPARAM>(&clicked));
+    const auto messages = inDialog(kDeleteColumnCommand, [](HWND dialog) {
+        click(dialog, IDOK);
+        selectEntry(dialog, IDC_UC_DEFINED, "First");
+        EXPECT_EQ(textOf(dialog, IDC_UC_SHOWN_EXPRESSION), "\"Key\" + 1");
+        click(dialog, IDOK);
+    });
+    EXPECT_EQ(messages, Texts{"No user defined column selected to delete"});
+    EXPECT_EQ(captions().back(), "Second");
+    EXPECT_EQ(column(6), (Texts{"32.00", "102.00"})) << "still filtered, still sorted";
+    EXPECT_EQ(stored.text(), std::string(kAllColumns) + ",6,6,100,Second# \"2\"+2#\"Key\" + 2");
+    open->plugin.publish(pending("20", "340"));
+    EXPECT_EQ(column(6), (Texts{"22.00", "32.00", "102.00"}));
+
+    inDialog(kDeleteColumnCommand, [](HWND dialog) {
+        selectEntry(dialog, IDC_UC_DEFINED, "Second");
+        click(dialog, IDOK);
+    });
+    EXPECT_EQ(rowCount(mainList()), 4) << "its filter went with it";
+    EXPECT_EQ(stored.text(), kAllColumns);
+}
+
+TEST_F(Columns, WhatIsComputedFromADeletedColumnIsInvalid) {
+    addColumn("First", "\"Key\" + 1");
+    addColumn("Second", "\"First\" + 2");
+    addColumn("Third", "\"Key\" + 3");
+    const auto messages = inDialog(kDeleteColumnCommand, [](HWND dialog) {
+        selectEntry(dialog, IDC_UC_DEFINED, "First");
+        click(dialog, IDOK);
+    });
+    const DialogTrap boxes;
+    EXPECT_EQ(column(6), (Texts{"", "", ""}));
+    EXPECT_EQ(column(7), (Texts{"33.00", "7.00", "103.00"}));
+    pump();
+    EXPECT_EQ(messages.size() + boxes.texts.size(), 1u) << "told once, not once per row";
+    EXPECT_EQ(stored.text().substr(stored.text().find(",7,7")),
+              ",7,7,100,Second# \"-1\"+2#\"First\" + 2,Third# \"2\"+3#\"Key\" + 3");
+}
+
+TEST_F(Columns, TheProfileIsViewedSavedAndSetBack) {
+    inDialog(kRepositionCommand, [this](HWND dialog) {
+        EXPECT_EQ(textOf(dialog, IDC_CP_SORT_FOR), "Default Sort For: Entity Name");
+        selectRows(GetDlgItem(dialog, IDC_CP_SHOWN), {1, 3, 4});
+        click(dialog, IDC_CP_REMOVE);
+        EXPECT_EQ(names(dialog, IDC_CP_AVAILABLE), (Texts{"Auth Type", "Maker", "Branch"}));
+        selectRows(GetDlgItem(dialog, IDC_CP_AVAILABLE), {1});
+        click(dialog, IDC_CP_ADD);
+        click(dialog, IDC_CP_UP);
+        EXPECT_EQ(names(dialog, IDC_CP_SHOWN), (Texts{"Entity Name", "Key", "Maker", "Broker"}));
+        selectRows(GetDlgItem(dialog, IDC_CP_SHOWN), {1});
+        SendMessageA(GetDlgItem(dialog, IDC_CP_SORT), CB_SETCURSEL, 2, 0);
+        SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(IDC_CP_SORT, CBN_SELCHANGE), 0);
+        click(dialog, IDC_CP_VIEW);
+        EXPECT_EQ(stored.text(), "");
+    });
+    EXPECT_EQ(captions(), (Texts{"Entity Name", "Key", "Maker", "Broker"}));
+    EXPECT_EQ(column(1), (Texts{"100", "30", "4"}));
+
+    inDialog(kRepositionCommand, [](HWND dialog) {
+        selectRows(GetDlgItem(dialog, IDC_CP_SHOWN), {1});
+        EXPECT_EQ(SendMessageA(GetDlgItem(dialog, IDC_CP_SORT), CB_GETCURSEL, 0, 0), 2);
+        click(dialog, IDOK);
+    });
+    EXPECT_EQ(stored.text(), "0,0,75,1,-1,0,2,1,75,3,2,75,4,-1,0,5,3,75");
+    start();
+    EXPECT_EQ(captions(), (Texts{"Entity Name", "Key", "Maker", "Broker"}));
+
+    inDialog(kRepositionCommand, [](HWND dialog) {
+        click(dialog, IDC_CP_DEFAULT);
+        click(dialog, IDOK);
+    });
+    EXPECT_EQ(stored.text(), kAllColumns);
+    EXPECT_EQ(column(2), (Texts{"30", "4", "100"}));
+}
+
+TEST_F(Columns, WhatHasToStayStaysAndIsNamed) {
+    const auto messages = inDialog(kRepositionCommand, [](HWND dialog) {
+        selectRows(GetDlgItem(dialog, IDC_CP_SHOWN), {0, 2, 3});
+        click(dialog, IDC_CP_REMOVE);
+        EXPECT_EQ(names(dialog, IDC_CP_AVAILABLE), Texts{"Maker"});
+    });
+    EXPECT_EQ(messages, (Texts{"Entity Name cannot be removed", "Key cannot be removed"}));
+}
+
+TEST_F(Columns, ASaveThatFailsIsToldAndTheDialogStays) {
+    stored.hold(true);
+    const auto messages = inDialog(kRepositionCommand, [this](HWND dialog) {
+        click(dialog, IDC_CP_UP);
+        click(dialog, IDOK);
+        stored.hold(false);
+        EXPECT_EQ(stored.text(), "");
+        click(dialog, IDOK);
+    });
+    EXPECT_EQ(messages, Texts{"Error while saving column profile"});
+    EXPECT_EQ(stored.text(), kAllColumns);
+}
+
+TEST_F(Columns, RowsAreDraggedAndMovedByKeys) {
+    inDialog(kRepositionCommand, [](HWND dialog) {
+        const HWND list = GetDlgItem(dialog, IDC_CP_SHOWN);
+        RECT row{};
+        row.left = LVIR_BOUNDS;
+        SendMessageA(list, LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&row));
+        const int height = row.bottom - row.top;
+        const auto at = [&](int place) {
+            return MAKELPARAM(row.left + 10, row.top + height * place + height / 4);
+        };
+        const auto drag = [&](int from, int to, UINT end, WPARAM key) {
+            PostMessageA(list, WM_LBUTTONDOWN, MK_LBUTTON, at(from));
+            PostMessageA(list, WM_MOUSEMOVE, MK_LBUTTON, at(from + 1));
+            PostMessageA(list, WM_MOUSEMOVE, MK_LBUTTON, at(to));
+            PostMessageA(list, end, key, end == WM_LBUTTONUP ? at(to) : 1);
+            pump();
+        };
+        drag(1, 4, WM_LBUTTONUP, 0);
+        const Texts dragged{"Entity Name", "Key", "Maker", "Auth Type", "Branch", "Broker"};
+        EXPECT_EQ(names(dialog, IDC_CP_SHOWN), dragged);
+        drag(1, 4, WM_KEYDOWN, VK_ESCAPE);
+        PostMessageA(list, WM_LBUTTONUP, 0, at(4));
+        pump();
+        EXPECT_EQ(names(dialog, IDC_CP_SHOWN), dragged);
+        selectRows(list, {0, 1});
+        PostMessageA(list, WM_SYSKEYDOWN, VK_DOWN, 1 << 29);
+        pump();
+        EXPECT_EQ(names(dialog, IDC_CP_SHOWN),
+                  (Texts{"Maker", "Entity Name", "Key", "Auth Type", "Branch", "Broker"}));
+    });
+}
+
+TEST(ColumnsProfile, ALongListScrollsWhileRowsAreDragged) {
+    std::string profile = kAllColumns, defined;
+    for (int id = 6; id < 40; ++id) {
+        const std::string number = std::to_string(id);
+        profile += "," + number + "," + number + ",50";
+        defined += ",C" + number + "#1#1";
+    }
+    const StoredProfile stored((profile + defined).c_str());
+    const OpenWorkbench open;
+    inDialog(kRepositionCommand, [](HWND dialog) {
+        const HWND list = GetDlgItem(dialog, IDC_CP_SHOWN);
+        const auto top = [list] { return SendMessageA(list, LVM_GETTOPINDEX, 0, 0); };
+        NMLISTVIEW drag{};
+        drag.hdr = {list, IDC_CP_SHOWN, static_cast<UINT>(LVN_BEGINDRAG)};
+        SendMessageA(dialog, WM_NOTIFY, IDC_CP_SHOWN, reinterpret_cast<LPARAM>(&drag));
+        const auto holdAt = [list](int y) {
+            SendMessageA(list, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(10, y));
+            for (int i = 0; i < 50; ++i) SendMessageA(list, WM_TIMER, 0xD4A6, 0);
+        };
+        holdAt(5000);
+        EXPECT_EQ(top(), 40 - SendMessageA(list, LVM_GETCOUNTPERPAGE, 0, 0));
+        holdAt(-50);
+        EXPECT_EQ(top(), 0);
+        holdAt(5000);
+        SendMessageA(list, WM_LBUTTONUP, 0, MAKELPARAM(10, 5000));
+        EXPECT_EQ(names(dialog, IDC_CP_SHOWN).back(), "Entity Name");
+    });
+}
+
+TEST_F(Columns, TheDetailsListHasNoDefaultSort) {
+    const HWND details = descendant(findPane(), WC_LISTVIEWA, 4001);
+    inDialog(
+        kRepositionCommand,
+        [](HWND dialog) {
+            const auto hidden = [&](int id) {
+                return (GetWindowLongA(GetDlgItem(dialog, id), GWL_STYLE) & WS_VISIBLE) == 0;
+            };
+            EXPECT_TRUE(hidden(IDC_CP_SORT_GROUP) && hidden(IDC_CP_SORT_FOR) &&
+                        hidden(IDC_CP_SORT));
+            EXPECT_EQ(names(dialog, IDC_CP_SHOWN), (Texts{"Field", "Value", "Old Value"}));
+        },
+        details);
+}
+
+TEST_F(Columns, AListThatGoesWhileItsDialogIsOpenIsLeftAlone) {
+    const HWND list = mainList();
+    inDialog(kRepositionCommand, [&](HWND dialog) {
+        open->plugin.exit();
+        EXPECT_EQ(IsWindow(list), 0);
+        click(dialog, IDC_CP_VIEW);
+        click(dialog, IDOK);
+    });
+    EXPECT_EQ(stored.text(), "");
+}
+
+}  // namespace
