@@ -43,8 +43,8 @@ public:
 
     void append(const Item& item) {
         if (m_blocks.empty() || m_blocks.back()->items.size() == kBlockItems) {
+            if (!m_blocks.empty()) m_sizes.push_back(kBlockItems);
             addBlock(m_blocks.size());
-            m_sizes.push_back(0);
         }
         put(*m_blocks.back(), m_blocks.back()->items.size(), item);
     }
@@ -68,7 +68,7 @@ public:
         m_homes(item) = nullptr;
         block.items.erase(block.items.begin() + static_cast<std::ptrdiff_t>(offset));
         --m_size;
-        m_sizes.decrease(block.place);
+        if (block.place < m_sizes.size()) m_sizes.decrease(block.place);
         if (block.items.empty()) removeBlock(block.place);
         return row;
     }
@@ -104,6 +104,14 @@ public:
             for (const Item& item : block->items) visit(item);
     }
 
+    // Makes `items` a copy of the items in order.
+    void copyTo(std::vector<Item>& items) const {
+        items.clear();
+        items.reserve(m_size);
+        for (const auto& block : m_blocks)
+            items.insert(items.end(), block->items.begin(), block->items.end());
+    }
+
     Homes& homes() { return m_homes; }
     const Homes& homes() const { return m_homes; }
 
@@ -116,7 +124,7 @@ private:
     void put(Block& block, std::size_t offset, const Item& item) {
         block.items.insert(block.items.begin() + static_cast<std::ptrdiff_t>(offset), item);
         m_homes(item) = &block;
-        m_sizes.increase(block.place);
+        if (block.place < m_sizes.size()) m_sizes.increase(block.place);
         ++m_size;
     }
 
@@ -151,13 +159,13 @@ private:
     }
 
     void countBlocks() {
-        m_sizes.assign(m_blocks.size(), [this](std::size_t block) {
+        m_sizes.assign(m_blocks.empty() ? 0 : m_blocks.size() - 1, [this](std::size_t block) {
             return static_cast<std::uint32_t>(m_blocks[block]->items.size());
         });
     }
 
     std::vector<std::unique_ptr<Block>> m_blocks;
-    PrefixSums m_sizes;  // of the blocks
+    PrefixSums m_sizes;  // of the blocks but the last: what is beyond their total stands in it
     std::size_t m_size = 0;
     Homes m_homes;
 };

@@ -58,7 +58,7 @@ void RecordStore::removeRow(Slot slot, std::size_t row) {
 int RecordStore::reset() {
     for (SlotSequence* sequence : {&m_stored, &m_visible}) {
         sequence->clear();
-        sequence->homes().resize(0);
+        sequence->homes() = {};
     }
     m_records.clear();
     m_free.clear();
@@ -97,8 +97,8 @@ Slot RecordStore::newSlot(void* record) {
         return slot;
     }
     m_records.push_back(record);
-    m_stored.homes().resize(m_records.size());
-    m_visible.homes().resize(m_records.size());
+    m_stored.homes().grow(m_records.size());
+    m_visible.homes().grow(m_records.size());
     m_selection.grow(m_records.size());
     return static_cast<Slot>(m_records.size() - 1);
 }
@@ -214,9 +214,7 @@ bool RecordStore::passes(Slot slot, const ActiveFilter& filter) const {
 
 std::vector<Slot>& RecordStore::passing() {
     std::vector<Slot>& slots = m_passing;
-    slots.clear();
-    slots.reserve(m_stored.size());
-    m_stored.forEach([&](Slot slot) { slots.push_back(slot); });
+    m_stored.copyTo(slots);
     for (const ActiveFilter& filter : m_active) {
         if (filter.pattern.matchesEverything()) continue;
         // A few that are left are tried one by one rather than all texts of the column; more of
@@ -243,8 +241,7 @@ void RecordStore::sort(const SortOrder& order) {
     m_order = order;
     if (!m_reader) return;
     std::vector<Slot> rows;
-    rows.reserve(m_visible.size());
-    m_visible.forEach([&](Slot slot) { rows.push_back(slot); });
+    m_visible.copyTo(rows);
     sortRows(rows, order);
     replaceRows(rows);
 }

@@ -9,7 +9,10 @@
 
 class RowSelection {
 public:
-    void grow(std::size_t slots) { m_flags.resize(slots, 0); }
+    // Makes room for slots below `count`, and for as many more, so that it seldom has to.
+    void grow(std::size_t count) {
+        if (count > m_flags.size()) m_flags.resize(2 * count, 0);
+    }
 
     bool selected(Slot slot) const { return m_flags[slot] != 0; }
 

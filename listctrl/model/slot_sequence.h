@@ -16,8 +16,10 @@ public:
     Block*& operator()(Slot slot) { return m_homes[slot]; }
     Block* operator()(Slot slot) const { return m_homes[slot]; }
 
-    // Makes room for slots below `count`.
-    void resize(std::size_t count) { m_homes.resize(count, nullptr); }
+    // Makes room for slots below `count`, and for as many more, so that it seldom has to.
+    void grow(std::size_t count) {
+        if (count > m_homes.size()) m_homes.resize(2 * count, nullptr);
+    }
 
 private:
     std::vector<Block*> m_homes;

@@ -18,6 +18,9 @@ void expectSame(const SlotSequence& sequence, const std::vector<Slot>& expected)
         ASSERT_EQ(sequence.rowOf(slot), row);
         ++row;
     });
+    std::vector<Slot> copy;
+    sequence.copyTo(copy);
+    ASSERT_EQ(copy, expected);
 }
 
 // Grows to many blocks, shrinks to none, in the middle and at the ends.
@@ -25,7 +28,7 @@ TEST(SlotSequence, FollowsAVectorThroughInsertionsAndRemovals) {
     constexpr std::size_t kSlots = 6000;
     std::mt19937 random(5);
     SlotSequence sequence;
-    sequence.homes().resize(kSlots);
+    sequence.homes().grow(kSlots);
     std::vector<Slot> expected, out;
     for (Slot slot = 0; slot < kSlots; ++slot) out.push_back(slot);
     for (int wave = 0; wave < 6; ++wave) {
@@ -54,7 +57,7 @@ TEST(SlotSequence, FollowsAVectorThroughInsertionsAndRemovals) {
 
 TEST(SlotSequence, IsReplacedAsAWhole) {
     SlotSequence sequence;
-    sequence.homes().resize(3000);
+    sequence.homes().grow(3000);
     std::vector<Slot> slots;
     for (Slot slot = 0; slot < 3000; slot += 2) slots.push_back(2998 - slot);
     sequence.append(1);
