@@ -14,6 +14,7 @@ const fw::MessageMap& CLogPane::messageMap() const {
     static constexpr fw::MessageEntry entries[] = {
         fw::on<WM_CREATE, &CLogPane::onCreate>(),
         fw::on<WM_SIZE, &CLogPane::onSize>(),
+        fw::on<WM_SETFOCUS, &CLogPane::onFocus>(),
         fw::onNotify<IDC_LOG_TABS, TCN_SELCHANGE, &CLogPane::onTabChange>(),
         fw::onNotify<IDC_LOG_LIST, LVN_GETDISPINFOA, &CLogPane::onDisplay>(),
     };

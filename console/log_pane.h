@@ -22,6 +22,7 @@ protected:
 private:
     LRESULT onCreate();
     void onSize(int width, int height);
+    void onFocus() { SetFocus(m_list); }
     void onTabChange(NMHDR& header);
     void onDisplay(NMLVDISPINFOA& asked);
 

@@ -50,6 +50,8 @@ const fw::MessageMap& CMainFrame::messageMap() const {
         fw::onCommand<ID_WINDOW_CASCADE, &CMainFrame::onCascade>(),
         fw::onCommand<ID_WINDOW_TILE_HORIZONTALLY, &CMainFrame::onTile<MDITILE_HORIZONTAL>>(),
         fw::onCommand<ID_WINDOW_TILE_VERTICALLY, &CMainFrame::onTile<MDITILE_VERTICAL>>(),
+        fw::onCommand<ID_WINDOW_NEXT_PART, &CMainFrame::onNextPart<false>>(),
+        fw::onCommand<ID_WINDOW_PREVIOUS_PART, &CMainFrame::onNextPart<true>>(),
     };
     static constexpr fw::MessageMap map{nullptr, entries};
     return map;
@@ -135,7 +137,8 @@ void CMainFrame::setProfiles(const std::vector<std::string>& names, const std::s
 }
 
 bool CMainFrame::translate(MSG& message) {
-    return TranslateMDISysAccel(m_client, &message) != 0 ||
+    const bool escape = message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE;
+    return (escape && m_site->cancelDrag()) || TranslateMDISysAccel(m_client, &message) != 0 ||
            TranslateAcceleratorA(handle(), m_accelerators, &message) != 0;
 }
 

@@ -48,6 +48,10 @@ private:
     void onCascade();
     template <WPARAM direction>
     void onTile();
+    template <bool backwards>
+    void onNextPart() {
+        m_site->focusNext(backwards);
+    }
     void onViewPending();
     void onViewRegistry();
 

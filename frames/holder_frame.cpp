@@ -4,6 +4,17 @@
 
 #include "framework/handles.h"
 
+namespace {
+
+enum : UINT { kAppearance = 1, kEvenOut };
+
+// Pixels at 96 dots per inch.
+constexpr int kBarThickness = 6;
+constexpr int kLeastView = 90;
+constexpr int kKeyStep = 8;
+
+}  // namespace
+
 bool CVTHolderFrame::create(HWND parent, const RECT& place, UINT id) {
     static const fw::WindowClass windowClass{"MakerChecker.HolderFrame", 0, IDC_ARROW,
                                              COLOR_3DFACE};
@@ -11,39 +22,122 @@ bool CVTHolderFrame::create(HWND parent, const RECT& place, UINT id) {
                            WS_EX_CONTROLPARENT, place, parent, id);
 }
 
-void CVTHolderFrame::setViews(HWND upper, HWND lower) {
-    m_upper = upper;
-    m_lower = lower;
+const fw::MessageMap& CVTHolderFrame::messageMap() const {
+    static constexpr fw::MessageEntry entries[] = {
+        fw::on<WM_SIZE, &CVTHolderFrame::onSize>(),
+        fw::observe<WM_DESTROY, &CVTHolderFrame::onDestroy>(),
+        fw::onNotify<fw::kAnyId, fw::kAnyCode, &CVTHolderFrame::onNotify>(),
+        fw::on<WM_DRAWITEM, &CVTHolderFrame::onDrawItem>(),
+        fw::on<WM_MEASUREITEM, &CVTHolderFrame::onMeasureItem>(),
+        fw::on<WM_LBUTTONDOWN, &CVTHolderFrame::onButtonDown>(),
+        fw::on<WM_RBUTTONUP, &CVTHolderFrame::onRightUp>(),
+        fw::on<WM_PAINT, &CVTHolderFrame::onPaint>(),
+    };
+    static constexpr fw::MessageMap map{nullptr, entries};
+    return map;
+}
+
+// The frame draws the border: a view's own would be a second one.
+void CVTHolderFrame::setViews(std::vector<HeldView> views) {
+    m_views = std::move(views);
+    m_frames.resize(m_views.size());
+    m_split.setCount(m_views.size());
+    for (const HeldView& view : m_views) {
+        const auto style = GetWindowLongPtrA(view.window, GWL_EXSTYLE);
+        SetWindowLongPtrA(view.window, GWL_EXSTYLE, style & ~LONG_PTR{WS_EX_CLIENTEDGE});
+        SetWindowPos(view.window, nullptr, 0, 0, 0, 0,
+                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+    }
+    while (m_bars.size() + 1 < m_views.size()) makeBar(m_bars.size());
+    layOut();
+    restoreSizes();
+}
+
+void CVTHolderFrame::makeBar(std::size_t place) {
+    const auto moved = [this] { layOut(); };
+    m_bars.push_back(std::make_unique<CSplitterBar>(
+        m_rows, SplitterEvents{[this, place, moved](int position) {
+                                   m_split.moveBar(place, position);
+                                   moved();
+                               },
+                               [this, place, moved](BarMove move) {
+                                   m_split.moveBar(place, move, scaled(kKeyStep));
+                                   moved();
+                               },
+                               [this, moved] {
+                                   m_split.evenOut();
+                                   moved();
+                               }}));
+    m_bars.back()->create(handle());
+}
+
+// The settings store serves no sizes (settings/model/settings_store.h): what is stored for other
+// readers of the file leaves the panes as they are.
+void CVTHolderFrame::restoreSizes() {
+    if (m_views.size() < 2) return;
+    for (std::size_t i = 0; i < m_views.size(); ++i)
+        if (const auto size = m_settings.restoreSplitterSize(m_views[i].keyName))
+            m_split.setSize(i, *size);
     layOut();
 }
+
+void CVTHolderFrame::onDestroy() {
+    if (m_views.size() < 2) return;
+    for (std::size_t i = 0; i < m_views.size(); ++i)
+        m_settings.saveSplitterSize(m_views[i].keyName, m_split.sizeOf(i));
+}
+
+// ---- Lay-out ----
 
 void CVTHolderFrame::move(const RECT& place) {
     SetWindowPos(handle(), nullptr, place.left, place.top, std::max(place.right - place.left, 0L),
                  std::max(place.bottom - place.top, 0L), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-const fw::MessageMap& CVTHolderFrame::messageMap() const {
-    static constexpr fw::MessageEntry entries[] = {
-        fw::on<WM_SIZE, &CVTHolderFrame::onSize>(),
-        fw::onNotify<fw::kAnyId, fw::kAnyCode, &CVTHolderFrame::onNotify>(),
-        fw::on<WM_DRAWITEM, &CVTHolderFrame::onDrawItem>(),
-        fw::on<WM_MEASUREITEM, &CVTHolderFrame::onMeasureItem>(),
-        fw::on<WM_SETCURSOR, &CVTHolderFrame::onSetCursor>(),
-        fw::on<WM_LBUTTONDOWN, &CVTHolderFrame::onButtonDown>(),
-        fw::on<WM_MOUSEMOVE, &CVTHolderFrame::onMouseMove>(),
-        fw::on<WM_LBUTTONUP, &CVTHolderFrame::onButtonUp>(),
-        fw::observe<WM_CAPTURECHANGED, &CVTHolderFrame::onCaptureLost>(),
+void CVTHolderFrame::layOut() {
+    const RECT client = clientRect();
+    m_split.setRoom(static_cast<int>(m_rows ? client.bottom : client.right),
+                    {scaled(kBarThickness), scaled(kLeastView)});
+    const auto part = [&](int start, int size) {
+        return m_rows ? RECT{0, start, client.right, start + size}
+                      : RECT{start, 0, start + size, client.bottom};
     };
-    static constexpr fw::MessageMap map{nullptr, entries};
-    return map;
+    const auto moveTo = [](HWND window, const RECT& to) {
+        SetWindowPos(window, nullptr, to.left, to.top, to.right - to.left, to.bottom - to.top,
+                     SWP_NOZORDER | SWP_NOACTIVATE);
+    };
+    for (std::size_t i = 0; i < m_views.size(); ++i) {
+        m_frames[i].setPlace(part(m_split.startOf(i), m_split.sizeOf(i)), lineHeight() + scaled(6));
+        moveTo(m_views[i].window, m_frames[i].view());
+    }
+    for (std::size_t i = 0; i < m_bars.size(); ++i)
+        moveTo(m_bars[i]->handle(), part(m_split.startOfBar(i), scaled(kBarThickness)));
+    InvalidateRect(handle(), nullptr, FALSE);
+    UpdateWindow(handle());
 }
 
-void CVTHolderFrame::onSize(int, int) {
-    layOut();
+HFONT CVTHolderFrame::font() const {
+    return reinterpret_cast<HFONT>(SendMessageA(GetParent(handle()), WM_GETFONT, 0, 0));
 }
+
+int CVTHolderFrame::lineHeight() const {
+    const HDC dc = GetDC(handle());
+    TEXTMETRICA metrics{};
+    {
+        const fw::SelectScope select(dc, font());
+        GetTextMetricsA(dc, &metrics);
+    }
+    ReleaseDC(handle(), dc);
+    return static_cast<int>(metrics.tmHeight + metrics.tmExternalLeading);
+}
+
+// ---- What the views ask ----
 
 LRESULT CVTHolderFrame::onNotify(NMHDR& header) {
     const auto lParam = reinterpret_cast<LPARAM>(&header);
+    // The frames show which view has the focus.
+    if (header.code == NM_SETFOCUS || header.code == NM_KILLFOCUS)
+        InvalidateRect(handle(), nullptr, FALSE);
     const LRESULT own = reflectNotify(header.idFrom, lParam);
     const LRESULT parent = SendMessageA(GetParent(handle()), WM_NOTIFY, header.idFrom, lParam);
     return own != 0 ? own : parent;
@@ -57,57 +151,53 @@ LRESULT CVTHolderFrame::onDrawItem(const DRAWITEMSTRUCT& draw) {
 // A row is as high as the font's text and its external leading, and a pixel. The list asks while it
 // is made, before it has a font of its own: it will be the dialog's.
 LRESULT CVTHolderFrame::onMeasureItem(MEASUREITEMSTRUCT& measure) {
-    const auto font = reinterpret_cast<HFONT>(SendMessageA(GetParent(handle()), WM_GETFONT, 0, 0));
-    const HDC dc = GetDC(handle());
-    TEXTMETRICA metrics{};
-    {
-        const fw::SelectScope select(dc, font);
-        GetTextMetricsA(dc, &metrics);
+    measure.itemHeight = static_cast<UINT>(lineHeight() + 1);
+    return TRUE;
+}
+
+// ---- Titles and their menus ----
+
+void CVTHolderFrame::onButtonDown(POINT client) {
+    for (std::size_t i = 0; i < m_views.size(); ++i) {
+        const RECT strip = m_frames[i].strip(), button = m_frames[i].menuButton();
+        if (PtInRect(&strip, client) == 0) continue;
+        SetFocus(m_views[i].window);
+        if (PtInRect(&button, client) == 0) return;
+        POINT below{button.left, button.bottom};
+        ClientToScreen(handle(), &below);
+        return showMenu(i, below);
     }
-    ReleaseDC(handle(), dc);
-    measure.itemHeight = static_cast<UINT>(metrics.tmHeight + metrics.tmExternalLeading + 1);
-    return TRUE;
 }
 
-int CVTHolderFrame::barTop() const {
-    const int room = std::max(static_cast<int>(clientRect().bottom) - barHeight(), 0);
-    const int least = std::min(scaled(60), room / 2);
-    return std::clamp(static_cast<int>(room * m_share), least, std::max(room - least, least));
+void CVTHolderFrame::onRightUp(POINT client) {
+    for (std::size_t i = 0; i < m_views.size(); ++i) {
+        const RECT strip = m_frames[i].strip();
+        if (PtInRect(&strip, client) == 0) continue;
+        ClientToScreen(handle(), &client);
+        return showMenu(i, client);
+    }
 }
 
-void CVTHolderFrame::layOut() {
-    if (m_upper == nullptr || m_lower == nullptr) return;
+void CVTHolderFrame::showMenu(std::size_t view, POINT screen) {
+    const fw::Menu menu(CreatePopupMenu());
+    const auto openAppearance = m_views[view].openAppearance;
+    AppendMenuA(menu.get(), openAppearance ? MF_STRING : MF_STRING | MF_GRAYED, kAppearance,
+                "&Colours and Font...");
+    AppendMenuA(menu.get(), MF_STRING, kEvenOut, "&Even Out");
+    const auto chosen = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x,
+                                       screen.y, 0, handle(), nullptr);
+    if (chosen == kEvenOut) {
+        m_split.evenOut();
+        layOut();
+    }
+    if (chosen == kAppearance && openAppearance) openAppearance();
+}
+
+void CVTHolderFrame::onPaint() {
+    const fw::PaintScope paint(handle());
     const RECT client = clientRect();
-    const int top = barTop();
-    const int below = top + barHeight();
-    constexpr UINT flags = SWP_NOZORDER | SWP_NOACTIVATE;
-    SetWindowPos(m_upper, nullptr, 0, 0, client.right, top, flags);
-    SetWindowPos(m_lower, nullptr, 0, below, client.right,
-                 std::max(static_cast<int>(client.bottom) - below, 0), flags);
-}
-
-LRESULT CVTHolderFrame::onSetCursor(HWND under, UINT hit) {
-    const bool bar = under == handle() && hit == HTCLIENT;
-    SetCursor(LoadCursorA(nullptr, bar ? IDC_SIZENS : IDC_ARROW));
-    return TRUE;
-}
-
-void CVTHolderFrame::onButtonDown(POINT) {
-    m_dragging = true;
-    SetCapture(handle());
-}
-
-void CVTHolderFrame::onMouseMove(POINT client) {
-    const int room = static_cast<int>(clientRect().bottom) - barHeight();
-    if (!m_dragging || room <= 0) return;
-    m_share = std::clamp(static_cast<double>(client.y) / room, 0.0, 1.0);
-    layOut();
-}
-
-void CVTHolderFrame::onButtonUp(POINT) {
-    if (m_dragging) ReleaseCapture();
-}
-
-void CVTHolderFrame::onCaptureLost() {
-    m_dragging = false;
+    FillRect(paint.dc(), &client, GetSysColorBrush(COLOR_3DFACE));
+    const fw::SelectScope select(paint.dc(), font());
+    for (std::size_t i = 0; i < m_views.size(); ++i)
+        m_frames[i].draw(paint.dc(), m_views[i].title, GetFocus() == m_views[i].window);
 }

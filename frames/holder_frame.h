@@ -1,38 +1,72 @@
-// CVTHolderFrame: holds two views, one above the other, with a bar between them that moves the
-// border. Notifications and commands of the views go back to the view first, then to the parent.
+// CVTHolderFrame: holds views one above the other or side by side, each in a flat frame with its
+// title and a menu, with bars between them that move the borders.
+//
+// Order of life: create(); the views are made as children of the frame; setViews() takes them over
+// and asks the settings for their sizes; when the frame's window goes, the sizes are stored.
+// Notifications and drawing requests of the views go back to the view first, then to the parent.
 #pragma once
 
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "frames/flat_frame.h"
+#include "frames/splitter_bar.h"
 #include "framework/window.h"
+#include "settings/model/settings_store.h"
+
+struct HeldView {
+    HWND window;
+    std::string title;
+    std::string keyName;                        // of its size in the settings; empty: not stored
+    std::function<void()> openAppearance = {};  // colours and font; empty: not offered
+};
 
 class CVTHolderFrame : public fw::CWindow {
 public:
+    enum class Direction { rows, columns };
+
+    // The store must outlive the frame.
+    explicit CVTHolderFrame(CSettingsStore& settings, Direction direction = Direction::rows)
+        : m_settings(settings), m_rows(direction == Direction::rows) {}
+
     // Creates the frame at `place` in `parent`.
     bool create(HWND parent, const RECT& place, UINT id);
 
-    // The views, which are children of the frame already.
-    void setViews(HWND upper, HWND lower);
+    void setViews(std::vector<HeldView> views);
 
     void move(const RECT& place);
+
+    // The bar behind a view, for the order of tabs.
+    HWND bar(std::size_t place) const { return m_bars[place]->handle(); }
+
+    // Lays everything out anew: the font or the dots per inch changed.
+    void layOut();
 
 protected:
     const fw::MessageMap& messageMap() const override;
 
 private:
-    void onSize(int width, int height);
+    void onSize(int, int) { layOut(); }
+    void onDestroy();
     LRESULT onNotify(NMHDR& header);
     LRESULT onDrawItem(const DRAWITEMSTRUCT& draw);
     LRESULT onMeasureItem(MEASUREITEMSTRUCT& measure);
-    LRESULT onSetCursor(HWND under, UINT hit);
     void onButtonDown(POINT client);
-    void onMouseMove(POINT client);
-    void onButtonUp(POINT client);
-    void onCaptureLost();
-    void layOut();
-    int barHeight() const { return scaled(6); }
-    int barTop() const;
+    void onRightUp(POINT client);
+    void onPaint();
 
-    HWND m_upper = nullptr;
-    HWND m_lower = nullptr;
-    double m_share = 0.5;  // of the height, for the upper view
-    bool m_dragging = false;
+    HFONT font() const;
+    int lineHeight() const;
+    void makeBar(std::size_t place);
+    void restoreSizes();
+    void showMenu(std::size_t view, POINT screen);
+
+    CSettingsStore& m_settings;
+    const bool m_rows;
+    std::vector<HeldView> m_views;
+    std::vector<CFlatFrame> m_frames;  // one for each view
+    std::vector<std::unique_ptr<CSplitterBar>> m_bars;
+    SplitPanes m_split{1};
 };

@@ -8,18 +8,43 @@
 #include "sdk/docking.h"
 
 namespace fw {
+namespace {
+
+int leastExtent(HWND pane, unsigned side) {
+    MINMAXINFO info{};
+    SendMessageA(pane, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
+    const POINT& least = info.ptMinTrackSize;
+    return static_cast<int>(acrossIsHeight(side) ? least.y : least.x);
+}
+
+BOOL CALLBACK takeOwned(HWND window, LPARAM found) {
+    auto& parts = *reinterpret_cast<std::vector<HWND>*>(found);
+    const bool tool = (GetWindowLongPtrA(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) != 0;
+    if (GetWindow(window, GW_OWNER) == parts.front() && tool && IsWindowVisible(window) != 0)
+        parts.push_back(window);
+    return TRUE;
+}
+
+}  // namespace
+
 CDockingSite::CDockingSite(HWND frame, std::function<void()> relayout)
     : m_frame(frame),
       m_relayout(std::move(relayout)),
       m_attach(RegisterWindowMessageA(kDockAttachMessage)),
       m_detach(RegisterWindowMessageA(kDockDetachMessage)),
-      m_query(RegisterWindowMessageA(kDockQueryMessage)) {}
+      m_query(RegisterWindowMessageA(kDockQueryMessage)),
+      m_nextPart(RegisterWindowMessageA(kDockNextPartMessage)) {}
+
+CDockingSite::Docked* CDockingSite::docked(HWND window) {
+    const auto found = std::find_if(m_docked.begin(), m_docked.end(),
+                                    [&](const Docked& each) { return each.window == window; });
+    return found != m_docked.end() ? &*found : nullptr;
+}
 
 void CDockingSite::dock(HWND pane, unsigned side, int extent) {
-    const DockedPane wanted{side, extent > 0 ? extent : defaultExtent(side)};
-    const auto found = std::find_if(m_docked.begin(), m_docked.end(),
-                                    [&](const Docked& each) { return each.window == pane; });
-    if (found != m_docked.end())
+    const DockedPane wanted{side, extent > 0 ? extent : defaultExtent(side),
+                            leastExtent(pane, side)};
+    if (Docked* found = docked(pane))
         found->pane = wanted;
     else
         m_docked.push_back({pane, wanted, {}});
@@ -54,35 +79,78 @@ bool CDockingSite::handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& r
         remove(reinterpret_cast<HWND>(lParam));
         return false;
     }
-    return answerDocking(message, lParam, result) || answerMouse(message, wParam, lParam, result);
+    if (message == WM_SYSCOLORCHANGE)  // sent to top-level windows only
+        for (const Docked& each : m_docked) SendMessageA(each.window, message, wParam, lParam);
+    return answerDocking(message, wParam, lParam, result) ||
+           answerMouse(message, wParam, lParam, result);
 }
 
-bool CDockingSite::answerDocking(UINT message, LPARAM lParam, LRESULT& result) {
-    if (message != m_attach && message != m_detach && message != m_query) return false;
+bool CDockingSite::answerDocking(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    if (message != m_attach && message != m_detach && message != m_query && message != m_nextPart)
+        return false;
     auto* request = reinterpret_cast<DockRequest*>(lParam);
     result = 0;
     if (request == nullptr || request->structSize != sizeof(DockRequest)) return true;
-    const HWND pane = static_cast<HWND>(request->pane);
-    if (message == m_detach) {
-        result = remove(pane);
-    } else if (message == m_attach) {
-        if (IsWindow(pane) == 0) return true;
-        if (GetParent(pane) != m_frame) SetParent(pane, m_frame);
-        dock(pane, request->side, request->extent);
-        result = 1;
-    } else {
-        POINT at{request->x, request->y};
-        ScreenToClient(m_frame, &at);
-        request->side = sideAt(m_client, at.x, at.y, scaledFor(m_frame, 48));
-        if (request->side == 0) return true;
-        const Rect place =
-            placeAtSide(m_client, request->side, defaultExtent(request->side), metrics());
-        POINT corners[2] = {{place.left, place.top}, {place.right, place.bottom}};
-        MapWindowPoints(m_frame, nullptr, corners, 2);
-        request->place = {static_cast<int>(corners[0].x), static_cast<int>(corners[0].y),
-                          static_cast<int>(corners[1].x), static_cast<int>(corners[1].y)};
+    if (message == m_attach) result = attach(*request);
+    if (message == m_detach) result = remove(static_cast<HWND>(request->pane));
+    if (message == m_query) result = query(*request);
+    if (message == m_nextPart) {
+        focusNext(wParam != 0);
         result = 1;
     }
+    return true;
+}
+
+LRESULT CDockingSite::attach(DockRequest& request) {
+    const HWND pane = static_cast<HWND>(request.pane);
+    if (IsWindow(pane) == 0) return 0;
+    if (GetParent(pane) != m_frame) SetParent(pane, m_frame);
+    dock(pane, request.side, request.extent);
+    return 1;
+}
+
+LRESULT CDockingSite::query(DockRequest& request) {
+    POINT at{request.x, request.y};
+    ScreenToClient(m_frame, &at);
+    request.side = sideAt(m_client, at.x, at.y, scaledFor(m_frame, 48));
+    if (request.side == 0) return 0;
+    const Rect place = placeFor(static_cast<HWND>(request.pane), request.side, request.extent);
+    POINT corners[2] = {{place.left, place.top}, {place.right, place.bottom}};
+    MapWindowPoints(m_frame, nullptr, corners, 2);
+    request.place = {static_cast<int>(corners[0].x), static_cast<int>(corners[0].y),
+                     static_cast<int>(corners[1].x), static_cast<int>(corners[1].y)};
+    return 1;
+}
+
+// Where dock() would put the pane.
+Rect CDockingSite::placeFor(HWND pane, unsigned side, int extent) const {
+    const DockedPane wanted{side, extent > 0 ? extent : defaultExtent(side),
+                            leastExtent(pane, side)};
+    std::vector<DockedPane> panes;
+    std::size_t place = m_docked.size();
+    for (const Docked& each : m_docked) {
+        if (each.window == pane) place = panes.size();
+        panes.push_back(each.window == pane ? wanted : each.pane);
+    }
+    if (place == panes.size()) panes.push_back(wanted);
+    return fw::layOut(m_client, panes, metrics()).places[place].pane;
+}
+
+// Floating panes are tool windows that the frame owns.
+void CDockingSite::focusNext(bool backwards) {
+    std::vector<HWND> parts{m_frame};
+    EnumThreadWindows(GetCurrentThreadId(), takeOwned, reinterpret_cast<LPARAM>(&parts));
+    for (const Docked& each : m_docked) parts.push_back(each.window);
+    const HWND focus = GetFocus();
+    std::size_t place = 0;
+    for (std::size_t i = 1; i < parts.size(); ++i)
+        if (focus == parts[i] || IsChild(parts[i], focus) != 0) place = i;
+    SetFocus(parts[(place + (backwards ? parts.size() - 1 : 1)) % parts.size()]);
+}
+
+bool CDockingSite::cancelDrag() {
+    if (m_dragged == nullptr) return false;
+    ReleaseCapture();
     return true;
 }
 
@@ -90,55 +158,57 @@ bool CDockingSite::answerMouse(UINT message, WPARAM wParam, LPARAM lParam, LRESU
     result = 0;
     const POINT at{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
     switch (message) {
-        case WM_SETCURSOR: {
-            if (reinterpret_cast<HWND>(wParam) != m_frame || LOWORD(lParam) != HTCLIENT)
-                return false;
-            POINT cursor{};
-            GetCursorPos(&cursor);
-            ScreenToClient(m_frame, &cursor);
-            const Docked* sash = sashAt(cursor);
-            if (sash == nullptr) return false;
-            SetCursor(
-                LoadCursorA(nullptr, acrossIsHeight(sash->pane.side) ? IDC_SIZENS : IDC_SIZEWE));
-            result = 1;
-            return true;
-        }
-        case WM_LBUTTONDOWN: {
-            const Docked* sash = sashAt(at);
-            if (sash == nullptr) return false;
-            m_dragged = sash->window;
-            SetCapture(m_frame);
-            return true;
-        }
+        case WM_SETCURSOR:
+            return reinterpret_cast<HWND>(wParam) == m_frame && LOWORD(lParam) == HTCLIENT &&
+                   showSashCursor(result);
+        case WM_LBUTTONDOWN:
+            return takeSash(at);
         case WM_MOUSEMOVE:
-            if (m_dragged == nullptr) return false;
-            dragTo(at);
-            return true;
+            if (Docked* held = docked(m_dragged))
+                setExtent(*held, extentTo(held->place.pane, held->pane.side, at.x, at.y));
+            return m_dragged != nullptr;
         case WM_LBUTTONUP:
-            if (m_dragged == nullptr) return false;
+            if (std::exchange(m_dragged, nullptr) == nullptr) return false;
             ReleaseCapture();
             return true;
-        case WM_CAPTURECHANGED:
-            m_dragged = nullptr;
+        case WM_CAPTURECHANGED:  // otherwise than by letting go
+            if (Docked* held = docked(std::exchange(m_dragged, nullptr)))
+                setExtent(*held, m_extentBefore);
             return false;
         default:
             return false;
     }
 }
 
+bool CDockingSite::showSashCursor(LRESULT& result) {
+    POINT cursor{};
+    GetCursorPos(&cursor);
+    ScreenToClient(m_frame, &cursor);
+    const Docked* sash = sashAt(cursor);
+    if (sash == nullptr) return false;
+    SetCursor(LoadCursorA(nullptr, acrossIsHeight(sash->pane.side) ? IDC_SIZENS : IDC_SIZEWE));
+    result = 1;
+    return true;
+}
+
+bool CDockingSite::takeSash(POINT client) {
+    const Docked* sash = sashAt(client);
+    if (sash == nullptr) return false;
+    m_dragged = sash->window;
+    m_extentBefore = sash->pane.extent;
+    SetCapture(m_frame);
+    return true;
+}
+
+void CDockingSite::setExtent(Docked& held, int extent) {
+    held.pane.extent = extent;
+    m_relayout();
+}
+
 CDockingSite::Docked* CDockingSite::sashAt(POINT client) {
     for (Docked& each : m_docked)
         if (each.place.sash.contains(client.x, client.y)) return &each;
     return nullptr;
-}
-
-void CDockingSite::dragTo(POINT client) {
-    for (Docked& each : m_docked) {
-        if (each.window != m_dragged) continue;
-        each.pane.extent = extentTo(each.place.pane, each.pane.side, client.x, client.y);
-        m_relayout();
-        return;
-    }
 }
 
 // A pane that is the frame's main work gets the greater part of the height, or half of the width.

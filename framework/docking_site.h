@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "framework/model/dock_layout.h"
+#include "sdk/docking.h"
 
 namespace fw {
 
@@ -32,6 +33,13 @@ public:
     // Answers the docking messages, and the mouse over the bars. False: not the site's.
     bool handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
 
+    // Moves the focus to the next, or previous, part: the frame's own views, the docked windows,
+    // the floating panes, and round again.
+    void focusNext(bool backwards);
+
+    // Puts a bar that is being dragged back; false when none is. For the frame's Esc key.
+    bool cancelDrag();
+
 private:
     struct Docked {
         HWND window;
@@ -39,10 +47,16 @@ private:
         DockPlace place;
     };
 
-    bool answerDocking(UINT message, LPARAM lParam, LRESULT& result);
+    bool answerDocking(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
+    LRESULT attach(DockRequest& request);
+    LRESULT query(DockRequest& request);
     bool answerMouse(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
+    bool showSashCursor(LRESULT& result);
+    bool takeSash(POINT client);
+    void setExtent(Docked& held, int extent);
+    Docked* docked(HWND window);
+    Rect placeFor(HWND pane, unsigned side, int extent) const;
     Docked* sashAt(POINT client);
-    void dragTo(POINT client);
     int defaultExtent(unsigned side) const;
     DockMetrics metrics() const;
 
@@ -51,7 +65,8 @@ private:
     std::vector<Docked> m_docked;
     Rect m_client;             // of the last layOut
     HWND m_dragged = nullptr;  // the window whose bar is held
-    UINT m_attach, m_detach, m_query;
+    int m_extentBefore = 0;    // of that window
+    UINT m_attach, m_detach, m_query, m_nextPart;
 };
 
 }  // namespace fw

@@ -1,12 +1,22 @@
 #include "framework/float_frame.h"
 
 namespace fw {
+namespace {
+
+constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN;
+constexpr DWORD kExStyle = WS_EX_TOOLWINDOW;
+
+}  // namespace
 
 bool CFloatFrame::create(HWND owner, const std::string& caption, const RECT& place) {
     static const WindowClass windowClass{"MakerChecker.FloatFrame", 0, IDC_ARROW, COLOR_3DFACE};
-    return CWindow::create(windowClass, caption.c_str(),
-                           WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN,
-                           WS_EX_TOOLWINDOW, place, owner, 0);
+    return CWindow::create(windowClass, caption.c_str(), kStyle, kExStyle, place, owner, 0);
+}
+
+RECT CFloatFrame::windowAround(SIZE client) {
+    RECT window{0, 0, client.cx, client.cy};
+    AdjustWindowRectEx(&window, kStyle, FALSE, kExStyle);
+    return window;
 }
 
 const MessageMap& CFloatFrame::messageMap() const {
@@ -14,6 +24,7 @@ const MessageMap& CFloatFrame::messageMap() const {
         on<WM_SIZE, &CFloatFrame::onSize>(),
         on<WM_CLOSE, &CFloatFrame::onClose>(),
         observe<WM_ENTERSIZEMOVE, &CFloatFrame::onMoveBegins>(),
+        observe<WM_MOVING, &CFloatFrame::onMoving>(),
         observe<WM_EXITSIZEMOVE, &CFloatFrame::onMoveEnds>(),
         on<WM_NCLBUTTONDBLCLK, &CFloatFrame::onCaptionDoubleClick>(),
         on<WM_SETFOCUS, &CFloatFrame::onSetFocus>(),
@@ -42,20 +53,16 @@ void CFloatFrame::onMoveEnds() {
     GetWindowRect(handle(), &now);
     const bool resized = now.right - now.left != m_before.right - m_before.left ||
                          now.bottom - now.top != m_before.bottom - m_before.top;
-    if (!resized && EqualRect(&now, &m_before) == 0) m_pane.floatFrameMoved();
+    m_pane.floatFrameReleased(!resized && EqualRect(&now, &m_before) == 0);
 }
 
 void CFloatFrame::onCaptionDoubleClick(UINT hit, POINT) {
     if (hit == HTCAPTION) m_pane.dock();
 }
 
-void CFloatFrame::onSetFocus() {
-    const HWND first = m_pane.initialFocus();
-    if (first != nullptr) SetFocus(first);
-}
-
 void CFloatFrame::onMinimum(MINMAXINFO& info) {
-    info.ptMinTrackSize = {scaled(380), scaled(220)};
+    const RECT window = windowAround(m_pane.leastSize());
+    info.ptMinTrackSize = {window.right - window.left, window.bottom - window.top};
 }
 
 }  // namespace fw

@@ -12,6 +12,9 @@ public:
     // Creates the hidden window at `place` (screen pixels), owned by `owner`, with `caption`.
     bool create(HWND owner, const std::string& caption, const RECT& place);
 
+    // The window that has a client area of this size.
+    static RECT windowAround(SIZE client);
+
 protected:
     const MessageMap& messageMap() const override;
 
@@ -19,9 +22,10 @@ private:
     void onSize(int width, int height);
     void onClose();
     void onMoveBegins();
+    void onMoving() { m_pane.floatFrameDragged(); }
     void onMoveEnds();
     void onCaptionDoubleClick(UINT hit, POINT screen);
-    void onSetFocus();
+    void onSetFocus() { m_pane.takeFocus(); }
     void onMinimum(MINMAXINFO& info);
 
     CPaneDialog& m_pane;

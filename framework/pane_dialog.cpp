@@ -1,10 +1,10 @@
 #include "framework/pane_dialog.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "framework/float_frame.h"
 #include "framework/model/dock_layout.h"
-#include "sdk/docking.h"
 
 namespace fw {
 namespace {
@@ -52,7 +52,8 @@ Font captionFont() {
 CPaneDialog::CPaneDialog()
     : m_attachMessage(RegisterWindowMessageA(kDockAttachMessage)),
       m_detachMessage(RegisterWindowMessageA(kDockDetachMessage)),
-      m_queryMessage(RegisterWindowMessageA(kDockQueryMessage)) {}
+      m_queryMessage(RegisterWindowMessageA(kDockQueryMessage)),
+      m_nextPartMessage(RegisterWindowMessageA(kDockNextPartMessage)) {}
 
 CPaneDialog::~CPaneDialog() {
     // The map and the virtual functions below are this class's own from here on.
@@ -71,22 +72,28 @@ bool CPaneDialog::create(HWND frame, const char* caption, UINT templateId, DWORD
     const auto dialogBits = static_cast<DWORD>(GetWindowLongPtrA(pane, GWL_STYLE)) & 0xFFFF;
     SetWindowLongPtrA(pane, GWL_STYLE, static_cast<LONG_PTR>((style & 0xFFFF0000) | dialogBits));
     captionChanged();
-    m_keys = std::make_unique<CKeyFilter>(pane);
+    m_keys = std::make_unique<CKeyFilter>(pane, actionKeys());
+    showTips();
     return true;
 }
 
-void CPaneDialog::dockAt(unsigned side) {
-    if (side != m_side) m_extent = 0;
-    m_side = side;
-    dock();
+void CPaneDialog::dock() {
+    dockAt(m_side);
 }
 
-void CPaneDialog::dock() {
+void CPaneDialog::dockAt(unsigned side) {
     if (handle() == nullptr) return;
+    if (side != m_side)
+        m_extent = 0;
+    else if (m_mode == Mode::docked && !m_hidden)
+        m_extent = presentExtent();
+    m_side = side;
     m_mode = Mode::docked;
     m_hidden = false;
-    const unsigned side = m_side & m_allowedSides;
-    if (side == 0 || askFrame(m_attachMessage, side, m_extent, {}, nullptr) == 0) {
+    DockRequest wanted = request();
+    wanted.side = m_side & m_allowedSides;
+    wanted.extent = m_extent;
+    if (wanted.side == 0 || askFrame(m_attachMessage, wanted) == 0) {
         m_mode = Mode::floating;
         showFloating(false);
         return;
@@ -104,10 +111,15 @@ void CPaneDialog::floatPane() {
 }
 
 void CPaneDialog::leaveFrame() {
+    m_extent = presentExtent();
+    DockRequest leaving = request();
+    askFrame(m_detachMessage, leaving);
+}
+
+int CPaneDialog::presentExtent() const {
     RECT window{};
     GetWindowRect(handle(), &window);
-    m_extent = acrossIsHeight(m_side) ? rectHeight(window) : rectWidth(window);
-    askFrame(m_detachMessage, 0, 0, {}, nullptr);
+    return acrossIsHeight(m_side) ? rectHeight(window) : rectWidth(window);
 }
 
 bool CPaneDialog::inFloatFrame() const {
@@ -116,11 +128,9 @@ bool CPaneDialog::inFloatFrame() const {
 
 void CPaneDialog::showFloating(bool activate) {
     if (IsRectEmpty(&m_floatPlace)) {
-        GetWindowRect(m_frame, &m_floatPlace);
-        m_floatPlace.left += scaled(60);
-        m_floatPlace.top += scaled(90);
-        m_floatPlace.right = m_floatPlace.left + scaled(800);
-        m_floatPlace.bottom = m_floatPlace.top + scaled(480);
+        RECT frame{};
+        GetWindowRect(m_frame, &frame);
+        m_floatPlace = floatPlaceAt({frame.left + scaled(60), frame.top + scaled(90)});
     }
     if (m_float == nullptr) m_float = std::make_unique<CFloatFrame>(*this);
     if (m_float->handle() == nullptr && !m_float->create(m_frame, m_caption, m_floatPlace)) return;
@@ -135,6 +145,24 @@ void CPaneDialog::showFloating(bool activate) {
     SetWindowPos(handle(), nullptr, 0, 0, room.right, room.bottom,
                  SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
     ShowWindow(m_float->handle(), activate ? SW_SHOW : SW_SHOWNA);
+}
+
+// As large as it floated last.
+RECT CPaneDialog::floatPlaceAt(POINT corner) const {
+    RECT place{0, 0, rectWidth(m_floatPlace), rectHeight(m_floatPlace)};
+    if (IsRectEmpty(&place)) {
+        const SIZE wished = firstFloatSize(), least = leastSize();
+        place = CFloatFrame::windowAround(
+            {std::max(wished.cx, least.cx), std::max(wished.cy, least.cy)});
+    }
+    OffsetRect(&place, corner.x - place.left, corner.y - place.top);
+    return place;
+}
+
+std::optional<SIZE> CPaneDialog::lastFloatSize() const {
+    if (m_float == nullptr || m_float->handle() == nullptr) return std::nullopt;
+    const RECT room = m_float->clientRect();
+    return SIZE{room.right, room.bottom};
 }
 
 void CPaneDialog::show(bool activate) {
@@ -167,36 +195,57 @@ bool CPaneDialog::destroy() {
     return pane != nullptr && DestroyWindow(pane) != 0;
 }
 
-LRESULT CPaneDialog::askFrame(UINT message, unsigned side, int extent, POINT at,
-                              unsigned* found) const {
-    DockRequest request{};
-    request.structSize = sizeof request;
-    request.pane = handle();
-    request.side = side;
-    request.extent = extent;
-    request.x = at.x;
-    request.y = at.y;
-    const LRESULT answer = SendMessageA(m_frame, message, 0, reinterpret_cast<LPARAM>(&request));
-    if (found != nullptr) *found = request.side;
-    return answer;
+// ---- What the frame is asked ----
+
+DockRequest CPaneDialog::request() const {
+    DockRequest made{};
+    made.structSize = sizeof made;
+    made.pane = handle();
+    return made;
 }
 
-// Docks where the frame docks and the pane may, floats elsewhere.
-void CPaneDialog::dropAt(POINT screen) {
-    unsigned side = 0;
-    if (askFrame(m_queryMessage, 0, 0, screen, &side) != 0 && (side & m_allowedSides) != 0) {
-        dockAt(side);
-        return;
+LRESULT CPaneDialog::askFrame(UINT message, DockRequest& asked) const {
+    return SendMessageA(m_frame, message, 0, reinterpret_cast<LPARAM>(&asked));
+}
+
+// Docks where the frame docks and the pane may, floats elsewhere and while Ctrl is down.
+CPaneDialog::Drop CPaneDialog::dropFor(POINT screen) const {
+    DockRequest asked = request();
+    asked.x = screen.x;
+    asked.y = screen.y;
+    const Drop floats{0, floatPlaceAt({screen.x - scaled(60), screen.y - scaled(10)})};
+    if (GetKeyState(VK_CONTROL) < 0 || askFrame(m_queryMessage, asked) == 0 ||
+        (asked.side & m_allowedSides) == 0)
+        return floats;
+    if (asked.side == m_side) {  // at its own side it has an extent
+        asked.extent = m_mode == Mode::docked ? presentExtent() : m_extent;
+        askFrame(m_queryMessage, asked);
     }
+    const DockRectangle& place = asked.place;
+    return {asked.side, RECT{place.left, place.top, place.right, place.bottom}};
+}
+
+void CPaneDialog::dropAt(POINT screen) {
+    const Drop drop = dropFor(screen);
+    if (drop.side != 0) return dockAt(drop.side);
     if (m_mode == Mode::floating) return;
-    RECT place{};
-    GetWindowRect(handle(), &place);
-    OffsetRect(&place, screen.x - m_pressedAt.x, screen.y - m_pressedAt.y);
-    m_floatPlace = place;
+    m_floatPlace = drop.place;
     floatPane();
 }
 
-void CPaneDialog::floatFrameMoved() {
+void CPaneDialog::floatFrameDragged() {
+    POINT cursor{};
+    GetCursorPos(&cursor);
+    const Drop drop = dropFor(cursor);
+    if (drop.side != 0)
+        m_preview.show(drop.place);
+    else
+        m_preview.hide();
+}
+
+void CPaneDialog::floatFrameReleased(bool moved) {
+    m_preview.hide();
+    if (!moved) return;
     GetWindowRect(m_float->handle(), &m_floatPlace);
     POINT cursor{};
     GetCursorPos(&cursor);
@@ -215,7 +264,9 @@ const MessageMap& CPaneDialog::baseMap() {
         on<WM_MOUSEMOVE, &CPaneDialog::onMouseMove>(),
         on<WM_LBUTTONUP, &CPaneDialog::onButtonUp>(),
         observe<WM_CAPTURECHANGED, &CPaneDialog::onCaptureLost>(),
-        on<kPaneKey, &CPaneDialog::onDialogKey>(),
+        on<kPaneKey, &CPaneDialog::onPaneKey>(),
+        on<WM_SETFOCUS, &CPaneDialog::onSetFocus>(),
+        on<WM_GETMINMAXINFO, &CPaneDialog::onMinimum>(),
         observe<WM_DESTROY, &CPaneDialog::onDestroy>(),
     };
     static constexpr MessageMap map{nullptr, entries};
@@ -299,7 +350,9 @@ void CPaneDialog::onMouseMove(POINT client) {
     ClientToScreen(handle(), &client);
     m_dragging = m_dragging || std::abs(client.x - m_pressedAt.x) > GetSystemMetrics(SM_CXDRAG) ||
                  std::abs(client.y - m_pressedAt.y) > GetSystemMetrics(SM_CYDRAG);
-    if (m_dragging) SetCursor(LoadCursorA(nullptr, IDC_SIZEALL));
+    if (!m_dragging) return;
+    SetCursor(LoadCursorA(nullptr, IDC_SIZEALL));
+    m_preview.show(dropFor(client).place);
 }
 
 void CPaneDialog::onButtonUp(POINT client) {
@@ -311,6 +364,7 @@ void CPaneDialog::onButtonUp(POINT client) {
 
 void CPaneDialog::onCaptureLost() {
     m_pressed = m_dragging = false;
+    m_preview.hide();
 }
 
 void CPaneDialog::onNcContext(UINT hit, POINT screen) {
@@ -327,6 +381,71 @@ void CPaneDialog::onNcContext(UINT hit, POINT screen) {
         if (command.side != 0 && command.id == chosen) dockAt(command.side);
 }
 
+void CPaneDialog::onMinimum(MINMAXINFO& info) {
+    const SIZE least = leastSize();
+    info.ptMinTrackSize = {least.cx, least.cy + captionHeight()};
+}
+
+// ---- Keys and focus ----
+
+// From the first key on, the controls show which of them has the focus.
+void CPaneDialog::onPaneKey(UINT key, bool repeated) {
+    SendMessageA(handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+    if (key == VK_ESCAPE && holdsMouse(handle())) {
+        ReleaseCapture();  // what was dragged goes back
+        return;
+    }
+    if (key == VK_F6) return leaveForNextPart();
+    if (!pressAction(key, repeated)) onDialogKey(key, repeated);
+}
+
+// The button gets the focus for the press: an edit under way ends first, and one that is refused
+// keeps the focus, so that nothing is pressed.
+bool CPaneDialog::pressAction(UINT key, bool repeated) {
+    for (const ActionKey& action : actionKeys()) {
+        if (!isPressed(action, key)) continue;
+        const HWND button = GetDlgItem(handle(), action.button);
+        if (repeated || IsWindowVisible(button) == 0 || IsWindowEnabled(button) == 0) return true;
+        const HWND focus = GetFocus();
+        SetFocus(button);
+        if (GetFocus() == button) SendMessageA(button, BM_CLICK, 0, 0);
+        if (GetFocus() == button && IsWindowVisible(focus) != 0) SetFocus(focus);
+        return true;
+    }
+    return false;
+}
+
+void CPaneDialog::showTips() {
+    if (actionKeys().empty()) return;
+    // Owned by the pane, it goes with it.
+    const HWND tips = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, "", WS_POPUP | TTS_NOPREFIX,
+                                      0, 0, 0, 0, handle(), nullptr, module(), nullptr);
+    for (const ActionKey& action : actionKeys()) {
+        TOOLINFOA tool{};
+        tool.cbSize = TTTOOLINFOA_V1_SIZE;
+        tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+        tool.hwnd = handle();
+        tool.uId = reinterpret_cast<UINT_PTR>(GetDlgItem(handle(), action.button));
+        tool.lpszText = const_cast<char*>(action.tip);
+        SendMessageA(tips, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+    }
+}
+
+void CPaneDialog::leaveForNextPart() {
+    m_lastFocus = GetFocus();
+    DockRequest asked = request();
+    if (SendMessageA(m_frame, m_nextPartMessage, GetKeyState(VK_SHIFT) < 0 ? 1 : 0,
+                     reinterpret_cast<LPARAM>(&asked)) == 0)
+        SetFocus(m_frame);
+}
+
+void CPaneDialog::takeFocus() {
+    const bool stillThere =
+        IsChild(handle(), m_lastFocus) != 0 && IsWindowVisible(m_lastFocus) != 0;
+    const HWND first = stillThere ? m_lastFocus : initialFocus();
+    if (first != nullptr) SetFocus(first);
+}
+
 void CPaneDialog::onDialogKey(UINT key, bool repeated) {
     const LPARAM flags = repeated ? LPARAM{1} | (LPARAM{KF_REPEAT} << 16) : LPARAM{1};
     // A key that is held down decides nothing.
@@ -338,7 +457,8 @@ void CPaneDialog::onDialogKey(UINT key, bool repeated) {
 }
 
 void CPaneDialog::onDestroy() {
-    if (m_mode == Mode::docked && !m_hidden) askFrame(m_detachMessage, 0, 0, {}, nullptr);
+    if (m_mode == Mode::docked && !m_hidden) leaveFrame();
+    m_preview.hide();
     m_keys.reset();
     m_hidden = true;
 }

@@ -12,10 +12,14 @@
 #include <windows.h>
 
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 
+#include "framework/drop_preview.h"
 #include "framework/key_filter.h"
 #include "framework/window.h"
+#include "sdk/docking.h"
 
 namespace fw {
 
@@ -58,11 +62,20 @@ protected:
     // What gets the focus when the pane is brought to view without having it.
     virtual HWND initialFocus() const { return GetNextDlgTabItem(handle(), nullptr, FALSE); }
 
-    // Enter, Esc and Tab in the pane, after the controls had their say.
+    // Enter, Esc, Tab and the arrows in the pane, after the controls had their say.
     virtual void onDialogKey(UINT key, bool repeated);
 
-    // The frame that the pane belongs to.
-    HWND frame() const { return m_frame; }
+    // The keys that press the pane's buttons; the table must outlive the pane. Asked by create().
+    virtual std::span<const ActionKey> actionKeys() const { return {}; }
+
+    // The least size at which the pane is of use, in pixels.
+    virtual SIZE leastSize() const { return {scaled(160), scaled(120)}; }
+
+    // The size in which the pane floats for the first time, in pixels.
+    virtual SIZE firstFloatSize() const { return {scaled(500), scaled(300)}; }
+
+    // The size in which it floats, or floated last; nothing if it never did.
+    std::optional<SIZE> lastFloatSize() const;
 
     LRESULT onInitPane() { return FALSE; }
 
@@ -70,6 +83,9 @@ private:
     enum class Mode { docked, floating };
     friend class CFloatFrame;
 
+    void onPaneKey(UINT key, bool repeated);
+    void onSetFocus() { takeFocus(); }
+    void onMinimum(MINMAXINFO& info);
     void onNcCalcSize(RECT& rect);
     void onNcPaint();
     LRESULT onNcHitTest(POINT screen);
@@ -81,15 +97,30 @@ private:
     void onCaptureLost();
     void onDestroy();
 
-    LRESULT askFrame(UINT message, unsigned side, int extent, POINT at, unsigned* found) const;
+    // Where a pane that is let go would be: at a side, or (0) floating.
+    struct Drop {
+        unsigned side;
+        RECT place;  // screen
+    };
+    Drop dropFor(POINT screen) const;
     void dropAt(POINT screen);
+    void floatFrameDragged();  // shows where it would dock
+
+    LRESULT askFrame(UINT message, DockRequest& request) const;
+    DockRequest request() const;
+    bool pressAction(UINT key, bool repeated);
+    void leaveForNextPart();
+    void takeFocus();
+    void showTips();
+    RECT floatPlaceAt(POINT corner) const;
     void showFloating(bool activate);
     void leaveFrame();
+    int presentExtent() const;
     bool inFloatFrame() const;
     void captionChanged();
     int captionHeight() const;
     RECT captionButton(int place) const;  // 0: close, 1: float; window coordinates
-    void floatFrameMoved();
+    void floatFrameReleased(bool moved);
 
     HWND m_frame = nullptr;
     std::string m_caption;
@@ -101,10 +132,12 @@ private:
     bool m_pressed = false;   // the caption is held
     bool m_dragging = false;  // and was moved
     POINT m_pressedAt{};
-    RECT m_floatPlace{};  // screen; empty until it floated once
+    RECT m_floatPlace{};         // screen; empty until it floated once
+    HWND m_lastFocus = nullptr;  // in the pane, when F6 left it
+    CDropPreview m_preview;
     std::unique_ptr<CFloatFrame> m_float;
     std::unique_ptr<CKeyFilter> m_keys;
-    UINT m_attachMessage, m_detachMessage, m_queryMessage;
+    UINT m_attachMessage, m_detachMessage, m_queryMessage, m_nextPartMessage;
 };
 
 }  // namespace fw

@@ -247,6 +247,7 @@ void CCommonListCtrl::onHeaderClick(NMLISTVIEW& click) {
         return;
     const ColumnId column = columnAt(click.iSubItem);
     const bool again = m_sorting && m_sorting->column == column;
+    const fw::WaitCursorScope wait;
     sortByColumn(column, again ? m_sorting->direction > 0 : true);
 }
 
@@ -380,6 +381,9 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::onNotify<0, HDN_ITEMCHANGEDW, &CCommonListCtrl::onHeaderItemChanged>(),
         fw::onNotify<0, static_cast<UINT>(NM_RCLICK), &CCommonListCtrl::onHeaderRightClick>(),
         fw::onAnyCommand<&CCommonListCtrl::onMenuCommand>(),
+        fw::on<WM_PAINT, &CCommonListCtrl::onPaint>(),
+        fw::observe<WM_SIZE, &CCommonListCtrl::onSize>(),
+        fw::observe<WM_HSCROLL, &CCommonListCtrl::onAreaChanged>(),
         fw::on<WM_DRAWITEM, &CCommonListCtrl::onDrawItem>(),
         fw::on<WM_GETDLGCODE, &CCommonListCtrl::onGetDialogCode>(),
         fw::on<WM_LBUTTONDOWN, &CCommonListCtrl::onButtonDown>(),

@@ -86,6 +86,9 @@ public:
     void setExportEnabled(bool enabled) { m_exportEnabled = enabled; }
     void setBackground(COLORREF color);
 
+    // What stands in place of the rows when there is no record.
+    void setEmptyText(std::string text) { m_emptyText = std::move(text); }
+
     // The width in pixels that a text takes in the list's font.
     int textWidth(std::string_view text) const;
 
@@ -145,6 +148,9 @@ private:
     LRESULT onMenuCommand(UINT command, UINT code);
     void onRightClick(NMHDR&) { showMenu(itemMenu(offers())); }
     LRESULT onDrawItem(const DRAWITEMSTRUCT& draw);
+    void onPaint();
+    void onSize(int, int) { onAreaChanged(); }
+    void onAreaChanged();
     void onSystemChanged() { InvalidateRect(handle(), nullptr, TRUE); }
     void onFocusChanged() { InvalidateRect(handle(), nullptr, FALSE); }
 
@@ -203,6 +209,7 @@ private:
     DataReader m_reader;
     std::string m_name;
     std::string m_title;
+    std::string m_emptyText;
     std::optional<Sorting> m_sorting;
     std::optional<DefaultSort> m_defaultSort;  // in force again with every applied layout
     ListOffers m_columnOffers;

@@ -62,16 +62,21 @@ LRESULT CFilterHeader::onLayout(HDLAYOUT& layout) {
 
 void CFilterHeader::setBoxes(const std::vector<std::string>& texts) {
     KillTimer(handle(), kPauseTimer);
-    for (const Box& box : m_boxes) DestroyWindow(box.combo);
+    for (const Box& box : m_boxes)
+        for (const HWND window : {box.label, box.combo}) DestroyWindow(window);
     m_boxes.clear();
     for (std::size_t i = 0; i < texts.size(); ++i) {
+        // Never seen: a box's name, for screen readers, is the label before it.
+        const std::string name = caption(static_cast<int>(i)).text + " filter";
+        const HWND label = CreateWindowExA(0, WC_STATICA, name.c_str(), WS_CHILD, 0, 0, 0, 0,
+                                           handle(), nullptr, fw::module(), nullptr);
         const HWND combo = CreateWindowExA(
             0, WC_COMBOBOXA, "",
             WS_CHILD | WS_VISIBLE | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL, 0, 0, 60, 300,
             handle(), reinterpret_cast<HMENU>(kFirstBoxId + i), fw::module(), nullptr);
         SendMessageA(combo, WM_SETFONT, reinterpret_cast<WPARAM>(m_font), FALSE);
         SetWindowTextA(combo, texts[i].c_str());
-        m_boxes.push_back({combo, FindWindowExA(combo, nullptr, "Edit", nullptr)});
+        m_boxes.push_back({label, combo, FindWindowExA(combo, nullptr, "Edit", nullptr)});
         RECT place{};
         GetWindowRect(combo, &place);
         m_boxHeight = static_cast<int>(place.bottom - place.top) + scaled(2);
@@ -191,15 +196,19 @@ void CFilterHeader::onPaint() {
     DrawEdge(dc, &client, BDR_SUNKENOUTER, BF_BOTTOM);
 }
 
-void CFilterHeader::drawItem(HDC dc, int item) const {
-    char caption[256]{};
+CFilterHeader::Caption CFilterHeader::caption(int item) const {
+    char text[256]{};
     HDITEMA info{};
     info.mask = HDI_TEXT | HDI_FORMAT | HDI_IMAGE;
-    info.pszText = caption;
-    info.cchTextMax = sizeof caption;
+    info.pszText = text;
+    info.cchTextMax = sizeof text;
     SendMessageA(handle(), HDM_GETITEMA, static_cast<WPARAM>(item),
                  reinterpret_cast<LPARAM>(&info));
+    return {text, info.fmt, info.iImage};
+}
 
+void CFilterHeader::drawItem(HDC dc, int item) const {
+    const Caption shown = caption(item);
     RECT place = itemRect(item);
     const bool filtered = !text(item).empty();
     if (filtered) {
@@ -213,14 +222,14 @@ void CFilterHeader::drawItem(HDC dc, int item) const {
 
     RECT words{place.left + scaled(6), place.top, place.right - scaled(6),
                place.top + m_captionHeight};
-    if ((info.fmt & HDF_IMAGE) != 0) {
+    if ((shown.format & HDF_IMAGE) != 0) {
         words.right -= scaled(13);
-        ImageList_Draw(m_glyphs, info.iImage, dc, words.right + scaled(3),
+        ImageList_Draw(m_glyphs, shown.image, dc, words.right + scaled(3),
                        place.top + (m_captionHeight - 5) / 2, ILD_TRANSPARENT);
     }
     static constexpr UINT alignments[] = {DT_LEFT, DT_RIGHT, DT_CENTER};
     SetTextColor(dc, GetSysColor(filtered && highContrast() ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT));
-    DrawTextA(dc, caption, -1, &words,
-              alignments[(info.fmt & HDF_JUSTIFYMASK) % 3] | DT_SINGLELINE | DT_VCENTER |
+    DrawTextA(dc, shown.text.c_str(), -1, &words,
+              alignments[(shown.format & HDF_JUSTIFYMASK) % 3] | DT_SINGLELINE | DT_VCENTER |
                   DT_END_ELLIPSIS | DT_NOPREFIX);
 }

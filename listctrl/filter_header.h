@@ -49,7 +49,13 @@ protected:
     const fw::MessageMap& messageMap() const override;
 
 private:
+    struct Caption {
+        std::string text;
+        int format;  // HDF_ bits
+        int image;
+    };
     struct Box {
+        HWND label;
         HWND combo;
         HWND edit;
     };
@@ -65,6 +71,7 @@ private:
     void apply();
     void drawItem(HDC dc, int item) const;
     RECT itemRect(int item) const;
+    Caption caption(int item) const;
 
     FilterHeaderOwner& m_owner;
     HFONT m_font = nullptr;

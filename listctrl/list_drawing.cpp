@@ -5,6 +5,7 @@
 
 #include "listctrl/common_list_ctrl.h"
 #include "listctrl/list_colors.h"
+#include "listctrl/model/empty_text.h"
 
 namespace {
 
@@ -67,6 +68,29 @@ LRESULT CCommonListCtrl::onDrawItem(const DRAWITEMSTRUCT& draw) {
     const bool framed = autoSelected || (focused && m_store.focusedRow() == row);
     if (framed) DrawFocusRect(draw.hDC, &line);
     return TRUE;
+}
+
+// The control itself knows no text for an empty list.
+void CCommonListCtrl::onPaint() {
+    controlDefault(WM_PAINT, 0, 0);
+    const std::string text = emptyListText(m_store.storedCount(), m_store.rowCount(), m_emptyText);
+    if (text.empty()) return;
+    RECT area = clientRect(), captions{};
+    GetClientRect(header(), &captions);
+    area.top += captions.bottom + scaled(8);
+    const HDC dc = GetDC(handle());
+    {
+        const auto font = reinterpret_cast<HFONT>(SendMessageA(handle(), WM_GETFONT, 0, 0));
+        const fw::SelectScope select(dc, font);
+        SetBkMode(dc, TRANSPARENT);
+        SetTextColor(dc, GetSysColor(COLOR_GRAYTEXT));
+        DrawTextA(dc, text.c_str(), -1, &area, DT_CENTER | DT_WORDBREAK | DT_NOPREFIX);
+    }
+    ReleaseDC(handle(), dc);
+}
+
+void CCommonListCtrl::onAreaChanged() {
+    if (m_store.rowCount() == 0) InvalidateRect(handle(), nullptr, TRUE);
 }
 
 void CCommonListCtrl::drawCell(HDC dc, std::size_t row, int item, const RECT& place,

@@ -1,6 +1,6 @@
 // How a plug-in's pane docks in the host's main frame.
 //
-// The pane asks the frame with three registered window messages (RegisterWindowMessageA of the
+// The pane asks the frame with four registered window messages (RegisterWindowMessageA of the
 // names below), sent, never posted, on the user-interface thread. A frame that does not know them
 // answers 0; the pane then stays a floating tool window owned by the frame, so it works in any
 // host.
@@ -21,6 +21,9 @@ enum DockSide : unsigned {
 struct DockRectangle {
     int left, top, right, bottom;  // screen pixels
 };
+
+// A pane answers WM_GETMINMAXINFO: ptMinTrackSize is the least size at which it is of use. The frame
+// keeps to it while it has the room.
 
 // What a pane asks. `structSize` is sizeof(DockRequest), so that the frame can tell a later form.
 struct DockRequest {
@@ -45,3 +48,8 @@ inline constexpr char kDockDetachMessage[] = "ZekDock.Detach";
 // Where would a pane dropped at (x, y) dock? wParam 0, lParam DockRequest*; `side` and `place` are
 // filled. Result: non-zero when the place is a docking place, 0 when the pane would float there.
 inline constexpr char kDockQueryMessage[] = "ZekDock.Query";
+
+// F6 was pressed in the pane (wParam 0), or Shift+F6 (1); lParam DockRequest*, of which only `pane`
+// counts. The frame moves the focus to its next, or previous, part. Result: non-zero when it did;
+// else the pane gives the focus to the frame.
+inline constexpr char kDockNextPartMessage[] = "ZekDock.NextPart";

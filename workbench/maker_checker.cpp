@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "listctrl/list_colors.h"
 #include "res/resource_ids.h"
 #include "workbench/model/main_list.h"
 #include "workbench/rejection_dialog.h"
@@ -15,7 +16,37 @@ constexpr char kAllowedInValues[] =
     "0123456789.-qwertyuiopasdfghjklzxcvbnmQWERTYUIOPASDFGHJKLZXCVBNM"
     "!@#$%^&*()_`,./;':}{|~ ";
 
+constexpr char kMainListName[] = "Maker checker List";
+constexpr char kMainTitle[] = "Maker-Checker";
+constexpr char kDetailsListName[] = "Maker Checker Details List";
+constexpr char kDetailsTitle[] = "Maker Checker Details";
+
+// What decides takes three fingers, and none of its chords lies beside one that only looks or
+// selects.
+constexpr fw::ActionKey kActionKeys[] = {
+    {'Y', true, IDC_ACCEPT, "Accept the selected changes (Ctrl+Shift+Y)"},
+    {'N', true, IDC_REJECT, "Reject the selected changes (Ctrl+Shift+N)"},
+    {'U', true, IDC_UPDATE, "Send the edited limits (Ctrl+Shift+U)"},
+    {VK_F5, false, IDC_RECOVER, "Ask for everything that is pending (F5)"},
+};
+
+constexpr int kButtons[] = {IDC_ACCEPT, IDC_REJECT, IDC_UPDATE, IDC_RECOVER};
+
+// White as the details are; what the user's colours say where contrast counts.
+COLORREF detailsBackground() {
+    return highContrast() ? GetSysColor(COLOR_WINDOW) : RGB(255, 255, 255);
+}
+
 }  // namespace
+
+CMakerChecker::CMakerChecker(Host& host, ListServices& lists)
+    : m_host(host),
+      m_listServices(lists),
+      m_holder(lists.settings()),
+      m_bar(lists.settings(), IDD_MAKER_CHECKER) {
+    m_bar.setPath(lists.settings().GetUserSettingPath());
+    m_bar.load();
+}
 
 bool CMakerChecker::createPane(HWND frame) {
     return create(frame, kCaption, IDD_MAKER_CHECKER, kPaneStyle, IDD_MAKER_CHECKER);
@@ -25,6 +56,8 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
     static constexpr fw::MessageEntry entries[] = {
         fw::on<WM_INITDIALOG, &CMakerChecker::onInitDialog>(),
         fw::on<WM_SIZE, &CMakerChecker::onSize>(),
+        fw::on<WM_DPICHANGED_AFTERPARENT, &CMakerChecker::onDpiChanged>(),
+        fw::observe<WM_SYSCOLORCHANGE, &CMakerChecker::onColorsChanged>(),
         fw::observe<WM_DESTROY, &CMakerChecker::onDestroy>(),
         fw::onCommand<IDC_ACCEPT, &CMakerChecker::onAccept>(),
         fw::onCommand<IDC_REJECT, &CMakerChecker::onReject>(),
@@ -47,10 +80,12 @@ LRESULT CMakerChecker::onInitDialog() {
     mainList = std::make_unique<CFilterListCtrl>(m_listServices, m_workbench->changes().rows());
     detailsList = std::make_unique<CMultiLineEditListCtrl>(m_listServices, m_detailLines);
     m_holder.create(handle(), listsPlace(), IDC_HOLDER_FRAME);
-    mainList->create(m_holder.handle(), IDC_MAIN_LIST, "Maker checker List", "Maker-Checker");
-    detailsList->create(m_holder.handle(), IDC_DETAILS_LIST, "Maker Checker Details List",
-                        "Maker Checker Details");
-    m_holder.setViews(mainList->handle(), detailsList->handle());
+    mainList->create(m_holder.handle(), IDC_MAIN_LIST, kMainListName, kMainTitle);
+    detailsList->create(m_holder.handle(), IDC_DETAILS_LIST, kDetailsListName, kDetailsTitle);
+    mainList->setEmptyText("No pending changes");
+    detailsList->setEmptyText("Double-click a change to see its details");
+    m_holder.setViews({held(*mainList, kMainTitle, kMainListName),
+                       held(*detailsList, kDetailsTitle, kDetailsListName)});
     mainList->setColumns(
         kMainColumns,
         [](const void* record, int column) {
@@ -61,7 +96,7 @@ LRESULT CMakerChecker::onInitDialog() {
     mainList->storeChanged();
     detailsList->setDetailColumns();
     detailsList->offerColumns(false, false);
-    detailsList->setBackground(RGB(255, 255, 255));
+    detailsList->setBackground(detailsBackground());
     detailsList->setAllowedCharacters(kAllowedInValues);
     detailsList->setChoices({"E", "D"});
 
@@ -71,24 +106,49 @@ LRESULT CMakerChecker::onInitDialog() {
         ShowWindow(GetDlgItem(handle(), IDC_UPDATE), SW_HIDE);
     else
         detailsList->setEditOwner(handle());
+    for (const int id : kButtons) m_buttons.add(GetDlgItem(handle(), id));
     return FALSE;
 }
 
-// The lists take what the row of buttons leaves.
+// ---- Lay-out ----
+
+HeldView CMakerChecker::held(CFilterListCtrl& list, const char* title, const char* keyName) {
+    return {list.handle(), title, keyName, [&list] { list.command(kCustomizeCommand); }};
+}
+
+SIZE CMakerChecker::leastSize() const {
+    return {scaled(220), scaled(260)};
+}
+
+SIZE CMakerChecker::firstFloatSize() const {
+    return {m_bar.size().width, m_bar.size().height};
+}
+
+// The lists take what the buttons leave.
 RECT CMakerChecker::listsPlace() const {
     RECT place = clientRect();
     place.left += scaled(5);
-    place.top += scaled(55);
+    place.top = std::max(scaled(55), m_buttons.arrange(static_cast<int>(place.right)) + scaled(4));
     place.right -= scaled(5);
     place.bottom -= scaled(5);
     return place;
 }
 
-void CMakerChecker::onSize(int, int) {
+void CMakerChecker::layOut() {
     if (m_holder.handle() != nullptr) m_holder.move(listsPlace());
 }
 
+void CMakerChecker::onColorsChanged() {
+    detailsList->setBackground(detailsBackground());
+    for (const HWND list : {mainList->handle(), detailsList->handle()})
+        SendMessageA(list, WM_SYSCOLORCHANGE, 0, 0);
+}
+
 void CMakerChecker::onDestroy() {
+    if (const auto floated = lastFloatSize()) {
+        m_bar.setSize({static_cast<int>(floated->cx), static_cast<int>(floated->cy)});
+        m_bar.save();
+    }
     m_workbench.reset();
     mainList.reset();
     detailsList.reset();
@@ -134,17 +194,22 @@ HWND CMakerChecker::initialFocus() const {
 
 // ---- Keys ----
 
-// From the buttons to the filter row, to the list below it, and the same for the details.
+std::span<const fw::ActionKey> CMakerChecker::actionKeys() const {
+    return kActionKeys;
+}
+
+// From the buttons to the filter row, to the list below it, to the bar, and the same for the
+// details.
 std::vector<HWND> CMakerChecker::tabStops() const {
     std::vector<HWND> stops;
-    for (const int id : {IDC_ACCEPT, IDC_REJECT, IDC_UPDATE, IDC_RECOVER})
-        stops.push_back(GetDlgItem(handle(), id));
+    for (const int id : kButtons) stops.push_back(GetDlgItem(handle(), id));
     const auto append = [&stops](const CFilterListCtrl& list) {
         const auto boxes = list.filterStops();
         stops.insert(stops.end(), boxes.begin(), boxes.end());
         stops.push_back(list.handle());
     };
     append(*mainList);
+    stops.push_back(m_holder.bar(0));
     append(*detailsList);
     std::erase_if(stops, [](HWND stop) { return IsWindowVisible(stop) == 0; });
     return stops;
@@ -173,7 +238,7 @@ void CMakerChecker::onDialogKey(UINT key, bool repeated) {
 
 void CMakerChecker::layOutAgain() {
     if (m_holder.handle() == nullptr) return;
-    m_holder.move(listsPlace());
+    layOut();
     for (const HWND window : {mainList->handle(), detailsList->handle(), m_holder.handle()})
         ShowWindow(window, SW_SHOWNA);
     dock();

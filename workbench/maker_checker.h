@@ -7,7 +7,9 @@
 
 #include <memory>
 
+#include "frames/control_pos.h"
 #include "frames/holder_frame.h"
+#include "frames/model/dialog_bar.h"
 #include "framework/pane_dialog.h"
 #include "link/model/host.h"
 #include "listctrl/filter_list_ctrl.h"
@@ -17,7 +19,7 @@
 class CMakerChecker final : public fw::CPaneDialog, private WorkbenchView {
 public:
     // Both must outlive the pane. The window is made by createPane().
-    CMakerChecker(Host& host, ListServices& lists) : m_host(host), m_listServices(lists) {}
+    CMakerChecker(Host& host, ListServices& lists);
     ~CMakerChecker() override { destroy(); }
 
     // Creates the pane's window, and with it the link, in the frame. False when it cannot be made.
@@ -33,10 +35,15 @@ protected:
     const fw::MessageMap& messageMap() const override;
     HWND initialFocus() const override;
     void onDialogKey(UINT key, bool repeated) override;
+    std::span<const fw::ActionKey> actionKeys() const override;
+    SIZE leastSize() const override;
+    SIZE firstFloatSize() const override;
 
 private:
     LRESULT onInitDialog();
-    void onSize(int width, int height);
+    void onSize(int, int) { layOut(); }
+    void onDpiChanged() { layOut(); }
+    void onColorsChanged();
     void onDestroy();
     void onAccept();
     void onReject();
@@ -59,11 +66,15 @@ private:
 
     template <class Decision>
     void decide(Decision decision);
+    HeldView held(CFilterListCtrl& list, const char* title, const char* keyName);
     RECT listsPlace() const;
+    void layOut();
 
     Host& m_host;
     ListServices& m_listServices;
+    CControlPos m_buttons;
     CVTHolderFrame m_holder;
+    CVoskDialogBar m_bar;  // the pane while it floats
     LineGroups m_detailLines;
     std::unique_ptr<Workbench> m_workbench;
     std::unique_ptr<CFilterListCtrl> mainList;  // on the rows of the workbench

@@ -27,10 +27,10 @@ Rect cut(Rect& room, unsigned side, int thickness) {
     return piece;
 }
 
-int allowedExtent(const Rect& room, unsigned side, int wished, const DockMetrics& metrics) {
-    const int across = acrossIsHeight(side) ? room.height() : room.width();
+int allowedExtent(const Rect& room, const DockedPane& pane, const DockMetrics& metrics) {
+    const int across = acrossIsHeight(pane.side) ? room.height() : room.width();
     const int most = std::max(across - metrics.sash - metrics.minimumInner, 0);
-    return std::min(std::max(wished, metrics.minimumPane), most);
+    return std::min(std::max({pane.extent, pane.least, metrics.minimumPane}), most);
 }
 
 }  // namespace
@@ -49,7 +49,7 @@ DockLayout layOut(Rect client, std::span<const DockedPane> panes, const DockMetr
         Rect& room = layout.inner;
         const int across = acrossIsHeight(pane.side) ? room.height() : room.width();
         DockPlace place;
-        place.pane = cut(room, pane.side, allowedExtent(room, pane.side, pane.extent, metrics));
+        place.pane = cut(room, pane.side, allowedExtent(room, pane, metrics));
         place.sash = cut(room, pane.side, std::min(metrics.sash, across));
         layout.places.push_back(place);
     }
@@ -69,11 +69,6 @@ unsigned sideAt(Rect client, int x, int y, int band) {
         *std::min_element(std::begin(edges), std::end(edges),
                           [](const auto& a, const auto& b) { return a.distance < b.distance; });
     return nearest.distance < band ? nearest.side : 0;
-}
-
-Rect placeAtSide(Rect client, unsigned side, int extent, const DockMetrics& metrics) {
-    const DockedPane pane{side, extent};
-    return layOut(client, {&pane, 1}, metrics).places.front().pane;
 }
 
 int extentTo(Rect room, unsigned side, int x, int y) {

@@ -21,10 +21,11 @@ struct Rect {
 // width.
 bool acrossIsHeight(unsigned side);
 
-// One docked pane: its side (a DockSide of sdk/docking.h) and its wished extent across that side.
+// One docked pane: its side (a DockSide of sdk/docking.h) and its extents across that side.
 struct DockedPane {
     unsigned side = 0;
     int extent = 0;
+    int least = 0;  // extent of the pane's own least size
 };
 
 struct DockPlace {
@@ -51,9 +52,6 @@ DockLayout layOut(Rect client, std::span<const DockedPane> panes, const DockMetr
 // The side at whose edge of `client` the place lies, no further in than `band`; 0 when none. Near a
 // corner the closer edge wins.
 unsigned sideAt(Rect client, int x, int y, int band);
-
-// The rectangle that a pane of `extent` would get at `side` of `client`.
-Rect placeAtSide(Rect client, unsigned side, int extent, const DockMetrics& metrics);
 
 // The extent of a pane at `side` of `room` whose sash is dragged to (x, y).
 int extentTo(Rect room, unsigned side, int x, int y);

@@ -69,8 +69,18 @@ TEST(DockLayout, PlacesOnePane) {
         EXPECT_EQ(layout.places[0].pane, each.pane);
         EXPECT_EQ(layout.places[0].sash, each.sash);
         EXPECT_EQ(layout.inner, each.inner);
-        EXPECT_EQ(placeAtSide(kClient, each.side, each.extent, kMetrics), each.pane);
     }
+}
+
+TEST(DockLayout, KeepsToAPanesOwnLeastSize) {
+    for (const int extent : {0, 150, 250, 300}) {
+        const DockedPane pane{kDockTop, extent, 250};
+        const DockLayout layout = layOut(kClient, {&pane, 1}, kMetrics);
+        EXPECT_EQ(layout.places[0].pane.height(), std::max(extent, 250));
+    }
+    const DockedPane pane{kDockTop, 300, 250};
+    const DockLayout small = layOut({0, 0, 400, 200}, {&pane, 1}, kMetrics);
+    EXPECT_EQ(small.places[0].pane.height(), 135) << "the rest comes first";
 }
 
 TEST(DockLayout, WithoutPanesTheInnerPartIsAll) {

@@ -1,0 +1,26 @@
+// CControlPos: keeps a row of a pane's controls in sight while the pane is resized, by the rules of
+// frames/model/control_pos.h.
+#pragma once
+
+#include <windows.h>
+
+#include <vector>
+
+#include "framework/model/dock_layout.h"
+
+class CControlPos {
+public:
+    // Remembers where the control stands now: its own place. Controls are added from left to right.
+    void add(HWND control);
+
+    // Places the controls that show in a pane of `width` pixels; returns the bottom of the lowest.
+    int arrange(int width) const;
+
+private:
+    struct Control {
+        HWND window;
+        fw::Rect own;  // in pixels at `dpi`
+        int dpi;
+    };
+    std::vector<Control> m_controls;
+};

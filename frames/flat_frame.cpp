@@ -1,0 +1,49 @@
+#include "frames/flat_frame.h"
+
+#include <algorithm>
+
+#include "framework/handles.h"
+
+void CFlatFrame::setPlace(const RECT& place, int strip) {
+    m_place = place;
+    m_strip = std::min(strip, static_cast<int>(place.bottom - place.top));
+}
+
+RECT CFlatFrame::strip() const {
+    return {m_place.left, m_place.top, m_place.right, m_place.top + m_strip};
+}
+
+RECT CFlatFrame::menuButton() const {
+    const RECT all = strip();
+    return {std::max(all.right - m_strip, all.left), all.top, all.right, all.bottom};
+}
+
+RECT CFlatFrame::view() const {
+    const LONG left = m_place.left + 1, top = m_place.top + m_strip;
+    return {left, top, std::max(m_place.right - 1, left), std::max(m_place.bottom - 1, top)};
+}
+
+void CFlatFrame::draw(HDC dc, const std::string& title, bool active) const {
+    const int face = active ? COLOR_HIGHLIGHT : COLOR_3DFACE;
+    const int ink = active ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT;
+    FrameRect(dc, &m_place, GetSysColorBrush(active ? COLOR_HIGHLIGHT : COLOR_3DSHADOW));
+    RECT inside = strip();
+    InflateRect(&inside, -1, -1);
+    inside.bottom += 1;
+    FillRect(dc, &inside, GetSysColorBrush(face));
+
+    SetBkMode(dc, TRANSPARENT);
+    SetTextColor(dc, GetSysColor(ink));
+    const RECT button = menuButton();
+    RECT text{inside.left + m_strip / 4, inside.top, button.left, inside.bottom};
+    DrawTextA(dc, title.c_str(), -1, &text,
+              DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX);
+
+    const int half = m_strip / 5;  // of the width of the menu's arrow
+    const LONG x = (button.left + button.right) / 2, y = (button.top + button.bottom) / 2;
+    const POINT arrow[] = {
+        {x - half, y - half / 2}, {x + half, y - half / 2}, {x, y + half / 2 + 1}};
+    const fw::SelectScope pen(dc, GetStockObject(NULL_PEN));
+    const fw::SelectScope brush(dc, GetSysColorBrush(ink));
+    Polygon(dc, arrow, 3);
+}

@@ -1,0 +1,24 @@
+// CFlatFrame: the thin line around a held view, with a strip above it that bears the view's title
+// and the button of its menu. No window: the holder frame draws it and asks it where things are.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+class CFlatFrame {
+public:
+    // Room for the frame, in the holder's pixels; `strip` is the height of the title strip.
+    void setPlace(const RECT& place, int strip);
+
+    RECT strip() const;
+    RECT menuButton() const;  // square, at the strip's right end
+    RECT view() const;        // what is left for the view; never turned inside out
+
+    // `active`: the view has the focus.
+    void draw(HDC dc, const std::string& title, bool active) const;
+
+private:
+    RECT m_place{};
+    int m_strip = 0;
+};

@@ -1,0 +1,37 @@
+#include "framework/drop_preview.h"
+
+#include <algorithm>
+
+namespace fw {
+
+const MessageMap& CDropPreview::messageMap() const {
+    static constexpr MessageMap map{nullptr, {}};
+    return map;
+}
+
+// Cut out by a region: a translucent window would need a compositor to be one.
+void CDropPreview::show(const RECT& place) {
+    static const WindowClass windowClass{"MakerChecker.DropPreview", 0, IDC_SIZEALL,
+                                         COLOR_HIGHLIGHT};
+    if (handle() == nullptr &&
+        !create(windowClass, "", WS_POPUP | WS_DISABLED,
+                WS_EX_TOOLWINDOW | WS_EX_TOPMOST | WS_EX_NOACTIVATE, place, nullptr, 0))
+        return;
+    const int width = std::max(static_cast<int>(place.right - place.left), 1);
+    const int height = std::max(static_cast<int>(place.bottom - place.top), 1);
+    const int line = scaled(4);
+    const HRGN frame = CreateRectRgn(0, 0, width, height);
+    const HRGN inside = CreateRectRgn(line, line, width - line, height - line);
+    CombineRgn(frame, frame, inside, RGN_DIFF);
+    DeleteObject(inside);
+    SetWindowRgn(handle(), frame, TRUE);  // which owns it from here on
+    SetWindowPos(handle(), HWND_TOPMOST, place.left, place.top, width, height,
+                 SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    UpdateWindow(handle());
+}
+
+void CDropPreview::hide() {
+    if (handle() != nullptr) DestroyWindow(handle());
+}
+
+}  // namespace fw

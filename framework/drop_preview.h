@@ -1,0 +1,18 @@
+// CDropPreview: a bold frame on the screen that shows where a dragged pane would go.
+#pragma once
+
+#include "framework/window.h"
+
+namespace fw {
+
+class CDropPreview : public CWindow {
+public:
+    // Shows the frame at `place` (screen pixels), above everything and without taking the focus.
+    void show(const RECT& place);
+    void hide();
+
+protected:
+    const MessageMap& messageMap() const override;
+};
+
+}  // namespace fw

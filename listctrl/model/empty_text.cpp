@@ -1,0 +1,7 @@
+#include "listctrl/model/empty_text.h"
+
+std::string emptyListText(std::size_t records, std::size_t rows, std::string_view none) {
+    if (rows > 0) return {};
+    if (records == 0) return std::string(none);
+    return std::to_string(records) + " hidden by filters";
+}

@@ -1,0 +1,49 @@
+#include "frames/model/control_pos.h"
+
+#include <gtest/gtest.h>
+
+using fw::Rect;
+
+namespace {
+
+constexpr RowMetrics kMetrics{5, 4};
+const std::vector<Rect> kButtons{
+    {148, 10, 223, 33}, {238, 10, 313, 33}, {328, 10, 403, 33}, {418, 10, 493, 33}};
+
+TEST(ControlPos, ButtonsStayThenMoveThenFlow) {
+    const struct {
+        int width;
+        std::vector<Rect> places;
+    } cases[] = {
+        {1200, kButtons},
+        {498, kButtons},
+        {497, {{147, 10, 222, 33}, {237, 10, 312, 33}, {327, 10, 402, 33}, {417, 10, 492, 33}}},
+        {355, {{5, 10, 80, 33}, {95, 10, 170, 33}, {185, 10, 260, 33}, {275, 10, 350, 33}}},
+        {354, {{5, 10, 80, 33}, {84, 10, 159, 33}, {163, 10, 238, 33}, {242, 10, 317, 33}}},
+        {321, {{5, 10, 80, 33}, {84, 10, 159, 33}, {163, 10, 238, 33}, {5, 37, 80, 60}}},
+        {164, {{5, 10, 80, 33}, {84, 10, 159, 33}, {5, 37, 80, 60}, {84, 37, 159, 60}}},
+        {60, {{5, 10, 55, 33}, {5, 37, 55, 60}, {5, 64, 55, 87}, {5, 91, 55, 114}}},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(placeRow(kButtons, each.width, kMetrics), each.places) << each.width;
+}
+
+TEST(ControlPos, NeverOverlapClipOrTurnNegative) {
+    for (int width = 0; width < 600; ++width) {
+        const auto places = placeRow(kButtons, width, kMetrics);
+        ASSERT_EQ(places.size(), kButtons.size());
+        for (std::size_t i = 0; i < places.size(); ++i) {
+            ASSERT_GE(places[i].width(), 0) << width;
+            ASSERT_EQ(places[i].height(), 23) << width;
+            ASSERT_TRUE(width < 10 || places[i].right <= width - kMetrics.margin) << width;
+            if (i == 0) continue;
+            const bool below = places[i].top >= places[i - 1].bottom;
+            const bool beside =
+                places[i].top == places[i - 1].top && places[i].left >= places[i - 1].right;
+            ASSERT_TRUE(below || beside) << width;
+        }
+    }
+    EXPECT_TRUE(placeRow({}, 100, kMetrics).empty());
+}
+
+}  // namespace

@@ -1,0 +1,9 @@
+#include "listctrl/model/empty_text.h"
+
+#include <gtest/gtest.h>
+
+TEST(EmptyText, SaysWhyThereIsNothingToSee) {
+    EXPECT_EQ(emptyListText(0, 0, "No pending changes"), "No pending changes");
+    EXPECT_EQ(emptyListText(12, 0, "No pending changes"), "12 hidden by filters");
+    EXPECT_EQ(emptyListText(12, 3, "No pending changes"), "");
+}

@@ -1,0 +1,85 @@
+#include "frames/model/split_panes.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace {
+
+constexpr SplitMetrics kMetrics{6, 60};
+
+std::vector<int> sizes(const SplitPanes& panes) {
+    std::vector<int> all;
+    for (std::size_t i = 0; i < panes.count(); ++i) all.push_back(panes.sizeOf(i));
+    return all;
+}
+
+TEST(SplitPanes, KeepProportionsAndComeBackAfterARoomTooSmall) {
+    SplitPanes panes(2);
+    panes.setRoom(406, kMetrics);
+    panes.moveBar(0, 300);
+    const struct {
+        int room;
+        std::vector<int> sizes;
+    } cases[] = {{406, {300, 100}}, {206, {140, 60}}, {126, {60, 60}},   {46, {20, 20}},
+                 {6, {0, 0}},       {0, {0, 0}},      {806, {600, 200}}, {406, {300, 100}}};
+    for (const auto& each : cases) {
+        panes.setRoom(each.room, kMetrics);
+        EXPECT_EQ(sizes(panes), each.sizes) << each.room;
+        EXPECT_EQ(panes.startOf(1), panes.sizeOf(0) + kMetrics.bar);
+    }
+}
+
+TEST(SplitPanes, ABarStopsAtItsNeighboursLeastSizes) {
+    SplitPanes panes(3);
+    panes.setRoom(612, kMetrics);
+    ASSERT_EQ(sizes(panes), (std::vector<int>{200, 200, 200}));
+    panes.moveBar(0, 9999);
+    EXPECT_EQ(sizes(panes), (std::vector<int>{340, 60, 200}));
+    panes.moveBar(1, -5);
+    EXPECT_EQ(sizes(panes), (std::vector<int>{340, 60, 200}));
+    panes.moveBar(1, BarMove::toMost, 0);
+    EXPECT_EQ(sizes(panes), (std::vector<int>{340, 200, 60}));
+    panes.moveBar(0, BarMove::back, 8);
+    EXPECT_EQ(sizes(panes), (std::vector<int>{332, 208, 60}));
+    panes.moveBar(0, BarMove::toLeast, 0);
+    EXPECT_EQ(sizes(panes), (std::vector<int>{60, 480, 60}));
+    panes.moveBar(7, 100);  // there is none
+    panes.evenOut();
+    EXPECT_EQ(sizes(panes), (std::vector<int>{200, 200, 200}));
+}
+
+TEST(SplitPanes, TakeAStoredSize) {
+    SplitPanes panes(2);
+    panes.setRoom(406, kMetrics);
+    panes.setSize(0, 120);
+    EXPECT_EQ(sizes(panes), (std::vector<int>{120, 280}));
+    panes.setSize(1, 90);
+    EXPECT_EQ(sizes(panes), (std::vector<int>{310, 90}));
+    panes.setSize(0, 0);
+    EXPECT_EQ(sizes(panes), (std::vector<int>{60, 340}));
+}
+
+TEST(SplitPanes, FillAnyRoomWhateverIsDone) {
+    std::mt19937 random(7);
+    const auto between = [&](int from, int to) {
+        return std::uniform_int_distribution(from, to)(random);
+    };
+    for (int round = 0; round < 2000; ++round) {
+        SplitPanes panes(static_cast<std::size_t>(between(1, 5)));
+        for (int step = 0; step < 6; ++step) {
+            const int room = between(0, step % 2 == 0 ? 40 : 1000);
+            panes.setRoom(room, {between(0, 8), between(0, 200)});
+            panes.moveBar(static_cast<std::size_t>(between(0, 5)), between(-100, 1100));
+            int end = 0;
+            for (std::size_t i = 0; i < panes.count(); ++i) {
+                ASSERT_GE(panes.sizeOf(i), 0);
+                ASSERT_GE(panes.startOf(i), end);
+                end = panes.startOf(i) + panes.sizeOf(i);
+            }
+            ASSERT_TRUE(room <= 40 || end == room);
+        }
+    }
+}
+
+}  // namespace
