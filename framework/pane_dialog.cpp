@@ -417,9 +417,8 @@ bool CPaneDialog::pressAction(UINT key, bool repeated) {
 
 void CPaneDialog::showTips() {
     if (actionKeys().empty()) return;
-    // Owned by the pane, it goes with it.
-    const HWND tips = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, "", WS_POPUP | TTS_NOPREFIX,
-                                      0, 0, 0, 0, handle(), nullptr, module(), nullptr);
+    m_tips = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, "", WS_POPUP | TTS_NOPREFIX, 0, 0, 0,
+                             0, handle(), nullptr, module(), nullptr);
     for (const ActionKey& action : actionKeys()) {
         TOOLINFOA tool{};
         tool.cbSize = TTTOOLINFOA_V1_SIZE;
@@ -427,7 +426,7 @@ void CPaneDialog::showTips() {
         tool.hwnd = handle();
         tool.uId = reinterpret_cast<UINT_PTR>(GetDlgItem(handle(), action.button));
         tool.lpszText = const_cast<char*>(action.tip);
-        SendMessageA(tips, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+        SendMessageA(m_tips, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
     }
 }
 
@@ -459,6 +458,7 @@ void CPaneDialog::onDialogKey(UINT key, bool repeated) {
 void CPaneDialog::onDestroy() {
     if (m_mode == Mode::docked && !m_hidden) leaveFrame();
     m_preview.hide();
+    if (m_tips != nullptr) DestroyWindow(std::exchange(m_tips, nullptr));
     m_keys.reset();
     m_hidden = true;
 }

@@ -134,6 +134,7 @@ private:
     POINT m_pressedAt{};
     RECT m_floatPlace{};         // screen; empty until it floated once
     HWND m_lastFocus = nullptr;  // in the pane, when F6 left it
+    HWND m_tips = nullptr;
     CDropPreview m_preview;
     std::unique_ptr<CFloatFrame> m_float;
     std::unique_ptr<CKeyFilter> m_keys;

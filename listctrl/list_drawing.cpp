@@ -83,7 +83,9 @@ void CCommonListCtrl::onPaint() {
         const auto font = reinterpret_cast<HFONT>(SendMessageA(handle(), WM_GETFONT, 0, 0));
         const fw::SelectScope select(dc, font);
         SetBkMode(dc, TRANSPARENT);
-        SetTextColor(dc, GetSysColor(COLOR_GRAYTEXT));
+        // Fainter than a row, and still with contrast enough to be read.
+        const COLORREF ink = GetSysColor(COLOR_WINDOWTEXT);
+        SetTextColor(dc, highContrast() ? ink : mixed(ink, m_background, 150));
         DrawTextA(dc, text.c_str(), -1, &area, DT_CENTER | DT_WORDBREAK | DT_NOPREFIX);
     }
     ReleaseDC(handle(), dc);

@@ -117,7 +117,7 @@ HeldView CMakerChecker::held(CFilterListCtrl& list, const char* title, const cha
 }
 
 SIZE CMakerChecker::leastSize() const {
-    return {scaled(220), scaled(260)};
+    return {scaled(220), scaled(320)};
 }
 
 SIZE CMakerChecker::firstFloatSize() const {

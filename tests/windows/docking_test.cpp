@@ -14,8 +14,8 @@ RECT inFrame(const MainFrame& frame, HWND window) {
     return place;
 }
 
-// Drags the pane by its caption strip to a place in the frame's client area.
-void dragPane(const MainFrame& frame, int x, int y) {
+// Takes the pane by its caption strip and holds it over a place in the frame's client area.
+POINT holdPane(const MainFrame& frame, int x, int y) {
     const HWND pane = findPane();
     RECT window{};
     GetWindowRect(pane, &window);
@@ -25,8 +25,17 @@ void dragPane(const MainFrame& frame, int x, int y) {
     SendMessageA(pane, WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(grip.x, grip.y));
     ScreenToClient(pane, &target);
     SendMessageA(pane, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(target.x, target.y));
-    SendMessageA(pane, WM_LBUTTONUP, 0, MAKELPARAM(target.x, target.y));
+    return target;
+}
+
+void dragPane(const MainFrame& frame, int x, int y) {
+    const POINT target = holdPane(frame, x, y);
+    SendMessageA(findPane(), WM_LBUTTONUP, 0, MAKELPARAM(target.x, target.y));
     pump();
+}
+
+HWND preview() {
+    return FindWindowA("MakerChecker.DropPreview", nullptr);
 }
 
 bool floats() {
@@ -59,6 +68,55 @@ TEST(Docking, StartsAtTheTopAndDocksAtEverySide) {
         const auto inner = frame.inner();
         EXPECT_LT(static_cast<long>(inner.width()) * inner.height(), client.right * client.bottom);
     }
+}
+
+TEST(Docking, ADragShowsWhereThePaneWillBeAndEscForgetsIt) {
+    const OpenWorkbench open;
+    const MainFrame& frame = *open.frame;
+    const RECT before = inFrame(frame, findPane());
+    const RECT client = frame.clientRect();
+    const POINT drops[] = {
+        {3, client.bottom / 2}, {client.right / 2, client.bottom - 3}, {600, 400}};
+    for (const POINT drop : drops) {
+        holdPane(frame, drop.x, drop.y);
+        ASSERT_NE(preview(), nullptr);
+        PostMessageA(frame.handle(), WM_KEYDOWN, VK_ESCAPE, 1);
+        pump();
+        EXPECT_EQ(preview(), nullptr);
+        const RECT after = inFrame(frame, findPane());
+        EXPECT_TRUE(EqualRect(&before, &after));
+
+        const POINT target = holdPane(frame, drop.x, drop.y);
+        const RECT promised = inFrame(frame, preview());
+        SendMessageA(findPane(), WM_LBUTTONUP, 0, MAKELPARAM(target.x, target.y));
+        pump();
+        EXPECT_EQ(preview(), nullptr);
+        const RECT kept = inFrame(frame, floats() ? GetParent(findPane()) : findPane());
+        EXPECT_TRUE(EqualRect(&promised, &kept)) << drop.x << ", " << drop.y;
+        if (floats()) SendMessageA(GetParent(findPane()), WM_NCLBUTTONDBLCLK, HTCAPTION, 0);
+        dragPane(frame, client.right / 2, 3);
+    }
+}
+
+TEST(Docking, StartingUpAgainKeepsThePanesSize) {
+    OpenWorkbench open;
+    const HWND frame = open.frame->handle();
+    const int bottom = static_cast<int>(inFrame(*open.frame, findPane()).bottom);
+    SendMessageA(frame, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(300, bottom + 2));
+    SendMessageA(frame, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(300, bottom - 60));
+    SendMessageA(frame, WM_LBUTTONUP, 0, MAKELPARAM(300, bottom - 60));
+    const RECT before = inFrame(*open.frame, findPane());
+    EXPECT_EQ(before.bottom, bottom - 60);
+    open.plugin.init();
+    pump();
+    const RECT after = inFrame(*open.frame, findPane());
+    EXPECT_TRUE(EqualRect(&before, &after));
+
+    SendMessageA(frame, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(300, before.bottom + 2));
+    SendMessageA(frame, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(300, 10));
+    EXPECT_GE(inFrame(*open.frame, findPane()).bottom, 320) << "its own least size";
+    ReleaseCapture();  // what Esc does
+    EXPECT_EQ(inFrame(*open.frame, findPane()).bottom, before.bottom);
 }
 
 TEST(Docking, FloatsAndComesBack) {

@@ -1,0 +1,263 @@
+// The holder frame with its bars, titles and settings, in a window of its own; and the pane's
+// lay-out, keys and focus in the real plug-in.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "frames/holder_frame.h"
+#include "settings/settings_store.h"
+#include "tests/windows/test_host.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class ScratchFiles final : public CProfileFiles {
+public:
+    ScratchFiles() {
+        fs::remove_all(root);
+        fs::create_directories(root / "Ostravine");
+    }
+    ~ScratchFiles() override { fs::remove_all(root); }
+    std::string applicationData() override { return root.string(); }
+    std::string content() const {
+        std::ifstream file(root / "Ostravine" / "VoskTrader" / "UserSetting.ini", std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    const fs::path root =
+        fs::temp_directory_path() / ("frames" + std::to_string(GetCurrentProcessId()));
+};
+
+RECT inParent(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+// A holder with two plain windows, 400 pixels along its direction.
+class Frames : public testing::Test {
+protected:
+    void open(CVTHolderFrame::Direction direction = CVTHolderFrame::Direction::rows) {
+        rows = direction == CVTHolderFrame::Direction::rows;
+        holder = std::make_unique<CVTHolderFrame>(store, direction);
+        const RECT place = rows ? RECT{0, 0, 300, 406} : RECT{0, 0, 406, 300};
+        ASSERT_TRUE(holder->create(host.handle(), place, 1024));
+        std::vector<HeldView> views;
+        for (const char* name : {"Upper", "Lower"})
+            views.push_back(
+                {CreateWindowExA(WS_EX_CLIENTEDGE, "Static", name, WS_CHILD | WS_VISIBLE, 0, 0, 0,
+                                 0, holder->handle(), nullptr, nullptr, nullptr),
+                 name, std::string(name) + " key"});
+        upper = views[0].window;
+        holder->setViews(std::move(views));
+        bar = holder->bar(0);
+    }
+    // The start of the bar: what the upper view and its frame take.
+    int split() const {
+        const RECT place = inParent(bar);
+        return static_cast<int>(rows ? place.top : place.left);
+    }
+    void send(UINT message, int along) const {
+        const LPARAM at = rows ? MAKELPARAM(20, along) : MAKELPARAM(along, 20);
+        SendMessageA(bar, message, MK_LBUTTON, at);
+    }
+
+    ScratchFiles files;
+    CSettingsStore store{files};
+    MainFrame host{false};
+    bool rows = true;
+    std::unique_ptr<CVTHolderFrame> holder;
+    HWND upper = nullptr, bar = nullptr;
+};
+
+TEST_F(Frames, ABarIsDraggedWithLiveFeedbackAndEscPutsItBack) {
+    for (const auto direction :
+         {CVTHolderFrame::Direction::rows, CVTHolderFrame::Direction::columns}) {
+        open(direction);
+        ASSERT_EQ(split(), 200);
+        send(WM_LBUTTONDOWN, 2);
+        send(WM_MOUSEMOVE, 52);
+        EXPECT_EQ(split(), 250) << "while the button is still down";
+        send(WM_MOUSEMOVE, 22);
+        EXPECT_EQ(split(), 270);
+        send(WM_LBUTTONUP, 2);
+        EXPECT_EQ(split(), 270);
+        send(WM_LBUTTONDOWN, 2);
+        send(WM_MOUSEMOVE, 999);
+        EXPECT_EQ(split(), 310) << "the lower view keeps its least size";
+        ReleaseCapture();  // what Esc does
+        EXPECT_EQ(split(), 270);
+        send(WM_LBUTTONDBLCLK, 2);
+        EXPECT_EQ(split(), 200);
+        holder.reset();
+    }
+}
+
+TEST_F(Frames, ABarWithTheFocusObeysItsKeys) {
+    open();
+    const struct {
+        WPARAM key;
+        int at;
+    } keys[] = {{VK_DOWN, 208}, {VK_UP, 200},  {VK_RIGHT, 200}, {VK_HOME, 90},
+                {VK_UP, 90},    {VK_END, 310}, {VK_UP, 302}};
+    for (const auto& each : keys) {
+        SendMessageA(bar, WM_KEYDOWN, each.key, 1);
+        EXPECT_EQ(split(), each.at) << each.key;
+    }
+}
+
+// Sizes are written when the frame goes, and what is written is never applied.
+TEST_F(Frames, SizesAreStoredAndLeftWhereTheyAre) {
+    open();
+    send(WM_LBUTTONDOWN, 2);
+    send(WM_MOUSEMOVE, 52);
+    send(WM_LBUTTONUP, 2);
+    EXPECT_EQ(files.content(), "");
+    holder->move({0, 0, 300, 806});  // the shares stay
+    DestroyWindow(holder->handle());
+    EXPECT_EQ(files.content(),
+              "[HOLDER_FRAME_SPLITTER_SIZE]\r\nUpper key=500\r\nLower key=300\r\n");
+    open();
+    EXPECT_EQ(split(), 200);
+}
+
+TEST_F(Frames, AViewStandsInItsFlatFrameWithoutABorderOfItsOwn) {
+    open();
+    const RECT view = inParent(upper);
+    EXPECT_EQ(view.left, 1);
+    EXPECT_EQ(view.right, 299);
+    EXPECT_EQ(view.bottom, 199);
+    EXPECT_GT(view.top, 10) << "below the title";
+    EXPECT_EQ(GetWindowLongPtrA(upper, GWL_EXSTYLE) & WS_EX_CLIENTEDGE, 0);
+    for (const int height : {150, 20, 0, 406}) holder->move({0, 0, 300, height});
+    EXPECT_EQ(split(), 200);
+}
+
+// ---- In the plug-in ----
+
+// Keys go through the queue, as a host's loop sees them; modifiers are down meanwhile.
+void typeKey(HWND focus, WPARAM key, std::initializer_list<int> modifiers = {}, LPARAM flags = 1) {
+    BYTE before[256]{}, held[256]{};
+    GetKeyboardState(before);
+    GetKeyboardState(held);
+    for (const int modifier : modifiers) held[modifier] = 0x80;
+    SetFocus(focus);
+    PostMessageA(focus, WM_KEYDOWN, key, flags);
+    SetKeyboardState(held);
+    pump();
+    SetKeyboardState(before);
+}
+
+HWND detailsList() {
+    return descendant(findPane(), WC_LISTVIEWA, 4001);
+}
+
+HWND nextStop(HWND from) {
+    typeKey(from, VK_TAB);
+    return GetFocus();
+}
+
+TEST(PaneKeys, TabGoesFromTheButtonsThroughTheListsAndTheBar) {
+    const OpenWorkbench open;
+    const HWND bar = descendant(findPane(), "MakerChecker.SplitterBar", 0);
+    ASSERT_NE(bar, nullptr);
+    EXPECT_TRUE(IsChild(mainList(), nextStop(button("Recover")))) << "the filter row";
+    EXPECT_EQ(nextStop(mainList()), bar);
+    EXPECT_TRUE(IsChild(detailsList(), nextStop(bar)));
+    EXPECT_EQ(nextStop(detailsList()), button("Accept"));
+    const int before = static_cast<int>(inParent(bar).top);
+    typeKey(bar, VK_UP);
+    EXPECT_LT(inParent(bar).top, before);
+    EXPECT_EQ(SendMessageA(button("Accept"), WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS, 0);
+}
+
+TEST(PaneKeys, ThreeFingersDecideAndOneRecovers) {
+    OpenWorkbench open;
+    open.plugin.publish(pending("1", "340", {{31003, "U"}}));
+    selectRows(mainList(), {0});
+    const struct {
+        WPARAM key;
+        std::initializer_list<int> modifiers;
+        LPARAM flags;
+        const char* sent;  // the value of field 10303, or the request; empty: nothing
+    } keys[] = {
+        {'Y', {}, 1, ""},
+        {'Y', {VK_CONTROL}, 1, ""},
+        {'Y', {VK_SHIFT}, 1, ""},
+        {'Y', {VK_CONTROL, VK_SHIFT}, 0x40000001, ""},  // held
+        {'Y', {VK_CONTROL, VK_SHIFT}, 1, "accepted"},
+        {VK_F5, {VK_SHIFT}, 1, ""},
+        {VK_F5, {}, 1, "<absent>"},
+    };
+    for (const auto& each : keys) {
+        host().sent.clear();
+        typeKey(mainList(), each.key, each.modifiers, each.flags);
+        EXPECT_EQ(host().sent.size(), each.sent[0] != '\0' ? 1u : 0u);
+        for (const Fields& message : host().sent) EXPECT_EQ(sentField(message, 10303), each.sent);
+        EXPECT_EQ(GetFocus(), mainList()) << "the focus stays: a later Enter presses no button";
+    }
+    host().sent.clear();
+    const DialogTrap trap;
+    typeKey(mainList(), 'N', {VK_CONTROL, VK_SHIFT});
+    EXPECT_EQ(trap.texts.size(), 1u) << "it asks for the reason";
+    EXPECT_TRUE(host().sent.empty());
+}
+
+TEST(PaneKeys, UpdateHasNoKeyWithoutTheRight) {
+    host().mayModify = false;
+    const OpenWorkbench open;
+    typeKey(mainList(), 'U', {VK_CONTROL, VK_SHIFT});
+    EXPECT_TRUE(host().sent.empty());
+    EXPECT_EQ(GetFocus(), mainList());
+}
+
+TEST(PaneKeys, F6GoesToTheConsoleAndBackToWhereItWas) {
+    for (const bool docks : {true, false}) {
+        host() = HostState{};
+        LoadedPlugin plugin;
+        plugin.init();
+        const MainFrame frame(docks);
+        plugin.hotKey();
+        pump();
+        typeKey(button("Reject"), VK_F6);
+        EXPECT_EQ(GetFocus(), frame.handle());
+        SetFocus(findPane());
+        EXPECT_EQ(GetFocus(), button("Reject"));
+    }
+}
+
+TEST(PaneKeys, EscEndsADragAndNothingElse) {
+    const OpenWorkbench open;
+    const HWND bar = descendant(findPane(), "MakerChecker.SplitterBar", 0);
+    const LONG before = inParent(bar).top;
+    SendMessageA(bar, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 2));
+    SendMessageA(bar, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(20, 60));
+    EXPECT_GT(inParent(bar).top, before);
+    typeKey(open.frame->handle(), VK_ESCAPE);  // wherever the focus is
+    EXPECT_EQ(inParent(bar).top, before);
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST(PaneLayout, ButtonsAndListsStayInSightInASmallPane) {
+    const OpenWorkbench open;
+    const HWND pane = findPane();
+    for (const int width : {1000, 400, 240, 120, 40}) {
+        SetWindowPos(pane, nullptr, 0, 0, width, 500, SWP_NOMOVE | SWP_NOZORDER);
+        RECT client{}, overlap{};
+        GetClientRect(pane, &client);
+        const RECT lists = inParent(GetParent(mainList()));
+        EXPECT_GE(lists.top, 55);
+        EXPECT_LE(lists.bottom, client.bottom);
+        for (const char* text : {"Accept", "Reject", "Update", "Recover"}) {
+            const RECT place = inParent(button(text));
+            EXPECT_GE(place.left, 0) << text << width;
+            EXPECT_LE(place.right, client.right) << text << width;
+            EXPECT_FALSE(IntersectRect(&overlap, &place, &lists)) << text << width;
+        }
+    }
+    SetWindowPos(pane, nullptr, 0, 0, 10, 10, SWP_NOMOVE | SWP_NOZORDER);
+}
+
+}  // namespace
