@@ -78,6 +78,7 @@ void CCommonListCtrl::onPaint() {
     RECT area = clientRect(), captions{};
     GetClientRect(header(), &captions);
     area.top += captions.bottom + scaled(8);
+    InflateRect(&area, -scaled(6), 0);
     const HDC dc = GetDC(handle());
     {
         const auto font = reinterpret_cast<HFONT>(SendMessageA(handle(), WM_GETFONT, 0, 0));

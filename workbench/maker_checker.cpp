@@ -32,9 +32,11 @@ constexpr fw::ActionKey kActionKeys[] = {
 
 constexpr int kButtons[] = {IDC_ACCEPT, IDC_REJECT, IDC_UPDATE, IDC_RECOVER};
 
-// White as the details are; what the user's colours say where contrast counts.
+// White, unless the user's text is too light to be read on it.
 COLORREF detailsBackground() {
-    return highContrast() ? GetSysColor(COLOR_WINDOW) : RGB(255, 255, 255);
+    const COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
+    const bool light = GetRValue(text) + GetGValue(text) + GetBValue(text) > 3 * 128;
+    return light || highContrast() ? GetSysColor(COLOR_WINDOW) : RGB(255, 255, 255);
 }
 
 }  // namespace

@@ -260,4 +260,29 @@ TEST(PaneLayout, ButtonsAndListsStayInSightInASmallPane) {
     SetWindowPos(pane, nullptr, 0, 0, 10, 10, SWP_NOMOVE | SWP_NOZORDER);
 }
 
+TEST(PaneLayout, AFloatingPaneKeepsItsSizeFromSessionToSession) {
+    const std::string path = settingsStore().GetUserSettingPath();
+    fs::create_directories(fs::path(path).parent_path());
+    const auto stored = [&] {
+        char value[32]{};
+        GetPrivateProfileStringA("VOSK_DIALOG_BAR_SIZE", "1000", "", value, sizeof value,
+                                 path.c_str());
+        return std::string(value);
+    };
+    WritePrivateProfileStringA("VOSK_DIALOG_BAR_SIZE", "1000", "640,420", path.c_str());
+    { const OpenWorkbench docked; }
+    EXPECT_EQ(stored(), "640,420") << "a pane that never floated says nothing";
+    {
+        const OpenWorkbench open;
+        SendMessageA(findPane(), WM_NCLBUTTONDBLCLK, HTCAPTION, 0);
+        RECT client{};
+        GetClientRect(findPane(), &client);
+        EXPECT_EQ(client.right, 640);
+        EXPECT_EQ(client.bottom, 420);
+        SetWindowPos(GetParent(findPane()), nullptr, 0, 0, 10, 10, SWP_NOMOVE | SWP_NOZORDER);
+    }
+    EXPECT_EQ(stored(), "220,320") << "its least size";
+    WritePrivateProfileStringA("VOSK_DIALOG_BAR_SIZE", "1000", nullptr, path.c_str());
+}
+
 }  // namespace

@@ -73,16 +73,16 @@ TEST(Pane, HoldsTheMainListAboveTheDetails) {
     EXPECT_EQ(GetDlgCtrlID(GetParent(mainList())), 1024);
     EXPECT_EQ(GetParent(mainList()), GetParent(details));
 
-    RECT pane{}, upper{}, lower{};
+    RECT pane{}, holder{}, upper{}, lower{};
     GetClientRect(findPane(), &pane);
+    GetWindowRect(GetParent(details), &holder);
     GetWindowRect(mainList(), &upper);
     GetWindowRect(details, &lower);
-    MapWindowPoints(nullptr, findPane(), reinterpret_cast<POINT*>(&upper), 2);
-    MapWindowPoints(nullptr, findPane(), reinterpret_cast<POINT*>(&lower), 2);
-    EXPECT_EQ(upper.left, 5);
-    EXPECT_EQ(upper.top, 55);
-    EXPECT_EQ(lower.right, pane.right - 5);
-    EXPECT_EQ(lower.bottom, pane.bottom - 5);
+    MapWindowPoints(nullptr, findPane(), reinterpret_cast<POINT*>(&holder), 2);
+    EXPECT_EQ(holder.left, 5);
+    EXPECT_EQ(holder.top, 55);
+    EXPECT_EQ(holder.right, pane.right - 5);
+    EXPECT_EQ(holder.bottom, pane.bottom - 5);
     EXPECT_GT(lower.top, upper.bottom);
 }
 
