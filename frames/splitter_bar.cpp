@@ -73,7 +73,8 @@ bool CSplitterBar::onKeyDown(UINT key, bool) {
                  {VK_END, BarMove::toMost}};
     for (const auto& each : moves)
         if (each.key == key) return m_events.stepped(each.move), true;
-    return false;
+    if (key == VK_SPACE) m_events.evenedOut();
+    return key == VK_SPACE;
 }
 
 // Three dots, and the highlight's colour while the keys move it.

@@ -1,6 +1,6 @@
 // CSplitterBar: the bar between two panes of a holder frame. Dragged with live feedback; a drag
 // that loses the mouse otherwise than by letting go (Esc) puts the bar back. With the focus, which
-// it gets by Tab only, it obeys the arrow keys, Home and End.
+// it gets by Tab only, it obeys the arrow keys, Home, End and space.
 #pragma once
 
 #include <functional>
@@ -12,7 +12,7 @@
 struct SplitterEvents {
     std::function<void(int position)> movedTo;  // of its start, in the frame, along the direction
     std::function<void(BarMove move)> stepped;
-    std::function<void()> evenedOut;  // by a double-click
+    std::function<void()> evenedOut;  // by a double-click, or by space
 };
 
 class CSplitterBar : public fw::CWindow {

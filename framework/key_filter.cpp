@@ -45,7 +45,7 @@ bool CKeyFilter::takes(const MSG& message) const {
     const auto key = static_cast<UINT>(message.wParam);
     if (key == VK_ESCAPE && holdsMouse(m_pane)) return true;
     if (IsChild(m_pane, message.hwnd) == 0) return false;
-    return isDialogKey(key) ||
+    return isDialogKey(key) || isPressed(kCaptionMenuKey, key) ||
            std::any_of(m_actions.begin(), m_actions.end(),
                        [key](const ActionKey& action) { return isPressed(action, key); });
 }

@@ -32,6 +32,9 @@ struct ActionKey {
 };
 bool isPressed(const ActionKey& action, UINT key);
 
+// Opens the menu of the pane's caption.
+inline constexpr ActionKey kCaptionMenuKey{'D', true, 0, ""};
+
 // Whether the pane or a window in it has captured the mouse.
 bool holdsMouse(HWND pane);
 

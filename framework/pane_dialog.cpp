@@ -87,6 +87,7 @@ void CPaneDialog::dockAt(unsigned side) {
         m_extent = 0;
     else if (m_mode == Mode::docked && !m_hidden)
         m_extent = presentExtent();
+    const HWND focus = GetFocus();
     m_side = side;
     m_mode = Mode::docked;
     m_hidden = false;
@@ -100,6 +101,8 @@ void CPaneDialog::dockAt(unsigned side) {
     }
     captionChanged();
     if (m_float != nullptr) ShowWindow(m_float->handle(), SW_HIDE);
+    // The focus went with the window that the pane left.
+    if (IsChild(handle(), focus) != 0) SetFocus(focus);
 }
 
 void CPaneDialog::floatPane() {
@@ -368,7 +371,10 @@ void CPaneDialog::onCaptureLost() {
 }
 
 void CPaneDialog::onNcContext(UINT hit, POINT screen) {
-    if (hit != HTCAPTION) return;
+    if (hit == HTCAPTION) showCaptionMenu(screen);
+}
+
+void CPaneDialog::showCaptionMenu(POINT screen) {
     const Menu menu(CreatePopupMenu());
     for (const CaptionCommand& command : kCaptionCommands)
         if (command.side == 0 || (command.side & m_allowedSides) != 0)
@@ -396,6 +402,11 @@ void CPaneDialog::onPaneKey(UINT key, bool repeated) {
         return;
     }
     if (key == VK_F6) return leaveForNextPart();
+    if (isPressed(kCaptionMenuKey, key)) {
+        POINT corner{0, 0};
+        ClientToScreen(handle(), &corner);
+        return showCaptionMenu(corner);
+    }
     if (!pressAction(key, repeated)) onDialogKey(key, repeated);
 }
 

@@ -112,6 +112,7 @@ private:
     void leaveForNextPart();
     void takeFocus();
     void showTips();
+    void showCaptionMenu(POINT screen);
     RECT floatPlaceAt(POINT corner) const;
     void showFloating(bool activate);
     void leaveFrame();

@@ -356,6 +356,11 @@ bool CCommonListCtrl::navigate(UINT key) {
 bool CCommonListCtrl::onKeyDown(UINT key, bool) {
     const Modifiers keys = modifiersDown();
     if (navigate(key)) return true;
+    if (key == VK_APPS && keys.ctrl) {
+        NMHDR asked{};
+        onHeaderRightClick(asked);
+        return true;
+    }
     if (key == VK_RETURN || key == VK_APPS) {
         notifyParent(key == VK_RETURN ? NM_RETURN : NM_RCLICK, {}, m_store.focusedRow());
         return true;

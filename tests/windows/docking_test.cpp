@@ -134,8 +134,10 @@ TEST(Docking, FloatsAndComesBack) {
     open.plugin.publish(pending("1", "339"));
     EXPECT_EQ(rowCount(mainList()), 1);
 
+    SetFocus(mainList());
     SendMessageA(floating, WM_NCLBUTTONDBLCLK, HTCAPTION, 0);
     EXPECT_FALSE(floats());
+    EXPECT_EQ(GetFocus(), mainList());
     EXPECT_FALSE(IsWindowVisible(floating));
     EXPECT_EQ(GetParent(findPane()), frame.handle());
     EXPECT_EQ(rowCount(mainList()), 1);

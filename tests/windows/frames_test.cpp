@@ -101,7 +101,7 @@ TEST_F(Frames, ABarWithTheFocusObeysItsKeys) {
         WPARAM key;
         int at;
     } keys[] = {{VK_DOWN, 208}, {VK_UP, 200},  {VK_RIGHT, 200}, {VK_HOME, 90},
-                {VK_UP, 90},    {VK_END, 310}, {VK_UP, 302}};
+                {VK_UP, 90},    {VK_END, 310}, {VK_UP, 302},    {VK_SPACE, 200}};
     for (const auto& each : keys) {
         SendMessageA(bar, WM_KEYDOWN, each.key, 1);
         EXPECT_EQ(split(), each.at) << each.key;
