@@ -34,6 +34,14 @@ void dragPane(const MainFrame& frame, int x, int y) {
     pump();
 }
 
+// Moves the bar below the pane, which is docked at the top.
+void dragBar(const MainFrame& frame, int by) {
+    const LONG bottom = inFrame(frame, findPane()).bottom;
+    SendMessageA(frame.handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(300, bottom + 2));
+    SendMessageA(frame.handle(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(300, bottom + by));
+    SendMessageA(frame.handle(), WM_LBUTTONUP, 0, MAKELPARAM(300, bottom + by));
+}
+
 HWND preview() {
     return FindWindowA("MakerChecker.DropPreview", nullptr);
 }
@@ -73,11 +81,14 @@ TEST(Docking, StartsAtTheTopAndDocksAtEverySide) {
 TEST(Docking, ADragShowsWhereThePaneWillBeAndEscForgetsIt) {
     const OpenWorkbench open;
     const MainFrame& frame = *open.frame;
-    const RECT before = inFrame(frame, findPane());
+    dragBar(frame, -60);
     const RECT client = frame.clientRect();
-    const POINT drops[] = {
-        {3, client.bottom / 2}, {client.right / 2, client.bottom - 3}, {600, 400}};
+    const POINT drops[] = {{client.right / 2, 3},
+                           {3, client.bottom / 2},
+                           {client.right / 2, client.bottom - 3},
+                           {600, 400}};
     for (const POINT drop : drops) {
+        const RECT before = inFrame(frame, findPane());
         holdPane(frame, drop.x, drop.y);
         ASSERT_NE(preview(), nullptr);
         PostMessageA(frame.handle(), WM_KEYDOWN, VK_ESCAPE, 1);
@@ -101,10 +112,8 @@ TEST(Docking, ADragShowsWhereThePaneWillBeAndEscForgetsIt) {
 TEST(Docking, StartingUpAgainKeepsThePanesSize) {
     OpenWorkbench open;
     const HWND frame = open.frame->handle();
-    const int bottom = static_cast<int>(inFrame(*open.frame, findPane()).bottom);
-    SendMessageA(frame, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(300, bottom + 2));
-    SendMessageA(frame, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(300, bottom - 60));
-    SendMessageA(frame, WM_LBUTTONUP, 0, MAKELPARAM(300, bottom - 60));
+    const LONG bottom = inFrame(*open.frame, findPane()).bottom;
+    dragBar(*open.frame, -60);
     const RECT before = inFrame(*open.frame, findPane());
     EXPECT_EQ(before.bottom, bottom - 60);
     open.plugin.init();
@@ -168,10 +177,7 @@ TEST(Docking, IsResizedByTheBarAndFollowsTheFrame) {
     const OpenWorkbench open;
     const HWND frame = open.frame->handle();
     const RECT before = inFrame(*open.frame, findPane());
-    const LPARAM bar = MAKELPARAM(300, before.bottom + 2);
-    SendMessageA(frame, WM_LBUTTONDOWN, MK_LBUTTON, bar);
-    SendMessageA(frame, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(300, before.bottom - 98));
-    SendMessageA(frame, WM_LBUTTONUP, 0, MAKELPARAM(300, before.bottom - 98));
+    dragBar(*open.frame, -98);
     EXPECT_EQ(inFrame(*open.frame, findPane()).bottom, before.bottom - 98);
 
     SetWindowPos(frame, nullptr, 0, 0, 700, 500, SWP_NOMOVE | SWP_NOZORDER);
