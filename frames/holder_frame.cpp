@@ -54,21 +54,23 @@ void CVTHolderFrame::setViews(std::vector<HeldView> views) {
 }
 
 void CVTHolderFrame::makeBar(std::size_t place) {
-    const auto moved = [this] { layOut(); };
-    m_bars.push_back(std::make_unique<CSplitterBar>(
-        m_rows, SplitterEvents{[this, place, moved](int position) {
-                                   m_split.moveBar(place, position);
-                                   moved();
-                               },
-                               [this, place, moved](BarMove move) {
-                                   m_split.moveBar(place, move, scaled(kKeyStep));
-                                   moved();
-                               },
-                               [this, moved] {
-                                   m_split.evenOut();
-                                   moved();
-                               }}));
+    SplitterEvents events;
+    events.movedTo = [this, place](int position) {
+        m_split.moveBar(place, position);
+        layOut();
+    };
+    events.stepped = [this, place](BarMove move) {
+        m_split.moveBar(place, move, scaled(kKeyStep));
+        layOut();
+    };
+    events.evenedOut = [this] { evenOut(); };
+    m_bars.push_back(std::make_unique<CSplitterBar>(m_rows, std::move(events)));
     m_bars.back()->create(handle());
+}
+
+void CVTHolderFrame::evenOut() {
+    m_split.evenOut();
+    layOut();
 }
 
 // The settings store serves no sizes (settings/model/settings_store.h): what is stored for other
@@ -186,10 +188,7 @@ void CVTHolderFrame::showMenu(std::size_t view, POINT screen) {
     AppendMenuA(menu.get(), MF_STRING, kEvenOut, "&Even Out");
     const auto chosen = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x,
                                        screen.y, 0, handle(), nullptr);
-    if (chosen == kEvenOut) {
-        m_split.evenOut();
-        layOut();
-    }
+    if (chosen == kEvenOut) evenOut();
     if (chosen == kAppearance && openAppearance) openAppearance();
 }
 

@@ -60,6 +60,7 @@ private:
     HFONT font() const;
     int lineHeight() const;
     void makeBar(std::size_t place);
+    void evenOut();
     void restoreSizes();
     void showMenu(std::size_t view, POINT screen);
 

@@ -42,7 +42,7 @@ bool holdsMouse(HWND pane);
 class CKeyFilter {
 public:
     // `actions` must outlive the filter.
-    CKeyFilter(HWND pane, std::span<const ActionKey> actions);
+    explicit CKeyFilter(HWND pane, std::span<const ActionKey> actions = {});
     ~CKeyFilter();
     CKeyFilter(const CKeyFilter&) = delete;
     CKeyFilter& operator=(const CKeyFilter&) = delete;

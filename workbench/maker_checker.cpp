@@ -140,6 +140,12 @@ void CMakerChecker::layOut() {
     if (m_holder.handle() != nullptr) m_holder.move(listsPlace());
 }
 
+// The frame's own size may have stayed, and what stands in it has not.
+void CMakerChecker::onDpiChanged() {
+    layOut();
+    m_holder.layOut();
+}
+
 void CMakerChecker::onColorsChanged() {
     detailsList->setBackground(detailsBackground());
     for (const HWND list : {mainList->handle(), detailsList->handle()})

@@ -42,7 +42,7 @@ protected:
 private:
     LRESULT onInitDialog();
     void onSize(int, int) { layOut(); }
-    void onDpiChanged() { layOut(); }
+    void onDpiChanged();
     void onColorsChanged();
     void onDestroy();
     void onAccept();
