@@ -5,8 +5,8 @@
 #include "framework/handles.h"
 
 bool CSplitterBar::create(HWND frame) {
-    static const fw::WindowClass windowClass{"MakerChecker.SplitterBar", CS_DBLCLKS, IDC_ARROW,
-                                             COLOR_3DFACE};
+    static const fw::WindowClass windowClass{
+        "MakerChecker.SplitterBar", CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW, IDC_ARROW, COLOR_3DFACE};
     return CWindow::create(windowClass, "Splitter", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, RECT{},
                            frame, 0);
 }
