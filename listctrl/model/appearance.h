@@ -45,6 +45,9 @@ std::optional<Appearance> readAppearance(std::string_view stored);
 // there is none.
 const Keyword* keywordIn(const Appearance& appearance, std::string_view text);
 
+// The points of a font size text that cannot be read.
+inline constexpr int kStandardPoints = 8;
+
 // The points that a font size text stands for: a whole number that a row can be drawn with, 1 to
 // 144.
 std::optional<int> fontPoints(std::string_view size);

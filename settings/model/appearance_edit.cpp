@@ -31,6 +31,13 @@ bool staysReadable(Appearance appearance) {
 
 }  // namespace
 
+AppearanceEdit::AppearanceEdit(Appearance current, std::size_t columns)
+    : m_value(std::move(current)) {
+    if (m_value.keywordColumn && toIndex(*m_value.keywordColumn) >= columns)
+        m_value.keywordColumn.reset();
+    if (columns == 0) m_value.keywords.clear();
+}
+
 ColorValue AppearanceEdit::color(ColorProperty property) const {
     return property == ColorProperty::text ? m_value.text : m_value.background;
 }

@@ -18,7 +18,9 @@ enum class ColorProperty { background, text };
 
 class AppearanceEdit {
 public:
-    explicit AppearanceEdit(Appearance current) : m_value(std::move(current)) {}
+    // `columns`: how many columns keywords can be sought in; 0 when keywords are not offered, which
+    // leaves them out. A keyword column beyond them is none.
+    AppearanceEdit(Appearance current, std::size_t columns);
 
     ColorValue color(ColorProperty property) const;
     void setColor(ColorProperty property, ColorValue color);

@@ -11,8 +11,8 @@
 // where it is missing reads and writes fail and the callers' defaults stay in force.
 //
 // The accessors return 1 on success and 0 on failure and show nothing. Values are single-byte text
-// on one line; a value longer than kLongestValue is read back cut to that. The platform takes blanks
-// around a value off, and one pair of quotes. Thread: the user-interface thread.
+// on one line; a value longer than kLongestValue is read back cut to that. The platform takes
+// blanks around a value off, and one pair of quotes. Thread: the user-interface thread.
 #pragma once
 
 #include <cstddef>

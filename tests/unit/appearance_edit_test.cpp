@@ -11,7 +11,7 @@ using Texts = std::vector<std::string>;
 AppearanceEdit edit(const Texts& keywords = {}) {
     Appearance appearance{0xFFFFFF, 0, "Arial", "10", ColumnId{2}, {}};
     for (const std::string& each : keywords) appearance.keywords.push_back({each, 0xFF});
-    return AppearanceEdit(appearance);
+    return AppearanceEdit(appearance, 6);
 }
 
 Texts texts(const AppearanceEdit& edit) {
@@ -84,6 +84,14 @@ TEST(AppearanceEditTest, AppliesWhatWasChosen) {
     value.setKeywordColumn(ColumnId{4});
     EXPECT_EQ(appearanceText(value.applied()), "ABCDEF,10,Courier New,8,4,sell,FF0000,old,FF,");
     EXPECT_EQ(texts(value), (Texts{"SELL", "old"})) << "the list shows what was typed";
+}
+
+TEST(AppearanceEditTest, KeywordsNeedAColumnThatIsThere) {
+    const Appearance stored{0, 0, "Arial", "10", ColumnId{2}, {{"buy", 0xFF}}};
+    EXPECT_EQ(AppearanceEdit(stored, 3).applied(), stored);
+    EXPECT_EQ(AppearanceEdit(stored, 2).keywordColumn(), std::nullopt);
+    EXPECT_EQ(AppearanceEdit(stored, 2).keywords(), stored.keywords);
+    EXPECT_EQ(appearanceText(AppearanceEdit(stored, 0).applied()), "0,0,Arial,10");
 }
 
 TEST(AppearanceEditTest, OffersEachStorableFamilyOnce) {
