@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "framework/handles.h"
-
 bool CVTHolderFrame::create(HWND parent, const RECT& place, UINT id) {
     static const fw::WindowClass windowClass{"MakerChecker.HolderFrame", 0, IDC_ARROW,
                                              COLOR_3DFACE};
@@ -54,19 +52,10 @@ LRESULT CVTHolderFrame::onDrawItem(const DRAWITEMSTRUCT& draw) {
     return SendMessageA(draw.hwndItem, WM_DRAWITEM, draw.CtlID, reinterpret_cast<LPARAM>(&draw));
 }
 
-// A row is as high as the font's text and its external leading, and a pixel. The list asks while it
-// is made, before it has a font of its own: it will be the dialog's.
+// And says how high they are.
 LRESULT CVTHolderFrame::onMeasureItem(MEASUREITEMSTRUCT& measure) {
-    const auto font = reinterpret_cast<HFONT>(SendMessageA(GetParent(handle()), WM_GETFONT, 0, 0));
-    const HDC dc = GetDC(handle());
-    TEXTMETRICA metrics{};
-    {
-        const fw::SelectScope select(dc, font);
-        GetTextMetricsA(dc, &metrics);
-    }
-    ReleaseDC(handle(), dc);
-    measure.itemHeight = static_cast<UINT>(metrics.tmHeight + metrics.tmExternalLeading + 1);
-    return TRUE;
+    return SendDlgItemMessageA(handle(), static_cast<int>(measure.CtlID), WM_MEASUREITEM,
+                               measure.CtlID, reinterpret_cast<LPARAM>(&measure));
 }
 
 int CVTHolderFrame::barTop() const {

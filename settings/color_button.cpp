@@ -13,23 +13,19 @@ void CColorButton::setColor(COLORREF color) {
     InvalidateRect(handle(), nullptr, FALSE);
 }
 
-// A button that cannot be pressed shows its colour small, as a greyed entry shows its text pale.
+// A button that cannot be pressed shows its colour small, in a pale frame.
 LRESULT CColorButton::onDrawItem(const DRAWITEMSTRUCT& draw) {
-    RECT place = draw.rcItem;
     const bool disabled = (draw.itemState & ODS_DISABLED) != 0;
     const bool pressed = (draw.itemState & ODS_SELECTED) != 0;
-    DrawFrameControl(
-        draw.hDC, &place, DFC_BUTTON,
-        DFCS_BUTTONPUSH | (pressed ? DFCS_PUSHED : 0) | (disabled ? DFCS_INACTIVE : 0));
-    InflateRect(&place, -scaled(4), -scaled(4));
-    if (pressed) OffsetRect(&place, 1, 1);
-    RECT swatch = place;
-    if (disabled) InflateRect(&swatch, -(swatch.right - swatch.left) / 4, 0);
+    const bool focused = (draw.itemState & ODS_FOCUS) != 0;
+    drawColor(draw.hDC, draw.rcItem, GetSysColor(COLOR_BTNFACE),
+              GetSysColor(focused || pressed ? COLOR_HIGHLIGHT : COLOR_3DSHADOW));
+    RECT swatch = draw.rcItem;
+    InflateRect(&swatch, -scaled(disabled ? 20 : 4), -scaled(pressed || disabled ? 5 : 4));
     drawColor(draw.hDC, swatch, m_color, GetSysColor(disabled ? COLOR_GRAYTEXT : COLOR_BTNTEXT));
-    InflateRect(&place, 1, 1);
-    if ((draw.itemState & (ODS_FOCUS | ODS_NOFOCUSRECT)) == ODS_FOCUS) {
-        InflateRect(&place, 1, 1);
-        DrawFocusRect(draw.hDC, &place);
+    if (focused && (draw.itemState & ODS_NOFOCUSRECT) == 0) {
+        InflateRect(&swatch, 2, 2);
+        DrawFocusRect(draw.hDC, &swatch);
     }
     return TRUE;
 }

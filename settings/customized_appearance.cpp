@@ -1,6 +1,7 @@
 #include "settings/customized_appearance.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "framework/dialog.h"
@@ -199,13 +200,18 @@ void CCustomizedAppearance::showKeywordGroup(bool shown) {
 }
 
 void CCustomizedAppearance::onColor() {
-    static COLORREF custom[16]{};  // the user's own, for the session
+    // The user's own, for the session.
+    static std::array<COLORREF, 16> custom = [] {
+        std::array<COLORREF, 16> white{};
+        white.fill(RGB(255, 255, 255));
+        return white;
+    }();
     CHOOSECOLORA question{};
     question.lStructSize = sizeof question;
     question.hwndOwner = handle();
     question.rgbResult = m_color.color();
-    question.lpCustColors = custom;
-    question.Flags = CC_RGBINIT | CC_ANYCOLOR;
+    question.lpCustColors = custom.data();
+    question.Flags = CC_RGBINIT | CC_ANYCOLOR | CC_FULLOPEN;
     if (ChooseColorA(&question) == 0) return;
     m_color.setColor(question.rgbResult);
     m_edit.setColor(property(), question.rgbResult);
