@@ -10,7 +10,7 @@ void CCommonListCtrl::setBackground(COLORREF color) {
 
 COLORREF CCommonListCtrl::background() const {
     const COLORREF system = GetSysColor(COLOR_WINDOW);
-    if (highContrast()) return system;
+    if ((!m_appearance && !m_ownBackground) || highContrast()) return system;
     return m_appearance ? m_appearance->background : m_ownBackground.value_or(system);
 }
 
