@@ -150,11 +150,10 @@ LRESULT CVTHolderFrame::onDrawItem(const DRAWITEMSTRUCT& draw) {
     return SendMessageA(draw.hwndItem, WM_DRAWITEM, draw.CtlID, reinterpret_cast<LPARAM>(&draw));
 }
 
-// A row is as high as the font's text and its external leading, and a pixel. The list asks while it
-// is made, before it has a font of its own: it will be the dialog's.
+// And says how high they are.
 LRESULT CVTHolderFrame::onMeasureItem(MEASUREITEMSTRUCT& measure) {
-    measure.itemHeight = static_cast<UINT>(lineHeight() + 1);
-    return TRUE;
+    return SendDlgItemMessageA(handle(), static_cast<int>(measure.CtlID), WM_MEASUREITEM,
+                               measure.CtlID, reinterpret_cast<LPARAM>(&measure));
 }
 
 // ---- Titles and their menus ----

@@ -23,10 +23,7 @@ constexpr int kDescendingImage = 2;
 }  // namespace
 
 CCommonListCtrl::CCommonListCtrl(ListServices& services, RecordStore& store)
-    : m_services(services),
-      m_store(store),
-      m_rules(store),
-      m_background(GetSysColor(COLOR_WINDOW)) {
+    : m_services(services), m_store(store), m_rules(store) {
     allLists().push_back(this);
 }
 
@@ -47,7 +44,7 @@ bool CCommonListCtrl::create(HWND parent, UINT id, std::string name, std::string
     SendMessageA(list, WM_SETFONT, static_cast<WPARAM>(font), FALSE);
     const DWORD extended = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
     SendMessageA(list, LVM_SETEXTENDEDLISTVIEWSTYLE, extended, extended);
-    measureFont();
+    readAppearance();
     return true;
 }
 
@@ -390,6 +387,7 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::observe<WM_SIZE, &CCommonListCtrl::onSize>(),
         fw::observe<WM_HSCROLL, &CCommonListCtrl::onAreaChanged>(),
         fw::on<WM_DRAWITEM, &CCommonListCtrl::onDrawItem>(),
+        fw::on<WM_MEASUREITEM, &CCommonListCtrl::onMeasureItem>(),
         fw::on<WM_GETDLGCODE, &CCommonListCtrl::onGetDialogCode>(),
         fw::on<WM_LBUTTONDOWN, &CCommonListCtrl::onButtonDown>(),
         fw::on<WM_LBUTTONUP, &CCommonListCtrl::onButtonUp>(),

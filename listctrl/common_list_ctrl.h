@@ -23,8 +23,10 @@
 #include "framework/window.h"
 #include "listctrl/cell_tip.h"
 #include "listctrl/header_tips.h"
+#include "listctrl/list_colors.h"
 #include "listctrl/list_messages.h"
 #include "listctrl/list_services.h"
+#include "listctrl/model/appearance.h"
 #include "listctrl/model/column_model.h"
 #include "listctrl/model/computed_columns.h"
 #include "listctrl/model/list_commands.h"
@@ -84,10 +86,16 @@ public:
     static void loadAllColumnProfiles();
 
     void setExportEnabled(bool enabled) { m_exportEnabled = enabled; }
+    // The background until the appearance is customised; without one it is the system's.
     void setBackground(COLORREF color);
 
     // What stands in place of the rows when there is no record.
     void setEmptyText(std::string text) { m_emptyText = std::move(text); }
+
+    // Whether the dialog may change colours and keywords.
+    void setCustomizable(bool customizable) { m_customizable = customizable; }
+    // Asks for another appearance over the list, applies and stores it.
+    void customizeAppearance();
 
     // The width in pixels that a text takes in the list's font.
     int textWidth(std::string_view text) const;
@@ -113,6 +121,8 @@ protected:
     virtual void columnRemoved(ColumnId removed);
     // The header has new items, or items of another width.
     virtual void headerBuilt() { m_tips.follow(header()); }
+    // The list has another font: the height of what stands in the header follows.
+    virtual void fontChanged() {}
     // A column of the control is one of the shown columns.
     ColumnId columnAt(int item) const { return m_columns.at(DisplayPlace{item}); }
 
@@ -151,7 +161,8 @@ private:
     void onPaint();
     void onSize(int, int) { onAreaChanged(); }
     void onAreaChanged();
-    void onSystemChanged() { InvalidateRect(handle(), nullptr, TRUE); }
+    LRESULT onMeasureItem(MEASUREITEMSTRUCT& measure);
+    void onSystemChanged() { showColors(); }
     void onFocusChanged() { InvalidateRect(handle(), nullptr, FALSE); }
 
     // Input
@@ -200,7 +211,20 @@ private:
     void drawText(HDC dc, std::size_t row, int item, const RECT& place, const CellLook& look) const;
     bool cutOff(const Cell& cell) const;
     void measureFont();
+    void measureRows();
     void measureHeader();
+
+    // Appearance
+    std::string appearanceKey() const;
+    void readAppearance();
+    void storeAppearance();
+    // A user-defined column went: keywords follow their column, or have none.
+    void moveKeywords(ColumnId removed);
+    Appearance shownAppearance() const;
+    void showAppearance();
+    void showColors();
+    COLORREF background() const;
+    RowColors rowColorsOf(std::size_t row) const;
 
     ListServices& m_services;
     RecordStore& m_store;
@@ -227,5 +251,8 @@ private:
     bool m_exportEnabled = true;
     bool m_stale = false;     // the control's rows differ from the store's
     bool m_updating = false;  // it is being brought up to date
-    COLORREF m_background;
+    bool m_customizable = true;
+    std::optional<COLORREF> m_ownBackground;  // until customised
+    std::optional<Appearance> m_appearance;   // once customised
+    fw::Font m_font;                          // of the appearance
 };

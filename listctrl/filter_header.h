@@ -29,6 +29,9 @@ public:
     // Takes the header control over; once. `glyphs` are the sort images, which the caller keeps.
     bool attach(HWND header, HFONT font, HIMAGELIST glyphs);
 
+    // The font of captions and boxes; boxes that stand already keep theirs. The caller keeps it.
+    void setFont(HFONT font) { m_font = font; }
+
     // Makes one box per item, with these texts; what stood in the boxes before is gone.
     void setBoxes(const std::vector<std::string>& texts);
 

@@ -55,6 +55,14 @@ void CFilterListCtrl::columnRemoved(ColumnId removed) {
     store().setFilters(std::move(columns), std::move(texts));
 }
 
+// The boxes are made anew, which takes their texts from the filters that apply.
+void CFilterListCtrl::fontChanged() {
+    if (m_header.handle() == nullptr) return;
+    m_header.setFont(reinterpret_cast<HFONT>(SendMessageA(handle(), WM_GETFONT, 0, 0)));
+    m_boxColumns.clear();
+    headerBuilt();
+}
+
 void CFilterListCtrl::applyFilter() {
     const fw::WaitCursorScope wait;
     store().clearFilters();

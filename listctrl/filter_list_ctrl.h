@@ -26,6 +26,7 @@ protected:
     bool runCommand(unsigned command) override;
     void headerBuilt() override;
     void columnRemoved(ColumnId removed) override;
+    void fontChanged() override;
 
 private:
     DistinctValues filterChoices(int item) override;

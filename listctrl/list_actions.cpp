@@ -11,6 +11,7 @@ ListOffers CCommonListCtrl::offers() const {
     offers.exportAllowed = m_services.mayExport();
     offers.exportEnabled = m_exportEnabled;
     offers.hasUserColumns = m_columns.size() > m_columns.dataSize();
+    offers.customize = true;
     return offers;
 }
 
@@ -49,6 +50,7 @@ constexpr CCommonListCtrl::Command CCommonListCtrl::kCommands[] = {
     {kRepositionCommand, &CCommonListCtrl::reposition},
     {kExportCommand, &CCommonListCtrl::exportAll},
     {kGridLinesCommand, &CCommonListCtrl::toggleGridLines},
+    {kCustomizeCommand, &CCommonListCtrl::customizeAppearance},
     {kCopyCommand, &CCommonListCtrl::copySelected},
     {kAddColumnCommand, &CCommonListCtrl::addUserColumn},
     {kDeleteColumnCommand, &CCommonListCtrl::deleteUserColumn},

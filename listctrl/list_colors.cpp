@@ -13,9 +13,8 @@ bool highContrast() {
            (setting.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
 
-RowColors rowColors(bool selected, bool focused, COLORREF background) {
-    if (!selected) return {background, GetSysColor(COLOR_WINDOWTEXT)};
+RowColors selectionColors(bool focused) {
     const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
     if (focused || highContrast()) return {highlight, GetSysColor(COLOR_HIGHLIGHTTEXT)};
-    return {mixed(highlight, background, 80), GetSysColor(COLOR_WINDOWTEXT)};
+    return {mixed(highlight, GetSysColor(COLOR_WINDOW), 80), GetSysColor(COLOR_WINDOWTEXT)};
 }

@@ -8,8 +8,9 @@ struct RowColors {
     COLORREF text;
 };
 
-// `focused`: the list has the focus. A selection in a list without it stays plain to see.
-RowColors rowColors(bool selected, bool focused, COLORREF background);
+// Of a selected row. `focused`: the list has the focus; a selection in a list without it stays
+// plain to see.
+RowColors selectionColors(bool focused);
 
 // `share` of 255 parts of `a`, the rest of `b`.
 COLORREF mixed(COLORREF a, COLORREF b, int share);

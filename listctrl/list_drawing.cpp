@@ -14,11 +14,6 @@ constexpr std::size_t kLongestDrawn = 4096;
 
 }  // namespace
 
-void CCommonListCtrl::setBackground(COLORREF color) {
-    m_background = color;
-    SendMessageA(handle(), LVM_SETBKCOLOR, 0, static_cast<LPARAM>(color));
-}
-
 void CCommonListCtrl::measureFont() {
     const HDC dc = GetDC(handle());
     std::array<INT, 256> widths{};
@@ -43,12 +38,50 @@ int CCommonListCtrl::textWidth(std::string_view text) const {
     });
 }
 
+// A row is as high as the font's text and its external leading, and a pixel.
+LRESULT CCommonListCtrl::onMeasureItem(MEASUREITEMSTRUCT& measure) {
+    const HDC dc = GetDC(handle());
+    TEXTMETRICA metrics{};
+    {
+        const auto font = reinterpret_cast<HFONT>(SendMessageA(handle(), WM_GETFONT, 0, 0));
+        const fw::SelectScope select(dc, font);
+        GetTextMetricsA(dc, &metrics);
+    }
+    ReleaseDC(handle(), dc);
+    measure.itemHeight = static_cast<UINT>(metrics.tmHeight + metrics.tmExternalLeading + 1);
+    return TRUE;
+}
+
+// The control asks for the height of its rows when it is made, and again whenever it is told that
+// its size changed.
+void CCommonListCtrl::measureRows() {
+    RECT place{};
+    GetWindowRect(handle(), &place);
+    WINDOWPOS same{};
+    same.hwnd = handle();
+    same.cx = static_cast<int>(place.right - place.left);
+    same.cy = static_cast<int>(place.bottom - place.top);
+    same.flags = SWP_NOZORDER | SWP_NOMOVE | SWP_NOACTIVATE;
+    SendMessageA(handle(), WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&same));
+}
+
+// Of a row that is not selected. High contrast knows the system's colours only.
+RowColors CCommonListCtrl::rowColorsOf(std::size_t row) const {
+    RowColors colors{background(), GetSysColor(COLOR_WINDOWTEXT)};
+    if (!m_appearance || highContrast()) return colors;
+    colors.text = m_appearance->text;
+    if (!m_appearance->keywordColumn || !m_columns.has(*m_appearance->keywordColumn)) return colors;
+    if (const auto* keyword = keywordIn(*m_appearance, cellText(row, *m_appearance->keywordColumn)))
+        colors.text = keyword->color;
+    return colors;
+}
+
 LRESULT CCommonListCtrl::onDrawItem(const DRAWITEMSTRUCT& draw) {
     const auto row = static_cast<std::size_t>(draw.itemID);
     const bool focused = GetFocus() == handle();
     const bool autoSelected = m_store.autoSelected(row);
     const bool selected = m_store.selected(row) && !autoSelected;
-    const RowColors colors = rowColors(selected, focused, m_background);
+    const RowColors colors = selected ? selectionColors(focused) : rowColorsOf(row);
 
     RECT line = draw.rcItem;
     SetBkColor(draw.hDC, colors.background);
@@ -86,7 +119,7 @@ void CCommonListCtrl::onPaint() {
         SetBkMode(dc, TRANSPARENT);
         // Fainter than a row, and still with contrast enough to be read.
         const COLORREF ink = GetSysColor(COLOR_WINDOWTEXT);
-        SetTextColor(dc, highContrast() ? ink : mixed(ink, m_background, 150));
+        SetTextColor(dc, highContrast() ? ink : mixed(ink, background(), 150));
         DrawTextA(dc, text.c_str(), -1, &area, DT_CENTER | DT_WORDBREAK | DT_NOPREFIX);
     }
     ReleaseDC(handle(), dc);

@@ -97,6 +97,7 @@ CellLook CMultiLineListCtrl::cellLook(std::size_t row, int item) const {
     } else if (line->changed && columnAt(item) == kValueColumn) {
         look.font = boldFont();
         look.background = mixed(kChangedColor, GetSysColor(COLOR_WINDOW), 150);
+        look.text = GetSysColor(COLOR_WINDOWTEXT);  // whatever the list's own colours are
     }
     return look;
 }

@@ -54,7 +54,7 @@ start_screen() {
 start_wine() {
     export WINEPREFIX="$root/build/wine" WINEDEBUG=-all WINEARCH=win64
     export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
-    [ -f "$WINEPREFIX/.ready" ] && return
+    [ -f "$WINEPREFIX/.ready-2" ] && return
     say "preparing Wine"
     rm -rf "$WINEPREFIX"
     mkdir -p "$WINEPREFIX"
@@ -67,8 +67,13 @@ start_wine() {
     wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1280x900 /f >/dev/null
     # Tahoma, and Marlett for the glyphs in captions: Wine's own fonts, which it does not find itself.
     cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
+    # The faces that every Windows has, under their names.
+    local faces='HKCU\Software\Wine\Fonts\Replacements'
+    wine reg add "$faces" /v Arial /d "Liberation Sans" /f >/dev/null
+    wine reg add "$faces" /v "Courier New" /d "Liberation Mono" /f >/dev/null
+    wine reg add "$faces" /v "Times New Roman" /d "Liberation Serif" /f >/dev/null
     wineserver -k -w
-    touch "$WINEPREFIX/.ready"
+    touch "$WINEPREFIX/.ready-2"
 }
 
 mkdir -p build

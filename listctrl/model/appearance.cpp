@@ -1,15 +1,18 @@
 #include "listctrl/model/appearance.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstddef>
 #include <span>
 
+#include "listctrl/model/filter_pattern.h"
 #include "listctrl/model/text_parts.h"
 
 namespace {
 
 constexpr ColorValue kLastColor = 0xFFFFFF;
 constexpr std::size_t kFixedParts = 4;
+constexpr std::uint32_t kMostPoints = 144;
 
 std::string colorText(ColorValue color) {
     static constexpr char digits[] = "0123456789ABCDEF";
@@ -62,4 +65,16 @@ std::optional<Appearance> readAppearance(std::string_view stored) {
     Appearance appearance{*background, *text, std::string(parts[2]), std::string(parts[3]), {}, {}};
     if (parts.size() > kFixedParts) readKeywords(std::span(parts).subspan(kFixedParts), appearance);
     return appearance;
+}
+
+const Keyword* keywordIn(const Appearance& appearance, std::string_view text) {
+    const auto same = [](char shown, char keyword) { return lowerCase(shown) == keyword; };
+    for (const Keyword& keyword : appearance.keywords)
+        if (!std::ranges::search(text, keyword.text, same).empty()) return &keyword;
+    return nullptr;
+}
+
+std::optional<int> fontPoints(std::string_view size) {
+    const auto points = readNumber(size, 10, kMostPoints);
+    return points && *points > 0 ? std::optional(static_cast<int>(*points)) : std::nullopt;
 }

@@ -40,3 +40,14 @@ std::string appearanceText(const Appearance& appearance);
 // missing or empty, or a colour is none. Behind them, reading stops at the first part that is not
 // what it should be, and keeps the keywords in front of it.
 std::optional<Appearance> readAppearance(std::string_view stored);
+
+// The first keyword that `text` contains, without regard to the case of ASCII letters; null when
+// there is none.
+const Keyword* keywordIn(const Appearance& appearance, std::string_view text);
+
+// The points of a font size text that cannot be read.
+inline constexpr int kStandardPoints = 8;
+
+// The points that a font size text stands for: a whole number that a row can be drawn with, 1 to
+// 144.
+std::optional<int> fontPoints(std::string_view size);

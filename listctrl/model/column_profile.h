@@ -15,11 +15,12 @@
 #include <vector>
 
 #include "listctrl/model/column_info.h"
+#include "settings/model/settings_store.h"
 
 inline constexpr int kHiddenPosition = -1;
 
 // The longest text that the settings file gives back; a longer one comes back cut.
-inline constexpr std::size_t kLongestProfile = 4095;
+inline constexpr std::size_t kLongestProfile = kLongestValue;
 
 struct UserDefinedColumn {
     std::string caption;

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::size_t kValueBuffer = 4096;
+constexpr std::size_t kValueBuffer = kLongestValue + 1;
 constexpr std::size_t kBarBuffer = 32;
 constexpr int kSettingRestore = 2;  // served by nobody
 constexpr char kNoKey[] = "Key not found";

@@ -11,8 +11,8 @@
 // where it is missing reads and writes fail and the callers' defaults stay in force.
 //
 // The accessors return 1 on success and 0 on failure and show nothing. Values are single-byte text
-// on one line; a value of more than 4095 bytes is read back cut to that. The platform takes blanks
-// around a value off, and one pair of quotes. Thread: the user-interface thread.
+// on one line; a value longer than kLongestValue is read back cut to that. The platform takes
+// blanks around a value off, and one pair of quotes. Thread: the user-interface thread.
 #pragma once
 
 #include <cstddef>
@@ -24,6 +24,8 @@
 // The modes of AccessUserSetting and AccessColumnProfile.
 inline constexpr int SETTING_READ = 0;
 inline constexpr int SETTING_WRITE = 1;
+
+inline constexpr std::size_t kLongestValue = 4095;  // bytes
 
 inline constexpr char kColumnProfileKey[] = "COLUMNPROFILE";
 inline constexpr char kCustomizeListsSection[] = "CUSTOMIZE_LISTS";

@@ -56,4 +56,25 @@ TEST(AppearanceTest, KeywordsEndAtTheFirstThatIsNone) {
     }
 }
 
+TEST(AppearanceTest, FindsTheFirstKeywordOfATextIgnoringCase) {
+    Appearance appearance;
+    appearance.keywords = {{"delete user", 1}, {"user", 2}, {"\xE4", 3}};
+    const struct {
+        const char* text;
+        ColorValue color;  // 0: none
+    } cases[] = {{"", 0},      {"use", 0},      {"DELETE USER", 1}, {"ADD USER", 2},
+                 {"uUser", 2}, {"x \xE4 x", 3}, {"\xC4", 0}};
+    for (const auto& each : cases) {
+        const Keyword* found = keywordIn(appearance, each.text);
+        EXPECT_EQ(found != nullptr ? found->color : 0, each.color) << each.text;
+    }
+}
+
+TEST(AppearanceTest, ReadsPointsAsWholeNumbers) {
+    EXPECT_EQ(fontPoints("8"), 8);
+    EXPECT_EQ(fontPoints("144"), 144);
+    for (const char* text : {"", "0", "-8", "10.5", "8pt", "145", "99999999999"})
+        EXPECT_EQ(fontPoints(text), std::nullopt) << text;
+}
+
 }  // namespace

@@ -221,33 +221,30 @@ LRESULT CALLBACK DialogTrap::hookProc(int code, WPARAM wParam, LPARAM lParam) {
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
-namespace {
-constexpr char kMainListName[] = "Maker checker List";
-constexpr char kProfileKey[] = "COLUMNPROFILE";
-}  // namespace
-
-StoredProfile::StoredProfile(const char* text) {
+StoredSetting::StoredSetting(const char* section, const char* key, const char* text)
+    : m_section(section), m_key(key) {
     char folder[MAX_PATH]{};
     SHGetSpecialFolderPathA(nullptr, folder, CSIDL_APPDATA, TRUE);
     std::string path = std::string(folder) + "\\Ostravine";
     CreateDirectoryA(path.c_str(), nullptr);
     CreateDirectoryA((path += "\\VoskTrader").c_str(), nullptr);
     m_file = path + "\\UserSetting.ini";
-    WritePrivateProfileStringA(kMainListName, kProfileKey, text, m_file.c_str());
+    WritePrivateProfileStringA(section, key, text, m_file.c_str());
 }
 
-StoredProfile::~StoredProfile() {
+StoredSetting::~StoredSetting() {
     hold(false);
-    WritePrivateProfileStringA(kMainListName, kProfileKey, nullptr, m_file.c_str());
+    WritePrivateProfileStringA(m_section.c_str(), m_key.c_str(), nullptr, m_file.c_str());
 }
 
-std::string StoredProfile::text() const {
+std::string StoredSetting::text() const {
     char text[4096]{};
-    GetPrivateProfileStringA(kMainListName, kProfileKey, "", text, sizeof text, m_file.c_str());
+    GetPrivateProfileStringA(m_section.c_str(), m_key.c_str(), "", text, sizeof text,
+                             m_file.c_str());
     return text;
 }
 
-void StoredProfile::hold(bool on) {
+void StoredSetting::hold(bool on) {
     if (m_held != INVALID_HANDLE_VALUE) CloseHandle(m_held);
     m_held = on ? CreateFileA(m_file.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
                               0, nullptr)

@@ -117,13 +117,14 @@ private:
     HHOOK m_hook;
 };
 
-// Puts a profile of the main list into the settings file, or takes it out, for a scope.
-class StoredProfile {
+// Puts a value into the user's settings file for a scope; without a text the key is taken out. At
+// the end the key goes.
+class StoredSetting {
 public:
-    explicit StoredProfile(const char* text = nullptr);
-    ~StoredProfile();
-    StoredProfile(const StoredProfile&) = delete;
-    StoredProfile& operator=(const StoredProfile&) = delete;
+    StoredSetting(const char* section, const char* key, const char* text);
+    ~StoredSetting();
+    StoredSetting(const StoredSetting&) = delete;
+    StoredSetting& operator=(const StoredSetting&) = delete;
 
     std::string text() const;  // as it is stored now; empty: none
     // Holds the settings file open, as another program does, so that nobody can write it; or no
@@ -131,8 +132,14 @@ public:
     void hold(bool on);
 
 private:
-    std::string m_file;
+    std::string m_section, m_key, m_file;
     HANDLE m_held = INVALID_HANDLE_VALUE;
+};
+
+// The profile of the main list.
+struct StoredProfile : StoredSetting {
+    explicit StoredProfile(const char* text = nullptr)
+        : StoredSetting("Maker checker List", "COLUMNPROFILE", text) {}
 };
 
 // Dispatches until the queue is empty.
