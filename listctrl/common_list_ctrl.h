@@ -224,6 +224,8 @@ private:
     void showAppearance();
     void showColors();
     COLORREF background() const;
+    // Without a selection: of the list, and of a row.
+    RowColors plainColors() const;
     RowColors rowColorsOf(std::size_t row) const;
 
     ListServices& m_services;

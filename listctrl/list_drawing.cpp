@@ -65,11 +65,15 @@ void CCommonListCtrl::measureRows() {
     SendMessageA(handle(), WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&same));
 }
 
-// Of a row that is not selected. High contrast knows the system's colours only.
+// High contrast knows the system's colours only.
+RowColors CCommonListCtrl::plainColors() const {
+    const bool own = m_appearance && !highContrast();
+    return {background(), own ? m_appearance->text : GetSysColor(COLOR_WINDOWTEXT)};
+}
+
 RowColors CCommonListCtrl::rowColorsOf(std::size_t row) const {
-    RowColors colors{background(), GetSysColor(COLOR_WINDOWTEXT)};
+    RowColors colors = plainColors();
     if (!m_appearance || highContrast()) return colors;
-    colors.text = m_appearance->text;
     if (!m_appearance->keywordColumn || !m_columns.has(*m_appearance->keywordColumn)) return colors;
     if (const auto* keyword = keywordIn(*m_appearance, cellText(row, *m_appearance->keywordColumn)))
         colors.text = keyword->color;
@@ -118,8 +122,8 @@ void CCommonListCtrl::onPaint() {
         const fw::SelectScope select(dc, font);
         SetBkMode(dc, TRANSPARENT);
         // Fainter than a row, and still with contrast enough to be read.
-        const COLORREF ink = GetSysColor(COLOR_WINDOWTEXT);
-        SetTextColor(dc, highContrast() ? ink : mixed(ink, background(), 150));
+        const auto [paper, ink] = plainColors();
+        SetTextColor(dc, highContrast() ? ink : mixed(ink, paper, 150));
         DrawTextA(dc, text.c_str(), -1, &area, DT_CENTER | DT_WORDBREAK | DT_NOPREFIX);
     }
     ReleaseDC(handle(), dc);
