@@ -14,7 +14,6 @@ const fw::MessageMap& CMultiLineListCtrl::baseMap() {
     static constexpr fw::MessageEntry entries[] = {
         fw::onReflected<LVN_COLUMNCLICK, &CMultiLineListCtrl::onCaptionClick>(),
         fw::on<WM_LBUTTONDOWN, &CMultiLineListCtrl::onLinePressed>(),
-        fw::on<WM_LBUTTONDBLCLK, &CMultiLineListCtrl::onLineDoubleClick>(),
         fw::offer<WM_KEYDOWN, &CMultiLineListCtrl::onFoldKey>(),
     };
     static const fw::MessageMap map{&CCommonListCtrl::baseMap(), entries};
@@ -38,18 +37,13 @@ void CMultiLineListCtrl::setFolded(const LineGroups::Line& line, bool folded) {
     storeChanged();
 }
 
-// With Ctrl or Shift a click selects and folds nothing.
+// With Ctrl or Shift a click selects and folds nothing; nor does the second of a double-click.
 void CMultiLineListCtrl::onLinePressed(POINT client) {
     onButtonDown(client);
     if (GetKeyState(VK_CONTROL) < 0 || GetKeyState(VK_SHIFT) < 0) return;
     const auto cell = cellAt(client);
     const LineGroups::Line* line = cell ? m_lines.lineAt(cell->row) : nullptr;
     if (line != nullptr && line->isHeading()) setFolded(*line, !m_lines.folded(*line));
-}
-
-// The first click of a double-click on a heading has folded it already.
-void CMultiLineListCtrl::onLineDoubleClick(POINT client) {
-    onDoubleClick(client);
 }
 
 // Left folds, from a row too, and then stands on the heading; Right unfolds.

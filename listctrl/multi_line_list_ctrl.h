@@ -43,7 +43,6 @@ protected:
 private:
     void onCaptionClick(NMLISTVIEW&) {}
     void onLinePressed(POINT client);
-    void onLineDoubleClick(POINT client);
     bool onFoldKey(UINT key, bool repeated);
     void setFolded(const LineGroups::Line& line, bool folded);
 

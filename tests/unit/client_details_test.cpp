@@ -1,11 +1,23 @@
 #include <gtest/gtest.h>
 
+#include <span>
+
 #include "details/model/details_builders.h"
 #include "tests/unit/detail_lines.h"
 
 namespace {
 
-// The fields behind a client id, and the lines behind the row of the id.
+// Each case's fields stand behind a client id, and its lines behind that id's.
+void expectBehindTheClientId(std::span<const DetailCase> cases) {
+    for (const auto& [name, fields, lines] : cases) {
+        FieldTexts answer{{MNM_ACCOUNT_ID, "C1"}};
+        answer.insert(answer.end(), fields.begin(), fields.end());
+        DetailLines expected{"[General]", "Client Id: C1"};
+        expected.insert(expected.end(), lines.begin(), lines.end());
+        EXPECT_EQ(built(BuildClientDetails, answer), expected) << name;
+    }
+}
+
 TEST(ClientDetails, ShowsTheFieldsThatTheAnswerCarries) {
     const DetailCase cases[] = {
         {"general, in the table's order",
@@ -66,13 +78,7 @@ TEST(ClientDetails, ShowsTheFieldsThatTheAnswerCarries) {
          {{64020, "CNC|ML"}, {64020, "ML"}},
          {"[Products Enabled]", ":  < MLB"}},
     };
-    for (const auto& [name, fields, lines] : cases) {
-        FieldTexts answer{{MNM_ACCOUNT_ID, "C1"}};
-        answer.insert(answer.end(), fields.begin(), fields.end());
-        DetailLines expected{"[General]", "Client Id: C1"};
-        expected.insert(expected.end(), lines.begin(), lines.end());
-        EXPECT_EQ(built(BuildClientDetails, answer), expected) << name;
-    }
+    expectBehindTheClientId(cases);
 }
 
 TEST(ClientDetails, ShowsProductCodesOfSegmentsAndExchanges) {
@@ -94,13 +100,7 @@ TEST(ClientDetails, ShowsProductCodesOfSegmentsAndExchanges) {
          {{64021, kUnreadable}, {64700, kUnreadable}, {61626, "N"}},
          {"[]", "NCO PCode: N"}},
     };
-    for (const auto& [name, fields, lines] : cases) {
-        FieldTexts answer{{MNM_ACCOUNT_ID, "C1"}};
-        answer.insert(answer.end(), fields.begin(), fields.end());
-        DetailLines expected{"[General]", "Client Id: C1"};
-        expected.insert(expected.end(), lines.begin(), lines.end());
-        EXPECT_EQ(built(BuildClientDetails, answer), expected) << name;
-    }
+    expectBehindTheClientId(cases);
 }
 
 TEST(ClientDetails, SaysWhenNothingIsModified) {
