@@ -31,6 +31,9 @@ public:
     // Ends an edit without taking its text, and removes and frees every group.
     void empty() override;
 
+    // Ends an edit under way as if the focus went elsewhere: its text is taken.
+    void leaveEditor();
+
     // The edited values have been sent: their marks go.
     void editsSent();
 
@@ -55,7 +58,6 @@ private:
 
     bool editable(const LineGroups::Line* line) const;
     void openEditor(std::size_t row);
-    void leaveEditor();
     void closeEditor();
     std::unique_ptr<CCellEditor> makeEditor(RowAttribute attribute);
     void tellOwner(const std::string& typed);

@@ -180,20 +180,22 @@ void CMakerChecker::editsSent() {
 
 // ---- Editing ----
 
-// The row shows what the update will send, not what was typed.
 void CMakerChecker::onEndOfEdit(const EndOfEdit& edit) {
-    if (edit.column != "Value" || m_workbench == nullptr) return;
-    edit.row.value = edit.typed;
-    if (const auto stored = m_workbench->valueEdited(edit.row.mnemonic, edit.typed)) {
-        edit.row.value = *stored;
-        edit.row.edited = true;
-    }
+    if (m_workbench != nullptr)
+        takeEdit(edit, m_workbench->valueEdited(edit.row.mnemonic, edit.typed));
 }
 
 void CMakerChecker::onEndOfChoice(const EndOfEdit& edit) {
-    if (edit.column != "Value" || m_workbench == nullptr) return;
-    edit.row.value = edit.typed;
-    edit.row.edited = m_workbench->choiceMade(edit.row.mnemonic, edit.typed).has_value();
+    if (m_workbench != nullptr)
+        takeEdit(edit, m_workbench->choiceMade(edit.row.mnemonic, edit.typed));
+}
+
+// The row shows what the update will send, not what was typed. A value that will not be sent stays
+// as it was; a row without a field shows what was typed.
+void CMakerChecker::takeEdit(const EndOfEdit& edit, const std::optional<std::string>& stored) {
+    if (edit.column != "Value" || (!stored && edit.row.mnemonic != 0)) return;
+    edit.row.value = stored.value_or(edit.typed);
+    edit.row.edited = stored.has_value();
 }
 
 HWND CMakerChecker::initialFocus() const {
@@ -261,6 +263,7 @@ void CMakerChecker::decide(Decision decision) {
         explicit Scope(bool& set) : flag(set) { flag = true; }
         ~Scope() { flag = false; }
     } const scope(m_deciding);
+    detailsList->leaveEditor();  // a key may come while a value is being typed
     decision(*m_workbench);
 }
 

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "frames/control_pos.h"
 #include "frames/holder_frame.h"
@@ -56,6 +57,7 @@ private:
     void onDetailsFilterChanged(NMHDR&) { detailsList->applyFilter(); }
     void onEndOfEdit(const EndOfEdit& edit);
     void onEndOfChoice(const EndOfEdit& edit);
+    void takeEdit(const EndOfEdit& edit, const std::optional<std::string>& stored);
 
     void rowsChanged() override;
     void emptyDetails() override;

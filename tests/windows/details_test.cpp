@@ -154,6 +154,15 @@ TEST_F(Details, EscCancelsTabGoesOnAndUntouchedTextsAreNoEdits) {
     EXPECT_EQ(sentField(host().sent[0], 64037), "<absent>");
 }
 
+TEST_F(Details, UpdateByKeyTakesWhatIsBeingTyped) {
+    showLimits();
+    editRow(2);
+    type("31");
+    SendMessageA(findPane(), WM_COMMAND, 1000, 0);
+    ASSERT_EQ(host().sent.size(), 1u);
+    EXPECT_EQ(sentField(host().sent[0], 64031), "31.00");
+}
+
 TEST_F(Details, ChoiceGoesOutAsTheServersWord) {
     showLimits();
     editRow(4);
