@@ -81,7 +81,7 @@ void selectEveryRow(HWND list, bool on) {
 void measureOurs(std::size_t rows) {
     PlainParent frame;
     frame.create();
-    CVTHolderFrame holder;
+    CVTHolderFrame holder(settingsStore());
     holder.create(frame.handle(), {0, 0, 700, 500}, 1024);
     BenchServices services;
     RecordStore store;
@@ -141,7 +141,7 @@ std::vector<DetailGroup> answer(std::size_t rows) {
 void measureDetails(std::size_t rows) {
     PlainParent frame;
     frame.create();
-    CVTHolderFrame holder;
+    CVTHolderFrame holder(settingsStore());
     holder.create(frame.handle(), {0, 0, 700, 500}, 1024);
     BenchServices services;
     LineGroups lines;
