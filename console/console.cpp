@@ -3,9 +3,11 @@
 #include <algorithm>
 
 #include "console/files.h"
+#include "console/model/server_state.h"
 #include "console/play_driver.h"
 #include "console/resource_ids.h"
 #include "console/services.h"
+#include "sdk/connectvosk.h"
 
 namespace zek {
 namespace {
@@ -38,6 +40,9 @@ int Console::run() {
         runMessages();
         endSession();
     }
+    if (!m_options.stateFile.empty() &&
+        !replaceFile(m_options.stateFile, stateOf(m_exchange.server())))
+        fail("Cannot write " + m_options.stateFile);
     if (m_play != nullptr)
         for (const LogLine& line : m_log.lines(LogTab::log)) printLine(line.text);
     return m_exitCode;
@@ -85,6 +90,7 @@ bool Console::startPlay() {
     if (!text) return fail("Cannot read the play script " + file), false;
     Parsed<std::vector<PlayStep>> script = parsePlayScript(*text, file);
     if (!script.ok()) return fail(script.error), false;
+    m_makers.repeatStorms();
     m_play =
         std::make_unique<CPlayDriver>(*this, file, std::move(script.value), m_options.shotsFolder);
     return m_play->start() || (fail("The play script cannot be started"), false);
@@ -93,16 +99,40 @@ bool Console::startPlay() {
 // --- Sessions ------------------------------------------------------------------------------------
 
 void Console::beginSession() {
-    const std::string wrong = m_plugin.load(programFolder() + kPluginFile);
     if (m_options.frameFirst) makeFrame();
-    if (wrong.empty()) m_plugin.start();
+    loadPlugin();
     if (!m_options.frameFirst) makeFrame();
     ++m_session;
-    if (wrong.empty())
-        m_log.add(LogTab::server, "Loaded " + m_plugin.description());
-    else
-        warn(wrong + ". The console goes on without it.");
     if (m_profile.storm > 0) m_makers.submitStorm(m_profile.storm);
+}
+
+void Console::loadPlugin() {
+    m_handlesBefore = otp_open_handles();
+    const std::string wrong = m_plugin.load(programFolder() + kPluginFile);
+    if (!wrong.empty()) return warn(wrong + ". The console goes on without it.");
+    m_plugin.start();
+    m_log.add(LogTab::server, "Loaded " + m_plugin.description());
+}
+
+void Console::unloadPlugin() {
+    for (const std::string& left : m_plugin.unload()) fail("The plug-in left " + left);
+    if (const std::size_t left = m_controls.releaseAll(); left > 0)
+        fail("The plug-in left " + std::to_string(left) + " receive controls");
+    if (const int left = otp_open_handles() - m_handlesBefore; left > 0)
+        fail("The plug-in left " + std::to_string(left) + " messaging handles");
+    m_holdings.push_back(countHoldings());
+}
+
+// The frame is there before the plug-in now, whichever order the session began with.
+void Console::reloadPlugin() {
+    unloadPlugin();
+    loadPlugin();
+}
+
+std::string Console::grownBetweenUnloads() const {
+    const std::size_t count = m_holdings.size();
+    if (count < 2) return "the plug-in was not unloaded twice yet";
+    return grown(m_holdings[count - 2], m_holdings[count - 1]);
 }
 
 void Console::makeFrame() {
@@ -124,10 +154,7 @@ void Console::runMessages() {
 }
 
 void Console::endSession() {
-    for (const std::string& window : m_plugin.unload())
-        fail("The plug-in left a window: " + window);
-    if (const std::size_t left = m_controls.releaseAll(); left > 0)
-        fail("The plug-in left " + std::to_string(left) + " receive controls");
+    unloadPlugin();
     m_frame.reset();
 }
 
@@ -142,6 +169,7 @@ bool Console::onCommand(UINT id) {
     static constexpr Command kCommands[] = {
         {ID_FILE_EXIT, &Console::leave},
         {ID_TOOLS_MAKER_CHECKER, &Console::onHotKey},
+        {ID_TOOLS_RELOAD_PLUGIN, &Console::reloadPlugin},
         {ID_MAKER_NEXT, &Console::onSubmit<&Makers::submitNext>},
         {ID_MAKER_ALL, &Console::onSubmit<&Makers::submitAll>},
         {ID_MAKER_RANDOM, &Console::onSubmit<&Makers::submitRandom>},

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "console/exchange.h"
+#include "console/holdings.h"
 #include "console/log_book.h"
 #include "console/main_frame.h"
 #include "console/makers.h"
@@ -43,6 +44,9 @@ public:
     const LogBook& log() const { return m_log; }
     const LoginProfile& profile() const { return m_profile; }
     Makers& makers() { return m_makers; }
+    // What the program held more after the plug-in was last unloaded than after the time before, or
+    // an empty text.
+    std::string grownBetweenUnloads() const;
 
 private:
     struct Command;
@@ -54,7 +58,9 @@ private:
 
     void beginSession();
     void makeFrame();
-    void startPlugin();
+    void loadPlugin();
+    void unloadPlugin();
+    void reloadPlugin();
     void runMessages();
     void endSession();
 
@@ -81,6 +87,8 @@ private:
     bool m_isScripted = false;                  // nobody is there to close a message box
     int m_session = 0;
     int m_exitCode = 0;
+    int m_handlesBefore = 0;           // of the messaging library, before the plug-in was loaded
+    std::vector<Holdings> m_holdings;  // after each unloading
 
     LogBook m_log;
     CExchange m_exchange;

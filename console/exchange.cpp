@@ -25,31 +25,29 @@ bool CExchange::open() {
 
 void CExchange::onQueued() {
     touch();
-    if (m_isPosted) return;
-    m_runningSince = GetTickCount64();
-    postNext();
+    if (!m_isPosted) postNext();
 }
 
 void CExchange::postNext() {
     m_isPosted = PostMessageA(handle(), kDeliver, 0, 0) != 0;
-    if (!m_isPosted) m_isPosted = SetTimer(handle(), kPauseTimer, USER_TIMER_MINIMUM, nullptr) != 0;
+    if (!m_isPosted) pause();
 }
 
+void CExchange::pause() {
+    m_isPosted = SetTimer(handle(), kPauseTimer, USER_TIMER_MINIMUM, nullptr) != 0;
+}
+
+// A receiver may run a message loop of its own, in which the next deliveries must come through: so
+// the next run is ordered before this one begins.
 void CExchange::onDeliver() {
-    // A receiver may run a message loop of its own, in which the next delivery must come through.
     m_isPosted = false;
-    if (m_server.pendingDeliveries() > 1) {
-        if (GetTickCount64() - m_runningSince < kRunMilliseconds)
-            postNext();
-        else
-            m_isPosted = SetTimer(handle(), kPauseTimer, USER_TIMER_MINIMUM, nullptr) != 0;
-    }
-    m_server.deliverNext();
+    if (m_server.pendingDeliveries() > 1) pause();
+    const ULONGLONG end = GetTickCount64() + kRunMilliseconds;
+    while (m_server.deliverNext() && GetTickCount64() < end) continue;
 }
 
 void CExchange::onTimer() {
     KillTimer(handle(), kPauseTimer);
-    m_runningSince = GetTickCount64();
     postNext();
 }
 

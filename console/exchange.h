@@ -1,9 +1,6 @@
 // The authorization server on the user-interface thread: requests and changes go in as calls, what
-// the server has for its receivers comes out one per window message.
-//
-// However much waits, at most one message of ours is in the thread's queue; the one that delivers
-// posts the next. Posted messages overtake the mouse, painting and timers, so a long run pauses for
-// them now and then.
+// the server has for its receivers comes out of a window message, as much of it as a short while
+// allows. Then it pauses: posted messages would overtake the mouse, painting and timers.
 #pragma once
 
 #include <windows.h>
@@ -38,11 +35,11 @@ private:
     void onDeliver();
     void onTimer();
     void postNext();
+    void pause();
 
     AuthorizationServer m_server;
     unsigned m_revision = 0;
     bool m_isPosted = false;  // a kDeliver or our timer is on its way
-    ULONGLONG m_runningSince = 0;
 };
 
 }  // namespace zek

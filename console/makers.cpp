@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "console/model/storm.h"
-
 namespace zek {
 
 void Makers::load(Scenario scenario) {

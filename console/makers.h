@@ -7,6 +7,7 @@
 #include "console/exchange.h"
 #include "console/log_book.h"
 #include "console/model/scenario.h"
+#include "console/model/storm.h"
 
 namespace zek {
 
@@ -19,6 +20,9 @@ public:
 
     // Takes a scenario: whom it names exists from now on, its changes wait to be submitted.
     void load(Scenario scenario);
+
+    // From here on storms and random changes are the same ones in every run.
+    void repeatStorms() { m_seed = kRepeatedSeed; }
 
     // How many changes were submitted; 0 when the scenario has none left.
     int submitNext();

@@ -10,6 +10,7 @@ constexpr struct {
     std::string ConsoleOptions::*text;
 } kTexts[] = {
     {"--log", &ConsoleOptions::logFile},
+    {"--state", &ConsoleOptions::stateFile},
     {"--shots", &ConsoleOptions::shotsFolder},
     {"--ini", &ConsoleOptions::iniFile},
 };

@@ -1,6 +1,7 @@
 // What the command line says to the console itself; the rest of it says who is logged in.
 //
 //   --log FILE      writes the lines of the tabbed log to a file as well
+//   --state FILE    writes the server's state at the end
 //   --shots FOLDER  where a play script asks for its pictures
 //   --ini FILE      the profiles, instead of zek.ini beside the program
 //   --frame-first   makes the main frame before the plug-in is started, not after
@@ -15,6 +16,7 @@ namespace zek {
 
 struct ConsoleOptions {
     std::string logFile;
+    std::string stateFile;
     std::string shotsFolder;
     std::string iniFile;
     bool frameFirst = false;

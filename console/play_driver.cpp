@@ -74,6 +74,9 @@ const CPlayDriver::Verb& CPlayDriver::verbOf(const PlayStep& step) {
         {PlayVerb::menu, Kind::act, &CPlayDriver::menu},
         {PlayVerb::dock, Kind::act, &CPlayDriver::dock},
         {PlayVerb::closePane, Kind::act, &CPlayDriver::closePane},
+        {PlayVerb::edit, Kind::act, &CPlayDriver::edit},
+        {PlayVerb::expectDetail, Kind::expect, &CPlayDriver::detail},
+        {PlayVerb::expectClean, Kind::expect, &CPlayDriver::clean},
         {PlayVerb::quit, Kind::act, &CPlayDriver::quit},
     };
     return *std::ranges::find(kVerbs, step.verb, &Verb::verb);
@@ -82,18 +85,22 @@ const CPlayDriver::Verb& CPlayDriver::verbOf(const PlayStep& step) {
 void CPlayDriver::onTimer() {
     if (m_console.frameWindow() == nullptr) return;
     if (m_step == m_steps.end()) return leave();
-    tryStep();
+    while (m_step != m_steps.end() && tryStep()) {
+    }
 }
 
-void CPlayDriver::tryStep() {
+bool CPlayDriver::tryStep() {
     const Verb& verb = verbOf(*m_step);
+    const bool isBusy = m_console.isBusy();
+    if (isBusy) m_since = GetTickCount64();
     const bool isOverdue = GetTickCount64() - m_since > kPatienceMilliseconds;
-    if (m_console.isBusy() && verb.kind != Kind::wait && !isOverdue) return;
+    if (isBusy && verb.kind != Kind::wait) return false;
     if (++m_tries == 1 && verb.kind == Kind::act)
         m_logMark = m_console.log().lines(LogTab::log).size();
     const Outcome outcome = (this->*verb.run)();
-    if (outcome.empty()) return nextStep();
-    if (verb.kind == Kind::expect || isOverdue) fail(outcome);
+    if (outcome.empty()) nextStep();
+    if (!outcome.empty() && (verb.kind == Kind::expect || isOverdue)) fail(outcome);
+    return outcome.empty() && (verb.kind == Kind::expect || verb.kind == Kind::wait);
 }
 
 void CPlayDriver::nextStep() {

@@ -3,7 +3,8 @@
 // A timer of the driver's own window ticks, also while a dialog or a menu runs a message loop of
 // its own. A tick comes when the thread has nothing else to do, so each step finds done what the
 // one before has started. A step that waits or acts, and does not find what it needs yet, is tried
-// again at the next tick, and after 20 seconds the run fails; one that expects fails at once.
+// again at the next tick, and 20 seconds after the server came to rest the run fails; one that
+// expects fails at once.
 //
 // Steps about the log look at the lines since the last step that acted.
 //
@@ -52,7 +53,8 @@ private:
 
     void onTimer();
     void onReleaseKeys();
-    void tryStep();
+    // True when the step is done and only looked, so that the next one need not wait for a tick.
+    bool tryStep();
     void nextStep();
     void leave();
     [[noreturn]] void fail(const std::string& why);
@@ -71,6 +73,8 @@ private:
     Outcome logHasNot();
     Outcome message();
     Outcome controlText();
+    Outcome detail();
+    Outcome clean();
 
     // Acting
     Outcome hotKey();
@@ -95,6 +99,7 @@ private:
     Outcome menu();
     Outcome dock();
     Outcome closePane();
+    Outcome edit();
     Outcome quit();
 
     Outcome pressKeyNamed(const std::string& name);
@@ -116,7 +121,7 @@ private:
     std::vector<PlayStep>::const_iterator m_step;
     int m_tries = 0;            // of this step, the one under way included
     ULONGLONG m_since = 0;      // when the step's turn came
-    HWND m_closing = nullptr;   // the message box that this step closes
+    HWND m_closing = nullptr;   // the message box or editor that this step closes
     int m_sessionBefore = 0;    // when the step's turn came
     std::size_t m_logMark = 0;  // log lines before the last action
 };

@@ -127,6 +127,19 @@ CPlayDriver::Outcome CPlayDriver::message() {
     return "expected \"" + argument() + "\", saw \"" + text + "\"";
 }
 
+CPlayDriver::Outcome CPlayDriver::detail() {
+    const HWND list = ui::detailsList();
+    const int found = ui::findText(list, 0, argument());
+    if (found < 0) return "there is no detail \"" + argument() + "\": " + shownIn(list);
+    const std::string text = ui::cellText(list, found, ui::columnNamed(list, argument(1)));
+    if (text == argument(2)) return {};
+    return "expected \"" + argument(2) + "\", saw \"" + text + "\"";
+}
+
+CPlayDriver::Outcome CPlayDriver::clean() {
+    return m_console.grownBetweenUnloads();
+}
+
 // --- The workbench -------------------------------------------------------------------------------
 
 CPlayDriver::Outcome CPlayDriver::hotKey() {
@@ -265,6 +278,24 @@ CPlayDriver::Outcome CPlayDriver::closeMessage() {
     m_closing = dialog;
     ui::click(button);
     return "the message box stays open";
+}
+
+// The editor is whatever in the list has taken the focus from it.
+CPlayDriver::Outcome CPlayDriver::edit() {
+    const HWND list = ui::detailsList();
+    if (m_closing != nullptr) return GetFocus() != m_closing ? "" : "the editor stays open";
+    const int row = ui::findText(list, 0, argument());
+    if (row < 0) return "there is no detail \"" + argument() + "\": " + shownIn(list);
+    if (m_tries > 1 && IsChild(list, GetFocus()) != 0) {
+        m_closing = GetFocus();
+        SendMessageA(m_closing, EM_SETSEL, 0, -1);
+        ui::type(argument(1));
+        ui::pressKey("Enter", m_closing);
+    } else if (isTimeToAct()) {
+        ui::selectOnly(list, row);
+        ui::pressKey("F2", list);
+    }
+    return "no editor opens";
 }
 
 CPlayDriver::Outcome CPlayDriver::closePane() {

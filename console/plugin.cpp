@@ -24,7 +24,7 @@ void noteWindow(HWND window, Remaining& remaining) {
     char caption[64] = "";
     GetClassNameA(window, windowClass, sizeof windowClass);
     GetWindowTextA(window, caption, sizeof caption);
-    remaining.found.push_back(std::string(windowClass) + " '" + caption + "'");
+    remaining.found.push_back(std::string("a window: ") + windowClass + " '" + caption + "'");
 }
 
 BOOL CALLBACK noteChild(HWND window, LPARAM remaining) {
@@ -49,9 +49,30 @@ std::vector<std::string> windowsOf(HMODULE library) {
     return remaining.found;
 }
 
+// The window classes that the library registered and did not unregister. Every class has an atom,
+// and one that is the library's own is not found for this program.
+std::vector<std::string> classesOf(HMODULE library) {
+    constexpr UINT_PTR kFirstAtom = 0xC000;
+    constexpr UINT_PTR kLastAtom = 0xFFFF;
+    std::vector<std::string> found;
+    for (UINT_PTR atom = kFirstAtom; atom <= kLastAtom; ++atom) {
+        const auto* name = reinterpret_cast<const char*>(atom);
+        WNDCLASSEXA info{};
+        info.cbSize = sizeof info;
+        if (GetClassInfoExA(library, name, &info) == 0 ||
+            GetClassInfoExA(GetModuleHandleA(nullptr), name, &info) != 0)
+            continue;
+        char text[64] = "";
+        GetClipboardFormatNameA(static_cast<UINT>(atom), text, sizeof text);
+        found.push_back(std::string("a window class: ") + text);
+    }
+    return found;
+}
+
 }  // namespace
 
 std::string Plugin::load(const std::string& file) {
+    m_file = file;
     m_library = LoadLibraryA(file.c_str());
     if (m_library == nullptr)
         return file + " cannot be loaded (error " + std::to_string(GetLastError()) + ")";
@@ -104,7 +125,10 @@ std::vector<std::string> Plugin::unload() {
     const HMODULE library = m_library;
     m_library = nullptr;
     std::vector<std::string> left = windowsOf(library);
-    if (left.empty()) FreeLibrary(library);
+    if (!left.empty()) return left;
+    left = classesOf(library);
+    FreeLibrary(library);
+    if (GetModuleHandleA(m_file.c_str()) != nullptr) left.emplace_back("its library loaded");
     return left;
 }
 

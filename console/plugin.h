@@ -28,8 +28,9 @@ public:
     void hotKey();
     void publish(void* message);
 
-    // Shuts the plug-in down and lets the library go. Returns its windows that were still there
-    // ("class 'caption'"); the library then stays, because they would run its code.
+    // Shuts the plug-in down and lets the library go. Returns what it left: its windows ("a window:
+    // class 'caption'"), after which the library stays, because they would run its code; its window
+    // classes; and the library itself, when something else holds it.
     std::vector<std::string> unload();
 
 private:
@@ -37,6 +38,7 @@ private:
     void identify();
 
     HMODULE m_library = nullptr;
+    std::string m_file;
     std::string m_description;
     GetVoskPluginInfoEntry* m_info = nullptr;
     GetOptionalVoskPluginInfoEntry* m_optionalInfo = nullptr;

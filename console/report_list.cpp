@@ -32,7 +32,9 @@ void fillText(NMLVDISPINFOA& asked, const std::string& text) {
     item.pszText[length] = '\0';
 }
 
+// With redrawing off the scroll bar, which costs most, is drawn once.
 void setRowCount(HWND list, std::size_t count) {
+    const fw::RedrawOffScope off(list);
     SendMessageA(list, LVM_SETITEMCOUNT, count, LVSICF_NOSCROLL);
 }
 

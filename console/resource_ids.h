@@ -15,6 +15,7 @@
 
 /* Menu "Tools" */
 #define ID_TOOLS_MAKER_CHECKER 40201
+#define ID_TOOLS_RELOAD_PLUGIN 40202
 
 /* Menu "Maker" */
 #define ID_MAKER_NEXT 40301

@@ -199,13 +199,17 @@ HWND filterEdit(HWND list, int column) {
     return box != nullptr && box != header ? FindWindowExA(box, nullptr, "Edit", nullptr) : nullptr;
 }
 
-int findRow(HWND list, const PlayRow& row) {
-    const int count = rowCount(list);
-    if (row.by == PlayRow::By::place) return row.place <= count ? row.place - 1 : -1;
-    const int column = columnNamed(list, row.by == PlayRow::By::key ? kKeyColumn : kNameColumn);
-    for (int each = 0; column >= 0 && each < count; ++each)
-        if (cellText(list, each, column) == row.text) return each;
+int findText(HWND list, int column, const std::string& text) {
+    const int count = list != nullptr && column >= 0 ? rowCount(list) : 0;
+    for (int row = 0; row < count; ++row)
+        if (cellText(list, row, column) == text) return row;
     return -1;
+}
+
+int findRow(HWND list, const PlayRow& row) {
+    if (row.by == PlayRow::By::place) return row.place <= rowCount(list) ? row.place - 1 : -1;
+    const int column = columnNamed(list, row.by == PlayRow::By::key ? kKeyColumn : kNameColumn);
+    return findText(list, column, row.text);
 }
 
 }  // namespace zek::ui

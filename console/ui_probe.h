@@ -48,6 +48,8 @@ std::string cellText(HWND list, int row, int column);
 int columnNamed(HWND list, const std::string& title);
 // The edit of a column's filter box, in the list's header; null when there is none.
 HWND filterEdit(HWND list, int column);
+// The first row with this text in the column; -1 when there is none.
+int findText(HWND list, int column, const std::string& text);
 // The row that is meant; -1 when there is none.
 int findRow(HWND list, const PlayRow& row);
 

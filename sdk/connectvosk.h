@@ -69,10 +69,12 @@ CONNECTVOSK_API int otp_get_data_as_double(void* message, int mnemonic, int occu
 // -1.
 CONNECTVOSK_API int otp_field_count(void* message);
 CONNECTVOSK_API int otp_field_at(void* message, int place);
+// How many handles are open: messages, buffers and time handles.
+CONNECTVOSK_API int otp_open_handles();
 
 // Fault switch for tests: from now on, the `call`-th operation above (1 is the next) fails, as if
 // the library were broken just once; 0 switches it off. Returns how many operations have run since
-// the switch was last set. The two operations for tools are not counted.
+// the switch was last set. The operations for tools are not counted.
 CONNECTVOSK_API int otp_fail_call(int call);
 
 }  // extern "C"

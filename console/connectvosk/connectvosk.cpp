@@ -68,6 +68,9 @@ void setWord(unsigned char* place, std::int32_t word) {
     std::memcpy(place, &word, sizeof word);
 }
 
+// Handles that were opened and not closed.
+int openHandles = 0;
+
 // Runs one operation behind the library's border: faults and exceptions become its failure.
 template <class Operation>
 int guarded(void** error, Operation operation) noexcept {
@@ -80,10 +83,21 @@ int guarded(void** error, Operation operation) noexcept {
     }
 }
 
+// Opening counts what it made.
+template <class Make>
+int opening(void** error, Make make) noexcept {
+    const int made = guarded(error, make);
+    openHandles += made;
+    return made;
+}
+
 // Closing releases even when the fault switch makes it report a failure, so a fault never leaks.
 template <class Release>
 int closing(void** error, void* handle, Release release) noexcept {
-    if (handle != nullptr) release();
+    if (handle != nullptr) {
+        release();
+        --openHandles;
+    }
     return guarded(error, [&] { return handle != nullptr; });
 }
 
@@ -115,7 +129,7 @@ bool readNumber(void* message, int mnemonic, int occurrence, Number* number, Rea
 }  // namespace
 
 int otp_ctor_primecb(void** message, void** error) {
-    return guarded(error, [&] {
+    return opening(error, [&] {
         if (message == nullptr) return false;
         *message = new Message;
         return true;
@@ -127,7 +141,7 @@ int otp_dtor_primecb(void* message, void** error) {
 }
 
 int otp_open_scratch(void** scratch, int size, void** error) {
-    return guarded(error, [&] {
+    return opening(error, [&] {
         if (scratch == nullptr || size <= 0) return false;
         const auto bytes = static_cast<std::size_t>(size);
         void* block = std::calloc(1, sizeof(ScratchHead) + bytes);
@@ -142,7 +156,7 @@ int otp_close_scratch(void* scratch, void** error) {
 }
 
 int sys_open_time_hndl(void** timeHandle, void** error) {
-    return guarded(error, [&] {
+    return opening(error, [&] {
         if (timeHandle == nullptr) return false;
         *timeHandle = new char{};
         return true;
@@ -252,6 +266,10 @@ int otp_field_count(void* message) {
 int otp_field_at(void* message, int place) {
     if (place < 0 || place >= otp_field_count(message)) return -1;
     return static_cast<Message*>(message)->order[static_cast<std::size_t>(place)];
+}
+
+int otp_open_handles() {
+    return openHandles;
 }
 
 int otp_fail_call(int call) {

@@ -243,6 +243,7 @@ void AuthorizationServer::decide(Pending::iterator pending, Decision decision) {
     if (decision.accepted) m_registry.apply(change);
     publish(change, decision.accepted ? kAccepted : kRejected);
     m_decided.emplace(change.key, std::move(decision));
+    m_decidedKeys.push_back(change.key);
 }
 
 void AuthorizationServer::publish(const Change& change, const char* status) {

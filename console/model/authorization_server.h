@@ -99,6 +99,7 @@ public:
     std::vector<std::string> pendingKeys() const;  // in order of arrival
     const Change* pending(const std::string& key) const;
     std::optional<Decision> decision(const std::string& key) const;
+    const std::vector<std::string>& decidedKeys() const { return m_decidedKeys; }  // in this order
     Registry& registry() { return m_registry; }
     const Registry& registry() const { return m_registry; }
 
@@ -143,6 +144,7 @@ private:
     Pending m_pending;  // in order of arrival
     std::unordered_map<std::string, Pending::iterator> m_pendingByKey;
     std::unordered_map<std::string, Decision> m_decided;
+    std::vector<std::string> m_decidedKeys;
     Registry m_registry;
     std::deque<Delivery> m_deliveries;
 };

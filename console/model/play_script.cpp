@@ -59,6 +59,9 @@ constexpr Verb kVerbs[] = {
     {"menu", "text", PlayVerb::menu},
     {"dock", "left|top|right|bottom|float", PlayVerb::dock},
     {"close pane", "", PlayVerb::closePane},
+    {"edit", "text text", PlayVerb::edit},
+    {"expect detail", "text text text", PlayVerb::expectDetail},
+    {"expect clean", "", PlayVerb::expectClean},
     {"quit", "", PlayVerb::quit},
 };
 

@@ -19,12 +19,15 @@
 //   key Ctrl+C                      Enter, Esc, Tab, Space, arrows, F1 to F12, letters, digits ...
 //   close message                   the open message box
 //   screenshot NAME
+//   edit "Field" "text"             the value of a row of the details list: F2, the text, Enter
 //   expect rows N
 //   expect row ROW "column" "text"
 //   expect log "line"               the whole line
 //   expect no log "line"
 //   expect message "text"
 //   expect text ID "text"           what the dialog's control shows; a list its first cells
+//   expect detail "Field" "Value" "text"   in the first row of details with that field
+//   expect clean                    nothing grew between two unloadings of the plug-in
 //   submit next | submit all        from the scenario
 //   submit storm N
 //   decide ROW accepted|rejected    as another checker
@@ -80,6 +83,9 @@ enum class PlayVerb {
     menu,
     dock,
     closePane,
+    edit,
+    expectDetail,
+    expectClean,
     quit,
 };
 

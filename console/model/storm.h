@@ -9,4 +9,7 @@ namespace zek {
 // pair follow one another; the last change may be half of one), and the makers as users.
 Scenario makeStorm(int count, unsigned seed);
 
+// The seed of the first storm in a play script; each one after it has the next.
+inline constexpr unsigned kRepeatedSeed = 1;
+
 }  // namespace zek

@@ -54,6 +54,11 @@ TEST(PlayScriptTest, ReadsEveryCommand) {
         {"menu \"View>Maker Checker\"", PlayVerb::menu, {"View>Maker Checker"}},
         {"dock float", PlayVerb::dock, {"float"}},
         {"close pane", PlayVerb::closePane, {}},
+        {"edit \"Cash Margin\" \"1500\"", PlayVerb::edit, {"Cash Margin", "1500"}},
+        {"expect detail \"Cash Margin\" \"Old Value\" \"1000\"",
+         PlayVerb::expectDetail,
+         {"Cash Margin", "Old Value", "1000"}},
+        {"expect clean", PlayVerb::expectClean, {}},
         {"quit", PlayVerb::quit, {}},
     };
     std::string script = "# a session\r\n\r\n";
