@@ -78,8 +78,8 @@ TEST(NumberTextTest, ReadsPlainNumbersOnly) {
     EXPECT_EQ(readPlainNumber(".5"), 0.5);
     EXPECT_EQ(readPlainNumber("007.250"), 7.25);
     EXPECT_EQ(readPlainNumber(std::string(400, '9')), HUGE_VAL);
-    EXPECT_EQ(readPlainNumber("0." + std::string(400, '0') + "1"), 0.0);
-    EXPECT_EQ(readPlainNumber(std::string(100'000, '0') + "1"), 1.0);
+    EXPECT_EQ(readPlainNumber(std::string(400, '0').insert(1, ".").append("1")), 0.0);
+    EXPECT_EQ(readPlainNumber(std::string(100'000, '0').append("1")), 1.0);
 }
 
 TEST(NumberTextTest, ReadsPlainNumbersAsTheLibraryDoes) {

@@ -141,7 +141,7 @@ TEST_F(Editors, TakeTheirAllowedCharactersOnly) {
     type(
         "\x01\x16"
         "4455");
-    EXPECT_EQ(text(), std::string(253, '1') + "44");
+    EXPECT_EQ(text(), std::string(253, '1').append("44"));
     // What came in another way is looked at in the end; what stood there before is not.
     SetWindowTextA(edit, "7<8");
     DialogTrap trap;

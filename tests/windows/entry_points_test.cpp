@@ -237,7 +237,7 @@ int threadWindows() {
     return count;
 }
 
-TEST(ShutDown, AHundredLoadsLeaveNothing) {
+TEST(ShutDown, ManyLoadsLeaveNothing) {
     const MainFrame frame;
     const auto once = [&] {
         LoadedPlugin plugin;
@@ -248,9 +248,10 @@ TEST(ShutDown, AHundredLoadsLeaveNothing) {
     };
     once();
     const int windows = threadWindows();
+    // Wine counts neither and says 0; there the whole road (tests/road) counts by other means.
     const DWORD gdi = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
     const DWORD user = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
-    for (int i = 0; i < 100; ++i) once();
+    for (int i = 0; i < 25; ++i) once();
     EXPECT_EQ(GetModuleHandleA("MakerChecker.dll"), nullptr);
     EXPECT_EQ(threadWindows(), windows);
     EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), gdi);
@@ -258,7 +259,8 @@ TEST(ShutDown, AHundredLoadsLeaveNothing) {
 
     // The classes are the module's; loaded again at the same place, it finds none of its own left.
     const HMODULE again = LoadLibraryA("MakerChecker.dll");
-    for (const char* name : {"MakerChecker.HolderFrame", "MakerChecker.FloatFrame"}) {
+    for (const char* name : {"MakerChecker.HolderFrame", "MakerChecker.FloatFrame",
+                             "MakerChecker.SplitterBar"}) {
         WNDCLASSEXA left{};
         left.cbSize = sizeof left;
         EXPECT_FALSE(GetClassInfoExA(again, name, &left)) << name;
