@@ -259,8 +259,8 @@ TEST(ShutDown, ManyLoadsLeaveNothing) {
 
     // The classes are the module's; loaded again at the same place, it finds none of its own left.
     const HMODULE again = LoadLibraryA("MakerChecker.dll");
-    for (const char* name : {"MakerChecker.HolderFrame", "MakerChecker.FloatFrame",
-                             "MakerChecker.SplitterBar"}) {
+    for (const char* name :
+         {"MakerChecker.HolderFrame", "MakerChecker.FloatFrame", "MakerChecker.SplitterBar"}) {
         WNDCLASSEXA left{};
         left.cbSize = sizeof left;
         EXPECT_FALSE(GetClassInfoExA(again, name, &left)) << name;
