@@ -207,7 +207,7 @@ private:
     void exportAll();
     static void exportCell(void* list, int row, int column, const char*& text, int& type);
     void toggleGridLines();
-    void drawCell(HDC dc, std::size_t row, int item, const RECT& place, bool selected) const;
+    void drawCell(HDC dc, std::size_t row, int item, const RECT& place, bool ownLooks) const;
     void drawText(HDC dc, std::size_t row, int item, const RECT& place, const CellLook& look) const;
     bool cutOff(const Cell& cell) const;
     void measureFont();

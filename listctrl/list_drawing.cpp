@@ -92,6 +92,7 @@ LRESULT CCommonListCtrl::onDrawItem(const DRAWITEMSTRUCT& draw) {
     ExtTextOutA(draw.hDC, 0, 0, ETO_OPAQUE, &line, nullptr, 0, nullptr);
     SetTextColor(draw.hDC, colors.text);
     SetBkMode(draw.hDC, TRANSPARENT);
+    const bool ownLooks = !selected && !highContrast();
     // The header scrolls with the rows: its items say where the cells are.
     POINT origin{0, 0};
     MapWindowPoints(header(), handle(), &origin, 1);
@@ -99,7 +100,7 @@ LRESULT CCommonListCtrl::onDrawItem(const DRAWITEMSTRUCT& draw) {
     for (std::size_t item = 0; item < columns; ++item) {
         const RECT place{m_cells[item].left + origin.x, line.top, m_cells[item].right + origin.x,
                          line.bottom};
-        drawCell(draw.hDC, row, static_cast<int>(item), place, selected);
+        drawCell(draw.hDC, row, static_cast<int>(item), place, ownLooks);
     }
     // The row that the list selected by itself is framed, not filled, until the checker touches it.
     const bool framed = autoSelected || (focused && m_store.focusedRow() == row);
@@ -134,15 +135,14 @@ void CCommonListCtrl::onAreaChanged() {
 }
 
 void CCommonListCtrl::drawCell(HDC dc, std::size_t row, int item, const RECT& place,
-                               bool selected) const {
+                               bool ownLooks) const {
     const CellLook look = cellLook(row, item);
-    const bool own = !selected && !highContrast();
-    if (own && look.background) {
+    if (ownLooks && look.background) {
         SetBkColor(dc, *look.background);
         ExtTextOutA(dc, 0, 0, ETO_OPAQUE, &place, nullptr, 0, nullptr);
     }
     const COLORREF rowText = GetTextColor(dc);
-    if (own && look.text) SetTextColor(dc, *look.text);
+    if (ownLooks && look.text) SetTextColor(dc, *look.text);
     drawText(dc, row, item, place, look);
     SetTextColor(dc, rowText);
     drawOver(dc, row, item, place);

@@ -79,7 +79,7 @@ void CMultiLineEditListCtrl::openEditor(std::size_t row) {
     m_editor = makeEditor(line->row->attribute);
     m_edited = line;
     const auto font = reinterpret_cast<HFONT>(SendMessageA(handle(), WM_GETFONT, 0, 0));
-    if (!m_editor->open(handle(), editPlace(row), font, line->row->value)) m_editor.reset();
+    if (!m_editor->open(handle(), editPlace(row), font, line->row->value)) closeEditor();
 }
 
 void CMultiLineEditListCtrl::onNextEditor(WPARAM how) {

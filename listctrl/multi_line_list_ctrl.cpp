@@ -67,13 +67,18 @@ bool CMultiLineListCtrl::onFoldKey(UINT key, bool) {
 // ---- Drawing ----
 
 HFONT CMultiLineListCtrl::boldFont() const {
+    if (m_bold) return m_bold.get();
     const auto font = reinterpret_cast<HFONT>(SendMessageA(handle(), WM_GETFONT, 0, 0));
     LOGFONTA bold{};
-    if (m_boldOf == font || GetObjectA(font, sizeof bold, &bold) == 0) return m_bold.get();
+    if (GetObjectA(font, sizeof bold, &bold) == 0) return nullptr;
     bold.lfWeight = FW_BOLD;
     m_bold.reset(CreateFontIndirectA(&bold));
-    m_boldOf = font;
     return m_bold.get();
+}
+
+void CMultiLineListCtrl::fontChanged() {
+    m_bold.reset();
+    CFilterListCtrl::fontChanged();
 }
 
 CellLook CMultiLineListCtrl::cellLook(std::size_t row, int item) const {

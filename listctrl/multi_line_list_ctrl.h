@@ -33,6 +33,8 @@ protected:
     CellLook cellLook(std::size_t row, int item) const override;
     void drawOver(HDC dc, std::size_t row, int item, const RECT& place) const override;
 
+    void fontChanged() override;
+
     LineGroups& lines() const { return m_lines; }
 
     // The list's font in bold.
@@ -47,6 +49,5 @@ private:
     void setFolded(const LineGroups::Line& line, bool folded);
 
     LineGroups& m_lines;
-    mutable fw::Font m_bold;
-    mutable HFONT m_boldOf = nullptr;  // the list's font that it was made from
+    mutable fw::Font m_bold;  // made when first asked for; none after the list's font changed
 };
