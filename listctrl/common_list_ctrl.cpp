@@ -196,6 +196,11 @@ LRESULT CCommonListCtrl::onGetDispInfo(NMLVDISPINFOA& info) {
     return 0;
 }
 
+void CCommonListCtrl::setEmptyText(std::string text) {
+    m_emptyText = std::move(text);
+    if (handle() != nullptr) onAreaChanged();
+}
+
 // ---- Selection and focus, as others ask for them ----
 
 LRESULT CCommonListCtrl::onGetItemState(std::optional<std::size_t> row, UINT mask) {

@@ -90,7 +90,7 @@ public:
     void setBackground(COLORREF color);
 
     // What stands in place of the rows when there is no record.
-    void setEmptyText(std::string text) { m_emptyText = std::move(text); }
+    void setEmptyText(std::string text);
 
     // Whether the dialog may change colours and keywords.
     void setCustomizable(bool customizable) { m_customizable = customizable; }

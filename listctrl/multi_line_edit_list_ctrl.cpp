@@ -124,13 +124,23 @@ void CMultiLineEditListCtrl::leaveEditor() {
     if (m_editor != nullptr) m_editor->leave();
 }
 
+void CMultiLineEditListCtrl::replace(std::vector<DetailGroup> groups) {
+    leaveEditor();
+    closeEditor();
+    CMultiLineListCtrl::replace(std::move(groups));
+}
+
 void CMultiLineEditListCtrl::empty() {
     closeEditor();
     CMultiLineListCtrl::empty();
 }
 
 void CMultiLineEditListCtrl::editsSent() {
-    if (lines().clearEdited()) storeChanged();
+    if (lines().editsSent()) storeChanged();
+}
+
+void CMultiLineEditListCtrl::editsDropped() {
+    if (lines().editsDropped()) storeChanged();
 }
 
 bool CMultiLineEditListCtrl::dialogKey(HWND focus, UINT key) {
@@ -146,6 +156,7 @@ CellLook CMultiLineEditListCtrl::cellLook(std::size_t row, int item) const {
     if (line != nullptr && line->row->edited && columnAt(item) == kValueColumn) {
         look.text = kEditedColor;
         look.font = boldFont();
+        if (dimmed()) dim(look);
     }
     return look;
 }
@@ -159,15 +170,12 @@ void CMultiLineEditListCtrl::drawOver(HDC dc, std::size_t row, int item, const R
     const RECT frame{place.left + scaled(2), place.top, place.right - scaled(2), place.bottom};
     SetDCBrushColor(dc, mixed(GetTextColor(dc), GetBkColor(dc), 90));
     FrameRect(dc, &frame, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-    const int size = scaled(4);
     if (line->row->attribute == RowAttribute::choice) {
+        const int size = scaled(4);
         const POINT at{frame.right - scaled(9), (place.top + place.bottom) / 2};
         fillTriangle(dc, {{{at.x - size, at.y - size / 2},
                            {at.x + size, at.y - size / 2},
                            {at.x, at.y + size / 2}}});
     }
-    if (line->row->edited)
-        fillTriangle(dc, {{{frame.left, frame.top},
-                           {frame.left + 2 * size, frame.top},
-                           {frame.left, frame.top + 2 * size}}});
+    if (line->row->edited) drawEditMark(dc, frame);
 }

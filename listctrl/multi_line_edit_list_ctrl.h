@@ -28,6 +28,9 @@ public:
     // The entries of choice cells.
     void setChoices(std::vector<std::string> choices) { m_choices = std::move(choices); }
 
+    // Ends an edit as if the focus went elsewhere, then shows the groups.
+    void replace(std::vector<DetailGroup> groups) override;
+
     // Ends an edit without taking its text, and removes and frees every group.
     void empty() override;
 
@@ -36,6 +39,9 @@ public:
 
     // The edited values have been sent: their marks go.
     void editsSent();
+
+    // The edited values are dropped: what was received shows again.
+    void editsDropped();
 
     // Enter, Esc or Tab while `focus` has the focus. False: the key is not the list's.
     bool dialogKey(HWND focus, UINT key);

@@ -1,6 +1,7 @@
 #include "workbench/maker_checker.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "listctrl/list_colors.h"
 #include "res/resource_ids.h"
@@ -15,6 +16,8 @@ constexpr DWORD kPaneStyle = 0x46402834;  // docks at the top first
 constexpr char kAllowedInValues[] =
     "0123456789.-qwertyuiopasdfghjklzxcvbnmQWERTYUIOPASDFGHJKLZXCVBNM"
     "!@#$%^&*()_`,./;':}{|~ ";
+
+constexpr std::size_t kDetailsView = 1;  // among those that the holder frame holds
 
 constexpr char kMainListName[] = "Maker checker List";
 constexpr char kMainTitle[] = "Maker-Checker";
@@ -68,6 +71,8 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
         fw::onCommand<IDC_CANCEL, &CMakerChecker::onCancel>(),
         fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(NM_DBLCLK), &CMakerChecker::onShowDetails>(),
         fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(NM_RETURN), &CMakerChecker::onShowDetails>(),
+        fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(LVN_ITEMCHANGED),
+                     &CMakerChecker::onSelectionMade>(),
         fw::onNotify<IDC_MAIN_LIST, HDN_FILTERCHANGE, &CMakerChecker::onMainFilterChanged>(),
         fw::onNotify<IDC_DETAILS_LIST, HDN_FILTERCHANGE, &CMakerChecker::onDetailsFilterChanged>(),
         fw::on<kEndOfEdit, &CMakerChecker::onEndOfEdit>(),
@@ -85,7 +90,6 @@ LRESULT CMakerChecker::onInitDialog() {
     mainList->create(m_holder.handle(), IDC_MAIN_LIST, kMainListName, kMainTitle);
     detailsList->create(m_holder.handle(), IDC_DETAILS_LIST, kDetailsListName, kDetailsTitle);
     mainList->setEmptyText("No pending changes");
-    detailsList->setEmptyText("Double-click a change to see its details");
     m_holder.setViews({held(*mainList, kMainTitle, kMainListName),
                        held(*detailsList, kDetailsTitle, kDetailsListName)});
     mainList->setColumns(
@@ -170,12 +174,26 @@ void CMakerChecker::emptyDetails() {
     if (detailsList != nullptr) detailsList->empty();
 }
 
-void CMakerChecker::showDetails(std::vector<DetailGroup> groups) {
-    if (detailsList != nullptr) detailsList->append(std::move(groups));
+// Filters belong to the details they were typed for.
+void CMakerChecker::showDetails(std::vector<DetailGroup> groups, bool anotherChange) {
+    if (detailsList == nullptr) return;
+    if (anotherChange) detailsList->resetFilters();
+    detailsList->replace(std::move(groups));
 }
 
 void CMakerChecker::editsSent() {
     if (detailsList != nullptr) detailsList->editsSent();
+}
+
+void CMakerChecker::editsDropped() {
+    if (detailsList != nullptr) detailsList->editsDropped();
+}
+
+void CMakerChecker::captionDetails(const DetailsCaption& caption) {
+    if (detailsList == nullptr) return;
+    detailsList->setEmptyText(caption.emptyText);
+    detailsList->setDimmed(caption.dimmed);
+    m_holder.setTitle(kDetailsView, caption.title);
 }
 
 // ---- Editing ----
@@ -194,7 +212,8 @@ void CMakerChecker::onEndOfChoice(const EndOfEdit& edit) {
 // as it was; a row without a field shows what was typed.
 void CMakerChecker::takeEdit(const EndOfEdit& edit, const std::optional<std::string>& stored) {
     if (edit.column != "Value" || (!stored && edit.row.mnemonic != 0)) return;
-    edit.row.value = stored.value_or(edit.typed);
+    const std::string before = std::exchange(edit.row.value, stored.value_or(edit.typed));
+    if (!edit.row.edited) edit.row.received = before;
     edit.row.edited = stored.has_value();
 }
 
@@ -243,6 +262,9 @@ void CMakerChecker::onDialogKey(UINT key, bool repeated) {
     if (mainList != nullptr && !repeated &&
         (mainList->dialogKey(focus, key) || detailsList->dialogKey(focus, key)))
         return;
+    if (key == VK_ESCAPE && !repeated && mainList != nullptr &&
+        (focus == mainList->handle() || focus == detailsList->handle()))
+        return decide([](Workbench& workbench) { workbench.dropEdits(); });
     CPaneDialog::onDialogKey(key, repeated);
 }
 
@@ -273,8 +295,7 @@ void CMakerChecker::onAccept() {
 
 void CMakerChecker::onReject() {
     decide([](Workbench& workbench) {
-        const std::string reason = askRejectionReason();
-        workbench.reject(workbench.changes().selectedRecords(), reason);
+        workbench.reject(workbench.changes().selectedRecords(), askRejectionReason);
     });
 }
 
@@ -284,6 +305,10 @@ void CMakerChecker::onUpdate() {
 
 void CMakerChecker::onRecover() {
     decide([](Workbench& workbench) { workbench.recover(); });
+}
+
+void CMakerChecker::onSelectionMade(NMHDR&) {
+    if (m_workbench != nullptr) m_workbench->selectionMade();
 }
 
 // To look at a row is to touch it: from here on it can be decided.

@@ -52,6 +52,7 @@ private:
     void onRecover();
     void onCancel() {}
     void onShowDetails(NMHDR& header);
+    void onSelectionMade(NMHDR& header);
 
     void onMainFilterChanged(NMHDR&) { mainList->applyFilter(); }
     void onDetailsFilterChanged(NMHDR&) { detailsList->applyFilter(); }
@@ -61,8 +62,10 @@ private:
 
     void rowsChanged() override;
     void emptyDetails() override;
-    void showDetails(std::vector<DetailGroup> groups) override;
+    void showDetails(std::vector<DetailGroup> groups, bool anotherChange) override;
     void editsSent() override;
+    void editsDropped() override;
+    void captionDetails(const DetailsCaption& caption) override;
     std::vector<HWND> tabStops() const;
     bool moveFocus(bool backwards);
 

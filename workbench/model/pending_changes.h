@@ -40,6 +40,9 @@ public:
     // The record under `key`, or null.
     sMakeCheckStruct* findRecord(std::string_view key) const;
 
+    // Whether the row of the record under `key` is selected.
+    bool selected(std::string_view key) const;
+
     // Indexes the record under its key and appends its row; a key that is indexed already adds
     // nothing.
     void addRecord(std::unique_ptr<Entry> record);
