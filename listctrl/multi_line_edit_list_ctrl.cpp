@@ -161,21 +161,30 @@ CellLook CMultiLineEditListCtrl::cellLook(std::size_t row, int item) const {
     return look;
 }
 
-// A value that can be edited stands in a frame, a choice with an arrow at its end; an edit that has
-// not been sent has a corner folded down.
+void CMultiLineEditListCtrl::drawFrame(HDC dc, RowAttribute attribute, const RECT& frame) const {
+    SetDCBrushColor(dc, mixed(GetTextColor(dc), GetBkColor(dc), 90));
+    FrameRect(dc, &frame, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+    if (attribute != RowAttribute::choice) return;
+    const int size = scaled(4);
+    const POINT at{frame.right - scaled(9), (frame.top + frame.bottom) / 2};
+    fillTriangle(dc, {{{at.x - size, at.y - size / 2},
+                       {at.x + size, at.y - size / 2},
+                       {at.x, at.y + size / 2}}});
+}
+
+// A value that can be edited has a frame, a choice an arrow at its end. An edit that has not been
+// sent has its upper left corner folded down, and the right one too when it was typed over an older
+// value.
 void CMultiLineEditListCtrl::drawOver(HDC dc, std::size_t row, int item, const RECT& place) const {
     CMultiLineListCtrl::drawOver(dc, row, item, place);
     const LineGroups::Line* line = lines().lineAt(row);
-    if (columnAt(item) != kValueColumn || !editable(line)) return;
+    if (line == nullptr || columnAt(item) != kValueColumn) return;
     const RECT frame{place.left + scaled(2), place.top, place.right - scaled(2), place.bottom};
-    SetDCBrushColor(dc, mixed(GetTextColor(dc), GetBkColor(dc), 90));
-    FrameRect(dc, &frame, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-    if (line->row->attribute == RowAttribute::choice) {
-        const int size = scaled(4);
-        const POINT at{frame.right - scaled(9), (place.top + place.bottom) / 2};
-        fillTriangle(dc, {{{at.x - size, at.y - size / 2},
-                           {at.x + size, at.y - size / 2},
-                           {at.x, at.y + size / 2}}});
-    }
+    if (editable(line)) drawFrame(dc, line->row->attribute, frame);
     if (line->row->edited) drawEditMark(dc, frame);
+    const LONG size = scaled(8);
+    if (line->row->overOlder)
+        fillTriangle(dc, {{{frame.right, frame.top},
+                           {frame.right - size, frame.top},
+                           {frame.right, frame.top + size}}});
 }

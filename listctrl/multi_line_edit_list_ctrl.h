@@ -68,6 +68,7 @@ private:
     std::unique_ptr<CCellEditor> makeEditor(RowAttribute attribute);
     void tellOwner(const std::string& typed);
     RECT editPlace(std::size_t row) const;
+    void drawFrame(HDC dc, RowAttribute attribute, const RECT& frame) const;
 
     HWND m_editOwner = nullptr;
     std::string m_allowed;
