@@ -50,16 +50,8 @@ DWORD nextStamp(DWORD after) {
     return last;
 }
 
-void sendMouse(DWORD flags, DWORD data = 0, DWORD stamp = 0) {
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = flags;
-    input.mi.mouseData = data;
-    input.mi.time = stamp;
-    send(input);
-}
-
-void sendMove(POINT at) {
+// Every event says where the pointer is: the platform below may move it between two of them.
+void sendMouse(POINT at, DWORD flags, DWORD data = 0, DWORD stamp = 0) {
     const LONG left = GetSystemMetrics(SM_XVIRTUALSCREEN),
                top = GetSystemMetrics(SM_YVIRTUALSCREEN);
     const LONG width = GetSystemMetrics(SM_CXVIRTUALSCREEN);
@@ -68,7 +60,9 @@ void sendMove(POINT at) {
     input.type = INPUT_MOUSE;
     input.mi.dx = ((at.x - left) * 65536 + width - 1) / width;
     input.mi.dy = ((at.y - top) * 65536 + height - 1) / height;
-    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_VIRTUALDESK;
+    input.mi.dwFlags = flags | MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_VIRTUALDESK;
+    input.mi.mouseData = data;
+    input.mi.time = stamp;
     send(input);
 }
 
@@ -156,18 +150,18 @@ void showRow(HWND list, int row) {
 // ---- Mouse ----
 
 void moveTo(POINT at) {
-    queue({[at] { sendMove(at); }});
+    queue({[at] { sendMouse(at, 0); }});
 }
 
 void click(POINT at, Keys keys, Button button) {
     const ButtonFlags flags = flagsOf(button);
-    queue({[=] { sendMove(at); },
+    queue({[=] { sendMouse(at, 0); },
            [=] {
                sendModifiers(keys, false);
-               sendMouse(flags.down, 0, nextStamp(1000));
+               sendMouse(at, flags.down, 0, nextStamp(1000));
            },
            [=] {
-               sendMouse(flags.up);
+               sendMouse(at, flags.up);
                sendModifiers(keys, true);
            }});
 }
@@ -183,8 +177,8 @@ void clickRow(HWND list, int row, Keys keys, int column) {
 
 void doubleClick(POINT at) {
     click(at);
-    queue({[] { sendMouse(MOUSEEVENTF_LEFTDOWN, 0, nextStamp(20)); },
-           [] { sendMouse(MOUSEEVENTF_LEFTUP); }});
+    queue({[=] { sendMouse(at, MOUSEEVENTF_LEFTDOWN, 0, nextStamp(20)); },
+           [=] { sendMouse(at, MOUSEEVENTF_LEFTUP); }});
 }
 
 void doubleClick(HWND window) {
@@ -198,26 +192,27 @@ void doubleClickRow(HWND list, int row, int column) {
 
 void drag(POINT from, POINT to, bool escape) {
     constexpr int kSteps = 5;
-    std::vector<Step> steps{[=] { sendMove(from); },
-                            [] { sendMouse(MOUSEEVENTF_LEFTDOWN, 0, nextStamp(1000)); }};
+    std::vector<Step> steps{[=] { sendMouse(from, 0); },
+                            [=] { sendMouse(from, MOUSEEVENTF_LEFTDOWN, 0, nextStamp(1000)); }};
     for (int step = 1; step <= kSteps; ++step)
         steps.emplace_back([=] {
-            sendMove({from.x + (to.x - from.x) * step / kSteps,
-                      from.y + (to.y - from.y) * step / kSteps});
+            sendMouse({from.x + (to.x - from.x) * step / kSteps,
+                       from.y + (to.y - from.y) * step / kSteps},
+                      0);
         });
     if (escape)
         steps.emplace_back([] {
             sendKey(VK_ESCAPE, false);
             sendKey(VK_ESCAPE, true);
         });
-    steps.emplace_back([] { sendMouse(MOUSEEVENTF_LEFTUP); });
+    steps.emplace_back([=] { sendMouse(to, MOUSEEVENTF_LEFTUP); });
     queue(std::move(steps));
 }
 
 void wheel(HWND window, int notches) {
     const POINT at = middle(window);
-    queue({[at] { sendMove(at); },
-           [=] { sendMouse(MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches * WHEEL_DELTA)); }});
+    queue({[at] { sendMouse(at, 0); },
+           [=] { sendMouse(at, MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches * WHEEL_DELTA)); }});
 }
 
 // ---- Keys ----
@@ -263,8 +258,10 @@ void letGo() {
     theStrokes.clear();
     for (WORD virtualKey = VK_BACK; virtualKey < 0xFF; ++virtualKey)
         if (GetAsyncKeyState(virtualKey) < 0) sendKey(virtualKey, true);
-    if (GetAsyncKeyState(VK_LBUTTON) < 0) sendMouse(MOUSEEVENTF_LEFTUP);
-    if (GetAsyncKeyState(VK_RBUTTON) < 0) sendMouse(MOUSEEVENTF_RIGHTUP);
+    POINT at{};
+    GetCursorPos(&at);
+    if (GetAsyncKeyState(VK_LBUTTON) < 0) sendMouse(at, MOUSEEVENTF_LEFTUP);
+    if (GetAsyncKeyState(VK_RBUTTON) < 0) sendMouse(at, MOUSEEVENTF_RIGHTUP);
 }
 
 // ---- Points ----
