@@ -194,6 +194,7 @@ void CMakerChecker::captionDetails(const DetailsCaption& caption) {
     detailsList->setEmptyText(caption.emptyText);
     detailsList->setDimmed(caption.dimmed);
     m_holder.setTitle(kDetailsView, caption.title);
+    SetWindowTextA(detailsList->handle(), caption.title.c_str());  // what screen readers call it
 }
 
 // ---- Editing ----
