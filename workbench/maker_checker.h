@@ -51,7 +51,8 @@ private:
     void onUpdate();
     void onRecover();
     void onCancel() {}
-    void onShowDetails(NMHDR& header);
+    void onShowSelected(NMHDR& header);
+    void onShowFocused(NMHDR& header);
 
     void onMainFilterChanged(NMHDR&) { mainList->applyFilter(); }
     void onDetailsFilterChanged(NMHDR&) { detailsList->applyFilter(); }
