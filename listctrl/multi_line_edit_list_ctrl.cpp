@@ -41,7 +41,7 @@ bool CMultiLineEditListCtrl::onEditKey(UINT key, bool) {
 }
 
 void CMultiLineEditListCtrl::onEditDoubleClick(POINT client) {
-    onDoubleClick(client);
+    if (!pressTwice(client)) return;
     const auto cell = cellAt(client);
     if (!cell || columnAt(cell->item) != kValueColumn) return;
     openEditor(cell->row);

@@ -67,7 +67,7 @@ void CMultiLineListCtrl::setFolded(const LineGroups::Line& line, bool folded) {
 
 // With Ctrl or Shift a click selects and folds nothing; nor does the second of a double-click.
 void CMultiLineListCtrl::onLinePressed(POINT client) {
-    onButtonDown(client);
+    if (!press(client)) return;
     if (GetKeyState(VK_CONTROL) < 0 || GetKeyState(VK_SHIFT) < 0) return;
     const auto cell = cellAt(client);
     const LineGroups::Line* line = cell ? m_lines.lineAt(cell->row) : nullptr;
@@ -83,11 +83,7 @@ bool CMultiLineListCtrl::onFoldKey(UINT key, bool) {
     if (line->isHeading()) {
         setFolded(*line, key == VK_LEFT);
     } else if (const auto heading = key == VK_LEFT ? m_lines.headingRow(*line) : std::nullopt) {
-        store().clearSelection();
-        store().select(*heading, true);
-        store().setFocus(*heading);
-        storeChanged();
-        SendMessageA(handle(), LVM_ENSUREVISIBLE, *heading, FALSE);
+        goTo(*heading);
     }
     return true;
 }

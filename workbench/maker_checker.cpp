@@ -42,6 +42,11 @@ COLORREF detailsBackground() {
     return light || highContrast() ? GetSysColor(COLOR_WINDOW) : RGB(255, 255, 255);
 }
 
+void showRow(Workbench& workbench, std::size_t row) {
+    void* const record = workbench.changes().rows().recordAt(row);
+    if (record != nullptr) workbench.showDetails(*static_cast<PendingChanges::Entry*>(record));
+}
+
 }  // namespace
 
 CMakerChecker::CMakerChecker(Host& host, ListServices& lists)
@@ -69,8 +74,8 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
         fw::onCommand<IDC_UPDATE, &CMakerChecker::onUpdate>(),
         fw::onCommand<IDC_RECOVER, &CMakerChecker::onRecover>(),
         fw::onCommand<IDC_CANCEL, &CMakerChecker::onCancel>(),
-        fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(NM_DBLCLK), &CMakerChecker::onShowDetails>(),
-        fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(NM_RETURN), &CMakerChecker::onShowDetails>(),
+        fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(NM_DBLCLK), &CMakerChecker::onShowSelected>(),
+        fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(NM_RETURN), &CMakerChecker::onShowFocused>(),
         fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(LVN_ITEMCHANGED),
                      &CMakerChecker::onSelectionMade>(),
         fw::onNotify<IDC_MAIN_LIST, HDN_FILTERCHANGE, &CMakerChecker::onMainFilterChanged>(),
@@ -308,19 +313,26 @@ void CMakerChecker::onRecover() {
     decide([](Workbench& workbench) { workbench.recover(); });
 }
 
+void CMakerChecker::onMainFilterChanged(NMHDR&) {
+    mainList->applyFilter();
+    if (m_workbench != nullptr) m_workbench->selectionMoved();
+}
+
 void CMakerChecker::onSelectionMade(NMHDR&) {
     if (m_workbench != nullptr) m_workbench->selectionMade();
 }
 
-// To look at a row is to touch it: from here on it can be decided.
-void CMakerChecker::onShowDetails(NMHDR&) {
-    decide([this](Workbench& workbench) {
-        RecordStore& rows = workbench.changes().rows();
-        const auto selected = rows.selectedRows();
-        if (selected.empty()) return;
-        rows.select(selected.front(), true);
-        mainList->storeChanged();
-        workbench.showDetails(
-            *static_cast<PendingChanges::Entry*>(rows.recordAt(selected.front())));
+// A double-click: of the first selected row.
+void CMakerChecker::onShowSelected(NMHDR&) {
+    decide([](Workbench& workbench) {
+        const auto& selected = workbench.changes().rows().selectedRows();
+        if (!selected.empty()) showRow(workbench, selected.front());
+    });
+}
+
+// Enter: of the focused row, selected or not.
+void CMakerChecker::onShowFocused(NMHDR&) {
+    decide([](Workbench& workbench) {
+        if (const auto row = workbench.changes().rows().focusedRow()) showRow(workbench, *row);
     });
 }

@@ -51,10 +51,11 @@ private:
     void onUpdate();
     void onRecover();
     void onCancel() {}
-    void onShowDetails(NMHDR& header);
+    void onShowSelected(NMHDR& header);
+    void onShowFocused(NMHDR& header);
     void onSelectionMade(NMHDR& header);
 
-    void onMainFilterChanged(NMHDR&) { mainList->applyFilter(); }
+    void onMainFilterChanged(NMHDR&);
     void onDetailsFilterChanged(NMHDR&) { detailsList->applyFilter(); }
     void onEndOfEdit(const EndOfEdit& edit);
     void onEndOfChoice(const EndOfEdit& edit);

@@ -50,6 +50,6 @@ void PendingChanges::clearAllRecords() {
 std::vector<sMakeCheckStruct*> PendingChanges::selectedRecords() const {
     std::vector<sMakeCheckStruct*> records;
     for (const std::size_t row : m_rows.selectedRows())
-        if (!m_rows.autoSelected(row)) records.push_back(&recordOf(m_rows.slotAt(row)));
+        records.push_back(&recordOf(m_rows.slotAt(row)));
     return records;
 }

@@ -200,6 +200,7 @@ DetailsCaption ShownDetails::caption() const {
     std::string title(kTitle);
     if (!m_name.empty()) title += ": " + m_name;
     if (!m_news.empty()) title += " (" + m_news + ")";
-    if (m_dimmed) title += " - not selected, " + std::to_string(editCount()) + " unsent";
+    if (m_dimmed) title += " - not selected";
+    if (m_dimmed && editCount() != 0) title += ", " + std::to_string(editCount()) + " unsent";
     return {title, emptyText(), m_dimmed};
 }

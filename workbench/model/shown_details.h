@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "link/model/message.h"
@@ -65,8 +66,9 @@ public:
     void editsEnded();
     std::string editsText() const;  // "2 edited values of Client - C1, RMS Limits, 1007"
 
-    // Another change is selected than the one whose unsent edits are visible, or no longer.
-    void setDimmed(bool dimmed) { m_dimmed = dimmed; }
+    // Other changes are selected than the one that is looked at, or no longer. Returns whether
+    // that is new.
+    bool setDimmed(bool dimmed) { return std::exchange(m_dimmed, dimmed) != dimmed; }
 
     DetailsCaption caption() const;
 

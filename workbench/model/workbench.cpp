@@ -44,6 +44,7 @@ void Workbench::showDetails(const sMakeCheckStruct& record) {
          !hold.pending(record)))
         return;
     m_details.open(record);
+    m_details.setDimmed(unselected());
     m_view.emptyDetails();
     caption();
     if (m_details.kind() != DetailKind::none) askForDetails();
@@ -91,15 +92,25 @@ void Workbench::publishedAgain(const sMakeCheckStruct& record) {
 }
 
 void Workbench::changeEnded(const std::string& key) {
-    if (m_details.key() == key) emptyDetails();
+    if (m_details.key() == key)
+        emptyDetails();
+    else
+        selectionMoved();
+}
+
+// Whether other changes are selected than the one that is looked at.
+bool Workbench::unselected() const {
+    return m_details.key() && m_changes.rows().selectedCount() != 0 &&
+           !m_changes.selected(*m_details.key());
 }
 
 void Workbench::selectionMade() {
-    if (!m_details.key() || m_changes.rows().selectedCount() == 0) return;
-    const bool selected = m_changes.selected(*m_details.key());
-    if (!selected && m_details.editCount() == 0) return emptyDetails();
-    m_details.setDimmed(!selected);
-    caption();
+    if (unselected() && m_details.editCount() == 0) return emptyDetails();
+    selectionMoved();
+}
+
+void Workbench::selectionMoved() {
+    if (m_details.setDimmed(unselected())) caption();
 }
 
 // ---- Decisions ----

@@ -39,6 +39,9 @@ public:
     // do not stay beside them, unless they hold unsent edits: then they are dimmed.
     void selectionMade();
 
+    // The selection changed otherwise: rows went, or a filter hid some. Nothing is emptied.
+    void selectionMoved();
+
     // The four buttons. `selected`, in row order, is what was selected at the press: a change that
     // goes while a box is open is not decided, and none takes its place. Where edits are not sent,
     // all but Update ask first; so do showDetails() and dropEdits().
@@ -67,6 +70,7 @@ private:
     void publishedAgain(const sMakeCheckStruct& record) override;
     void changeEnded(const std::string& key) override;
 
+    bool unselected() const;
     void emptyDetails();
     void askForDetails();
     bool mayLeaveEdits(const std::string& question);

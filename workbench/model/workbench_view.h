@@ -10,7 +10,7 @@
 struct DetailsCaption {
     std::string title;      // of its strip: whose details these are, and what happened to them
     std::string emptyText;  // in place of rows: why there are none
-    bool dimmed = false;    // they hold unsent edits, but another change is selected
+    bool dimmed = false;    // other changes are selected than theirs
 };
 
 // Implemented by the pane, and by a recorder in the native tests. The records already are as the
