@@ -85,6 +85,7 @@ void CCommonListCtrl::loadAllColumnProfiles() {
 }
 
 void CCommonListCtrl::columnsChanged() {
+    cellsMove();
     compileExpressions();
     m_updating = true;  // the header's own notifications say nothing new
     {
@@ -108,6 +109,12 @@ void CCommonListCtrl::columnsChanged() {
     headerBuilt();
     if (m_sorting) sortByColumn(m_sorting->column, m_sorting->direction < 0);
     InvalidateRect(handle(), nullptr, TRUE);
+}
+
+LRESULT CCommonListCtrl::onHeaderItemChanging(NMHEADERA& info) {
+    const bool width = info.pitem != nullptr && (info.pitem->mask & HDI_WIDTH) != 0;
+    if (width && !m_updating && !beforeCellsMove()) return TRUE;
+    return controlDefault(WM_NOTIFY, info.hdr.idFrom, reinterpret_cast<LPARAM>(&info));
 }
 
 LRESULT CCommonListCtrl::onHeaderItemChanged(NMHEADERA& info) {
@@ -242,6 +249,7 @@ LRESULT CCommonListCtrl::onGetSelectedCount() {
 void CCommonListCtrl::onHeaderClick(NMLISTVIEW& click) {
     if (click.iSubItem < 0 || static_cast<std::size_t>(click.iSubItem) >= m_columns.shown().size())
         return;
+    if (!beforeCellsMove()) return;
     const ColumnId column = columnAt(click.iSubItem);
     const bool again = m_sorting && m_sorting->column == column;
     const fw::WaitCursorScope wait;
@@ -350,6 +358,11 @@ bool CCommonListCtrl::navigate(UINT key) {
     return true;
 }
 
+bool CCommonListCtrl::claims(UINT key) const {
+    const Modifiers keys = modifiersDown();
+    return isListKey(key, keys.ctrl, keys.shift, offers());
+}
+
 bool CCommonListCtrl::onKeyDown(UINT key, bool) {
     const Modifiers keys = modifiersDown();
     if (navigate(key)) return true;
@@ -379,6 +392,8 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::onReflected<LVN_GETDISPINFOA, &CCommonListCtrl::onGetDispInfo>(),
         fw::onReflected<LVN_COLUMNCLICK, &CCommonListCtrl::onHeaderClick>(),
         fw::onReflected<static_cast<UINT>(NM_RCLICK), &CCommonListCtrl::onRightClick>(),
+        fw::onNotify<0, HDN_ITEMCHANGINGA, &CCommonListCtrl::onHeaderItemChanging>(),
+        fw::onNotify<0, HDN_ITEMCHANGINGW, &CCommonListCtrl::onHeaderItemChanging>(),
         fw::onNotify<0, HDN_ITEMCHANGEDA, &CCommonListCtrl::onHeaderItemChanged>(),
         fw::onNotify<0, HDN_ITEMCHANGEDW, &CCommonListCtrl::onHeaderItemChanged>(),
         fw::onNotify<0, static_cast<UINT>(NM_RCLICK), &CCommonListCtrl::onHeaderRightClick>(),

@@ -62,6 +62,9 @@ public:
     // The line in a row; null beyond the end. Lives until clear().
     Line* lineAt(std::size_t row) const { return static_cast<Line*>(m_rows.recordAt(row)); }
 
+    // The row of a line; none while it is not on show.
+    std::optional<std::size_t> rowOf(const Line& line) const { return m_rows.rowOf(line.slot); }
+
     bool folded(const Line& line) const;
     void setFolded(const Line& line, bool folded);
 
