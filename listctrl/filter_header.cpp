@@ -122,6 +122,7 @@ std::vector<HWND> CFilterHeader::stops() const {
 LRESULT CFilterHeader::onBoxCommand(UINT id, UINT code) {
     const int item = static_cast<int>(id - kFirstBoxId);
     if (item < 0 || static_cast<std::size_t>(item) >= m_boxes.size()) return 0;
+    if (code == CBN_SETFOCUS || code == CBN_KILLFOCUS) m_owner.boxFocusChanged();
     if (code == CBN_DROPDOWN) fillChoices(item);
     if (code == CBN_SELENDOK) takeChoice(item);
     if (code == CBN_EDITCHANGE) SetTimer(handle(), kPauseTimer, kPauseMilliseconds, nullptr);

@@ -17,6 +17,8 @@ class FilterHeaderOwner {
 public:
     virtual DistinctValues filterChoices(int item) = 0;
     virtual void filterChanged() = 0;
+    // A box got the focus or lost it.
+    virtual void boxFocusChanged() = 0;
 
 protected:
     ~FilterHeaderOwner() = default;

@@ -64,6 +64,7 @@ void CFilterListCtrl::fontChanged() {
 }
 
 void CFilterListCtrl::applyFilter() {
+    cellsMove();
     const fw::WaitCursorScope wait;
     store().clearFilters();
     for (std::size_t item = 0; item < m_boxColumns.size(); ++item)
@@ -87,4 +88,9 @@ DistinctValues CFilterListCtrl::filterChoices(int item) {
 void CFilterListCtrl::filterChanged() {
     NMHDR notice{handle(), static_cast<UINT_PTR>(GetDlgCtrlID(handle())), HDN_FILTERCHANGE};
     SendMessageA(GetParent(handle()), WM_NOTIFY, notice.idFrom, reinterpret_cast<LPARAM>(&notice));
+}
+
+// The list's parts count as the list.
+void CFilterListCtrl::boxFocusChanged() {
+    notifyParent(IsChild(handle(), GetFocus()) != 0 ? NM_SETFOCUS : NM_KILLFOCUS, {}, {});
 }

@@ -27,6 +27,8 @@ protected:
     void headerBuilt() override;
     void columnRemoved(ColumnId removed) override;
     void fontChanged() override;
+    // The focus came into a part of the list or left it: the parent is told as if it were the list.
+    void boxFocusChanged() override;
 
 private:
     DistinctValues filterChoices(int item) override;
