@@ -30,6 +30,7 @@ public:
     GetQuonRxControlService* receiveControlService() override { return nullptr; }
     void reportToUser(std::string_view, int) override {}
     void showMessage(const std::string&) override {}
+    bool confirm(const std::string&) override { return false; }
     void beep() override {}
 
 private:
@@ -39,8 +40,10 @@ private:
 class QuietView final : public WorkbenchView {
     void rowsChanged() override {}
     void emptyDetails() override {}
-    void showDetails(std::vector<DetailGroup>) override {}
+    void showDetails(std::vector<DetailGroup>, bool) override {}
     void editsSent() override {}
+    void editsDropped() override {}
+    void captionDetails(const DetailsCaption&) override {}
 };
 
 // One message, its fields read by both sides.
@@ -117,8 +120,11 @@ struct Bed {
     QuietHost host;
     QuietView view;
     PendingChanges changes{view};
-    DetailsOnShow details;
-    Intake intake{host, changes, details, view};
+    struct : IntakeListener {
+        void publishedAgain(const sMakeCheckStruct&) override {}
+        void changeEnded(const std::string&) override {}
+    } listener;
+    Intake intake{host, changes, listener};
     PlainList plain;
     std::array<Publication, 200> batch;
     bool oursFirst = false;

@@ -53,6 +53,13 @@ void CVTHolderFrame::setViews(std::vector<HeldView> views) {
     restoreSizes();
 }
 
+void CVTHolderFrame::setTitle(std::size_t view, const std::string& title) {
+    if (view >= m_views.size() || m_views[view].title == title) return;
+    m_views[view].title = title;
+    const RECT strip = m_frames[view].strip();
+    InvalidateRect(handle(), &strip, FALSE);
+}
+
 void CVTHolderFrame::makeBar(std::size_t place) {
     SplitterEvents events;
     events.movedTo = [this, place](int position) {

@@ -36,6 +36,9 @@ public:
 
     void setViews(std::vector<HeldView> views);
 
+    // Another title for a view.
+    void setTitle(std::size_t view, const std::string& title);
+
     void move(const RECT& place);
 
     // The bar behind a view, for the order of tabs.

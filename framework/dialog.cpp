@@ -62,6 +62,13 @@ void showMessageBox(const std::string& text) {
     runModal([&](HWND owner) { return MessageBoxA(owner, text.c_str(), "", MB_OK); });
 }
 
+bool askYesNo(const std::string& question) {
+    constexpr UINT kStyle = MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2;
+    return runModal([&](HWND owner) {
+               return MessageBoxA(owner, question.c_str(), "Maker Checker", kStyle);
+           }) == IDYES;
+}
+
 INT_PTR CDialog::run(UINT templateId, INT_PTR failed) {
     const INT_PTR result = runModal([&](HWND owner) {
         return DialogBoxParamA(module(), MAKEINTRESOURCEA(templateId), owner, dialogProc,

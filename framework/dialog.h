@@ -27,6 +27,9 @@ private:
 // Shows `text` without a caption and with an OK button; returns when it is closed.
 void showMessageBox(const std::string& text);
 
+// Asks a question with "Yes" and "No"; true for "Yes". "No" is the default, and Esc is none.
+bool askYesNo(const std::string& question);
+
 // A modal dialog made from a template of this module. A derived class is used by one function from
 // plain arguments to a plain result, which constructs it, runs it and reads what it holds.
 class CDialog : public CWindow {

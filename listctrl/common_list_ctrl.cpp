@@ -12,10 +12,6 @@ std::vector<CCommonListCtrl*>& allLists() {
     return lists;
 }
 
-Modifiers modifiersDown() {
-    return {GetKeyState(VK_CONTROL) < 0, GetKeyState(VK_SHIFT) < 0};
-}
-
 constexpr int kNoSortImage = 0;
 constexpr int kAscendingImage = 1;
 constexpr int kDescendingImage = 2;
@@ -107,7 +103,7 @@ void CCommonListCtrl::columnsChanged() {
     m_updating = false;
     measureHeader();
     headerBuilt();
-    if (m_sorting) sortByColumn(m_sorting->column, m_sorting->direction < 0);
+    sortAgain();
     InvalidateRect(handle(), nullptr, TRUE);
 }
 
@@ -203,45 +199,9 @@ LRESULT CCommonListCtrl::onGetDispInfo(NMLVDISPINFOA& info) {
     return 0;
 }
 
-// ---- Selection and focus, as others ask for them ----
-
-LRESULT CCommonListCtrl::onGetItemState(std::optional<std::size_t> row, UINT mask) {
-    UINT state = 0;
-    if (row && m_store.selected(*row)) state |= LVIS_SELECTED;
-    if (row && m_store.focusedRow() == row) state |= LVIS_FOCUSED;
-    return static_cast<LRESULT>(state & mask);
-}
-
-LRESULT CCommonListCtrl::onSetItemState(std::optional<std::size_t> row, const LVITEMA& wanted) {
-    const bool on = (wanted.state & LVIS_SELECTED) != 0;
-    if ((wanted.stateMask & LVIS_SELECTED) != 0) {
-        if (row)
-            m_store.select(*row, on);
-        else if (on)
-            m_store.selectAll();
-        else
-            m_store.clearSelection();
-    }
-    if ((wanted.stateMask & wanted.state & LVIS_FOCUSED) != 0 && row) m_store.setFocus(*row);
-    storeChanged();
-    return TRUE;
-}
-
-LRESULT CCommonListCtrl::onGetNextItem(std::size_t first, UINT flags) {
-    if ((flags & LVNI_SELECTED) != 0) {
-        const auto selected = m_store.selectedRows();
-        const auto found = std::lower_bound(selected.begin(), selected.end(), first);
-        return found != selected.end() ? static_cast<LRESULT>(*found) : -1;
-    }
-    if ((flags & LVNI_FOCUSED) != 0) {
-        const auto focused = m_store.focusedRow();
-        return focused && *focused >= first ? static_cast<LRESULT>(*focused) : -1;
-    }
-    return first < m_store.rowCount() ? static_cast<LRESULT>(first) : -1;
-}
-
-LRESULT CCommonListCtrl::onGetSelectedCount() {
-    return static_cast<LRESULT>(m_store.selectedCount());
+void CCommonListCtrl::setEmptyText(std::string text) {
+    m_emptyText = std::move(text);
+    if (handle() != nullptr) onAreaChanged();
 }
 
 // ---- Sorting ----
@@ -256,16 +216,26 @@ void CCommonListCtrl::onHeaderClick(NMLISTVIEW& click) {
     sortByColumn(column, again ? m_sorting->direction > 0 : true);
 }
 
+// Nothing would mark a column that does not show, so a list is never sorted by one.
+void CCommonListCtrl::sortAgain() {
+    if (m_defaultSort && !m_columns.placeOf(m_defaultSort->column)) m_defaultSort.reset();
+    if (!m_sorting) return;
+    if (m_columns.placeOf(m_sorting->column))
+        sortByColumn(m_sorting->column, m_sorting->direction < 0);
+    else
+        endSorting();
+}
+
 void CCommonListCtrl::sortByColumn(ColumnId column, bool ascending) {
-    if (!m_columns.has(column)) return;
+    const auto shown = m_columns.placeOf(column);
+    if (!shown) return;
     if (m_sorting)
         if (const auto place = m_columns.placeOf(m_sorting->column))
             showSortImage(static_cast<int>(*place), kNoSortImage);
     m_sorting = Sorting{column, ascending ? -1 : 1};
     const auto type = static_cast<int>(m_columns.descriptor(column).type);
     m_store.sort({static_cast<int>(column), comparisonOf(type), m_sorting->direction});
-    if (const auto place = m_columns.placeOf(column))
-        showSortImage(static_cast<int>(*place), ascending ? kAscendingImage : kDescendingImage);
+    showSortImage(static_cast<int>(*shown), ascending ? kAscendingImage : kDescendingImage);
     storeChanged();
 }
 
@@ -289,100 +259,6 @@ void CCommonListCtrl::showSortImage(int item, int image) {
     SendMessageA(header(), HDM_SETITEMA, static_cast<WPARAM>(item),
                  reinterpret_cast<LPARAM>(&info));
     m_updating = false;
-}
-
-// ---- Mouse and keys ----
-
-std::optional<std::size_t> CCommonListCtrl::rowAt(POINT client) const {
-    LVHITTESTINFO hit{};
-    hit.pt = client;
-    const auto row = SendMessageA(handle(), LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit));
-    if (row < 0) return std::nullopt;
-    return static_cast<std::size_t>(row);
-}
-
-void CCommonListCtrl::notifyParent(UINT code, POINT at, std::optional<std::size_t> row) {
-    NMITEMACTIVATE notice{};
-    notice.hdr = {handle(), static_cast<UINT_PTR>(GetDlgCtrlID(handle())), code};
-    notice.iItem = row ? static_cast<int>(*row) : -1;
-    notice.ptAction = at;
-    HWND parent = GetParent(handle());
-    if (parent == nullptr) parent = GetWindow(handle(), GW_OWNER);
-    SendMessageA(parent, WM_NOTIFY, notice.hdr.idFrom, reinterpret_cast<LPARAM>(&notice));
-}
-
-void CCommonListCtrl::onButtonDown(POINT client) {
-    SetFocus(handle());
-    m_rules.click(rowAt(client), modifiersDown());
-    storeChanged();
-}
-
-void CCommonListCtrl::onButtonUp(POINT client) {
-    notifyParent(NM_CLICK, client, rowAt(client));
-}
-
-void CCommonListCtrl::onDoubleClick(POINT client) {
-    onButtonDown(client);
-    notifyParent(NM_DBLCLK, client, rowAt(client));
-}
-
-void CCommonListCtrl::onRightDown(POINT client) {
-    SetFocus(handle());
-    m_rules.rightClick(rowAt(client));
-    storeChanged();
-}
-
-void CCommonListCtrl::onRightUp(POINT client) {
-    if (const auto row = rowAt(client)) notifyParent(NM_RCLICK, client, row);
-}
-
-// Enter in a list belongs to the list: it must never press the dialog's default button.
-LRESULT CCommonListCtrl::onGetDialogCode(const MSG* message) {
-    const LRESULT code = controlDefault(WM_GETDLGCODE, 0, reinterpret_cast<LPARAM>(message));
-    return message != nullptr && message->wParam == VK_RETURN ? code | DLGC_WANTMESSAGE : code;
-}
-
-bool CCommonListCtrl::navigate(UINT key) {
-    static constexpr struct {
-        UINT key;
-        Move move;
-    } moves[] = {{VK_UP, Move::up},         {VK_DOWN, Move::down}, {VK_PRIOR, Move::pageUp},
-                 {VK_NEXT, Move::pageDown}, {VK_HOME, Move::home}, {VK_END, Move::end}};
-    const auto found = std::find_if(std::begin(moves), std::end(moves),
-                                    [&](const auto& each) { return each.key == key; });
-    if (found == std::end(moves)) return false;
-    const auto page = static_cast<std::size_t>(SendMessageA(handle(), LVM_GETCOUNTPERPAGE, 0, 0));
-    const auto row = m_rules.move(found->move, page, modifiersDown());
-    storeChanged();
-    if (row) SendMessageA(handle(), LVM_ENSUREVISIBLE, *row, FALSE);
-    return true;
-}
-
-bool CCommonListCtrl::claims(UINT key) const {
-    const Modifiers keys = modifiersDown();
-    return isListKey(key, keys.ctrl, keys.shift, offers());
-}
-
-bool CCommonListCtrl::onKeyDown(UINT key, bool) {
-    const Modifiers keys = modifiersDown();
-    if (navigate(key)) return true;
-    if (key == VK_APPS && keys.ctrl) {
-        NMHDR asked{};
-        onHeaderRightClick(asked);
-        return true;
-    }
-    if (key == VK_RETURN || key == VK_APPS) {
-        notifyParent(key == VK_RETURN ? NM_RETURN : NM_RCLICK, {}, m_store.focusedRow());
-        return true;
-    }
-    if (key == VK_SPACE) {
-        m_rules.space(keys);
-        storeChanged();
-        return true;
-    }
-    const KeyCommands found = keyCommands(key, keys.ctrl, keys.shift, offers());
-    for (const unsigned each : found.commands) command(each);
-    return found.consumed;
 }
 
 // ---- Messages ----
@@ -418,7 +294,12 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::on<LVM_GETITEMSTATE, &CCommonListCtrl::onGetItemState>(),
         fw::on<LVM_SETITEMSTATE, &CCommonListCtrl::onSetItemState>(),
         fw::on<LVM_GETNEXTITEM, &CCommonListCtrl::onGetNextItem>(),
+        fw::on<LVM_GETNEXTITEMINDEX, &CCommonListCtrl::onGetNextItemIndex>(),
         fw::on<LVM_GETSELECTEDCOUNT, &CCommonListCtrl::onGetSelectedCount>(),
+        fw::on<LVM_GETSELECTIONMARK, &CCommonListCtrl::onGetSelectionMark>(),
+        fw::on<LVM_SETSELECTIONMARK, &CCommonListCtrl::onSetSelectionMark>(),
+        fw::on<LVM_FINDITEMA, &CCommonListCtrl::onFindItem>(),
+        fw::on<LVM_FINDITEMW, &CCommonListCtrl::onFindItem>(),
         fw::on<kTellInvalid, &CCommonListCtrl::onTellInvalid>(),
     };
     static constexpr fw::MessageMap map{nullptr, entries};

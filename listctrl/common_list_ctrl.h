@@ -9,10 +9,18 @@
 // handles its next message, so that a burst of changes is one count and one paint, and whoever asks
 // the control in between gets the present rows. The parent must hand notifications and drawing
 // requests back (CWindow::reflectNotify, and WM_DRAWITEM to the list itself).
+//
+// What the checker selects (by mouse and keys, or a program by LVM_SETITEMSTATE) is told to the
+// parent with one LVN_ITEMCHANGED of item -1, however many rows it concerns: uChanged is
+// LVIF_STATE, uNewState LVIS_SELECTED when any row is selected now and uOldState when none is. What
+// rows that come, go, move or are filtered out change is not told. The parent may end the list
+// meanwhile.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -32,6 +40,7 @@
 #include "listctrl/model/list_commands.h"
 #include "listctrl/model/record_store.h"
 #include "listctrl/model/selection_rules.h"
+#include "listctrl/model/type_to_find.h"
 #include "settings/model/column_choice.h"
 
 // How a cell differs from the others of its row.
@@ -94,15 +103,15 @@ public:
     void setBackground(COLORREF color);
 
     // What stands in place of the rows when there is no record.
-    void setEmptyText(std::string text) { m_emptyText = std::move(text); }
+    void setEmptyText(std::string text);
 
     // Whether the dialog may change colours and keywords.
     void setCustomizable(bool customizable) { m_customizable = customizable; }
     // Asks for another appearance over the list, applies and stores it.
     void customizeAppearance();
 
-    // The width in pixels that a text takes in the list's font.
-    int textWidth(std::string_view text) const;
+    // The width in pixels that a text takes in the list's font, or in another.
+    int textWidth(std::string_view text, HFONT font = nullptr) const;
 
 protected:
     const fw::MessageMap& messageMap() const override { return baseMap(); }
@@ -139,8 +148,11 @@ protected:
     virtual CellLook cellLook(std::size_t, int) const { return {}; }
     virtual void drawOver(HDC, std::size_t, int, const RECT&) const {}
 
-    void onButtonDown(POINT client);
-    void onDoubleClick(POINT client);
+    // What a press, a double-click, and a key that leads to one row do. The parent is told and may
+    // end the list: false then.
+    bool press(POINT client);
+    bool pressTwice(POINT client);
+    bool goTo(std::size_t row);
     void notifyParent(UINT code, POINT at, std::optional<std::size_t> row);
 
     struct Cell {
@@ -154,6 +166,8 @@ protected:
     RECT cellPlace(std::size_t row, int item) const;
 
 private:
+    using CharWidths = std::array<INT, 256>;  // of each byte
+
     struct Sorting {
         ColumnId column;
         int direction;
@@ -173,21 +187,36 @@ private:
     void onAreaChanged();
     LRESULT onMeasureItem(MEASUREITEMSTRUCT& measure);
     void onSystemChanged() { showColors(); }
-    void onFocusChanged() { InvalidateRect(handle(), nullptr, FALSE); }
+    void onFocusChanged();
 
     // Input
     void onMouseMove(POINT client);
+    void onButtonDown(POINT client) { press(client); }
+    void onDoubleClick(POINT client) { pressTwice(client); }
     void onButtonUp(POINT client);
     void onRightDown(POINT client);
     void onRightUp(POINT client);
     bool onKeyDown(UINT key, bool repeated);
-    void onCharacter(UINT) {}
+    void onCharacter(UINT character);
 
     // What others ask the control about selection and focus is answered from the store.
     LRESULT onGetItemState(std::optional<std::size_t> row, UINT mask);
     LRESULT onSetItemState(std::optional<std::size_t> row, const LVITEMA& wanted);
-    LRESULT onGetNextItem(std::size_t first, UINT flags);
+    LRESULT onGetNextItem(std::optional<std::size_t> start, UINT flags);
+    LRESULT onGetNextItemIndex(LVITEMINDEX& index, UINT flags);
     LRESULT onGetSelectedCount();
+    LRESULT onGetSelectionMark();
+    LRESULT onSetSelectionMark(std::optional<std::size_t> row);
+    LRESULT onFindItem(std::optional<std::size_t> start, const std::string& text, UINT flags);
+
+    // Makes a change of the checker's, and tells the parent if it changed the selection. False when
+    // the list ended with that.
+    bool byHand(const std::function<void()>& change);
+    void tellSelection();
+    void tellParent(NMHDR& notice, UINT code) const;
+    void bringIntoView(std::size_t row) const;
+    // The column whose first letters are typed to find a row: the sorted, else the first one.
+    ColumnId findColumn() const { return m_sorting ? m_sorting->column : columnAt(0); }
 
     void bringUpToDate();
     void readProfile();
@@ -197,6 +226,8 @@ private:
     void onTellInvalid() { m_services.showMessage(kInvalidExpression); }
     std::optional<std::size_t> rowAt(POINT client) const;
     bool navigate(UINT key);
+    bool selectByKey(UINT key, Modifiers keys);
+    void sortAgain();
     void endSorting();
     void showSortImage(int item, int image);
     // Commands
@@ -212,7 +243,9 @@ private:
     void addUserColumn();
     void deleteUserColumn();
     void fitColumns(unsigned command);
-    int dataWidth(ColumnId column) const;
+    const CharWidths& charWidths(HFONT font) const;
+    int drawnWidth(std::size_t row, int item) const;
+    int dataWidth(int item) const;
     void copySelected();
     void exportAll();
     static void exportCell(void* list, int row, int column, const char*& text, int& type);
@@ -220,7 +253,6 @@ private:
     void drawCell(HDC dc, std::size_t row, int item, const RECT& place, bool ownLooks) const;
     void drawText(HDC dc, std::size_t row, int item, const RECT& place, const CellLook& look) const;
     bool cutOff(const Cell& cell) const;
-    void measureFont();
     void measureRows();
     void measureHeader();
 
@@ -241,6 +273,8 @@ private:
     ListServices& m_services;
     RecordStore& m_store;
     SelectionRules m_rules;
+    TypeToFind m_find;
+    bool m_keyTaken = false;  // the last key did something: its character is no letter to find
     ColumnModel m_columns;
     DataReader m_reader;
     std::string m_name;
@@ -257,9 +291,9 @@ private:
     CHeaderTips m_tips;
     CCellTip m_cellTip;
     std::optional<Cell> m_hovered;
-    std::string m_exported;         // the cell handed to the export last
-    std::vector<int> m_charWidths;  // of each byte in the list's font
-    std::vector<RECT> m_cells;      // of the header's items, as last measured
+    std::string m_exported;                            // the cell handed to the export last
+    mutable std::map<HFONT, CharWidths> m_charWidths;  // by font; null is the list's
+    std::vector<RECT> m_cells;                         // of the header's items, as last measured
     bool m_exportEnabled = true;
     bool m_stale = false;     // the control's rows differ from the store's
     bool m_updating = false;  // it is being brought up to date

@@ -72,8 +72,7 @@ LRESULT CCommonListCtrl::onMenuCommand(UINT command, UINT code) {
 }
 
 void CCommonListCtrl::selectAll() {
-    m_rules.selectAll();
-    storeChanged();
+    byHand([this] { m_rules.selectAll(); });
 }
 
 void CCommonListCtrl::fitColumns(unsigned command) {
@@ -83,7 +82,7 @@ void CCommonListCtrl::fitColumns(unsigned command) {
     const bool measured = command != kFitToWindowCommand;
     for (int item = 0; item < count; ++item) {
         const ColumnId column = columnAt(item);
-        const int data = measured ? dataWidth(column) : 0;
+        const int data = measured ? dataWidth(item) : 0;
         const int caption = textWidth(m_columns.descriptor(column).caption) + scaled(24);
         const int width = fittedWidth(command, data, std::max(data, caption), client, count);
         m_columns.setWidth(column, width);

@@ -60,7 +60,7 @@ void CCommonListCtrl::showAppearance() {
         SendMessageA(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), FALSE);
         m_font = std::move(font);
     }
-    measureFont();
+    m_charWidths.clear();
     measureRows();
     measureHeader();
     fontChanged();

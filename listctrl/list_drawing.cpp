@@ -14,27 +14,29 @@ constexpr std::size_t kLongestDrawn = 4096;
 
 }  // namespace
 
-void CCommonListCtrl::measureFont() {
-    const HDC dc = GetDC(handle());
-    std::array<INT, 256> widths{};
-    {
-        const auto font = reinterpret_cast<HFONT>(SendMessageA(handle(), WM_GETFONT, 0, 0));
-        const fw::SelectScope select(dc, font);
-        GetCharWidth32A(dc, 0, 255, widths.data());
-    }
-    ReleaseDC(handle(), dc);
-    m_charWidths.assign(widths.begin(), widths.end());
-}
-
 void CCommonListCtrl::measureHeader() {
     m_cells.assign(m_columns.shown().size(), RECT{});
     for (std::size_t item = 0; item < m_cells.size(); ++item)
         SendMessageA(header(), HDM_GETITEMRECT, item, reinterpret_cast<LPARAM>(&m_cells[item]));
 }
 
-int CCommonListCtrl::textWidth(std::string_view text) const {
-    return std::accumulate(text.begin(), text.end(), 0, [this](int width, char c) {
-        return width + m_charWidths[static_cast<unsigned char>(c)];
+const CCommonListCtrl::CharWidths& CCommonListCtrl::charWidths(HFONT font) const {
+    const auto [at, fresh] = m_charWidths.try_emplace(font);
+    if (!fresh) return at->second;
+    if (font == nullptr) font = reinterpret_cast<HFONT>(SendMessageA(handle(), WM_GETFONT, 0, 0));
+    const HDC dc = GetDC(handle());
+    {
+        const fw::SelectScope select(dc, font);
+        GetCharWidth32A(dc, 0, 255, at->second.data());
+    }
+    ReleaseDC(handle(), dc);
+    return at->second;
+}
+
+int CCommonListCtrl::textWidth(std::string_view text, HFONT font) const {
+    const CharWidths& widths = charWidths(font);
+    return std::accumulate(text.begin(), text.end(), 0, [&](int width, char c) {
+        return width + widths[static_cast<unsigned char>(c)];
     });
 }
 
@@ -83,8 +85,7 @@ RowColors CCommonListCtrl::rowColorsOf(std::size_t row) const {
 LRESULT CCommonListCtrl::onDrawItem(const DRAWITEMSTRUCT& draw) {
     const auto row = static_cast<std::size_t>(draw.itemID);
     const bool focused = GetFocus() == handle();
-    const bool autoSelected = m_store.autoSelected(row);
-    const bool selected = m_store.selected(row) && !autoSelected;
+    const bool selected = m_store.selected(row);
     const RowColors colors = selected ? selectionColors(focused) : rowColorsOf(row);
 
     RECT line = draw.rcItem;
@@ -102,9 +103,7 @@ LRESULT CCommonListCtrl::onDrawItem(const DRAWITEMSTRUCT& draw) {
                          line.bottom};
         drawCell(draw.hDC, row, static_cast<int>(item), place, ownLooks);
     }
-    // The row that the list selected by itself is framed, not filled, until the checker touches it.
-    const bool framed = autoSelected || (focused && m_store.focusedRow() == row);
-    if (framed) DrawFocusRect(draw.hDC, &line);
+    if (focused && m_store.focusedRow() == row) DrawFocusRect(draw.hDC, &line);
     return TRUE;
 }
 
@@ -158,16 +157,16 @@ void CCommonListCtrl::drawText(HDC dc, std::size_t row, int item, const RECT& pl
     // The platform aligns the first column of a list, and its caption, to the left.
     const int flag = item == 0 ? 0 : m_columns.descriptor(column).flag & LVCFMT_JUSTIFYMASK;
     const int room = static_cast<int>(cell.right - cell.left);
-    const int spare = room - textWidth(text);
+    const int spare = room - textWidth(text, look.font);
     const auto size = static_cast<int>(std::min(text.size(), kLongestDrawn));
-    if (spare >= 0 && look.font == nullptr) {  // fits, which is quick to draw
+    std::optional<fw::SelectScope> font;
+    if (look.font != nullptr) font.emplace(dc, look.font);
+    if (spare >= 0) {  // fits, which is quick to draw
         const int x = static_cast<int>(cell.left) + (flag == 1 ? spare : flag == 2 ? spare / 2 : 0);
         ExtTextOutA(dc, x, cell.top, 0, nullptr, text.data(), static_cast<UINT>(size), nullptr);
         return;
     }
     static constexpr UINT alignments[] = {DT_LEFT, DT_RIGHT, DT_CENTER};
-    const fw::SelectScope font(dc,
-                               look.font != nullptr ? look.font : GetCurrentObject(dc, OBJ_FONT));
     DrawTextA(dc, text.data(), size, &cell,
               DT_SINGLELINE | DT_END_ELLIPSIS | DT_NOPREFIX | alignments[flag % 3]);
 }
@@ -196,10 +195,7 @@ bool CCommonListCtrl::cutOff(const Cell& cell) const {
     const RECT place = cellPlace(cell.row, cell.item);
     const int room = static_cast<int>(place.right - place.left) - 2 * scaled(6);
     const bool outside = place.right > clientRect().right || place.left < 0;
-    const CellLook look = cellLook(cell.row, cell.item);
-    const int width = textWidth(cellText(cell.row, columnAt(cell.item)));
-    // A bold text is wider than measured, by an eighth at most.
-    return outside || width + (look.font != nullptr ? width / 8 : 0) + look.indent > room;
+    return outside || drawnWidth(cell.row, cell.item) > room;
 }
 
 void CCommonListCtrl::onMouseMove(POINT client) {
@@ -212,9 +208,15 @@ void CCommonListCtrl::onMouseMove(POINT client) {
                        cellText(cell->row, columnAt(cell->item)));
 }
 
-int CCommonListCtrl::dataWidth(ColumnId column) const {
+// What a cell needs between the margins at its sides.
+int CCommonListCtrl::drawnWidth(std::size_t row, int item) const {
+    const CellLook look = cellLook(row, item);
+    return look.indent + textWidth(cellText(row, columnAt(item)), look.font);
+}
+
+int CCommonListCtrl::dataWidth(int item) const {
     int widest = 0;
     for (std::size_t row = 0; row < m_store.rowCount(); ++row)
-        widest = std::max(widest, textWidth(cellText(row, column)));
+        widest = std::max(widest, drawnWidth(row, item));
     return widest + 2 * scaled(6);
 }

@@ -27,6 +27,10 @@ struct EndOfEdit {
 inline constexpr UINT kEndOfEdit = 33789;
 inline constexpr UINT kEndOfChoice = 33788;
 
+// Sent by a CMultiLineEditListCtrl to its edit owner when an editor has closed, whatever became of
+// its text. wParam, lParam and result are not used.
+inline constexpr UINT kEditorClosed = WM_APP + 0x1C53;
+
 // Posted by a CMultiLineEditListCtrl to itself when Tab or Shift+Tab ended an edit: the next row's
 // editor is opened once that is over. wParam: the EditEnd. lParam and result are not used.
 inline constexpr UINT kNextEditor = WM_APP + 0x1C51;
@@ -60,6 +64,16 @@ inline std::optional<std::size_t> rowParameter(WPARAM w) {
     return row >= 0 ? std::optional(static_cast<std::size_t>(row)) : std::nullopt;
 }
 
+// In the single bytes that cells are made of.
+inline std::string narrow(const wchar_t* text) {
+    const int size = WideCharToMultiByte(CP_ACP, 0, text, -1, nullptr, 0, nullptr, nullptr);
+    if (size <= 0) return {};
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    WideCharToMultiByte(CP_ACP, 0, text, -1, bytes.data(), size, nullptr, nullptr);
+    bytes.pop_back();
+    return bytes;
+}
+
 template <>
 struct Crack<LVM_GETITEMSTATE> {  // (row, UINT mask)
     template <class Handler>
@@ -75,11 +89,42 @@ struct Crack<LVM_SETITEMSTATE> {  // (row, const LVITEMA&)
     }
 };
 template <>
-struct Crack<LVM_GETNEXTITEM> {  // (first row to look at, UINT flags)
+struct Crack<LVM_GETNEXTITEM> {  // (row to start from, UINT flags)
     template <class Handler>
     static decltype(auto) with(Handler handler, WPARAM w, LPARAM l) {
-        const auto after = rowParameter(w);
-        return handler(after ? *after + 1 : std::size_t{0}, static_cast<UINT>(LOWORD(l)));
+        return handler(rowParameter(w), static_cast<UINT>(LOWORD(l)));
+    }
+};
+template <>
+struct Crack<LVM_GETNEXTITEMINDEX> {  // (LVITEMINDEX& start in, row found out; UINT flags)
+    template <class Handler>
+    static decltype(auto) with(Handler handler, WPARAM w, LPARAM l) {
+        return handler(*reinterpret_cast<LVITEMINDEX*>(w), static_cast<UINT>(LOWORD(l)));
+    }
+};
+template <>
+struct Crack<LVM_SETSELECTIONMARK> {  // (row)
+    template <class Handler>
+    static decltype(auto) with(Handler handler, WPARAM, LPARAM l) {
+        return handler(rowParameter(static_cast<WPARAM>(l)));
+    }
+};
+template <>
+struct Crack<LVM_FINDITEMA> {  // (row to start from, const std::string& text, UINT flags)
+    template <class Handler>
+    static decltype(auto) with(Handler handler, WPARAM w, LPARAM l) {
+        const auto& asked = *reinterpret_cast<const LVFINDINFOA*>(l);
+        return handler(rowParameter(w), std::string(asked.psz != nullptr ? asked.psz : ""),
+                       asked.flags);
+    }
+};
+template <>
+struct Crack<LVM_FINDITEMW> {  // the same
+    template <class Handler>
+    static decltype(auto) with(Handler handler, WPARAM w, LPARAM l) {
+        const auto& asked = *reinterpret_cast<const LVFINDINFOW*>(l);
+        return handler(rowParameter(w), narrow(asked.psz != nullptr ? asked.psz : L""),
+                       asked.flags);
     }
 };
 

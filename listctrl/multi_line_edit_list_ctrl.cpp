@@ -45,7 +45,7 @@ bool CMultiLineEditListCtrl::onEditKey(UINT key, bool) {
 }
 
 void CMultiLineEditListCtrl::onEditDoubleClick(POINT client) {
-    onDoubleClick(client);
+    if (!pressTwice(client)) return;
     const auto cell = cellAt(client);
     if (!cell || columnAt(cell->item) != kValueColumn) return;
     openEditor(cell->row);
@@ -99,6 +99,7 @@ void CMultiLineEditListCtrl::editEnding(EditEnd end, const std::string& text) {
     if (end != EditEnd::cancel && m_edited != nullptr && text != m_edited->row->value)
         tellOwner(text);
     closeEditor();
+    SendMessageA(m_editOwner, kEditorClosed, 0, 0);
     if (end == EditEnd::next || end == EditEnd::previous)
         PostMessageA(handle(), kNextEditor, static_cast<WPARAM>(end), 0);
 }
@@ -116,12 +117,14 @@ void CMultiLineEditListCtrl::cellsMove() {
     if (m_editor != nullptr && !m_editor->leave(false)) PostMessageA(handle(), kFollowCell, 0, 0);
 }
 
+// The text of an editor whose line went is told of, so that it does not vanish unseen.
 void CMultiLineEditListCtrl::onFollowCell() {
-    if (m_editor == nullptr) return;
-    if (const auto row = lines().rowOf(*m_edited)) return m_editor->moveTo(editPlace(*row));
-    const auto message = m_editor->refused();
-    closeEditor();
-    if (message) editRefused(*message);
+    if (m_editor != nullptr) {
+        if (const auto row = lines().rowOf(*m_edited)) return m_editor->moveTo(editPlace(*row));
+        m_lostText = m_editor->refused();
+        closeEditor();
+    }
+    if (const auto lost = std::exchange(m_lostText, std::nullopt)) editRefused(*lost);
 }
 
 void CMultiLineEditListCtrl::tellOwner(const std::string& typed) {
@@ -140,13 +143,24 @@ void CMultiLineEditListCtrl::closeEditor() {
     if (closed != nullptr && closed->owns(GetFocus())) SetFocus(handle());
 }
 
+void CMultiLineEditListCtrl::replace(std::vector<DetailGroup> groups) {
+    if (m_editor != nullptr && !m_editor->leave(false)) m_lostText = m_editor->refused();
+    if (m_lostText) PostMessageA(handle(), kFollowCell, 0, 0);
+    closeEditor();
+    CMultiLineListCtrl::replace(std::move(groups));
+}
+
 void CMultiLineEditListCtrl::empty() {
     closeEditor();
     CMultiLineListCtrl::empty();
 }
 
 void CMultiLineEditListCtrl::editsSent() {
-    if (lines().clearEdited()) storeChanged();
+    if (lines().editsSent()) storeChanged();
+}
+
+void CMultiLineEditListCtrl::editsDropped() {
+    if (lines().editsDropped()) storeChanged();
 }
 
 bool CMultiLineEditListCtrl::editorKey(UINT key, bool repeated) {
@@ -165,28 +179,35 @@ CellLook CMultiLineEditListCtrl::cellLook(std::size_t row, int item) const {
     if (line != nullptr && line->row->edited && columnAt(item) == kValueColumn) {
         look.text = kEditedColor;
         look.font = boldFont();
+        if (dimmed()) dim(look);
     }
     return look;
 }
 
-// A value that can be edited stands in a frame, a choice with an arrow at its end; an edit that has
-// not been sent has a corner folded down.
+void CMultiLineEditListCtrl::drawFrame(HDC dc, RowAttribute attribute, const RECT& frame) const {
+    SetDCBrushColor(dc, mixed(GetTextColor(dc), GetBkColor(dc), 90));
+    FrameRect(dc, &frame, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+    if (attribute != RowAttribute::choice) return;
+    const int size = scaled(4);
+    const POINT at{frame.right - scaled(9), (frame.top + frame.bottom) / 2};
+    fillTriangle(dc, {{{at.x - size, at.y - size / 2},
+                       {at.x + size, at.y - size / 2},
+                       {at.x, at.y + size / 2}}});
+}
+
+// A value that can be edited has a frame, a choice an arrow at its end. An edit that has not been
+// sent has its upper left corner folded down, and the right one too when it was typed over an older
+// value.
 void CMultiLineEditListCtrl::drawOver(HDC dc, std::size_t row, int item, const RECT& place) const {
     CMultiLineListCtrl::drawOver(dc, row, item, place);
     const LineGroups::Line* line = lines().lineAt(row);
-    if (columnAt(item) != kValueColumn || !editable(line)) return;
+    if (line == nullptr || columnAt(item) != kValueColumn) return;
     const RECT frame{place.left + scaled(2), place.top, place.right - scaled(2), place.bottom};
-    SetDCBrushColor(dc, mixed(GetTextColor(dc), GetBkColor(dc), 90));
-    FrameRect(dc, &frame, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-    const int size = scaled(4);
-    if (line->row->attribute == RowAttribute::choice) {
-        const POINT at{frame.right - scaled(9), (place.top + place.bottom) / 2};
-        fillTriangle(dc, {{{at.x - size, at.y - size / 2},
-                           {at.x + size, at.y - size / 2},
-                           {at.x, at.y + size / 2}}});
-    }
-    if (line->row->edited)
-        fillTriangle(dc, {{{frame.left, frame.top},
-                           {frame.left + 2 * size, frame.top},
-                           {frame.left, frame.top + 2 * size}}});
+    if (editable(line)) drawFrame(dc, line->row->attribute, frame);
+    if (line->row->edited) drawEditMark(dc, frame);
+    const LONG size = scaled(8);
+    if (line->row->overOlder)
+        fillTriangle(dc, {{{frame.right, frame.top},
+                           {frame.right - size, frame.top},
+                           {frame.right, frame.top + size}}});
 }

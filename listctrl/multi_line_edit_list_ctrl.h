@@ -29,6 +29,9 @@ public:
     // The entries of choice cells.
     void setChoices(std::vector<std::string> choices) { m_choices = std::move(choices); }
 
+    // Ends an edit as if the focus went elsewhere, then shows the groups.
+    void replace(std::vector<DetailGroup> groups) override;
+
     // Ends an edit without taking its text, and removes and frees every group.
     void empty() override;
 
@@ -38,6 +41,9 @@ public:
 
     // The edited values have been sent: their marks go.
     void editsSent();
+
+    // The edited values are dropped: what was received shows again.
+    void editsDropped();
 
     // Enter, Esc or Tab while an editor has the focus. False: the key is the control's.
     bool editorKey(UINT key, bool repeated);
@@ -72,10 +78,12 @@ private:
     std::unique_ptr<CCellEditor> makeEditor(RowAttribute attribute);
     void tellOwner(const std::string& typed);
     RECT editPlace(std::size_t row) const;
+    void drawFrame(HDC dc, RowAttribute attribute, const RECT& frame) const;
 
     HWND m_editOwner = nullptr;
     std::string m_allowed;
     std::vector<std::string> m_choices;
     std::unique_ptr<CCellEditor> m_editor;
-    LineGroups::Line* m_edited = nullptr;  // the line that the editor stands on
+    LineGroups::Line* m_edited = nullptr;   // the line that the editor stands on
+    std::optional<std::string> m_lostText;  // why a text whose line went was refused
 };

@@ -8,6 +8,25 @@ constexpr int kIndent = 16;                             // of a row below its he
 constexpr int kMarkRoom = 14;                           // of the fold mark in front of a heading
 constexpr COLORREF kChangedColor = RGB(255, 222, 120);  // behind a value that changed
 
+// In front of a row: what the change does to its field.
+constexpr struct {
+    FieldChange change;
+    const char* mark;
+} kChangeMarks[] = {{FieldChange::changed, "*"},
+                    {FieldChange::added, "+"},
+                    {FieldChange::removed, "\x96"},
+                    {FieldChange::reset, "!"}};
+
+const char* markOf(FieldChange change) {
+    for (const auto& each : kChangeMarks)
+        if (each.change == change) return each.mark;
+    return "";
+}
+
+bool standsOut(const sMCListStruct& row) {
+    return row.change == FieldChange::changed || row.change == FieldChange::reset;
+}
+
 }  // namespace
 
 const fw::MessageMap& CMultiLineListCtrl::baseMap() {
@@ -25,6 +44,15 @@ void CMultiLineListCtrl::append(std::vector<DetailGroup> groups) {
     storeChanged();
 }
 
+void CMultiLineListCtrl::replace(std::vector<DetailGroup> groups) {
+    m_lines.replace(std::move(groups));
+    storeChanged();
+}
+
+void CMultiLineListCtrl::setDimmed(bool dimmed) {
+    if (std::exchange(m_dimmed, dimmed) != dimmed) InvalidateRect(handle(), nullptr, TRUE);
+}
+
 void CMultiLineListCtrl::empty() {
     m_lines.clear();
     storeChanged();
@@ -40,7 +68,7 @@ void CMultiLineListCtrl::setFolded(const LineGroups::Line& line, bool folded) {
 
 // With Ctrl or Shift a click selects and folds nothing; nor does the second of a double-click.
 void CMultiLineListCtrl::onLinePressed(POINT client) {
-    onButtonDown(client);
+    if (!press(client)) return;
     if (GetKeyState(VK_CONTROL) < 0 || GetKeyState(VK_SHIFT) < 0) return;
     const auto cell = cellAt(client);
     const LineGroups::Line* line = cell ? m_lines.lineAt(cell->row) : nullptr;
@@ -56,11 +84,7 @@ bool CMultiLineListCtrl::onFoldKey(UINT key, bool) {
     if (line->isHeading()) {
         setFolded(*line, key == VK_LEFT);
     } else if (const auto heading = key == VK_LEFT ? m_lines.headingRow(*line) : std::nullopt) {
-        store().clearSelection();
-        store().select(*heading, true);
-        store().setFocus(*heading);
-        storeChanged();
-        SendMessageA(handle(), LVM_ENSUREVISIBLE, *heading, FALSE);
+        goTo(*heading);
     }
     return true;
 }
@@ -82,6 +106,11 @@ void CMultiLineListCtrl::fontChanged() {
     CFilterListCtrl::fontChanged();
 }
 
+void CMultiLineListCtrl::dim(CellLook& look) const {
+    look.background.reset();
+    look.text = GetSysColor(COLOR_GRAYTEXT);
+}
+
 CellLook CMultiLineListCtrl::cellLook(std::size_t row, int item) const {
     const LineGroups::Line* line = m_lines.lineAt(row);
     if (line == nullptr) return {};
@@ -94,27 +123,46 @@ CellLook CMultiLineListCtrl::cellLook(std::size_t row, int item) const {
         look.indent = item == 0 ? scaled(kMarkRoom) : 0;
     } else if (first) {
         look.indent = scaled(kIndent);
-    } else if (line->changed && columnAt(item) == kValueColumn) {
+    } else if (standsOut(*line->row) && columnAt(item) == kValueColumn) {
         look.font = boldFont();
         look.background = mixed(kChangedColor, GetSysColor(COLOR_WINDOW), 150);
         look.text = GetSysColor(COLOR_WINDOWTEXT);  // whatever the list's own colours are
     }
+    if (m_dimmed) dim(look);
     return look;
 }
 
 // The fold mark in front of a heading: it points down when the group is open.
-void CMultiLineListCtrl::drawOver(HDC dc, std::size_t row, int item, const RECT& place) const {
-    const LineGroups::Line* line = m_lines.lineAt(row);
-    if (item != 0 || line == nullptr || !line->isHeading() || line->item->group.rows.empty())
-        return;
+void CMultiLineListCtrl::drawFoldMark(HDC dc, const LineGroups::Line& heading,
+                                      const RECT& place) const {
     const int size = scaled(4);
     const POINT at{place.left + scaled(10), (place.top + place.bottom) / 2};
-    fillTriangle(dc, m_lines.folded(*line) ? std::array<POINT, 3>{{{at.x - size / 2, at.y - size},
-                                                                   {at.x - size / 2, at.y + size},
-                                                                   {at.x + size / 2, at.y}}}
-                                           : std::array<POINT, 3>{{{at.x - size, at.y - size / 2},
-                                                                   {at.x + size, at.y - size / 2},
-                                                                   {at.x, at.y + size / 2}}});
+    fillTriangle(dc, m_lines.folded(heading) ? std::array<POINT, 3>{{{at.x - size / 2, at.y - size},
+                                                                     {at.x - size / 2, at.y + size},
+                                                                     {at.x + size / 2, at.y}}}
+                                             : std::array<POINT, 3>{{{at.x - size, at.y - size / 2},
+                                                                     {at.x + size, at.y - size / 2},
+                                                                     {at.x, at.y + size / 2}}});
+}
+
+void CMultiLineListCtrl::drawEditMark(HDC dc, const RECT& frame) const {
+    const LONG size = scaled(8);
+    fillTriangle(dc, {{{frame.left, frame.top},
+                       {frame.left + size, frame.top},
+                       {frame.left, frame.top + size}}});
+}
+
+void CMultiLineListCtrl::drawOver(HDC dc, std::size_t row, int item, const RECT& place) const {
+    const LineGroups::Line* line = m_lines.lineAt(row);
+    if (item != 0 || line == nullptr) return;
+    if (line->isHeading()) {
+        if (!line->item->group.rows.empty()) drawFoldMark(dc, *line, place);
+        if (m_lines.folded(*line) && m_lines.holdsEdits(*line)) drawEditMark(dc, place);
+        return;
+    }
+    RECT mark{place.left, place.top, place.left + scaled(kIndent), place.bottom};
+    DrawTextA(dc, markOf(line->row->change), -1, &mark,
+              DT_SINGLELINE | DT_VCENTER | DT_CENTER | DT_NOPREFIX);
 }
 
 void CMultiLineListCtrl::fillTriangle(HDC dc, const std::array<POINT, 3>& corners) {

@@ -74,6 +74,10 @@ void CHostServices::reportToUser(std::string_view text, int level) {
     if (m_tabbedLog != nullptr) m_tabbedLog(sdk::makeHostString(line));
 }
 
+bool CHostServices::confirm(const std::string& question) {
+    return fw::askYesNo(question);
+}
+
 void CHostServices::showMessage(const std::string& text) {
     fw::showMessageBox(text);
 }

@@ -31,6 +31,7 @@ public:
 
     void reportToUser(std::string_view text, int level) override;
     void showMessage(const std::string& text) override;
+    bool confirm(const std::string& question) override;
     void beep() override { m_tone.request(); }
 
 private:

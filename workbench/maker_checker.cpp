@@ -1,6 +1,7 @@
 #include "workbench/maker_checker.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "listctrl/list_colors.h"
 #include "res/resource_ids.h"
@@ -15,6 +16,8 @@ constexpr DWORD kPaneStyle = 0x46402834;  // docks at the top first
 constexpr char kAllowedInValues[] =
     "0123456789.-qwertyuiopasdfghjklzxcvbnmQWERTYUIOPASDFGHJKLZXCVBNM"
     "!@#$%^&*()_`,./;':}{|~ ";
+
+constexpr std::size_t kDetailsView = 1;  // among those that the holder frame holds
 
 constexpr char kMainListName[] = "Maker checker List";
 constexpr char kMainTitle[] = "Maker-Checker";
@@ -37,6 +40,11 @@ COLORREF detailsBackground() {
     const COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
     const bool light = GetRValue(text) + GetGValue(text) + GetBValue(text) > 3 * 128;
     return light || highContrast() ? GetSysColor(COLOR_WINDOW) : RGB(255, 255, 255);
+}
+
+void showRow(Workbench& workbench, std::size_t row) {
+    void* const record = workbench.changes().rows().recordAt(row);
+    if (record != nullptr) workbench.showDetails(*static_cast<PendingChanges::Entry*>(record));
 }
 
 }  // namespace
@@ -66,12 +74,15 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
         fw::onCommand<IDC_UPDATE, &CMakerChecker::onUpdate, BN_CLICKED>(),
         fw::onCommand<IDC_RECOVER, &CMakerChecker::onRecover, BN_CLICKED>(),
         fw::onCommand<IDC_CANCEL, &CMakerChecker::onCancel>(),
-        fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(NM_DBLCLK), &CMakerChecker::onShowDetails>(),
-        fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(NM_RETURN), &CMakerChecker::onShowDetails>(),
+        fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(NM_DBLCLK), &CMakerChecker::onShowSelected>(),
+        fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(NM_RETURN), &CMakerChecker::onShowFocused>(),
+        fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(LVN_ITEMCHANGED),
+                     &CMakerChecker::onSelectionMade>(),
         fw::onNotify<IDC_MAIN_LIST, HDN_FILTERCHANGE, &CMakerChecker::onMainFilterChanged>(),
         fw::onNotify<IDC_DETAILS_LIST, HDN_FILTERCHANGE, &CMakerChecker::onDetailsFilterChanged>(),
         fw::on<kEndOfEdit, &CMakerChecker::onEndOfEdit>(),
         fw::on<kEndOfChoice, &CMakerChecker::onEndOfChoice>(),
+        fw::on<kEditorClosed, &CMakerChecker::onEditorClosed>(),
     };
     static const fw::MessageMap map{&CPaneDialog::baseMap(), entries};
     return map;
@@ -85,7 +96,6 @@ LRESULT CMakerChecker::onInitDialog() {
     mainList->create(m_holder.handle(), IDC_MAIN_LIST, kMainListName, kMainTitle);
     detailsList->create(m_holder.handle(), IDC_DETAILS_LIST, kDetailsListName, kDetailsTitle);
     mainList->setEmptyText("No pending changes");
-    detailsList->setEmptyText("Double-click a change to see its details");
     m_holder.setViews({held(*mainList, kMainTitle, kMainListName),
                        held(*detailsList, kDetailsTitle, kDetailsListName)});
     mainList->setColumns(
@@ -170,12 +180,27 @@ void CMakerChecker::emptyDetails() {
     if (detailsList != nullptr) detailsList->empty();
 }
 
-void CMakerChecker::showDetails(std::vector<DetailGroup> groups) {
-    if (detailsList != nullptr) detailsList->append(std::move(groups));
+// Filters belong to the details they were typed for.
+void CMakerChecker::showDetails(std::vector<DetailGroup> groups, bool anotherChange) {
+    if (detailsList == nullptr) return;
+    if (anotherChange) detailsList->resetFilters();
+    detailsList->replace(std::move(groups));
 }
 
 void CMakerChecker::editsSent() {
     if (detailsList != nullptr) detailsList->editsSent();
+}
+
+void CMakerChecker::editsDropped() {
+    if (detailsList != nullptr) detailsList->editsDropped();
+}
+
+void CMakerChecker::captionDetails(const DetailsCaption& caption) {
+    if (detailsList == nullptr) return;
+    detailsList->setEmptyText(caption.emptyText);
+    detailsList->setDimmed(caption.dimmed);
+    m_holder.setTitle(kDetailsView, caption.title);
+    SetWindowTextA(detailsList->handle(), caption.title.c_str());  // what screen readers call it
 }
 
 // ---- Editing ----
@@ -194,7 +219,8 @@ void CMakerChecker::onEndOfChoice(const EndOfEdit& edit) {
 // as it was; a row without a field shows what was typed.
 void CMakerChecker::takeEdit(const EndOfEdit& edit, const std::optional<std::string>& stored) {
     if (edit.column != "Value" || (!stored && edit.row.mnemonic != 0)) return;
-    edit.row.value = stored.value_or(edit.typed);
+    const std::string before = std::exchange(edit.row.value, stored.value_or(edit.typed));
+    if (!edit.row.edited) edit.row.received = before;
     edit.row.edited = stored.has_value();
 }
 
@@ -240,6 +266,9 @@ void CMakerChecker::onDialogKey(UINT key, bool repeated) {
     if (editing ? detailsList->editorKey(key, repeated) : repeated && m_heldInEditor) return;
     if (!repeated && (mainList->dialogKey(focus, key) || detailsList->dialogKey(focus, key)))
         return;
+    if (key == VK_ESCAPE && !repeated &&
+        (focus == mainList->handle() || focus == detailsList->handle()))
+        return decide([](Workbench& workbench) { workbench.dropEdits(); });
     CPaneDialog::onDialogKey(key, repeated);
 }
 
@@ -271,8 +300,7 @@ void CMakerChecker::onAccept() {
 
 void CMakerChecker::onReject() {
     decide([](Workbench& workbench) {
-        const std::string reason = askRejectionReason();
-        workbench.reject(workbench.changes().selectedRecords(), reason);
+        workbench.reject(workbench.changes().selectedRecords(), askRejectionReason);
     });
 }
 
@@ -284,15 +312,37 @@ void CMakerChecker::onRecover() {
     decide([](Workbench& workbench) { workbench.recover(); });
 }
 
-// To look at a row is to touch it: from here on it can be decided.
-void CMakerChecker::onShowDetails(NMHDR&) {
-    decide([this](Workbench& workbench) {
-        RecordStore& rows = workbench.changes().rows();
-        const auto selected = rows.selectedRows();
-        if (selected.empty()) return;
-        rows.select(selected.front(), true);
-        mainList->storeChanged();
-        workbench.showDetails(
-            *static_cast<PendingChanges::Entry*>(rows.recordAt(selected.front())));
+void CMakerChecker::onMainFilterChanged(NMHDR&) {
+    mainList->applyFilter();
+    if (m_workbench != nullptr) m_workbench->selectionMoved();
+}
+
+// While a text in the details is refused, they stay until its editor closes.
+void CMakerChecker::onSelectionMade(NMHDR&) {
+    if (m_workbench == nullptr) return;
+    m_selectionWaits = !detailsList->leaveEditor();
+    if (m_selectionWaits)
+        m_workbench->selectionMoved();
+    else
+        m_workbench->selectionMade();
+}
+
+void CMakerChecker::onEditorClosed() {
+    if (std::exchange(m_selectionWaits, false) && m_workbench != nullptr)
+        m_workbench->selectionMade();
+}
+
+// A double-click: of the first selected row.
+void CMakerChecker::onShowSelected(NMHDR&) {
+    decide([](Workbench& workbench) {
+        const auto& selected = workbench.changes().rows().selectedRows();
+        if (!selected.empty()) showRow(workbench, selected.front());
+    });
+}
+
+// Enter: of the focused row, selected or not.
+void CMakerChecker::onShowFocused(NMHDR&) {
+    decide([](Workbench& workbench) {
+        if (const auto row = workbench.changes().rows().focusedRow()) showRow(workbench, *row);
     });
 }

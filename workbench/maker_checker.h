@@ -53,18 +53,23 @@ private:
     void onUpdate();
     void onRecover();
     void onCancel() {}
-    void onShowDetails(NMHDR& header);
+    void onShowSelected(NMHDR& header);
+    void onShowFocused(NMHDR& header);
+    void onSelectionMade(NMHDR& header);
 
-    void onMainFilterChanged(NMHDR&) { mainList->applyFilter(); }
+    void onMainFilterChanged(NMHDR&);
     void onDetailsFilterChanged(NMHDR&) { detailsList->applyFilter(); }
+    void onEditorClosed();
     void onEndOfEdit(const EndOfEdit& edit);
     void onEndOfChoice(const EndOfEdit& edit);
     void takeEdit(const EndOfEdit& edit, const std::optional<std::string>& stored);
 
     void rowsChanged() override;
     void emptyDetails() override;
-    void showDetails(std::vector<DetailGroup> groups) override;
+    void showDetails(std::vector<DetailGroup> groups, bool anotherChange) override;
     void editsSent() override;
+    void editsDropped() override;
+    void captionDetails(const DetailsCaption& caption) override;
 
     template <class Decision>
     void decide(Decision decision);
@@ -81,6 +86,7 @@ private:
     std::unique_ptr<Workbench> m_workbench;
     std::unique_ptr<CFilterListCtrl> mainList;  // on the rows of the workbench
     std::unique_ptr<CMultiLineEditListCtrl> detailsList;
-    bool m_heldInEditor = false;  // the last key was pressed in an editor of the details
-    bool m_deciding = false;      // a button's work is under way, perhaps behind a message box
+    bool m_selectionWaits = false;  // for the end of an edit, with what it does to the details
+    bool m_heldInEditor = false;    // the last key was pressed in an editor of the details
+    bool m_deciding = false;        // a button's work is under way, perhaps behind a message box
 };

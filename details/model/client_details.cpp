@@ -2,6 +2,7 @@
 #include "details/model/captions.h"
 #include "details/model/details_builders.h"
 #include "details/model/exchanges.h"
+#include "details/model/field_change.h"
 #include "link/model/mnemonics.h"
 
 namespace {
@@ -154,16 +155,16 @@ void appendContext(DetailGroup& group, const FieldReader& answer) {
     if (!answer.count(MNM_CLIENT_CONTEXT)) return;
     if (const auto sent = answer.text(MNM_CLIENT_CONTEXT)) {
         const ClientContext now = decodeContext(*sent);
-        group.rows.push_back(makeRow(kContextCaption, now.context));
-        group.rows.push_back(makeRow(kSquareOffCaption, now.squareOff));
+        group.rows.push_back(newValueRow(kContextCaption, now.context));
+        group.rows.push_back(newValueRow(kSquareOffCaption, now.squareOff));
     } else {
         group.rows.push_back(makeRow(kSquareOffCaption, kNotAvailable));
     }
     // The old context comes in the field of the client status, as that one's old value.
     if (const auto sent = answer.text(MNM_CLIENT_STATUS, 1)) {
         const ClientContext before = decodeContext(*sent);
-        group.rows.push_back(makeRow(kContextCaption, {}, before.context));
-        group.rows.push_back(makeRow(kSquareOffCaption, {}, before.squareOff));
+        group.rows.push_back(oldValueRow(kContextCaption, before.context));
+        group.rows.push_back(oldValueRow(kSquareOffCaption, before.squareOff));
     }
 }
 
@@ -217,10 +218,14 @@ void buildSegments(DetailGroups& groups, const FieldReader& answer) {
 
 DetailGroup productCodesGroup(const FieldReader& answer) {
     DetailGroup group = makeGroup("");
-    for (const int id : kExchangeIds)
-        if (const auto code = answer.text(id))
-            group.rows.push_back(makeRow(std::string(ExchangeNameFromId(id)).append(" PCode"),
-                                         *code, answer.text(id, 1).value_or("")));
+    for (const int id : kExchangeIds) {
+        const auto code = answer.text(id);
+        if (!code) continue;
+        const auto old = answer.text(id, 1);
+        group.rows.push_back(
+            makeRow(std::string(ExchangeNameFromId(id)).append(" PCode"), *code, old.value_or("")));
+        group.rows.back().change = fieldChange(code, old);
+    }
     return group;
 }
 
@@ -229,8 +234,8 @@ DetailGroup productsGroup(const FieldReader& answer) {
     DetailGroup group = makeGroup("Products Enabled");
     if (!answer.count(MNM_PRODUCTS)) return group;
     const auto old = answer.text(MNM_PRODUCTS, 1);
-    group.rows.push_back(old ? makeRow({}, {}, shownProducts(old))
-                             : makeRow({}, shownProducts(answer.text(MNM_PRODUCTS))));
+    group.rows.push_back(old ? oldValueRow({}, shownProducts(old))
+                             : newValueRow({}, shownProducts(answer.text(MNM_PRODUCTS))));
     return group;
 }
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "details/model/captions.h"
+#include "details/model/field_change.h"
 
 namespace {
 
@@ -18,6 +19,7 @@ void appendRow(DetailGroup& group, const FieldReader& answer, const FieldRow& fi
     row.caption = field.caption.empty() ? captionOf(field.mnemonic) : field.caption;
     row.value = value ? field.value(*value) : kNotAvailable;
     if (old) row.oldValue = field.oldValue(*old);
+    row.change = field.secret && value ? FieldChange::reset : fieldChange(value, old);
 }
 
 }  // namespace
@@ -32,6 +34,18 @@ sMCListStruct makeRow(std::string_view caption, std::string_view value, std::str
     row.caption = caption;
     row.value = value;
     row.oldValue = oldValue;
+    return row;
+}
+
+sMCListStruct newValueRow(std::string_view caption, std::string_view value) {
+    sMCListStruct row = makeRow(caption, value);
+    row.change = FieldChange::added;
+    return row;
+}
+
+sMCListStruct oldValueRow(std::string_view caption, std::string_view oldValue) {
+    sMCListStruct row = makeRow(caption, {}, oldValue);
+    row.change = FieldChange::removed;
     return row;
 }
 

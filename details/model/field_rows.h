@@ -62,15 +62,20 @@ struct FieldRow {
     int gate = 0;                   // the field whose presence makes the row, where it is another
     int unless = 0;                 // a field whose presence suppresses the row
     bool onlyWithoutOldValue = false;
-    bool counts = true;  // false: an answer without other fields has nothing to show
+    bool secret = false;  // its values are not shown, only that it is set anew
+    bool counts = true;   // false: an answer without other fields has nothing to show
 };
 
 // Appends the rows of those fields that the answer carries.
 void appendRows(DetailGroup& group, const FieldReader& answer, std::span<const FieldRow> fields);
 
-// A row of a list or of a literal caption; what is left out stays empty.
+// A member of a list, or a setting that the answer repeats: nothing tells whether it changed.
 sMCListStruct makeRow(std::string_view caption, std::string_view value,
                       std::string_view oldValue = {});
+
+// A row for the new value of a field, or for its old value: each has a row of its own.
+sMCListStruct newValueRow(std::string_view caption, std::string_view value);
+sMCListStruct oldValueRow(std::string_view caption, std::string_view oldValue);
 
 // A group under a heading: empty, or with the rows of those fields that the answer carries.
 DetailGroup makeGroup(std::string_view heading);

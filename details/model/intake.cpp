@@ -4,7 +4,6 @@
 #include "link/model/functionality.h"
 #include "link/model/mnemonics.h"
 #include "sdk/host_services.h"
-#include "workbench/model/shown_details.h"
 
 namespace {
 
@@ -82,10 +81,12 @@ void Intake::takePending(const FieldReader& message, PuGetFindMenuItemInRoles* h
     // just written, without a redraw.
     if (record->makerId == m_host.peerUserId()) return;
 
-    if (created != nullptr)
+    if (created != nullptr) {
         m_changes.addRecord(std::move(created));
-    else
+    } else {
         m_changes.refreshRecord(*record);
+        m_listener.publishedAgain(*record);
+    }
     m_host.beep();
 }
 
@@ -95,8 +96,8 @@ void Intake::takeDecided(const FieldReader& message) {
     discardListed(std::string(*key));
 }
 
-// The record goes with its row and its index entry; details of it do not stay on show.
+// The record goes with its row and its index entry.
 void Intake::discardListed(std::string key) {
     m_changes.removeRecord(key);
-    if (m_details.key == key) emptyDetails(m_details, m_view);
+    m_listener.changeEnded(key);
 }

@@ -3,15 +3,26 @@
 
 #include "link/model/host.h"
 #include "link/model/message.h"
-#include "link/model/requests.h"
 #include "workbench/model/pending_changes.h"
-#include "workbench/model/workbench_view.h"
+
+// What the intake tells of single changes. The workbench implements it, and the intake's tests.
+class IntakeListener {
+public:
+    // A listed change was published again; its record already holds what came.
+    virtual void publishedAgain(const sMakeCheckStruct& record) = 0;
+
+    // The change was decided, or its record went; whether or not it was listed.
+    virtual void changeEnded(const std::string& key) = 0;
+
+protected:
+    ~IntakeListener() = default;
+};
 
 class Intake {
 public:
     // All must outlive the object.
-    Intake(Host& host, PendingChanges& changes, DetailsOnShow& details, WorkbenchView& view)
-        : m_host(host), m_changes(changes), m_details(details), m_view(view) {}
+    Intake(Host& host, PendingChanges& changes, IntakeListener& listener)
+        : m_host(host), m_changes(changes), m_listener(listener) {}
 
     // Takes in one published message. "auth pending" creates or refreshes the record, if the
     // checker may see the change and did not make it himself; "accepted" and "rejected" remove it.
@@ -25,6 +36,5 @@ private:
 
     Host& m_host;
     PendingChanges& m_changes;
-    DetailsOnShow& m_details;
-    WorkbenchView& m_view;
+    IntakeListener& m_listener;
 };

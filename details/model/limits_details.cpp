@@ -3,6 +3,7 @@
 
 #include "details/model/captions.h"
 #include "details/model/details_builders.h"
+#include "details/model/field_change.h"
 #include "details/model/limits_entity.h"
 #include "link/model/mnemonics.h"
 #include "listctrl/model/number_text.h"
@@ -122,6 +123,9 @@ void appendLimit(DetailGroup& group, const FieldReader& answer, const LimitField
     row.oldValue = field.oldValue(answer, field.mnemonic, 1).value_or("");
     row.attribute = field.attribute.value_or(byRight);
     if (field.attribute != RowAttribute::readOnly) row.mnemonic = field.mnemonic;
+    const bool numeric = field.value == number || field.value == count;
+    row.change = fieldChange(answer.text(field.mnemonic), answer.text(field.mnemonic, 1),
+                             numeric ? CompareAs::number : CompareAs::text);
 }
 
 }  // namespace

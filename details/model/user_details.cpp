@@ -2,6 +2,7 @@
 #include "details/model/captions.h"
 #include "details/model/details_builders.h"
 #include "details/model/exchanges.h"
+#include "details/model/field_change.h"
 #include "link/model/mnemonics.h"
 
 namespace {
@@ -21,8 +22,8 @@ constexpr FieldRow kGeneral[] = {
     {64903},                                                          // DOB
     {63235},                                                          // AutoSroff user
     {30001},                                                          // DealerName
-    {MNM_PASSWORD, kReset, kReset},                                   // Password
-    {50110},                                                          // Email Add
+    {.mnemonic = MNM_PASSWORD, .value = kReset, .oldValue = kReset, .secret = true},  // Password
+    {50110},                                                                          // Email Add
     // A change that carries the old setting is not listed, and the old setting is never decoded.
     {.mnemonic = MNM_CLIENT_OVERVIEW, .value = kEnabled, .onlyWithoutOldValue = true},
     {10046},       // Address
@@ -33,18 +34,19 @@ constexpr FieldRow kGeneral[] = {
 };
 
 constexpr FieldRow kDetails[] = {
-    {63227},                             // Max Scrip Count
-    {MNM_ARN},                           // ARN NO
-    {63216},                             // Mac Address
-    {64019},                             // Days for Warning
-    {MNM_USER_IP},                       // User IP
-    {MNM_TRANSACTION_PASSWORD, kReset},  // Trans Password; its old text is shown as sent
-    {63213},                             // User Status
-    {64060},                             // Role
-    {63217},                             // User Tag
-    {31803},                             // has no caption
-    {64710},                             // Pro Orders
-    {54376},                             // Round off Pref
+    {63227},        // Max Scrip Count
+    {MNM_ARN},      // ARN NO
+    {63216},        // Mac Address
+    {64019},        // Days for Warning
+    {MNM_USER_IP},  // User IP
+    // Trans Password; its old text is shown as sent.
+    {.mnemonic = MNM_TRANSACTION_PASSWORD, .value = kReset, .secret = true},
+    {63213},  // User Status
+    {64060},  // Role
+    {63217},  // User Tag
+    {31803},  // has no caption
+    {64710},  // Pro Orders
+    {54376},  // Round off Pref
 };
 
 struct ExchangeField {
@@ -93,6 +95,8 @@ DetailGroup accessGroup(const FieldReader& answer) {
     const auto old = count > 0 ? answer.text(field, 1) : std::nullopt;
     group.rows.assign(static_cast<std::size_t>(std::max(count, 1)),
                       makeRow({}, value.value_or(kNotAvailable), old.value_or("")));
+    if (old)
+        for (sMCListStruct& row : group.rows) row.change = fieldChange(value, old);
     return group;
 }
 
@@ -119,9 +123,9 @@ DetailGroup oneExchangeGroup(const FieldReader& answer) {
     for (const ExchangeField& field : kOneExchange) {
         const std::string_view caption = captionOf(field.mnemonic);
         if (const auto text = answer.text(field.mnemonic))
-            group.rows.push_back(makeRow(caption, field.decoding(*text)));
+            group.rows.push_back(newValueRow(caption, field.decoding(*text)));
         if (const auto old = answer.text(field.mnemonic, 1))
-            group.rows.push_back(makeRow(caption, {}, field.decoding(*old)));
+            group.rows.push_back(oldValueRow(caption, field.decoding(*old)));
     }
     return group;
 }
@@ -137,9 +141,9 @@ void buildExchanges(DetailGroups& groups, const FieldReader& answer) {
 DetailGroup productsGroup(const FieldReader& answer) {
     DetailGroup group = makeGroup(captionOf(MNM_PRODUCT_TYPES));
     if (!answer.count(MNM_PRODUCTS)) return group;
-    group.rows.push_back(makeRow({}, shownProducts(answer.text(MNM_PRODUCTS))));
+    group.rows.push_back(newValueRow({}, shownProducts(answer.text(MNM_PRODUCTS))));
     if (const auto old = answer.text(MNM_PRODUCTS, 1))
-        group.rows.push_back(makeRow({}, {}, shownProducts(old)));
+        group.rows.push_back(oldValueRow({}, shownProducts(old)));
     return group;
 }
 

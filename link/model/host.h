@@ -32,6 +32,9 @@ public:
     // Shows `text` as it stands in a message box. Messages may come in while it is open.
     virtual void showMessage(const std::string& text) = 0;
 
+    // Asks the user a question that "No" answers by default. Messages may come in while it is open.
+    virtual bool confirm(const std::string& question) = 0;
+
     // Asks for the tone that announces a change. Returns at once.
     virtual void beep() = 0;
 

@@ -7,28 +7,34 @@ namespace {
 
 struct Route {
     std::string_view request;
-    void (AnswerHandler::*take)(const FieldReader&);
-    void (AnswerHandler::*refuse)(const FieldReader&);  // null: an error is dropped
+    DetailKind kind;  // none: the answer to recovery
 };
 
 constexpr Route kRoutes[] = {
-    {kGetLimitsDetails, &AnswerHandler::limitsDetails, &AnswerHandler::detailsRefused},
-    {kGetUserDetails, &AnswerHandler::userDetails, &AnswerHandler::detailsRefused},
-    {kGetAccountDetails, &AnswerHandler::accountDetails, &AnswerHandler::detailsRefused},
-    {kGetFunctionalityDetails, &AnswerHandler::recovered, nullptr},
+    {kGetLimitsDetails, DetailKind::limits},
+    {kGetUserDetails, DetailKind::user},
+    {kGetAccountDetails, DetailKind::account},
+    {kGetFunctionalityDetails, DetailKind::none},
 };
+
+void hand(const Route& route, const FieldReader& answer, AnswerHandler& handler) {
+    const bool refused = answerError(answer).has_value();
+    if (route.kind == DetailKind::none) {
+        if (!refused) handler.recovered(answer);
+    } else if (refused) {
+        handler.detailsRefused(route.kind, answer);
+    } else {
+        handler.details(route.kind, answer);
+    }
+}
 
 }  // namespace
 
 void routeAnswer(const FieldReader& answer, AnswerHandler& handler) {
     const auto request = answer.text(MNM_ANSWERED_REQUEST);
     if (!request) return;
-    for (const Route& route : kRoutes) {
-        if (route.request != *request) continue;
-        const auto taker = answerError(answer) ? route.refuse : route.take;
-        if (taker != nullptr) (handler.*taker)(answer);
-        return;
-    }
+    for (const Route& route : kRoutes)
+        if (route.request == *request) return hand(route, answer, handler);
 }
 
 void CMCRxr::onMessage(int, int, void* message, void*) {

@@ -1,6 +1,7 @@
 // The receiver of answers, and where it routes them.
 #pragma once
 
+#include "link/model/functionality.h"
 #include "link/model/message.h"
 #include "sdk/receive_control.h"
 
@@ -8,12 +9,11 @@
 // knows neither builders nor panes.
 class AnswerHandler {
 public:
-    // An answer to a detail request carries an error.
-    virtual void detailsRefused(const FieldReader& answer) = 0;
+    // An answer to a detail request of this kind.
+    virtual void details(DetailKind kind, const FieldReader& answer) = 0;
 
-    virtual void limitsDetails(const FieldReader& answer) = 0;
-    virtual void userDetails(const FieldReader& answer) = 0;
-    virtual void accountDetails(const FieldReader& answer) = 0;
+    // The same, but the answer carries an error.
+    virtual void detailsRefused(DetailKind kind, const FieldReader& answer) = 0;
 
     // An answer to recovery: one pending change, as if it had been published.
     virtual void recovered(const FieldReader& answer) = 0;

@@ -11,13 +11,25 @@ enum class RowAttribute : int {
     readOnly = 6,  // nothing
 };
 
+// What a change does to the field of a row, judged on the values as they were sent.
+enum class FieldChange {
+    none,     // nothing, or nothing that could be told: a member of a list
+    changed,  // both values are there, and differ
+    added,    // a new value only
+    removed,  // an old value only
+    reset,    // a secret is set anew; neither value is shown
+};
+
 struct sMCListStruct {
     std::string caption;   // the Field column
     std::string value;     // the Value column: the new value
     std::string oldValue;  // the Old Value column
     RowAttribute attribute = RowAttribute::readOnly;
-    int mnemonic = 0;     // the message field that an edit of the value belongs to; 0: none
-    bool edited = false;  // the value was typed in and has not been sent
+    int mnemonic = 0;  // the message field that an edit of the value belongs to; 0: none
+    FieldChange change = FieldChange::none;
+    bool edited = false;        // the value was typed in and has not been sent
+    bool overOlder = false;     // and was typed over another value than the one received last
+    std::string received = {};  // of an edited row: the value that came with the details
 };
 
 struct DetailGroup {

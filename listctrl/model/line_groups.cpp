@@ -1,28 +1,9 @@
 #include "listctrl/model/line_groups.h"
 
+#include <algorithm>
 #include <array>
+#include <set>
 #include <utility>
-
-#include "listctrl/model/read_number.h"
-
-namespace {
-
-// The number that the whole text is, or none: a date is not a number because it begins like one.
-std::optional<double> wholeNumber(std::string_view text) {
-    if (text.find_first_not_of("0123456789.+-") != std::string_view::npos) return std::nullopt;
-    if (text.find_first_of("+-", 1) != std::string_view::npos) return std::nullopt;
-    if (text.find('.') != text.rfind('.')) return std::nullopt;
-    return readNumber(text);
-}
-
-}  // namespace
-
-bool valueChanged(const sMCListStruct& row) {
-    if (row.value.empty() || row.oldValue.empty() || row.value == row.oldValue) return false;
-    const auto value = wholeNumber(row.value);
-    const auto oldValue = wholeNumber(row.oldValue);
-    return !value || !oldValue || *value != *oldValue;
-}
 
 LineGroups::LineGroups() {
     m_rows.setCellReader(text);
@@ -53,18 +34,42 @@ void LineGroups::insert(Item& item) {
     item.lines.push_back({&item, &item.group.header});
     for (sMCListStruct& row : item.group.rows) item.lines.push_back({&item, &row});
     for (Line& line : item.lines) {
-        line.changed = valueChanged(*line.row);
         line.slot = m_rows.insertItem(m_rows.storedCount(), &line).slot;
+        if (line.row->edited) m_edited.push_back(&line);
     }
 }
 
 void LineGroups::clear() {
     m_rows.reset();
+    m_edited.clear();
     m_items.clear();
+}
+
+void LineGroups::replace(std::vector<DetailGroup> groups) {
+    std::set<std::string> folded;
+    for (const auto& item : m_items)
+        if (item->folded) folded.insert(item->group.header.caption);
+    const auto focused = m_rows.focusedRow();
+    clear();
+    append(std::move(groups));
+    for (const auto& item : m_items) item->folded = folded.contains(item->group.header.caption);
+    m_rows.filter();
+    if (focused) m_rows.setFocus(std::min(*focused, m_rows.rowCount() - 1));
+}
+
+void LineGroups::addEdited(std::vector<Slot>& passing) const {
+    const auto before = [this](Slot a, Slot b) {
+        return m_rows.storedPosition(a) < m_rows.storedPosition(b);
+    };
+    for (const Line* line : m_edited) {
+        const auto at = std::lower_bound(passing.begin(), passing.end(), line->slot, before);
+        if (at == passing.end() || *at != line->slot) passing.insert(at, line->slot);
+    }
 }
 
 // In stored order: each heading comes before its lines, whether it passed itself or not.
 void LineGroups::arrange(std::vector<Slot>& passing) const {
+    addEdited(passing);
     std::vector<Slot> shown;
     shown.reserve(passing.size() + m_items.size());
     const Item* heading = nullptr;
@@ -72,7 +77,7 @@ void LineGroups::arrange(std::vector<Slot>& passing) const {
         const Line& line = *static_cast<const Line*>(m_rows.record(slot));
         if (line.item != heading) shown.push_back(line.item->lines.front().slot);
         heading = line.item;
-        if (!line.isHeading() && !line.item->folded) shown.push_back(slot);
+        if (!line.isHeading() && (!line.item->folded || line.row->edited)) shown.push_back(slot);
     }
     passing.swap(shown);
 }
@@ -92,13 +97,24 @@ std::optional<std::size_t> LineGroups::headingRow(const Line& line) const {
 }
 
 void LineGroups::rowChanged(Line& line) {
-    line.changed = valueChanged(*line.row);
+    std::erase(m_edited, &line);
+    if (line.row->edited) m_edited.push_back(&line);
     m_rows.refreshShown(line.slot);
 }
 
-bool LineGroups::clearEdited() {
-    bool any = false;
-    for (const auto& item : m_items)
-        for (sMCListStruct& row : item->group.rows) any = std::exchange(row.edited, false) || any;
+bool LineGroups::holdsEdits(const Line& line) const {
+    return std::any_of(m_edited.begin(), m_edited.end(),
+                       [&](const Line* each) { return each->item == line.item; });
+}
+
+bool LineGroups::endEdits(bool restore) {
+    for (Line* line : m_edited) {
+        sMCListStruct& row = *line->row;
+        if (restore) row.value = std::move(row.received);
+        row.edited = row.overOlder = false;
+        m_rows.refreshShown(line->slot);
+    }
+    const bool any = !m_edited.empty();
+    m_edited.clear();
     return any;
 }

@@ -1,9 +1,9 @@
 // Groups of detail rows as the lines of a list: a heading, then one line for each row.
 //
 // Each line is a record of the RecordStore in here, so that filtering, selection, copying and what
-// screen readers see are the same as in every list. Above the store stand the groups: a heading
-// stays on show while any line of its group passes the filters, and a folded group shows its
-// heading only. Lines are never sorted.
+// screen readers see are the same as in every list. A heading stays visible while any line of its
+// group passes the filters, and a folded group shows its heading only; but a row with an unsent
+// edit passes every filter and every fold. Lines are never sorted.
 #pragma once
 
 #include <cstddef>
@@ -27,10 +27,6 @@ inline constexpr ColumnId kValueColumn{1};
 // A value is never on show without its name, nor a name without its value.
 inline constexpr ColumnId kMandatoryDetailColumns[] = {kFieldColumn, kValueColumn};
 
-// Whether both values are there and differ. Two numbers are compared as numbers: "1500" is no
-// change from "1500.00".
-bool valueChanged(const sMCListStruct& row);
-
 class LineGroups {
 public:
     struct Item;
@@ -38,7 +34,6 @@ public:
         Item* item;
         sMCListStruct* row;
         Slot slot = kNoSlot;
-        bool changed = false;  // valueChanged() of the row, worked out once
         bool isHeading() const;
     };
 
@@ -53,6 +48,9 @@ public:
 
     // Takes groups over and shows them behind the others, open. Filters in force apply to them.
     void append(std::vector<DetailGroup> groups);
+
+    // Shows groups in place of all others: folds and the focus stay where their texts are.
+    void replace(std::vector<DetailGroup> groups);
 
     // Frees all groups.
     void clear();
@@ -71,21 +69,29 @@ public:
     // The row of the heading that stands above a line; none while it is not on show.
     std::optional<std::size_t> headingRow(const Line& line) const;
 
-    // The texts of the line's row changed. It stays on show even if it no longer passes.
+    // The texts of the line's row changed, perhaps by an edit.
     void rowChanged(Line& line);
 
-    // No value counts as an unsent edit any more. Returns whether any did.
-    bool clearEdited();
+    // Whether a row of the line's group holds an unsent edit.
+    bool holdsEdits(const Line& line) const;
+
+    // No value is an unsent edit any more: each stays as edited, or is again as it was received.
+    // Returns whether any was one.
+    bool editsSent() { return endEdits(false); }
+    bool editsDropped() { return endEdits(true); }
 
     // How the store reads a line.
     static std::string_view text(const void* line, int column);
 
 private:
     void arrange(std::vector<Slot>& passing) const;
+    void addEdited(std::vector<Slot>& passing) const;
     void insert(Item& item);
+    bool endEdits(bool restore);
 
     RecordStore m_rows;
     std::vector<std::unique_ptr<Item>> m_items;
+    std::vector<Line*> m_edited;  // in any order
 };
 
 struct LineGroups::Item {

@@ -62,7 +62,8 @@ int RecordStore::reset() {
     }
     m_records.clear();
     m_free.clear();
-    m_selection = {};
+    m_selection.reset();
+    m_countedAt.reset();
     m_texts.clear();
     m_rowCount = 0;
     m_changes = {true, true, 0, RowChanges::kToTheEnd};
@@ -358,19 +359,20 @@ void RecordStore::place(Slot slot, std::size_t mapRow) {
     rowsChanged(std::min(mapRow, to), std::max(mapRow, to) + 1);
 }
 
-// What a row that goes had of selection and focus goes to its neighbour.
+// What a row that goes had of selection, focus and anchor goes to its neighbour.
 void RecordStore::handOn(Slot slot, std::size_t row) {
     const Slot after = slotAt(row + 1);
-    if (after != kNoSlot && m_selection.selected(slot)) m_selection.autoSelect(after);
-    if (m_selection.focus() != slot) return;
-    m_selection.setFocus(after != kNoSlot || row == 0 ? after : slotAt(row - 1));
-    m_changes.selection = true;
+    if (after != kNoSlot && m_selection.selected(slot))
+        m_changes.selection |= m_selection.select(after, true);
+    const Slot heir = after != kNoSlot || row == 0 ? after : slotAt(row - 1);
+    m_changes.selection |= m_selection.handOn(slot, heir);
 }
 
 void RecordStore::rowsChanged(std::size_t first, std::size_t last) {
     if (m_reversed && last == RowChanges::kToTheEnd) first = 0;
     if (m_reversed && last != RowChanges::kToTheEnd)
         std::tie(first, last) = std::pair(m_rowCount - last, m_rowCount - first);
+    if (!m_selectedRows.empty() && m_selectedRows.back() >= first) m_countedAt.reset();
     const bool none = m_changes.first == m_changes.last;
     m_changes.first = none ? first : std::min(m_changes.first, first);
     m_changes.last = none ? last : std::max(m_changes.last, last);
@@ -380,7 +382,7 @@ RowChanges RecordStore::takeChanges() {
     return std::exchange(m_changes, {});
 }
 
-// ---- Selection and focus ----
+// ---- Selection, focus and anchor ----
 
 void RecordStore::select(std::size_t row, bool on) {
     const Slot slot = slotAt(row);
@@ -400,28 +402,33 @@ bool RecordStore::selected(std::size_t row) const {
     return slot != kNoSlot && m_selection.selected(slot);
 }
 
-bool RecordStore::autoSelected(std::size_t row) const {
-    const Slot slot = slotAt(row);
-    return slot != kNoSlot && m_selection.autoSelected(slot);
-}
-
-std::vector<std::size_t> RecordStore::selectedRows() const {
-    std::vector<std::size_t> rows;
-    if (m_selection.count() == 0) return rows;
+const std::vector<std::size_t>& RecordStore::selectedRows() const {
+    if (m_countedAt == m_selection.revision()) return m_selectedRows;
+    m_countedAt = m_selection.revision();
+    m_selectedRows.clear();
+    if (m_selection.count() == 0) return m_selectedRows;
+    m_selectedRows.reserve(m_selection.count());
     std::size_t at = 0;
     m_visible.forEach([&](Slot slot) {
-        if (m_selection.selected(slot)) rows.push_back(mapRow(at));
+        if (m_selection.selected(slot)) m_selectedRows.push_back(mapRow(at));
         ++at;
     });
-    if (m_reversed) std::reverse(rows.begin(), rows.end());
-    return rows;
+    if (m_reversed) std::reverse(m_selectedRows.begin(), m_selectedRows.end());
+    return m_selectedRows;
 }
 
 void RecordStore::setFocus(std::size_t row) {
     m_changes.selection |= m_selection.setFocus(slotAt(row));
 }
 
+void RecordStore::setAnchor(std::size_t row) {
+    m_changes.selection |= m_selection.setAnchor(slotAt(row));
+}
+
 std::optional<std::size_t> RecordStore::focusedRow() const {
-    if (m_selection.focus() == kNoSlot) return {};
     return rowOf(m_selection.focus());
+}
+
+std::optional<std::size_t> RecordStore::anchorRow() const {
+    return rowOf(m_selection.anchor());
 }

@@ -14,6 +14,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <limits>
 #include <map>
@@ -32,7 +33,7 @@
 // What a window has to tell its control since it last asked.
 struct RowChanges {
     bool count = false;      // rowCount()
-    bool selection = false;  // of any row, or the focus
+    bool selection = false;  // of any row, the focus or the anchor
     // Rows that show something else: none when empty; up to `kToTheEnd` when rows moved.
     std::size_t first = 0;
     std::size_t last = 0;
@@ -66,8 +67,8 @@ public:
 
     // Removes the record of a row. Result 1, or 0 when there is no such row; message "Delete item:
     // Item not found" for rows that a failed filter pass left without records. If the row was
-    // selected and not the last, the row after it is selected by the list itself; a focus moves to
-    // the row after, from the last row to the one before.
+    // selected and not the last, the row after it is selected; focus and anchor move to the row
+    // after, from the last row to the one before.
     Outcome deleteItem(std::size_t row);
 
     // Removes a record by stored position, on show (then as deleteItem does) or not. Result 1, or 0
@@ -101,12 +102,17 @@ public:
     Slot slotAt(std::size_t row) const;
     void* recordAt(std::size_t row) const;
 
-    // The row that shows the record, or none while it is filtered out or when there is no such slot.
+    // The row that shows the record, or none while it is filtered out or when there is no such
+    // slot.
     std::optional<std::size_t> rowOf(Slot slot) const;
 
     // The text of a row's cell, as the reader gives it; empty beyond the end, "no data descriptor
     // initialised" without a reader. Lives as long as the reader's.
     std::string_view cellText(std::size_t row, int column) const;
+
+    // The text of a record's cell, from the kept ones where the column's are kept; for walking
+    // over many rows. `slot` is a record's.
+    std::string_view text(Slot slot, int column) const;
 
     // Shows the rows from the last to the first. Row numbers are mirrored, nothing else changes.
     void setReversed(bool reversed);
@@ -146,20 +152,25 @@ public:
     void unsort();
     const std::optional<SortOrder>& sortOrder() const { return m_order; }
 
-    // ---- Selection and focus: they belong to records and follow them ----
+    // ---- Selection, focus and anchor: they belong to records and follow them ----
 
-    // Rows beyond the end are ignored. Selecting by hand ends an auto-selection.
+    // Rows beyond the end are ignored.
     void select(std::size_t row, bool on);
     void selectAll();
     void clearSelection();
     bool selected(std::size_t row) const;
-    bool autoSelected(std::size_t row) const;  // after a removal, until touched
     std::size_t selectedCount() const { return m_selection.count(); }
-    std::vector<std::size_t> selectedRows() const;  // ascending
+    // Ascending. Counted when first asked for after a change; valid until the next one.
+    const std::vector<std::size_t>& selectedRows() const;
+    // Another value after every change of which records are selected.
+    std::uint64_t selectionRevision() const { return m_selection.revision(); }
 
-    // Beyond the end: no row has the focus.
+    // The row that the keys act on. Beyond the end: none.
     void setFocus(std::size_t row);
     std::optional<std::size_t> focusedRow() const;
+    // The row from which Shift selects. Beyond the end: none.
+    void setAnchor(std::size_t row);
+    std::optional<std::size_t> anchorRow() const;
 
     // ---- Columns ----
 
@@ -187,7 +198,6 @@ private:
     void release(Slot slot);
     ColumnTexts& keptTexts(int column);
     void readTexts(Slot slot);
-    std::string_view text(Slot slot, int column) const;
 
     void sortRows(std::vector<Slot>& rows, const SortOrder& order);
     bool passes(Slot slot) const;
@@ -219,6 +229,9 @@ private:
     std::vector<void*> m_records;  // by slot
     std::vector<Slot> m_free;      // slots to give again
     RowSelection m_selection;
+    // The selected rows as last counted, and at which revision of the selection.
+    mutable std::vector<std::size_t> m_selectedRows;
+    mutable std::optional<std::uint64_t> m_countedAt;
     std::map<int, ColumnTexts> m_texts;
 
     std::vector<int> m_filterColumns;

@@ -1,8 +1,10 @@
-// What the mouse and the keys do to the selection and the focus of a list.
+// What the mouse and the keys do to the selection and the focus of a list, and what others ask of
+// them.
 //
 // The rules are those of the platform's list: a plain click or move selects one row, Ctrl leaves
-// what is selected and toggles, Shift selects from the anchor. They work on the records of the
-// store, so no control is told row by row.
+// what is selected and toggles, Shift selects from the anchor instead of all else, Ctrl and Shift
+// together in addition to it. They work on the records of the store, so no control is told row by
+// row.
 #pragma once
 
 #include <cstddef>
@@ -32,17 +34,31 @@ public:
     // A key that moves; `pageRows` rows fit the window. Returns the row to bring into view.
     std::optional<std::size_t> move(Move move, std::size_t pageRows, Modifiers keys);
 
-    // The space bar: selects the focused row; with Ctrl it toggles it.
+    // The space bar: selects the focused row; Ctrl toggles it, Shift selects from the anchor to it.
     void space(Modifiers keys);
 
-    void selectAll() { m_store.selectAll(); }
+    // One row is selected, and has focus and anchor.
+    void goTo(std::size_t row);
+
+    // Every row; the first has the focus when none had.
+    void selectAll();
 
 private:
     void selectOnly(std::size_t row);
-    void selectRange(std::size_t from, std::size_t to);
+    void extend(std::size_t from, std::size_t to, bool keepOthers);
     void toggle(std::size_t row);
-    std::size_t anchorRow(std::size_t otherwise) const;
 
     RecordStore& m_store;
-    Slot m_anchor = kNoSlot;  // the record from which Shift selects
 };
+
+// The next row that others ask for: selected, focused, both or any.
+struct NextRow {
+    bool selected = false;
+    bool focused = false;
+    bool above = false;  // the nearest above the start instead of below it
+};
+
+// `start` itself is no answer; without one the search begins at the first row, and above it there
+// is none. All the selected rows, one after the other, cost one walk over the rows.
+std::optional<std::size_t> nextRow(const RecordStore& store, std::optional<std::size_t> start,
+                                   NextRow wanted);

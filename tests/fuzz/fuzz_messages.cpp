@@ -240,7 +240,7 @@ private:
                 const auto rows = selection();
                 // Typed into an edit control: it ends at its first zero.
                 const std::string reason = text().value_or("");
-                return m_workbench.reject(rows, reason.c_str());
+                return m_workbench.reject(rows, [&] { return std::string(reason.c_str()); });
             }
             case 4:
                 m_workbench.update();

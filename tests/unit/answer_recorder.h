@@ -9,19 +9,24 @@
 
 class AnswerRecorder final : public AnswerHandler {
 public:
-    // "refused", "limits", "user", "account", "recovered"
+    // "limits", "user", "account", each perhaps with " refused", and "recovered"
     std::vector<std::string> taken;
     bool throws = false;
 
-    void detailsRefused(const FieldReader&) override { take("refused"); }
-    void limitsDetails(const FieldReader&) override { take("limits"); }
-    void userDetails(const FieldReader&) override { take("user"); }
-    void accountDetails(const FieldReader&) override { take("account"); }
+    void details(DetailKind kind, const FieldReader&) override { take(nameOf(kind)); }
+    void detailsRefused(DetailKind kind, const FieldReader&) override {
+        take(std::string(nameOf(kind)) + " refused");
+    }
     void recovered(const FieldReader&) override { take("recovered"); }
 
 private:
-    void take(const char* what) {
-        taken.emplace_back(what);
+    static const char* nameOf(DetailKind kind) {
+        return kind == DetailKind::limits ? "limits"
+               : kind == DetailKind::user ? "user"
+                                          : "account";
+    }
+    void take(std::string what) {
+        taken.push_back(std::move(what));
         if (throws) throw std::runtime_error("the handler fails");
     }
 };

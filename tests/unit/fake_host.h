@@ -103,11 +103,13 @@ public:
     bool hasControlService = true;
     std::set<int> controlKinds{0, 3};  // of the controls that the service makes
 
+    bool answersYes = false;  // to questions
+
     // Runs once, while the next message box is open.
     std::function<void()> whileBoxIsOpen;
 
     // Every line, in order: "box TEXT" of a bare message box, "error TEXT" and "log TEXT" of a
-    // report by its level.
+    // report by its level, "question TEXT".
     Lines said;
     int beeps = 0;
     int menuItemLookups = 0;
@@ -145,6 +147,12 @@ public:
     void showMessage(const std::string& text) override {
         said.push_back("box " + text);
         boxIsOpen();
+    }
+    bool confirm(const std::string& question) override {
+        said.push_back("question " + question);
+        const bool yes = answersYes;
+        boxIsOpen();
+        return yes;
     }
     void beep() override { ++beeps; }
 

@@ -35,8 +35,14 @@ protected:
     FakeHost host;
     ViewRecorder view;
     PendingChanges changes{view};
-    DetailsOnShow details;
-    Intake intake{host, changes, details, view};
+    struct : IntakeListener {
+        Lines told;
+        void publishedAgain(const sMakeCheckStruct& record) override {
+            told.push_back("again " + record.key);
+        }
+        void changeEnded(const std::string& key) override { told.push_back("ended " + key); }
+    } listener;
+    Intake intake{host, changes, listener};
 };
 
 // A publication of every kind, with every field that the intake reads.
@@ -150,7 +156,6 @@ TEST_F(IntakeTest, IgnoresMessagesWithoutAKnownStatusAndAKey) {
                                                    std::string(100000, 'a'),
                                                    kUnreadable};
     listed("1001", allFields("339", "DEALER"));
-    details.key = "1001";
     for (const auto& status : statuses) {
         SCOPED_TRACE(status.value_or("unreadable").substr(0, 20));
         for (const char* key : {"1001", "1002"}) {
@@ -173,7 +178,7 @@ TEST_F(IntakeTest, IgnoresMessagesWithoutAKnownStatusAndAKey) {
     expectNothingHappened();
     EXPECT_EQ(changes.size(), 1u);
     EXPECT_EQ(changes.at(0).functionalityCode, "339");
-    EXPECT_EQ(details.key, "1001");
+    EXPECT_EQ(listener.told, Lines{});
 }
 
 TEST_F(IntakeTest, LooksTheRightsServiceUpForEveryMessage) {
@@ -293,61 +298,39 @@ TEST_F(IntakeTest, KeepsWhatAnOwnRefreshToldWithoutShowingIt) {
 }
 
 TEST_F(IntakeTest, DropsAListedChangeWhoseRightIsLost) {
-    for (const bool shown : {true, false}) {
-        for (const bool own : {true, false}) {
-            host.roles = {60302, 60303, 60304};
-            changes.clearAllRecords();
-            listed("1000", allFields("360", ""));
-            listed("1001", allFields("339", "DEALER"));
-            details.key = shown ? "1001" : "1000";
-            details.modifiedValues = {{64210, "5"}};
-            host.roles = {60302};
-            // The right is asked for before the maker is read.
-            take(publication(kPending, "1001",
-                             {{MNM_REQUESTING_USER, own ? host.userId : "MAKER01"}}));
-            EXPECT_EQ(view.events,
-                      shown ? (Lines{"rows", "empty details"}) : Lines{"rows"});
-            EXPECT_EQ(changes.size(), 1u);
-            EXPECT_EQ(changes.findRecord("1001"), nullptr);
-            EXPECT_EQ(host.beeps, 0);
-            EXPECT_EQ(details.key, shown ? std::nullopt : std::optional<std::string>("1000"));
-            EXPECT_EQ(details.modifiedValues.empty(), shown);
-        }
+    for (const bool own : {true, false}) {
+        host.roles = {60302, 60303, 60304};
+        changes.clearAllRecords();
+        listed("1000", allFields("360", ""));
+        listed("1001", allFields("339", "DEALER"));
+        host.roles = {60302};
+        listener.told.clear();
+        // The right is asked for before the maker is read.
+        take(publication(kPending, "1001", {{MNM_REQUESTING_USER, own ? host.userId : "MAKER01"}}));
+        EXPECT_EQ(view.events, Lines{"rows"});
+        EXPECT_EQ(listener.told, Lines{"ended 1001"});
+        EXPECT_EQ(changes.size(), 1u);
+        EXPECT_EQ(changes.findRecord("1001"), nullptr);
+        EXPECT_EQ(host.beeps, 0);
     }
 }
 
-TEST_F(IntakeTest, RemovesADecidedChange) {
+TEST_F(IntakeTest, RemovesADecidedChangeAndTellsOfItsEndListedOrNot) {
     for (const char* status : {"accepted", "rejected"}) {
-        for (const bool shown : {true, false}) {
-            changes.clearAllRecords();
-            for (const char* key : {"1000", "1001", "1002"})
-                listed(key, allFields("339", "DEALER"));
-            details.key = shown ? "1001" : "1002";
-            details.modifiedValues = {{64210, "5"}};
-            host.roles = {};  // whoever may not see changes still learns that they are gone
-            take(publication(status, "1001", {{MNM_REQUESTING_USER, host.userId}}));
-            host.roles = {60303};
-            EXPECT_EQ(view.events,
-                      shown ? (Lines{"rows", "empty details"}) : Lines{"rows"});
-            EXPECT_EQ(changes.size(), 2u);
-            EXPECT_EQ(changes.at(1).key, "1002");
-            EXPECT_EQ(changes.findRecord("1001"), nullptr);
-            EXPECT_EQ(details.modifiedValues.empty(), shown);
-            EXPECT_EQ(host.beeps, 0);
-        }
+        changes.clearAllRecords();
+        for (const char* key : {"1000", "1001", "1002"}) listed(key, allFields("339", "DEALER"));
+        listener.told.clear();
+        host.roles = {};  // whoever may not see changes still learns that they are gone
+        for (const char* key : {"1001", "2002"})
+            take(publication(status, key, {{MNM_REQUESTING_USER, host.userId}}));
+        host.roles = {60303};
+        EXPECT_EQ(view.events, Lines{"rows"});
+        EXPECT_EQ(listener.told, (Lines{"ended 1001", "ended 2002"}));
+        EXPECT_EQ(changes.size(), 2u);
+        EXPECT_EQ(changes.at(1).key, "1002");
+        EXPECT_EQ(changes.findRecord("1001"), nullptr);
+        EXPECT_EQ(host.beeps, 0);
     }
-}
-
-TEST_F(IntakeTest, OutcomeOfAnUnknownChangeOnlyClearsItsDetails) {
-    listed("1001", allFields("339", "DEALER"));
-    take(publication("accepted", "2002"));
-    expectNothingHappened();
-
-    details.key = "2002";
-    take(publication("rejected", "2002"));
-    EXPECT_EQ(view.events, Lines{"empty details"});
-    EXPECT_EQ(details.key, std::nullopt);
-    EXPECT_EQ(changes.size(), 1u);
 }
 
 TEST_F(IntakeTest, TakesTheFirstOfRepeatedFields) {

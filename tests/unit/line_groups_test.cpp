@@ -5,8 +5,7 @@
 namespace {
 
 sMCListStruct row(std::string caption, std::string value, std::string oldValue = {}) {
-    return {std::move(caption), std::move(value), std::move(oldValue), RowAttribute::readOnly, 0,
-            false};
+    return {std::move(caption), std::move(value), std::move(oldValue)};
 }
 
 std::vector<DetailGroup> twoGroups() {
@@ -69,41 +68,44 @@ TEST(LineGroups, AFoldedGroupShowsItsHeadingOnlyAndOpensAsItWas) {
     EXPECT_EQ(lines.lineAt(99), nullptr);
 }
 
-TEST(LineGroups, AnEditedRowStaysOnShowUntilTheNextPass) {
+TEST(LineGroups, ARowWithAnUnsentEditPassesEveryFilterAndFold) {
     LineGroups lines;
     lines.append(twoGroups());
-    lines.rows().setFilter(1, "enabled");
+    LineGroups::Line& branch = *lines.lineAt(2);
+    branch.row->received = std::exchange(branch.row->value, "DEL");
+    branch.row->edited = true;
+    lines.rowChanged(branch);
+    lines.setFolded(branch, true);
+    EXPECT_TRUE(lines.holdsEdits(*lines.lineAt(0)));
+    EXPECT_FALSE(lines.holdsEdits(*lines.lineAt(2)));
+    EXPECT_EQ(shown(lines), "General|Branch ID|Exchange:NSE|Status|");
+    lines.rows().setFilter(0, "status");
     lines.rows().filter();
-    LineGroups::Line& status = *lines.lineAt(1);
-    EXPECT_TRUE(status.changed);
-    status.row->value = "Disabled";
-    status.row->edited = true;
-    lines.rowChanged(status);
-    EXPECT_EQ(lines.rows().cellText(1, 1), "Disabled");
-    EXPECT_FALSE(status.changed);
-    EXPECT_TRUE(lines.clearEdited());
-    EXPECT_FALSE(lines.clearEdited());
+    EXPECT_EQ(shown(lines), "General|Branch ID|Exchange:NSE|Status|");
+
+    EXPECT_TRUE(lines.editsDropped());
+    EXPECT_EQ(lines.rows().cellText(1, 1), "MUM");
+    EXPECT_FALSE(lines.editsSent());
     lines.rows().filter();
-    EXPECT_EQ(lines.rows().rowCount(), 0u);  // now it is judged
+    EXPECT_EQ(shown(lines), "Exchange:NSE|Status|");
+}
+
+TEST(LineGroups, GroupsThatReplaceOthersStayFoldedAndFocused) {
+    LineGroups lines;
+    lines.append(twoGroups());
+    lines.setFolded(*lines.lineAt(0), true);
+    lines.rows().setFocus(2);
+    auto groups = twoGroups();
+    groups[1].rows[0].edited = true;
+    lines.replace(std::move(groups));
+    EXPECT_EQ(shown(lines), "General|Exchange:NSE|Status|");
+    EXPECT_EQ(lines.rows().focusedRow(), 2u);
+    EXPECT_TRUE(lines.holdsEdits(*lines.lineAt(1)));
     lines.clear();
     EXPECT_EQ(lines.rows().rowCount(), 0u);
     EXPECT_EQ(lines.groupCount(), 0u);
-}
-
-TEST(LineGroups, ChangedValuesAreComparedAsNumbersWhereTheyAreNumbers) {
-    const struct {
-        const char* value;
-        const char* oldValue;
-        bool changed;
-    } cases[] = {
-        {"1500.00", "1500", false}, {"1500.00", "1500.01", true}, {"-5", "-5.0", false},
-        {"", "1500", false},        {"1500", "", false},          {"Y", "N", true},
-        {"Y", "Y", false},          {"01/02/2026", "01/03/2026", true},
-        {"1.2.3", "1.2.4", true},   {"10-20", "10-30", true},     {"0", "-", true},
-    };
-    for (const auto& each : cases)
-        EXPECT_EQ(valueChanged(row("", each.value, each.oldValue)), each.changed)
-            << each.value << " " << each.oldValue;
+    lines.replace({});
+    EXPECT_EQ(lines.rows().rowCount(), 0u);
 }
 
 }  // namespace

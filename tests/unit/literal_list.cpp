@@ -110,11 +110,10 @@ List::Outcome List::deleteItem(std::size_t row) {
     const std::size_t stored = map[place];
     Record* const gone = store[stored];
     Record* const after = row + 1 < itemCount ? at(row + 1) : nullptr;
-    if (selected.contains(gone) && after != nullptr && selected.insert(after).second)
-        autoSelected.insert(after);
-    if (focus == gone) focus = after != nullptr || row == 0 ? after : at(row - 1);
-    selected.erase(gone);
-    autoSelected.erase(gone);
+    Record* const heir = after != nullptr || row == 0 ? after : at(row - 1);
+    if (selected.erase(gone) != 0 && after != nullptr) selected.insert(after);
+    if (focus == gone) focus = heir;
+    if (anchor == gone) anchor = heir;
     map.erase(map.begin() + static_cast<std::ptrdiff_t>(place));
     for (std::size_t& entry : map)
         if (entry > stored) --entry;
@@ -196,7 +195,6 @@ void List::unsort() {
 void List::select(std::size_t row, bool on) {
     Record* const record = at(row);
     if (record == nullptr) return;
-    autoSelected.erase(record);
     if (on)
         selected.insert(record);
     else
@@ -221,8 +219,8 @@ void List::deselectHidden() {
     for (const std::size_t stored : map) shown.insert(store[stored]);
     const auto hidden = [&](Record* record) { return !shown.contains(record); };
     std::erase_if(selected, hidden);
-    std::erase_if(autoSelected, hidden);
     if (hidden(focus)) focus = nullptr;
+    if (hidden(anchor)) anchor = nullptr;
 }
 
 void List::showSorted(std::size_t stored) {

@@ -57,8 +57,9 @@ public:
     bool exactOnce = false, exactAlways = false;
     std::optional<Sorting> sorting;
 
-    std::set<Record*> selected, autoSelected;
+    std::set<Record*> selected;
     Record* focus = nullptr;
+    Record* anchor = nullptr;
 
 private:
     struct Judge {

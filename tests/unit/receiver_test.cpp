@@ -21,9 +21,9 @@ TEST(Receiver, RoutesByTheRequestAnswered) {
         std::string request;
         Lines good, refused;
     } cases[] = {
-        {"om_get_auth_limits_details", {"limits"}, {"refused"}},
-        {"om_get_auth_user_details", {"user"}, {"refused"}},
-        {"om_get_auth_account_details", {"account"}, {"refused"}},
+        {"om_get_auth_limits_details", {"limits"}, {"limits refused"}},
+        {"om_get_auth_user_details", {"user"}, {"user refused"}},
+        {"om_get_auth_account_details", {"account"}, {"account refused"}},
         {"om_get_functionality_details", {"recovered"}, {}},
         {"om_authenticate_functionality", {}, {}},
         {"OM_GET_AUTH_USER_DETAILS", {}, {}},

@@ -25,11 +25,11 @@ public:
 
     void step() {
         static constexpr void (Pair::*kSteps[])() = {
-            &Pair::insert,  &Pair::insert,    &Pair::insert,       &Pair::insert,
-            &Pair::append,  &Pair::deleteRow, &Pair::deleteStored, &Pair::refresh,
-            &Pair::refresh, &Pair::setFilter, &Pair::filter,       &Pair::sort,
-            &Pair::select,  &Pair::select,    &Pair::focus,        &Pair::switchFlags,
-            &Pair::rarely,
+            &Pair::insert,  &Pair::insert,      &Pair::insert,       &Pair::insert,
+            &Pair::append,  &Pair::deleteRow,   &Pair::deleteStored, &Pair::refresh,
+            &Pair::refresh, &Pair::setFilter,   &Pair::filter,       &Pair::sort,
+            &Pair::select,  &Pair::select,      &Pair::focus,        &Pair::anchor,
+            &Pair::rarely,  &Pair::switchFlags,
         };
         const auto change = kSteps[below(std::size(kSteps))];
         (this->*change)();
@@ -150,6 +150,11 @@ private:
         m_store.setFocus(row);
         m_literal.focus = m_literal.at(row);
     }
+    void anchor() {
+        const std::size_t row = anyRow();
+        m_store.setAnchor(row);
+        m_literal.anchor = m_literal.at(row);
+    }
 
     void switchFlags() {
         const bool on = below(2) == 0;
@@ -184,7 +189,7 @@ private:
                 break;
             case 4:
                 m_store.clearSelection();
-                m_literal.selected.clear(), m_literal.autoSelected.clear();
+                m_literal.selected.clear();
                 break;
             case 5:
                 m_store.clearFilters();
@@ -214,13 +219,13 @@ private:
             if (record != nullptr) {
                 ASSERT_EQ(m_store.rowOf(m_slots[record]), row);
             }
-            ASSERT_EQ(m_store.autoSelected(row), m_literal.autoSelected.contains(record));
             if (m_literal.selected.contains(record)) selected.push_back(row);
         }
         ASSERT_EQ(m_store.selectedRows(), selected);
         ASSERT_EQ(m_store.selectedCount(), selected.size());
-        const auto focused = m_store.focusedRow();
-        ASSERT_EQ(focused ? m_store.recordAt(*focused) : nullptr, m_literal.focus);
+        const auto recordAt = [&](auto row) { return row ? m_store.recordAt(*row) : nullptr; };
+        ASSERT_EQ(recordAt(m_store.focusedRow()), m_literal.focus);
+        ASSERT_EQ(recordAt(m_store.anchorRow()), m_literal.anchor);
     }
 
     // What was reported as changed covers what did.
@@ -236,11 +241,12 @@ private:
             ASSERT_TRUE(same || (row >= changes.first && row < changes.last)) << row;
         }
         ASSERT_TRUE(changes.selection ||
-                    (m_selected == m_literal.selected && m_auto == m_literal.autoSelected &&
-                     m_focus == m_literal.focus));
+                    (m_selected == m_literal.selected && m_focus == m_literal.focus &&
+                     m_anchor == m_literal.anchor));
+        ASSERT_TRUE(m_store.selectionRevision() != m_revision || m_selected == m_literal.selected);
         m_shown = shown, m_refreshed = nullptr;
-        m_selected = m_literal.selected, m_auto = m_literal.autoSelected;
-        m_focus = m_literal.focus;
+        m_selected = m_literal.selected, m_revision = m_store.selectionRevision();
+        m_focus = m_literal.focus, m_anchor = m_literal.anchor;
     }
 
     std::mt19937 m_random;
@@ -251,8 +257,10 @@ private:
 
     std::vector<Record*> m_shown;  // at the last look at the changes, as what follows
     Record* m_refreshed = nullptr;
-    std::set<Record*> m_selected, m_auto;
+    std::set<Record*> m_selected;
+    std::uint64_t m_revision = 0;
     Record* m_focus = nullptr;
+    Record* m_anchor = nullptr;
 };
 
 TEST(RecordStore, NeverDiffersFromTheLiteralList) {

@@ -141,29 +141,35 @@ TEST_F(RecordStoreTest, StaysRightThroughManyTexts) {
     EXPECT_EQ(shown(), "5997 5998 5999");
 }
 
-TEST_F(RecordStoreTest, SelectionAndFocusBelongToRecords) {
+TEST_F(RecordStoreTest, SelectionFocusAndAnchorBelongToRecords) {
     append({"c", "b", "a", "d"});
     m_store.select(0, true);
     m_store.setFocus(1);
+    m_store.setAnchor(0);
     m_store.sort({0, Comparison::text, -1});
     EXPECT_EQ(m_store.selectedRows(), std::vector<std::size_t>{2});
     EXPECT_EQ(m_store.focusedRow(), 1U);
+    EXPECT_EQ(m_store.anchorRow(), 2U);
 
-    m_store.deleteItem(2);  // the list selects the row after it, until that is touched
-    EXPECT_TRUE(m_store.selected(2) && m_store.autoSelected(2));
-    m_store.select(2, true);
-    EXPECT_TRUE(m_store.selected(2) && !m_store.autoSelected(2));
+    m_store.deleteItem(2);  // the row after it takes its place
+    EXPECT_EQ(m_store.selectedRows(), std::vector<std::size_t>{2});
+    EXPECT_EQ(m_store.anchorRow(), 2U);
+    insert(0, "0");  // the slot is given again, and with it nothing of the selection
+    EXPECT_EQ(m_store.selectedRows(), std::vector<std::size_t>{3});
+    EXPECT_EQ(m_store.anchorRow(), 3U);
 
-    m_store.deleteItem(2);  // the last row: none is selected
+    m_store.deleteItem(3);  // the last row: none is selected
     EXPECT_EQ(m_store.selectedCount(), 0U);
-    m_store.deleteItem(1);  // it had the focus and was the last
-    EXPECT_EQ(m_store.focusedRow(), 0U);
+    EXPECT_EQ(m_store.anchorRow(), 2U);
+    m_store.deleteItem(2);  // it had the focus and was the last
+    EXPECT_EQ(m_store.focusedRow(), 1U);
 
     m_store.select(0, true);
     filter("x");
     filter("");
     EXPECT_EQ(m_store.selectedCount(), 0U);
     EXPECT_EQ(m_store.focusedRow(), std::nullopt);
+    EXPECT_EQ(m_store.anchorRow(), std::nullopt);
 }
 
 TEST_F(RecordStoreTest, DistinctValuesComeInOrderOfFirstAppearance) {

@@ -9,7 +9,8 @@
 
 class ViewRecorder final : public WorkbenchView {
 public:
-    std::vector<std::string> events;  // "rows", "empty details", "show details", "edits sent"
+    std::vector<std::string> events;  // "rows", "empty details", "show details", "show again" ...
+    DetailsCaption caption;
     std::vector<DetailGroup> shown;
     std::function<void()> whenDetailsEmpty = [] {};
 
@@ -18,9 +19,11 @@ public:
         events.emplace_back("empty details");
         whenDetailsEmpty();
     }
-    void showDetails(std::vector<DetailGroup> groups) override {
-        events.emplace_back("show details");
-        for (DetailGroup& group : groups) shown.push_back(std::move(group));
+    void showDetails(std::vector<DetailGroup> groups, bool anotherChange) override {
+        events.emplace_back(anotherChange ? "show details" : "show again");
+        shown = std::move(groups);
     }
     void editsSent() override { events.emplace_back("edits sent"); }
+    void editsDropped() override { events.emplace_back("edits dropped"); }
+    void captionDetails(const DetailsCaption& now) override { caption = now; }
 };

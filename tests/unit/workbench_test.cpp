@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
+#include <set>
+#include <sstream>
 
 #include "console/model/authorization_server.h"
 #include "tests/unit/detail_lines.h"
@@ -27,6 +30,25 @@ protected:
         fields.insert(fields.end(), more.begin(), more.end());
         const auto message = makeMessage(fields);
         host.control().receiver->onMessage(0, 0, message.handle(), nullptr);
+    }
+
+    // See ShowsOnlyAnswersForTheChangeThatIsLookedAt.
+    void take(const std::string& step) {
+        std::istringstream words(step);
+        std::string verb, kind, key;
+        words >> verb;
+        const bool changed = verb == "new";
+        if (changed) words >> verb;
+        if (verb == "answer" || verb == "error") words >> kind;
+        words >> key;
+        if (verb == "open") return workbench->showDetails(*workbench->changes().findRecord(key));
+        if (verb == "again")
+            return workbench->handlePublished(publication("auth pending", key).handle());
+        FieldTexts fields{{MNM_USER, "DLR101"}, {30001, changed ? "Usha" : "Asha"}};
+        if (kind == "limits") fields = {{MNM_ACCOUNT_ID, "C1"}, {64031, changed ? "1600" : "1500"}};
+        if (!key.empty()) fields.push_back({MNM_AUTHORIZATION_KEY, key});
+        if (verb == "error") fields.push_back({MNM_ERROR, "no such change"});
+        answer("om_get_auth_" + kind + "_details", fields);
     }
 
     FakeHost host;
@@ -60,51 +82,127 @@ TEST_F(WorkbenchTest, AsksForTheDetailsOfAChangeByItsKind) {
     }
 }
 
-TEST_F(WorkbenchTest, ARefusedDetailRequestEmptiesTheDetailsUnlessItIsLate) {
-    const std::string request = "om_get_auth_user_details";
-    const sMakeCheckStruct& first = list("1001", "339");
-    const sMakeCheckStruct& second = list("1002", "339");
-    const FieldText error{MNM_ERROR, "No such change"};
-    workbench->showDetails(first);
-    workbench->showDetails(second);
-    view.events.clear();
-
-    answer(request, {error, {MNM_AUTHORIZATION_KEY, "1001"}});
-    EXPECT_EQ(view.events, Lines{}) << "another change is on show by now";
-    answer(request, {error, {MNM_AUTHORIZATION_KEY, "1002"}});
-    EXPECT_EQ(view.events, Lines{"empty details"});
-
-    workbench->showDetails(first);
-    view.events.clear();
-    answer("om_get_auth_account_details", {error});
-    EXPECT_EQ(view.events, Lines{"empty details"}) << "an error without a key is never late";
-    EXPECT_EQ(host.beeps, 2) << "only the two publications";
+// What happened: "open KEY", "answer KIND KEY", "error KIND KEY" (without KEY the message names
+// none), "again KEY" (published again), and "new answer KIND KEY" with another value.
+TEST_F(WorkbenchTest, ShowsOnlyAnswersForTheChangeThatIsLookedAt) {
+    const std::string title = "Maker Checker Details: DLR101, ";
+    const std::string user1 = title + "ADD USER, 1001", user2 = title + "ADD USER, 1002";
+    const Lines shown{"show details"}, nothing;
+    const struct {
+        const char* name;
+        Lines road;  // what came before
+        const char* last;
+        Lines events;  // of the last step
+        std::string title;
+    } cases[] = {
+        {"none is looked at", {}, "answer user", nothing, "Maker Checker Details"},
+        {"its own", {"open 1001"}, "answer user 1001", shown, user1},
+        {"without a key", {"open 1001"}, "answer user", shown, user1},
+        {"late", {"open 1001", "open 1002"}, "answer user 1001", nothing, user2},
+        {"of another kind", {"open 1001"}, "answer limits 1001", nothing, user1},
+        {"of another kind without a key", {"open 1001"}, "answer limits", nothing, user1},
+        {"without a key, an older one is awaited",
+         {"open 1001", "open 1002"},
+         "answer user",
+         nothing,
+         user2},
+        {"without a key, the older one is answered",
+         {"open 1001", "open 1002", "answer user"},
+         "answer user",
+         shown,
+         user2},
+        {"without a key, the older one is of another kind",
+         {"open 1001", "open 1003"},
+         "answer limits",
+         shown,
+         "Maker Checker Details: Dealer - DLR101, RMS Limits, 1003"},
+        {"without a key, opened twice", {"open 1001", "open 1001"}, "answer user", shown, user1},
+        {"a second answer",
+         {"open 1001", "answer user 1001"},
+         "answer user 1001",
+         {"show again"},
+         user1},
+        {"an error",
+         {"open 1001"},
+         "error user 1001",
+         {"empty details"},
+         user1 + " (not shown: no such change)"},
+        {"an error without a key",
+         {"open 1001"},
+         "error user",
+         {"empty details"},
+         user1 + " (not shown: no such change)"},
+        {"a late error", {"open 1001", "open 1002"}, "error user 1001", nothing, user2},
+        {"an older error without a key", {"open 1001", "open 1002"}, "error user", nothing, user2},
+        {"an error of another kind", {"open 1001"}, "error limits", nothing, user1},
+        {"an error of the first of two requests",
+         {"open 1001", "open 1001"},
+         "error user 1001",
+         nothing,
+         user1},
+        {"published again",
+         {"open 1001", "answer user 1001"},
+         "again 1001",
+         {"rows"},
+         user1 + " (published again, asking for it)"},
+        {"again and the same",
+         {"open 1001", "answer user 1001", "again 1001"},
+         "answer user 1001",
+         {"show again"},
+         user1},
+        {"again and another",
+         {"open 1001", "answer user 1001", "again 1001"},
+         "new answer user 1001",
+         {"show again"},
+         user1 + " (changed since you opened it)"},
+        {"another change again", {"open 1001", "answer user 1001"}, "again 1002", {"rows"}, user1},
+        {"opened anew",
+         {"open 1001", "answer user", "again 1001", "new answer user"},
+         "open 1001",
+         {"empty details"},
+         user1},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        workbench = std::make_unique<Workbench>(host, view);
+        list("1001", "339");
+        list("1002", "339");
+        list("1003", "360");
+        for (const std::string& step : each.road) take(step);
+        view.events.clear();
+        take(each.last);
+        EXPECT_EQ(view.events, each.events);
+        EXPECT_EQ(view.caption.title, each.title);
+    }
 }
 
-TEST_F(WorkbenchTest, ShowsAnswersForTheChangeAskedForLast) {
-    const FieldText user{MNM_USER, "DLR101"}, client{MNM_ACCOUNT_ID, "C1"}, name{30001, "Asha"};
-    answer("om_get_auth_user_details", {user, name});
-    EXPECT_EQ(view.events, Lines{}) << "none is asked for";
+TEST_F(WorkbenchTest, AsksAgainOnceForDetailsThatArePublishedAgainWhileTheyAreAwaited) {
+    list("1001", "339");
+    for (const char* step : {"open 1001", "again 1001", "again 1001"}) take(step);
+    EXPECT_EQ(host.control().sent.size(), 1u);
+    take("answer user 1001");
+    EXPECT_EQ(host.control().sent.size(), 2u);
+    take("answer user 1001");
+    EXPECT_EQ(host.control().sent.size(), 2u);
+}
 
-    workbench->showDetails(list("1001", "339"));
-    workbench->showDetails(list("1002", "353"));
-    view.events.clear();
-    answer("om_get_auth_user_details", {{MNM_AUTHORIZATION_KEY, "1001"}, user, name});
-    EXPECT_EQ(view.events, Lines{}) << "late";
-    const FieldTexts details{{MNM_AUTHORIZATION_KEY, "1002"}, client, {54002, "Meera"}};
-    answer("om_get_auth_account_details", details);
-    EXPECT_EQ(linesOf(view.shown), (Lines{"[General]", "Client Id: C1", "Client Name: Meera"}));
-
-    // A second answer stands in place of the first.
-    view.events.clear();
-    answer("om_get_auth_account_details", details);
-    EXPECT_EQ(view.events, (Lines{"empty details", "show details"}));
-
-    FieldTexts refused = details;
-    refused.push_back({MNM_ERROR, kUnreadable});
-    view.events.clear();
-    answer("om_get_auth_account_details", refused);
-    EXPECT_EQ(view.events, Lines{"empty details"}) << "an error beside data";
+TEST_F(WorkbenchTest, AnEmptyListSaysWhy) {
+    list("1001", "339");
+    list("1004", "365");
+    const std::pair<const char*, std::string> steps[] = {
+        {nullptr, "Double-click a change, or press Enter on it, to see its details"},
+        {"open 1001", "Waiting for the details of DLR101, ADD USER, 1001"},
+        {"error user 1001", "No details of DLR101, ADD USER, 1001: no such change"},
+        {"open 1004", "DLR101, DELETE USER, 1004: changes of this kind have no details"},
+    };
+    for (const auto& [step, text] : steps) {
+        if (step != nullptr) take(step);
+        EXPECT_EQ(view.caption.emptyText, text);
+    }
+    host.control().works = false;
+    take("open 1001");
+    EXPECT_EQ(view.caption.emptyText,
+              "The details of DLR101, ADD USER, 1001 could not be asked for");
 }
 
 TEST_F(WorkbenchTest, AsksTheModifyRightForEachAnswer) {
@@ -121,46 +219,195 @@ TEST_F(WorkbenchTest, AsksTheModifyRightForEachAnswer) {
     }
 }
 
-TEST_F(WorkbenchTest, EditsLiveAsLongAsTheDetailsTheyWereTypedInto) {
-    const FieldTexts limits{{MNM_ACCOUNT_ID, "C1"}, {64031, "1500"}};
-    const auto sentBy = [&](auto press) {
+// A limits change is looked at, and one of its values was edited.
+class EditedLimits : public WorkbenchTest {
+protected:
+    EditedLimits() {
+        list("1001", "339");
+        list("1003", "360");
+        select({"1003"});
+        take("open 1003");
+        take("answer limits 1003");
+        workbench->valueEdited(64031, "1700");
         host.control().sent.clear();
-        press();
-        return host.control().sent;
+        view.events.clear();
+        host.said.clear();
+    }
+
+    void select(const std::set<std::string>& keys) {
+        RecordStore& rows = workbench->changes().rows();
+        for (std::size_t row = 0; row < rows.rowCount(); ++row)
+            rows.select(row, keys.contains(workbench->changes().at(row).key));
+        workbench->selectionMade();
+    }
+    std::vector<sMakeCheckStruct*> selected() { return workbench->changes().selectedRecords(); }
+    Lines requests() {
+        Lines names;
+        for (const SentMessage& message : host.control().sent) names.push_back(message[0].second);
+        return names;
+    }
+    // What an update sends of the edited value; empty: nothing.
+    std::string update() {
+        host.control().sent.clear();
+        workbench->update();
+        if (host.control().sent.empty()) return "";
+        EXPECT_EQ(host.control().sent[0][2].second, "1003");
+        return host.control().sent[0].back().second;
+    }
+    const sMCListStruct& row() { return view.shown.back().rows.back(); }
+};
+
+TEST_F(EditedLimits, NothingThatLeavesThemBehindGoesUnasked) {
+    const std::string edits =
+        "question 1 edited value of Dealer - DLR101, RMS Limits, 1003 has not been sent.";
+    const std::string decide = "om_authenticate_functionality";
+    const struct {
+        const char* name;
+        std::function<void()> press;
+        std::string question;
+        Lines requests;  // after Yes
+        bool drops;
+    } cases[] = {
+        {"accept",
+         [&] { workbench->accept(selected()); },
+         "Accept without sending?",
+         {decide},
+         false},
+        {"reject",
+         [&] { workbench->reject(selected(), [] { return "no"; }); },
+         "Reject without sending?",
+         {decide},
+         false},
+        {"recover",
+         [&] { workbench->recover(); },
+         "Recover and drop them?",
+         {"om_get_functionality_details"},
+         true},
+        {"open another",
+         [&] { take("open 1001"); },
+         "Drop them and open DLR101, ADD USER, 1001?",
+         {"om_get_auth_user_details"},
+         true},
+        {"drop", [&] { workbench->dropEdits(); }, "Drop them?", {}, true},
     };
-    const auto update = [&] { workbench->update(); };
-    EXPECT_EQ(workbench->valueEdited(64031, "1"), std::nullopt) << "no details are on show";
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        host.answersYes = false;
+        each.press();
+        EXPECT_EQ(host.takeSaid(), Lines{edits + "\n\n" + each.question});
+        EXPECT_EQ(requests(), Lines{});
+        host.answersYes = true;
+        each.press();
+        EXPECT_EQ(requests(), each.requests);
+        EXPECT_EQ(update(), each.drops ? "" : "1700.00");
+        take("open 1003");
+        take("answer limits 1003");
+        workbench->valueEdited(64031, "1700");
+        host.takeSaid();
+        host.control().sent.clear();
+    }
+    select({});
+    workbench->accept(selected());
+    EXPECT_EQ(host.said, Lines{}) << "nothing to accept, nothing to ask";
+}
 
-    const sMakeCheckStruct& record = list("1001", "360");
-    workbench->showDetails(record);
-    EXPECT_EQ(workbench->valueEdited(64031, "1"), "1.00");
+TEST_F(EditedLimits, ADecisionIsOfWhatWasSelectedAtThePress) {
+    host.answersYes = true;
+    host.whileBoxIsOpen = [&] {  // decided elsewhere: the list selects the row after it
+        workbench->handlePublished(publication("accepted", "1001").handle());
+    };
+    select({"1001"});
+    workbench->accept(selected());
+    EXPECT_EQ(requests(), Lines{});
+    EXPECT_TRUE(workbench->changes().selected("1003"));
+
+    list("1001", "339");
+    select({"1001"});
+    host.takeSaid();
+    workbench->reject(selected(), [&] {
+        workbench->handlePublished(publication("accepted", "1001").handle());
+        return "no";
+    });
+    EXPECT_EQ(requests(), Lines{});
+}
+
+TEST_F(EditedLimits, SelectingAnotherChangeEmptiesDetailsUnlessTheyHoldEdits) {
+    select({"1001", "1003"});
+    EXPECT_FALSE(view.caption.dimmed);
+    select({"1001"});
+    EXPECT_TRUE(view.caption.dimmed);
+    EXPECT_EQ(view.caption.title,
+              "Maker Checker Details: Dealer - DLR101, RMS Limits, 1003 - not selected, 1 unsent");
+    select({"1003"});
+    EXPECT_FALSE(view.caption.dimmed);
+    EXPECT_EQ(view.events, Lines{});
+
+    select({"1001"});
+    EXPECT_EQ(update(), "1700.00");
+    EXPECT_EQ(view.events, (Lines{"edits sent", "empty details"}));
+    EXPECT_EQ(view.caption.title, "Maker Checker Details");
+
+    select({"1003"});
+    take("open 1003");
+    take("answer limits 1003");
+    view.events.clear();
+    select({"1001", "1003"});
+    select({});
+    EXPECT_EQ(view.events, Lines{});
+    select({"1001"});
+    EXPECT_EQ(view.events, Lines{"empty details"});
+}
+
+TEST_F(EditedLimits, StayInTheRowsOfALaterAnswer) {
+    take("answer limits 1003");
+    EXPECT_EQ(row().value, "1700.00");
+    EXPECT_EQ(row().received, "1500.00");
+    EXPECT_TRUE(row().edited);
+    EXPECT_FALSE(row().overOlder);
+
+    for (const char* step : {"again 1003", "new answer limits 1003"}) take(step);
+    EXPECT_EQ(row().value, "1700.00");
+    EXPECT_EQ(row().received, "1600.00");
+    EXPECT_TRUE(row().overOlder);
+
+    take("again 1003");
+    answer("om_get_auth_limits_details", {{MNM_ACCOUNT_ID, "C1"}, {64164, "5"}});
+    EXPECT_EQ(row().value, "1700.00") << "what an update sends is always visible";
+    EXPECT_EQ(row().caption, "Cash Margin");
+
+    for (const char* step : {"again 1003", "error limits 1003"}) take(step);
+    EXPECT_EQ(view.events.back(), "rows") << "an error takes no edits away";
+    EXPECT_EQ(update(), "1700.00");
+}
+
+TEST_F(EditedLimits, AreSpelledReplacedSentAndForgotten) {
     EXPECT_EQ(workbench->valueEdited(0, "1"), std::nullopt) << "a row without a field";
-    answer("om_get_auth_limits_details", limits);  // a second answer
-    EXPECT_EQ(sentBy(update), std::vector<SentMessage>{});
-    workbench->valueEdited(64031, "1");
-    workbench->showDetails(record);
-    EXPECT_EQ(sentBy(update), std::vector<SentMessage>{});
-
     // Choices are no numbers; the last edit of a field counts; what left is gone.
     EXPECT_EQ(workbench->choiceMade(64037, "D"), "D");
-    workbench->valueEdited(64031, "1e999");
-    workbench->valueEdited(64031, "7");
+    EXPECT_EQ(workbench->valueEdited(64031, "1e999"), std::nullopt);
     workbench->valueEdited(64031, "12.345");
-    view.events.clear();
     host.control().works = false;
-    update();
+    workbench->update();
     EXPECT_EQ(view.events, Lines{}) << "a failed update leaves the edits";
     host.control().works = true;
-    EXPECT_EQ(sentBy(update), (std::vector<SentMessage>{{{0, "om_authenticate_functionality"},
-                                                         {54294, "CHECK01"},
-                                                         {51803, "1001"},
-                                                         {63713, "360"},
-                                                         {10303, "accepted"},
-                                                         {64031, "12.35"},
-                                                         {64037, "no"}}}));
+    workbench->update();
+    EXPECT_EQ(host.control().sent.back(), (SentMessage{{0, "om_authenticate_functionality"},
+                                                       {54294, "CHECK01"},
+                                                       {51803, "1003"},
+                                                       {63713, "360"},
+                                                       {10303, "accepted"},
+                                                       {64031, "12.35"},
+                                                       {64037, "no"}}));
     EXPECT_EQ(view.events, Lines{"edits sent"});
-    EXPECT_EQ(sentBy(update), std::vector<SentMessage>{});
-    EXPECT_EQ(view.events, Lines{"edits sent"});
+    EXPECT_EQ(update(), "");
+    take("again 1003");
+    take("answer limits 1003");
+    EXPECT_FALSE(row().edited);
+
+    workbench->valueEdited(64031, "3");
+    workbench->handlePublished(publication("rejected", "1003").handle());
+    EXPECT_EQ(update(), "");
+    EXPECT_EQ(workbench->valueEdited(64031, "1"), std::nullopt) << "no details are visible";
 }
 
 TEST_F(WorkbenchTest, TheOutcomeOfTheChangeOnShowEmptiesTheDetails) {
@@ -273,7 +520,7 @@ TEST_F(WorkbenchAtServer, AnAcceptedChangeIsDecidedAndItsRowGoes) {
 
 TEST_F(WorkbenchAtServer, ARejectionCarriesItsReason) {
     const std::string key = submit("366", "RETAIL", "DLR101", "CL5");
-    workbench->reject(rows(), "not agreed");
+    workbench->reject(rows(), [] { return "not agreed"; });
     deliverAll();
     EXPECT_EQ(workbench->changes().size(), 0u);
     EXPECT_EQ(server.decision(key), (zek::Decision{false, "CHECK01", "not agreed"}));
@@ -315,7 +562,6 @@ TEST_F(WorkbenchAtServer, AnUpdateShowsInTheNextDetails) {
     server.submit(change);
     deliverAll();
     const auto details = [&] {
-        view.shown.clear();
         workbench->showDetails(*rows().front());
         deliverAll();
         return linesOf(view.shown);

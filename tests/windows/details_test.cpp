@@ -2,7 +2,6 @@
 // and sending it.
 #include <gtest/gtest.h>
 
-#include "sdk/connectvosk.h"
 #include "tests/windows/test_host.h"
 
 namespace {
@@ -21,20 +20,6 @@ Texts lines() {
         all.push_back(cells[0] + "|" + cells[1] + "|" + cells[2]);
     }
     return all;
-}
-
-void answer(const Fields& fields) {
-    void* message = nullptr;
-    void* scratch = nullptr;
-    otp_ctor_primecb(&message, nullptr);
-    otp_open_scratch(&scratch, 256, nullptr);
-    otp_start_msg(message, scratch, nullptr);
-    for (const auto& [id, text] : fields)
-        otp_add_data_as_cstring(message, id, 1, text.c_str(), nullptr);
-    host().receiver->onMessage(0, 0, message, nullptr);
-    otp_dtor_primecb(message, nullptr);
-    otp_close_scratch(scratch, nullptr);
-    pump();
 }
 
 Fields limitsAnswer(const std::string& key) {

@@ -388,6 +388,20 @@ Fields outcome(const std::string& key, const std::string& status) {
     return {{54211, status}, {51803, key}};
 }
 
+void answer(const Fields& fields) {
+    void* message = nullptr;
+    void* scratch = nullptr;
+    otp_ctor_primecb(&message, nullptr);
+    otp_open_scratch(&scratch, 256, nullptr);
+    otp_start_msg(message, scratch, nullptr);
+    for (const auto& [id, text] : fields)
+        otp_add_data_as_cstring(message, id, 1, text.c_str(), nullptr);
+    host().receiver->onMessage(0, 0, message, nullptr);
+    otp_dtor_primecb(message, nullptr);
+    otp_close_scratch(scratch, nullptr);
+    pump();
+}
+
 std::string sentField(const Fields& message, int mnemonic) {
     for (const auto& [id, text] : message)
         if (id == mnemonic) return text;

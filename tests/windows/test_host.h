@@ -164,6 +164,9 @@ void doubleClick(HWND list, int row);
 Fields pending(const std::string& key, const std::string& code, Fields more = {});
 Fields outcome(const std::string& key, const std::string& status);
 
+// Hands the plug-in an answer to a request of its.
+void answer(const Fields& fields);
+
 // The values of a field in what was sent, in order.
 std::string sentField(const Fields& message, int mnemonic);
 

@@ -12,6 +12,12 @@ sMakeCheckStruct* PendingChanges::findRecord(std::string_view key) const {
     return m_index.find(key);
 }
 
+bool PendingChanges::selected(std::string_view key) const {
+    const Entry* const found = m_index.find(key);
+    const auto row = found != nullptr ? m_rows.rowOf(found->slot) : std::nullopt;
+    return row && m_rows.selected(*row);
+}
+
 void PendingChanges::addRecord(std::unique_ptr<Entry> record) {
     Entry& entry = *record;
     if (!m_index.insert(entry)) return;
@@ -44,6 +50,6 @@ void PendingChanges::clearAllRecords() {
 std::vector<sMakeCheckStruct*> PendingChanges::selectedRecords() const {
     std::vector<sMakeCheckStruct*> records;
     for (const std::size_t row : m_rows.selectedRows())
-        if (!m_rows.autoSelected(row)) records.push_back(&recordOf(m_rows.slotAt(row)));
+        records.push_back(&recordOf(m_rows.slotAt(row)));
     return records;
 }

@@ -32,13 +32,16 @@ public:
 
     // The rows of the main list: which records show, in which order, and which are selected.
     RecordStore& rows() { return m_rows; }
+    const RecordStore& rows() const { return m_rows; }
 
-    // The records that the checker selected, in row order. A row that the list selected by itself,
-    // when the one before it went, is not among them until the checker has touched it.
+    // The records whose rows are selected, in row order.
     std::vector<sMakeCheckStruct*> selectedRecords() const;
 
     // The record under `key`, or null.
     sMakeCheckStruct* findRecord(std::string_view key) const;
+
+    // Whether the row of the record under `key` is selected.
+    bool selected(std::string_view key) const;
 
     // Indexes the record under its key and appends its row; a key that is indexed already adds
     // nothing.

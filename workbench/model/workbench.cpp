@@ -6,19 +6,20 @@
 #include "details/model/limit_edits.h"
 #include "link/model/functionality.h"
 #include "link/model/mnemonics.h"
-#include "workbench/model/shown_details.h"
 
 Workbench::Workbench(Host& host, WorkbenchView& view)
     : m_host(host),
       m_view(view),
       m_changes(view),
-      m_intake(host, m_changes, m_details, view),
+      m_intake(host, m_changes, *this),
       m_link(std::make_unique<serverLink>(host, *this)),
-      m_requests(host, *m_link, m_details) {}
+      m_requests(host, *m_link, m_details.asked()) {
+    caption();
+}
 
 Workbench::~Workbench() {
     m_changes.clearAllRecords();
-    emptyDetails(m_details, m_view);
+    emptyDetails();
     m_link.reset();
 }
 
@@ -26,29 +27,137 @@ void Workbench::handlePublished(void* message) {
     if (message != nullptr) m_intake.handle(FieldReader(message));
 }
 
+// ---- Details ----
+
+// The one way in which details leave the screen: whose they were is forgotten with them, and so are
+// the edits that were not sent. An edit never outlives the sight of its value.
+void Workbench::emptyDetails() {
+    m_details.forget();
+    m_view.emptyDetails();
+    caption();
+}
+
 void Workbench::showDetails(const sMakeCheckStruct& record) {
-    const Functionality* kind = findFunctionality(record.functionalityCode);
-    const std::string key = record.key;  // a message box may let the record go
-    emptyDetails(m_details, m_view);
-    if (kind != nullptr) m_requests.requestDetails(kind->details, key);
+    const PendingChanges::Hold hold(m_changes);
+    if (m_details.editCount() != 0 &&
+        (!mayLeaveEdits("Drop them and open " + ShownDetails::nameOf(record) + "?") ||
+         !hold.pending(record)))
+        return;
+    m_details.open(record);
+    m_details.setDimmed(unselected());
+    m_view.emptyDetails();
+    caption();
+    if (m_details.kind() != DetailKind::none) askForDetails();
+}
+
+void Workbench::askForDetails() {
+    m_details.requested();
+    caption();
+    const std::string key = m_details.key().value_or("");
+    if (m_requests.requestDetails(m_details.kind(), key) == 0) m_details.notSent();
+    caption();
+}
+
+// Edits that were not sent stay, in the rows of the new answer.
+void Workbench::details(DetailKind kind, const FieldReader& answer) {
+    if (!m_details.takes(kind, answer.text(MNM_AUTHORIZATION_KEY))) return;
+    std::vector<DetailGroup> groups = kind == DetailKind::user ? BuildUserDetails(answer)
+                                      : kind == DetailKind::account
+                                          ? BuildClientDetails(answer)
+                                          : BuildLimitsDetails(answer, mayModify());
+    const bool another = m_details.shown(groups);
+    m_view.showDetails(std::move(groups), another);
+    caption();
+    if (m_details.askAgain()) askForDetails();
+}
+
+void Workbench::detailsRefused(DetailKind kind, const FieldReader& answer) {
+    if (!m_details.takes(kind, answer.text(MNM_AUTHORIZATION_KEY)) || m_details.awaited()) return;
+    m_details.refused(answerError(answer).value_or(AnswerError{}));
+    if (m_details.editCount() == 0) m_view.emptyDetails();
+    caption();
+}
+
+void Workbench::recovered(const FieldReader& answer) {
+    m_intake.handle(answer);
+}
+
+void Workbench::publishedAgain(const sMakeCheckStruct& record) {
+    if (m_details.key() != record.key) return;
+    const DetailKind before = m_details.kind();
+    const bool ask = m_details.publishedAgain(record);
+    if (m_details.kind() != before) return emptyDetails();  // it is another change by now
+    if (ask) askForDetails();
+    caption();
+}
+
+void Workbench::changeEnded(const std::string& key) {
+    if (m_details.key() == key)
+        emptyDetails();
+    else
+        selectionMoved();
+}
+
+// Whether other changes are selected than the one that is looked at.
+bool Workbench::unselected() const {
+    return m_details.key() && m_changes.rows().selectedCount() != 0 &&
+           !m_changes.selected(*m_details.key());
+}
+
+void Workbench::selectionMade() {
+    if (unselected() && m_details.editCount() == 0) return emptyDetails();
+    selectionMoved();
+}
+
+void Workbench::selectionMoved() {
+    if (m_details.setDimmed(unselected())) caption();
+}
+
+// ---- Decisions ----
+
+// Asks whether edits that were not sent may be left behind. True when there are none.
+bool Workbench::mayLeaveEdits(const std::string& question) {
+    if (m_details.editCount() == 0) return true;
+    const bool one = m_details.editCount() == 1;
+    return m_host.confirm(m_details.editsText() + (one ? " has" : " have") + " not been sent.\n\n" +
+                          question);
 }
 
 void Workbench::accept(SelectedRecords selected) {
-    acceptSelected(selected, m_changes, m_requests, m_host);
+    const PendingChanges::Hold hold(m_changes);
+    if (!selected.empty() && mayLeaveEdits("Accept without sending?"))
+        acceptSelected(selected, m_changes, m_requests, m_host);
 }
 
-void Workbench::reject(SelectedRecords selected, const std::string& reason) {
-    rejectSelected(selected, reason, m_changes, m_requests);
+void Workbench::reject(SelectedRecords selected, const AskReason& askReason) {
+    const PendingChanges::Hold hold(m_changes);
+    if (selected.empty() || mayLeaveEdits("Reject without sending?"))
+        rejectSelected(selected, askReason(), m_changes, m_requests);
 }
 
 void Workbench::update() {
-    if (m_requests.sendLimitsUpdate() != 0) m_view.editsSent();
+    if (m_requests.sendLimitsUpdate() == 0) return;
+    m_details.editsEnded();
+    m_view.editsSent();
+    caption();
+    selectionMade();
 }
 
 void Workbench::recover() {
-    emptyDetails(m_details, m_view);
+    if (!mayLeaveEdits("Recover and drop them?")) return;
+    emptyDetails();
     m_requests.sendRecovery();
 }
+
+void Workbench::dropEdits() {
+    if (m_details.editCount() == 0 || !mayLeaveEdits("Drop them?")) return;
+    m_details.editsEnded();
+    m_view.editsDropped();
+    caption();
+    selectionMade();
+}
+
+// ---- Edits ----
 
 std::optional<std::string> Workbench::valueEdited(int mnemonic, const std::string& typed) {
     return keepEdit(mnemonic, spellLimit(mnemonic, typed));
@@ -59,45 +168,13 @@ std::optional<std::string> Workbench::choiceMade(int mnemonic, const std::string
 }
 
 std::optional<std::string> Workbench::keepEdit(int mnemonic, std::optional<std::string> value) {
-    if (mnemonic == 0 || !m_details.key || !value) return std::nullopt;
-    return m_details.modifiedValues[mnemonic] = *std::move(value);
-}
-
-// An answer for another change than the one asked for last came too late to be shown, and so did
-// one that names no change while none is asked for.
-bool Workbench::late(const FieldReader& answer) const {
-    const auto key = answer.text(MNM_AUTHORIZATION_KEY);
-    return !m_details.key || (key && m_details.key != *key);
-}
-
-void Workbench::detailsRefused(const FieldReader& answer) {
-    if (!late(answer)) emptyDetails(m_details, m_view);
-}
-
-// A second answer for the change on show replaces the rows of the first, and the edits in them.
-void Workbench::show(std::vector<DetailGroup> groups) {
-    m_details.modifiedValues.clear();
-    m_view.emptyDetails();
-    m_view.showDetails(std::move(groups));
+    if (mnemonic == 0 || !m_details.asked().key || !value) return std::nullopt;
+    m_details.keepEdit(mnemonic, *value);
+    caption();
+    return value;
 }
 
 bool Workbench::mayModify() const {
     auto* const holdsRight = m_host.modifyRightService();
     return holdsRight != nullptr && holdsRight() != 0;
-}
-
-void Workbench::limitsDetails(const FieldReader& answer) {
-    if (!late(answer)) show(BuildLimitsDetails(answer, mayModify()));
-}
-
-void Workbench::userDetails(const FieldReader& answer) {
-    if (!late(answer)) show(BuildUserDetails(answer));
-}
-
-void Workbench::accountDetails(const FieldReader& answer) {
-    if (!late(answer)) show(BuildClientDetails(answer));
-}
-
-void Workbench::recovered(const FieldReader& answer) {
-    m_intake.handle(answer);
 }

@@ -4,15 +4,18 @@
 // tested against the console's server. All on the user-interface thread.
 #pragma once
 
+#include <functional>
+
 #include "details/model/intake.h"
 #include "link/model/receiver.h"
 #include "link/model/requests.h"
 #include "link/model/server_link.h"
 #include "workbench/model/decisions.h"
 #include "workbench/model/pending_changes.h"
+#include "workbench/model/shown_details.h"
 #include "workbench/model/workbench_view.h"
 
-class Workbench final : public AnswerHandler {
+class Workbench final : public AnswerHandler, private IntakeListener {
 public:
     // Opens the server link, which may show message boxes. Both must outlive the object.
     Workbench(Host& host, WorkbenchView& view);
@@ -32,11 +35,25 @@ public:
     // Empties the details and asks for those of `record`, where its kind has any.
     void showDetails(const sMakeCheckStruct& record);
 
-    // The four buttons. `selected` is in row order.
+    // The checker's hand changed the selection. Details of a change that is not among the selected
+    // do not stay beside them, unless they hold unsent edits: then they are dimmed.
+    void selectionMade();
+
+    // The selection changed otherwise: rows went, or a filter hid some. Nothing is emptied.
+    void selectionMoved();
+
+    // The four buttons. `selected`, in row order, is what was selected at the press: a change that
+    // goes while a box is open is not decided, and none takes its place. Where edits are not sent,
+    // all but Update ask first; so do showDetails() and dropEdits().
     void accept(SelectedRecords selected);
-    void reject(SelectedRecords selected, const std::string& reason);
+    // An empty reason rejects nothing.
+    using AskReason = std::function<std::string()>;
+    void reject(SelectedRecords selected, const AskReason& askReason);
     void update();
     void recover();
+
+    // The edits that were not sent are given up.
+    void dropEdits();
 
     // A value of the limits on show was typed in, or chosen: it waits for the update, in place of
     // an earlier one of the same field. Returns the text that waits. None, and nothing is kept,
@@ -45,22 +62,26 @@ public:
     std::optional<std::string> valueEdited(int mnemonic, const std::string& typed);
     std::optional<std::string> choiceMade(int mnemonic, const std::string& chosen);
 
-    void detailsRefused(const FieldReader& answer) override;
-    void limitsDetails(const FieldReader& answer) override;
-    void userDetails(const FieldReader& answer) override;
-    void accountDetails(const FieldReader& answer) override;
+    void details(DetailKind kind, const FieldReader& answer) override;
+    void detailsRefused(DetailKind kind, const FieldReader& answer) override;
     void recovered(const FieldReader& answer) override;
 
 private:
-    bool late(const FieldReader& answer) const;
-    void show(std::vector<DetailGroup> groups);
+    void publishedAgain(const sMakeCheckStruct& record) override;
+    void changeEnded(const std::string& key) override;
+
+    bool unselected() const;
+    void emptyDetails();
+    void askForDetails();
+    bool mayLeaveEdits(const std::string& question);
+    void caption() { m_view.captionDetails(m_details.caption()); }
     bool mayModify() const;
     std::optional<std::string> keepEdit(int mnemonic, std::optional<std::string> value);
 
     Host& m_host;
     WorkbenchView& m_view;
     PendingChanges m_changes;
-    DetailsOnShow m_details;
+    ShownDetails m_details;
     Intake m_intake;
     std::unique_ptr<serverLink> m_link;
     Requests m_requests;

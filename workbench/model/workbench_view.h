@@ -1,22 +1,36 @@
 // What the workbench's rules tell the window that shows them.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "listctrl/model/detail_group.h"
 
-// Implemented by the pane, and by a recorder in the native tests. The records already stand as the
+// What the details list says about itself.
+struct DetailsCaption {
+    std::string title;      // of its strip: whose details these are, and what happened to them
+    std::string emptyText;  // in place of rows: why there are none
+    bool dimmed = false;    // other changes are selected than theirs
+};
+
+// Implemented by the pane, and by a recorder in the native tests. The records already are as the
 // call says; nothing here may call back into the workbench.
 class WorkbenchView {
 public:
     virtual void rowsChanged() = 0;   // a record came, changed or went
-    virtual void emptyDetails() = 0;  // no details are on show any more
+    virtual void emptyDetails() = 0;  // no details are visible any more
 
-    // Shows these groups behind those on show.
-    virtual void showDetails(std::vector<DetailGroup> groups) = 0;
+    // Shows these groups in place of those that are visible. `anotherChange`: the details visible
+    // last belonged to another change.
+    virtual void showDetails(std::vector<DetailGroup> groups, bool anotherChange) = 0;
 
     // The edited values have left: no row holds an unsent edit any more.
     virtual void editsSent() = 0;
+
+    // The edits are dropped: each edited row shows the value that was received.
+    virtual void editsDropped() = 0;
+
+    virtual void captionDetails(const DetailsCaption& caption) = 0;
 
 protected:
     ~WorkbenchView() = default;
