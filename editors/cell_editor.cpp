@@ -10,7 +10,19 @@ namespace {
 // comes from. wParam, lParam and result are not used.
 constexpr UINT kCheckFocus = WM_APP + 0x1C58;
 
+// The editor looks again later while the user is at something else.
+constexpr UINT_PTR kCheckTimer = 0xED17;
+constexpr UINT kCheckPause = 100;  // milliseconds
+
 constexpr int kLeastWidth = 60;
+
+// A button of the mouse is down, a menu or a dialog is open, the list is hidden, or another program
+// is in front: nothing may pop up now.
+bool userIsElsewhere(HWND editor) {
+    return GetAsyncKeyState(VK_LBUTTON) < 0 || GetAsyncKeyState(VK_RBUTTON) < 0 ||
+           GetCapture() != nullptr || GetActiveWindow() == nullptr ||
+           IsWindowEnabled(GetAncestor(editor, GA_ROOT)) == 0 || IsWindowVisible(editor) == 0;
+}
 
 }  // namespace
 
@@ -23,6 +35,7 @@ public:
 protected:
     const fw::MessageMap& messageMap() const override {
         static constexpr fw::MessageEntry entries[] = {
+            fw::observe<WM_SETFOCUS, &CControl::onFocus>(),
             fw::on<WM_KILLFOCUS, &CControl::onFocusLost>(),
             fw::offer<WM_CHAR, &CControl::onCharacter>(),
             fw::offer<WM_PASTE, &CControl::onPaste>(),
@@ -33,6 +46,7 @@ protected:
     }
 
 private:
+    void onFocus() { m_editor.m_owner.editorFocusChanged(); }
     // Last, the control being through with the message: the editor may end, and be destroyed.
     void onFocusLost() {
         controlDefault(WM_KILLFOCUS, reinterpret_cast<WPARAM>(GetFocus()), 0);
@@ -56,6 +70,7 @@ CCellEditor::~CCellEditor() {
 const fw::MessageMap& CCellEditor::baseMap() {
     static constexpr fw::MessageEntry entries[] = {
         fw::on<kCheckFocus, &CCellEditor::onCheckFocus>(),
+        fw::on<WM_TIMER, &CCellEditor::onCheckFocus>(),
         fw::observe<WM_DESTROY, &CCellEditor::onDestroy>(),
     };
     static constexpr fw::MessageMap map{nullptr, entries};
@@ -78,15 +93,17 @@ bool CCellEditor::open(HWND list, const RECT& cell, HFONT font, std::string_view
         room.bottom + scaled(m_kind.dropHeight), handle(), nullptr, fw::module(), nullptr);
     if (!m_control->subclass(made)) return false;
     SendMessageA(made, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    m_opened = text;
     fill(text);
-    place(cell);
+    m_textAtOpening = this->text();
+    moveTo(cell);
     SetFocus(made);
     select();
     return true;
 }
 
 // Over the cell, around its middle line, and not beyond the list's right side.
-void CCellEditor::place(const RECT& cell) {
+void CCellEditor::moveTo(const RECT& cell) {
     RECT list{}, window{};
     GetClientRect(GetParent(handle()), &list);
     GetWindowRect(handle(), &window);
@@ -117,7 +134,7 @@ int CCellEditor::textHeight() const {
 
 // ---- Ending ----
 
-bool CCellEditor::dialogKey(UINT key, bool shift) {
+bool CCellEditor::dialogKey(UINT key, bool shift, bool repeated) {
     static constexpr struct {
         UINT key;
         EditEnd plain, shifted;
@@ -129,6 +146,7 @@ bool CCellEditor::dialogKey(UINT key, bool shift) {
     const auto found = std::find_if(std::begin(keys), std::end(keys),
                                     [key](const auto& each) { return each.key == key; });
     if (found == std::end(keys)) return false;
+    if (repeated && key != VK_TAB) return true;
     if (key == VK_ESCAPE && dropped()) {
         closeDropped();
         SetFocus(control());
@@ -138,42 +156,50 @@ bool CCellEditor::dialogKey(UINT key, bool shift) {
     return true;
 }
 
-// Nothing of the editor is touched any more after Answer::destroyed.
+std::optional<std::string> CCellEditor::refused() const {
+    return unchanged() ? std::nullopt : refusal();
+}
+
+// The owner may destroy the editor.
 CCellEditor::Answer CCellEditor::ask(EditEnd how) {
-    if (m_asking || m_over || handle() == nullptr) return Answer::none;
+    if (m_over || handle() == nullptr) return Answer::over;
+    if (m_asking) return Answer::busy;
     m_asking = true;
-    const Answer answer = askWith(how);
-    if (answer == Answer::destroyed) return answer;
-    m_asking = false;
-    if (answer == Answer::over) close();
-    return answer;
-}
-
-CCellEditor::Answer CCellEditor::askWith(EditEnd how) {
+    if (how != EditEnd::cancel) finishTyping();
+    const bool stays = how != EditEnd::cancel && refused();
     const std::weak_ptr<const bool> life = m_life;
-    bool over = true;
-    if (how != EditEnd::cancel) {
-        finishTyping();
-        if (const auto message = refusal()) {
-            m_owner.editRefused(*message);
-            return life.expired() ? Answer::destroyed : Answer::refused;
-        }
-    }
-    over = m_owner.editEnding(how, text()) || how == EditEnd::cancel;
-    if (life.expired()) return Answer::destroyed;
-    return over ? Answer::over : Answer::refused;
+    if (!stays) m_owner.editEnding(how, unchanged() ? m_opened : text());
+    if (life.expired()) return Answer::over;
+    m_asking = false;
+    if (stays) return Answer::refused;
+    close();
+    return Answer::over;
 }
 
-bool CCellEditor::end(EditEnd how) {
-    const Answer answer = ask(how);
-    if (answer != Answer::refused) return answer != Answer::none;
+void CCellEditor::end(EditEnd how) {
+    if (ask(how) == Answer::refused) tell();
+}
+
+bool CCellEditor::leave(bool tell) {
+    const Answer answer = ask(EditEnd::commit);
+    if (answer == Answer::refused && tell) {
+        m_mustTell = true;
+        checkFocusLater();
+    }
+    return answer == Answer::over;
+}
+
+void CCellEditor::tell() {
+    const std::optional<std::string> message = refused();
+    if (!message) return;
+    const std::weak_ptr<const bool> life = m_life;
+    m_asking = true;
+    m_owner.editRefused(*message);
+    if (life.expired()) return;
+    m_asking = m_mustTell = false;
+    if (IsWindowVisible(handle()) == 0) return;
     SetFocus(control());
     select();
-    return false;
-}
-
-void CCellEditor::leave() {
-    if (ask(EditEnd::commit) == Answer::refused) ask(EditEnd::cancel);
 }
 
 void CCellEditor::close() {
@@ -187,11 +213,11 @@ void CCellEditor::close() {
 // A text that will be refused is told of later: a message box must not open inside the change of
 // the focus.
 void CCellEditor::focusLost() {
-    if (m_asking || m_over || owns(GetFocus())) return;
-    if (refusal())
-        checkFocusLater();
-    else
-        leave();
+    if (m_over) return;
+    const std::weak_ptr<const bool> life = m_life;
+    m_owner.editorFocusChanged();
+    if (life.expired() || m_asking || owns(GetFocus())) return;
+    if (!leave(false)) checkFocusLater();
 }
 
 void CCellEditor::checkFocusLater() const {
@@ -199,5 +225,11 @@ void CCellEditor::checkFocusLater() const {
 }
 
 void CCellEditor::onCheckFocus() {
-    if (!owns(GetFocus())) leave();
+    KillTimer(handle(), kCheckTimer);
+    if (m_over || m_asking) return;
+    if (owns(GetFocus()) && !(m_mustTell && refused())) return;
+    if (userIsElsewhere(handle()))
+        SetTimer(handle(), kCheckTimer, kCheckPause, nullptr);
+    else
+        end(EditEnd::commit);
 }

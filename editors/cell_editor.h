@@ -5,6 +5,9 @@
 // and its owner destroys it. The owner may do that at any time, from inside the calls of
 // CellEditorOwner too; an editor that is destroyed before it ended ends without a word.
 //
+// A text that is refused never ends an edit: the editor stays open, the user is told, and the focus
+// comes back to the text. A text that is as it was opened is never refused.
+//
 // The editor is a window of its own class that holds the control: what the control notifies
 // reaches the editor and not the list.
 #pragma once
@@ -27,15 +30,17 @@ enum class EditEnd {
 // The list that the editor stands in.
 class CellEditorOwner {
 public:
-    // The editor wants to end with `text`, which it does not refuse itself. True: the edit is over,
-    // and the editor hides as soon as this returns; if the focus is still in it, the list gets it.
-    // False: it stays open; a cancelled edit, or one that the focus has left, ends all the same.
-    // Runs inside changes of the focus: no message box here.
-    virtual bool editEnding(EditEnd end, const std::string& text) = 0;
+    // The edit is over, with `text`: what it was opened with when nothing changed. The editor hides
+    // as soon as this returns; if the focus is still in it, the list gets it. Runs inside changes
+    // of the focus: no message box here.
+    virtual void editEnding(EditEnd end, const std::string& text) = 0;
 
-    // The text cannot be taken, and `message` tells the user why; show it. The editor then stays
-    // open, or, when the focus had left it, is cancelled. Never runs inside a change of the focus.
+    // The text cannot be taken, and `message` tells the user why; show it. The editor stays open
+    // and then gets the focus. Never runs inside a change of the focus.
     virtual void editRefused(const std::string& message) = 0;
+
+    // The focus came into the editor or left it.
+    virtual void editorFocusChanged() {}
 
 protected:
     ~CellEditorOwner() = default;
@@ -56,13 +61,20 @@ public:
     virtual std::string text() const = 0;
 
     // Enter, Esc, Tab or Shift+Tab (`shift`) while the editor or a part of it has the focus: ends
-    // the edit. Esc with something dropped down closes only that. False: the key is not the
-    // editor's.
-    bool dialogKey(UINT key, bool shift);
+    // the edit. Esc with something dropped down closes only that. Of these keys only Tab does
+    // anything while it is held. False: the key is not the editor's.
+    bool dialogKey(UINT key, bool shift, bool repeated);
 
-    // Ends the edit as the focus going elsewhere does: commits; a text that is refused is cancelled
-    // after the message. For a list that scrolls or whose rows go. Does nothing once it is over.
-    void leave();
+    // Ends the edit as the focus going elsewhere does: commits. True: it is over. False: the text
+    // is refused, and the editor stays open; unless `tell` is false, the user is told as soon as
+    // what happens now is over.
+    bool leave(bool tell = true);
+
+    // Why the text would be refused now.
+    std::optional<std::string> refused() const;
+
+    // The cell is elsewhere now.
+    void moveTo(const RECT& cell);
 
     // True when `window` is the editor or a part of it.
     virtual bool owns(HWND window) const {
@@ -83,7 +95,7 @@ protected:
 
     HWND control() const;
     int textHeight() const;
-    bool end(EditEnd how);
+    void end(EditEnd how);
 
     // Looks whether the focus is still here, once what happens now is over.
     void checkFocusLater() const;
@@ -96,7 +108,7 @@ protected:
 
     virtual void select() {}
 
-    // Why the text cannot be taken.
+    // Why a text that was changed cannot be taken.
     virtual std::optional<std::string> refusal() const { return {}; }
 
     // Makes text() whole where the control keeps what is being typed to itself.
@@ -112,11 +124,11 @@ protected:
 
 private:
     class CControl;
-    enum class Answer { none, over, refused, destroyed };
+    enum class Answer { over, refused, busy };
 
-    void place(const RECT& cell);
+    bool unchanged() const { return text() == m_textAtOpening; }
     Answer ask(EditEnd how);
-    Answer askWith(EditEnd how);
+    void tell();
     void close();
     void focusLost();
     void onCheckFocus();
@@ -126,6 +138,9 @@ private:
     const ControlKind m_kind;
     std::unique_ptr<CControl> m_control;
     std::shared_ptr<const bool> m_life = std::make_shared<const bool>(true);  // dies with this
+    std::string m_opened;         // what the editor was opened with
+    std::string m_textAtOpening;  // what text() made of it
     bool m_asking = false;
+    bool m_mustTell = false;  // of the refused text, even while the focus is here
     bool m_over = false;
 };

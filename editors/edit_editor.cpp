@@ -28,8 +28,7 @@ CEditEditor::CEditEditor(CellEditorOwner& owner, std::string_view allowed)
     : CCellEditor(owner, {WC_EDITA, ES_AUTOHSCROLL, WS_BORDER, 0}), m_allowed(allowed) {}
 
 void CEditEditor::fill(std::string_view text) {
-    m_opened = text;
-    SetWindowTextA(control(), m_opened.c_str());
+    SetWindowTextA(control(), std::string(text).c_str());
     SendMessageA(control(), EM_SETLIMITTEXT, kLongestText, 0);
 }
 
@@ -52,7 +51,7 @@ std::string CEditEditor::text() const {
 // Text comes into an edit in more ways than keys and pasting; an input method's is one.
 std::optional<std::string> CEditEditor::refusal() const {
     const std::string typed = CEditEditor::text();
-    if (typed == m_opened || allAllowed(typed, m_allowed)) return {};
+    if (allAllowed(typed, m_allowed)) return {};
     return '"' + typed + "\" has characters that cannot be used here";
 }
 

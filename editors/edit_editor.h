@@ -27,5 +27,4 @@ private:
     bool fits(std::string_view pasted) const;
 
     std::string m_allowed;
-    std::string m_opened;
 };

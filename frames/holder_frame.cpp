@@ -203,6 +203,9 @@ void CVTHolderFrame::onPaint() {
     const RECT client = clientRect();
     FillRect(paint.dc(), &client, GetSysColorBrush(COLOR_3DFACE));
     const fw::SelectScope select(paint.dc(), font());
-    for (std::size_t i = 0; i < m_views.size(); ++i)
-        m_frames[i].draw(paint.dc(), m_views[i].title, GetFocus() == m_views[i].window);
+    const HWND focus = GetFocus();
+    for (std::size_t i = 0; i < m_views.size(); ++i) {
+        const HWND view = m_views[i].window;
+        m_frames[i].draw(paint.dc(), m_views[i].title, focus == view || IsChild(view, focus) != 0);
+    }
 }

@@ -1,18 +1,30 @@
-// Dialog keys for a modeless pane inside a host whose message loop knows nothing of it.
+// Keys and presses of a modeless pane inside a host whose message loop knows nothing of it.
 //
 // A host's loop calls no IsDialogMessage for a plug-in's pane, so Tab, Enter and Esc would do
-// nothing there. CKeyFilter watches the thread's message queue with a hook, and readdresses those
-// keys, when they are meant for a child of the pane, to the pane itself as kPaneKey. The host then
-// dispatches that like any other message; nothing runs inside the hook. Esc comes from any window
-// of the thread while the mouse is held by the pane or a window in it, so that it ends a drag.
+// nothing there, and its accelerators come before the keys of the pane's controls. CKeyFilter
+// watches the thread's message queue with a hook, and readdresses the pane's keys, when they are
+// meant for a child of the pane, to the pane itself as kPaneKey. The host then dispatches that like
+// any other message; the hook itself presses nothing.
+//
+// The pane's keys are: Tab, Enter, Esc, F6 and the arrows; those that press its buttons; and those
+// that the control with the focus claims. While Alt is down none is, because AltGr is Ctrl and Alt
+// and types characters. While a drop-down is open only Tab, Enter and Esc are, and while a menu is
+// open or a window is moved or sized none is. Esc comes from any window of the thread while the
+// mouse is held by the pane or a window in it, so that it ends a drag.
+//
+// The filter also drops what would press a button of the pane twice: the further presses of a
+// double-click, a repeated space, and the repetitions of a pane's key that a window opened by it
+// would get.
 #pragma once
 
 #include <windows.h>
 
+#include <functional>
 #include <span>
 
 #include "framework/handles.h"
 #include "framework/message_map.h"
+#include "framework/model/press_guard.h"
 
 namespace fw {
 
@@ -41,8 +53,11 @@ bool holdsMouse(HWND pane);
 // One per process at most: a second one, while the first lives, watches nothing.
 class CKeyFilter {
 public:
+    // Whether a control of the pane claims a key, with the modifiers that are down now.
+    using ClaimedBy = std::function<bool(HWND control, UINT key)>;
+
     // `actions` must outlive the filter.
-    explicit CKeyFilter(HWND pane, std::span<const ActionKey> actions = {});
+    explicit CKeyFilter(HWND pane, std::span<const ActionKey> actions = {}, ClaimedBy claimed = {});
     ~CKeyFilter();
     CKeyFilter(const CKeyFilter&) = delete;
     CKeyFilter& operator=(const CKeyFilter&) = delete;
@@ -50,10 +65,16 @@ public:
 private:
     static LRESULT CALLBACK hookProc(int code, WPARAM wParam, LPARAM lParam) noexcept;
 
-    bool takes(const MSG& message) const;
+    void filterKey(MSG& message);
+    void filterPress(MSG& message);
+    bool takes(HWND target, UINT key) const;
+    bool isActionButton(HWND window) const;
 
     HWND m_pane;
     std::span<const ActionKey> m_actions;
+    ClaimedBy m_claimed;
+    UINT m_held = 0;     // the key that was pressed last, if the pane took it
+    MousePress m_press;  // of the mouse, in any window of the thread
     Hook m_hook;
     static CKeyFilter* s_current;  // a hook procedure is handed no object of ours
 };

@@ -72,7 +72,9 @@ bool CPaneDialog::create(HWND frame, const char* caption, UINT templateId, DWORD
     const auto dialogBits = static_cast<DWORD>(GetWindowLongPtrA(pane, GWL_STYLE)) & 0xFFFF;
     SetWindowLongPtrA(pane, GWL_STYLE, static_cast<LONG_PTR>((style & 0xFFFF0000) | dialogBits));
     captionChanged();
-    m_keys = std::make_unique<CKeyFilter>(pane, actionKeys());
+    m_keys = std::make_unique<CKeyFilter>(
+        pane, actionKeys(), [this](HWND control, UINT key) { return controlClaims(control, key); });
+    onButtonFocus();
     showTips();
     return true;
 }
@@ -269,6 +271,8 @@ const MessageMap& CPaneDialog::baseMap() {
         observe<WM_CAPTURECHANGED, &CPaneDialog::onCaptureLost>(),
         on<kPaneKey, &CPaneDialog::onPaneKey>(),
         on<WM_SETFOCUS, &CPaneDialog::onSetFocus>(),
+        onCommand<kAnyId, &CPaneDialog::onButtonFocus, BN_SETFOCUS>(),
+        onCommand<kAnyId, &CPaneDialog::onButtonFocus, BN_KILLFOCUS>(),
         on<WM_GETMINMAXINFO, &CPaneDialog::onMinimum>(),
         observe<WM_DESTROY, &CPaneDialog::onDestroy>(),
     };

@@ -15,6 +15,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "framework/drop_preview.h"
 #include "framework/key_filter.h"
@@ -62,8 +63,16 @@ protected:
     // What gets the focus when the pane is brought to view without having it.
     virtual HWND initialFocus() const { return GetNextDlgTabItem(handle(), nullptr, FALSE); }
 
-    // Enter, Esc, Tab and the arrows in the pane, after the controls had their say.
+    // Enter, Esc, Tab and the arrows in the pane, and keys that a control claimed. Tab moves the
+    // focus, Enter presses the button that has it; everything else is the control's.
     virtual void onDialogKey(UINT key, bool repeated);
+
+    // Where Tab stops, in order.
+    virtual std::vector<HWND> tabStops() const { return {}; }
+
+    // Whether `control` claims a key, with the modifiers that are down now, so that the host's
+    // accelerators do not get it.
+    virtual bool controlClaims(HWND, UINT) const { return false; }
 
     // The keys that press the pane's buttons; the table must outlive the pane. Asked by create().
     virtual std::span<const ActionKey> actionKeys() const { return {}; }
@@ -109,6 +118,10 @@ private:
     LRESULT askFrame(UINT message, DockRequest& request) const;
     DockRequest request() const;
     bool pressAction(UINT key, bool repeated);
+    void press(HWND button);
+    void onButtonFocus();
+    void onButtonKey(HWND button, UINT key);
+    void moveFocus(bool backwards);
     void leaveForNextPart();
     void takeFocus();
     void showTips();
@@ -135,6 +148,7 @@ private:
     POINT m_pressedAt{};
     RECT m_floatPlace{};         // screen; empty until it floated once
     HWND m_lastFocus = nullptr;  // in the pane, when F6 left it
+    HWND m_lastStop = nullptr;   // the control that it stood in
     HWND m_tips = nullptr;
     CDropPreview m_preview;
     std::unique_ptr<CFloatFrame> m_float;

@@ -81,6 +81,7 @@ void CCommonListCtrl::loadAllColumnProfiles() {
 }
 
 void CCommonListCtrl::columnsChanged() {
+    cellsMove();
     compileExpressions();
     m_updating = true;  // the header's own notifications say nothing new
     {
@@ -104,6 +105,12 @@ void CCommonListCtrl::columnsChanged() {
     headerBuilt();
     sortAgain();
     InvalidateRect(handle(), nullptr, TRUE);
+}
+
+LRESULT CCommonListCtrl::onHeaderItemChanging(NMHEADERA& info) {
+    const bool width = info.pitem != nullptr && (info.pitem->mask & HDI_WIDTH) != 0;
+    if (width && !m_updating && !beforeCellsMove()) return TRUE;
+    return controlDefault(WM_NOTIFY, info.hdr.idFrom, reinterpret_cast<LPARAM>(&info));
 }
 
 LRESULT CCommonListCtrl::onHeaderItemChanged(NMHEADERA& info) {
@@ -202,6 +209,7 @@ void CCommonListCtrl::setEmptyText(std::string text) {
 void CCommonListCtrl::onHeaderClick(NMLISTVIEW& click) {
     if (click.iSubItem < 0 || static_cast<std::size_t>(click.iSubItem) >= m_columns.shown().size())
         return;
+    if (!beforeCellsMove()) return;
     const ColumnId column = columnAt(click.iSubItem);
     const bool again = m_sorting && m_sorting->column == column;
     const fw::WaitCursorScope wait;
@@ -260,6 +268,8 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::onReflected<LVN_GETDISPINFOA, &CCommonListCtrl::onGetDispInfo>(),
         fw::onReflected<LVN_COLUMNCLICK, &CCommonListCtrl::onHeaderClick>(),
         fw::onReflected<static_cast<UINT>(NM_RCLICK), &CCommonListCtrl::onRightClick>(),
+        fw::onNotify<0, HDN_ITEMCHANGINGA, &CCommonListCtrl::onHeaderItemChanging>(),
+        fw::onNotify<0, HDN_ITEMCHANGINGW, &CCommonListCtrl::onHeaderItemChanging>(),
         fw::onNotify<0, HDN_ITEMCHANGEDA, &CCommonListCtrl::onHeaderItemChanged>(),
         fw::onNotify<0, HDN_ITEMCHANGEDW, &CCommonListCtrl::onHeaderItemChanged>(),
         fw::onNotify<0, static_cast<UINT>(NM_RCLICK), &CCommonListCtrl::onHeaderRightClick>(),

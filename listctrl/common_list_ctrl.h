@@ -89,6 +89,10 @@ public:
     // What the menus and keys do.
     void command(unsigned command);
 
+    // Whether the list uses a key, with the modifiers that are down now: it is then the list's
+    // while the list has the focus, and not the host's accelerators'.
+    virtual bool claims(UINT key) const;
+
     // Stores the column profile. A failure is shown, and false.
     bool saveColumnProfile();
     // Reads the profile of every list there is anew.
@@ -130,6 +134,11 @@ protected:
     virtual void columnRemoved(ColumnId removed);
     // The header has new items, or items of another width.
     virtual void headerBuilt() { m_tips.follow(header()); }
+    // Cells are about to move because of the user: a sort, a menu, a fold, a width, scrolling. What
+    // is open over one ends. False when it does not; then they must stay where they are.
+    virtual bool beforeCellsMove() { return true; }
+    // Cells move and cannot be kept from it. What stays open over one moves along.
+    virtual void cellsMove() {}
     // The list has another font: the height of what stands in the header follows.
     virtual void fontChanged() {}
     // A column of the control is one of the shown columns.
@@ -168,6 +177,7 @@ private:
     LRESULT onGetDispInfo(NMLVDISPINFOA& info);
     LRESULT onGetDialogCode(const MSG* message);
     void onHeaderClick(NMLISTVIEW& click);
+    LRESULT onHeaderItemChanging(NMHEADERA& info);
     LRESULT onHeaderItemChanged(NMHEADERA& info);
     LRESULT onMenuCommand(UINT command, UINT code);
     void onRightClick(NMHDR&) { showMenu(itemMenu(offers())); }

@@ -11,7 +11,7 @@ class CFilterListCtrl : public CCommonListCtrl, private FilterHeaderOwner {
 public:
     using CCommonListCtrl::CCommonListCtrl;
 
-    // Runs a filter pass with the texts of the boxes.
+    // Runs a filter pass with what applies in the boxes, whatever is being typed in them.
     void applyFilter();
     void resetFilters();
 
@@ -27,6 +27,8 @@ protected:
     void headerBuilt() override;
     void columnRemoved(ColumnId removed) override;
     void fontChanged() override;
+    // The focus came into a part of the list or left it: the parent is told as if it were the list.
+    void boxFocusChanged() override;
 
 private:
     DistinctValues filterChoices(int item) override;

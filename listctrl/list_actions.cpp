@@ -16,6 +16,7 @@ ListOffers CCommonListCtrl::offers() const {
 }
 
 void CCommonListCtrl::showMenu(const std::vector<ListMenuEntry>& entries) {
+    if (!beforeCellsMove()) return;
     const fw::Menu menu(CreatePopupMenu());
     for (const ListMenuEntry& entry : entries) {
         const UINT flags = entry.text.empty() ? MF_SEPARATOR
@@ -35,7 +36,7 @@ void CCommonListCtrl::onHeaderRightClick(NMHDR&) {
 }
 
 void CCommonListCtrl::command(unsigned command) {
-    runCommand(command);
+    if (beforeCellsMove()) runCommand(command);
 }
 
 struct CCommonListCtrl::Command {
@@ -66,7 +67,7 @@ bool CCommonListCtrl::runCommand(unsigned command) {
 
 // Code 0 is a menu's; others come from children of the list.
 LRESULT CCommonListCtrl::onMenuCommand(UINT command, UINT code) {
-    if (code == 0) runCommand(command);
+    if (code == 0) this->command(command);
     return 0;
 }
 

@@ -31,6 +31,10 @@ inline constexpr UINT kEndOfChoice = 33788;
 // editor is opened once that is over. wParam: the EditEnd. lParam and result are not used.
 inline constexpr UINT kNextEditor = WM_APP + 0x1C51;
 
+// Posted by a CMultiLineEditListCtrl to itself when cells move under an open editor: the editor
+// follows its cell once they are there. wParam, lParam and result are not used.
+inline constexpr UINT kFollowCell = WM_APP + 0x1C52;
+
 namespace fw {
 
 template <>

@@ -17,10 +17,14 @@ const fw::MessageMap& CMultiLineEditListCtrl::messageMap() const {
         fw::offer<WM_KEYDOWN, &CMultiLineEditListCtrl::onEditKey>(),
         fw::on<WM_LBUTTONDBLCLK, &CMultiLineEditListCtrl::onEditDoubleClick>(),
         fw::on<kNextEditor, &CMultiLineEditListCtrl::onNextEditor>(),
-        fw::observe<WM_VSCROLL, &CMultiLineEditListCtrl::leaveEditor>(),
-        fw::observe<WM_HSCROLL, &CMultiLineEditListCtrl::leaveEditor>(),
-        fw::observe<WM_MOUSEWHEEL, &CMultiLineEditListCtrl::leaveEditor>(),
+        fw::on<kFollowCell, &CMultiLineEditListCtrl::onFollowCell>(),
+        fw::offer<WM_VSCROLL, &CMultiLineEditListCtrl::scrollRefused>(),
+        fw::offer<WM_HSCROLL, &CMultiLineEditListCtrl::scrollRefused>(),
+        fw::offer<WM_MOUSEWHEEL, &CMultiLineEditListCtrl::scrollRefused>(),
+        fw::offer<WM_MOUSEHWHEEL, &CMultiLineEditListCtrl::scrollRefused>(),
+        fw::onReflected<LVN_ENDSCROLL, &CMultiLineEditListCtrl::onScrolled>(),
         fw::observe<WM_SIZE, &CMultiLineEditListCtrl::onResized>(),
+        fw::observe<WM_DPICHANGED_AFTERPARENT, &CMultiLineEditListCtrl::cellsMove>(),
     };
     static const fw::MessageMap map{&CMultiLineListCtrl::baseMap(), entries};
     return map;
@@ -60,8 +64,8 @@ RECT CMultiLineEditListCtrl::editPlace(std::size_t row) const {
     SendMessageA(handle(), LVM_ENSUREVISIBLE, row, FALSE);
     const RECT client = clientRect();
     const RECT place = cellPlace(row, item);
-    const LONG missing = std::max(place.right - client.right, 0L);
-    SendMessageA(handle(), LVM_SCROLL, static_cast<WPARAM>(std::min(place.left, missing)), 0);
+    const LONG missing = std::min(place.left, std::max(place.right - client.right, 0L));
+    if (missing != 0) SendMessageA(handle(), LVM_SCROLL, static_cast<WPARAM>(missing), 0);
     RECT inside{};
     const RECT moved = cellPlace(row, item);
     IntersectRect(&inside, &moved, &client);
@@ -69,9 +73,9 @@ RECT CMultiLineEditListCtrl::editPlace(std::size_t row) const {
 }
 
 void CMultiLineEditListCtrl::openEditor(std::size_t row) {
-    leaveEditor();
+    if (!leaveEditor()) return;
     LineGroups::Line* line = lines().lineAt(row);
-    if (!editable(line) || m_editor != nullptr) return;
+    if (!editable(line)) return;
     store().clearSelection();
     store().select(row, true);
     store().setFocus(row);
@@ -91,17 +95,33 @@ void CMultiLineEditListCtrl::onNextEditor(WPARAM how) {
         if (editable(lines().lineAt(row))) return openEditor(row);
 }
 
-bool CMultiLineEditListCtrl::editEnding(EditEnd end, const std::string& text) {
+void CMultiLineEditListCtrl::editEnding(EditEnd end, const std::string& text) {
     if (end != EditEnd::cancel && m_edited != nullptr && text != m_edited->row->value)
         tellOwner(text);
     closeEditor();
     if (end == EditEnd::next || end == EditEnd::previous)
         PostMessageA(handle(), kNextEditor, static_cast<WPARAM>(end), 0);
-    return true;
 }
 
 void CMultiLineEditListCtrl::editRefused(const std::string& message) {
     services().showMessage(message);
+}
+
+void CMultiLineEditListCtrl::editorFocusChanged() {
+    boxFocusChanged();
+}
+
+// Only an editor whose text is refused stays.
+void CMultiLineEditListCtrl::cellsMove() {
+    if (m_editor != nullptr && !m_editor->leave(false)) PostMessageA(handle(), kFollowCell, 0, 0);
+}
+
+void CMultiLineEditListCtrl::onFollowCell() {
+    if (m_editor == nullptr) return;
+    if (const auto row = lines().rowOf(*m_edited)) return m_editor->moveTo(editPlace(*row));
+    const auto message = m_editor->refused();
+    closeEditor();
+    if (message) editRefused(*message);
 }
 
 void CMultiLineEditListCtrl::tellOwner(const std::string& typed) {
@@ -120,14 +140,18 @@ void CMultiLineEditListCtrl::closeEditor() {
     if (closed != nullptr && closed->owns(GetFocus())) SetFocus(handle());
 }
 
-void CMultiLineEditListCtrl::leaveEditor() {
-    if (m_editor != nullptr) m_editor->leave();
-}
-
+// A text that is refused stays in its editor, which follows its field into the new rows.
 void CMultiLineEditListCtrl::replace(std::vector<DetailGroup> groups) {
-    leaveEditor();
-    closeEditor();
+    const bool refused = m_editor != nullptr && !m_editor->leave(false);
+    const int field = refused ? m_edited->row->mnemonic : 0;
+    m_edited = nullptr;
     CMultiLineListCtrl::replace(std::move(groups));
+    if (!refused) return;
+    m_edited = lines().lineOf(field);
+    if (m_edited != nullptr)
+        PostMessageA(handle(), kFollowCell, 0, 0);
+    else
+        closeEditor();
 }
 
 void CMultiLineEditListCtrl::empty() {
@@ -143,9 +167,12 @@ void CMultiLineEditListCtrl::editsDropped() {
     if (lines().editsDropped()) storeChanged();
 }
 
-bool CMultiLineEditListCtrl::dialogKey(HWND focus, UINT key) {
-    if (editing(focus)) return m_editor->dialogKey(key, GetKeyState(VK_SHIFT) < 0);
-    return CMultiLineListCtrl::dialogKey(focus, key);
+bool CMultiLineEditListCtrl::editorKey(UINT key, bool repeated) {
+    return m_editor != nullptr && m_editor->dialogKey(key, GetKeyState(VK_SHIFT) < 0, repeated);
+}
+
+bool CMultiLineEditListCtrl::claims(UINT key) const {
+    return (key == VK_F2 && m_editOwner != nullptr) || CMultiLineListCtrl::claims(key);
 }
 
 // ---- Drawing ----

@@ -3,9 +3,10 @@
 //
 // F2 or a double-click opens the editor that the row's attribute names over its Value cell: the
 // price editor for a number, the combo editor for a choice. Enter commits, Esc cancels, Tab and
-// Shift+Tab commit and go on with the next row that can be edited; so does losing the focus, and
-// scrolling. What was typed goes to the edit owner (kEndOfEdit, kEndOfChoice), which changes the
-// row. A text that did not change is no edit.
+// Shift+Tab commit and go on with the next row that can be edited. Losing the focus commits, and so
+// does everything that moves cells; a text that is refused keeps the editor open over its cell, and
+// cells where they are. What was typed goes to the edit owner (kEndOfEdit, kEndOfChoice), which
+// changes the row. A text that did not change is no edit.
 #pragma once
 
 #include <memory>
@@ -34,8 +35,9 @@ public:
     // Ends an edit without taking its text, and removes and frees every group.
     void empty() override;
 
-    // Ends an edit under way as if the focus went elsewhere: its text is taken.
-    void leaveEditor();
+    // Ends an edit under way as if the focus went elsewhere: its text is taken. False: the text is
+    // refused, the editor stays open, and the user is told.
+    bool leaveEditor() { return m_editor == nullptr || m_editor->leave(); }
 
     // The edited values have been sent: their marks go.
     void editsSent();
@@ -43,8 +45,10 @@ public:
     // The edited values are dropped: what was received shows again.
     void editsDropped();
 
-    // Enter, Esc or Tab while `focus` has the focus. False: the key is not the list's.
-    bool dialogKey(HWND focus, UINT key);
+    // Enter, Esc or Tab while an editor has the focus. False: the key is the control's.
+    bool editorKey(UINT key, bool repeated);
+
+    bool claims(UINT key) const override;
 
     // The editor's place in the order of tabs.
     bool editing(HWND focus) const { return m_editor != nullptr && m_editor->owns(focus); }
@@ -55,12 +59,18 @@ protected:
     void drawOver(HDC dc, std::size_t row, int item, const RECT& place) const override;
 
 private:
+    bool beforeCellsMove() override { return leaveEditor(); }
+    void cellsMove() override;
+    bool scrollRefused() { return !leaveEditor(); }
+    void onScrolled(NMHDR&) { cellsMove(); }
+    void onFollowCell();
     bool onEditKey(UINT key, bool repeated);
     void onEditDoubleClick(POINT client);
-    void onResized(int, int) { leaveEditor(); }
+    void onResized(int, int) { cellsMove(); }
     void onNextEditor(WPARAM how);
-    bool editEnding(EditEnd end, const std::string& text) override;
+    void editEnding(EditEnd end, const std::string& text) override;
     void editRefused(const std::string& message) override;
+    void editorFocusChanged() override;
 
     bool editable(const LineGroups::Line* line) const;
     void openEditor(std::size_t row);

@@ -61,6 +61,7 @@ void CMultiLineListCtrl::empty() {
 // ---- Folding ----
 
 void CMultiLineListCtrl::setFolded(const LineGroups::Line& line, bool folded) {
+    if (!beforeCellsMove()) return;
     m_lines.setFolded(line, folded);
     storeChanged();
 }

@@ -69,10 +69,10 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
         fw::on<WM_DPICHANGED_AFTERPARENT, &CMakerChecker::onDpiChanged>(),
         fw::observe<WM_SYSCOLORCHANGE, &CMakerChecker::onColorsChanged>(),
         fw::observe<WM_DESTROY, &CMakerChecker::onDestroy>(),
-        fw::onCommand<IDC_ACCEPT, &CMakerChecker::onAccept>(),
-        fw::onCommand<IDC_REJECT, &CMakerChecker::onReject>(),
-        fw::onCommand<IDC_UPDATE, &CMakerChecker::onUpdate>(),
-        fw::onCommand<IDC_RECOVER, &CMakerChecker::onRecover>(),
+        fw::onCommand<IDC_ACCEPT, &CMakerChecker::onAccept, BN_CLICKED>(),
+        fw::onCommand<IDC_REJECT, &CMakerChecker::onReject, BN_CLICKED>(),
+        fw::onCommand<IDC_UPDATE, &CMakerChecker::onUpdate, BN_CLICKED>(),
+        fw::onCommand<IDC_RECOVER, &CMakerChecker::onRecover, BN_CLICKED>(),
         fw::onCommand<IDC_CANCEL, &CMakerChecker::onCancel>(),
         fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(NM_DBLCLK), &CMakerChecker::onShowSelected>(),
         fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(NM_RETURN), &CMakerChecker::onShowFocused>(),
@@ -250,23 +250,20 @@ std::vector<HWND> CMakerChecker::tabStops() const {
     return stops;
 }
 
-bool CMakerChecker::moveFocus(bool backwards) {
-    const std::vector<HWND> stops = tabStops();
-    const auto at = std::find(stops.begin(), stops.end(), GetFocus());
-    if (at == stops.end()) return false;
-    const auto count = stops.size();
-    const auto place = static_cast<std::size_t>(at - stops.begin());
-    const HWND next = stops[(place + (backwards ? count - 1 : 1)) % count];
-    // Through the dialog, which moves the mark of the default button along.
-    SendMessageA(handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), TRUE);
-    return true;
+bool CMakerChecker::controlClaims(HWND control, UINT key) const {
+    if (mainList == nullptr) return false;
+    return (control == mainList->handle() && mainList->claims(key)) ||
+           (control == detailsList->handle() && detailsList->claims(key));
 }
 
+// A key that is held since it was pressed in an editor never leaves the editors.
 void CMakerChecker::onDialogKey(UINT key, bool repeated) {
+    if (mainList == nullptr) return;
     const HWND focus = GetFocus();
-    if (key == VK_TAB && mainList != nullptr && moveFocus(GetKeyState(VK_SHIFT) < 0)) return;
-    if (mainList != nullptr && !repeated &&
-        (mainList->dialogKey(focus, key) || detailsList->dialogKey(focus, key)))
+    const bool editing = detailsList->editing(focus);
+    if (!repeated) m_heldInEditor = editing;
+    if (editing ? detailsList->editorKey(key, repeated) : repeated && m_heldInEditor) return;
+    if (!repeated && (mainList->dialogKey(focus, key) || detailsList->dialogKey(focus, key)))
         return;
     if (key == VK_ESCAPE && !repeated && mainList != nullptr &&
         (focus == mainList->handle() || focus == detailsList->handle()))
@@ -291,7 +288,8 @@ void CMakerChecker::decide(Decision decision) {
         explicit Scope(bool& set) : flag(set) { flag = true; }
         ~Scope() { flag = false; }
     } const scope(m_deciding);
-    detailsList->leaveEditor();  // a key may come while a value is being typed
+    // A value that is being typed counts; one that is refused stops the press.
+    if (!detailsList->leaveEditor()) return;
     decision(*m_workbench);
 }
 

@@ -36,6 +36,8 @@ protected:
     const fw::MessageMap& messageMap() const override;
     HWND initialFocus() const override;
     void onDialogKey(UINT key, bool repeated) override;
+    std::vector<HWND> tabStops() const override;
+    bool controlClaims(HWND control, UINT key) const override;
     std::span<const fw::ActionKey> actionKeys() const override;
     SIZE leastSize() const override;
     SIZE firstFloatSize() const override;
@@ -67,8 +69,6 @@ private:
     void editsSent() override;
     void editsDropped() override;
     void captionDetails(const DetailsCaption& caption) override;
-    std::vector<HWND> tabStops() const;
-    bool moveFocus(bool backwards);
 
     template <class Decision>
     void decide(Decision decision);
@@ -85,5 +85,6 @@ private:
     std::unique_ptr<Workbench> m_workbench;
     std::unique_ptr<CFilterListCtrl> mainList;  // on the rows of the workbench
     std::unique_ptr<CMultiLineEditListCtrl> detailsList;
-    bool m_deciding = false;  // a button's work is under way, perhaps behind a message box
+    bool m_heldInEditor = false;  // the last key was pressed in an editor of the details
+    bool m_deciding = false;      // a button's work is under way, perhaps behind a message box
 };

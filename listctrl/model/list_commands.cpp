@@ -1,5 +1,6 @@
 #include "listctrl/model/list_commands.h"
 
+#include <algorithm>
 #include <span>
 
 namespace {
@@ -90,6 +91,11 @@ constexpr KeyLine kKeys[] = {
     {'G', false, Shift::down, kGridLinesCommand, false, always},
 };
 
+// The platform's numbers of the keys that move in a list, select, open details and menus: space,
+// Page Up and Down, End, Home, the arrows, Enter, the Menu key.
+constexpr unsigned kMovingKeys[] = {0x20, 0x21, 0x22, 0x23, 0x24, 0x25,
+                                    0x26, 0x27, 0x28, 0x0D, 0x5D};
+
 }  // namespace
 
 std::vector<ListMenuEntry> itemMenu(const ListOffers& offers) {
@@ -110,4 +116,9 @@ KeyCommands keyCommands(unsigned virtualKey, bool ctrl, bool shift, const ListOf
         found.consumed = found.consumed || line.consumes;
     }
     return found;
+}
+
+bool isListKey(unsigned virtualKey, bool ctrl, bool shift, const ListOffers& offers) {
+    return std::ranges::find(kMovingKeys, virtualKey) != std::end(kMovingKeys) ||
+           !keyCommands(virtualKey, ctrl, shift, offers).commands.empty();
 }

@@ -52,3 +52,6 @@ struct KeyCommands {
     bool consumed = false;
 };
 KeyCommands keyCommands(unsigned virtualKey, bool ctrl, bool shift, const ListOffers& offers);
+
+// Whether a list uses a key, for a command or to move and select.
+bool isListKey(unsigned virtualKey, bool ctrl, bool shift, const ListOffers& offers);

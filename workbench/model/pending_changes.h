@@ -32,6 +32,7 @@ public:
 
     // The rows of the main list: which records show, in which order, and which are selected.
     RecordStore& rows() { return m_rows; }
+    const RecordStore& rows() const { return m_rows; }
 
     // The records whose rows are selected, in row order.
     std::vector<sMakeCheckStruct*> selectedRecords() const;
