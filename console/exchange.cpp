@@ -46,7 +46,7 @@ void CExchange::onDeliver() {
     while (m_server.deliverNext() && GetTickCount64() < end) continue;
 }
 
-void CExchange::onTimer() {
+void CExchange::onTimer(UINT_PTR) {
     KillTimer(handle(), kPauseTimer);
     postNext();
 }

@@ -33,7 +33,7 @@ protected:
 private:
     void onQueued();
     void onDeliver();
-    void onTimer();
+    void onTimer(UINT_PTR id);
     void postNext();
     void pause();
 

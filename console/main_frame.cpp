@@ -168,7 +168,7 @@ void CMainFrame::onClose() {
     m_events.onClose();
 }
 
-void CMainFrame::onTimer() {
+void CMainFrame::onTimer(UINT_PTR) {
     m_events.onRefresh();
     raiseOwnedWindows();
     m_pending.refresh();

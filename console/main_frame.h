@@ -44,7 +44,7 @@ private:
     LRESULT onCreate();
     void onSize(int width, int height);
     void onClose();
-    void onTimer();
+    void onTimer(UINT_PTR id);
     void onCascade();
     template <WPARAM direction>
     void onTile();

@@ -82,7 +82,7 @@ const CPlayDriver::Verb& CPlayDriver::verbOf(const PlayStep& step) {
     return *std::ranges::find(kVerbs, step.verb, &Verb::verb);
 }
 
-void CPlayDriver::onTimer() {
+void CPlayDriver::onTimer(UINT_PTR) {
     if (m_console.frameWindow() == nullptr) return;
     if (m_step == m_steps.end()) return leave();
     while (m_step != m_steps.end() && tryStep()) {

@@ -51,7 +51,7 @@ private:
     };
     static const Verb& verbOf(const PlayStep& step);
 
-    void onTimer();
+    void onTimer(UINT_PTR id);
     void onReleaseKeys();
     // True when the step is done and only looked, so that the next one need not wait for a tick.
     bool tryStep();

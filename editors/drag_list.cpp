@@ -4,13 +4,6 @@
 
 #include "framework/handles.h"
 
-namespace fw {
-
-template <>
-struct Crack<WM_SYSKEYDOWN> : Crack<WM_KEYDOWN> {};
-
-}  // namespace fw
-
 namespace {
 
 constexpr UINT_PTR kScrollTimer = 0xD4A6;
@@ -95,8 +88,8 @@ void CDragList::endDrag() {
     if (GetCapture() == handle()) ReleaseCapture();
 }
 
-bool CDragList::onTimer() {
-    if (!m_dragging) return false;
+bool CDragList::onTimer(UINT_PTR id) {
+    if (!m_dragging || id != kScrollTimer) return false;
     const auto top = static_cast<int>(SendMessageA(handle(), LVM_GETTOPINDEX, 0, 0));
     const auto page = static_cast<int>(SendMessageA(handle(), LVM_GETCOUNTPERPAGE, 0, 0));
     const int next = m_y < 0 ? top - 1 : m_y >= clientRect().bottom ? top + page : -1;

@@ -41,7 +41,7 @@ private:
     bool onKeyDown(UINT key, bool repeated);
     bool onSystemKeyDown(UINT key, bool repeated);
     LRESULT onGetDialogCode(const MSG* message);
-    bool onTimer();
+    bool onTimer(UINT_PTR id);
     LRESULT onPaint();
 
     void endDrag();

@@ -148,6 +148,15 @@ struct Crack<WM_KEYDOWN> {  // (UINT key, bool repeated)
     }
 };
 template <>
+struct Crack<WM_SYSKEYDOWN> : Crack<WM_KEYDOWN> {};
+template <>
+struct Crack<WM_TIMER> {  // (UINT_PTR id)
+    template <class Handler>
+    static decltype(auto) with(Handler handler, WPARAM w, LPARAM) {
+        return handler(UINT_PTR{w});
+    }
+};
+template <>
 struct Crack<WM_CHAR> {  // (UINT character)
     template <class Handler>
     static decltype(auto) with(Handler handler, WPARAM w, LPARAM) {

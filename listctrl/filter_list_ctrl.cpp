@@ -30,10 +30,10 @@ void CFilterListCtrl::headerBuilt() {
     if (m_boxColumns == columns().shown()) return m_header.layOutBoxes();
     const bool first = m_boxColumns.empty();
     m_boxColumns = columns().shown();
-    std::vector<std::string> texts;
+    std::vector<ColumnFilter> filters;
     for (const ColumnId column : m_boxColumns)
-        texts.emplace_back(store().filterText(static_cast<int>(column)));
-    m_header.setBoxes(texts);
+        filters.push_back(store().filterOf(static_cast<int>(column)));
+    m_header.setBoxes(filters);
     // The control asks the header for its height when its own size changes.
     const RECT client = clientRect();
     SendMessageA(handle(), WM_SIZE, SIZE_RESTORED, MAKELPARAM(client.right, client.bottom));
@@ -45,17 +45,17 @@ void CFilterListCtrl::headerBuilt() {
 void CFilterListCtrl::columnRemoved(ColumnId removed) {
     CCommonListCtrl::columnRemoved(removed);
     std::vector<int> columns;
-    std::vector<std::string> texts;
+    std::vector<ColumnFilter> filters;
     for (const int column : store().filterColumns()) {
         const auto id = idAfterRemoval(ColumnId{column}, removed);
         if (!id) continue;
         columns.push_back(static_cast<int>(*id));
-        texts.emplace_back(store().filterText(column));
+        filters.push_back(store().filterOf(column));
     }
-    store().setFilters(std::move(columns), std::move(texts));
+    store().setFilters(std::move(columns), std::move(filters));
 }
 
-// The boxes are made anew, which takes their texts from the filters that apply.
+// The boxes are made again, with the filters that apply.
 void CFilterListCtrl::fontChanged() {
     if (m_header.handle() == nullptr) return;
     m_header.setFont(reinterpret_cast<HFONT>(SendMessageA(handle(), WM_GETFONT, 0, 0)));
@@ -67,9 +67,10 @@ void CFilterListCtrl::applyFilter() {
     cellsMove();
     const fw::WaitCursorScope wait;
     store().clearFilters();
-    for (std::size_t item = 0; item < m_boxColumns.size(); ++item)
-        store().setFilter(static_cast<int>(m_boxColumns[item]),
-                          m_header.text(static_cast<int>(item)));
+    for (std::size_t item = 0; item < m_boxColumns.size(); ++item) {
+        const ColumnFilter filter = m_header.filter(static_cast<int>(item));
+        store().setFilter(static_cast<int>(m_boxColumns[item]), filter.text, filter.kind);
+    }
     const RecordStore::Outcome outcome = store().filter();
     storeChanged();
     if (outcome.message != nullptr) services().showMessage(outcome.message);

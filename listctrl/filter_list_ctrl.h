@@ -11,7 +11,7 @@ class CFilterListCtrl : public CCommonListCtrl, private FilterHeaderOwner {
 public:
     using CCommonListCtrl::CCommonListCtrl;
 
-    // Runs a filter pass with the texts of the boxes.
+    // Runs a filter pass with what applies in the boxes, whatever is being typed in them.
     void applyFilter();
     void resetFilters();
 

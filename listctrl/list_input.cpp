@@ -73,6 +73,11 @@ bool CCommonListCtrl::press(POINT client) {
     return byHand([&] { m_rules.click(rowAt(client), modifiersDown()); });
 }
 
+bool CCommonListCtrl::claims(UINT key) const {
+    const Modifiers keys = modifiersDown();
+    return isListKey(key, keys.ctrl, keys.shift, offers());
+}
+
 void CCommonListCtrl::onButtonUp(POINT client) {
     notifyParent(NM_CLICK, client, rowAt(client));
 }

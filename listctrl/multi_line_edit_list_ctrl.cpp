@@ -121,8 +121,7 @@ void CMultiLineEditListCtrl::cellsMove() {
 void CMultiLineEditListCtrl::onFollowCell() {
     if (m_editor != nullptr) {
         if (const auto row = lines().rowOf(*m_edited)) return m_editor->moveTo(editPlace(*row));
-        m_lostText = m_editor->refused();
-        closeEditor();
+        dropText();
     }
     if (const auto lost = std::exchange(m_lostText, std::nullopt)) editRefused(*lost);
 }
@@ -143,11 +142,21 @@ void CMultiLineEditListCtrl::closeEditor() {
     if (closed != nullptr && closed->owns(GetFocus())) SetFocus(handle());
 }
 
+// A text that is refused stays in its editor, which follows its field into the new rows.
 void CMultiLineEditListCtrl::replace(std::vector<DetailGroup> groups) {
-    if (m_editor != nullptr && !m_editor->leave(false)) m_lostText = m_editor->refused();
-    if (m_lostText) PostMessageA(handle(), kFollowCell, 0, 0);
-    closeEditor();
+    const bool refused = m_editor != nullptr && !m_editor->leave(false);
+    const int field = refused ? m_edited->row->mnemonic : 0;
+    m_edited = nullptr;
     CMultiLineListCtrl::replace(std::move(groups));
+    if (!refused) return;
+    m_edited = lines().lineOf(field);
+    if (m_edited == nullptr) dropText();
+    PostMessageA(handle(), kFollowCell, 0, 0);
+}
+
+void CMultiLineEditListCtrl::dropText() {
+    m_lostText = m_editor->refused();
+    closeEditor();
 }
 
 void CMultiLineEditListCtrl::empty() {

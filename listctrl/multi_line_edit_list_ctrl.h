@@ -75,6 +75,7 @@ private:
     bool editable(const LineGroups::Line* line) const;
     void openEditor(std::size_t row);
     void closeEditor();
+    void dropText();
     std::unique_ptr<CCellEditor> makeEditor(RowAttribute attribute);
     void tellOwner(const std::string& typed);
     RECT editPlace(std::size_t row) const;

@@ -51,7 +51,7 @@ const fw::MessageMap& CHotFontCombo::messageMap() const {
         fw::on<WM_DRAWITEM, &CHotFontCombo::onDrawItem>(),
         fw::on<WM_PAINT, &CHotFontCombo::onPaint>(),
         fw::observe<WM_MOUSEMOVE, &CHotFontCombo::onMouseMove>(),
-        fw::on<WM_TIMER, &CHotFontCombo::onTimer>(),
+        fw::offer<WM_TIMER, &CHotFontCombo::onTimer>(),
     };
     static constexpr fw::MessageMap map{nullptr, entries};
     return map;
@@ -101,14 +101,16 @@ void CHotFontCombo::onMouseMove(POINT) {
     SetTimer(handle(), kHotTimer, kHotMilliseconds, nullptr);
 }
 
-void CHotFontCombo::onTimer() {
+bool CHotFontCombo::onTimer(UINT_PTR id) {
+    if (id != kHotTimer) return false;
     POINT cursor{};
     RECT place{};
     GetCursorPos(&cursor);
     GetWindowRect(handle(), &place);
-    if (PtInRect(&place, cursor) != 0) return;
+    if (PtInRect(&place, cursor) != 0) return true;
     KillTimer(handle(), kHotTimer);
     setHot(false);
+    return true;
 }
 
 void CHotFontCombo::setHot(bool hot) {

@@ -24,7 +24,7 @@ private:
     LRESULT onDrawItem(const DRAWITEMSTRUCT& draw);
     void onPaint();
     void onMouseMove(POINT);
-    void onTimer();
+    bool onTimer(UINT_PTR id);
     void setHot(bool hot);
 
     bool m_hot = false;  // the mouse is over the control

@@ -42,8 +42,12 @@ bool matchesOne(std::string_view cell, const FilterPattern::Alternative& alterna
 
 }  // namespace
 
-FilterPattern::FilterPattern(std::string_view filterText, bool exact)
+FilterPattern::FilterPattern(std::string_view filterText, bool exact, FilterKind kind)
     : m_everything(filterText.empty()) {
+    if (kind == FilterKind::value) {
+        m_alternatives.push_back({Kind::equals, lowered(filterText)});
+        return;
+    }
     while (!filterText.empty()) {
         const std::size_t end = std::min(filterText.find('~'), filterText.size());
         if (end > 0) add(filterText.substr(0, end), exact);
@@ -69,16 +73,17 @@ void FilterPattern::tidy() {
 void FilterPattern::add(std::string_view alternative, bool exact) {
     const char sign = exact ? '\0' : alternative.front();
     const std::string_view rest = alternative.substr(1);
+    const auto bound = sign == '>' || sign == '<' ? readNumber(rest) : std::nullopt;
     if (exact) {
         m_alternatives.push_back({Kind::equals, lowered(alternative)});
     } else if (sign == '*' && alternative.ends_with('*') && !rest.empty()) {
         m_alternatives.push_back({Kind::contains, lowered(rest.substr(0, rest.size() - 1))});
     } else if (sign == '*') {
         m_alternatives.push_back({Kind::endsWith, lowered(rest)});
-    } else if (sign == '>') {
-        m_above = std::min(m_above, readNumber(rest).value_or(kInfinity));
-    } else if (sign == '<') {
-        m_below = std::max(m_below, readNumber(rest).value_or(-kInfinity));
+    } else if (bound && sign == '>') {
+        m_above = std::min(m_above, *bound);
+    } else if (bound) {
+        m_below = std::max(m_below, *bound);
     } else {
         m_alternatives.push_back({Kind::startsWith, lowered(alternative)});
     }

@@ -1,14 +1,14 @@
-// One column's filter text, read once and then matched against cells without allocation.
+// One column's filter, read once and then matched against cells without allocation.
 //
-// The text is a list of alternatives separated by runs of "~"; a cell matches if any of them does.
+// A pattern is a list of alternatives separated by runs of "~"; a cell matches if any of them does.
 // An alternative is read by its first character, and letters match in either case (ASCII):
 //   *text*  the cell contains the text ("**" and "*": every cell)
 //   *text   the cell ends with it
-//   >12.5   the cell reads as a number that is greater; <12.5: that is less. Without a number
-//           behind it the alternative matches nothing
-//   text    the cell begins with it
-// Matched exactly, an alternative is the whole cell and these signs are plain text. An empty filter
-// text matches every cell, one of separators alone none.
+//   >12.5   the cell reads as a number that is greater; <12.5: that is less
+//   text    the cell begins with it; so also ">" and "<" without a number behind them
+// Matched exactly, an alternative is the whole cell and these signs are plain text. A value is the
+// whole cell as it stands, separators included. An empty filter text matches every cell, one of
+// separators alone none.
 #pragma once
 
 #include <cstdint>
@@ -16,6 +16,14 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+// What a column is filtered by; an empty text is no filter.
+enum class FilterKind { pattern, value };
+struct ColumnFilter {
+    std::string text;
+    FilterKind kind = FilterKind::pattern;
+    bool operator==(const ColumnFilter&) const = default;
+};
 
 class FilterPattern {
 public:
@@ -26,7 +34,7 @@ public:
     };
 
     FilterPattern() = default;  // matches everything
-    FilterPattern(std::string_view filterText, bool exact);
+    FilterPattern(std::string_view filterText, bool exact, FilterKind kind = FilterKind::pattern);
 
     bool matches(std::string_view cell) const;
 

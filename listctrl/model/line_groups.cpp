@@ -82,6 +82,13 @@ void LineGroups::arrange(std::vector<Slot>& passing) const {
     passing.swap(shown);
 }
 
+LineGroups::Line* LineGroups::lineOf(int mnemonic) const {
+    for (const auto& item : m_items)
+        for (Line& line : item->lines)
+            if (mnemonic != 0 && line.row->mnemonic == mnemonic) return &line;
+    return nullptr;
+}
+
 bool LineGroups::folded(const Line& line) const {
     return line.item->folded;
 }

@@ -63,6 +63,9 @@ public:
     // The row of a line; none while it is not on show.
     std::optional<std::size_t> rowOf(const Line& line) const { return m_rows.rowOf(line.slot); }
 
+    // The line of the row whose value belongs to a field; null when there is none.
+    Line* lineOf(int mnemonic) const;
+
     bool folded(const Line& line) const;
     void setFolded(const Line& line, bool folded);
 

@@ -152,48 +152,48 @@ DistinctValues RecordStore::distinctValues(int column, std::size_t limit) {
 
 // ---- Filters ----
 
-void RecordStore::setFilter(int column, std::string_view text) {
-    m_filterTexts.resize(m_filterColumns.size());
+void RecordStore::setFilter(int column, std::string_view text, FilterKind kind) {
+    m_filters.resize(m_filterColumns.size());
     const auto found = std::find(m_filterColumns.begin(), m_filterColumns.end(), column);
-    const auto filter = m_filterTexts.begin() + (found - m_filterColumns.begin());
+    const auto filter = m_filters.begin() + (found - m_filterColumns.begin());
     if (found == m_filterColumns.end()) {
         if (text.empty()) return;
         m_filterColumns.push_back(column);
-        m_filterTexts.emplace_back(text);
+        m_filters.push_back({std::string(text), kind});
     } else if (text.empty()) {
         m_filterColumns.erase(found);
-        m_filterTexts.erase(filter);
+        m_filters.erase(filter);
     } else {
-        *filter = text;
+        *filter = {std::string(text), kind};
     }
 }
 
-void RecordStore::setFilters(std::vector<int> columns, std::vector<std::string> texts) {
+void RecordStore::setFilters(std::vector<int> columns, std::vector<ColumnFilter> filters) {
     m_filterColumns = std::move(columns);
-    m_filterTexts = std::move(texts);
+    m_filters = std::move(filters);
 }
 
 void RecordStore::clearFilters() {
     setFilters({}, {});
 }
 
-std::string_view RecordStore::filterText(int column) const {
+ColumnFilter RecordStore::filterOf(int column) const {
     const auto found = std::find(m_filterColumns.begin(), m_filterColumns.end(), column);
     const auto place = static_cast<std::size_t>(found - m_filterColumns.begin());
-    return place < m_filterTexts.size() ? std::string_view(m_filterTexts[place])
-                                        : std::string_view();
+    return place < m_filters.size() ? m_filters[place] : ColumnFilter{};
 }
 
 RecordStore::Outcome RecordStore::filter() {
     if (!m_reader) return {};
-    if (m_filterColumns.size() != m_filterTexts.size()) {
+    if (m_filterColumns.size() != m_filters.size()) {
         replaceRows({});
         return {0, "Error occured while filtering"};
     }
     m_active.clear();
     for (std::size_t i = 0; i < m_filterColumns.size(); ++i)
         m_active.push_back(
-            {m_filterColumns[i], FilterPattern(m_filterTexts[i], m_exactOnce || m_matchExactly)});
+            {m_filterColumns[i],
+             FilterPattern(m_filters[i].text, m_exactOnce || m_matchExactly, m_filters[i].kind)});
     m_exactOnce = false;
     std::vector<Slot>& rows = passing();
     if (m_arrange) m_arrange(rows);

@@ -121,14 +121,14 @@ public:
     // ---- Filters: they, and the flags, count from the next pass on ----
 
     // Sets, changes or, when the text is empty, ends the filter of a column.
-    void setFilter(int column, std::string_view text);
+    void setFilter(int column, std::string_view text, FilterKind kind = FilterKind::pattern);
     // All filters at once, as two lists that belong together.
-    void setFilters(std::vector<int> columns, std::vector<std::string> texts);
+    void setFilters(std::vector<int> columns, std::vector<ColumnFilter> filters);
     void clearFilters();
     const std::vector<int>& filterColumns() const { return m_filterColumns; }
-    std::string_view filterText(int column) const;  // empty: none
+    ColumnFilter filterOf(int column) const;  // without a text: none
 
-    // Matches exactly in the next pass only, or in every pass.
+    // Matches patterns exactly in the next pass only, or in every pass.
     void matchExactlyOnce() { m_exactOnce = true; }
     void setMatchExactly(bool on) { m_matchExactly = on; }
     bool matchExactly() const { return m_matchExactly; }
@@ -235,7 +235,7 @@ private:
     std::map<int, ColumnTexts> m_texts;
 
     std::vector<int> m_filterColumns;
-    std::vector<std::string> m_filterTexts;  // parallel to the columns
+    std::vector<ColumnFilter> m_filters;  // parallel to the columns
     bool m_exactOnce = false;
     bool m_matchExactly = false;
     std::vector<ActiveFilter> m_active;  // of the last pass

@@ -35,8 +35,9 @@ std::string_view readCell(const void* line, int) {
     return *static_cast<const std::string_view*>(line);
 }
 
-void checkFilter(const RecordStore& store, std::string_view filterText, bool exact) {
-    const FilterPattern pattern(filterText, exact);
+void checkFilter(const RecordStore& store, std::string_view filterText, bool exact,
+                 FilterKind kind) {
+    const FilterPattern pattern(filterText, exact, kind);
     for (std::size_t i = 0; i < store.storedCount(); ++i) {
         const Slot slot = store.storedAt(i);
         const std::string_view cell = readCell(store.record(slot), 0);
@@ -61,12 +62,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     auto lines = linesOf({reinterpret_cast<const char*>(data) + 1, size - 1});
     const std::string_view filterText = lines.front();
     const bool exact = (flags & 1) != 0;
+    const auto kind = flags >= 192 ? FilterKind::value : FilterKind::pattern;
     const SortOrder order{0, comparisonOf(static_cast<int>(flags >> 2) % 10),
                           (flags & 2) != 0 ? 1 : -1};
     RecordStore store;
     store.setCellReader(readCell);
     store.setMatchExactly(exact);
-    store.setFilter(0, filterText);
+    store.setFilter(0, filterText, kind);
     for (std::size_t i = 1; i < lines.size(); ++i) {
         // Some rows are there at the pass, the others come afterwards.
         if (i == lines.size() / 2) {
@@ -76,11 +78,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         store.insertItem(0, &lines[i]);
     }
     if (lines.size() > 3) {
-        checkFilter(store, filterText, exact);
+        checkFilter(store, filterText, exact, kind);
         checkOrder(store, order);
     }
     store.filter();
-    checkFilter(store, filterText, exact);
+    checkFilter(store, filterText, exact, kind);
     store.sort(order);
     checkOrder(store, order);
     return 0;

@@ -40,9 +40,10 @@ TEST(FilterPattern, MatchesAsItsSignsSay) {
         {"**", false, {"", "a"}, none},
         {"***", false, {"a*b"}, {"", "ab"}},
         {"*~q", false, {"", "a"}, none},
-        {">", false, none, {"", ">", "5"}},
-        {">abc", false, none, {">abc", "5", "abc"}},
-        {">inf~<nan", false, none, {"5", "-5", "inf", "nan"}},
+        {">", false, {">", ">5"}, {"", "5", "<"}},
+        {"<ABC", false, {"<abc", "<abcd"}, {"5", "abc", "<"}},
+        {">inf~<nan", false, {">infinite", "<NaN"}, {"5", "-5", "inf", "nan"}},
+        {">-~>7", false, {">-", "8"}, {"7", "-", ">7"}},
         {"a~ab~abc", false, {"a", "ABD"}, {"", "b"}},
         {"abc", true, {"ABC", "abc"}, {"abcd", "ab", ""}},
         {"*bc", true, {"*BC"}, {"abc", "bc"}},
@@ -89,6 +90,18 @@ std::string randomFilter(std::mt19937& random, const TextTable& texts) {
     return (random() % 3 != 0 ? "*" : "") + piece + (random() % 2 != 0 ? "*" : "");
 }
 
+TEST(FilterPattern, AValueIsTheWholeCell) {
+    for (const bool exact : {false, true})
+        for (const std::string value : {"MAKER1", "<none>", "a~b", "*x", "~", ">5", "x*", "**"}) {
+            const FilterPattern pattern(value, exact, FilterKind::value);
+            EXPECT_TRUE(pattern.matches(value)) << value;
+            EXPECT_FALSE(pattern.matches(value + "0")) << value;
+            EXPECT_FALSE(pattern.matches(value.substr(1))) << value;
+            EXPECT_FALSE(pattern.matches("7")) << value;
+        }
+    EXPECT_TRUE(FilterPattern("Maker~1", false, FilterKind::value).matches("mAKER~1"));
+}
+
 // One by one and all in a row, as the rules written down plainly.
 TEST(FilterPattern, AgreesWithTheLiteralRules) {
     std::mt19937 random(2);
@@ -101,13 +114,14 @@ TEST(FilterPattern, AgreesWithTheLiteralRules) {
             numbers[code] =
                 readNumber(texts.text(code)).value_or(std::numeric_limits<double>::quiet_NaN());
         const bool exact = random() % 4 == 0;
+        const auto kind = random() % 8 == 0 ? FilterKind::value : FilterKind::pattern;
         const std::string filter = randomFilter(random, texts);
-        const FilterPattern pattern(filter, exact);
+        const FilterPattern pattern(filter, exact, kind);
         std::vector<std::uint8_t> marks;
         markMatches(pattern, texts, numbers, marks);
         for (TextTable::Code code = 0; code < texts.size(); ++code) {
             const std::string cell(texts.text(code));
-            const bool expected = literal::matches(cell, filter, exact);
+            const bool expected = literal::matches(cell, filter, exact, kind == FilterKind::value);
             ASSERT_EQ(pattern.matches(cell), expected) << filter << " on " << cell;
             ASSERT_EQ(marks[code] != 0, expected) << filter << " on " << cell;
         }

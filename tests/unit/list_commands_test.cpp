@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "listctrl/model/filter_choices.h"
 #include "listctrl/model/fit_columns.h"
 
 namespace {
@@ -86,16 +85,6 @@ TEST(FitColumns, ByDataByHeaderByWindow) {
         EXPECT_EQ(fittedWidth(each.command, each.data, each.header, each.client, each.columns),
                   each.width)
             << each.command << " " << each.data;
-}
-
-TEST(FilterChoices, HeadedByAllAndEndedByTheRest) {
-    EXPECT_EQ(boxChoices({}), std::vector<std::string>{"--ALL-- "});
-    const auto lines = boxChoices({{"MUM01", "DEL01"}, 7});
-    EXPECT_EQ(lines, (std::vector<std::string>{"--ALL-- ", "MUM01", "DEL01", "--AND 7 MORE-- "}));
-    EXPECT_EQ(filterOfBox(lines.front()), "");
-    EXPECT_EQ(filterOfBox(lines.back()), "");
-    EXPECT_EQ(filterOfBox("MUM01"), "MUM01");
-    EXPECT_EQ(filterOfBox("--ALL--"), "--ALL--") << "without its blank it is a text like others";
 }
 
 }  // namespace

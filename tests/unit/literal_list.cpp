@@ -26,10 +26,9 @@ bool matchesAlternative(const std::string& cell, const std::string& pattern) {
         const std::string end = wanted.substr(1);
         return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
     }
-    if (sign == '>' || sign == '<') {
-        double value = 0, bound = 0;
+    double value = 0, bound = 0;
+    if ((sign == '>' || sign == '<') && std::sscanf(wanted.c_str() + 1, "%lf", &bound) == 1) {
         if (std::sscanf(text.c_str(), "%lf", &value) != 1) return false;
-        if (std::sscanf(wanted.c_str() + 1, "%lf", &bound) != 1) return false;
         return sign == '>' ? value > bound : value < bound;
     }
     return text.substr(0, wanted.size()) == wanted;
@@ -51,8 +50,9 @@ std::string yearFirst(const std::string& date) {
 
 }  // namespace
 
-bool matches(const std::string& cell, const std::string& filter, bool exact) {
+bool matches(const std::string& cell, const std::string& filter, bool exact, bool value) {
     if (filter.empty()) return true;
+    if (value) return lower(cell) == lower(filter);
     std::string left = filter;
     while (!left.empty()) {
         const std::string alternative = left.substr(0, left.find('~'));
@@ -171,7 +171,7 @@ List::Outcome List::filter() {
         deselectHidden();
         return {0, "Error occured while filtering"};
     }
-    m_judge = {filterColumns, filterTexts, exactOnce || exactAlways};
+    m_judge = {filterColumns, filterTexts, filterIsValue, exactOnce || exactAlways};
     for (std::size_t stored = 0; stored < store.size(); ++stored)
         if (passes(*store[stored])) map.push_back(stored);
     exactOnce = false;
@@ -209,7 +209,7 @@ Record* List::at(std::size_t row) const {
 bool List::passes(const Record& record) const {
     for (std::size_t i = 0; i < m_judge.columns.size(); ++i)
         if (!matches(record.cells[static_cast<std::size_t>(m_judge.columns[i])], m_judge.texts[i],
-                     m_judge.exact))
+                     m_judge.exact, m_judge.isValue[i]))
             return false;
     return true;
 }

@@ -14,8 +14,8 @@ struct Record {
     std::vector<std::string> cells;
 };
 
-// One cell against a filter text.
-bool matches(const std::string& cell, const std::string& filter, bool exact);
+// One cell against a filter text; `value`: which is one whole value.
+bool matches(const std::string& cell, const std::string& filter, bool exact, bool value = false);
 
 // Below, equal to or above 0 as row `a` comes before, with or behind row `b`. Texts compared as
 // dates (type 6) are to be of the form dd/mm/yyyy, or of lengths of their own.
@@ -54,6 +54,7 @@ public:
 
     std::vector<int> filterColumns;
     std::vector<std::string> filterTexts;
+    std::vector<bool> filterIsValue;
     bool exactOnce = false, exactAlways = false;
     std::optional<Sorting> sorting;
 
@@ -65,6 +66,7 @@ private:
     struct Judge {
         std::vector<int> columns;
         std::vector<std::string> texts;
+        std::vector<bool> isValue;
         bool exact = false;
     };
 

@@ -95,37 +95,34 @@ private:
     }
 
     void setFilter() {
-        static const std::vector<std::string> kFilters = {"",
-                                                          "",
-                                                          "",
-                                                          "",
-                                                          "a",
-                                                          "abc",
-                                                          "*bc",
-                                                          "*bc*",
-                                                          "*",
-                                                          ">99",
-                                                          "<100",
-                                                          "abc~xyz",
-                                                          "~",
-                                                          "1~2~3~4~5~6",
-                                                          ">abc",
-                                                          "*longer*",
-                                                          "longer than eight b",
+        static const std::vector<std::string> kFilters = {"",         "",
+                                                          "",         "",
+                                                          "a",        "abc",
+                                                          "*bc",      "*bc*",
+                                                          "*",        ">99",
+                                                          "<100",     "abc~xyz",
+                                                          "~",        "1~2~3~4~5~6",
+                                                          ">abc",     "<",
+                                                          "*longer*", "longer than eight b",
                                                           "NA~-"};
         const int column = static_cast<int>(below(kColumns));
         const std::string& text = kFilters[below(kFilters.size())];
-        m_store.setFilter(column, text);
+        const bool isValue = below(4) == 0;
+        m_store.setFilter(column, text, isValue ? FilterKind::value : FilterKind::pattern);
         auto& columns = m_literal.filterColumns;
         auto& texts = m_literal.filterTexts;
+        auto& values = m_literal.filterIsValue;
         texts.resize(columns.size());
+        values.resize(columns.size());
         const auto found = std::find(columns.begin(), columns.end(), column);
         if (found != columns.end()) {
             texts.erase(texts.begin() + (found - columns.begin()));
+            values.erase(values.begin() + (found - columns.begin()));
             columns.erase(found);
         }
-        if (!text.empty()) columns.push_back(column), texts.push_back(text);
-        EXPECT_EQ(m_store.filterText(column), text);
+        if (text.empty()) return;
+        columns.push_back(column), texts.push_back(text), values.push_back(isValue);
+        EXPECT_EQ(m_store.filterOf(column).text, text);
     }
     void filter() { expectSame(m_store.filter(), m_literal.filter()); }
 
@@ -196,8 +193,9 @@ private:
                 m_literal.filterColumns.clear(), m_literal.filterTexts.clear();
                 break;
             case 6:
-                m_store.setFilters({0, 1}, {"a"});
+                m_store.setFilters({0, 1}, {ColumnFilter{"a"}});
                 m_literal.filterColumns = {0, 1}, m_literal.filterTexts = {"a"};
+                m_literal.filterIsValue = {false};
                 break;
             default:
                 break;

@@ -82,7 +82,7 @@ TEST_F(RecordStoreTest, DeletesRowsAndStoredRecords) {
 
 TEST_F(RecordStoreTest, FiltersThatDontBelongTogetherFail) {
     append({"a", "b"});
-    m_store.setFilters({0, 1}, {"a"});
+    m_store.setFilters({0, 1}, {ColumnFilter{"a"}});
     EXPECT_STREQ(m_store.filter().message, "Error occured while filtering");
     EXPECT_EQ(m_store.rowCount(), 2U);
     EXPECT_STREQ(m_store.deleteItem(1).message, "Delete item: Item not found");
@@ -105,6 +105,19 @@ TEST_F(RecordStoreTest, ExactnessIsAskedOnceOrKept) {
     m_store.filter();
     m_store.filter();
     EXPECT_EQ(shown(), "abc");
+}
+
+// Records that come or change later are judged by the value, too, and a pattern takes its place.
+TEST_F(RecordStoreTest, AValueStaysOneUntilThePatternChanges) {
+    append({"a~b", "a", "a~bc", "A~B"});
+    m_store.setFilter(0, "a~b", FilterKind::value);
+    m_store.filter();
+    EXPECT_EQ(shown(), "a~b A~B");
+    insert(0, "b");
+    refresh(insert(0, "c"), "A~b");
+    EXPECT_EQ(shown(), "a~b A~B A~b");
+    filter("a~b");
+    EXPECT_EQ(shown(), "a~b a a~bc A~B b A~b");
 }
 
 TEST_F(RecordStoreTest, RowsArriveAndMoveWhereOrderAndFilterWantThem) {

@@ -4,6 +4,7 @@
 
 #include "listctrl/model/list_commands.h"
 #include "res/resource_ids.h"
+#include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
 namespace {
@@ -238,6 +239,23 @@ TEST_F(Columns, TheProfileIsViewedSavedAndSetBack) {
     });
     EXPECT_EQ(stored.text(), kAllColumns);
     EXPECT_EQ(column(2), (Texts{"30", "4", "100"}));
+}
+
+TEST_F(Columns, SortingEndsWithItsColumn) {
+    open->plugin.publish(pending("5", "340", {{54247, "ALAN"}}));
+    const HWND header = reinterpret_cast<HWND>(SendMessageA(mainList(), LVM_GETHEADER, 0, 0));
+    RECT maker{};
+    SendMessageA(header, HDM_GETITEMRECT, 3, reinterpret_cast<LPARAM>(&maker));
+    POINT caption{maker.left + 30, maker.top + 5};
+    ClientToScreen(header, &caption);
+    hand::click(caption);
+    EXPECT_EQ(column(2), (Texts{"5", "30", "4", "100"}));
+    inDialog(kRepositionCommand, [](HWND dialog) {
+        selectRows(GetDlgItem(dialog, IDC_CP_SHOWN), {3});
+        click(dialog, IDC_CP_REMOVE);
+        click(dialog, IDC_CP_VIEW);
+    });
+    EXPECT_EQ(column(2), (Texts{"30", "4", "100", "5"}));
 }
 
 TEST_F(Columns, WhatHasToStayStaysAndIsNamed) {

@@ -2,6 +2,8 @@
 // and sending it.
 #include <gtest/gtest.h>
 
+#include "framework/handles.h"
+#include "listctrl/model/list_commands.h"
 #include "tests/windows/test_host.h"
 
 namespace {
@@ -79,6 +81,39 @@ TEST_F(Details, AnswerShowsGroupsAndALateOneNothing) {
     EXPECT_EQ(lines(), shown) << "a second answer takes the place of the first";
     open->plugin.publish(outcome("7", "accepted"));
     EXPECT_EQ(lines(), Texts{});
+}
+
+// The widest texts are the heading and the row's name behind its indent, and a value in bold.
+TEST_F(Details, FittingMeasuresWhatIsDrawn) {
+    showLimits();
+    SendMessageA(details(), WM_COMMAND, kFitToDataCommand, 0);
+    LOGFONTA plain{};
+    GetObjectA(reinterpret_cast<HFONT>(SendMessageA(details(), WM_GETFONT, 0, 0)), sizeof plain,
+               &plain);
+    const auto width = [&](const std::string& text, LONG weight) {
+        LOGFONTA wanted = plain;
+        wanted.lfWeight = weight;
+        const fw::Font font(CreateFontIndirectA(&wanted));
+        const HDC dc = GetDC(details());
+        const fw::SelectScope select(dc, font.get());
+        SIZE size{};
+        GetTextExtentPoint32A(dc, text.data(), static_cast<int>(text.size()), &size);
+        ReleaseDC(details(), dc);
+        return static_cast<LRESULT>(size.cx);
+    };
+    constexpr int kMargins = 2 * 6, kIndent = 16;
+    const auto fitted = [](WPARAM column) {
+        return SendMessageA(details(), LVM_GETCOLUMNWIDTH, column, 0);
+    };
+    EXPECT_EQ(fitted(0), kIndent + width("GroupWise Validation", plain.lfWeight) + kMargins);
+    answer({{32767, "om_get_auth_limits_details"},
+            {51803, "7"},
+            {54001, "C1"},
+            {64031, "123456789012"},
+            {64031, "1"}});
+    SendMessageA(details(), WM_COMMAND, kFitToDataCommand, 0);
+    EXPECT_EQ(rowTexts(details(), 2, 2)[1], "123456790528.00");
+    EXPECT_EQ(fitted(1), width("123456790528.00", FW_BOLD) + kMargins);
 }
 
 TEST_F(Details, HeadingsFoldByClickAndKeys) {

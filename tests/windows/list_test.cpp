@@ -154,57 +154,6 @@ TEST_F(List, OffersTheValuesOfAColumn) {
     EXPECT_EQ(rowCount(mainList()), 5);
 }
 
-TEST_F(List, ARowThatTheListSelectsByItselfIsNotDecided) {
-    keyWith(VK_HOME, {});
-    keyWith(VK_DOWN, {});
-    press("Accept");
-    ASSERT_EQ(host().sent.size(), 1u);
-    open.plugin.publish(outcome("10", "accepted"));
-    EXPECT_EQ(SendMessageA(mainList(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED), 1);
-    press("Accept");
-    EXPECT_EQ(host().sent.size(), 1u) << "nobody looked at the row that moved up";
-    key(mainList(), VK_SPACE);
-    press("Accept");
-    ASSERT_EQ(host().sent.size(), 2u);
-    EXPECT_EQ(sentField(host().sent[1], 51803), "100");
-}
-
-TEST_F(List, SelectionFollowsItsRecordsThroughSortingAndFiltering) {
-    selectRows(mainList(), {0, 3});  // Bela and ASHOK
-    clickHeader(0);
-    press("Accept");
-    ASSERT_EQ(host().sent.size(), 2u);
-    EXPECT_EQ(sentField(host().sent[0], 51803), "11") << "in row order";
-    EXPECT_EQ(sentField(host().sent[1], 51803), "9");
-
-    SetWindowTextA(filterBox(0), "b");
-    key(filterEdit(0), VK_RETURN);
-    press("Accept");
-    EXPECT_EQ(host().sent.size(), 3u) << "a row filtered out is deselected";
-}
-
-TEST_F(List, KeysAndMouseSelect) {
-    const auto selected = [] {
-        std::vector<int> rows;
-        for (int row = -1;
-             (row = static_cast<int>(SendMessageA(mainList(), LVM_GETNEXTITEM,
-                                                  static_cast<WPARAM>(row), LVNI_SELECTED))) >= 0;)
-            rows.push_back(row);
-        return rows;
-    };
-    keyWith(VK_HOME, {});
-    keyWith(VK_DOWN, {VK_SHIFT});
-    keyWith(VK_DOWN, {VK_SHIFT});
-    EXPECT_EQ(selected(), (std::vector<int>{0, 1, 2}));
-    keyWith(VK_END, {VK_CONTROL});
-    keyWith(VK_SPACE, {VK_CONTROL});
-    EXPECT_EQ(selected(), (std::vector<int>{0, 1, 2, 4}));
-    keyWith('A', {VK_CONTROL});
-    EXPECT_EQ(selected().size(), 5u);
-    keyWith(VK_UP, {});
-    EXPECT_EQ(selected(), std::vector<int>{3});
-}
-
 std::string clipboardText() {
     std::string text;
     if (OpenClipboard(nullptr) == 0) return "<closed>";

@@ -1,0 +1,98 @@
+// CFilterBox: the window of one column's filter box, an edit with a drop-down of the column's
+// values. FilterBox says what it shows and what applies.
+//
+// The control would complete a text when its list drops, step through the values at arrow keys and
+// the wheel, and write the line that its list is on into the edit at its own time. So a closed box
+// has no lines, its keys are handled here, and after each drop and close the box shows its own
+// text again, when the control is through with the message.
+#pragma once
+
+#include <string>
+
+#include "framework/window.h"
+#include "listctrl/model/filter_box.h"
+
+// What the boxes ask of, and tell, the list that they belong to. An item is a shown column.
+class FilterHeaderOwner {
+public:
+    virtual DistinctValues filterChoices(int item) = 0;
+    // Another filter applies. Called last: the box may be gone when it returns.
+    virtual void filterChanged() = 0;
+    // A box got the focus or lost it.
+    virtual void boxFocusChanged() = 0;
+
+protected:
+    ~FilterHeaderOwner() = default;
+};
+
+class CFilterBox : public fw::CWindow {
+public:
+    CFilterBox(FilterHeaderOwner& owner, int item) : m_owner(owner), m_item(item) {}
+    ~CFilterBox() override;
+
+    // Makes the box as a child of the header; `name` is for screen readers.
+    bool create(HWND header, UINT id, const std::string& name, HFONT font, ColumnFilter filter);
+
+    int height() const;
+    // A box that is there already is not touched.
+    void place(int left, int top, int width);
+
+    const ColumnFilter& filter() const { return m_box.applied(); }
+    HWND edit() const { return m_edit.handle(); }
+
+    // Ends the filter without telling the owner.
+    void clear();
+
+    // Enter or Esc; false for any other key. Only the first of a key that is held down counts.
+    bool key(UINT key);
+
+    // A notification of the control, handed on by its parent (CBN_).
+    void onNotification(UINT code);
+
+protected:
+    const fw::MessageMap& messageMap() const override;
+
+private:
+    // The control's edit, for the keys that it keeps from the control.
+    class CEdit final : public fw::CWindow {
+    public:
+        explicit CEdit(CFilterBox& box) : m_box(box) {}
+        using CWindow::subclass;
+
+    protected:
+        const fw::MessageMap& messageMap() const override;
+
+    private:
+        LRESULT onGetDialogCode(const MSG* message);
+        bool onKeyDown(UINT key, bool repeated) { return m_box.onKeyDown(key, repeated); }
+        bool onSystemKeyDown(UINT key, bool repeated);
+        void onKeyUp() { m_box.m_held = 0; }
+        void onFocus();
+        bool onCharacter(UINT character);
+
+        CFilterBox& m_box;
+    };
+
+    bool onKeyDown(UINT key, bool repeated);
+    bool onTimer(UINT_PTR id);
+    void onSettle();
+    void onDropped();
+
+    bool dropped() const { return SendMessageA(handle(), CB_GETDROPPEDSTATE, 0, 0) != 0; }
+    std::optional<FilterBox::Line> line() const;  // that the open list is on
+    void toggle();
+    bool stepIn();
+    void enter();
+    void close(bool filters);
+    void show();
+    void apply();
+
+    FilterHeaderOwner& m_owner;
+    int m_item;
+    FilterBox m_box;
+    CEdit m_edit{*this};
+    HWND m_label = nullptr;
+    UINT m_held = 0;         // the key that was handled and is still down
+    bool m_showing = false;  // the text is being set, not typed
+    bool m_applies = false;  // once the control is through
+};

@@ -1,0 +1,183 @@
+// The filter boxes under a real hand: what a box shows and what the list shows after each thing
+// that a checker can do to it.
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "tests/windows/hand.h"
+#include "tests/windows/test_host.h"
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+HWND header() {
+    return reinterpret_cast<HWND>(SendMessageA(mainList(), LVM_GETHEADER, 0, 0));
+}
+HWND box(int item) {
+    return GetDlgItem(header(), 5000 + item);
+}
+HWND edit(int item) {
+    return FindWindowExA(box(item), nullptr, "Edit", nullptr);
+}
+std::string shownIn(int item) {
+    char text[300]{};
+    GetWindowTextA(edit(item), text, sizeof text);
+    return text;
+}
+bool dropped(int item = 0) {
+    return SendMessageA(box(item), CB_GETDROPPEDSTATE, 0, 0) != 0;
+}
+
+// The names in the first column, one behind the other.
+std::string names() {
+    std::string all;
+    for (int row = 0; row < rowCount(mainList()); ++row)
+        all += (row > 0 ? " " : "") + rowTexts(mainList(), row, 1)[0];
+    return all;
+}
+
+void clickEdit(int item) {
+    hand::click(edit(item));
+}
+void clickArrow() {
+    RECT place{};
+    GetWindowRect(box(0), &place);
+    hand::click(POINT{place.right - 8, (place.top + place.bottom) / 2});
+}
+void clickLine(int line) {
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof info;
+    GetComboBoxInfo(box(0), &info);
+    RECT place{};
+    SendMessageA(info.hwndList, LB_GETITEMRECT, static_cast<WPARAM>(line),
+                 reinterpret_cast<LPARAM>(&place));
+    MapWindowPoints(info.hwndList, HWND_DESKTOP, reinterpret_cast<POINT*>(&place), 2);
+    hand::click(POINT{place.left + 10, (place.top + place.bottom) / 2});
+}
+void pause(DWORD milliseconds = 600) {
+    const ULONGLONG end = GetTickCount64() + milliseconds;
+    pumpUntil([&] { return GetTickCount64() >= end; });
+}
+
+const std::map<std::string, std::function<void()>>& steps() {
+    static const std::map<std::string, std::function<void()>> table{
+        {"(pause)", [] { pause(); }},
+        {"(enter)", [] { hand::key(VK_RETURN); }},
+        {"(esc)", [] { hand::key(VK_ESCAPE); }},
+        {"(held esc)", [] { hand::hold(VK_ESCAPE, 5); }},
+        {"(held enter)", [] { hand::hold(VK_RETURN, 5); }},
+        {"(F4)", [] { hand::key(VK_F4); }},
+        {"(alt down)", [] { hand::key(VK_DOWN, hand::kAlt); }},
+        {"(alt up)", [] { hand::key(VK_UP, hand::kAlt); }},
+        {"(down)", [] { hand::key(VK_DOWN); }},
+        {"(up)", [] { hand::key(VK_UP); }},
+        {"(page down)", [] { hand::key(VK_NEXT); }},
+        {"(backspace)", [] { hand::key(VK_BACK); }},
+        {"(tab)", [] { hand::key(VK_TAB); }},
+        {"(wheel)", [] { hand::wheel(edit(0), -1); }},
+        {"(arrow)", clickArrow},
+        {"(line 0)", [] { clickLine(0); }},
+        {"(line 1)", [] { clickLine(1); }},
+        {"(line 2)", [] { clickLine(2); }},
+        {"(line 5)", [] { clickLine(5); }},
+        {"(line 6)", [] { clickLine(6); }},
+        {"(line 7)", [] { clickLine(7); }},
+        {"(elsewhere)", [] { clickEdit(3); }},
+        // The other box applies something that every row passes.
+        {"(other box)",
+         [] {
+             clickEdit(1);
+             hand::type("add");
+             hand::key(VK_RETURN);
+         }},
+    };
+    return table;
+}
+
+void perform(const Texts& actions) {
+    for (const std::string& action : actions) {
+        const auto step = steps().find(action);
+        if (step != steps().end())
+            step->second();
+        else
+            hand::type(action.c_str());
+    }
+}
+
+class Filters : public testing::Test {
+protected:
+    static constexpr char kAll[] = "MAKER1 MAKER10 MAKER05 RMS <none> a~b *x";
+
+    Filters() {
+        int key = 20;
+        for (const char* name : {"MAKER1", "MAKER10", "MAKER05", "RMS", "<none>", "a~b", "*x"})
+            open.plugin.publish(pending(std::to_string(key++), "339", {{31003, name}}));
+        pump();
+    }
+    OpenWorkbench open;
+};
+
+TEST_F(Filters, ABoxSaysWhatIsFiltered) {
+    const struct {
+        const char* before;  // typed, and applied by Enter
+        Texts actions;
+        const char* box;
+        const char* rows;
+    } cases[] = {
+        // A drop-down that opens and closes changes nothing, and what was typed waits its pause.
+        {"", {"MAKER0", "(F4)", "(F4)"}, "MAKER0", kAll},
+        {"", {"MAKER0", "(alt down)", "(alt up)"}, "MAKER0", kAll},
+        {"", {"MAKER0", "(F4)", "(esc)"}, "MAKER0", kAll},
+        {"", {"MAKER0", "(arrow)", "(arrow)", "(pause)"}, "MAKER0", "MAKER05"},
+        {"", {"MAKER0", "(F4)", "(pause)", "(esc)"}, "MAKER0", "MAKER05"},
+        {"", {"MAKER0", "(F4)", "(down)", "(esc)", "5"}, "MAKER05", kAll},
+        {"RMS", {"(F4)", "(down)", "(esc)"}, "RMS", "RMS"},
+        {"RMS", {"(F4)", "(down)", "(down)", "(tab)", "(pause)"}, "RMS", "RMS"},
+        {"RMS", {"(arrow)", "(down)", "(elsewhere)", "(pause)"}, "RMS", "RMS"},
+        {"RMS", {"(F4)", "(held esc)"}, "RMS", "RMS"},
+        {"", {"MAKER1", "(F4)", "(enter)"}, "MAKER1", "MAKER1 MAKER10"},
+        // Another box applies its own text only.
+        {"", {"MAKER0", "(F4)", "(esc)", "(other box)"}, "MAKER0", kAll},
+        {"RMS", {"x", "(other box)"}, "RMSx", "RMS"},
+        {"RMS", {"x", "(other box)", "(pause)"}, "RMSx", ""},
+        // A closed box does not step.
+        {"RMS", {"(up)", "(page down)", "(up)", "(enter)"}, "RMS", "RMS"},
+        {"RMS", {"(wheel)", "(pause)", "(enter)"}, "RMS", "RMS"},
+        {"RMS", {"(down)", "(esc)", "(enter)"}, "RMS", "RMS"},
+        // A line that is taken is one whole value; typing makes it a pattern again.
+        {"RMS", {"(arrow)", "(line 1)"}, "MAKER1", "MAKER1"},
+        {"", {"(F4)", "(line 5)"}, "<none>", "<none>"},
+        {"", {"(alt down)", "(line 6)"}, "a~b", "a~b"},
+        {"", {"(down)", "(line 7)", "(enter)"}, "*x", "*x"},
+        {"", {"(F4)", "(down)", "(enter)"}, "MAKER1", "MAKER1"},
+        {"", {"(F4)", "(down)", "(F4)"}, "MAKER1", "MAKER1"},
+        {"", {"(F4)", "(down)", "(held enter)"}, "MAKER1", "MAKER1"},
+        {"", {"MAKER0", "(F4)", "(down)", "(enter)"}, "MAKER05", "MAKER05"},
+        {"", {"(F4)", "(line 2)", "(other box)"}, "MAKER10", "MAKER10"},
+        {"", {"(F4)", "(line 2)", "MAKER1", "(enter)"}, "MAKER1", "MAKER1 MAKER10"},
+        // "--ALL-- " empties the box, and a text goes in as it is typed.
+        {"RMS", {"(arrow)", "(line 0)"}, "", kAll},
+        {"RMS", {"(arrow)", "(line 0)", "RMS", "(pause)"}, "RMS", "RMS"},
+        {"", {"(F4)", "(enter)"}, "", kAll},
+        {"", {"(F4)", "(esc)", "RMS", "(enter)"}, "RMS", "RMS"},
+        // Esc in a closed box.
+        {"RMS", {"x", "(esc)"}, "", kAll},
+    };
+    for (const auto& each : cases) {
+        clickEdit(1);
+        hand::key(VK_ESCAPE);
+        clickEdit(0);
+        hand::key(VK_ESCAPE);
+        hand::type(each.before);
+        hand::key(VK_RETURN);
+        perform(each.actions);
+        const std::string name = testing::PrintToString(each.actions) + " from " + each.before;
+        EXPECT_EQ(shownIn(0), each.box) << name;
+        EXPECT_EQ(names(), each.rows) << name;
+        EXPECT_FALSE(dropped()) << name;
+    }
+    EXPECT_TRUE(host().sent.empty());
+}
+
+}  // namespace

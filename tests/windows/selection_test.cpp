@@ -1,0 +1,288 @@
+// What mouse and keys select in the main list, what the parent is told of it, what others are
+// answered, and what the buttons then decide.
+#include <gtest/gtest.h>
+
+#include "tests/windows/hand.h"
+#include "tests/windows/test_host.h"
+
+namespace {
+
+using Rows = std::vector<int>;
+using Texts = std::vector<std::string>;
+using hand::kCtrl;
+using hand::kCtrlShift;
+using hand::kShift;
+
+int ask(UINT message, int start, LPARAM more) {
+    return static_cast<int>(SendMessageA(mainList(), message, static_cast<WPARAM>(start), more));
+}
+
+Rows selected() {
+    Rows rows;
+    for (int row = -1; (row = ask(LVM_GETNEXTITEM, row, LVNI_SELECTED)) >= 0;) rows.push_back(row);
+    return rows;
+}
+
+int focused() {
+    return ask(LVM_GETNEXTITEM, -1, LVNI_FOCUSED);
+}
+
+// Counts what the list tells its parent of the selection; `act` is done with it.
+class Told {
+public:
+    explicit Told(std::function<void()> act = {})
+        : m_parent(GetParent(mainList())), m_act(std::move(act)) {
+        SetWindowSubclass(m_parent, procedure, 1, reinterpret_cast<DWORD_PTR>(this));
+    }
+    ~Told() { RemoveWindowSubclass(m_parent, procedure, 1); }
+    Told(const Told&) = delete;
+    Told& operator=(const Told&) = delete;
+    int take() { return std::exchange(m_count, 0); }
+
+private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR,
+                                      DWORD_PTR object) {
+        auto& self = *reinterpret_cast<Told*>(object);
+        const auto* notice = reinterpret_cast<const NMLISTVIEW*>(l);
+        if (message == WM_NOTIFY && notice->hdr.code == static_cast<UINT>(LVN_ITEMCHANGED) &&
+            notice->iItem == -1) {
+            const bool any = SendMessageA(mainList(), LVM_GETSELECTEDCOUNT, 0, 0) > 0;
+            EXPECT_EQ(notice->uChanged, static_cast<UINT>(LVIF_STATE));
+            EXPECT_EQ(notice->uNewState, any ? static_cast<UINT>(LVIS_SELECTED) : 0u);
+            EXPECT_EQ(notice->uOldState, any ? 0u : static_cast<UINT>(LVIS_SELECTED));
+            ++self.m_count;
+            if (self.m_act) self.m_act();
+        }
+        return DefSubclassProc(window, message, w, l);
+    }
+
+    HWND m_parent;
+    std::function<void()> m_act;
+    int m_count = 0;
+};
+
+// Ten changes, with the keys 10 to 19.
+class Selection : public testing::Test {
+protected:
+    void SetUp() override {
+        for (const char* name : {"Bela", "asha", "Chitra", "ASHOK", "deepa", "Esha", "Gopal",
+                                 "arun 1", "arun 2", "arun 3"})
+            publish(name);
+        pump();
+    }
+    void publish(const char* name) {
+        open.plugin.publish(pending(std::to_string(m_key++), "340", {{31003, name}}));
+    }
+    // The keys of what the hand's press of a button sent.
+    static Texts pressed(const char* name) {
+        host().sent.clear();
+        hand::click(button(name));
+        Texts keys;
+        for (const Fields& message : host().sent) keys.push_back(sentField(message, 51803));
+        return keys;
+    }
+    OpenWorkbench open;
+
+private:
+    int m_key = 10;
+};
+
+TEST_F(Selection, EachGestureSelectsWhatItSays) {
+    const auto program = [](int row, UINT state, UINT mask) {
+        LVITEMA item{};
+        item.state = state;
+        item.stateMask = mask;
+        ask(LVM_SETITEMSTATE, row, reinterpret_cast<LPARAM>(&item));
+    };
+    const struct {
+        const char* what;
+        std::function<void()> act;  // row 4 was clicked
+        Rows selected;
+        int focused;
+        int told;
+    } cases[] = {
+        {"a click", [] { hand::clickRow(mainList(), 2); }, {2}, 2, 1},
+        {"on the selected row", [] { hand::clickRow(mainList(), 4); }, {4}, 4, 0},
+        {"Ctrl adds", [] { hand::clickRow(mainList(), 6, kCtrl); }, {4, 6}, 6, 1},
+        {"Ctrl takes away", [] { hand::clickRow(mainList(), 4, kCtrl); }, {}, 4, 1},
+        {"Shift", [] { hand::clickRow(mainList(), 6, kShift); }, {4, 5, 6}, 6, 1},
+        {"Ctrl+Shift adds a range",
+         [] {
+             hand::clickRow(mainList(), 8, kCtrl);
+             hand::clickRow(mainList(), 6, kCtrlShift);
+         },
+         {4, 6, 7, 8},
+         6,
+         2},
+        {"Down", [] { hand::key(VK_DOWN); }, {5}, 5, 1},
+        {"Shift+Up, held", [] { hand::hold(VK_UP, 1, kShift); }, {2, 3, 4}, 2, 2},
+        {"Ctrl+Down moves only", [] { hand::hold(VK_DOWN, 1, kCtrl); }, {4}, 6, 0},
+        {"and Shift+Space selects so far",
+         [] {
+             hand::hold(VK_DOWN, 1, kCtrl);
+             hand::key(VK_SPACE, kShift);
+         },
+         {4, 5, 6},
+         6,
+         1},
+        {"Ctrl+Space the row alone",
+         [] {
+             hand::hold(VK_DOWN, 1, kCtrl);
+             hand::key(VK_SPACE, kCtrl);
+         },
+         {4, 6},
+         6,
+         1},
+        {"Ctrl+A", [] { hand::key('A', kCtrl); }, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}, 4, 1},
+        {"letters", [] { hand::type("ash"); }, {1}, 1, 2},
+        {"one letter again", [] { hand::type("aa"); }, {8}, 8, 2},
+        {"a blank among letters", [] { hand::type("arun 3"); }, {9}, 9, 2},
+        {"but not behind a move",
+         [] {
+             hand::type("g");
+             hand::key(VK_UP, kCtrl);
+             hand::key(VK_SPACE);
+         },
+         {5, 6},
+         5,
+         2},
+        {"Shift+G draws lines", [] { hand::type("G"); }, {4}, 4, 0},
+        {"a program", [&] { program(7, LVIS_SELECTED, LVIS_SELECTED); }, {4, 7}, 4, 1},
+        {"for all", [&] { program(-1, 0, LVIS_SELECTED | LVIS_FOCUSED); }, {}, -1, 1},
+        {"for no row", [&] { program(10, LVIS_SELECTED, LVIS_SELECTED); }, {4}, 4, 0},
+    };
+    Told told;
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.what);
+        hand::clickRow(mainList(), 4);
+        told.take();
+        each.act();
+        EXPECT_EQ(selected(), each.selected);
+        EXPECT_EQ(focused(), each.focused);
+        EXPECT_EQ(told.take(), each.told);
+    }
+}
+
+TEST_F(Selection, WhatRowsDoIsNotTold) {
+    hand::clickRow(mainList(), 1);
+    hand::clickRow(mainList(), 3, kShift);
+    Told told;
+    publish("Zoya");
+    open.plugin.publish(outcome("12", "accepted"));
+    pump();
+    EXPECT_EQ(selected(), (Rows{1, 2}));
+    const HWND header = reinterpret_cast<HWND>(SendMessageA(mainList(), LVM_GETHEADER, 0, 0));
+    POINT caption{30, 5};
+    ClientToScreen(header, &caption);
+    hand::click(caption);  // ASHOK, Bela, Chitra, Esha, Gopal, Zoya, arun 1 to 3, asha, deepa
+    EXPECT_EQ(selected(), (Rows{0, 8}));
+    hand::click(FindWindowExA(GetDlgItem(header, 5000), nullptr, "Edit", nullptr));
+    hand::type("ashok");
+    hand::key(VK_RETURN);
+    EXPECT_EQ(selected(), Rows{0});
+    hand::key(VK_ESCAPE);
+    EXPECT_EQ(selected(), Rows{0}) << "a row that was filtered out is deselected";
+    EXPECT_EQ(told.take(), 0);
+    EXPECT_EQ(pressed("Accept"), Texts{"13"});
+}
+
+COLORREF fillOf(int row) {
+    RedrawWindow(mainList(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    RECT place{LVIR_BOUNDS, 0, 0, 0};
+    ask(LVM_GETITEMRECT, row, reinterpret_cast<LPARAM>(&place));
+    const HDC dc = GetDC(mainList());
+    const COLORREF color = GetPixel(dc, place.left + 2, (place.top + place.bottom) / 2);
+    ReleaseDC(mainList(), dc);
+    return color;
+}
+
+// What a removal selects is decided like all else, and Shift selects from there, even when the
+// next change is given the place of the one that went.
+TEST_F(Selection, TheRowAfterARemovalIsSelected) {
+    hand::clickRow(mainList(), 0);
+    EXPECT_EQ(pressed("Accept"), Texts{"10"});
+    const COLORREF filled = fillOf(0);
+    EXPECT_NE(fillOf(1), filled);
+    open.plugin.publish(outcome("10", "accepted"));
+    EXPECT_EQ(selected(), Rows{0});
+    EXPECT_EQ(fillOf(0), filled);
+    EXPECT_NE(fillOf(1), filled);
+    EXPECT_EQ(pressed("Accept"), Texts{"11"});
+    open.plugin.publish(outcome("11", "accepted"));
+    publish("Zoya");
+    SetFocus(mainList());
+    hand::key(VK_DOWN, kShift);
+    EXPECT_EQ(pressed("Accept"), (Texts{"12", "13"}));
+}
+
+TEST_F(Selection, EnterOpensTheFocusedRow) {
+    host().sent.clear();
+    SetFocus(mainList());
+    hand::key(VK_RETURN);
+    EXPECT_TRUE(host().sent.empty()) << "no row has the focus";
+    hand::clickRow(mainList(), 1);
+    hand::hold(VK_DOWN, 1, kCtrl);
+    hand::key(VK_RETURN);
+    ASSERT_EQ(host().sent.size(), 1u);
+    EXPECT_EQ(sentField(host().sent[0], 51803), "13");
+    EXPECT_EQ(selected(), Rows{1});
+    hand::doubleClickRow(mainList(), 6);
+    ASSERT_EQ(host().sent.size(), 2u);
+    EXPECT_EQ(sentField(host().sent[1], 51803), "16");
+}
+
+TEST_F(Selection, OthersAreAnswered) {
+    hand::clickRow(mainList(), 2);
+    hand::clickRow(mainList(), 7, kCtrl);
+    LVFINDINFOA bytes{};
+    bytes.flags = LVFI_PARTIAL;
+    bytes.psz = "ARUN";
+    LVFINDINFOW wide{};
+    wide.flags = LVFI_STRING | LVFI_WRAP;
+    wide.psz = L"bela";
+    LVFINDINFOA data{};
+    data.flags = LVFI_PARAM;
+    const auto at = [](const auto& info) { return reinterpret_cast<LPARAM>(&info); };
+    const struct {
+        UINT message;
+        int start;
+        LPARAM more;
+        int answer;
+    } cases[] = {
+        {LVM_GETNEXTITEM, -1, LVNI_ALL, 0},
+        {LVM_GETNEXTITEM, 9, LVNI_ABOVE, 8},
+        {LVM_GETNEXTITEM, 9, LVNI_ABOVE | LVNI_SELECTED, 7},
+        {LVM_GETNEXTITEM, 7, LVNI_ABOVE | LVNI_SELECTED, 2},
+        {LVM_GETNEXTITEM, 2, LVNI_ABOVE | LVNI_SELECTED, -1},
+        {LVM_GETNEXTITEM, -1, LVNI_FOCUSED | LVNI_SELECTED, 7},
+        {LVM_GETNEXTITEM, 7, LVNI_FOCUSED, -1},
+        {LVM_GETNEXTITEM, 8, LVNI_ABOVE | LVNI_FOCUSED, 7},
+        {LVM_GETNEXTITEM, 4, LVNI_TOLEFT, -1},
+        {LVM_GETSELECTIONMARK, 0, 0, 7},
+        {LVM_SETSELECTIONMARK, 0, 4, 7},
+        {LVM_GETSELECTIONMARK, 0, 0, 4},
+        {LVM_SETSELECTIONMARK, 0, -1, 4},
+        {LVM_GETSELECTIONMARK, 0, 0, -1},
+        {LVM_FINDITEMA, -1, at(bytes), 7},
+        {LVM_FINDITEMA, 7, at(bytes), 8},
+        {LVM_FINDITEMA, 9, at(bytes), -1},
+        {LVM_FINDITEMW, 5, at(wide), 0},
+        {LVM_FINDITEMA, -1, at(data), -1},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(ask(each.message, each.start, each.more), each.answer)
+            << std::hex << each.message << " " << each.start << " " << each.more;
+    LVITEMINDEX index{2, 0};
+    EXPECT_EQ(SendMessageA(mainList(), LVM_GETNEXTITEMINDEX, reinterpret_cast<WPARAM>(&index),
+                           LVNI_SELECTED),
+              TRUE);
+    EXPECT_EQ(index.iItem, 7);
+}
+
+TEST_F(Selection, WhoIsToldMayEndTheList) {
+    const Told told([this] { open.plugin.exit(); });
+    hand::doubleClickRow(mainList(), 3);
+    EXPECT_EQ(findPane(), nullptr);
+}
+
+}  // namespace
