@@ -157,11 +157,6 @@ void CCommonListCtrl::onFocusChanged() {
     InvalidateRect(handle(), nullptr, FALSE);
 }
 
-bool CCommonListCtrl::claims(UINT key) const {
-    const Modifiers keys = modifiersDown();
-    return isListKey(key, keys.ctrl, keys.shift, offers());
-}
-
 bool CCommonListCtrl::onKeyDown(UINT key, bool) {
     const Modifiers keys = modifiersDown();
     m_keyTaken = false;

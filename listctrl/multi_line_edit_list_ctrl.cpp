@@ -95,9 +95,8 @@ void CMultiLineEditListCtrl::onNextEditor(WPARAM how) {
         if (editable(lines().lineAt(row))) return openEditor(row);
 }
 
-void CMultiLineEditListCtrl::editEnding(EditEnd end, const std::string& text) {
-    if (end != EditEnd::cancel && m_edited != nullptr && text != m_edited->row->value)
-        tellOwner(text);
+void CMultiLineEditListCtrl::editEnding(EditEnd end, const std::optional<std::string>& typed) {
+    if (typed && m_edited != nullptr && *typed != m_edited->row->value) tellOwner(*typed);
     closeEditor();
     SendMessageA(m_editOwner, kEditorClosed, 0, 0);
     if (end == EditEnd::next || end == EditEnd::previous)
@@ -142,13 +141,13 @@ void CMultiLineEditListCtrl::closeEditor() {
     if (closed != nullptr && closed->owns(GetFocus())) SetFocus(handle());
 }
 
-// A text that is refused stays in its editor, which follows its field into the new rows.
+// What is being typed stays in its editor, which follows its field into the new rows.
 void CMultiLineEditListCtrl::replace(std::vector<DetailGroup> groups) {
-    const bool refused = m_editor != nullptr && !m_editor->leave(false);
-    const int field = refused ? m_edited->row->mnemonic : 0;
+    if (m_editor != nullptr && !m_editor->changed()) closeEditor();
+    const int field = m_edited != nullptr ? m_edited->row->mnemonic : 0;
     m_edited = nullptr;
     CMultiLineListCtrl::replace(std::move(groups));
-    if (!refused) return;
+    if (m_editor == nullptr) return;
     m_edited = lines().lineOf(field);
     if (m_edited == nullptr) dropText();
     PostMessageA(handle(), kFollowCell, 0, 0);

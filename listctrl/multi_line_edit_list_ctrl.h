@@ -68,7 +68,7 @@ private:
     void onEditDoubleClick(POINT client);
     void onResized(int, int) { cellsMove(); }
     void onNextEditor(WPARAM how);
-    void editEnding(EditEnd end, const std::string& text) override;
+    void editEnding(EditEnd end, const std::optional<std::string>& typed) override;
     void editRefused(const std::string& message) override;
     void editorFocusChanged() override;
 
