@@ -27,6 +27,10 @@ struct EndOfEdit {
 inline constexpr UINT kEndOfEdit = 33789;
 inline constexpr UINT kEndOfChoice = 33788;
 
+// Sent by a CMultiLineEditListCtrl to its edit owner when an editor has closed, whatever became of
+// its text. wParam, lParam and result are not used.
+inline constexpr UINT kEditorClosed = WM_APP + 0x1C53;
+
 // Posted by a CMultiLineEditListCtrl to itself when Tab or Shift+Tab ended an edit: the next row's
 // editor is opened once that is over. wParam: the EditEnd. lParam and result are not used.
 inline constexpr UINT kNextEditor = WM_APP + 0x1C51;

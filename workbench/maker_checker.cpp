@@ -82,6 +82,7 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
         fw::onNotify<IDC_DETAILS_LIST, HDN_FILTERCHANGE, &CMakerChecker::onDetailsFilterChanged>(),
         fw::on<kEndOfEdit, &CMakerChecker::onEndOfEdit>(),
         fw::on<kEndOfChoice, &CMakerChecker::onEndOfChoice>(),
+        fw::on<kEditorClosed, &CMakerChecker::onEditorClosed>(),
     };
     static const fw::MessageMap map{&CPaneDialog::baseMap(), entries};
     return map;
@@ -265,7 +266,7 @@ void CMakerChecker::onDialogKey(UINT key, bool repeated) {
     if (editing ? detailsList->editorKey(key, repeated) : repeated && m_heldInEditor) return;
     if (!repeated && (mainList->dialogKey(focus, key) || detailsList->dialogKey(focus, key)))
         return;
-    if (key == VK_ESCAPE && !repeated && mainList != nullptr &&
+    if (key == VK_ESCAPE && !repeated &&
         (focus == mainList->handle() || focus == detailsList->handle()))
         return decide([](Workbench& workbench) { workbench.dropEdits(); });
     CPaneDialog::onDialogKey(key, repeated);
@@ -316,8 +317,19 @@ void CMakerChecker::onMainFilterChanged(NMHDR&) {
     if (m_workbench != nullptr) m_workbench->selectionMoved();
 }
 
+// While a text in the details is refused, they stay until its editor closes.
 void CMakerChecker::onSelectionMade(NMHDR&) {
-    if (m_workbench != nullptr) m_workbench->selectionMade();
+    if (m_workbench == nullptr) return;
+    m_selectionWaits = !detailsList->leaveEditor();
+    if (m_selectionWaits)
+        m_workbench->selectionMoved();
+    else
+        m_workbench->selectionMade();
+}
+
+void CMakerChecker::onEditorClosed() {
+    if (std::exchange(m_selectionWaits, false) && m_workbench != nullptr)
+        m_workbench->selectionMade();
 }
 
 // A double-click: of the first selected row.

@@ -59,6 +59,7 @@ private:
 
     void onMainFilterChanged(NMHDR&);
     void onDetailsFilterChanged(NMHDR&) { detailsList->applyFilter(); }
+    void onEditorClosed();
     void onEndOfEdit(const EndOfEdit& edit);
     void onEndOfChoice(const EndOfEdit& edit);
     void takeEdit(const EndOfEdit& edit, const std::optional<std::string>& stored);
@@ -85,6 +86,7 @@ private:
     std::unique_ptr<Workbench> m_workbench;
     std::unique_ptr<CFilterListCtrl> mainList;  // on the rows of the workbench
     std::unique_ptr<CMultiLineEditListCtrl> detailsList;
-    bool m_heldInEditor = false;  // the last key was pressed in an editor of the details
-    bool m_deciding = false;      // a button's work is under way, perhaps behind a message box
+    bool m_selectionWaits = false;  // for the end of an edit, with what it does to the details
+    bool m_heldInEditor = false;    // the last key was pressed in an editor of the details
+    bool m_deciding = false;        // a button's work is under way, perhaps behind a message box
 };

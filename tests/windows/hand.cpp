@@ -22,6 +22,7 @@ struct Stroke {
     bool inLoop = false;  // only in a loop that the input opened
 };
 std::deque<Stroke> theStrokes;
+Step theGuest;             // called in a loop that nothing is queued for
 std::size_t theFront = 0;  // where the strokes that the present one queues go
 bool theHandIsBusy = false;
 ULONGLONG theLastStroke = 0;
@@ -93,6 +94,7 @@ void performNext() {
 // A timer's message comes when the queue is empty. run() takes it out of its own loop, so it is
 // only dispatched by loops that the input opened.
 void CALLBACK onTimer(HWND, UINT, UINT_PTR, DWORD) {
+    if (theStrokes.empty() && theGuest) theStrokes.push_back({theGuest});
     if (!theStrokes.empty())
         performNext();
     else if (GetTickCount64() - theLastStroke > kMaxIdle)
@@ -210,7 +212,10 @@ void drag(POINT from, POINT to, bool escape) {
 }
 
 void wheel(HWND window, int notches) {
-    const POINT at = middle(window);
+    wheel(middle(window), notches);
+}
+
+void wheel(POINT at, int notches) {
     queue({[at] { sendMouse(at, 0); },
            [=] { sendMouse(at, MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches * WHEEL_DELTA)); }});
 }
@@ -252,6 +257,13 @@ void during(const Step& act, std::vector<Step> steps) {
     act();
     EXPECT_TRUE(theStrokes.empty()) << theStrokes.size() << " steps had no loop to run in";
     theStrokes.clear();
+}
+
+void duringEach(const Step& act, const Step& each) {
+    ASSERT_FALSE(theHandIsBusy) << "only a test itself waits for a loop";
+    theGuest = each;
+    act();
+    theGuest = nullptr;
 }
 
 void letGo() {

@@ -36,6 +36,7 @@ void doubleClick(HWND window);
 void doubleClickRow(HWND list, int row, int column = 0);
 // Presses at `from`, moves in some steps, lets go at `to`; `escape` presses Esc before.
 void drag(POINT from, POINT to, bool escape = false);
+void wheel(POINT at, int notches);
 void wheel(HWND window, int notches);
 
 // A key down and up. hold(): with `repeats` further key-downs between, as a held key sends them.
@@ -48,6 +49,10 @@ void type(const char* text);
 // step that no loop was open for is a failure.
 using Step = std::function<void()>;
 void during(const Step& act, std::vector<Step> steps);
+
+// Performs `act`. Whenever a loop that it opened waits for input, `each` is called, which must end
+// the loop some time.
+void duringEach(const Step& act, const Step& each);
 
 // The points that are used above.
 POINT middle(HWND window);

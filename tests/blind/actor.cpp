@@ -1,0 +1,389 @@
+#include "tests/blind/actor.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "tests/windows/test_host.h"
+
+namespace blind {
+namespace {
+
+using hand::Keys;
+
+constexpr RECT kScreen{0, 0, 1280, 900};
+constexpr int kMaxLoopSteps = 25;  // then a loop is ended, whatever it is
+constexpr const char* kTyped[] = {"12a", "77.5", "5",      "MAKER0", "MAKER1",
+                                  "usr", ">5",   "<none>", "a~b",    "*1",
+                                  "360", "rms",  "x y",    "why",    "--ALL-- "};
+
+struct KeyChoice {
+    const char* name;
+    WORD key;
+    Keys keys;
+    int weight;
+};
+constexpr KeyChoice kKeyChoices[] = {
+    {"Tab", VK_TAB, {}, 8},
+    {"Shift+Tab", VK_TAB, hand::kShift, 4},
+    {"Enter", VK_RETURN, {}, 12},
+    {"Esc", VK_ESCAPE, {}, 5},
+    {"Space", VK_SPACE, {}, 6},
+    {"Up", VK_UP, {}, 4},
+    {"Down", VK_DOWN, {}, 6},
+    {"Left", VK_LEFT, {}, 2},
+    {"Right", VK_RIGHT, {}, 2},
+    {"Shift+Up", VK_UP, hand::kShift, 3},
+    {"Shift+Down", VK_DOWN, hand::kShift, 4},
+    {"Ctrl+Down", VK_DOWN, hand::kCtrl, 2},
+    {"Ctrl+Space", VK_SPACE, hand::kCtrl, 2},
+    {"Home", VK_HOME, {}, 1},
+    {"End", VK_END, {}, 1},
+    {"Page Down", VK_NEXT, {}, 1},
+    {"F2", VK_F2, {}, 6},
+    {"F4", VK_F4, {}, 2},
+    {"Alt+Down", VK_DOWN, hand::kAlt, 2},
+    {"F5", VK_F5, {}, 1},
+    {"Shift+F5", VK_F5, hand::kShift, 1},
+    {"F6", VK_F6, {}, 2},
+    {"Ctrl+A", 'A', hand::kCtrl, 1},
+    {"Ctrl+C", 'C', hand::kCtrl, 1},
+    {"Shift+G", 'G', hand::kShift, 1},
+    {"Menu", VK_APPS, {}, 1},
+    {"Ctrl+Shift+Y", 'Y', hand::kCtrlShift, 3},
+    {"Ctrl+Shift+N", 'N', hand::kCtrlShift, 2},
+    {"Ctrl+Shift+U", 'U', hand::kCtrlShift, 3},
+    {"Ctrl+Shift+C", 'C', hand::kCtrlShift, 1},
+    {"Ctrl+Shift+D", 'D', hand::kCtrlShift, 1},
+    {"Delete", VK_DELETE, {}, 1},
+    {"Backspace", VK_BACK, {}, 2},
+    {"M", 'M', {}, 2},
+    {"1", '1', {}, 2},
+};
+
+constexpr struct {
+    WORD key;
+    Keys keys;
+    const char* press;
+} kChords[] = {{'Y', hand::kCtrlShift, "Accept"},
+               {'N', hand::kCtrlShift, "Reject"},
+               {'U', hand::kCtrlShift, "Update"},
+               {VK_F5, {}, "Recover"}};
+
+bool same(Keys a, Keys b) {
+    return a.ctrl == b.ctrl && a.shift == b.shift && a.alt == b.alt;
+}
+
+// What the first key-down presses.
+void announceKey(Act& act, const KeyChoice& choice, const Sight& sight) {
+    if (!sight.keysReachPane()) return;
+    for (const auto& chord : kChords) {
+        if (chord.key != choice.key || !same(chord.keys, choice.keys)) continue;
+        const HWND pressed = FindWindowExA(sight.pane, nullptr, "Button", chord.press);
+        act.press = buttonOf(sight.pane, pressed);
+        act.certain = !act.press.empty();
+    }
+    if (choice.key != VK_SPACE && choice.key != VK_RETURN) return;
+    act.press = buttonOf(sight.pane, sight.focus);
+    act.certain = !act.press.empty() && same(choice.keys, {});
+    if (choice.key == VK_RETURN && sight.focus == sight.main.window) {
+        act.press = kOpenFocused;
+        act.certain = same(choice.keys, {});
+    }
+}
+
+RECT visiblePart(HWND window) {
+    RECT place{}, seen{};
+    GetWindowRect(window, &place);
+    IntersectRect(&seen, &place, &kScreen);
+    return seen;
+}
+
+bool inThisThread(HWND window) {
+    return window != nullptr && GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
+}
+
+std::string words(POINT at) {
+    const HWND under = WindowFromPoint(at);
+    return classOf(under) + " '" + textOf(under) + "' " + std::to_string(at.x) + "," +
+           std::to_string(at.y);
+}
+
+}  // namespace
+
+// ---- Where ----
+
+struct Actor::Target {
+    std::optional<POINT> (Actor::*find)(const Sight&);
+    int weight;
+};
+
+POINT Actor::inWindow(HWND window) {
+    const RECT seen = visiblePart(window);
+    return {seen.left + m_dice.below(static_cast<int>(seen.right - seen.left)),
+            seen.top + m_dice.below(static_cast<int>(seen.bottom - seen.top))};
+}
+
+std::optional<POINT> Actor::inButton(const Sight& sight) {
+    static constexpr struct {
+        const char* text;
+        int weight;
+    } buttons[] = {{"Accept", 4}, {"Reject", 2}, {"Update", 3}, {"Recover", 1}};
+    const HWND button = FindWindowExA(sight.pane, nullptr, "Button", m_dice.weighted(buttons).text);
+    if (IsWindowVisible(button) == 0) return std::nullopt;
+    return inWindow(button);
+}
+
+std::optional<POINT> Actor::inRow(const ListSight& list) {
+    if (list.rows.empty()) return std::nullopt;
+    const int top = static_cast<int>(SendMessageA(list.window, LVM_GETTOPINDEX, 0, 0));
+    const int page = static_cast<int>(SendMessageA(list.window, LVM_GETCOUNTPERPAGE, 0, 0));
+    const int rows = std::min(page, static_cast<int>(list.rows.size()) - top);
+    const int column = m_dice.below(static_cast<int>(list.captions.size()));
+    if (rows <= 0) return std::nullopt;
+    return hand::cell(list.window, top + m_dice.below(rows), column);
+}
+
+std::optional<POINT> Actor::inHeader(const Sight& sight) {
+    const ListSight& list = m_dice.chance(70) ? sight.main : sight.details;
+    const auto header = reinterpret_cast<HWND>(SendMessageA(list.window, LVM_GETHEADER, 0, 0));
+    return inWindow(header);
+}
+
+std::optional<POINT> Actor::atDivider(const Sight& sight) {
+    const ListSight& list = m_dice.chance(60) ? sight.main : sight.details;
+    const auto header = reinterpret_cast<HWND>(SendMessageA(list.window, LVM_GETHEADER, 0, 0));
+    RECT item{};
+    SendMessageA(header, HDM_GETITEMRECT,
+                 static_cast<WPARAM>(m_dice.below(static_cast<int>(list.captions.size()))),
+                 reinterpret_cast<LPARAM>(&item));
+    POINT at{item.right - 1, item.top + 5};
+    ClientToScreen(header, &at);
+    return at;
+}
+
+std::optional<POINT> Actor::inBox(const Sight& sight) {
+    const ListSight& list = m_dice.chance(75) ? sight.main : sight.details;
+    if (list.boxes.empty()) return std::nullopt;
+    return inWindow(m_dice.oneOf(list.boxes).window);
+}
+
+std::optional<POINT> Actor::atArrow(const Sight& sight) {
+    if (sight.main.boxes.empty()) return std::nullopt;
+    RECT place{};
+    GetWindowRect(m_dice.oneOf(sight.main.boxes).window, &place);
+    return POINT{place.right - 6, place.top + 8};
+}
+
+std::optional<POINT> Actor::inDropList(const Sight& sight) {
+    for (const Box& box : sight.main.boxes) {
+        if (!box.dropped) continue;
+        COMBOBOXINFO info{};
+        info.cbSize = sizeof info;
+        if (GetComboBoxInfo(box.window, &info) != 0) return inWindow(info.hwndList);
+    }
+    return std::nullopt;
+}
+
+std::optional<POINT> Actor::inBar(const Sight& sight) {
+    return inWindow(descendant(sight.pane, "MakerChecker.SplitterBar", 0));
+}
+
+std::optional<POINT> Actor::inCaption(const Sight& sight) {
+    const HWND root = GetAncestor(sight.pane, GA_ROOT);
+    const HWND captioned = classOf(root) == "MakerChecker.FloatFrame" ? root : sight.pane;
+    RECT place{};
+    GetWindowRect(captioned, &place);
+    const int width = static_cast<int>(place.right - place.left);
+    return POINT{place.left + (m_dice.chance(15) ? width - 12 : m_dice.below(width)),
+                 place.top + 8};
+}
+
+std::optional<POINT> Actor::inEditor(const Sight& sight) {
+    if (sight.editor == nullptr) return std::nullopt;
+    return inWindow(sight.editor);
+}
+
+std::optional<POINT> Actor::anywhere(const Sight& sight) {
+    return inWindow(sight.pane);
+}
+
+// ---- What ----
+
+hand::Keys Actor::someModifiers() {
+    static constexpr struct {
+        Keys keys;
+        int weight;
+    } choices[] = {{{}, 80}, {hand::kCtrl, 8}, {hand::kShift, 8}, {hand::kCtrlShift, 4}};
+    return m_dice.weighted(choices).keys;
+}
+
+Act Actor::mouseAct(const Sight& sight) {
+    static constexpr Target targets[] = {
+        {&Actor::inMainRow, 26}, {&Actor::inDetailsRow, 16}, {&Actor::inButton, 22},
+        {&Actor::inHeader, 5},   {&Actor::atDivider, 3},     {&Actor::inBox, 8},
+        {&Actor::atArrow, 5},    {&Actor::inDropList, 14},   {&Actor::inBar, 2},
+        {&Actor::inCaption, 1},  {&Actor::inEditor, 3},      {&Actor::anywhere, 10},
+    };
+    const auto found = (this->*m_dice.weighted(targets).find)(sight);
+    if (!found || PtInRect(&kScreen, *found) == 0 || !inThisThread(WindowFromPoint(*found)))
+        return keyAct(sight);
+    const POINT at = *found;
+    const HWND under = WindowFromPoint(at);
+    const std::string on = words(at);
+    const std::string pressed = buttonOf(sight.pane, under);
+    Act act;
+    act.inDropList = classOf(under) == "ComboLBox";
+    const int gesture = m_dice.below(100);
+    if (gesture < 62) {
+        const Keys keys = someModifiers();
+        act.name =
+            std::string(keys.ctrl ? "Ctrl+" : "") + (keys.shift ? "Shift+" : "") + "click " + on;
+        act.run = [at, keys] { hand::click(at, keys); };
+        act.press = pressed;
+        act.certain = !pressed.empty() && GetCapture() == nullptr;
+    } else if (gesture < 85) {
+        act.name = "double-click " + on;
+        act.run = [at] { hand::doubleClick(at); };
+        act.press = under == sight.main.window ? kOpenSelected : pressed;
+    } else if (gesture < 90) {
+        act.name = "right click " + on;
+        act.run = [at] { hand::click(at, {}, hand::Button::right); };
+    } else if (gesture < 95) {
+        const POINT to =
+            inWindow(m_dice.chance(80) ? sight.pane : GetAncestor(sight.pane, GA_ROOT));
+        const bool escape = m_dice.chance(20);
+        act.name = "drag " + on + " to " + words(to) + (escape ? " and Esc" : "");
+        act.run = [=] { hand::drag(at, to, escape); };
+        if (WindowFromPoint(to) == under) act.press = pressed;
+    } else {
+        const int notches = m_dice.below(5) - 2;
+        act.name = "wheel " + std::to_string(notches) + " " + on;
+        act.run = [at, notches] { hand::wheel(at, notches); };
+    }
+    return act;
+}
+
+Act Actor::keyAct(const Sight& sight) {
+    const KeyChoice& choice = m_dice.weighted(kKeyChoices);
+    const int repeats = m_dice.chance(12) ? 1 + m_dice.below(12) : 0;
+    Act act{.name = choice.name, .run = [=] { hand::hold(choice.key, repeats, choice.keys); }};
+    act.key = choice.key;
+    if (repeats > 0) act.name += " held, " + std::to_string(repeats) + " repeats";
+    act.name += " in " + classOf(sight.focus) + " '" + textOf(sight.focus) + "'";
+    announceKey(act, choice, sight);
+    return act;
+}
+
+Act Actor::typeAct(const Sight& sight) {
+    const char* text = m_dice.oneOf(kTyped);
+    // A blank presses the button that has the focus.
+    if (!buttonOf(sight.pane, sight.focus).empty()) return keyAct(sight);
+    return {.name = "type \"" + std::string(text) + "\" into " + classOf(sight.focus),
+            .run = [text] { hand::type(text); },
+            .key = 'A'};
+}
+
+Act Actor::serverAct(const Sight&) {
+    static constexpr struct {
+        std::string (Server::*act)();
+        int weight;
+    } moves[] = {{&Server::publishNew, 30},
+                 {&Server::publishAgain, 12},
+                 {&Server::publishOutcome, 22},
+                 {&Server::answerSomething, 60}};
+    const auto move = m_dice.weighted(moves).act;
+    Act act{.name = "server:", .run = {}, .byHand = false};
+    if (m_dice.chance(4)) {
+        act.name = "server, and nothing can be sent until the next action:";
+        host().sends = false;
+    }
+    act.run = [this, move] {
+        m_loopWords += " " + (m_server.*move)();
+        pump();
+    };
+    return act;
+}
+
+Act Actor::pauseAct(const Sight&) {
+    return {.name = "pause", .run = m_pause, .pause = true};
+}
+
+Act Actor::hotKeyAct(const Sight&) {
+    return {.name = "hot key",
+            .run =
+                [this] {
+                    m_hotKey();
+                    pump();
+                },
+            .byHand = false};
+}
+
+Act Actor::next(const Sight& sight) {
+    static constexpr struct {
+        Act (Actor::*make)(const Sight&);
+        int weight;
+    } kinds[] = {{&Actor::mouseAct, 400},  {&Actor::keyAct, 340}, {&Actor::typeAct, 70},
+                 {&Actor::serverAct, 170}, {&Actor::pauseAct, 4}, {&Actor::hotKeyAct, 10}};
+    m_loopSteps = 0;
+    if (!inThisThread(GetForegroundWindow())) SetForegroundWindow(GetAncestor(sight.pane, GA_ROOT));
+    if (IsWindowVisible(sight.pane) == 0) return hotKeyAct(sight);
+    const RECT seen = visiblePart(sight.pane);
+    if (seen.right - seen.left < 100 || seen.bottom - seen.top < 100)
+        SetWindowPos(GetAncestor(sight.pane, GA_ROOT), nullptr, 100, 100, 700, 600, SWP_NOZORDER);
+    return (this->*m_dice.weighted(kinds).make)(sight);
+}
+
+// ---- In loops ----
+
+struct Actor::LoopMove {
+    const char* name;
+    void (*act)(Actor&);
+    int weight;
+};
+
+void Actor::clickInDialog() {
+    std::vector<HWND> children;
+    EnumChildWindows(
+        GetActiveWindow(),
+        [](HWND child, LPARAM into) -> BOOL {
+            if (IsWindowVisible(child) != 0)
+                reinterpret_cast<std::vector<HWND>*>(into)->push_back(child);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&children));
+    if (!children.empty()) hand::click(inWindow(m_dice.oneOf(children)));
+}
+
+void Actor::answerLoop() {
+    static constexpr LoopMove moves[] = {
+        {"Esc", [](Actor&) { hand::key(VK_ESCAPE); }, 24},
+        {"Enter", [](Actor&) { hand::key(VK_RETURN); }, 18},
+        {"Space", [](Actor&) { hand::key(VK_SPACE); }, 6},
+        {"Tab", [](Actor&) { hand::key(VK_TAB); }, 8},
+        {"Down", [](Actor&) { hand::key(VK_DOWN); }, 12},
+        {"Y", [](Actor&) { hand::key('Y'); }, 8},
+        {"N", [](Actor&) { hand::key('N'); }, 8},
+        {"why", [](Actor&) { hand::type("why"); }, 8},
+        {"click in it", [](Actor& self) { self.clickInDialog(); }, 10},
+        {"click in the pane", [](Actor& self) { hand::click(self.inWindow(findPane())); }, 4},
+        {"Ctrl+Shift+Y", [](Actor&) { hand::key('Y', hand::kCtrlShift); }, 2},
+        {"F5", [](Actor&) { hand::key(VK_F5); }, 2},
+        {"outcome", [](Actor& self) { self.m_server.publishOutcome(); }, 4},
+        {"publish", [](Actor& self) { self.m_server.publishNew(); }, 4},
+        {"answer", [](Actor& self) { self.m_server.answerSomething(); }, 3},
+    };
+    const LoopMove& move = m_dice.weighted(moves);
+    const std::string where = textOf(GetActiveWindow());
+    if (++m_loopSteps > kMaxLoopSteps) {
+        m_loopWords += " <ended>";
+        EndMenu();
+        for (const WORD command : {IDCANCEL, IDNO, IDOK})
+            PostMessageA(GetActiveWindow(), WM_COMMAND, command, 0);
+        return;
+    }
+    m_loopWords += std::string(" [") + where + ": " + move.name + "]";
+    move.act(*this);
+}
+
+}  // namespace blind

@@ -1,0 +1,76 @@
+// A user without sense: picks one thing after the other that a hand can do, or a server.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "tests/blind/dice.h"
+#include "tests/blind/server.h"
+#include "tests/blind/sight.h"
+#include "tests/windows/hand.h"
+
+namespace blind {
+
+// One action. What it may press is said before it happens, from the input alone, what lies under
+// the pointer and what has the focus.
+struct Act {
+    std::string name;
+    hand::Step run;
+    std::string press = {};  // a button's text, kOpenFocused or kOpenSelected; empty: nothing
+    bool certain = false;    // the press has to happen
+    bool byHand = true;      // not by the server
+    WORD key = 0;
+    bool inDropList = false;  // a click in an open drop-down
+    bool pause = false;       // timers expire
+};
+inline constexpr char kOpenFocused[] = "details of the focused row";
+inline constexpr char kOpenSelected[] = "details of the first selected row";
+
+class Actor {
+public:
+    Actor(Dice& dice, Server& server, std::function<void()> hotKey, std::function<void()> pause)
+        : m_dice(dice), m_server(server), m_hotKey(std::move(hotKey)), m_pause(std::move(pause)) {}
+
+    Act next(const Sight& sight);
+
+    // Input for a loop that waits: a menu, a message box, a dialog. Ends it before long.
+    void answerLoop();
+    // What was done in loops since the last call.
+    std::string takeLoopWords() { return std::exchange(m_loopWords, {}); }
+
+private:
+    struct Target;
+    struct LoopMove;
+    Act keyAct(const Sight& sight);
+    Act typeAct(const Sight& sight);
+    Act mouseAct(const Sight& sight);
+    Act serverAct(const Sight& sight);
+    Act pauseAct(const Sight& sight);
+    Act hotKeyAct(const Sight& sight);
+
+    std::optional<POINT> inButton(const Sight& sight);
+    std::optional<POINT> inMainRow(const Sight& sight) { return inRow(sight.main); }
+    std::optional<POINT> inDetailsRow(const Sight& sight) { return inRow(sight.details); }
+    std::optional<POINT> inHeader(const Sight& sight);
+    std::optional<POINT> atDivider(const Sight& sight);
+    std::optional<POINT> inBox(const Sight& sight);
+    std::optional<POINT> atArrow(const Sight& sight);
+    std::optional<POINT> inDropList(const Sight& sight);
+    std::optional<POINT> inBar(const Sight& sight);
+    std::optional<POINT> inCaption(const Sight& sight);
+    std::optional<POINT> inEditor(const Sight& sight);
+    std::optional<POINT> anywhere(const Sight& sight);
+    std::optional<POINT> inRow(const ListSight& list);
+    POINT inWindow(HWND window);
+    hand::Keys someModifiers();
+    void clickInDialog();
+
+    Dice& m_dice;
+    Server& m_server;
+    std::function<void()> m_hotKey, m_pause;
+    int m_loopSteps = 0;
+    std::string m_loopWords;
+};
+
+}  // namespace blind

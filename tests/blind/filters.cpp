@@ -1,0 +1,146 @@
+#include "tests/blind/filters.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdlib>
+#include <optional>
+
+namespace blind {
+namespace {
+
+std::string lower(std::string text) {
+    for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return text;
+}
+
+std::optional<double> number(const std::string& text) {
+    char* end = nullptr;
+    const double value = std::strtod(text.c_str(), &end);
+    return end != text.c_str() ? std::optional(value) : std::nullopt;
+}
+
+bool passesOne(const std::string& pattern, const std::string& cell) {
+    const bool star = pattern.starts_with('*');
+    if (star && pattern.size() > 1 && pattern.ends_with('*'))
+        return cell.find(pattern.substr(1, pattern.size() - 2)) != std::string::npos;
+    if (star) return cell.ends_with(pattern.substr(1));
+    const auto bound = number(pattern.substr(1)), value = number(cell);
+    if (pattern[0] == '>' && bound) return value && *value > *bound;
+    if (pattern[0] == '<' && bound) return value && *value < *bound;
+    return cell.starts_with(pattern);
+}
+
+}  // namespace
+
+bool passes(const std::string& filter, const std::string& cell, bool exact) {
+    if (filter.empty()) return true;
+    const std::string patterns = lower(filter), text = lower(cell);
+    for (std::size_t begin = 0; begin < patterns.size();) {
+        const std::size_t end = std::min(patterns.find('~', begin), patterns.size());
+        const std::string one = patterns.substr(begin, end - begin);
+        if (!one.empty() && (exact ? one == text : passesOne(one, text))) return true;
+        begin = end + 1;
+    }
+    return false;
+}
+
+void Filters::follow(const Act& act, bool looped, const Sight& before, const Sight& after) {
+    std::map<std::string, Column> columns;
+    for (const Box& box : after.main.boxes) {
+        Column column = m_columns[box.column];
+        const auto was = std::ranges::find(before.main.boxes, box.column, &Box::column);
+        const bool hadFocus = was != before.main.boxes.end() && was->focused;
+        follow(column, act, looped, box, hadFocus || box.focused);
+        columns[box.column] = column;
+    }
+    m_columns = std::move(columns);
+    if (looped) m_exactly = {false, true};
+}
+
+void Filters::follow(Column& column, const Act& act, bool looped, const Box& box, bool hadFocus) {
+    const bool changed = column.text != box.text;
+    const bool closed = column.dropped && !box.dropped;
+    column.text = box.text;
+    column.dropped = box.dropped;
+    const Filter pattern{box.text, false}, exact{box.text, true};
+    if (looped && changed) {
+        column = {{pattern, exact}, false, box.dropped, box.text};
+    } else if (act.pause) {
+        if (column.typing) column.possible.insert(pattern);
+        if (column.typing)
+            std::erase_if(column.possible, [&](auto& f) { return f.text != box.text; });
+        column.typing = false;
+    } else if (closed && (act.key == VK_RETURN || act.inDropList)) {
+        if (act.inDropList && !changed) return;  // a click beside the entries
+        column.possible = {exact};
+        // With nothing chosen in the list the typed text applies.
+        if (act.key == VK_RETURN) column.possible.insert(pattern);
+        column.typing = false;
+    } else if (act.key == VK_RETURN && hadFocus && !box.dropped) {
+        std::erase_if(column.possible, [&](auto& f) { return f.text != box.text; });
+        if (column.typing || column.possible.empty()) column.possible.insert(pattern);
+        column.typing = false;
+    } else if (act.key == VK_ESCAPE && hadFocus && box.text.empty()) {
+        column.possible.insert(pattern);  // it emptied the box, or only closed the drop-down
+        column.typing = true;
+    } else if (changed && hadFocus) {
+        column.typing = true;
+    } else if (changed) {
+        column = {{pattern}, false, box.dropped, box.text};
+    }
+}
+
+// Tries every combination of what is possible, and keeps those that fit.
+std::string Filters::complaint(const std::map<std::string, Change>& pending, const Sight& sight) {
+    for (const auto& [name, column] : m_columns)
+        if (!column.typing && !column.dropped &&
+            std::ranges::none_of(column.possible,
+                                 [&](const Filter& each) { return each.text == column.text; }))
+            return "box '" + name + "' says '" + column.text + "' but filters by '" +
+                   column.possible.begin()->text + "'";
+    std::set<std::string> seen;
+    for (int row = 0; row < static_cast<int>(sight.main.rows.size()); ++row)
+        seen.insert(sight.main.cell(row, "Key"));
+
+    using Guess = std::map<std::string, Filter>;
+    std::vector<Guess> guesses{{}};
+    for (const auto& [name, column] : m_columns) {
+        std::vector<Guess> more;
+        for (const Guess& guess : guesses)
+            for (const Filter& filter : column.possible) {
+                more.push_back(guess);
+                more.back()[name] = filter;
+            }
+        guesses = std::move(more);
+    }
+    std::map<std::string, std::set<Filter>> fitting;
+    std::set<bool> exactly;
+    std::string wrong;
+    for (const bool all : m_exactly)
+        for (const Guess& guess : guesses) {
+            std::set<std::string> expected;
+            for (const auto& [key, change] : pending)
+                if (std::ranges::all_of(guess, [&](const auto& each) {
+                        return passes(each.second.text, change.cell(each.first),
+                                      all || each.second.exact);
+                    }))
+                    expected.insert(key);
+            if (expected == seen) {
+                exactly.insert(all);
+                for (const auto& [name, filter] : guess) fitting[name].insert(filter);
+            } else if (wrong.empty()) {
+                wrong = std::to_string(seen.size()) + " rows instead of " +
+                        std::to_string(expected.size()) + " pass the filters";
+                for (const auto& [name, filter] : guess)
+                    if (!filter.text.empty())
+                        wrong +=
+                            "; " + name + (filter.exact ? " is '" : " like '") + filter.text + "'";
+            }
+        }
+    if (exactly.empty()) return wrong;
+    m_exactly = exactly;
+    for (auto& [name, column] : m_columns) column.possible = fitting[name];
+    return "";
+}
+
+}  // namespace blind

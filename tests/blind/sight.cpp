@@ -1,0 +1,156 @@
+#include "tests/blind/sight.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "tests/windows/test_host.h"
+
+namespace blind {
+namespace {
+
+HWND headerOf(HWND list) {
+    return reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
+}
+
+std::vector<std::string> captionsOf(HWND header) {
+    std::vector<std::string> captions;
+    const auto count = SendMessageA(header, HDM_GETITEMCOUNT, 0, 0);
+    for (WPARAM item = 0; static_cast<LRESULT>(item) < count; ++item) {
+        char text[256]{};
+        HDITEMA info{};
+        info.mask = HDI_TEXT;
+        info.pszText = text;
+        info.cchTextMax = sizeof text;
+        SendMessageA(header, HDM_GETITEMA, item, reinterpret_cast<LPARAM>(&info));
+        captions.emplace_back(text);
+    }
+    return captions;
+}
+
+// A box belongs to the caption above its middle.
+std::vector<Box> boxesOf(HWND header, const std::vector<std::string>& captions, HWND focus) {
+    std::vector<Box> boxes;
+    HWND combo = nullptr;
+    while ((combo = FindWindowExA(header, combo, WC_COMBOBOXA, nullptr)) != nullptr) {
+        RECT place{};
+        GetWindowRect(combo, &place);
+        MapWindowPoints(nullptr, header, reinterpret_cast<POINT*>(&place), 2);
+        for (std::size_t item = 0; item < captions.size(); ++item) {
+            RECT caption{};
+            SendMessageA(header, HDM_GETITEMRECT, item, reinterpret_cast<LPARAM>(&caption));
+            const LONG middle = (place.left + place.right) / 2;
+            if (middle < caption.left || middle >= std::max(caption.right, caption.left + 1))
+                continue;
+            boxes.push_back({combo, captions[item], textOf(combo),
+                             SendMessageA(combo, CB_GETDROPPEDSTATE, 0, 0) != 0,
+                             combo == focus || IsChild(combo, focus) != 0});
+            break;
+        }
+    }
+    return boxes;
+}
+
+ListSight lookAt(HWND list, HWND focus) {
+    ListSight sight;
+    sight.window = list;
+    if (list == nullptr) return sight;
+    sight.captions = captionsOf(headerOf(list));
+    for (int row = 0; row < rowCount(list); ++row)
+        sight.rows.push_back(rowTexts(list, row, static_cast<int>(sight.captions.size())));
+    const auto next = [list](int after, UINT flags) {
+        return static_cast<int>(
+            SendMessageA(list, LVM_GETNEXTITEM, static_cast<WPARAM>(after), flags));
+    };
+    for (int row = -1; (row = next(row, LVNI_SELECTED)) >= 0;) sight.selected.push_back(row);
+    sight.focused = next(-1, LVNI_FOCUSED);
+    sight.boxes = boxesOf(headerOf(list), sight.captions, focus);
+    return sight;
+}
+
+}  // namespace
+
+std::string classOf(HWND window) {
+    char name[64]{};
+    GetClassNameA(window, name, sizeof name);
+    return name;
+}
+
+std::string textOf(HWND window) {
+    char text[1024]{};
+    GetWindowTextA(window, text, sizeof text);
+    return text;
+}
+
+std::string stripText(HWND detailsList) {
+    const std::string text = textOf(detailsList), begin = "Maker Checker Details: ";
+    return text.starts_with(begin) ? text.substr(begin.size()) : "";
+}
+
+std::string buttonOf(HWND pane, HWND window) {
+    for (const char* text : {"Accept", "Reject", "Update", "Recover"})
+        if (window != nullptr && FindWindowExA(pane, nullptr, "Button", text) == window &&
+            IsWindowVisible(window) != 0 && IsWindowEnabled(GetAncestor(window, GA_ROOT)) != 0)
+            return text;
+    return "";
+}
+
+int ListSight::column(const std::string& caption) const {
+    const auto found = std::ranges::find(captions, caption);
+    return found != captions.end() ? static_cast<int>(found - captions.begin()) : -1;
+}
+
+std::string ListSight::cell(int row, const std::string& caption) const {
+    const int at = column(caption);
+    if (at < 0 || row < 0 || row >= static_cast<int>(rows.size())) return "";
+    return rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(at)];
+}
+
+std::vector<std::string> Sight::selectedKeys() const {
+    std::vector<std::string> keys;
+    for (const int row : main.selected) keys.push_back(main.cell(row, "Key"));
+    return keys;
+}
+
+std::string Sight::focusedKey() const {
+    return main.cell(main.focused, "Key");
+}
+
+std::string Sight::tag() const {
+    for (int row = 0; row < static_cast<int>(details.rows.size()); ++row) {
+        const std::string value = details.cell(row, "Value");
+        if (value.starts_with("K") && value.find('/') != std::string::npos) return value;
+    }
+    return "";
+}
+
+Texts Sight::editsOver(const Texts& received) const {
+    Texts edits;
+    for (int row = 0; row < static_cast<int>(details.rows.size()); ++row) {
+        const std::string field = details.cell(row, "Field"), value = details.cell(row, "Value");
+        const bool limit = std::ranges::any_of(
+            kLimits, [&field](const Limit& each) { return each.caption == field; });
+        const auto before = received.find(field);
+        if (limit && (before == received.end() || before->second != value)) edits[field] = value;
+    }
+    return edits;
+}
+
+Sight look() {
+    Sight sight;
+    sight.pane = findPane();
+    sight.focus = GetFocus();
+    sight.main = lookAt(mainList(), sight.focus);
+    sight.details = lookAt(descendant(sight.pane, WC_LISTVIEWA, 4001), sight.focus);
+    sight.strip = stripText(sight.details.window);
+    sight.editor = FindWindowExA(sight.details.window, nullptr, "MakerChecker.CellEditor", nullptr);
+    if (sight.editor != nullptr && IsWindowVisible(sight.editor) != 0) {
+        GetWindowRect(sight.editor, &sight.editorPlace);
+        sight.editedField = sight.details.cell(sight.details.focused, "Field");
+    } else {
+        sight.editor = nullptr;
+    }
+    return sight;
+}
+
+}  // namespace blind
