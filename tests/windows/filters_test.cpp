@@ -242,11 +242,15 @@ TEST_F(Filters, TheWheelOverAClosedBoxScrollsTheList) {
     EXPECT_EQ(shownIn(0), "M");
 }
 
+// Counts moves, and selects the text when the size changes, as the platform's own control does.
 int theMoves = 0;
-LRESULT CALLBACK countMoves(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                            DWORD_PTR) {
+LRESULT CALLBACK selectAtSize(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                              DWORD_PTR) {
     theMoves += message == WM_WINDOWPOSCHANGING;
-    return DefSubclassProc(window, message, wParam, lParam);
+    const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+    if (message == WM_SIZE)
+        SendMessageA(FindWindowExA(window, nullptr, "Edit", nullptr), EM_SETSEL, 0, -1);
+    return result;
 }
 
 TEST_F(Filters, WidthsChangeNoSelectionAndMoveOnlyWhatLiesBehind) {
@@ -263,7 +267,7 @@ TEST_F(Filters, WidthsChangeNoSelectionAndMoveOnlyWhatLiesBehind) {
     hand::key(VK_LEFT);
     const auto selected = std::pair(selectedIn(0), selectedIn(1));
     EXPECT_EQ(selected.first, (std::pair<DWORD, DWORD>{4, 4}));
-    SetWindowSubclass(box(0), countMoves, 1, 0);
+    SetWindowSubclass(box(0), selectAtSize, 1, 0);
     const auto widen = [](int item) {
         RECT place{};
         SendMessageA(header(), HDM_GETITEMRECT, static_cast<WPARAM>(item),
@@ -281,7 +285,7 @@ TEST_F(Filters, WidthsChangeNoSelectionAndMoveOnlyWhatLiesBehind) {
     EXPECT_EQ(theMoves, 0);
     widen(0);
     EXPECT_GT(theMoves, 0);
-    RemoveWindowSubclass(box(0), countMoves, 1);
+    RemoveWindowSubclass(box(0), selectAtSize, 1);
     EXPECT_EQ(std::pair(selectedIn(0), selectedIn(1)), selected);
 }
 
