@@ -267,6 +267,7 @@ TEST_F(Filters, WidthsChangeNoSelectionAndMoveOnlyWhatLiesBehind) {
     hand::key(VK_LEFT);
     const auto selected = std::pair(selectedIn(0), selectedIn(1));
     EXPECT_EQ(selected.first, (std::pair<DWORD, DWORD>{4, 4}));
+    EXPECT_EQ(selected.second, (std::pair<DWORD, DWORD>{0, 0})) << "seen from its beginning";
     SetWindowSubclass(box(0), selectAtSize, 1, 0);
     const auto widen = [](int item) {
         RECT place{};
