@@ -278,8 +278,10 @@ void CMakerChecker::onAccept() {
 
 void CMakerChecker::onReject() {
     decide([](Workbench& workbench) {
-        const std::string reason = askRejectionReason();
-        workbench.reject(workbench.changes().selectedRecords(), reason);
+        // Of what is selected now: rows may come and go while the reason is asked for.
+        const PendingChanges::Hold hold(workbench.changes());
+        const auto records = workbench.changes().selectedRecords();
+        workbench.reject(records, askRejectionReason());
     });
 }
 
