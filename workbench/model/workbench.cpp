@@ -13,17 +13,18 @@ Workbench::Workbench(Host& host, WorkbenchView& view)
       m_view(view),
       m_changes(view),
       m_intake(host, m_changes, m_details, view),
-      m_link(std::make_unique<serverLink>(host, *this)),
-      m_requests(host, *m_link, m_details) {}
+      m_link(host, *this),
+      m_requests(host, m_link, m_details) {}
 
-Workbench::~Workbench() {
+void Workbench::close() {
+    if (m_link.closed()) return;
     m_changes.clearAllRecords();
     emptyDetails(m_details, m_view);
-    m_link.reset();
+    m_link.close();
 }
 
 void Workbench::handlePublished(void* message) {
-    if (message != nullptr) m_intake.handle(FieldReader(message));
+    if (message != nullptr && !m_link.closed()) m_intake.handle(FieldReader(message));
 }
 
 void Workbench::showDetails(const sMakeCheckStruct& record) {
@@ -99,5 +100,5 @@ void Workbench::accountDetails(const FieldReader& answer) {
 }
 
 void Workbench::recovered(const FieldReader& answer) {
-    m_intake.handle(answer);
+    if (!m_link.closed()) m_intake.handle(answer);
 }
