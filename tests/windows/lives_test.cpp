@@ -2,143 +2,64 @@
 #include <gtest/gtest.h>
 
 #include "listctrl/model/list_commands.h"
-#include "res/resource_ids.h"
-#include "sdk/connectvosk.h"
+#include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
 namespace {
 
-// ---- Windows that are open ----
+// ---- What is open ----
 
-HWND openDialog() {
-    HWND found = nullptr;
-    const auto take = [](HWND window, LPARAM into) -> BOOL {
-        char name[32]{};
-        GetClassNameA(window, name, sizeof name);
-        if (std::string(name) != "#32770" || IsWindowVisible(window) == 0) return TRUE;
-        *reinterpret_cast<HWND*>(into) = window;
-        return FALSE;
-    };
-    EnumThreadWindows(GetCurrentThreadId(), take, reinterpret_cast<LPARAM>(&found));
-    return found;
+void clickButton(const char* text) {
+    hand::click(button(text));
 }
-
-bool menuOpen() {
-    GUITHREADINFO info{};
-    info.cbSize = sizeof info;
-    GetGUIThreadInfo(GetCurrentThreadId(), &info);
-    return (info.flags & (GUI_INMENUMODE | GUI_POPUPMENUMODE)) != 0;
+void acceptRows(int first, int last, bool sends) {
+    hand::clickRow(mainList(), first);
+    hand::clickRow(mainList(), last, hand::kShift);
+    host().sends = sends;
+    clickButton("Accept");
 }
-
-// Runs `action` once, from the loop of the first window or menu that opens; counts what opens from
-// then on.
-class Behind {
-public:
-    explicit Behind(std::function<void()> action) : m_action(std::move(action)) {
-        current = this;
-        m_timer = SetTimer(nullptr, 0, 50, look);
-    }
-    ~Behind() {
-        KillTimer(nullptr, m_timer);
-        current = nullptr;
-    }
-    Behind(const Behind&) = delete;
-    Behind& operator=(const Behind&) = delete;
-
-    bool ran() const { return m_ran; }
-    bool stayedOpen() const { return m_stayedOpen; }
-
-private:
-    static void CALLBACK look(HWND, UINT, UINT_PTR, DWORD) { current->look(); }
-    void look() {
-        const HWND dialog = openDialog();
-        if (m_ran) {  // nothing may be open any more, or the press would wait for ever
-            m_stayedOpen = m_stayedOpen || dialog != nullptr || menuOpen();
-            if (dialog != nullptr) EndDialog(dialog, IDCANCEL);
-            if (menuOpen()) EndMenu();
-            return;
-        }
-        if (dialog == nullptr && !menuOpen()) return;
-        m_ran = true;
-        m_action();
-    }
-
-    static Behind* current;
-    std::function<void()> m_action;
-    UINT_PTR m_timer;
-    bool m_ran = false;
-    bool m_stayedOpen = false;
-};
-Behind* Behind::current = nullptr;
-
-// ---- What is open, and what happens behind it ----
-
+void rightClick(HWND window, int x, int y) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    hand::click(POINT{place.left + x, place.top + y}, {}, hand::Button::right);
+}
+HWND header() {
+    return reinterpret_cast<HWND>(SendMessageA(mainList(), LVM_GETHEADER, 0, 0));
+}
 void command(unsigned id) {
     SendMessageA(mainList(), WM_COMMAND, id, 0);
-}
-void rightClickHeader() {
-    const auto header = reinterpret_cast<HWND>(SendMessageA(mainList(), LVM_GETHEADER, 0, 0));
-    NMHDR notice{header, 0, static_cast<UINT>(NM_RCLICK)};
-    SendMessageA(mainList(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notice));
-}
-// A column without a name is refused in a message box over the dialog.
-void addNamelessColumn() {
-    int opened = 0;
-    DialogTrap* trap = nullptr;
-    DialogTrap first([&](HWND) { trap->pressed = ++opened == 1 ? IDOK : 0; });
-    trap = &first;
-    command(kAddColumnCommand);
 }
 
 const struct Opening {
     const char* name;
     void (*open)();
+    const char* typed = "";  // into what opened, before the end
 } kOpenings[] = {
-    {"investor warning",
-     [] {
-         selectRows(mainList(), {3});
-         press("Accept");
-     }},
-    {"error box of Accept",
+    {"the investor warning", [] { acceptRows(3, 3, true); }},
+    {"an error box of Accept", [] { acceptRows(0, 2, false); }},
+    {"an error box of Recover",
      [] {
          host().sends = false;
-         selectRows(mainList(), {0, 1, 2});
-         press("Accept");
+         clickButton("Recover");
      }},
-    {"error box of Recover",
-     [] {
-         host().sends = false;
-         press("Recover");
-     }},
-    {"rejection dialog",
-     [] {
-         selectRows(mainList(), {0, 1});
-         press("Reject");
-     }},
-    {"item menu", [] { SendMessageA(mainList(), WM_RBUTTONUP, 0, MAKELPARAM(20, 60)); }},
-    {"header menu", [] { rightClickHeader(); }},
-    {"pane menu",
-     [] { SendMessageA(findPane(), WM_NCRBUTTONUP, HTCAPTION, MAKELPARAM(200, 200)); }},
-    {"holder menu",
-     [] { SendMessageA(GetParent(mainList()), WM_RBUTTONUP, 0, MAKELPARAM(40, 5)); }},
-    {"appearance dialog", [] { command(kCustomizeCommand); }},
-    {"column profile dialog", [] { command(kRepositionCommand); }},
-    {"add column dialog", [] { command(kAddColumnCommand); }},
-    {"refusal over that dialog", [] { addNamelessColumn(); }},
+    {"the rejection dialog", [] { clickButton("Reject"); }, "no"},
+    {"the item menu",
+     [] { hand::click(hand::cell(mainList(), 1), {}, hand::Button::right); }},
+    {"the header menu", [] { rightClick(header(), 30, 5); }},
+    {"the pane's menu", [] { rightClick(findPane(), 200, 8); }},
+    {"a holder's menu", [] { rightClick(GetParent(mainList()), 60, 8); }},
+    {"the appearance dialog, from there", [] { rightClick(GetParent(mainList()), 60, 8); }, "c"},
+    {"the column profile dialog", [] { command(kRepositionCommand); }},
+    {"the column dialog", [] { command(kAddColumnCommand); }},
+    {"a refusal over the column dialog", [] { command(kAddColumnCommand); }, "\r"},
 };
 
-void publishMany(LoadedPlugin& plugin, int count) {
-    for (int i = 0; i < count; ++i)
-        plugin.publish(pending(std::to_string(5000 + i), "340", {{31003, "U"}}));
-}
+// ---- What happens behind it ----
 
-void publishChanges(LoadedPlugin& plugin) {
-    for (const char* key : {"1", "2", "3"})
-        plugin.publish(pending(key, "340", {{31003, std::string("U") + key}}));
-    plugin.publish(pending("4", "339", {{54036, "INVESTOR_CLIENT"}, {31003, "INV"}}));
-    pump();
+void publish(LoadedPlugin& plugin, int count) {
+    for (int i = 1; i <= count; ++i)
+        plugin.publish(pending(std::to_string(i), "340", {{31003, "U"}}));
 }
-
 void exitOnly(OpenWorkbench& open) {
     EXPECT_EQ(open.plugin.exit(), 1);
     EXPECT_EQ(findPane(), nullptr);
@@ -148,13 +69,13 @@ void exitAndOpenAgain(OpenWorkbench& open) {
     exitOnly(open);
     open.plugin.init();
     open.plugin.hotKey();
-    publishMany(open.plugin, 30);
+    publish(open.plugin, 30);
 }
 void destroyFrame(OpenWorkbench& open) {
     open.frame.reset();
     EXPECT_EQ(findPane(), nullptr);
     EXPECT_TRUE(host().controls.empty()) << "the link outlived the frame";
-    publishMany(open.plugin, 30);
+    publish(open.plugin, 30);
 }
 void exitAndFree(OpenWorkbench& open) {
     exitOnly(open);
@@ -171,6 +92,8 @@ const struct Event {
     {"exit and FreeLibrary", exitAndFree},
 };
 
+// ---- What must hold ----
+
 int threadWindows() {
     int count = 0;
     const auto add = [](HWND, LPARAM into) -> BOOL {
@@ -181,62 +104,60 @@ int threadWindows() {
     return count;
 }
 
-// A workbench of the same library does all of its work.
+bool pluginIsLoaded() {
+    return GetModuleHandleA("MakerChecker.dll") != nullptr;
+}
+
 void expectWorking(OpenWorkbench& open) {
-    host().sends = true;
     if (open.frame == nullptr) open.frame = std::make_unique<MainFrame>();
     open.plugin.init();
     open.plugin.hotKey();
     open.plugin.publish(pending("77", "340", {{31003, "U"}}));
     pump();
-    ASSERT_NE(mainList(), nullptr);
     host().sent.clear();
-    selectRows(mainList(), {rowCount(mainList()) - 1});
-    press("Accept");
+    hand::clickRow(mainList(), rowCount(mainList()) - 1);
+    clickButton("Accept");
     ASSERT_EQ(host().sent.size(), 1u);
     EXPECT_EQ(sentField(host().sent[0], 51803), "77");
 }
 
-class Lives : public testing::TestWithParam<Opening> {};
-
-TEST_P(Lives, NothingComesAfterTheEnd) {
-    for (const Event& event : kEvents) {
-        SCOPED_TRACE(event.name);
-        host() = HostState{};
-        const int windows = threadWindows();
-        {
-            OpenWorkbench open;
-            publishChanges(open.plugin);
-            std::vector<std::string> logBefore;
-            std::size_t sentBefore = 0;
-            const Behind behind([&] {
-                event.happens(open);
-                logBefore = host().log;
-                sentBefore = host().sent.size();
-                host().sends = true;
-            });
-            GetParam().open();
-            EXPECT_TRUE(pumpUntil([&] { return behind.ran() && openDialog() == nullptr; }));
-            EXPECT_FALSE(behind.stayedOpen()) << "a window stayed, or another came";
-            EXPECT_EQ(host().log, logBefore);
-            EXPECT_EQ(host().sent.size(), sentBefore);
-            EXPECT_TRUE(open.frame == nullptr || IsWindowEnabled(open.frame->handle()));
-            if (event.happens == exitAndFree)
-                EXPECT_TRUE(pumpUntil([] {
-                    return GetModuleHandleA("MakerChecker.dll") == nullptr;
-                })) << "the library stayed loaded";
-            else
-                expectWorking(open);
-        }
-        EXPECT_TRUE(host().controls.empty());
-        EXPECT_EQ(threadWindows(), windows);
+// hand::during() fails when a loop goes on, or another one comes, after the event.
+void expectNothingAfter(const Opening& opening, const Event& event) {
+    SCOPED_TRACE(std::string(opening.name) + "; " + event.name);
+    host() = HostState{};
+    const int windows = threadWindows();
+    {
+        OpenWorkbench open;
+        publish(open.plugin, 3);
+        open.plugin.publish(pending("4", "339", {{54036, "INVESTOR_CLIENT"}, {31003, "INV"}}));
+        pump();
+        std::vector<std::string> log;
+        std::size_t sent = 0;
+        std::vector<hand::Step> steps;
+        if (*opening.typed != '\0') steps.emplace_back([&] { hand::type(opening.typed); });
+        steps.emplace_back([&] {
+            event.happens(open);
+            host().sends = true;
+            log = host().log;
+            sent = host().sent.size();
+        });
+        hand::during(opening.open, steps);
+        EXPECT_EQ(host().log, log);
+        EXPECT_EQ(host().sent.size(), sent);
+        EXPECT_TRUE(open.frame == nullptr || IsWindowEnabled(open.frame->handle()));
+        if (event.happens == exitAndFree)
+            EXPECT_TRUE(pumpUntil([] { return !pluginIsLoaded(); }));
+        else
+            expectWorking(open);
     }
+    EXPECT_TRUE(host().controls.empty());
+    EXPECT_FALSE(pluginIsLoaded());
+    EXPECT_EQ(threadWindows(), windows);
 }
 
-INSTANTIATE_TEST_SUITE_P(, Lives, testing::ValuesIn(kOpenings), [](const auto& row) {
-    std::string name = row.param.name;
-    std::erase(name, ' ');
-    return name;
-});
+TEST(Lives, NothingComesAfterTheEndBehindWhatIsOpen) {
+    for (const Opening& opening : kOpenings)
+        for (const Event& event : kEvents) expectNothingAfter(opening, event);
+}
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "sdk/connectvosk.h"
+#include "tests/windows/screenless.h"
 #include "tests/windows/test_host.h"
 
 namespace {
@@ -20,6 +21,7 @@ class FreshHost final : public testing::EmptyTestEventListener {
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (const auto code = runWithoutScreen()) return *code;
     testing::InitGoogleTest(&argc, argv);
     testing::UnitTest::GetInstance()->listeners().Append(new FreshHost);
     return RUN_ALL_TESTS();
