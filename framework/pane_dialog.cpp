@@ -267,6 +267,7 @@ const MessageMap& CPaneDialog::baseMap() {
         on<WM_NCHITTEST, &CPaneDialog::onNcHitTest>(),
         on<WM_NCLBUTTONDOWN, &CPaneDialog::onNcButtonDown>(),
         on<WM_NCLBUTTONDBLCLK, &CPaneDialog::onNcDoubleClick>(),
+        on<WM_NCRBUTTONDOWN, &CPaneDialog::onNcRightDown>(),
         on<WM_NCRBUTTONUP, &CPaneDialog::onNcContext>(),
         on<WM_MOUSEMOVE, &CPaneDialog::onMouseMove>(),
         on<WM_LBUTTONUP, &CPaneDialog::onButtonUp>(),
