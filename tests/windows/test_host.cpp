@@ -126,9 +126,14 @@ LoadedPlugin::LoadedPlugin()
 }
 
 LoadedPlugin::~LoadedPlugin() {
+    if (m_module == nullptr) return;
     m_exit();
     pump();
-    FreeLibrary(m_module);
+    free();
+}
+
+void LoadedPlugin::free() {
+    FreeLibrary(std::exchange(m_module, nullptr));
 }
 
 void LoadedPlugin::init() {

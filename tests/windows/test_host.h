@@ -67,6 +67,7 @@ public:
     void publish(const Fields& fields);
     void publishNull() { m_publish(nullptr); }
     int exit() { return m_exit(); }
+    void free();  // FreeLibrary, as a host does after exit(); no call is made any more
     HMODULE module() const { return m_module; }
     template <class Entry>
     Entry* entry(const char* name) const {

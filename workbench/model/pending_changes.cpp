@@ -42,7 +42,10 @@ void PendingChanges::removeRecord(std::string_view key) {
 }
 
 void PendingChanges::clearAllRecords() {
-    for (std::size_t place = 0; place < size(); ++place) delete static_cast<Entry*>(&at(place));
+    for (std::size_t place = 0; place < size(); ++place) {
+        std::unique_ptr<Entry> removed(static_cast<Entry*>(&at(place)));
+        if (m_holds > 0) m_removed.push_back(std::move(removed));
+    }
     m_rows.reset();
     m_index.clear();
 }
