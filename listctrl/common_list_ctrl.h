@@ -181,6 +181,7 @@ private:
     void onHeaderClick(NMLISTVIEW& click);
     LRESULT onHeaderItemChanging(NMHEADERA& info);
     LRESULT onHeaderItemChanged(NMHEADERA& info);
+    void onHeaderMoved();
     LRESULT onMenuCommand(UINT command, UINT code);
     void onRightClick(NMHDR&) { showMenu(itemMenu(offers())); }
     LRESULT onDrawItem(const DRAWITEMSTRUCT& draw);

@@ -256,12 +256,19 @@ void StoredSetting::hold(bool on) {
                 : INVALID_HANDLE_VALUE;
 }
 
+void dispatch(MSG& message) {
+    if (host().accelerators != nullptr &&
+        TranslateAcceleratorA(GetAncestor(message.hwnd, GA_ROOT), host().accelerators, &message)) {
+        ++host().accelerated;
+        return;
+    }
+    TranslateMessage(&message);
+    DispatchMessageA(&message);
+}
+
 void pump() {
     MSG message;
-    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
-    }
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) dispatch(message);
 }
 
 bool pumpUntil(const std::function<bool()>& condition) {

@@ -31,6 +31,9 @@ struct HostState {
     bool sends = true;
     std::set<int> restricted;  // function codes that may not be used
 
+    HACCEL accelerators = nullptr;  // of the frame; their commands are counted
+    int accelerated = 0;
+
     std::vector<std::string> log;
     std::vector<Fields> sent;           // messages, field by field
     std::vector<Fields> subscriptions;  // pairs
@@ -142,6 +145,9 @@ struct StoredProfile : StoredSetting {
     explicit StoredProfile(const char* text = nullptr)
         : StoredSetting("Maker checker List", "COLUMNPROFILE", text) {}
 };
+
+// What the host's loop does with a message.
+void dispatch(MSG& message);
 
 // Dispatches until the queue is empty.
 void pump();
