@@ -75,6 +75,10 @@ void CHostServices::reportToUser(std::string_view text, int level) {
     if (m_tabbedLog != nullptr && !fw::callEnded()) m_tabbedLog(sdk::makeHostString(line));
 }
 
+void CHostServices::beep() {
+    if (!fw::callEnded()) m_tone.request();
+}
+
 void CHostServices::showMessage(const std::string& text) {
     fw::showMessageBox(text);
 }

@@ -200,6 +200,26 @@ TEST(Lives, StartUpEndsBehindItsOwnBox) {
     }
 }
 
+TEST(Lives, ThePluginEndsInsideAServiceThatItCalled) {
+    for (const auto service : {&HostState::inLog, &HostState::inRoles}) {
+        host() = HostState{};
+        OpenWorkbench open;
+        publish(open.plugin, 3);
+        pump();
+        SendMessageA(mainList(), WM_COMMAND, kSelectAllCommand, 0);
+        host().*service = [&] { exitOnly(open); };
+        const bool deciding = service == &HostState::inLog;
+        if (deciding)
+            clickButton("Accept");
+        else
+            open.plugin.publish(pending("2", "340", {{31003, std::string(1000, 'U')}}));
+        EXPECT_EQ(findPane(), nullptr);
+        EXPECT_EQ(host().sent.size(), deciding ? 1u : 0u);
+        EXPECT_EQ(host().log.size(), host().sent.size());
+        expectWorking(open);
+    }
+}
+
 // ---- Whose a box is ----
 
 TEST(Lives, ABoxBehindAnotherProgramIsOwnedByThePanesWindow) {

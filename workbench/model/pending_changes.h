@@ -40,6 +40,10 @@ public:
     // The record under `key`, or null.
     sMakeCheckStruct* findRecord(std::string_view key) const;
 
+    bool isPending(const sMakeCheckStruct& record) const {
+        return findRecord(record.key) == &record;
+    }
+
     // Indexes the record under its key and appends its row; a key that is indexed already adds
     // nothing.
     void addRecord(std::unique_ptr<Entry> record);
@@ -48,7 +52,7 @@ public:
     // nothing when the key is not indexed.
     void removeRecord(std::string_view key);
 
-    // The record's texts changed.
+    // The record's texts changed. Nothing happens when it is not pending any more.
     void refreshRecord(const sMakeCheckStruct& record);
 
     // Removes every record without telling the view of single rows.
@@ -67,9 +71,7 @@ public:
         Hold& operator=(const Hold&) = delete;
 
         // Whether `record` is still pending.
-        bool pending(const sMakeCheckStruct& record) const {
-            return m_changes.findRecord(record.key) == &record;
-        }
+        bool pending(const sMakeCheckStruct& record) const { return m_changes.isPending(record); }
 
     private:
         PendingChanges& m_changes;
