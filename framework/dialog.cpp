@@ -84,7 +84,8 @@ void Modal::enable() noexcept {
 
 void Modal::end() noexcept {
     m_hook.reset();
-    if (m_dialog != nullptr) EndDialog(m_dialog, 0);
+    if (IsWindow(m_dialog) != 0) EndDialog(m_dialog, 0);
+    m_dialog = nullptr;
     enable();
 }
 

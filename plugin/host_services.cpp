@@ -79,6 +79,10 @@ bool CHostServices::confirm(const std::string& question) {
     return fw::askYesNo(question);
 }
 
+void CHostServices::beep() {
+    if (!fw::callEnded()) m_tone.request();
+}
+
 void CHostServices::showMessage(const std::string& text) {
     fw::showMessageBox(text);
 }

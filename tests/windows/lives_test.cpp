@@ -47,6 +47,15 @@ const struct Opening {
          clickButton("Recover");
      },
      1},
+    {"an error box of Recover, floating",
+     [] {
+         RECT pane{};
+         GetWindowRect(findPane(), &pane);
+         hand::doubleClick(POINT{pane.left + 200, pane.top + 8});
+         host().sends = false;
+         clickButton("Recover");
+     },
+     1},
     {"the rejection dialog", [] { clickButton("Reject"); }, 1, "no"},
     {"the item menu", [] { hand::click(hand::cell(mainList(), 1), {}, hand::Button::right); }, 0},
     {"the header menu", [] { rightClick(header(), 30, 5); }, 0},
@@ -58,17 +67,24 @@ const struct Opening {
     {"a refusal over the column dialog", [] { command(kAddColumnCommand); }, 2, "\r"},
 };
 
-int openDialogs() {
-    int count = 0;
+// The windows of the thread that the user sees, without menus.
+int visibleWindows(bool dialogsOnly = false) {
+    struct Count {
+        bool dialogsOnly;
+        int windows = 0;
+    } count{dialogsOnly};
     const auto add = [](HWND window, LPARAM into) -> BOOL {
-        char name[32]{};
-        GetClassNameA(window, name, sizeof name);
-        if (std::string(name) == "#32770" && IsWindowVisible(window) != 0)
-            ++*reinterpret_cast<int*>(into);
+        char text[32]{};
+        GetClassNameA(window, text, sizeof text);
+        auto& counted = *reinterpret_cast<Count*>(into);
+        const std::string name = text;
+        if (IsWindowVisible(window) != 0 && name != "#32768" &&
+            (!counted.dialogsOnly || name == "#32770"))
+            ++counted.windows;
         return TRUE;
     };
     EnumThreadWindows(GetCurrentThreadId(), add, reinterpret_cast<LPARAM>(&count));
-    return count;
+    return count.windows;
 }
 
 // ---- What happens behind it ----
@@ -81,7 +97,7 @@ void exitOnly(OpenWorkbench& open) {
     EXPECT_EQ(open.plugin.exit(), 1);
     EXPECT_EQ(findPane(), nullptr);
     EXPECT_TRUE(host().controls.empty()) << "the link outlived the exit";
-    EXPECT_EQ(openDialogs(), 0);
+    EXPECT_EQ(visibleWindows(), 1) << "not only the frame";
     EXPECT_TRUE(IsWindowEnabled(open.frame->handle())) << "the host's own login could not be used";
 }
 void exitAndOpenAgain(OpenWorkbench& open) {
@@ -154,7 +170,7 @@ void expectNothingAfter(const Opening& opening, const Event& event) {
         std::vector<hand::Step> steps;
         if (*opening.typed != '\0') steps.emplace_back([&] { hand::type(opening.typed); });
         steps.emplace_back([&] {
-            EXPECT_EQ(openDialogs(), opening.dialogs);
+            EXPECT_EQ(visibleWindows(true), opening.dialogs);
             event.happens(open);
             host().sends = true;
             log = host().log;
@@ -196,6 +212,26 @@ TEST(Lives, StartUpEndsBehindItsOwnBox) {
             EXPECT_EQ(findPane(), nullptr);
         }
         EXPECT_EQ(host().subscriptions.size(), 1u) << "by the first workbench only";
+        expectWorking(open);
+    }
+}
+
+TEST(Lives, ThePluginEndsInsideAServiceThatItCalled) {
+    for (const auto service : {&HostState::inLog, &HostState::inRoles}) {
+        host() = HostState{};
+        OpenWorkbench open;
+        publish(open.plugin, 3);
+        pump();
+        SendMessageA(mainList(), WM_COMMAND, kSelectAllCommand, 0);
+        host().*service = [&] { exitOnly(open); };
+        const bool deciding = service == &HostState::inLog;
+        if (deciding)
+            clickButton("Accept");
+        else
+            open.plugin.publish(pending("2", "340", {{31003, std::string(1000, 'U')}}));
+        EXPECT_EQ(findPane(), nullptr);
+        EXPECT_EQ(host().sent.size(), deciding ? 1u : 0u);
+        EXPECT_EQ(host().log.size(), host().sent.size());
         expectWorking(open);
     }
 }

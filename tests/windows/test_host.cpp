@@ -64,8 +64,10 @@ HOST_EXPORT void pu_get_user_privilige(HostString& text, int& level) {
 }
 HOST_EXPORT void pu_add_to_tabbed_log(HostString line) {
     host().log.push_back(sdk::take(line));
+    std::exchange(host().inLog, [] {})();
 }
 HOST_EXPORT int pu_get_find_menu_item_in_roles(int menuItem) {
+    std::exchange(host().inRoles, [] {})();
     return static_cast<int>(host().menuItems.count(menuItem));
 }
 HOST_EXPORT int pu_get_maker_checker_Modify_Right() {

@@ -27,6 +27,7 @@ void PendingChanges::addRecord(std::unique_ptr<Entry> record) {
 }
 
 void PendingChanges::refreshRecord(const sMakeCheckStruct& record) {
+    if (!isPending(record)) return;
     m_rows.refresh(static_cast<const Entry&>(record).slot);
     m_view.rowsChanged();
 }
