@@ -29,7 +29,7 @@ public:
     PuGetMakerCheckerModifyRight* modifyRightService() override;
     GetQuonRxControlService* receiveControlService() override;
 
-    // All three do nothing in a call that was under way when the plug-in, or its pane, ended.
+    // All four do nothing in a call that was under way when the plug-in, or its pane, ended.
     void reportToUser(std::string_view text, int level) override;
     void showMessage(const std::string& text) override;
     bool confirm(const std::string& question) override;
