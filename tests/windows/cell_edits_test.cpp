@@ -310,6 +310,36 @@ TEST_F(CellEdits, AnEditorThatStaysFollowsItsCell) {
     EXPECT_EQ(textOf(typed), "12a");
 }
 
+// The strip above a list keeps its colour while a part of the list has the focus.
+TEST_F(CellEdits, TheStripShowsTheFocusOfEditorsAndFilterBoxesToo) {
+    const auto colour = [] {
+        pump();
+        const HWND holder = GetParent(details());
+        UpdateWindow(holder);
+        RECT list = onScreen(details());
+        MapWindowPoints(nullptr, holder, reinterpret_cast<POINT*>(&list), 2);
+        const HDC dc = GetDC(holder);
+        const COLORREF found = GetPixel(dc, list.left + 3, list.top - 3);
+        ReleaseDC(holder, dc);
+        return found;
+    };
+    hand::clickRow(mainList(), 1);
+    const COLORREF plain = colour();
+    hand::clickRow(details(), kFirst);
+    const COLORREF focused = colour();
+    EXPECT_NE(plain, focused);
+    hand::click(filterBox(details(), 0));
+    EXPECT_EQ(colour(), focused);
+    hand::click(button("Update"));
+    EXPECT_EQ(colour(), plain);
+    hand::doubleClickRow(details(), kFirst, 1);
+    EXPECT_EQ(colour(), focused);
+    hand::click(button("Update"));
+    EXPECT_EQ(colour(), plain);
+    hand::click(filterBox(details(), 1));
+    EXPECT_EQ(colour(), focused);
+}
+
 TEST_F(CellEdits, F6ComesBackToTheListOrToItsRefusedText) {
     edit(kFirst, "77");
     hand::key(VK_F6);
