@@ -378,7 +378,7 @@ void Actor::answerLoop() {
     if (++m_loopSteps > kMaxLoopSteps) {
         m_loopWords += " <ended>";
         EndMenu();
-        for (const WORD command : {IDCANCEL, IDNO, IDOK})
+        for (const WPARAM command : {IDCANCEL, IDNO, IDOK})
             PostMessageA(GetActiveWindow(), WM_COMMAND, command, 0);
         return;
     }

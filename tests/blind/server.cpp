@@ -64,7 +64,7 @@ std::string Server::publish(const Change& change) {
     }
     m_pending[change.key] = change;
     m_news.published.insert(change.key);
-    m_plugin.publish(pending(change.key, change.code, more));
+    m_plugin.publish(::pending(change.key, change.code, more));
     return "publish " + change.key + " " + change.kind() + " " + change.entity;
 }
 
@@ -72,9 +72,8 @@ std::string Server::publishNew() {
     if (m_pending.size() >= 30) return publishOutcome();
     const auto& kind = m_dice.weighted(kKinds);
     const std::string number = std::to_string(m_dice.below(4));
-    Change change{.key = std::to_string(++m_lastKey),
-                  .code = kind.code,
-                  .maker = "MAKER" + std::to_string(m_dice.below(12))};
+    Change change{.key = std::to_string(++m_lastKey), .code = kind.code};
+    change.maker = "MAKER" + std::to_string(m_dice.below(12));
     if ((change.code == "339" || change.code == "353") && m_dice.chance(70))
         change.type = "INVESTOR_CLIENT";
     if (change.code == "360") {
