@@ -70,7 +70,7 @@ CCellEditor::~CCellEditor() {
 const fw::MessageMap& CCellEditor::baseMap() {
     static constexpr fw::MessageEntry entries[] = {
         fw::on<kCheckFocus, &CCellEditor::onCheckFocus>(),
-        fw::on<WM_TIMER, &CCellEditor::onCheckFocus>(),
+        fw::on<WM_TIMER, &CCellEditor::onTimer>(),
         fw::observe<WM_DESTROY, &CCellEditor::onDestroy>(),
     };
     static constexpr fw::MessageMap map{nullptr, entries};

@@ -132,6 +132,7 @@ private:
     void close();
     void focusLost();
     void onCheckFocus();
+    void onTimer(UINT_PTR) { onCheckFocus(); }
     void onDestroy() { m_over = true; }
 
     CellEditorOwner& m_owner;

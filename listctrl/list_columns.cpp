@@ -34,7 +34,7 @@ void CCommonListCtrl::applyLayout(const ColumnLayout& layout) {
 // The profile is stored at once: a column stays until the user deletes it.
 void CCommonListCtrl::addUserColumn() {
     const std::weak_ptr life = m_life;
-    const auto column = askNewColumn(handle(), m_title, m_columns);
+    const auto column = askNewColumn(handle(), m_name, m_columns);
     if (!column || life.expired() || !m_columns.add(*column)) return;
     columnsChanged();
     saveColumnProfile();
@@ -42,7 +42,7 @@ void CCommonListCtrl::addUserColumn() {
 
 void CCommonListCtrl::deleteUserColumn() {
     const std::weak_ptr life = m_life;
-    const auto column = askColumnToDelete(handle(), m_title, m_columns);
+    const auto column = askColumnToDelete(handle(), m_name, m_columns);
     if (!column || life.expired() || !m_columns.remove(*column)) return;
     columnRemoved(*column);
     columnsChanged();

@@ -21,8 +21,9 @@ class CUserDefinedColDlg final : public fw::CDialog {
 public:
     enum class Mode { add, remove };
 
-    CUserDefinedColDlg(HWND list, const std::string& title, const ColumnModel& columns, Mode mode)
-        : m_list(list), m_title(title), m_columns(columns), m_mode(mode) {}
+    CUserDefinedColDlg(HWND list, const std::string& listName, const ColumnModel& columns,
+                       Mode mode)
+        : m_list(list), m_listName(listName), m_columns(columns), m_mode(mode) {}
 
     // What run() leaves: one of them, or neither.
     std::optional<UserDefinedColumn> added;
@@ -61,7 +62,7 @@ private:
     LRESULT onInitDialog() {
         const bool adds = m_mode == Mode::add;
         const std::string what = adds ? ": Add Custom Columns" : ": Delete Custom Columns";
-        SetWindowTextA(handle(), (m_title + what).c_str());
+        SetWindowTextA(handle(), (m_listName + what).c_str());
         setItemText(IDOK, adds ? "Add" : "Delete");
         for (const int id : kAddControls) ShowWindow(item(id), adds ? SW_SHOW : SW_HIDE);
         for (const int id : kDeleteControls) ShowWindow(item(id), adds ? SW_HIDE : SW_SHOW);
@@ -143,21 +144,21 @@ private:
     void onCancel() { end(IDCANCEL); }
 
     HWND m_list;
-    const std::string m_title;
+    const std::string m_listName;
     const ColumnModel m_columns;  // as they were when it opened, whatever happens meanwhile
     const Mode m_mode;
 };
 
 }  // namespace
 
-std::optional<UserDefinedColumn> askNewColumn(HWND list, const std::string& title,
+std::optional<UserDefinedColumn> askNewColumn(HWND list, const std::string& listName,
                                               const ColumnModel& columns) {
     CUserDefinedColDlg dialog(list, title, columns, CUserDefinedColDlg::Mode::add);
     dialog.ask();
     return dialog.added;
 }
 
-std::optional<ColumnId> askColumnToDelete(HWND list, const std::string& title,
+std::optional<ColumnId> askColumnToDelete(HWND list, const std::string& listName,
                                           const ColumnModel& columns) {
     CUserDefinedColDlg dialog(list, title, columns, CUserDefinedColDlg::Mode::remove);
     dialog.ask();

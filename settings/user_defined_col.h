@@ -8,14 +8,14 @@
 
 #include "listctrl/model/column_model.h"
 
-// Both run modally, centred over `list`, with its display name in their caption; messages come in
+// Both run modally, centred over `list`, with its name in their caption; messages come in
 // meanwhile. Both show "Error while adding user defined cols" instead of a dialog when the columns
 // are none that expressions can name. Nothing: the user gave up.
 
 // The column that the user made, which `columns` takes (ColumnModel::add).
-std::optional<UserDefinedColumn> askNewColumn(HWND list, const std::string& title,
+std::optional<UserDefinedColumn> askNewColumn(HWND list, const std::string& listName,
                                               const ColumnModel& columns);
 
 // The user-defined column that the user chose.
-std::optional<ColumnId> askColumnToDelete(HWND list, const std::string& title,
+std::optional<ColumnId> askColumnToDelete(HWND list, const std::string& listName,
                                           const ColumnModel& columns);

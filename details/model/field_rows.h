@@ -26,6 +26,10 @@ inline constexpr std::string_view kNothingModified = "No Parameters are Modified
 // costs some megabytes and not the memory; lists have a handful of members.
 inline constexpr int kMostOccurrences = 100'000;
 
+// Rows that all show the same texts end when these take so many bytes together: a long text in a
+// message that claims many occurrences would take gigabytes.
+inline constexpr std::size_t kMostRepeatedBytes = std::size_t{16} << 20;
+
 // How a field's text is shown: some texts as others, the rest as `rest` or, without one, as sent.
 // Whole texts are compared, exactly.
 class Decoding {
@@ -84,6 +88,9 @@ DetailGroup makeGroup(std::string_view heading, const FieldReader& answer,
 
 // How many occurrences of a field are walked: those it claims, kMostOccurrences at most.
 int occurrencesOf(const FieldReader& answer, int mnemonic);
+
+// `count` times the same row, once at least and as far as kMostRepeatedBytes goes.
+std::vector<sMCListStruct> repeatedRows(int count, const sMCListStruct& row);
 
 // The group of a field whose values are a list; no rows when the field is absent.
 DetailGroup listGroup(const FieldReader& answer, int mnemonic);

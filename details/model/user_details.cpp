@@ -93,10 +93,9 @@ DetailGroup accessGroup(const FieldReader& answer) {
     const int count = occurrencesOf(answer, field);
     const auto value = count > 0 ? answer.text(field) : std::nullopt;
     const auto old = count > 0 ? answer.text(field, 1) : std::nullopt;
-    group.rows.assign(static_cast<std::size_t>(std::max(count, 1)),
-                      makeRow({}, value.value_or(kNotAvailable), old.value_or("")));
-    if (old)
-        for (sMCListStruct& row : group.rows) row.change = fieldChange(value, old);
+    sMCListStruct row = makeRow({}, value.value_or(kNotAvailable), old.value_or(""));
+    if (old) row.change = fieldChange(value, old);
+    group.rows = repeatedRows(count, row);
     return group;
 }
 

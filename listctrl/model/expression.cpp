@@ -7,11 +7,13 @@
 #include <memory_resource>
 
 #include "listctrl/model/number_text.h"
+#include "listctrl/model/read_number.h"
 
 namespace {
-// Whether the cell stands for 0, which is put into the text as "0".
+// Whether the cell counts as 0, which is put into the text as "0". Cells are read as decimal
+// numbers: "INFY" and "NANDA01" are names, not infinity and no number.
 bool isZero(std::string_view cell, const std::optional<double>& plainNumber) {
-    return (plainNumber ? *plainNumber : leadingNumber(cell)) == 0.0;
+    return (plainNumber ? *plainNumber : numberOf(cell)) == 0.0;
 }
 
 using Memory = std::pmr::monotonic_buffer_resource;

@@ -64,8 +64,8 @@ private:
 
 // An expression, split and turned into steps once, for any number of rows.
 //
-// A cell is put into the text as it stands, or as "0" when it begins with no number but 0. A row
-// whose cells are all plain numbers so (digits and points) runs the steps; any other cell can
+// A cell is put into the text as it stands, or as "0" when it begins with no decimal number but 0.
+// A row whose cells are all plain numbers so (digits and points) runs the steps; any other cell can
 // change how the text falls into tokens (2 minus -5 becomes "2--5"), so such a row is read anew as
 // text. Both ways give the same result.
 class CompiledExpression {

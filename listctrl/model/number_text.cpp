@@ -74,11 +74,6 @@ std::optional<double> readWholeNumber(std::string_view text) {
     return value;
 }
 
-double leadingNumber(std::string_view text) {
-    if (const auto number = readSigned(text)) return *number;
-    return std::strtod(std::string(text).c_str(), nullptr);
-}
-
 void appendTwoDecimals(double value, std::string& text) {
     std::array<char, std::numeric_limits<double>::max_exponent10 + 6> room;
     char* const end = room.data() + room.size();

@@ -12,10 +12,6 @@ std::optional<double> readPlainNumber(std::string_view text);
 // None when strtod would leave characters over.
 std::optional<double> readWholeNumber(std::string_view text);
 
-// The number that the text begins with, behind white space, as strtod reads it; 0 for none. So a
-// text that begins with "inf" or "nan" in any case begins with a number, on every platform.
-double leadingNumber(std::string_view text);
-
 // Appends the value as "%.2f" would write it. Exact: a tie between two texts goes to the even digit
 // with every C library. A value that is no number is "nan", without the sign it may carry.
 void appendTwoDecimals(double value, std::string& text);

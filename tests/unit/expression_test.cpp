@@ -170,6 +170,9 @@ TEST(ExpressionTest, PutsCellsInPlaceOfReferences) {
         // texts that are no plain operands
         {R"( "0"+"1")", {"abc", ""}, "0.00"},
         {R"( "0"+5)", {"0.000"}, "5.00"},
+        {R"( "0"+"1"+5)", {"INFY", "NANDA01"}, "5.00"},
+        {R"( "0"-"1")", {"-inf", " 0x1F"}, "0.00"},
+        {R"(7/"0")", {"Infinity"}, "Divided by ZERO error"},
         {R"( "0"+5)", {"-5"}, "0.00"},
         {R"( "0"*2)", {"-5"}, "-10.00"},
         {R"(2-"0")", {"-5"}, "0.00"},
@@ -334,7 +337,9 @@ private:
                                           "1*0",   "*",
                                           "1 2",   "-2",
                                           "\"0\"", "+3",
-                                          "0.0.5", "00012345678901234567890.5"};
+                                          "0.0.5", "00012345678901234567890.5",
+                                          "INFY",  "NANDA01",
+                                          "-inf",  "+0X2"};
     static constexpr std::array kSigned{"", "", " -", " +", "-", "5", "!"};
     static constexpr std::array kOperators{
         "+", "-",  "*",  "/",  "\\", "%", "<<", ">>", "^",  "&",

@@ -217,6 +217,16 @@ inline int columnOf(const std::string& piece) {
     return static_cast<int>(std::clamp<long long>(number, INT_MIN, INT_MAX));
 }
 
+// As atof of a library that knows neither "inf" and "nan" nor hexadecimal digits.
+inline double decimalOf(const std::string& text) {
+    std::size_t at = 0;
+    while (at < text.size() && isBlank(text[at])) ++at;
+    if (at < text.size() && (text[at] == '+' || text[at] == '-')) ++at;
+    const bool hexadecimal = text.compare(at, 2, "0x") == 0 || text.compare(at, 2, "0X") == 0;
+    const bool word = at < text.size() && std::isalpha(static_cast<unsigned char>(text[at])) != 0;
+    return hexadecimal || word ? 0.0 : std::strtod(text.c_str(), nullptr);
+}
+
 template <class Fetch>
 std::optional<std::string> substitute(const std::string& expression, Fetch fetch) {
     std::string infix, piece;
@@ -227,8 +237,7 @@ std::optional<std::string> substitute(const std::string& expression, Fetch fetch
         const std::optional<std::string_view> cell = fetch(columnOf(piece));
         if (!cell) return std::nullopt;
         const std::string text(*cell);
-        // As atof, which in an older Windows library does not know "inf" and hexadecimal digits.
-        infix += std::strtod(text.c_str(), nullptr) == 0.0 ? "0" : text;
+        infix += decimalOf(text) == 0.0 ? "0" : text;
     }
     return infix;
 }

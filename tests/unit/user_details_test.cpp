@@ -119,4 +119,28 @@ TEST(UserDetails, TakesAnswersOfAnySize) {
     }
 }
 
+// Each access type shows the texts of the first: what is long is not held as often as is claimed.
+TEST(UserDetails, RepeatsLongTextsWithinBounds) {
+    const struct {
+        std::size_t value, old;
+        int claimed;
+        std::size_t rows;
+    } cases[] = {
+        {100, 60, kMostOccurrences, kMostOccurrences},
+        {100'000, 100'000, kMostOccurrences, kMostRepeatedBytes / 200'000},
+        {kMostRepeatedBytes + 1, 0, 3, 1},
+    };
+    for (const auto& [value, old, claimed, rows] : cases) {
+        auto answer = makeMessage({{MNM_USER, "U"},
+                                   {MNM_ACCESS_TYPE, std::string(value, 'v')},
+                                   {MNM_ACCESS_TYPE, std::string(old, 'o')}});
+        for (int i = 2; i < claimed; ++i) answer.addUnreadable(MNM_ACCESS_TYPE);
+        const auto groups = BuildUserDetails(FieldReader(answer.handle()));
+        ASSERT_EQ(groups.size(), 2u);
+        ASSERT_EQ(groups[1].rows.size(), rows) << value;
+        EXPECT_EQ(groups[1].rows.back().value, std::string(value, 'v'));
+        EXPECT_EQ(groups[1].rows.back().oldValue, std::string(old, 'o'));
+    }
+}
+
 }  // namespace
