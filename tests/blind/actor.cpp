@@ -352,7 +352,10 @@ void Actor::clickInDialog() {
             return TRUE;
         },
         reinterpret_cast<LPARAM>(&children));
-    if (!children.empty()) hand::click(inWindow(m_dice.oneOf(children)));
+    if (children.empty()) return;
+    const POINT at = inWindow(m_dice.oneOf(children));
+    m_loopWords += " (" + words(at) + ")";
+    hand::click(at);
 }
 
 void Actor::answerLoop() {

@@ -23,7 +23,7 @@ class BlindHand : public testing::Test {
 protected:
     void act(int number) {
         Story story;
-        story.before = look();
+        story.before = seen.pane != nullptr ? seen : look();
         story.act = actor.next(story.before);
         story.sends = host().sends;
         host().sent.clear();
@@ -37,8 +37,10 @@ protected:
         story.sends = story.sends && host().sends;
         if (story.act.byHand) host().sends = true;
         remember(actor.takeLoopWords(), true);
-        story.after = look();
+        story.after = seen = look();
         story.sent = host().sent;
+        if (loud) for (const Box& box : seen.main.boxes) std::printf(" %s='%s'%s%s", box.column.c_str(), box.text.c_str(), box.dropped?"v":"", box.focused?"*":"");
+        if (loud) std::printf(" rows %zu\n", seen.main.rows.size());
         for (const Fields& request : story.sent) server.noteRequest(request);
         story.saidYes = watch.saidYes();
         story.excepted = watch.excepted();
@@ -64,6 +66,7 @@ protected:
                 [this] { watch.letTimersExpire(); }};
     Checks checks{server, setting("MC_HAND_CHECKS", "")};
     std::deque<std::string> last;
+    Sight seen;
 };
 
 TEST_F(BlindHand, DoesNothingThatItDidNotMean) {

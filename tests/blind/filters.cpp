@@ -128,16 +128,18 @@ std::string Filters::complaint(const std::map<std::string, Change>& pending, con
             if (expected == seen) {
                 exactly.insert(all);
                 for (const auto& [name, filter] : guess) fitting[name].insert(filter);
-            } else if (wrong.empty()) {
-                wrong = std::to_string(seen.size()) + " rows instead of " +
-                        std::to_string(expected.size()) + " pass the filters";
+            } else {
+                wrong += "\n  " + std::to_string(expected.size()) + " rows pass";
                 for (const auto& [name, filter] : guess)
                     if (!filter.text.empty())
-                        wrong +=
-                            "; " + name + (filter.exact ? " is '" : " like '") + filter.text + "'";
+                        wrong += ", " + name + (all || filter.exact ? " is '" : " like '") +
+                                 filter.text + "'";
             }
         }
-    if (exactly.empty()) return wrong;
+    for (const auto& [name, column] : m_columns)
+        wrong +=
+            "\n  box " + name + " '" + column.text + "'" + (column.typing ? " being typed" : "");
+    if (exactly.empty()) return std::to_string(seen.size()) + " rows are visible" + wrong;
     m_exactly = exactly;
     for (auto& [name, column] : m_columns) column.possible = fitting[name];
     return "";

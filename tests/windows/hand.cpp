@@ -94,6 +94,9 @@ void performNext() {
 // A timer's message comes when the queue is empty. run() takes it out of its own loop, so it is
 // only dispatched by loops that the input opened.
 void CALLBACK onTimer(HWND, UINT, UINT_PTR, DWORD) {
+    // A dialog shows itself when the queue is empty for the first time.
+    const HWND active = GetActiveWindow();
+    if (active != nullptr && IsWindowVisible(active) == 0) return;
     if (theStrokes.empty() && theGuest) theStrokes.push_back({theGuest});
     if (!theStrokes.empty())
         performNext();
