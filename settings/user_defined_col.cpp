@@ -153,14 +153,14 @@ private:
 
 std::optional<UserDefinedColumn> askNewColumn(HWND list, const std::string& listName,
                                               const ColumnModel& columns) {
-    CUserDefinedColDlg dialog(list, title, columns, CUserDefinedColDlg::Mode::add);
+    CUserDefinedColDlg dialog(list, listName, columns, CUserDefinedColDlg::Mode::add);
     dialog.ask();
     return dialog.added;
 }
 
 std::optional<ColumnId> askColumnToDelete(HWND list, const std::string& listName,
                                           const ColumnModel& columns) {
-    CUserDefinedColDlg dialog(list, title, columns, CUserDefinedColDlg::Mode::remove);
+    CUserDefinedColDlg dialog(list, listName, columns, CUserDefinedColDlg::Mode::remove);
     dialog.ask();
     return dialog.deleted;
 }

@@ -107,7 +107,7 @@ TEST_F(ShownDetails, WhatLeavesUnsentEditsBehindAsksFirst) {
         hand::clickRow(mainList(), 0);
         EXPECT_EQ(strip(), kLimits + " - not selected, 1 unsent");
         host().sent.clear();
-        for (const WORD no : {VK_RETURN, VK_ESCAPE}) {
+        for (const WORD no : {WORD{VK_RETURN}, WORD{VK_ESCAPE}}) {
             hand::during(each.act, {[no] { hand::key(no); }});
             EXPECT_EQ(rowTexts(details(), 2, 2)[1], "2500.00");
             EXPECT_EQ(sent(), Texts{});
