@@ -76,6 +76,9 @@ void Filters::follow(Column& column, const Act& act, bool looped, const Box& box
         // With nothing chosen in the list the typed text applies.
         if (act.key == VK_RETURN) column.possible.insert(pattern);
         column.typing = false;
+    } else if (closed) {  // by another key: some of them take the choice
+        column.possible.insert({pattern, exact});
+        column.typing = true;
     } else if (act.key == VK_RETURN && hadFocus && !box.dropped) {
         std::erase_if(column.possible, [&](auto& f) { return f.text != box.text; });
         if (column.typing || column.possible.empty()) column.possible.insert(pattern);
