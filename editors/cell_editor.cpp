@@ -93,9 +93,8 @@ bool CCellEditor::open(HWND list, const RECT& cell, HFONT font, std::string_view
         room.bottom + scaled(m_kind.dropHeight), handle(), nullptr, fw::module(), nullptr);
     if (!m_control->subclass(made)) return false;
     SendMessageA(made, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
-    m_opened = text;
     fill(text);
-    m_textAtOpening = this->text();
+    m_opened = this->text();
     moveTo(cell);
     SetFocus(made);
     select();
@@ -157,7 +156,7 @@ bool CCellEditor::dialogKey(UINT key, bool shift, bool repeated) {
 }
 
 std::optional<std::string> CCellEditor::refused() const {
-    return unchanged() ? std::nullopt : refusal();
+    return changed() ? refusal() : std::nullopt;
 }
 
 // The owner may destroy the editor.
@@ -167,8 +166,9 @@ CCellEditor::Answer CCellEditor::ask(EditEnd how) {
     m_asking = true;
     if (how != EditEnd::cancel) finishTyping();
     const bool stays = how != EditEnd::cancel && refused();
+    const bool takes = how != EditEnd::cancel && changed();
     const std::weak_ptr<const bool> life = m_life;
-    if (!stays) m_owner.editEnding(how, unchanged() ? m_opened : text());
+    if (!stays) m_owner.editEnding(how, takes ? std::optional(text()) : std::nullopt);
     if (life.expired()) return Answer::over;
     m_asking = false;
     if (stays) return Answer::refused;

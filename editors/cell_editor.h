@@ -30,10 +30,10 @@ enum class EditEnd {
 // The list that the editor stands in.
 class CellEditorOwner {
 public:
-    // The edit is over, with `text`: what it was opened with when nothing changed. The editor hides
-    // as soon as this returns; if the focus is still in it, the list gets it. Runs inside changes
-    // of the focus: no message box here.
-    virtual void editEnding(EditEnd end, const std::string& text) = 0;
+    // The edit is over; `typed` is the text to take, none when nothing was changed or it was
+    // cancelled. The editor hides as soon as this returns; if the focus is still in it, the list
+    // gets it. Runs inside changes of the focus: no message box here.
+    virtual void editEnding(EditEnd end, const std::optional<std::string>& typed) = 0;
 
     // The text cannot be taken, and `message` tells the user why; show it. The editor stays open
     // and then gets the focus. Never runs inside a change of the focus.
@@ -69,6 +69,9 @@ public:
     // is refused, and the editor stays open; unless `tell` is false, the user is told as soon as
     // what happens now is over.
     bool leave(bool tell = true);
+
+    // Whether there is a text that the edit would end with.
+    bool changed() const { return text() != m_opened; }
 
     // Why the text would be refused now.
     std::optional<std::string> refused() const;
@@ -126,7 +129,6 @@ private:
     class CControl;
     enum class Answer { over, refused, busy };
 
-    bool unchanged() const { return text() == m_textAtOpening; }
     Answer ask(EditEnd how);
     void tell();
     void close();
@@ -139,8 +141,7 @@ private:
     const ControlKind m_kind;
     std::unique_ptr<CControl> m_control;
     std::shared_ptr<const bool> m_life = std::make_shared<const bool>(true);  // dies with this
-    std::string m_opened;         // what the editor was opened with
-    std::string m_textAtOpening;  // what text() made of it
+    std::string m_opened;  // text() at the beginning
     bool m_asking = false;
     bool m_mustTell = false;  // of the refused text, even while the focus is here
     bool m_over = false;

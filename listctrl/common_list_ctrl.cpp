@@ -25,6 +25,7 @@ CCommonListCtrl::CCommonListCtrl(ListServices& services, RecordStore& store)
 
 CCommonListCtrl::~CCommonListCtrl() {
     std::erase(allLists(), this);
+    if (m_reader) m_store.setCellReader({});
 }
 
 bool CCommonListCtrl::create(HWND parent, UINT id, std::string name, std::string title) {
@@ -117,10 +118,16 @@ LRESULT CCommonListCtrl::onHeaderItemChanged(NMHEADERA& info) {
     if (!m_updating && info.pitem != nullptr && (info.pitem->mask & HDI_WIDTH) != 0 &&
         static_cast<std::size_t>(info.iItem) < m_columns.shown().size()) {
         m_columns.setWidth(columnAt(info.iItem), info.pitem->cxy);
-        measureHeader();
-        headerBuilt();
+        onHeaderMoved();
+        PostMessageA(handle(), kHeaderMoved, 0, 0);
     }
     return controlDefault(WM_NOTIFY, info.hdr.idFrom, reinterpret_cast<LPARAM>(&info));
+}
+
+void CCommonListCtrl::onHeaderMoved() {
+    measureHeader();
+    headerBuilt();
+    InvalidateRect(handle(), nullptr, FALSE);
 }
 
 // ---- Rows ----
@@ -300,6 +307,7 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::on<LVM_SETSELECTIONMARK, &CCommonListCtrl::onSetSelectionMark>(),
         fw::on<LVM_FINDITEMA, &CCommonListCtrl::onFindItem>(),
         fw::on<LVM_FINDITEMW, &CCommonListCtrl::onFindItem>(),
+        fw::on<kHeaderMoved, &CCommonListCtrl::onHeaderMoved>(),
         fw::on<kTellInvalid, &CCommonListCtrl::onTellInvalid>(),
     };
     static constexpr fw::MessageMap map{nullptr, entries};

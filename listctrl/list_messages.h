@@ -27,6 +27,14 @@ struct EndOfEdit {
 inline constexpr UINT kEndOfEdit = 33789;
 inline constexpr UINT kEndOfChoice = 33788;
 
+// Posted by a list to itself when a column has another width: a header may tell of one item's width
+// before it has moved the items behind it. wParam, lParam and result are not used.
+inline constexpr UINT kHeaderMoved = WM_APP + 0x1C54;
+
+// Sent by a CMultiLineEditListCtrl to its edit owner when an editor has closed, whatever became of
+// its text. wParam, lParam and result are not used.
+inline constexpr UINT kEditorClosed = WM_APP + 0x1C53;
+
 // Posted by a CMultiLineEditListCtrl to itself when Tab or Shift+Tab ended an edit: the next row's
 // editor is opened once that is over. wParam: the EditEnd. lParam and result are not used.
 inline constexpr UINT kNextEditor = WM_APP + 0x1C51;

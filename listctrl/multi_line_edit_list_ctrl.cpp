@@ -95,10 +95,10 @@ void CMultiLineEditListCtrl::onNextEditor(WPARAM how) {
         if (editable(lines().lineAt(row))) return openEditor(row);
 }
 
-void CMultiLineEditListCtrl::editEnding(EditEnd end, const std::string& text) {
-    if (end != EditEnd::cancel && m_edited != nullptr && text != m_edited->row->value)
-        tellOwner(text);
+void CMultiLineEditListCtrl::editEnding(EditEnd end, const std::optional<std::string>& typed) {
+    if (typed && m_edited != nullptr && *typed != m_edited->row->value) tellOwner(*typed);
     closeEditor();
+    SendMessageA(m_editOwner, kEditorClosed, 0, 0);
     if (end == EditEnd::next || end == EditEnd::previous)
         PostMessageA(handle(), kNextEditor, static_cast<WPARAM>(end), 0);
 }
@@ -116,12 +116,13 @@ void CMultiLineEditListCtrl::cellsMove() {
     if (m_editor != nullptr && !m_editor->leave(false)) PostMessageA(handle(), kFollowCell, 0, 0);
 }
 
+// The text of an editor whose line went is told of, so that it does not vanish unseen.
 void CMultiLineEditListCtrl::onFollowCell() {
-    if (m_editor == nullptr) return;
-    if (const auto row = lines().rowOf(*m_edited)) return m_editor->moveTo(editPlace(*row));
-    const auto message = m_editor->refused();
-    closeEditor();
-    if (message) editRefused(*message);
+    if (m_editor != nullptr) {
+        if (const auto row = lines().rowOf(*m_edited)) return m_editor->moveTo(editPlace(*row));
+        dropText();
+    }
+    if (const auto lost = std::exchange(m_lostText, std::nullopt)) editRefused(*lost);
 }
 
 void CMultiLineEditListCtrl::tellOwner(const std::string& typed) {
@@ -140,18 +141,21 @@ void CMultiLineEditListCtrl::closeEditor() {
     if (closed != nullptr && closed->owns(GetFocus())) SetFocus(handle());
 }
 
-// A text that is refused stays in its editor, which follows its field into the new rows.
+// What is being typed stays in its editor, which follows its field into the new rows.
 void CMultiLineEditListCtrl::replace(std::vector<DetailGroup> groups) {
-    const bool refused = m_editor != nullptr && !m_editor->leave(false);
-    const int field = refused ? m_edited->row->mnemonic : 0;
+    if (m_editor != nullptr && !m_editor->changed()) closeEditor();
+    const int field = m_edited != nullptr ? m_edited->row->mnemonic : 0;
     m_edited = nullptr;
     CMultiLineListCtrl::replace(std::move(groups));
-    if (!refused) return;
+    if (m_editor == nullptr) return;
     m_edited = lines().lineOf(field);
-    if (m_edited != nullptr)
-        PostMessageA(handle(), kFollowCell, 0, 0);
-    else
-        closeEditor();
+    if (m_edited == nullptr) dropText();
+    PostMessageA(handle(), kFollowCell, 0, 0);
+}
+
+void CMultiLineEditListCtrl::dropText() {
+    m_lostText = m_editor->refused();
+    closeEditor();
 }
 
 void CMultiLineEditListCtrl::empty() {

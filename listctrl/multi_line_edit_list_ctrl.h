@@ -68,13 +68,14 @@ private:
     void onEditDoubleClick(POINT client);
     void onResized(int, int) { cellsMove(); }
     void onNextEditor(WPARAM how);
-    void editEnding(EditEnd end, const std::string& text) override;
+    void editEnding(EditEnd end, const std::optional<std::string>& typed) override;
     void editRefused(const std::string& message) override;
     void editorFocusChanged() override;
 
     bool editable(const LineGroups::Line* line) const;
     void openEditor(std::size_t row);
     void closeEditor();
+    void dropText();
     std::unique_ptr<CCellEditor> makeEditor(RowAttribute attribute);
     void tellOwner(const std::string& typed);
     RECT editPlace(std::size_t row) const;
@@ -84,5 +85,6 @@ private:
     std::string m_allowed;
     std::vector<std::string> m_choices;
     std::unique_ptr<CCellEditor> m_editor;
-    LineGroups::Line* m_edited = nullptr;  // the line that the editor stands on
+    LineGroups::Line* m_edited = nullptr;   // the line that the editor stands on
+    std::optional<std::string> m_lostText;  // why a text whose line went was refused
 };

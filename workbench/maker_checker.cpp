@@ -59,7 +59,9 @@ CMakerChecker::CMakerChecker(Host& host, ListServices& lists)
 }
 
 bool CMakerChecker::createPane(HWND frame) {
-    return create(frame, kCaption, IDD_MAKER_CHECKER, kPaneStyle, IDD_MAKER_CHECKER);
+    if (!create(frame, kCaption, IDD_MAKER_CHECKER, kPaneStyle, IDD_MAKER_CHECKER)) return false;
+    m_workbench->tellLinkFailures();
+    return handle() != nullptr;
 }
 
 const fw::MessageMap& CMakerChecker::messageMap() const {
@@ -82,6 +84,7 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
         fw::onNotify<IDC_DETAILS_LIST, HDN_FILTERCHANGE, &CMakerChecker::onDetailsFilterChanged>(),
         fw::on<kEndOfEdit, &CMakerChecker::onEndOfEdit>(),
         fw::on<kEndOfChoice, &CMakerChecker::onEndOfChoice>(),
+        fw::on<kEditorClosed, &CMakerChecker::onEditorClosed>(),
     };
     static const fw::MessageMap map{&CPaneDialog::baseMap(), entries};
     return map;
@@ -166,9 +169,7 @@ void CMakerChecker::onDestroy() {
         m_bar.setSize({static_cast<int>(floated->cx), static_cast<int>(floated->cy)});
         m_bar.save();
     }
-    m_workbench.reset();
-    mainList.reset();
-    detailsList.reset();
+    if (m_workbench != nullptr) m_workbench->close();
 }
 
 void CMakerChecker::rowsChanged() {
@@ -265,7 +266,7 @@ void CMakerChecker::onDialogKey(UINT key, bool repeated) {
     if (editing ? detailsList->editorKey(key, repeated) : repeated && m_heldInEditor) return;
     if (!repeated && (mainList->dialogKey(focus, key) || detailsList->dialogKey(focus, key)))
         return;
-    if (key == VK_ESCAPE && !repeated && mainList != nullptr &&
+    if (key == VK_ESCAPE && !repeated &&
         (focus == mainList->handle() || focus == detailsList->handle()))
         return decide([](Workbench& workbench) { workbench.dropEdits(); });
     CPaneDialog::onDialogKey(key, repeated);
@@ -316,8 +317,19 @@ void CMakerChecker::onMainFilterChanged(NMHDR&) {
     if (m_workbench != nullptr) m_workbench->selectionMoved();
 }
 
+// While a text in the details is refused, they stay until its editor closes.
 void CMakerChecker::onSelectionMade(NMHDR&) {
-    if (m_workbench != nullptr) m_workbench->selectionMade();
+    if (m_workbench == nullptr) return;
+    m_selectionWaits = !detailsList->leaveEditor();
+    if (m_selectionWaits)
+        m_workbench->selectionMoved();
+    else
+        m_workbench->selectionMade();
+}
+
+void CMakerChecker::onEditorClosed() {
+    if (std::exchange(m_selectionWaits, false) && m_workbench != nullptr)
+        m_workbench->selectionMade();
 }
 
 // A double-click: of the first selected row.

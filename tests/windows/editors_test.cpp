@@ -9,6 +9,7 @@
 #include "framework/dialog.h"
 #include "framework/key_filter.h"
 #include "listctrl/clipboard.h"
+#include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
 namespace {
@@ -40,9 +41,9 @@ public:
         return GetFocus();
     }
 
-    void editEnding(EditEnd how, const std::string& text) override {
+    void editEnding(EditEnd how, const std::optional<std::string>& typed) override {
         static constexpr const char* names[] = {"commit", "cancel", "next", "previous"};
-        log.push_back(names[static_cast<int>(how)] + (" " + text));
+        log.push_back(names[static_cast<int>(how)] + (typed ? " " + *typed : std::string()));
         if (destroys) editor.reset();
     }
     void editRefused(const std::string& message) override {
@@ -63,8 +64,11 @@ protected:
     }
 
 private:
-    void onPaneKey(UINT key, bool) {
-        if (editor != nullptr && editor->owns(GetFocus()) && editor->dialogKey(key, false, false)) return;
+    void onPaneKey(UINT key, bool repeated) {
+        const bool shift = GetKeyState(VK_SHIFT) < 0;
+        if (editor != nullptr && editor->owns(GetFocus()) &&
+            editor->dialogKey(key, shift, repeated))
+            return;
         SendMessageA(GetFocus(), WM_KEYDOWN, key, 1);
     }
     HWND child(const char* windowClass, DWORD style, RECT place) {
@@ -78,15 +82,6 @@ class Editors : public testing::Test {
 protected:
     Editors() : keys(bed.handle()) {}
 
-    void type(const char* text) {
-        for (const char* c = text; *c != '\0'; ++c)
-            PostMessageA(GetFocus(), WM_CHAR, static_cast<unsigned char>(*c), 1);
-        pump();
-    }
-    void key(WPARAM virtualKey) {
-        PostMessageA(GetFocus(), WM_KEYDOWN, virtualKey, 1);
-        pump();
-    }
     std::string text() const { return bed.editor->text(); }
     bool isOpen() const { return IsWindowVisible(bed.editor->handle()) != 0; }
 
@@ -96,133 +91,194 @@ protected:
 
 TEST_F(Editors, KeysEndTheEditOnce) {
     const struct {
-        WPARAM key;
+        const char* before;
+        const char* typed;
+        WORD key;
+        hand::Keys keys;
         const char* told;
-    } cases[] = {{VK_RETURN, "commit new"}, {VK_ESCAPE, "cancel new"}, {VK_TAB, "next new"}};
+    } cases[] = {
+        {"old", "new", VK_RETURN, {}, "commit new"},
+        {"old", "new", VK_ESCAPE, {}, "cancel"},
+        {"old", "new", VK_TAB, {}, "next new"},
+        {"old", "new", VK_TAB, hand::kShift, "previous new"},
+        {"old", "", VK_RETURN, {}, "commit"},
+        {"old", "old", VK_TAB, {}, "next"},
+    };
     for (const auto& each : cases) {
-        bed.open<CEditEditor>("old", "");
-        type("new");
-        key(VK_LEFT);
+        SCOPED_TRACE(each.told);
+        bed.open<CEditEditor>(each.before, "");
+        hand::type(each.typed);
+        hand::key(VK_LEFT);
         EXPECT_TRUE(isOpen());
-        key(each.key);
+        hand::key(each.key, each.keys);
         EXPECT_EQ(bed.log, Log{each.told});
         EXPECT_FALSE(isOpen());
         EXPECT_EQ(GetFocus(), bed.list);
-        bed.editor->leave();
+        EXPECT_TRUE(bed.editor->leave());
         EXPECT_EQ(bed.log.size(), 1u);
     }
-    bed.open<CEditEditor>("old", "");
-    EXPECT_TRUE(bed.editor->dialogKey(VK_TAB, true, false));
-    EXPECT_FALSE(bed.editor->dialogKey(VK_DOWN, false, false));
-    EXPECT_EQ(bed.log, Log{"previous old"});
+}
+
+// Whatever a value was when it was opened, it is no edit until it is changed.
+TEST_F(Editors, ATextAsItWasOpenedEndsQuietly) {
+    for (const char* before : {"Festival limit", "1,50,000", "500 ", "", "-"}) {
+        for (const WORD key : {WORD{VK_RETURN}, WORD{VK_TAB}, WORD{0}}) {
+            bed.open<CPriceEditor>(before, kDigits);
+            if (key != 0)
+                hand::key(key);
+            else
+                hand::click(bed.other);
+            EXPECT_EQ(bed.log, Log{key == VK_TAB ? "next" : "commit"}) << before;
+            EXPECT_FALSE(isOpen());
+        }
+    }
 }
 
 TEST_F(Editors, TakeTheirAllowedCharactersOnly) {
     const HWND edit = bed.open<CEditEditor>("5", kDigits);
-    type(
-        "1<2\xE9"
-        "a3\t");
+    hand::type("1<2a3");
+    PostMessageA(edit, WM_CHAR, 0xE9, 1);
+    PostMessageA(edit, WM_CHAR, '\t', 1);
+    pump();
     EXPECT_EQ(text(), "123");
-    type("\x1A");
+    hand::key('Z', hand::kCtrl);
     EXPECT_EQ(text(), "5") << "undo";
-    type("\x1A");
-    key(VK_END);
+    hand::key('Z', hand::kCtrl);
+    hand::key(VK_END);
     copyToClipboard(bed.handle(), "4,5");
     SendMessageA(edit, WM_PASTE, 0, 0);
     EXPECT_EQ(text(), "123") << "a text without its comma would be another number";
     copyToClipboard(bed.handle(), "45\r\nx");
-    type("\x16");
+    hand::key('V', hand::kCtrl);
     EXPECT_EQ(text(), "12345");
     copyToClipboard(bed.handle(), std::string(253, '1'));
-    SendMessageA(edit, WM_PASTE, 0, 0);
+    hand::key('V', hand::kCtrl);
     EXPECT_EQ(text(), "12345") << "too long as a whole";
-    type(
-        "\x01\x16"
-        "4455");
+    hand::key('A', hand::kCtrl);
+    hand::key('V', hand::kCtrl);
+    hand::type("4455");
     EXPECT_EQ(text(), std::string(253, '1').append("44"));
-    // What came in another way is looked at in the end; what stood there before is not.
+    // What came in another way is looked at in the end.
     SetWindowTextA(edit, "7<8");
-    DialogTrap trap;
-    key(VK_RETURN);
+    const DialogTrap trap;
+    hand::key(VK_RETURN);
     EXPECT_EQ(bed.log, Log{"\"7<8\" has characters that cannot be used here"});
     EXPECT_TRUE(isOpen());
-    bed.open<CEditEditor>("7<8", kDigits);
-    key(VK_RETURN);
-    EXPECT_EQ(bed.log, Log{"commit 7<8"});
 }
 
 TEST_F(Editors, ARefusedNumberStaysOpenAndIsSelected) {
-    bed.open<CPriceEditor>("1500.00", "0123456789.-a");
-    type("12a");
-    DialogTrap trap;
-    key(VK_RETURN);
-    key(VK_TAB);
-    const std::string message = "\"12a\" is not a number";
-    EXPECT_EQ(bed.log, (Log{message, message}));
-    EXPECT_EQ(trap.texts, bed.log);
-    EXPECT_TRUE(isOpen());
-    EXPECT_TRUE(bed.editor->owns(GetFocus()));
-    SendMessageA(GetFocus(), WM_MOUSEWHEEL, MAKEWPARAM(0, 120), 0);
-    key(VK_HOME);
-    SendMessageA(GetFocus(), EM_SETSEL, 0, -1);
-    type("-1.5");
-    key(VK_UP);
-    key(VK_RETURN);
+    const std::string refused = "\"12a\" is not a number";
+    const HWND edit = bed.open<CPriceEditor>("1500.00", "0123456789.-a");
+    hand::type("12a");
+    const struct {
+        const char* how;
+        std::function<void()> leave;
+    } cases[] = {
+        {"Enter", [] { hand::key(VK_RETURN); }},
+        {"Enter, held", [] { hand::hold(VK_RETURN, 5); }},
+        {"Tab", [] { hand::key(VK_TAB); }},
+        {"click", [this] { hand::click(bed.other); }},
+        {"focus", [this] { SetFocus(bed.other); }},
+        {"leave()", [this] { EXPECT_FALSE(bed.editor->leave()); }},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.how);
+        bed.log.clear();
+        SendMessageA(edit, EM_SETSEL, 1, 1);
+        DialogTrap trap;
+        each.leave();
+        EXPECT_TRUE(pumpUntil([&] { return !trap.texts.empty() && GetFocus() == edit; }));
+        EXPECT_EQ(bed.log, Log{refused});
+        EXPECT_EQ(trap.texts, bed.log) << "told once";
+        EXPECT_TRUE(isOpen());
+        EXPECT_EQ(SendMessageA(edit, EM_GETSEL, 0, 0), MAKELRESULT(0, 3));
+    }
+    hand::wheel(edit, 1);
+    hand::type("-1.5");
+    hand::key(VK_UP);
+    hand::key(VK_RETURN);
     EXPECT_EQ(bed.log.back(), "commit -1.5");
 }
 
 TEST_F(Editors, TheFocusGoingElsewhereCommits) {
-    bed.open<CPriceEditor>("1", kDigits);
-    type("2");
+    const HWND edit = bed.open<CPriceEditor>("1", kDigits);
+    hand::type("2");
     SetFocus(bed.other);
     EXPECT_EQ(bed.log, Log{"commit 2"}) << "at once: a button may be on its way";
     EXPECT_FALSE(isOpen());
     EXPECT_EQ(GetFocus(), bed.other);
+    EXPECT_FALSE(IsWindowVisible(edit));
 
-    // A refused text: the message comes after the change of focus, then the edit is cancelled.
+    // Nothing is said inside the change of the focus, nor after the focus came back.
     bed.open<CPriceEditor>("1", kDigits);
-    type("-");
-    DialogTrap trap;
+    hand::type("-");
     SetFocus(bed.other);
-    EXPECT_TRUE(bed.log.empty());
     SetFocus(GetWindow(bed.editor->handle(), GW_CHILD));
     pump();
-    EXPECT_TRUE(bed.log.empty() && isOpen()) << "the focus came back";
-    SetFocus(bed.other);
+    EXPECT_TRUE(bed.log.empty() && isOpen());
+    EXPECT_FALSE(bed.editor->leave(false));
     pump();
-    EXPECT_EQ(bed.log, (Log{"\"-\" is not a number", "cancel -"}));
-    EXPECT_EQ(trap.texts.size(), 1u);
-    EXPECT_FALSE(isOpen());
+    EXPECT_TRUE(bed.log.empty() && isOpen());
+}
 
+// While the mouse is held, or another program is in front, no message opens.
+TEST_F(Editors, ARefusedTextWaitsUntilTheUserIsBack) {
+    const HWND edit = bed.open<CPriceEditor>("1", kDigits);
+    hand::type("-");
+    const DialogTrap trap;
+    const auto settle = [] {
+        const ULONGLONG end = GetTickCount64() + 300;
+        pumpUntil([end] { return GetTickCount64() > end; });
+    };
+    SetFocus(bed.other);
+    SetCapture(bed.other);
+    settle();
+    EXPECT_TRUE(bed.log.empty());
+    ReleaseCapture();
+    EXPECT_TRUE(pumpUntil([&] { return GetFocus() == edit; }));
+    EXPECT_EQ(bed.log.size(), 1u);
+
+    bed.log.clear();
+    SetActiveWindow(nullptr);  // what the thread sees when another program comes to the front
+    ASSERT_EQ(GetFocus(), nullptr);
+    settle();
+    EXPECT_TRUE(bed.log.empty() && isOpen());
+    SetActiveWindow(bed.handle());
+    EXPECT_TRUE(pumpUntil([&] { return GetFocus() == edit && !bed.log.empty(); }));
+    EXPECT_EQ(bed.log.size(), 1u);
 }
 
 TEST_F(Editors, MayBeDestroyedAtAnyTime) {
     bed.destroys = true;
     bed.open<CEditEditor>("1", "");
-    key(VK_RETURN);
+    hand::key(VK_RETURN);
     bed.open<CEditEditor>("2", "");
+    hand::type("3");
     SetFocus(bed.other);
-    EXPECT_EQ(bed.log, Log{"commit 2"});
+    EXPECT_EQ(bed.log, Log{"commit 3"});
     EXPECT_EQ(bed.editor, nullptr);
 
     // Behind its own message box, and before that opened.
-    bed.open<CPriceEditor>("x", "");
+    bed.open<CPriceEditor>("1", "");
+    hand::type("x");
     {
         const DialogTrap trap([this](HWND) { bed.editor.reset(); });
-        key(VK_RETURN);
+        hand::key(VK_RETURN);
     }
     EXPECT_EQ(bed.log, Log{"\"x\" is not a number"});
-    bed.open<CPriceEditor>("x", "");
+    bed.open<CPriceEditor>("1", "");
+    hand::type("x");
     SetFocus(bed.other);
     bed.editor.reset();
     pump();
     EXPECT_TRUE(bed.log.empty());
 
     // With the list's window, and with the focus in it.
-    bed.open<CPriceEditor>("x", "");
+    bed.open<CPriceEditor>("1", "");
+    hand::type("x");
     DestroyWindow(bed.list);
     pump();
-    bed.editor->leave();
+    EXPECT_TRUE(bed.editor->leave());
     EXPECT_TRUE(bed.log.empty());
 }
 
@@ -237,61 +293,59 @@ HWND droppedList(HWND combo) {
 
 TEST_F(Editors, AChoiceIsTakenByKeyOrMouse) {
     HWND combo = bed.open<CComboEditor>("E", kChoices);
-    SendMessageA(combo, WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-120)), 0);
+    hand::wheel(combo, -1);
     EXPECT_EQ(text(), "E");
-    key(VK_DOWN);
+    hand::key(VK_DOWN);
     EXPECT_TRUE(bed.log.empty());
-    key(VK_RETURN);
+    hand::key(VK_RETURN);
     EXPECT_EQ(bed.log, Log{"commit D"});
 
     bed.open<CComboEditor>("yes", kChoices);
     EXPECT_EQ(text(), "yes") << "nothing changes silently";
-    key(VK_DOWN);
+    hand::key(VK_DOWN);
     SetFocus(bed.other);
     EXPECT_EQ(bed.log, Log{"commit E"});
 
     combo = bed.open<CComboEditor>("E", kChoices);
-    key(VK_F4);
+    hand::key(VK_F4);
     ASSERT_TRUE(SendMessageA(combo, CB_GETDROPPEDSTATE, 0, 0));
-    key(VK_DOWN);
-    key(VK_ESCAPE);
+    hand::key(VK_DOWN);
+    hand::key(VK_ESCAPE);
     EXPECT_FALSE(SendMessageA(combo, CB_GETDROPPEDSTATE, 0, 0));
     EXPECT_TRUE(bed.log.empty() && isOpen()) << "Esc closed the list only";
     EXPECT_EQ(text(), "E");
-    key(VK_DOWN);
+    hand::key(VK_DOWN);
     EXPECT_TRUE(bed.log.empty()) << "chosen, not taken from the list";
-    key(VK_UP);
-    key(VK_F4);
-    key(VK_DOWN);
-    key(VK_RETURN);
+    hand::key(VK_UP);
+    hand::key(VK_F4);
+    hand::key(VK_DOWN);
+    hand::key(VK_RETURN);
     EXPECT_EQ(bed.log, Log{"commit D"});
 
     combo = bed.open<CComboEditor>("E", kChoices);
     bed.editor->openedWithMouse();
     const HWND choices = droppedList(combo);
-    const auto row = SendMessageA(choices, LB_GETITEMHEIGHT, 0, 0);
-    const LPARAM second = MAKELPARAM(5, row + row / 2);
-    PostMessageA(choices, WM_MOUSEMOVE, 0, second);
-    PostMessageA(choices, WM_LBUTTONDOWN, MK_LBUTTON, second);
-    PostMessageA(choices, WM_LBUTTONUP, 0, second);
-    pump();
+    RECT list{};
+    GetWindowRect(choices, &list);
+    const auto row = static_cast<LONG>(SendMessageA(choices, LB_GETITEMHEIGHT, 0, 0));
+    hand::click(POINT{list.left + 5, list.top + row + row / 2});
     EXPECT_EQ(bed.log, Log{"commit D"});
 }
 
 TEST_F(Editors, DatesGoInAndOutInTheirForm) {
     bed.open<CDateTimeEditor>("31/12/2023", DateTimeForm::date);
-    key(VK_UP);
-    key(VK_RETURN);
+    hand::key(VK_UP);
+    hand::key(VK_RETURN);
     EXPECT_EQ(bed.log, Log{"commit 01/12/2023"});
 
     bed.open<CDateTimeEditor>("05/06/2024", DateTimeForm::date);
-    type("7");
-    key(VK_RETURN);
+    hand::type("7");
+    hand::key(VK_RETURN);
     EXPECT_EQ(bed.log, Log{"commit 07/06/2024"}) << "typed digits count at Enter";
 
     bed.open<CDateTimeEditor>("05/06/2024 10:20:30", DateTimeForm::dateAndTime);
-    key(VK_RIGHT);
-    key(VK_UP);
+    hand::key(VK_RIGHT);
+    hand::key(VK_UP);
     SetFocus(bed.other);
     EXPECT_EQ(bed.log, Log{"commit 05/07/2024 10:20:30"});
 
@@ -300,22 +354,19 @@ TEST_F(Editors, DatesGoInAndOutInTheirForm) {
     const auto calendar = [picker] {
         return reinterpret_cast<HWND>(SendMessageA(picker, DTM_GETMONTHCAL, 0, 0));
     };
-    const auto clickAt = [](HWND window, int x, int y) {
-        SendMessageA(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
-        SendMessageA(window, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
-        pump();
+    const auto openCalendar = [picker] {
+        RECT place{};
+        GetWindowRect(picker, &place);
+        hand::click(POINT{place.right - 6, (place.top + place.bottom) / 2});
     };
-    RECT room{};
-    GetClientRect(picker, &room);
-    clickAt(picker, room.right - 6, room.bottom / 2);
+    openCalendar();
     ASSERT_TRUE(IsWindowVisible(calendar()));
     bed.editor->dialogKey(VK_ESCAPE, false, false);
     pump();
     EXPECT_FALSE(IsWindowVisible(calendar()));
     EXPECT_TRUE(bed.log.empty() && isOpen());
-    clickAt(picker, room.right - 6, room.bottom / 2);
-    GetClientRect(calendar(), &room);
-    clickAt(calendar(), room.right / 2, room.bottom / 2);
+    openCalendar();
+    hand::click(calendar());
     EXPECT_FALSE(IsWindowVisible(calendar()));
     EXPECT_TRUE(bed.log.empty() && isOpen());
     EXPECT_NE(text(), "05/06/2024");
@@ -324,8 +375,8 @@ TEST_F(Editors, DatesGoInAndOutInTheirForm) {
     // What was not touched comes back as it was.
     for (const char* before : {"5/6/2024", "soon", ""}) {
         bed.open<CDateTimeEditor>(before, DateTimeForm::date);
-        key(VK_RETURN);
-        EXPECT_EQ(bed.log, Log{std::string("commit ") + before});
+        hand::key(VK_RETURN);
+        EXPECT_EQ(bed.log, Log{"commit"});
     }
     SYSTEMTIME now{};
     GetLocalTime(&now);
@@ -357,7 +408,7 @@ TEST_F(Editors, CoverTheirCell) {
 TEST_F(Editors, AHundredEditsLeaveNothingBehind) {
     const auto edits = [this] {
         bed.open<CPriceEditor>("1", kDigits);
-        key(VK_RETURN);
+        hand::key(VK_RETURN);
         bed.open<CComboEditor>("E", kChoices);
         SetFocus(bed.other);
         bed.open<CDateTimeEditor>("01/01/2024", DateTimeForm::date);

@@ -1,5 +1,5 @@
 // The holder frame with its bars, titles and settings, in a window of its own; and the pane's
-// lay-out, keys and focus in the real plug-in.
+// lay-out in the real plug-in.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -136,109 +136,6 @@ TEST_F(Frames, AViewStandsInItsFlatFrameWithoutABorderOfItsOwn) {
 }
 
 // ---- In the plug-in ----
-
-// Keys go through the queue, as a host's loop sees them; modifiers are down meanwhile.
-void typeKey(HWND focus, WPARAM key, std::initializer_list<int> modifiers = {}, LPARAM flags = 1) {
-    BYTE before[256]{}, held[256]{};
-    GetKeyboardState(before);
-    GetKeyboardState(held);
-    for (const int modifier : modifiers) held[modifier] = 0x80;
-    SetFocus(focus);
-    PostMessageA(focus, WM_KEYDOWN, key, flags);
-    SetKeyboardState(held);
-    pump();
-    SetKeyboardState(before);
-}
-
-HWND detailsList() {
-    return descendant(findPane(), WC_LISTVIEWA, 4001);
-}
-
-HWND nextStop(HWND from) {
-    typeKey(from, VK_TAB);
-    return GetFocus();
-}
-
-TEST(PaneKeys, TabGoesFromTheButtonsThroughTheListsAndTheBar) {
-    const OpenWorkbench open;
-    const HWND bar = descendant(findPane(), "MakerChecker.SplitterBar", 0);
-    ASSERT_NE(bar, nullptr);
-    EXPECT_TRUE(IsChild(mainList(), nextStop(button("Recover")))) << "the filter row";
-    EXPECT_EQ(nextStop(mainList()), bar);
-    EXPECT_TRUE(IsChild(detailsList(), nextStop(bar)));
-    EXPECT_EQ(nextStop(detailsList()), button("Accept"));
-    const int before = static_cast<int>(inParent(bar).top);
-    typeKey(bar, VK_UP);
-    EXPECT_LT(inParent(bar).top, before);
-    EXPECT_EQ(SendMessageA(button("Accept"), WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS, 0);
-}
-
-TEST(PaneKeys, ThreeFingersDecideAndOneRecovers) {
-    OpenWorkbench open;
-    open.plugin.publish(pending("1", "340", {{31003, "U"}}));
-    selectRows(mainList(), {0});
-    const struct {
-        WPARAM key;
-        std::initializer_list<int> modifiers;
-        LPARAM flags;
-        const char* sent;  // the value of field 10303, or the request; empty: nothing
-    } keys[] = {
-        {'Y', {}, 1, ""},
-        {'Y', {VK_CONTROL}, 1, ""},
-        {'Y', {VK_SHIFT}, 1, ""},
-        {'Y', {VK_CONTROL, VK_SHIFT}, 0x40000001, ""},  // held
-        {'Y', {VK_CONTROL, VK_SHIFT}, 1, "accepted"},
-        {VK_F5, {VK_SHIFT}, 1, ""},
-        {VK_F5, {}, 1, "<absent>"},
-    };
-    for (const auto& each : keys) {
-        host().sent.clear();
-        typeKey(mainList(), each.key, each.modifiers, each.flags);
-        EXPECT_EQ(host().sent.size(), each.sent[0] != '\0' ? 1u : 0u);
-        for (const Fields& message : host().sent) EXPECT_EQ(sentField(message, 10303), each.sent);
-        EXPECT_EQ(GetFocus(), mainList()) << "the focus stays: a later Enter presses no button";
-    }
-    host().sent.clear();
-    const DialogTrap trap;
-    typeKey(mainList(), 'N', {VK_CONTROL, VK_SHIFT});
-    EXPECT_EQ(trap.texts.size(), 1u) << "it asks for the reason";
-    EXPECT_TRUE(host().sent.empty());
-}
-
-TEST(PaneKeys, UpdateHasNoKeyWithoutTheRight) {
-    host().mayModify = false;
-    const OpenWorkbench open;
-    typeKey(mainList(), 'U', {VK_CONTROL, VK_SHIFT});
-    EXPECT_TRUE(host().sent.empty());
-    EXPECT_EQ(GetFocus(), mainList());
-}
-
-TEST(PaneKeys, F6GoesToTheConsoleAndBackToWhereItWas) {
-    for (const bool docks : {true, false}) {
-        host() = HostState{};
-        LoadedPlugin plugin;
-        plugin.init();
-        const MainFrame frame(docks);
-        plugin.hotKey();
-        pump();
-        typeKey(button("Reject"), VK_F6);
-        EXPECT_EQ(GetFocus(), frame.handle());
-        SetFocus(findPane());
-        EXPECT_EQ(GetFocus(), button("Reject"));
-    }
-}
-
-TEST(PaneKeys, EscEndsADragAndNothingElse) {
-    const OpenWorkbench open;
-    const HWND bar = descendant(findPane(), "MakerChecker.SplitterBar", 0);
-    const LONG before = inParent(bar).top;
-    SendMessageA(bar, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 2));
-    SendMessageA(bar, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(20, 60));
-    EXPECT_GT(inParent(bar).top, before);
-    typeKey(open.frame->handle(), VK_ESCAPE);  // wherever the focus is
-    EXPECT_EQ(inParent(bar).top, before);
-    EXPECT_EQ(GetCapture(), nullptr);
-}
 
 TEST(PaneLayout, ButtonsAndListsStayInSightInASmallPane) {
     const OpenWorkbench open;

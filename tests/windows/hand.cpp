@@ -109,8 +109,7 @@ void emptyQueue(UINT_PTR timer) {
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (message.message == WM_TIMER && message.hwnd == nullptr && message.wParam == timer)
             continue;
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
+        dispatch(message);
     }
 }
 

@@ -103,8 +103,6 @@ TEST_F(List, SortsByAClickOnACaption) {
     EXPECT_EQ(column(0), (Texts{"ASHOK", "Badri", "Bela", "Chitra", "asha", "deepa"}));
 }
 
-}
-
 std::string clipboardText() {
     std::string text;
     if (OpenClipboard(nullptr) == 0) return "<closed>";

@@ -1,4 +1,4 @@
-// The pane: its template, its lists as a user or a screen reader meets them, keys and details.
+// The pane: its template, its lists as a user or a screen reader meets them, and details.
 #include <gtest/gtest.h>
 
 #include "sdk/connectvosk.h"
@@ -153,40 +153,6 @@ TEST(Pane, AsksForDetailsOnADoubleClick) {
                   "Maker Checker Zek Message : Request for getting entities details sent ",
                   "Maker Checker Zek Message : Request for getting account details sent ",
                   "Maker Checker Zek Message : Request for getting entities details sent "}));
-}
-
-void typeKey(HWND focus, WPARAM key, LPARAM flags = 1) {
-    SetFocus(focus);
-    PostMessageA(focus, WM_KEYDOWN, key, flags);
-    PostMessageA(focus, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
-    pump();
-}
-
-TEST(Pane, ItsKeysWorkInAHostThatKnowsNothingOfDialogs) {
-    OpenWorkbench open;
-    open.plugin.publish(pending("1", "340", {{31003, "U"}}));
-    EXPECT_EQ(GetFocus(), mainList());
-    typeKey(button("Accept"), VK_TAB);
-    EXPECT_EQ(GetFocus(), button("Reject"));
-
-    selectRows(mainList(), {0});
-    LVITEMA focused{};
-    focused.state = focused.stateMask = LVIS_FOCUSED;
-    SendMessageA(mainList(), LVM_SETITEMSTATE, 0, reinterpret_cast<LPARAM>(&focused));
-    typeKey(mainList(), VK_RETURN);
-    ASSERT_EQ(host().sent.size(), 1u) << "Enter in the list opens the details, nothing else";
-    EXPECT_EQ(sentField(host().sent[0], 0), "om_get_auth_user_details");
-
-    typeKey(button("Accept"), VK_RETURN, 0x40000001);  // the key is held
-    EXPECT_EQ(host().sent.size(), 1u);
-    typeKey(button("Accept"), VK_RETURN);
-    ASSERT_EQ(host().sent.size(), 2u);
-    EXPECT_EQ(sentField(host().sent[1], 10303), "accepted");
-
-    typeKey(mainList(), VK_ESCAPE);
-    typeKey(button("Accept"), VK_ESCAPE);
-    EXPECT_TRUE(IsWindowVisible(findPane()));
-    EXPECT_EQ(host().sent.size(), 2u);
 }
 
 TEST(Pane, ShowsEachHandleThatCannotBeOpenedAndGoesOn) {

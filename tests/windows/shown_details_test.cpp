@@ -141,6 +141,7 @@ TEST_F(ShownDetails, ARepublishedChangeIsAskedForAgainAndKeepsWhatIsTyped) {
     EXPECT_EQ(sent(), Texts{"om_get_auth_limits_details"});
     answer(limits("1600"));
     EXPECT_EQ(strip(), kLimits + " (changed since you opened it)");
+    hand::key(VK_RETURN);
     EXPECT_EQ(rowTexts(details(), 2, 2)[1], "2500.00");
     EXPECT_EQ(rowTexts(details(), 3, 2)[1], "77");
 }

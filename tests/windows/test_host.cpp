@@ -64,8 +64,10 @@ HOST_EXPORT void pu_get_user_privilige(HostString& text, int& level) {
 }
 HOST_EXPORT void pu_add_to_tabbed_log(HostString line) {
     host().log.push_back(sdk::take(line));
+    std::exchange(host().inLog, [] {})();
 }
 HOST_EXPORT int pu_get_find_menu_item_in_roles(int menuItem) {
+    std::exchange(host().inRoles, [] {})();
     return static_cast<int>(host().menuItems.count(menuItem));
 }
 HOST_EXPORT int pu_get_maker_checker_Modify_Right() {
@@ -136,9 +138,14 @@ LoadedPlugin::LoadedPlugin()
 }
 
 LoadedPlugin::~LoadedPlugin() {
+    if (m_module == nullptr) return;
     m_exit();
     pump();
-    FreeLibrary(m_module);
+    free();
+}
+
+void LoadedPlugin::free() {
+    FreeLibrary(std::exchange(m_module, nullptr));
 }
 
 void LoadedPlugin::init() {
@@ -261,12 +268,19 @@ void StoredSetting::hold(bool on) {
                 : INVALID_HANDLE_VALUE;
 }
 
+void dispatch(MSG& message) {
+    if (host().accelerators != nullptr &&
+        TranslateAcceleratorA(GetAncestor(message.hwnd, GA_ROOT), host().accelerators, &message)) {
+        ++host().accelerated;
+        return;
+    }
+    TranslateMessage(&message);
+    DispatchMessageA(&message);
+}
+
 void pump() {
     MSG message;
-    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
-    }
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) dispatch(message);
 }
 
 bool pumpUntil(const std::function<bool()>& condition) {

@@ -29,7 +29,11 @@ struct HostState {
     std::set<int> menuItems{60302, 60303, 60304};
     bool mayModify = true;
     bool sends = true;
-    std::set<int> restricted;  // function codes that may not be used
+    std::set<int> restricted;                              // function codes that may not be used
+    std::function<void()> inLog = [] {}, inRoles = [] {};  // run inside these services
+
+    HACCEL accelerators = nullptr;  // of the frame; their commands are counted
+    int accelerated = 0;
 
     std::vector<std::string> log;
     std::vector<Fields> sent;           // messages, field by field
@@ -67,6 +71,7 @@ public:
     void publish(const Fields& fields);
     void publishNull() { m_publish(nullptr); }
     int exit() { return m_exit(); }
+    void free();  // FreeLibrary, as a host does after exit(); no call is made any more
     HMODULE module() const { return m_module; }
     template <class Entry>
     Entry* entry(const char* name) const {
@@ -141,6 +146,9 @@ struct StoredProfile : StoredSetting {
     explicit StoredProfile(const char* text = nullptr)
         : StoredSetting("Maker checker List", "COLUMNPROFILE", text) {}
 };
+
+// What the host's loop does with a message.
+void dispatch(MSG& message);
 
 // Dispatches until the queue is empty.
 void pump();

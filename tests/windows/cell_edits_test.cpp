@@ -1,0 +1,344 @@
+// Editing limits in the details list by a real hand: what becomes of a text that is being typed
+// when something else happens.
+#include <gtest/gtest.h>
+
+#include "listctrl/model/list_commands.h"
+#include "tests/windows/hand.h"
+#include "tests/windows/test_host.h"
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+const std::string kRefusal = "\"12a\" is not a number";
+
+HWND details() {
+    return descendant(findPane(), WC_LISTVIEWA, 4001);
+}
+
+HWND header(HWND list) {
+    return reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
+}
+
+HWND filterBox(HWND list, int column) {
+    return FindWindowExA(GetDlgItem(header(list), 5000 + column), nullptr, "Edit", nullptr);
+}
+
+// The control that a value is typed into; null when there is none.
+HWND editor() {
+    const HWND open = FindWindowExA(details(), nullptr, "MakerChecker.CellEditor", nullptr);
+    return open != nullptr && IsWindowVisible(open) != 0 ? GetWindow(open, GW_CHILD) : nullptr;
+}
+
+std::string textOf(HWND window) {
+    char text[64]{};
+    GetWindowTextA(window, text, sizeof text);
+    return text;
+}
+
+std::string value(int row) {
+    return rowTexts(details(), row, 2)[1];
+}
+
+RECT onScreen(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return place;
+}
+
+// Between the captions of two columns.
+POINT divider(HWND list, int column) {
+    RECT item{};
+    SendMessageA(header(list), HDM_GETITEMRECT, static_cast<WPARAM>(column),
+                 reinterpret_cast<LPARAM>(&item));
+    POINT at{item.right - 1, item.top + 6};
+    ClientToScreen(header(list), &at);
+    return at;
+}
+
+// Each line: heading, the entity, then numbers to edit and, last, a choice.
+Fields answerOfLimits() {
+    return {{32767, "om_get_auth_limits_details"},
+            {51803, "7"},
+            {54001, "C1"},
+            {64031, "1500"},
+            {64031, "1200"},
+            {64164, "300"},
+            {64036, "400"},
+            {64210, "10"},
+            {64211, "11"},
+            {64037, "yes"}};
+}
+
+constexpr int kFirst = 2, kSecond = 3;
+
+class CellEdits : public testing::Test {
+protected:
+    void SetUp() override {
+        open.plugin.publish(pending("6", "340", {{31003, "DLR6"}}));
+        open.plugin.publish(pending("7", "360", {{54001, "C1"}}));
+        hand::doubleClickRow(mainList(), 1);
+        answer(answerOfLimits());
+        host().sent.clear();
+    }
+    static void edit(int row, const char* text) {
+        hand::doubleClickRow(details(), row, 1);
+        ASSERT_NE(editor(), nullptr);
+        hand::type(text);
+    }
+    static int last() { return rowCount(details()) - 1; }
+    static Texts sent() {
+        Texts names;
+        for (const Fields& message : std::exchange(host().sent, {}))
+            names.push_back(sentField(message, 0));
+        return names;
+    }
+    OpenWorkbench open;
+};
+
+TEST_F(CellEdits, KeysTakeLeaveAndGoOn) {
+    edit(kFirst, "2500.129");
+    hand::key(VK_RETURN);
+    EXPECT_EQ(value(kFirst), "2500.13");
+    EXPECT_EQ(GetFocus(), details());
+    edit(kSecond, "9");
+    hand::key(VK_ESCAPE);
+    EXPECT_EQ(value(kSecond), "300.00");
+    hand::key(VK_F2);
+    hand::key(VK_TAB);  // untouched
+    hand::type("25");
+    hand::key(VK_TAB, hand::kShift);
+    EXPECT_EQ(value(kSecond + 1), "25.00");
+    hand::key(VK_ESCAPE);
+    hand::doubleClickRow(details(), 1, 1);
+    EXPECT_EQ(editor(), nullptr) << "a read-only row";
+    EXPECT_EQ(sent(), Texts{}) << "no key of an editor decides";
+    hand::click(button("Update"));
+    ASSERT_EQ(host().sent.size(), 1u);
+    EXPECT_EQ(sentField(host().sent[0], 64031), "2500.13");
+    EXPECT_EQ(sentField(host().sent[0], 64036), "25.00");
+    EXPECT_EQ(sentField(host().sent[0], 64164), "<absent>");
+    EXPECT_EQ(sentField(host().sent[0], 64037), "<absent>");
+    hand::click(button("Update"));
+    EXPECT_EQ(host().sent.size(), 1u) << "what has left is not sent again";
+}
+
+// Held keys stay in the editors: the next Enter decides nothing.
+TEST_F(CellEdits, AHeldKeyNeverLeadsFromAnEditorToAButton) {
+    const struct {
+        const char* what;
+        int row;
+        WORD key;
+        hand::Keys keys;
+        HWND focus;
+    } cases[] = {{"Tab", last() - 2, VK_TAB, {}, details()},
+                 {"Shift+Tab", kSecond, VK_TAB, hand::kShift, details()},
+                 {"Enter", kFirst, VK_RETURN, {}, details()},
+                 {"Esc", kFirst, VK_ESCAPE, {}, details()}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.what);
+        hand::doubleClickRow(details(), each.row, 1);
+        hand::hold(each.key, 12, each.keys);
+        EXPECT_EQ(editor(), nullptr);
+        EXPECT_EQ(GetFocus(), each.focus);
+        hand::key(VK_RETURN);
+        EXPECT_EQ(sent(), Texts{});
+    }
+    hand::doubleClickRow(details(), kFirst, 1);
+    hand::hold(VK_TAB, 2);
+    EXPECT_NE(editor(), nullptr) << "from value to value";
+    EXPECT_EQ(SendMessageA(details(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED),
+              kFirst + 3);
+}
+
+// A refused text drops what was pressed or opened, is told of once, and waits selected in its
+// editor.
+TEST_F(CellEdits, ARefusedTextStopsThePress) {
+    const struct {
+        const char* what;
+        std::function<void()> act;
+    } cases[] = {
+        {"Ctrl+Shift+U", [] { hand::key('U', hand::kCtrlShift); }},
+        {"Ctrl+Shift+Y", [] { hand::key('Y', hand::kCtrlShift); }},
+        {"Ctrl+Shift+N", [] { hand::key('N', hand::kCtrlShift); }},
+        {"F5", [] { hand::key(VK_F5); }},
+        {"Update", [] { hand::click(button("Update")); }},
+        {"Accept", [] { hand::click(button("Accept")); }},
+        {"Accept, twice", [] { hand::doubleClick(button("Accept")); }},
+        {"Reject", [] { hand::click(button("Reject")); }},
+        {"Recover", [] { hand::click(button("Recover")); }},
+        {"Enter", [] { hand::key(VK_RETURN); }},
+        {"Tab", [] { hand::key(VK_TAB); }},
+        {"F6", [] { hand::key(VK_F6); }},
+        {"the same change", [] { hand::clickRow(mainList(), 1); }},
+        {"another change", [] { hand::clickRow(mainList(), 0); }},
+        {"another change's details", [] { hand::doubleClickRow(mainList(), 0); }},
+        {"another value", [] { hand::doubleClickRow(details(), kSecond, 1); }},
+        {"a heading", [] { hand::clickRow(details(), 0); }},
+        {"a filter box", [] { hand::click(filterBox(details(), 0)); }},
+        {"a menu", [] { hand::click(hand::cell(details(), kSecond), {}, hand::Button::right); }},
+        {"a caption's menu", [] { hand::click(divider(details(), 0), {}, hand::Button::right); }},
+        {"a strip",
+         [] {
+             const RECT place = onScreen(mainList());
+             hand::click(POINT{place.left + 30, place.top - 8});
+         }},
+    };
+    edit(kFirst, "12a");
+    const HWND typed = editor();
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.what);
+        SendMessageA(typed, EM_SETSEL, 1, 1);
+        DialogTrap boxes;
+        each.act();
+        EXPECT_TRUE(pumpUntil([&] { return !boxes.texts.empty() && GetFocus() == typed; }));
+        EXPECT_EQ(boxes.texts, Texts{kRefusal});
+        EXPECT_EQ(sent(), Texts{});
+        ASSERT_EQ(editor(), typed);
+        EXPECT_EQ(textOf(typed), "12a");
+        EXPECT_EQ(SendMessageA(typed, EM_GETSEL, 0, 0), MAKELRESULT(0, 3));
+        EXPECT_EQ(rowCount(details()), last() + 1);
+        EXPECT_EQ(value(kFirst), "1500.00");
+    }
+    hand::key(VK_ESCAPE);
+    EXPECT_EQ(editor(), nullptr);
+    EXPECT_EQ(GetFocus(), details());
+}
+
+// What was selected meanwhile empties the details once their text is let go.
+TEST_F(CellEdits, ASelectionMadeWhileATextIsRefusedCountsAfterwards) {
+    edit(kFirst, "12a");
+    {
+        const DialogTrap boxes;
+        hand::clickRow(mainList(), 0);
+        EXPECT_TRUE(pumpUntil([] { return GetFocus() == editor(); }));
+    }
+    EXPECT_GT(rowCount(details()), 0);
+    hand::key(VK_ESCAPE);
+    EXPECT_EQ(rowCount(details()), 0);
+}
+
+// Whatever moves cells ends an edit first, with its text in its own row.
+TEST_F(CellEdits, AnEditorEndsBeforeItsCellMoves) {
+    const auto rowPoint = [](int row) { return hand::cell(details(), row, 0); };
+    const auto chooseResetFilters = [&] {
+        PostMessageA(details(), WM_COMMAND, kResetFiltersCommand, 0);
+        pump();
+    };
+    const struct {
+        const char* what;
+        std::function<void()> act;
+        int row = kFirst;  // of the edited value afterwards
+    } cases[] = {
+        {"the wheel", [&] { hand::wheel(header(details()), -1); }},
+        {"the wheel, sideways",
+         [] { SendMessageA(details(), WM_MOUSEHWHEEL, MAKEWPARAM(0, 120), 0); }},
+        {"the scroll bar", [] { SendMessageA(details(), WM_VSCROLL, SB_LINEDOWN, 0); }},
+        {"a scrolling finger",
+         [] {
+             NMLVSCROLL scroll{};
+             scroll.hdr = {details(), 4001, static_cast<UINT>(LVN_ENDSCROLL)};
+             SendMessageA(GetParent(details()), WM_NOTIFY, 4001, reinterpret_cast<LPARAM>(&scroll));
+         }},
+        {"a wider column",
+         [] {
+             const POINT from = divider(details(), 0);
+             hand::drag(from, {from.x + 40, from.y});
+         }},
+        {"a fitted column", [] { hand::doubleClick(divider(details(), 0)); }},
+        {"a fold", [&] { hand::click(rowPoint(0)); }, 1},
+        {"Reset Filters", chooseResetFilters},
+        {"the captions' menu",
+         [] {
+             hand::during([] { hand::click(divider(details(), 1), {}, hand::Button::right); }, {[] {
+                              EXPECT_EQ(editor(), nullptr);
+                              hand::key(VK_ESCAPE);
+                          }});
+         }},
+        {"a narrower pane",
+         [] {
+             const POINT from = hand::middle(descendant(findPane(), "MakerChecker.SplitterBar", 0));
+             hand::drag(from, {from.x, from.y - 30});
+         }},
+        {"a filter", [] { hand::click(filterBox(details(), 0)), hand::type("x\b"); }},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.what);
+        open.plugin.publish(outcome("7", "rejected"));
+        SetUp();
+        edit(kFirst, "2001");
+        each.act();
+        EXPECT_EQ(editor(), nullptr);
+        EXPECT_EQ(value(each.row), "2001.00");
+    }
+}
+
+// A pause in typing a filter ends while a value is already being edited.
+TEST_F(CellEdits, AFilterPassUnderAnEditorEndsItFirst) {
+    hand::click(filterBox(details(), 0));
+    hand::type("fin");
+    edit(kFirst, "77");
+    EXPECT_TRUE(pumpUntil([] { return editor() == nullptr; }));
+    EXPECT_EQ(rowTexts(details(), 1, 2)[1], "77.00") << "an unsent edit passes the filter";
+    EXPECT_EQ(rowTexts(details(), 2, 2)[1], "300.00");
+}
+
+// What cannot be kept from happening takes the editor of a refused text along with its cell.
+TEST_F(CellEdits, AnEditorThatStaysFollowsItsCell) {
+    edit(kFirst, "12a");
+    const HWND typed = editor();
+    const DialogTrap boxes;
+    const auto liesOnItsCell = [&] {
+        RECT cell{LVIR_BOUNDS, 1, 0, 0};
+        SendMessageA(details(), LVM_GETSUBITEMRECT, kFirst, reinterpret_cast<LPARAM>(&cell));
+        MapWindowPoints(details(), nullptr, reinterpret_cast<POINT*>(&cell), 2);
+        const RECT place = onScreen(GetParent(typed));
+        return place.left == cell.left && place.top <= cell.top && place.bottom >= cell.bottom;
+    };
+    EXPECT_TRUE(liesOnItsCell());
+    const POINT from = hand::middle(descendant(findPane(), "MakerChecker.SplitterBar", 0));
+    hand::drag(from, {from.x, from.y - 30});
+    EXPECT_TRUE(editor() == typed && liesOnItsCell()) << "another size";
+    SendMessageA(details(), LVM_SCROLL, 0, 40);
+    pump();
+    EXPECT_TRUE(editor() == typed && liesOnItsCell()) << "scrolled from outside";
+    SendMessageA(details(), LVM_SETCOLUMNWIDTH, 0, 120);
+    pump();
+    EXPECT_TRUE(editor() == typed && liesOnItsCell()) << "a width from outside";
+    answer(answerOfLimits());
+    EXPECT_TRUE(editor() == typed && liesOnItsCell()) << "the details came again";
+    EXPECT_EQ(textOf(typed), "12a");
+}
+
+TEST_F(CellEdits, F6ComesBackToTheListOrToItsRefusedText) {
+    edit(kFirst, "77");
+    hand::key(VK_F6);
+    EXPECT_EQ(GetFocus(), open.frame->handle());
+    SetFocus(findPane());
+    EXPECT_EQ(GetFocus(), details());
+    EXPECT_EQ(value(kFirst), "77.00");
+}
+
+TEST_F(CellEdits, AnOutcomeInTheMiddleOfAnEditDropsIt) {
+    for (const char* text : {"77", "12a"}) {
+        SetUp();
+        edit(kFirst, text);
+        open.plugin.publish(outcome("7", "accepted"));
+        pump();
+        EXPECT_EQ(rowCount(details()), 0);
+        EXPECT_EQ(editor(), nullptr);
+        hand::click(button("Update"));
+        EXPECT_EQ(sent(), Texts{});
+    }
+}
+
+TEST_F(CellEdits, AChoiceGoesOutAsTheServersWord) {
+    hand::clickRow(details(), last());
+    hand::key(VK_F2);
+    hand::type("D");
+    hand::key('U', hand::kCtrlShift);
+    ASSERT_EQ(host().sent.size(), 1u);
+    EXPECT_EQ(sentField(host().sent[0], 64037), "no");
+}
+
+}  // namespace
