@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "framework/dialog.h"
 #include "framework/handles.h"
 
 namespace {
@@ -192,8 +193,7 @@ void CVTHolderFrame::showMenu(std::size_t view, POINT screen) {
     AppendMenuA(menu.get(), openAppearance ? MF_STRING : MF_STRING | MF_GRAYED, kAppearance,
                 "&Colours and Font...");
     AppendMenuA(menu.get(), MF_STRING, kEvenOut, "&Even Out");
-    const auto chosen = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x,
-                                       screen.y, 0, handle(), nullptr);
+    const UINT chosen = fw::trackMenu(menu.get(), screen, handle());
     if (chosen == kEvenOut) evenOut();
     if (chosen == kAppearance && openAppearance) openAppearance();
 }

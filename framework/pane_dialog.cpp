@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "framework/dialog.h"
 #include "framework/float_frame.h"
 #include "framework/model/dock_layout.h"
 
@@ -72,6 +73,7 @@ bool CPaneDialog::create(HWND frame, const char* caption, UINT templateId, DWORD
     const auto dialogBits = static_cast<DWORD>(GetWindowLongPtrA(pane, GWL_STYLE)) & 0xFFFF;
     SetWindowLongPtrA(pane, GWL_STYLE, static_cast<LONG_PTR>((style & 0xFFFF0000) | dialogBits));
     captionChanged();
+    setModalHome(pane);
     m_keys = std::make_unique<CKeyFilter>(
         pane, actionKeys(), [this](HWND control, UINT key) { return controlClaims(control, key); });
     onButtonFocus();
@@ -197,7 +199,9 @@ void CPaneDialog::hide() {
 
 bool CPaneDialog::destroy() {
     const HWND pane = handle();
-    return pane != nullptr && DestroyWindow(pane) != 0;
+    const bool destroyed = pane != nullptr && DestroyWindow(pane) != 0;
+    if (m_float != nullptr && m_float->handle() != nullptr) DestroyWindow(m_float->handle());
+    return destroyed;
 }
 
 // ---- What the frame is asked ----
@@ -265,6 +269,7 @@ const MessageMap& CPaneDialog::baseMap() {
         on<WM_NCHITTEST, &CPaneDialog::onNcHitTest>(),
         on<WM_NCLBUTTONDOWN, &CPaneDialog::onNcButtonDown>(),
         on<WM_NCLBUTTONDBLCLK, &CPaneDialog::onNcDoubleClick>(),
+        on<WM_NCRBUTTONDOWN, &CPaneDialog::onNcRightDown>(),
         on<WM_NCRBUTTONUP, &CPaneDialog::onNcContext>(),
         on<WM_MOUSEMOVE, &CPaneDialog::onMouseMove>(),
         on<WM_LBUTTONUP, &CPaneDialog::onButtonUp>(),
@@ -383,8 +388,7 @@ void CPaneDialog::showCaptionMenu(POINT screen) {
     for (const CaptionCommand& command : kCaptionCommands)
         if (command.side == 0 || (command.side & m_allowedSides) != 0)
             AppendMenuA(menu.get(), MF_STRING, command.id, command.text);
-    const auto chosen = static_cast<UINT>(TrackPopupMenu(
-        menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x, screen.y, 0, handle(), nullptr));
+    const UINT chosen = trackMenu(menu.get(), screen, handle());
     if (chosen == kFloatCommand) floatPane();
     if (chosen == kCloseCommand) hide();
     for (const CaptionCommand& command : kCaptionCommands)
@@ -396,7 +400,10 @@ void CPaneDialog::onMinimum(MINMAXINFO& info) {
     info.ptMinTrackSize = {least.cx, least.cy + captionHeight()};
 }
 
+// Also when the frame takes the pane along, behind a box of its own.
 void CPaneDialog::onDestroy() {
+    endWindows();
+    setModalHome(nullptr);
     if (m_mode == Mode::docked && !m_hidden) leaveFrame();
     m_preview.hide();
     if (m_tips != nullptr) DestroyWindow(std::exchange(m_tips, nullptr));

@@ -100,6 +100,7 @@ private:
     LRESULT onNcHitTest(POINT screen);
     void onNcButtonDown(UINT hit, POINT screen);
     void onNcDoubleClick(UINT hit, POINT screen);
+    void onNcRightDown() {}  // the platform's own handling would swallow the button's release
     void onNcContext(UINT hit, POINT screen);
     void onMouseMove(POINT client);
     void onButtonUp(POINT client);

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "framework/model/calls.h"
+
 extern "C" IMAGE_DOS_HEADER __ImageBase;
 
 namespace fw {
@@ -138,6 +140,7 @@ LRESULT CWindow::reflectNotify(WPARAM wParam, LPARAM lParam) {
 
 LRESULT CALLBACK CWindow::windowProc(HWND window, UINT message, WPARAM wParam,
                                      LPARAM lParam) noexcept try {
+    const Call call;
     if (message == WM_NCCREATE) {
         auto* created =
             static_cast<CWindow*>(reinterpret_cast<const CREATESTRUCTA*>(lParam)->lpCreateParams);
@@ -161,6 +164,7 @@ LRESULT CALLBACK CWindow::windowProc(HWND window, UINT message, WPARAM wParam,
 
 LRESULT CALLBACK CWindow::subclassProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                        UINT_PTR, DWORD_PTR object) noexcept try {
+    const Call call;
     auto* self = reinterpret_cast<CWindow*>(object);
     if (message == WM_NCDESTROY) {
         self->unbind();
@@ -179,6 +183,7 @@ LRESULT CALLBACK CWindow::subclassProc(HWND window, UINT message, WPARAM wParam,
 
 INT_PTR CALLBACK CWindow::dialogProc(HWND dialog, UINT message, WPARAM wParam,
                                      LPARAM lParam) noexcept try {
+    const Call call;
     if (message == WM_INITDIALOG) {
         auto* created = reinterpret_cast<CWindow*>(lParam);
         created->m_handle = dialog;

@@ -5,6 +5,9 @@
 // the window with it, without a message reaching the object any more.
 //
 // Exceptions end at the window procedure: the message then counts as answered with 0.
+//
+// A handler that shows a modal window or a menu may find its window gone when that returns, and
+// handle() null; its object lives on if its owner retires it (framework/model/calls.h).
 #pragma once
 
 #include <windows.h>

@@ -25,6 +25,7 @@ CCommonListCtrl::CCommonListCtrl(ListServices& services, RecordStore& store)
 
 CCommonListCtrl::~CCommonListCtrl() {
     std::erase(allLists(), this);
+    if (m_reader) m_store.setCellReader({});
 }
 
 bool CCommonListCtrl::create(HWND parent, UINT id, std::string name, std::string title) {

@@ -56,7 +56,9 @@ public:
     // The text of a data column of a record, as RecordStore::CellReader gives it.
     using DataReader = RecordStore::CellReader;
 
-    // Both must outlive the list. The store's cell reader is set by setData().
+    // Both must outlive the list, which gives the store a cell reader in setColumns() and takes it
+    // back when it goes. A list whose windows may go behind a dialog of its own must be retired,
+    // not destroyed (framework/model/calls.h).
     CCommonListCtrl(ListServices& services, RecordStore& store);
     ~CCommonListCtrl() override;
 
@@ -284,8 +286,6 @@ private:
     std::optional<Sorting> m_sorting;
     std::optional<DefaultSort> m_defaultSort;  // in force again with every applied layout
     ListOffers m_columnOffers;
-    // Ends with the list. A dialog of the list can outlive it, as can what waits for its end.
-    std::shared_ptr<const bool> m_life = std::make_shared<const bool>(true);
     std::optional<ComputedColumns> m_computedColumns;
     std::string m_computed;           // the cell computed last
     std::vector<bool> m_toldInvalid;  // by column: the checker has been told of its expression

@@ -108,6 +108,7 @@ const fw::MessageMap& CFilterBox::CEdit::messageMap() const {
         fw::offer<WM_SYSKEYDOWN, &CEdit::onSystemKeyDown>(),
         fw::observe<WM_KEYUP, &CEdit::onKeyUp>(),
         fw::observe<WM_SETFOCUS, &CEdit::onFocus>(),
+        fw::on<WM_KILLFOCUS, &CEdit::onFocusLost>(),
         fw::offer<WM_CHAR, &CEdit::onCharacter>(),
     };
     static constexpr fw::MessageMap map{nullptr, entries};
@@ -133,6 +134,12 @@ bool CFilterBox::CEdit::onSystemKeyDown(UINT key, bool repeated) {
 // A key that went down elsewhere means nothing here.
 void CFilterBox::CEdit::onFocus() {
     m_box.m_held = isDown(VK_ESCAPE) ? VK_ESCAPE : isDown(VK_RETURN) ? VK_RETURN : 0;
+}
+
+// A combo box's edit shows its selection without the focus, too.
+void CFilterBox::CEdit::onFocusLost() {
+    controlDefault(WM_KILLFOCUS, reinterpret_cast<WPARAM>(GetFocus()), 0);
+    showBeginning();
 }
 
 // The edit would beep at what Enter and Esc bring behind them.
@@ -229,7 +236,10 @@ void CFilterBox::onNotification(UINT code) {
 
 void CFilterBox::onDropped() {
     const auto& lines = m_box.dropped(m_owner.filterChoices(m_item));
-    const fw::RedrawOffScope off(handle());
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof parts;
+    GetComboBoxInfo(handle(), &parts);
+    const fw::RedrawOffScope off(parts.hwndList);
     m_showing = true;
     SendMessageA(handle(), CB_RESETCONTENT, 0, 0);
     SendMessageA(handle(), CB_INITSTORAGE, lines.size(), static_cast<LPARAM>(lines.size() * 16));
@@ -284,9 +294,10 @@ void CFilterBox::show() {
         SetWindowTextA(handle(), shown.text.c_str());
         m_showing = false;
     }
-    const auto end = static_cast<LPARAM>(shown.text.size());
-    SendMessageA(edit(), EM_SETSEL, shown.kind == FilterKind::value ? 0 : static_cast<WPARAM>(end),
-                 end);
+    if (GetFocus() != edit()) return m_edit.showBeginning();
+    const auto end = static_cast<WPARAM>(shown.text.size());
+    const bool whole = shown.kind == FilterKind::value;
+    SendMessageA(edit(), EM_SETSEL, end, whole ? 0 : static_cast<LPARAM>(end));
 }
 
 void CFilterBox::clear() {

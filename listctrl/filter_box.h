@@ -58,6 +58,7 @@ private:
     public:
         explicit CEdit(CFilterBox& box) : m_box(box) {}
         using CWindow::subclass;
+        void showBeginning() const { SendMessageA(handle(), EM_SETSEL, 0, 0); }
 
     protected:
         const fw::MessageMap& messageMap() const override;
@@ -68,6 +69,7 @@ private:
         bool onSystemKeyDown(UINT key, bool repeated);
         void onKeyUp() { m_box.m_held = 0; }
         void onFocus();
+        void onFocusLost();
         bool onCharacter(UINT character);
 
         CFilterBox& m_box;

@@ -1,6 +1,7 @@
 #include "listctrl/filter_header.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "listctrl/list_colors.h"
 
@@ -49,8 +50,17 @@ LRESULT CFilterHeader::onLayout(HDLAYOUT& layout) {
 
 // ---- The boxes ----
 
+CFilterHeader::~CFilterHeader() {
+    dropBoxes();
+}
+
+// A box that goes may still have something to say: there is none here any more to say it to.
+void CFilterHeader::dropBoxes() {
+    const auto gone = std::exchange(m_boxes, {});
+}
+
 void CFilterHeader::setBoxes(const std::vector<ColumnFilter>& filters) {
-    m_boxes.clear();
+    dropBoxes();
     for (const ColumnFilter& filter : filters) {
         const auto item = static_cast<int>(m_boxes.size());
         auto box = std::make_unique<CFilterBox>(m_owner, item);
@@ -107,15 +117,19 @@ bool CFilterHeader::dialogKey(HWND focus, UINT key) {
 
 // ---- Drawing ----
 
+// Each item fills its own ground right before its caption, so that nothing flashes.
 void CFilterHeader::onPaint() {
     const fw::PaintScope paint(handle());
     const HDC dc = paint.dc();
-    RECT client = clientRect();
-    FillRect(dc, &client, GetSysColorBrush(COLOR_BTNFACE));
     const fw::SelectScope select(dc, m_font);
     SetBkMode(dc, TRANSPARENT);
+    RECT client = clientRect(), rest = client;
     const auto items = static_cast<int>(SendMessageA(handle(), HDM_GETITEMCOUNT, 0, 0));
-    for (int item = 0; item < items; ++item) drawItem(dc, item);
+    for (int item = 0; item < items; ++item) {
+        drawItem(dc, item);
+        rest.left = itemRect(item).right;
+    }
+    FillRect(dc, &rest, GetSysColorBrush(COLOR_BTNFACE));
     DrawEdge(dc, &client, BDR_SUNKENOUTER, BF_BOTTOM);
 }
 
@@ -132,14 +146,12 @@ CFilterHeader::Caption CFilterHeader::caption(int item) const {
 
 void CFilterHeader::drawItem(HDC dc, int item) const {
     const Caption shown = caption(item);
-    RECT place = itemRect(item);
+    const RECT place = itemRect(item);
+    if (RectVisible(dc, &place) == 0) return;
     const bool filtered = !filter(item).text.empty();
-    if (filtered) {
-        const COLORREF tint = mixed(GetSysColor(COLOR_HIGHLIGHT), GetSysColor(COLOR_BTNFACE), 70);
-        RECT marked{place.left, place.top, place.right - 1, place.bottom};
-        SetBkColor(dc, tint);
-        ExtTextOutA(dc, 0, 0, ETO_OPAQUE, &marked, nullptr, 0, nullptr);
-    }
+    const COLORREF face = GetSysColor(COLOR_BTNFACE);
+    SetBkColor(dc, filtered ? mixed(GetSysColor(COLOR_HIGHLIGHT), face, 70) : face);
+    ExtTextOutA(dc, 0, 0, ETO_OPAQUE, &place, nullptr, 0, nullptr);
     RECT edge{place.right - 2, place.top + 2, place.right, place.bottom - 2};
     DrawEdge(dc, &edge, EDGE_ETCHED, BF_RIGHT);
 

@@ -15,6 +15,7 @@
 class CFilterHeader : public fw::CWindow {
 public:
     explicit CFilterHeader(FilterHeaderOwner& owner) : m_owner(owner) {}
+    ~CFilterHeader() override;
 
     // Takes the header control over; once. `glyphs` are the sort images, which the caller keeps.
     bool attach(HWND header, HFONT font, HIMAGELIST glyphs);
@@ -53,6 +54,7 @@ private:
     LRESULT onErase(HDC) { return TRUE; }
     void onSize(int, int) { layOutBoxes(); }
     void onBoxCommand(UINT id, UINT code);
+    void dropBoxes();
     void drawItem(HDC dc, int item) const;
     RECT itemRect(int item) const;
     Caption caption(int item) const;

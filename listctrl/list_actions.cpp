@@ -1,6 +1,7 @@
 // The menus of CCommonListCtrl and what their commands do.
 #include <algorithm>
 
+#include "framework/dialog.h"
 #include "listctrl/clipboard.h"
 #include "listctrl/common_list_ctrl.h"
 #include "listctrl/excel_interface.h"
@@ -26,9 +27,8 @@ void CCommonListCtrl::showMenu(const std::vector<ListMenuEntry>& entries) {
     }
     POINT at{};
     GetCursorPos(&at);
-    const auto chosen = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, at.x, at.y, 0,
-                                       handle(), nullptr);
-    if (chosen != 0) command(static_cast<unsigned>(chosen));
+    const UINT chosen = fw::trackMenu(menu.get(), at, handle());
+    if (chosen != 0) command(chosen);
 }
 
 void CCommonListCtrl::onHeaderRightClick(NMHDR&) {

@@ -72,9 +72,8 @@ void CCommonListCtrl::customizeAppearance() {
         "Customize Appearance :" + m_title, {}, shownAppearance(), m_customizable};
     for (std::size_t i = 0; i < m_columns.size(); ++i)
         question.columns.push_back(m_columns.descriptor(toColumnId(i)).caption);
-    const std::weak_ptr life = m_life;  // messages come in while the dialog is open
     std::optional<Appearance> chosen = askAppearance(handle(), question);
-    if (!chosen || life.expired()) return;
+    if (!chosen || handle() == nullptr) return;  // the window may go behind the dialog
     m_appearance = std::move(*chosen);
     showAppearance();
     storeAppearance();

@@ -1,6 +1,6 @@
 // The dialogs of CCommonListCtrl's columns: the column profile, adding and deleting a column.
 //
-// Messages come in while a dialog is open, so that the list may be gone when it returns.
+// Messages come in while a dialog is open, so that the window may be gone when it returns.
 #include "listctrl/common_list_ctrl.h"
 #include "settings/reposition_columns.h"
 #include "settings/user_defined_col.h"
@@ -12,12 +12,11 @@ void CCommonListCtrl::offerColumns(bool defaultSort, bool userColumns) {
 }
 
 void CCommonListCtrl::reposition() {
-    const std::weak_ptr life = m_life;
     const ColumnProfileActions actions{
-        [this, life](const ColumnLayout& layout) {
-            if (!life.expired()) applyLayout(layout);
+        [this](const ColumnLayout& layout) {
+            if (handle() != nullptr) applyLayout(layout);
         },
-        [this, life] { return life.expired() || saveColumnProfile(); }};
+        [this] { return handle() == nullptr || saveColumnProfile(); }};
     repositionColumns(handle(), m_columns, m_defaultSort, m_columnOffers.defaultSort, actions);
 }
 
@@ -33,17 +32,15 @@ void CCommonListCtrl::applyLayout(const ColumnLayout& layout) {
 
 // The profile is stored at once: a column stays until the user deletes it.
 void CCommonListCtrl::addUserColumn() {
-    const std::weak_ptr life = m_life;
     const auto column = askNewColumn(handle(), m_name, m_columns);
-    if (!column || life.expired() || !m_columns.add(*column)) return;
+    if (!column || handle() == nullptr || !m_columns.add(*column)) return;
     columnsChanged();
     saveColumnProfile();
 }
 
 void CCommonListCtrl::deleteUserColumn() {
-    const std::weak_ptr life = m_life;
     const auto column = askColumnToDelete(handle(), m_name, m_columns);
-    if (!column || life.expired() || !m_columns.remove(*column)) return;
+    if (!column || handle() == nullptr || !m_columns.remove(*column)) return;
     columnRemoved(*column);
     columnsChanged();
     saveColumnProfile();

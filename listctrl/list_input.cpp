@@ -57,18 +57,16 @@ void CCommonListCtrl::tellSelection() {
 }
 
 bool CCommonListCtrl::byHand(const std::function<void()>& change) {
-    const std::weak_ptr life = m_life;
     const std::uint64_t before = m_store.selectionRevision();
     change();
     storeChanged();
     if (m_store.selectionRevision() != before) tellSelection();
-    return !life.expired();
+    return handle() != nullptr;
 }
 
 bool CCommonListCtrl::press(POINT client) {
-    const std::weak_ptr life = m_life;  // an editor that loses the focus may ask the user
-    SetFocus(handle());
-    if (life.expired()) return false;
+    SetFocus(handle());  // an editor that loses it may ask the user
+    if (handle() == nullptr) return false;
     m_find.end();
     return byHand([&] { m_rules.click(rowAt(client), modifiersDown()); });
 }
@@ -83,15 +81,13 @@ void CCommonListCtrl::onButtonUp(POINT client) {
 }
 
 bool CCommonListCtrl::pressTwice(POINT client) {
-    const std::weak_ptr life = m_life;
     if (press(client)) notifyParent(NM_DBLCLK, client, rowAt(client));
-    return !life.expired();
+    return handle() != nullptr;
 }
 
 void CCommonListCtrl::onRightDown(POINT client) {
-    const std::weak_ptr life = m_life;
     SetFocus(handle());
-    if (!life.expired()) byHand([&] { m_rules.rightClick(rowAt(client)); });
+    if (handle() != nullptr) byHand([&] { m_rules.rightClick(rowAt(client)); });
 }
 
 void CCommonListCtrl::onRightUp(POINT client) {

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "framework/dialog.h"
+#include "framework/model/calls.h"
 #include "sdk/host_text.h"
 
 namespace {
@@ -71,11 +72,15 @@ void CHostServices::reportToUser(std::string_view text, int level) {
     if (level == kReportMessage) line = "Maker Checker Zek Message : ";
     if (!line.empty()) line += text;
     if (level == kReportError) showMessage(line);
-    if (m_tabbedLog != nullptr) m_tabbedLog(sdk::makeHostString(line));
+    if (m_tabbedLog != nullptr && !fw::callEnded()) m_tabbedLog(sdk::makeHostString(line));
 }
 
 bool CHostServices::confirm(const std::string& question) {
     return fw::askYesNo(question);
+}
+
+void CHostServices::beep() {
+    if (!fw::callEnded()) m_tone.request();
 }
 
 void CHostServices::showMessage(const std::string& text) {

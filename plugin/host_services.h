@@ -29,10 +29,11 @@ public:
     PuGetMakerCheckerModifyRight* modifyRightService() override;
     GetQuonRxControlService* receiveControlService() override;
 
+    // All four do nothing in a call that was under way when the plug-in, or its pane, ended.
     void reportToUser(std::string_view text, int level) override;
     void showMessage(const std::string& text) override;
     bool confirm(const std::string& question) override;
-    void beep() override { m_tone.request(); }
+    void beep() override;
 
 private:
     std::string m_peerBrokerId;

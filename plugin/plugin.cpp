@@ -3,10 +3,13 @@
 
 #include <memory>
 
+#include "framework/dialog.h"
+#include "framework/model/calls.h"
 #include "framework/window.h"
 #include "plugin/glyphs.h"
 #include "plugin/host_services.h"
 #include "plugin/plugin_list_services.h"
+#include "plugin/stay_loaded.h"
 #include "sdk/docking.h"
 #include "sdk/host_text.h"
 #include "sdk/plugin_exports.h"
@@ -32,6 +35,7 @@ Plugin& plugin() {
 // Runs an entry point's body; no exception crosses the border.
 template <class Body>
 auto guarded(Body body) noexcept -> decltype(body()) {
+    const fw::Call call;
     try {
         return body();
     } catch (...) {
@@ -40,17 +44,24 @@ auto guarded(Body body) noexcept -> decltype(body()) {
     }
 }
 
-BOOL CALLBACK takeMainFrame(HWND window, LPARAM found) {
+// A host's login dialog and splash window come and go beside its frame.
+bool isMainFrame(HWND window) {
+    constexpr DWORD kDialogClass = 0x8002;
+    constexpr DWORD kFrameStyle = WS_CAPTION | WS_THICKFRAME | WS_VISIBLE;
     const auto style = static_cast<DWORD>(GetWindowLongPtrA(window, GWL_STYLE));
     const auto exStyle = static_cast<DWORD>(GetWindowLongPtrA(window, GWL_EXSTYLE));
-    if (GetWindow(window, GW_OWNER) != nullptr || (style & WS_CAPTION) != WS_CAPTION ||
-        (exStyle & WS_EX_TOOLWINDOW) != 0)
-        return TRUE;
+    return (style & kFrameStyle) == kFrameStyle && (exStyle & WS_EX_TOOLWINDOW) == 0 &&
+           GetWindow(window, GW_OWNER) == nullptr &&
+           GetClassLongA(window, GCW_ATOM) != kDialogClass;
+}
+
+BOOL CALLBACK takeMainFrame(HWND window, LPARAM found) {
+    if (!isMainFrame(window)) return TRUE;
     *reinterpret_cast<HWND*>(found) = window;
     return FALSE;
 }
 
-// The host's top-level, unowned frame window on this thread; null when there is none yet.
+// The host's frame window on this thread; null when there is none yet.
 HWND mainFrame() {
     HWND frame = nullptr;
     EnumThreadWindows(GetCurrentThreadId(), takeMainFrame, reinterpret_cast<LPARAM>(&frame));
@@ -58,6 +69,7 @@ HWND mainFrame() {
 }
 
 void showIncompatible(Plugin& self) {
+    fw::setModalHome(mainFrame());
     self.host.showMessage("Exe is not compatible with ZEK");
 }
 
@@ -65,25 +77,33 @@ bool paneExists(const Plugin& self) {
     return self.workbench != nullptr && self.workbench->handle() != nullptr;
 }
 
+// A new pane in the frame, in place of one without a window; null when it cannot be made.
+CMakerChecker* makePane(Plugin& self, HWND frame) {
+    fw::retire(std::shared_ptr<CMakerChecker>(std::move(self.workbench)));
+    if (!self.glyphs) self.glyphs = makeGlyphs();
+    self.workbench = std::make_unique<CMakerChecker>(self.host, self.lists);
+    CMakerChecker& pane = *self.workbench;
+    if (!pane.createPane(frame)) return nullptr;
+    pane.enableDocking(kDockAnySide);
+    return &pane;
+}
+
+// The plug-in may end behind each message box, and `self` is retired then.
 void startUp(Plugin& self) {
-    self.glyphs = makeGlyphs();
+    if (!paneExists(self)) self.glyphs = makeGlyphs();
     if (!self.host.askPeerData() || !self.host.askPrivilege()) return showIncompatible(self);
     const HWND frame = mainFrame();
     if (frame == nullptr) return;
     self.host.findTabbedLog();
-    if (self.workbench == nullptr)
-        self.workbench = std::make_unique<CMakerChecker>(self.host, self.lists);
-    CMakerChecker& pane = *self.workbench;
-    if (pane.handle() == nullptr) {
-        if (!pane.createPane(frame)) return;
-        pane.enableDocking(kDockAnySide);
-        pane.dock();
-        pane.show(false);
-    } else {
+    if (paneExists(self)) {
+        CMakerChecker& pane = *self.workbench;
         pane.enableDocking(kDockAnySide);
         pane.dock();
         pane.show(true);
         pane.layOutAgain();
+    } else if (CMakerChecker* pane = makePane(self, frame)) {
+        pane->dock();
+        pane->show(false);
     }
 }
 
@@ -93,24 +113,32 @@ void openWorkbench(Plugin& self) {
     if (paneExists(self)) return self.workbench->bringToView();
     const HWND frame = mainFrame();
     if (frame == nullptr) return;
-    self.workbench = std::make_unique<CMakerChecker>(self.host, self.lists);
-    CMakerChecker& pane = *self.workbench;
-    if (!pane.createPane(frame)) return;
-    pane.enableDocking(kDockAnySide);
-    pane.show(true);
-    pane.dock();
-    if (Workbench* workbench = pane.workbench()) workbench->subscribe();
+    CMakerChecker* const pane = makePane(self, frame);
+    if (pane == nullptr) return;
+    pane->show(true);
+    pane->dock();
+    if (Workbench* workbench = pane->workbench()) workbench->subscribe();
+}
+
+// What a call that is under way may still be using: the plug-in's objects, and its code.
+void retire(std::unique_ptr<Plugin> self) {
+    fw::retire(std::shared_ptr<Plugin>(self.release(), [](Plugin* gone) {
+        delete gone;
+        if (thePlugin == nullptr) fw::unregisterWindowClasses();
+    }));
+    if (fw::callsUnderWay() > 1) fw::retire(stayLoaded());
 }
 
 int shutDown() {
-    if (thePlugin == nullptr) return 0;
+    fw::endWindows();
+    std::unique_ptr<Plugin> self(std::exchange(thePlugin, nullptr));
+    if (self == nullptr) return 0;
     int destroyed = 0;
-    if (paneExists(*thePlugin)) {
-        if (Workbench* workbench = thePlugin->workbench->workbench()) workbench->unsubscribe();
-        destroyed = thePlugin->workbench->destroy() ? 1 : 0;
+    if (paneExists(*self)) {
+        if (Workbench* workbench = self->workbench->workbench()) workbench->unsubscribe();
+        destroyed = self->workbench->destroy() ? 1 : 0;
     }
-    delete std::exchange(thePlugin, nullptr);
-    fw::unregisterWindowClasses();
+    retire(std::move(self));
     return destroyed;
 }
 

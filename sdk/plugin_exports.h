@@ -10,7 +10,7 @@
 // Only a PluginProcessHotKey that creates the pane subscribes to authorization traffic. A host that
 // wants the subscription calls InitVoskPlugin before its main frame exists: start-up then stops
 // short of the pane, and the first hot key makes and subscribes it. The main frame is the host's
-// top-level, unowned window with a caption on the calling thread.
+// visible, resizable, unowned top-level window with a caption on the calling thread.
 //
 // Thread: the host's user-interface thread, for all seven. No exception leaves an entry point.
 #pragma once
@@ -41,7 +41,10 @@ using ProcessVoskPluginMsgEntry = int(void*);
 // returns. Null, or a message before there is a workbench, is ignored.
 using HandlePublishMsgEntry = void(void* message);
 
-// Shut-down: unsubscribes and destroys the pane. Returns non-zero when a pane was destroyed.
+// Shut-down: unsubscribes, closes whatever the plug-in has open and destroys the pane. Allowed at
+// any time, also behind a message box of the plug-in; what was under way there has no effect any
+// more, and the library stays mapped until it has returned. Returns non-zero when a pane was
+// destroyed.
 using ExitVoskPluginEntry = int();
 
 }  // extern "C"

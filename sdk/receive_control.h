@@ -3,7 +3,8 @@
 // A receive control is one end of the host's messaging connection. The plug-in gets it from the
 // host service GetQuonRxControl (host_services.h) for a notifier of its own, sends and subscribes
 // through it, and gives it back through the same service. The host owns every control; the plug-in
-// owns its notifiers and keeps each alive until the control bound to it is released.
+// owns its notifiers and keeps each alive until the control bound to it is released; the host calls
+// none after that.
 //
 // Thread: the user-interface thread for every operation and every callback.
 // Neither class has a virtual destructor: the slots below are the whole table of operations, in

@@ -208,11 +208,14 @@ void CCustomizedAppearance::onColor() {
     }();
     CHOOSECOLORA question{};
     question.lStructSize = sizeof question;
-    question.hwndOwner = handle();
     question.rgbResult = m_color.color();
     question.lpCustColors = custom.data();
     question.Flags = CC_RGBINIT | CC_ANYCOLOR | CC_FULLOPEN;
-    if (ChooseColorA(&question) == 0) return;
+    const auto ask = [&](HWND owner) -> INT_PTR {
+        question.hwndOwner = owner;
+        return ChooseColorA(&question);
+    };
+    if (fw::runModal(ask) == 0) return;
     m_color.setColor(question.rgbResult);
     m_edit.setColor(property(), question.rgbResult);
     InvalidateRect(item(IDC_APPEARANCE_FONT), nullptr, FALSE);

@@ -161,9 +161,9 @@ private:
         const auto kept = m_choice.remove(rows);
         fillAvailable(rowsOf(asked, m_choice.available()));
         fillShown(rowsOf(kept, m_choice.shown()));
+        SetFocus(item(IDC_CP_AVAILABLE));
         for (const ColumnId id : kept)
             fw::showMessageBox(m_choice.caption(id) + " cannot be removed");
-        SetFocus(item(IDC_CP_AVAILABLE));
     }
 
     static Rows rowsOf(const std::vector<ColumnId>& wanted, const std::vector<ColumnId>& columns) {

@@ -59,7 +59,9 @@ CMakerChecker::CMakerChecker(Host& host, ListServices& lists)
 }
 
 bool CMakerChecker::createPane(HWND frame) {
-    return create(frame, kCaption, IDD_MAKER_CHECKER, kPaneStyle, IDD_MAKER_CHECKER);
+    if (!create(frame, kCaption, IDD_MAKER_CHECKER, kPaneStyle, IDD_MAKER_CHECKER)) return false;
+    m_workbench->tellLinkFailures();
+    return handle() != nullptr;
 }
 
 const fw::MessageMap& CMakerChecker::messageMap() const {
@@ -167,9 +169,7 @@ void CMakerChecker::onDestroy() {
         m_bar.setSize({static_cast<int>(floated->cx), static_cast<int>(floated->cy)});
         m_bar.save();
     }
-    m_workbench.reset();
-    mainList.reset();
-    detailsList.reset();
+    if (m_workbench != nullptr) m_workbench->close();
 }
 
 void CMakerChecker::rowsChanged() {

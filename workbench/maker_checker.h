@@ -23,11 +23,13 @@ public:
     CMakerChecker(Host& host, ListServices& lists);
     ~CMakerChecker() override { destroy(); }
 
-    // Creates the pane's window, and with it the link, in the frame. False when it cannot be made.
+    // Creates the pane's window, and with it the link, in the frame, and shows what the link could
+    // not have. False when there is no window, or none any more. Once only: when the window goes
+    // the rules are closed, and the object stays for the calls that are under way in it.
     bool createPane(HWND frame);
 
     // The rules behind the window; null while there is no window.
-    Workbench* workbench() const { return m_workbench.get(); }
+    Workbench* workbench() const { return handle() != nullptr ? m_workbench.get() : nullptr; }
 
     // Lays the pane out anew and docks it again: start-up found it there.
     void layOutAgain();
@@ -84,7 +86,8 @@ private:
     CVoskDialogBar m_bar;  // the pane while it floats
     LineGroups m_detailLines;
     std::unique_ptr<Workbench> m_workbench;
-    std::unique_ptr<CFilterListCtrl> mainList;  // on the rows of the workbench
+    // On the rows of the workbench and the lines, and so behind them here.
+    std::unique_ptr<CFilterListCtrl> mainList;
     std::unique_ptr<CMultiLineEditListCtrl> detailsList;
     bool m_selectionWaits = false;  // for the end of an edit, with what it does to the details
     bool m_heldInEditor = false;    // the last key was pressed in an editor of the details

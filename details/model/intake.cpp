@@ -42,6 +42,7 @@ void nameEntity(FunctionalityGroup group, const FieldReader& message, sMakeCheck
 }  // namespace
 
 void Intake::handle(const FieldReader& message) {
+    const PendingChanges::Hold hold(m_changes);  // the host may end the plug-in inside a service
     PuGetFindMenuItemInRoles* const holdsMenuItem = m_host.menuItemService();
     const auto status = message.text(MNM_PUBLICATION_STATUS);
     if (!status) return;

@@ -1,5 +1,6 @@
 #include "link/model/receiver.h"
 
+#include "framework/model/calls.h"
 #include "link/model/mnemonics.h"
 #include "link/model/requests.h"
 
@@ -38,6 +39,8 @@ void routeAnswer(const FieldReader& answer, AnswerHandler& handler) {
 }
 
 void CMCRxr::onMessage(int, int, void* message, void*) {
+    if (message == nullptr) return;
+    const fw::Call call;
     try {
         routeAnswer(FieldReader(message), m_handler);
     } catch (...) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "link/model/mnemonics.h"
@@ -70,33 +71,41 @@ serverLink::serverLink(Host& host, AnswerHandler& answers)
     : m_host(host), m_receiverA(answers), m_receiverB(answers) {
     void* error = nullptr;
     if (otp_ctor_primecb(&m_message, &error) == 0)
-        host.showMessage("MnmHndl Open failed in Market Context");
+        m_failures.push_back("MnmHndl Open failed in Market Context");
     if (otp_open_scratch(&m_buffer, kScratchBytes, &error) == 0)
-        host.showMessage("BufHndl Open failed in Market Context");
+        m_failures.push_back("BufHndl Open failed in Market Context");
     if (otp_open_scratch(&m_timeBuffer, kScratchBytes, &error) == 0)
-        host.showMessage("TimeBufHndl Open failed in Market Context");
+        m_failures.push_back("TimeBufHndl Open failed in Market Context");
     if (sys_open_time_hndl(&m_timeHandle, &error) == 0)
-        host.showMessage("TmHndl Open failed in Market Context");
+        m_failures.push_back("TmHndl Open failed in Market Context");
 
     if (auto* getControl = host.receiveControlService()) {
         m_controlA = getControl(kControlKindA, &m_receiverA, nullptr);
         m_controlB = getControl(kControlKindB, &m_receiverB, nullptr);
     } else {
-        host.showMessage("From ZEK Connection to quon failed");
+        m_failures.push_back("From ZEK Connection to quon failed");
     }
 }
 
-serverLink::~serverLink() {
+void serverLink::tellFailures() {
+    for (const char* failure : std::exchange(m_failures, {})) m_host.showMessage(failure);
+}
+
+void serverLink::close() {
+    if (std::exchange(m_closed, true)) return;
+    CQuonRxControl* const controlA = std::exchange(m_controlA, nullptr);
+    CQuonRxControl* const controlB = std::exchange(m_controlB, nullptr);
+    void* const message = std::exchange(m_message, nullptr);
     auto* getControl = m_host.receiveControlService();
     if (getControl == nullptr) {
         m_host.reportToUser("Destroying Quon Connection Failed", kReportMessage);
         return;
     }
-    for (CQuonRxControl* control : {m_controlB, m_controlA})
+    for (CQuonRxControl* control : {controlB, controlA})
         if (control != nullptr) getControl(0, nullptr, control);
     void* error = nullptr;
     if (m_buffer != nullptr) otp_close_scratch(m_buffer, &error);
-    if (m_message != nullptr) otp_dtor_primecb(m_message, &error);
+    if (message != nullptr) otp_dtor_primecb(message, &error);
     if (m_timeBuffer != nullptr) otp_close_scratch(m_timeBuffer, &error);
     if (m_timeHandle != nullptr) sys_close_time_hndl(m_timeHandle, &error);
 }
@@ -135,7 +144,8 @@ bool serverLink::startMessage() {
 
 bool serverLink::append(int mnemonic, const char* value) {
     void* error = nullptr;
-    return otp_add_data_as_cstring(m_message, mnemonic, 1, value, &error) != 0;
+    return m_message != nullptr &&
+           otp_add_data_as_cstring(m_message, mnemonic, 1, value, &error) != 0;
 }
 
 bool serverLink::send() {

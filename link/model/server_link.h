@@ -1,26 +1,34 @@
 // The server link: the messaging handles, the host's receive controls and the receivers bound to
 // them, and what goes through them.
 //
-// Order of life: the pane makes one when its dialog is initialised (constructor), subscribes when
-// the hot key made the pane, sends, unsubscribes at shut-down, and destroys it with itself. A link
-// whose handles or controls could not be had stays in place; what needs them then fails.
+// Order of life: the pane makes one when its dialog is initialised (constructor), tells what could
+// not be had, subscribes when the hot key made the pane, sends, unsubscribes at shut-down, and
+// closes it with its window. The object may outlive that, while a request is under way behind a
+// message box. What a link does not have, or has no longer, fails where it is needed.
 #pragma once
+
+#include <vector>
 
 #include "link/model/host.h"
 #include "link/model/receiver.h"
 
 class serverLink {
 public:
-    // Opens the handles and obtains the controls. Each failure is shown in a message box of its own
-    // and the rest goes on. `host` and `answers` must outlive the link.
+    // Opens the handles and obtains the controls, as many as there are to be had. `host` and
+    // `answers` must outlive the link.
     serverLink(Host& host, AnswerHandler& answers);
-
-    // Releases the controls and closes the handles; without the host's control service it reports
-    // that and releases nothing else but its own receivers.
-    ~serverLink();
+    ~serverLink() { close(); }
 
     serverLink(const serverLink&) = delete;
     serverLink& operator=(const serverLink&) = delete;
+
+    // Shows what the constructor could not have, each in a message box of its own.
+    void tellFailures();
+
+    // Releases the controls and closes the handles, once; without the host's control service it
+    // reports that and leaves them.
+    void close();
+    bool closed() const { return m_closed; }
 
     // Subscribes to the authorization traffic that the checker's privilege level may see; a level
     // without a subscription is not subscribed. Returns 1 in every case; a failure is reported.
@@ -37,6 +45,8 @@ public:
 
 private:
     Host& m_host;
+    std::vector<const char*> m_failures;
+    bool m_closed = false;
     void* m_message = nullptr;
     void* m_timeHandle = nullptr;
     void* m_buffer = nullptr;

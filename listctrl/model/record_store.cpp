@@ -71,6 +71,7 @@ int RecordStore::reset() {
 }
 
 void RecordStore::refresh(Slot slot) {
+    if (!m_reader) return;
     readTexts(slot);
     const bool shown = m_visible.contains(slot);
     if (!passes(slot)) {

@@ -196,16 +196,19 @@ TEST_F(Decisions, AFailingChangeDoesNotStopTheNext) {
 // What others decide while a message box is open is neither decided again nor read after it went.
 TEST_F(Decisions, AcceptSkipsWhatWasDecidedBehindAMessageBox) {
     list({plain("1"), plain("2"), plain("3"), user("4", "U"), client("5", "U"), user("6", "V"),
-          client("7", "V"), user("8", "W"), client("9", "W")});
+          client("7", "V"), user("8", "W"), client("9", "W"), user("10", "X"), user("11", "Y")});
     host.control().works = false;
     host.whileBoxIsOpen = [this] {
         host.control().works = true;
-        // Of the second pair the user goes, of the third the client: neither half is accepted alone.
-        for (const char* key : {"1", "2", "6", "9"}) changes.removeRecord(key);
+        // Of the second pair the user goes, of the third the client: neither half is accepted
+        // alone.
+        for (const char* key : {"1", "2", "6", "9", "11"}) changes.removeRecord(key);
         list(plain("2"));  // another change of that key was never selected
     };
     acceptAll();
     EXPECT_EQ(decisions(), (Lines{"accepted 3", "accepted 4", "accepted 5"}));
+    EXPECT_EQ(host.said[host.said.size() - 2], "box Autenticate User and Account for  X")
+        << "what was decided is not named as left over";
 }
 
 TEST_F(Decisions, NamesUnpairedChangesThatWereDecidedBehindTheirMessageBox) {

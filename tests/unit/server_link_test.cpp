@@ -47,6 +47,8 @@ TEST(ServerLink, GoesOnWhereAHandleCannotBeOpened) {
         otp_fail_call(each.failingCall);
         std::optional<serverLink> link(std::in_place, host, answers);
         EXPECT_EQ(otp_fail_call(0), kHandles);
+        EXPECT_EQ(host.takeSaid(), Lines{}) << "the pane does not exist yet";
+        link->tellFailures();
         EXPECT_EQ(host.takeSaid(), each.said);
         EXPECT_EQ(host.controls.size(), 2u);
         EXPECT_EQ(canSend(*link), each.canSend);
@@ -109,6 +111,7 @@ TEST(ServerLink, WithoutTheControlServiceSaysSoAndReleasesNothing) {
         const HandlesMayStay mayStay;
         link.emplace(host, answers);
     }
+    link->tellFailures();
     EXPECT_EQ(host.takeSaid(), Lines{"box From ZEK Connection to quon failed"});
     EXPECT_FALSE(canSend(*link));
     otp_fail_call(0);

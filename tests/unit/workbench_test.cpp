@@ -455,8 +455,33 @@ TEST_F(WorkbenchTest, GoesWithItsRecordsThenItsDetailsThenItsLink) {
         EXPECT_EQ(going.changes().size(), 0u);
         EXPECT_TRUE(host.released.empty());
     };
+    workbench->close();
     workbench.reset();
     EXPECT_EQ(emptied, 1);
+    EXPECT_EQ(host.released, (std::vector<int>{3, 0}));
+}
+
+// Behind the message box of a press that is under way.
+TEST_F(WorkbenchTest, AClosedWorkbenchDecidesAndTakesInNothing) {
+    for (const char* key : {"1001", "1002", "1003"}) list(key, "340");
+    std::vector<sMakeCheckStruct*> rows;
+    for (std::size_t i = 0; i < 3; ++i) rows.push_back(&workbench->changes().at(i));
+    host.control().works = false;
+    std::size_t sent = 1;
+    host.whileBoxIsOpen = [&] {
+        host.control().works = true;
+        host.control().sending = [&](const SentMessage&) { ++sent; };
+        sent = 0;
+        workbench->close();
+        workbench->handlePublished(publication("auth pending", "1004").handle());
+    };
+    workbench->accept(rows);
+    EXPECT_EQ(host.takeSaid(), Lines{"error Failed while sending om_authenticate_functionality"});
+    EXPECT_EQ(sent, 0u);
+    EXPECT_EQ(workbench->changes().size(), 0u);
+    workbench->showDetails(*std::make_unique<sMakeCheckStruct>());
+    workbench->update();
+    workbench->recover();
     EXPECT_EQ(host.released, (std::vector<int>{3, 0}));
 }
 

@@ -66,6 +66,12 @@ std::string textOf(HWND dialog, int id) {
     return text;
 }
 
+std::string captionOf(HWND dialog) {
+    char text[64]{};
+    GetWindowTextA(dialog, text, sizeof text);
+    return text;
+}
+
 void selectEntry(HWND dialog, int id, const char* text) {
     SendMessageA(GetDlgItem(dialog, id), LB_SELECTSTRING, static_cast<WPARAM>(-1),
                  reinterpret_cast<LPARAM>(text));
@@ -106,6 +112,7 @@ protected:
 
 TEST_F(Columns, AnAddedColumnIsComputedStoredAndBackAfterARestart) {
     const auto messages = inDialog(kAddColumnCommand, [](HWND dialog) {
+        EXPECT_EQ(captionOf(dialog), "Maker checker List: Add Custom Columns");
         EXPECT_EQ(textOf(dialog, IDOK), "Add");
         click(dialog, IDC_UC_TIMES);
         set(dialog, IDC_UC_EXPRESSION, "2 * ");
@@ -168,6 +175,7 @@ TEST_F(Columns, DeletingMovesFilterAndOrderAlong) {
     clicked.iSubItem = 7;
     SendMessageA(GetParent(mainList()), WM_NOTIFY, 4000, reinterpret_cast<LPARAM>(&clicked));
     const auto messages = inDialog(kDeleteColumnCommand, [](HWND dialog) {
+        EXPECT_EQ(captionOf(dialog), "Maker checker List: Delete Custom Columns");
         click(dialog, IDOK);
         selectEntry(dialog, IDC_UC_DEFINED, "First");
         EXPECT_EQ(textOf(dialog, IDC_UC_SHOWN_EXPRESSION), "\"Key\" + 1");

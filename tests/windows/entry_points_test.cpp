@@ -4,6 +4,7 @@
 #include "res/resource_ids.h"
 #include "sdk/host_services.h"
 #include "sdk/host_text.h"
+#include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
 namespace {
@@ -89,6 +90,78 @@ TEST(StartUp, AfterTheFrameMakesThePaneButDoesNotSubscribe) {
     EXPECT_EQ(findPane(), pane);
     EXPECT_EQ(rowCount(mainList()), 1);
     EXPECT_TRUE(IsWindowVisible(mainList()));
+}
+
+HWND header() {
+    return reinterpret_cast<HWND>(SendMessageA(mainList(), LVM_GETHEADER, 0, 0));
+}
+
+// Of the first caption, which a click sorts by.
+std::vector<COLORREF> captionPixels() {
+    InvalidateRect(header(), nullptr, TRUE);
+    UpdateWindow(header());
+    const HDC dc = GetDC(header());
+    std::vector<COLORREF> pixels;
+    for (int y = 0; y < 16; ++y)
+        for (int x = 0; x < 75; ++x) pixels.push_back(GetPixel(dc, x, y));
+    ReleaseDC(header(), dc);
+    return pixels;
+}
+
+TEST(StartUp, ASecondOneKeepsThePaneAndMakesANewOneInANewFrame) {
+    LoadedPlugin plugin;
+    plugin.init();
+    auto frame = std::make_unique<MainFrame>();
+    plugin.hotKey();
+    plugin.publish(pending("1", "339", {{31003, "U1"}}));
+    const auto plain = captionPixels();
+    POINT first{30, 8};
+    ClientToScreen(header(), &first);
+    hand::click(first);
+    const auto sorted = captionPixels();
+    EXPECT_NE(sorted, plain);
+    plugin.init();
+    EXPECT_EQ(rowCount(mainList()), 1);
+    EXPECT_EQ(captionPixels(), sorted) << "the sort image went";
+
+    frame = std::make_unique<MainFrame>();
+    plugin.init();
+    ASSERT_NE(findPane(), nullptr);
+    EXPECT_EQ(rowCount(mainList()), 0) << "nothing of the pane that went with its frame";
+    EXPECT_EQ(captionPixels(), plain);
+    plugin.publish(pending("2", "339", {{31003, "U2"}}));
+    selectRows(mainList(), {0});
+    press("Accept");
+    EXPECT_EQ(host().sent.size(), 1u);
+}
+
+// What else a host has on its thread comes and goes, and would take the pane along.
+TEST(StartUp, TakesTheFrameAndNothingElse) {
+    LoadedPlugin plugin;
+    plugin.init();
+    const MainFrame frame;
+    const struct {
+        const char *what, *windowClass;
+        DWORD style, exStyle;
+        HWND owner;
+    } others[] = {
+        {"a login dialog", "#32770", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, nullptr},
+        {"a splash window", "Static", WS_POPUP | WS_VISIBLE, 0, nullptr},
+        {"a window of one size", "Static", WS_CAPTION | WS_VISIBLE, 0, nullptr},
+        {"a hidden window", "Static", WS_OVERLAPPEDWINDOW, 0, nullptr},
+        {"a tool window", "Static", WS_OVERLAPPEDWINDOW | WS_VISIBLE, WS_EX_TOOLWINDOW, nullptr},
+        {"an owned window", "Static", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, frame.handle()},
+    };
+    for (const auto& other : others) {
+        const HWND window =
+            CreateWindowExA(other.exStyle, other.windowClass, other.what, other.style, 0, 0, 300,
+                            200, other.owner, nullptr, nullptr, nullptr);
+        BringWindowToTop(window);
+        plugin.hotKey();
+        EXPECT_EQ(GetAncestor(findPane(), GA_ROOT), frame.handle()) << other.what;
+        plugin.exit();
+        DestroyWindow(window);
+    }
 }
 
 TEST(StartUp, SubscribesByPrivilegeLevel) {

@@ -4,6 +4,8 @@
 
 #include <map>
 
+#include "listctrl/model/list_commands.h"
+#include "res/resource_ids.h"
 #include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
@@ -178,6 +180,123 @@ TEST_F(Filters, ABoxSaysWhatIsFiltered) {
         EXPECT_FALSE(dropped()) << name;
     }
     EXPECT_TRUE(host().sent.empty());
+}
+
+TEST_F(Filters, RowsArriveAsTheyAreFilteredAndColumnsKeepTheirFilters) {
+    const StoredProfile stored;
+    clickEdit(0);
+    perform({"(F4)", "(line 1)"});
+    clickEdit(2);
+    perform({"<50", "(enter)"});
+    const auto publish = [this](const char* key, const char* name) {
+        open.plugin.publish(pending(key, "339", {{31003, name}}));
+    };
+    publish("30", "maker1");
+    publish("31", "MAKER11");
+    publish("60", "MAKER1");
+    EXPECT_EQ(names(), "MAKER1 maker1");
+
+    DialogTrap dialog([](HWND window) {
+        SetDlgItemTextA(window, IDC_UC_NAME, "One");
+        SetDlgItemTextA(window, IDC_UC_EXPRESSION, "1");
+    });
+    SendMessageA(mainList(), WM_COMMAND, kAddColumnCommand, 0);
+    pump();
+    ASSERT_EQ(SendMessageA(header(), HDM_GETITEMCOUNT, 0, 0), 7);
+    EXPECT_EQ(names(), "MAKER1 maker1");
+    EXPECT_EQ(shownIn(0) + shownIn(2), "MAKER1<50");
+    clickEdit(2);
+    hand::key(VK_ESCAPE);
+    EXPECT_EQ(names(), "MAKER1 maker1 MAKER1");
+}
+
+TEST_F(Filters, OnlyAnOpenDropDownHasLines) {
+    open.plugin.publish(pending("40", "340", {{31003, "MAKER1"}}));
+    const auto lines = [] {
+        Texts texts;
+        for (WPARAM i = 0; static_cast<LRESULT>(i) < SendMessageA(box(1), CB_GETCOUNT, 0, 0); ++i) {
+            char text[64]{};
+            SendMessageA(box(1), CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(text));
+            texts.emplace_back(text);
+        }
+        return texts;
+    };
+    clickEdit(1);
+    hand::key(VK_F4);
+    EXPECT_EQ(lines(), (Texts{"--ALL-- ", "ADD USER", "MODIFY USER"}));
+    hand::key(VK_ESCAPE);
+    EXPECT_EQ(lines(), Texts{});
+}
+
+TEST_F(Filters, TheWheelOverAClosedBoxScrollsTheList) {
+    for (int key = 100; key < 200; ++key)
+        open.plugin.publish(pending(std::to_string(key), "339", {{31003, "MAKER1"}}));
+    clickEdit(0);
+    perform({"M", "(enter)"});
+    const auto top = [] { return SendMessageA(mainList(), LVM_GETTOPINDEX, 0, 0); };
+    hand::wheel(edit(0), -1);
+    const auto once = top();
+    EXPECT_GT(once, 0);
+    hand::wheel(box(1), -1);
+    EXPECT_GT(top(), once);
+    EXPECT_EQ(shownIn(0), "M");
+}
+
+// Counts moves, and selects the text when the size changes, as the platform's own control does.
+int theMoves = 0;
+LRESULT CALLBACK selectAtSize(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                              DWORD_PTR) {
+    theMoves += message == WM_WINDOWPOSCHANGING;
+    const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+    if (message == WM_SIZE)
+        SendMessageA(FindWindowExA(window, nullptr, "Edit", nullptr), EM_SETSEL, 0, -1);
+    return result;
+}
+
+TEST_F(Filters, WidthsChangeNoSelectionAndMoveOnlyWhatLiesBehind) {
+    const auto selectedIn = [](int item) {
+        DWORD first = 0, last = 0;
+        SendMessageA(edit(item), EM_GETSEL, reinterpret_cast<WPARAM>(&first),
+                     reinterpret_cast<LPARAM>(&last));
+        return std::pair(first, last);
+    };
+    clickEdit(1);
+    perform({"ADD", "(enter)"});
+    clickEdit(0);
+    perform({"MAKER", "(enter)"});
+    hand::key(VK_LEFT);
+    const auto selected = std::pair(selectedIn(0), selectedIn(1));
+    EXPECT_EQ(selected.first, (std::pair<DWORD, DWORD>{4, 4}));
+    EXPECT_EQ(selected.second, (std::pair<DWORD, DWORD>{0, 0})) << "seen from its beginning";
+    SetWindowSubclass(box(0), selectAtSize, 1, 0);
+    const auto widen = [](int item) {
+        RECT place{};
+        SendMessageA(header(), HDM_GETITEMRECT, static_cast<WPARAM>(item),
+                     reinterpret_cast<LPARAM>(&place));
+        POINT divider{place.right - 1, place.top + 8};
+        ClientToScreen(header(), &divider);
+        RECT before{}, after{};
+        GetWindowRect(box(item), &before);
+        hand::drag(divider, {divider.x + 40, divider.y});
+        GetWindowRect(box(item), &after);
+        EXPECT_EQ(after.right - after.left, before.right - before.left + 40);
+    };
+    theMoves = 0;
+    widen(1);
+    EXPECT_EQ(theMoves, 0);
+    widen(0);
+    EXPECT_GT(theMoves, 0);
+    RemoveWindowSubclass(box(0), selectAtSize, 1);
+    EXPECT_EQ(std::pair(selectedIn(0), selectedIn(1)), selected);
+}
+
+TEST_F(Filters, OnlyItsOwnTimerEndsThePause) {
+    clickEdit(0);
+    hand::type("RMS");
+    for (const HWND window : {header(), box(0)}) SendMessageA(window, WM_TIMER, 1, 0);
+    EXPECT_EQ(names(), kAll);
+    pause();
+    EXPECT_EQ(names(), "RMS");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The main list as a checker uses it: sorting, filtering, selecting, copying, exporting, fitting.
+// The main list as a checker uses it: sorting, selecting, copying, exporting, fitting.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -52,13 +52,6 @@ HWND filterEdit(int item) {
     return FindWindowExA(filterBox(item), nullptr, "Edit", nullptr);
 }
 
-void typeInto(HWND edit, const char* text) {
-    SetFocus(edit);
-    for (const char* c = text; *c != '\0'; ++c)
-        PostMessageA(edit, WM_CHAR, static_cast<WPARAM>(*c), 1);
-    pump();
-}
-
 void key(HWND focus, WPARAM virtualKey) {
     SetFocus(focus);
     PostMessageA(focus, WM_KEYDOWN, virtualKey, 1);
@@ -108,50 +101,6 @@ TEST_F(List, SortsByAClickOnACaption) {
     // What arrives goes to its place.
     open.plugin.publish(pending("3", "340", {{31003, "Badri"}}));
     EXPECT_EQ(column(0), (Texts{"ASHOK", "Badri", "Bela", "Chitra", "asha", "deepa"}));
-}
-
-TEST_F(List, FiltersWhileTypingAndByEnter) {
-    typeInto(filterEdit(0), "as");
-    EXPECT_TRUE(pumpUntil([] { return rowCount(mainList()) == 2; })) << "after a pause";
-    EXPECT_EQ(column(0), (Texts{"asha", "ASHOK"}));
-
-    SetWindowTextA(filterBox(1), "*user");
-    key(filterEdit(1), VK_RETURN);
-    EXPECT_EQ(column(0), (Texts{"asha", "ASHOK"}));
-    SetWindowTextA(filterBox(2), ">10");
-    key(filterEdit(2), VK_RETURN);
-    EXPECT_EQ(column(0), (Texts{"ASHOK"}));
-    EXPECT_TRUE(host().sent.empty()) << "Enter in a filter box accepts nothing";
-
-    // What arrives shows if it passes.
-    open.plugin.publish(pending("12", "340", {{31003, "Asim"}}));
-    open.plugin.publish(pending("13", "340", {{31003, "Zoya"}}));
-    EXPECT_EQ(column(0), (Texts{"ASHOK", "Asim"}));
-
-    key(filterEdit(2), VK_ESCAPE);
-    EXPECT_EQ(GetWindowTextLengthA(filterBox(2)), 0);
-    EXPECT_EQ(rowCount(mainList()), 3);
-}
-
-TEST_F(List, OffersTheValuesOfAColumn) {
-    SendMessageA(filterBox(1), CB_SHOWDROPDOWN, TRUE, 0);
-    Texts choices;
-    for (int i = 0; i < SendMessageA(filterBox(1), CB_GETCOUNT, 0, 0); ++i) {
-        char text[64]{};
-        SendMessageA(filterBox(1), CB_GETLBTEXT, static_cast<WPARAM>(i),
-                     reinterpret_cast<LPARAM>(text));
-        choices.emplace_back(text);
-    }
-    EXPECT_EQ(choices, (Texts{"--ALL-- ", "MODIFY USER", "ADD USER", "DELETE USER"}));
-    SendMessageA(filterBox(1), CB_SETCURSEL, 3, 0);
-    SendMessageA(header(), WM_COMMAND, MAKEWPARAM(5001, CBN_SELENDOK),
-                 reinterpret_cast<LPARAM>(filterBox(1)));
-    SendMessageA(filterBox(1), CB_SHOWDROPDOWN, FALSE, 0);
-    EXPECT_EQ(column(0), Texts{"ASHOK"});
-    SendMessageA(filterBox(1), CB_SETCURSEL, 0, 0);
-    SendMessageA(header(), WM_COMMAND, MAKEWPARAM(5001, CBN_SELENDOK),
-                 reinterpret_cast<LPARAM>(filterBox(1)));
-    EXPECT_EQ(rowCount(mainList()), 5);
 }
 
 std::string clipboardText() {

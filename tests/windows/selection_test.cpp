@@ -207,12 +207,26 @@ TEST_F(Selection, TheRowAfterARemovalIsSelected) {
     EXPECT_EQ(selected(), Rows{0});
     EXPECT_EQ(fillOf(0), filled);
     EXPECT_NE(fillOf(1), filled);
+    publish("Zoya");
     EXPECT_EQ(pressed("Accept"), Texts{"11"});
     open.plugin.publish(outcome("11", "accepted"));
-    publish("Zoya");
     SetFocus(mainList());
     hand::key(VK_DOWN, kShift);
     EXPECT_EQ(pressed("Accept"), (Texts{"12", "13"}));
+}
+
+// While a reason is asked for, the selected change is decided elsewhere, and the one after it is
+// selected in its place.
+TEST_F(Selection, ARejectionIsOfWhatWasSelectedAtThePress) {
+    hand::clickRow(mainList(), 0);
+    hand::clickRow(mainList(), 2, kCtrl);
+    host().sent.clear();
+    hand::during([] { hand::click(button("Reject")); },
+                 {[this] { open.plugin.publish(outcome("12", "accepted")); },
+                  [] { hand::type("Wrong branch"); }, [] { hand::key(VK_RETURN); }});
+    EXPECT_EQ(selected(), (Rows{0, 2}));
+    ASSERT_EQ(host().sent.size(), 1u);
+    EXPECT_EQ(sentField(host().sent[0], 51803), "10");
 }
 
 TEST_F(Selection, EnterOpensTheFocusedRow) {

@@ -64,8 +64,10 @@ HOST_EXPORT void pu_get_user_privilige(HostString& text, int& level) {
 }
 HOST_EXPORT void pu_add_to_tabbed_log(HostString line) {
     host().log.push_back(sdk::take(line));
+    std::exchange(host().inLog, [] {})();
 }
 HOST_EXPORT int pu_get_find_menu_item_in_roles(int menuItem) {
+    std::exchange(host().inRoles, [] {})();
     return static_cast<int>(host().menuItems.count(menuItem));
 }
 HOST_EXPORT int pu_get_maker_checker_Modify_Right() {
@@ -112,8 +114,18 @@ void HiddenExport::setLast(char letter) {
     VirtualProtect(last, 1, before, &before);
 }
 
+namespace {
+
+// The plug-in beside this program, or the one that MC_PLUGIN names.
+const char* pluginFile() {
+    const char* named = std::getenv("MC_PLUGIN");
+    return named != nullptr ? named : "MakerChecker.dll";
+}
+
+}  // namespace
+
 LoadedPlugin::LoadedPlugin()
-    : m_module(LoadLibraryA("MakerChecker.dll")),
+    : m_module(LoadLibraryA(pluginFile())),
       m_init(entry<InitVoskPluginEntry>("InitVoskPlugin")),
       m_hotKey(entry<PluginProcessHotKeyEntry>("PluginProcessHotKey")),
       m_publish(entry<HandlePublishMsgEntry>("HandlePublishMsg")),
@@ -126,9 +138,14 @@ LoadedPlugin::LoadedPlugin()
 }
 
 LoadedPlugin::~LoadedPlugin() {
+    if (m_module == nullptr) return;
     m_exit();
     pump();
-    FreeLibrary(m_module);
+    free();
+}
+
+void LoadedPlugin::free() {
+    FreeLibrary(std::exchange(m_module, nullptr));
 }
 
 void LoadedPlugin::init() {

@@ -29,7 +29,8 @@ struct HostState {
     std::set<int> menuItems{60302, 60303, 60304};
     bool mayModify = true;
     bool sends = true;
-    std::set<int> restricted;  // function codes that may not be used
+    std::set<int> restricted;                              // function codes that may not be used
+    std::function<void()> inLog = [] {}, inRoles = [] {};  // run inside these services
 
     HACCEL accelerators = nullptr;  // of the frame; their commands are counted
     int accelerated = 0;
@@ -70,6 +71,7 @@ public:
     void publish(const Fields& fields);
     void publishNull() { m_publish(nullptr); }
     int exit() { return m_exit(); }
+    void free();  // FreeLibrary, as a host does after exit(); no call is made any more
     HMODULE module() const { return m_module; }
     template <class Entry>
     Entry* entry(const char* name) const {

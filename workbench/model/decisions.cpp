@@ -52,7 +52,10 @@ private:
     }
 
     // Clients without a user are named only when no user is left without a client.
+    // What was decided behind an earlier message box of this press is not named.
     void warnOfUnpaired() {
+        for (auto* records : {&pendingUsers, &pendingClients})
+            std::erase_if(*records, [this](const auto* each) { return !m_hold.pending(*each); });
         const auto& unpaired = pendingUsers.empty() ? pendingClients : pendingUsers;
         if (unpaired.empty()) return;
         std::string text = "Autenticate User and Account for";

@@ -27,6 +27,7 @@ void PendingChanges::addRecord(std::unique_ptr<Entry> record) {
 }
 
 void PendingChanges::refreshRecord(const sMakeCheckStruct& record) {
+    if (!isPending(record)) return;
     m_rows.refresh(static_cast<const Entry&>(record).slot);
     m_view.rowsChanged();
 }
@@ -42,7 +43,10 @@ void PendingChanges::removeRecord(std::string_view key) {
 }
 
 void PendingChanges::clearAllRecords() {
-    for (std::size_t place = 0; place < size(); ++place) delete static_cast<Entry*>(&at(place));
+    for (std::size_t place = 0; place < size(); ++place) {
+        std::unique_ptr<Entry> removed(static_cast<Entry*>(&at(place)));
+        if (m_holds > 0) m_removed.push_back(std::move(removed));
+    }
     m_rows.reset();
     m_index.clear();
 }

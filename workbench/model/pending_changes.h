@@ -40,6 +40,10 @@ public:
     // The record under `key`, or null.
     sMakeCheckStruct* findRecord(std::string_view key) const;
 
+    bool isPending(const sMakeCheckStruct& record) const {
+        return findRecord(record.key) == &record;
+    }
+
     // Whether the row of the record under `key` is selected.
     bool selected(std::string_view key) const;
 
@@ -51,7 +55,7 @@ public:
     // nothing when the key is not indexed.
     void removeRecord(std::string_view key);
 
-    // The record's texts changed.
+    // The record's texts changed. Nothing happens when it is not pending any more.
     void refreshRecord(const sMakeCheckStruct& record);
 
     // Removes every record without telling the view of single rows.
@@ -70,9 +74,7 @@ public:
         Hold& operator=(const Hold&) = delete;
 
         // Whether `record` is still pending.
-        bool pending(const sMakeCheckStruct& record) const {
-            return m_changes.findRecord(record.key) == &record;
-        }
+        bool pending(const sMakeCheckStruct& record) const { return m_changes.isPending(record); }
 
     private:
         PendingChanges& m_changes;

@@ -12,19 +12,20 @@ Workbench::Workbench(Host& host, WorkbenchView& view)
       m_view(view),
       m_changes(view),
       m_intake(host, m_changes, *this),
-      m_link(std::make_unique<serverLink>(host, *this)),
-      m_requests(host, *m_link, m_details.asked()) {
+      m_link(host, *this),
+      m_requests(host, m_link, m_details.asked()) {
     caption();
 }
 
-Workbench::~Workbench() {
+void Workbench::close() {
+    if (m_link.closed()) return;
     m_changes.clearAllRecords();
     emptyDetails();
-    m_link.reset();
+    m_link.close();
 }
 
 void Workbench::handlePublished(void* message) {
-    if (message != nullptr) m_intake.handle(FieldReader(message));
+    if (message != nullptr && !m_link.closed()) m_intake.handle(FieldReader(message));
 }
 
 // ---- Details ----
@@ -60,7 +61,7 @@ void Workbench::askForDetails() {
 
 // Edits that were not sent stay, in the rows of the new answer.
 void Workbench::details(DetailKind kind, const FieldReader& answer) {
-    if (!m_details.takes(kind, answer.text(MNM_AUTHORIZATION_KEY))) return;
+    if (m_link.closed() || !m_details.takes(kind, answer.text(MNM_AUTHORIZATION_KEY))) return;
     std::vector<DetailGroup> groups = kind == DetailKind::user ? BuildUserDetails(answer)
                                       : kind == DetailKind::account
                                           ? BuildClientDetails(answer)
@@ -72,14 +73,15 @@ void Workbench::details(DetailKind kind, const FieldReader& answer) {
 }
 
 void Workbench::detailsRefused(DetailKind kind, const FieldReader& answer) {
-    if (!m_details.takes(kind, answer.text(MNM_AUTHORIZATION_KEY)) || m_details.awaited()) return;
+    if (m_link.closed() || !m_details.takes(kind, answer.text(MNM_AUTHORIZATION_KEY))) return;
+    if (m_details.awaited()) return;
     m_details.refused(answerError(answer).value_or(AnswerError{}));
     if (m_details.editCount() == 0) m_view.emptyDetails();
     caption();
 }
 
 void Workbench::recovered(const FieldReader& answer) {
-    m_intake.handle(answer);
+    if (!m_link.closed()) m_intake.handle(answer);
 }
 
 void Workbench::publishedAgain(const sMakeCheckStruct& record) {

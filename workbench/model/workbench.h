@@ -1,6 +1,6 @@
 // The workbench without its windows: the records, the link, the intake and the checker's decisions.
 //
-// The pane makes one when its dialog is initialised and destroys it with its window; natively it is
+// The pane makes one when its dialog is initialised and closes it with its window; natively it is
 // tested against the console's server. All on the user-interface thread.
 #pragma once
 
@@ -17,17 +17,23 @@
 
 class Workbench final : public AnswerHandler, private IntakeListener {
 public:
-    // Opens the server link, which may show message boxes. Both must outlive the object.
+    // Opens the server link. Both must outlive the object.
     Workbench(Host& host, WorkbenchView& view);
+    ~Workbench() { close(); }
 
-    // Destroys all records, empties the details and closes the link, in that order.
-    ~Workbench();
+    // Shows what the link could not have.
+    void tellLinkFailures() { m_link.tellFailures(); }
+
+    // Destroys all records, empties the details and closes the link, in that order, once. A
+    // decision that is under way then, behind a message box, goes on without effect: nothing is
+    // pending and nothing can be sent.
+    void close();
 
     PendingChanges& changes() { return m_changes; }
     const PendingChanges& changes() const { return m_changes; }
 
-    int subscribe() { return m_link->subscribe(); }
-    int unsubscribe() { return m_link->unsubscribe(); }
+    int subscribe() { return m_link.subscribe(); }
+    int unsubscribe() { return m_link.unsubscribe(); }
 
     // Takes in a published message; null is ignored.
     void handlePublished(void* message);
@@ -83,6 +89,6 @@ private:
     PendingChanges m_changes;
     ShownDetails m_details;
     Intake m_intake;
-    std::unique_ptr<serverLink> m_link;
+    serverLink m_link;
     Requests m_requests;
 };
