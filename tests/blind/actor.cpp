@@ -77,11 +77,14 @@ bool same(Keys a, Keys b) {
 // What the first key-down presses.
 void announceKey(Act& act, const KeyChoice& choice, const Sight& sight) {
     if (!sight.keysReachPane()) return;
+    const bool dropped = std::ranges::any_of(sight.main.boxes, &Box::dropped) ||
+                         std::ranges::any_of(sight.details.boxes, &Box::dropped) ||
+                         sight.editor != nullptr;
     for (const auto& chord : kChords) {
         if (chord.key != choice.key || !same(chord.keys, choice.keys)) continue;
         const HWND pressed = FindWindowExA(sight.pane, nullptr, "Button", chord.press);
         act.press = buttonOf(sight.pane, pressed);
-        act.certain = !act.press.empty();
+        act.certain = !act.press.empty() && !dropped;
     }
     if (choice.key != VK_SPACE && choice.key != VK_RETURN) return;
     act.press = buttonOf(sight.pane, sight.focus);
@@ -202,6 +205,20 @@ std::optional<POINT> Actor::inCaption(const Sight& sight) {
 std::optional<POINT> Actor::inEditor(const Sight& sight) {
     if (sight.editor == nullptr) return std::nullopt;
     return inWindow(sight.editor);
+}
+
+// An empty list is soon dull: the filters that empty it go, one by one.
+std::optional<Act> Actor::emptyBoxAct(const Sight& sight) {
+    for (const Box& box : sight.main.boxes)
+        if (!box.text.empty() && !box.dropped)
+            return Act{.name = "click into box " + box.column + " and Esc",
+                       .run =
+                           [at = hand::middle(box.window)] {
+                               hand::click(POINT{at.x - 4, at.y});
+                               hand::key(VK_ESCAPE);
+                           },
+                       .key = VK_ESCAPE};
+    return std::nullopt;
 }
 
 std::optional<POINT> Actor::anywhere(const Sight& sight) {
@@ -331,6 +348,10 @@ Act Actor::next(const Sight& sight) {
     const RECT seen = visiblePart(sight.pane);
     if (seen.right - seen.left < 100 || seen.bottom - seen.top < 100)
         SetWindowPos(GetAncestor(sight.pane, GA_ROOT), nullptr, 100, 100, 700, 600, SWP_NOZORDER);
+    const bool dull = sight.main.rows.size() * 3 < m_server.pending().size();
+    if (dull && m_dice.chance(15))
+        if (const auto act = emptyBoxAct(sight)) return *act;
+    if (!sight.keysReachPane() && m_dice.chance(40)) return hotKeyAct(sight);
     return (this->*m_dice.weighted(kinds).make)(sight);
 }
 
@@ -342,6 +363,14 @@ struct Actor::LoopMove {
     int weight;
 };
 
+// A click beside a menu ends it and goes on to what lies below.
+void Actor::clickIn(HWND window) {
+    const POINT at = inWindow(window);
+    m_loopWords += " (" + words(at) + ")";
+    m_loopPress = buttonOf(findPane(), WindowFromPoint(at));
+    hand::click(at);
+}
+
 void Actor::clickInDialog() {
     std::vector<HWND> children;
     EnumChildWindows(
@@ -352,7 +381,7 @@ void Actor::clickInDialog() {
             return TRUE;
         },
         reinterpret_cast<LPARAM>(&children));
-    if (!children.empty()) hand::click(inWindow(m_dice.oneOf(children)));
+    if (!children.empty()) clickIn(m_dice.oneOf(children));
 }
 
 void Actor::answerLoop() {
@@ -366,7 +395,7 @@ void Actor::answerLoop() {
         {"N", [](Actor&) { hand::key('N'); }, 8},
         {"why", [](Actor&) { hand::type("why"); }, 8},
         {"click in it", [](Actor& self) { self.clickInDialog(); }, 10},
-        {"click in the pane", [](Actor& self) { hand::click(self.inWindow(findPane())); }, 4},
+        {"click in the pane", [](Actor& self) { self.clickIn(findPane()); }, 4},
         {"Ctrl+Shift+Y", [](Actor&) { hand::key('Y', hand::kCtrlShift); }, 2},
         {"F5", [](Actor&) { hand::key(VK_F5); }, 2},
         {"outcome", [](Actor& self) { self.m_server.publishOutcome(); }, 4},
@@ -378,7 +407,7 @@ void Actor::answerLoop() {
     if (++m_loopSteps > kMaxLoopSteps) {
         m_loopWords += " <ended>";
         EndMenu();
-        for (const WORD command : {IDCANCEL, IDNO, IDOK})
+        for (const WPARAM command : {IDCANCEL, IDNO, IDOK})
             PostMessageA(GetActiveWindow(), WM_COMMAND, command, 0);
         return;
     }

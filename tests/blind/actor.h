@@ -36,7 +36,8 @@ public:
 
     // Input for a loop that waits: a menu, a message box, a dialog. Ends it before long.
     void answerLoop();
-    // What was done in loops since the last call.
+    // What was pressed and done in loops since the last call.
+    std::string takeLoopPress() { return std::exchange(m_loopPress, {}); }
     std::string takeLoopWords() { return std::exchange(m_loopWords, {}); }
 
 private:
@@ -48,6 +49,7 @@ private:
     Act serverAct(const Sight& sight);
     Act pauseAct(const Sight& sight);
     Act hotKeyAct(const Sight& sight);
+    std::optional<Act> emptyBoxAct(const Sight& sight);
 
     std::optional<POINT> inButton(const Sight& sight);
     std::optional<POINT> inMainRow(const Sight& sight) { return inRow(sight.main); }
@@ -64,13 +66,14 @@ private:
     std::optional<POINT> inRow(const ListSight& list);
     POINT inWindow(HWND window);
     hand::Keys someModifiers();
+    void clickIn(HWND window);
     void clickInDialog();
 
     Dice& m_dice;
     Server& m_server;
     std::function<void()> m_hotKey, m_pause;
     int m_loopSteps = 0;
-    std::string m_loopWords;
+    std::string m_loopWords, m_loopPress;
 };
 
 }  // namespace blind

@@ -23,22 +23,42 @@ class BlindHand : public testing::Test {
 protected:
     void act(int number) {
         Story story;
-        story.before = look();
+        story.before = seen.pane != nullptr ? seen : (seen = look(seen));
         story.act = actor.next(story.before);
         story.sends = host().sends;
         host().sent.clear();
         checks.before(story.before);
-        watch.begin();
         remember(std::to_string(number) + " " + story.act.name);
+        watch.begin("seed " + std::to_string(seed) + ", " + last.back());
+        const auto tick = [] {
+            LARGE_INTEGER t;
+            QueryPerformanceCounter(&t);
+            return t.QuadPart;
+        };
+        const auto t0 = tick();
         hand::duringEach(story.act.run, [&] {
             story.looped = true;
+            watch.listen();
             actor.answerLoop();
         });
         story.sends = story.sends && host().sends;
         if (story.act.byHand) host().sends = true;
         remember(actor.takeLoopWords(), true);
-        story.after = look();
+        const std::string press = actor.takeLoopPress();
+        if (!press.empty()) story.act.press = press;
+        const auto t1 = tick();
+        story.after = seen = look(seen);
+        const auto t2 = tick();
+        if (loud)
+            std::printf("T %s %lld %s\n", story.looped ? "loop" : "plain", (t1 - t0) / 10,
+                        story.act.name.substr(0, 12).c_str()),
+                std::printf("L look %lld\n", (t2 - t1) / 10);
         story.sent = host().sent;
+        if (loud)
+            for (const Box& box : seen.main.boxes)
+                std::printf(" %s='%s'%s%s", box.column.c_str(), box.text.c_str(),
+                            box.dropped ? "v" : "", box.focused ? "*" : "");
+        if (loud) std::printf(" rows %zu\n", seen.main.rows.size());
         for (const Fields& request : story.sent) server.noteRequest(request);
         story.saidYes = watch.saidYes();
         story.excepted = watch.excepted();
@@ -64,6 +84,7 @@ protected:
                 [this] { watch.letTimersExpire(); }};
     Checks checks{server, setting("MC_HAND_CHECKS", "")};
     std::deque<std::string> last;
+    Sight seen;
 };
 
 TEST_F(BlindHand, DoesNothingThatItDidNotMean) {

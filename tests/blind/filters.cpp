@@ -76,6 +76,9 @@ void Filters::follow(Column& column, const Act& act, bool looped, const Box& box
         // With nothing chosen in the list the typed text applies.
         if (act.key == VK_RETURN) column.possible.insert(pattern);
         column.typing = false;
+    } else if (closed) {  // by another key: some of them take the choice
+        column.possible.insert({pattern, exact});
+        column.typing = true;
     } else if (act.key == VK_RETURN && hadFocus && !box.dropped) {
         std::erase_if(column.possible, [&](auto& f) { return f.text != box.text; });
         if (column.typing || column.possible.empty()) column.possible.insert(pattern);
@@ -128,16 +131,18 @@ std::string Filters::complaint(const std::map<std::string, Change>& pending, con
             if (expected == seen) {
                 exactly.insert(all);
                 for (const auto& [name, filter] : guess) fitting[name].insert(filter);
-            } else if (wrong.empty()) {
-                wrong = std::to_string(seen.size()) + " rows instead of " +
-                        std::to_string(expected.size()) + " pass the filters";
+            } else {
+                wrong += "\n  " + std::to_string(expected.size()) + " rows pass";
                 for (const auto& [name, filter] : guess)
                     if (!filter.text.empty())
-                        wrong +=
-                            "; " + name + (filter.exact ? " is '" : " like '") + filter.text + "'";
+                        wrong += ", " + name + (all || filter.exact ? " is '" : " like '") +
+                                 filter.text + "'";
             }
         }
-    if (exactly.empty()) return wrong;
+    for (const auto& [name, column] : m_columns)
+        wrong +=
+            "\n  box " + name + " '" + column.text + "'" + (column.typing ? " being typed" : "");
+    if (exactly.empty()) return std::to_string(seen.size()) + " rows are visible" + wrong;
     m_exactly = exactly;
     for (auto& [name, column] : m_columns) column.possible = fitting[name];
     return "";

@@ -64,7 +64,7 @@ std::string Server::publish(const Change& change) {
     }
     m_pending[change.key] = change;
     m_news.published.insert(change.key);
-    m_plugin.publish(pending(change.key, change.code, more));
+    m_plugin.publish(::pending(change.key, change.code, more));
     return "publish " + change.key + " " + change.kind() + " " + change.entity;
 }
 
@@ -72,9 +72,8 @@ std::string Server::publishNew() {
     if (m_pending.size() >= 30) return publishOutcome();
     const auto& kind = m_dice.weighted(kKinds);
     const std::string number = std::to_string(m_dice.below(4));
-    Change change{.key = std::to_string(++m_lastKey),
-                  .code = kind.code,
-                  .maker = "MAKER" + std::to_string(m_dice.below(12))};
+    Change change{.key = std::to_string(++m_lastKey), .code = kind.code};
+    change.maker = "MAKER" + std::to_string(m_dice.below(12));
     if ((change.code == "339" || change.code == "353") && m_dice.chance(70))
         change.type = "INVESTOR_CLIENT";
     if (change.code == "360") {
@@ -139,7 +138,8 @@ Fields Server::fieldsOf(const Request& request, const std::string& key) {
 }
 
 // Mostly the request that waits longest, sometimes another or one that was answered before; now and
-// then without the key, with an error, or of another kind.
+// then with an error, of another kind, or without the key. Without a key a second answer, or one of
+// another kind, would be the right one of another request.
 std::string Server::answerSomething() {
     if (m_all.empty()) return publishNew();
     const bool asked = !m_unanswered.empty() && m_dice.chance(85);
@@ -148,14 +148,15 @@ std::string Server::answerSomething() {
                     (asked && m_dice.chance(75) ? 0 : m_dice.below(static_cast<int>(from.size())));
     Request request = *at;
     const std::string key = request.key;
-    if (asked && m_dice.chance(90)) m_unanswered.erase(at);
+    if (asked) m_unanswered.erase(at);
     std::string said = "answer " + key;
-    if (m_dice.chance(6)) {
+    const bool withKey = !asked || m_dice.chance(85);
+    if (withKey && m_dice.chance(6)) {
         request.name = kKinds[m_dice.below(5)].request;
         said += " by " + request.name;
     }
     Fields fields{{32767, request.name}};
-    if (!m_dice.chance(12))
+    if (withKey)
         fields.emplace_back(51803, key);
     else
         said += " without key";

@@ -14,7 +14,7 @@
 namespace blind {
 
 struct Change {
-    std::string key, code, type, entity, linked, maker, branch, broker;
+    std::string key, code, type{}, entity{}, linked{}, maker{}, branch{}, broker{};
 
     bool isInvestor() const { return type == "INVESTOR_CLIENT"; }
     std::string kind() const;                            // what the list calls its code

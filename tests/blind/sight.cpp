@@ -136,12 +136,14 @@ Texts Sight::editsOver(const Texts& received) const {
     return edits;
 }
 
-Sight look() {
+Sight look(const Sight& last) {
     Sight sight;
-    sight.pane = findPane();
+    const bool same = IsWindow(last.pane) != 0;
+    sight.pane = same ? last.pane : findPane();
     sight.focus = GetFocus();
-    sight.main = lookAt(mainList(), sight.focus);
-    sight.details = lookAt(descendant(sight.pane, WC_LISTVIEWA, 4001), sight.focus);
+    sight.main = lookAt(same ? last.main.window : mainList(), sight.focus);
+    sight.details = lookAt(same ? last.details.window : descendant(sight.pane, WC_LISTVIEWA, 4001),
+                           sight.focus);
     sight.strip = stripText(sight.details.window);
     sight.editor = FindWindowExA(sight.details.window, nullptr, "MakerChecker.CellEditor", nullptr);
     if (sight.editor != nullptr && IsWindowVisible(sight.editor) != 0) {

@@ -42,7 +42,8 @@ struct Sight {
     std::string tag() const;                       // that the answer on show carries; empty: none
     Texts editsOver(const Texts& received) const;  // values that differ, by caption
 };
-Sight look();
+// Windows that `last` saw and that still exist are not searched again.
+Sight look(const Sight& last);
 
 std::string classOf(HWND window);
 std::string textOf(HWND window);

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <string_view>
+#include <utility>
 
 #include "tests/blind/sight.h"
 #include "tests/windows/test_host.h"
@@ -18,15 +19,13 @@ Watch* Watch::s_current = nullptr;
 
 Watch::Watch() {
     s_current = this;
-    const DWORD thread = GetCurrentThreadId();
-    m_messages = SetWindowsHookExA(WH_GETMESSAGE, onMessage, nullptr, thread);
-    m_sent = SetWindowsHookExA(WH_CALLWNDPROC, onSent, nullptr, thread);
+    m_messages = SetWindowsHookExA(WH_GETMESSAGE, onMessage, nullptr, GetCurrentThreadId());
     m_debugTexts = AddVectoredExceptionHandler(1, onDebugText);
     m_dog = std::thread([this] {
         while (!m_over) {
             Sleep(100);
             if (GetTickCount64() < m_end) continue;
-            std::puts("the action hangs");
+            std::printf("hangs: %s\n", m_action.c_str());
             std::fflush(stdout);
             TerminateProcess(GetCurrentProcess(), kHung);
         }
@@ -37,12 +36,19 @@ Watch::~Watch() {
     m_over = true;
     m_dog.join();
     RemoveVectoredExceptionHandler(m_debugTexts);
-    UnhookWindowsHookEx(m_sent);
+    if (m_sent != nullptr) UnhookWindowsHookEx(m_sent);
     UnhookWindowsHookEx(m_messages);
     s_current = nullptr;
 }
 
-void Watch::begin(int seconds) {
+void Watch::listen() {
+    if (m_sent == nullptr)
+        m_sent = SetWindowsHookExA(WH_CALLWNDPROC, onSent, nullptr, GetCurrentThreadId());
+}
+
+void Watch::begin(const std::string& action, int seconds) {
+    m_action = action;
+    if (m_sent != nullptr) UnhookWindowsHookEx(std::exchange(m_sent, nullptr));
     m_saidYes = m_excepted = false;
     m_end = GetTickCount64() + static_cast<ULONGLONG>(seconds) * 1000;
 }

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <atomic>
+#include <string>
 #include <thread>
 
 namespace blind {
@@ -20,13 +21,16 @@ public:
     // enough. This lets one of each expire.
     void letTimersExpire();
 
-    // A message box was answered with Yes; an exception's text was written for a debugger. Since
-    // the last begin().
+    // Listens to what is sent, until the next begin(). It is slow.
+    void listen();
+
+    // A message box, while this listened, was answered with Yes; an exception's text was written
+    // for a debugger. Since the last begin().
     bool saidYes() const { return m_saidYes; }
     bool excepted() const { return m_excepted; }
 
     // An action begins; the process ends when the next one does not begin within `seconds`.
-    void begin(int seconds = 30);
+    void begin(const std::string& action, int seconds = 30);
 
 private:
     static LRESULT CALLBACK onMessage(int code, WPARAM wParam, LPARAM lParam);
@@ -34,8 +38,9 @@ private:
     static LONG CALLBACK onDebugText(EXCEPTION_POINTERS* info);
 
     static Watch* s_current;
-    HHOOK m_messages, m_sent;
+    HHOOK m_messages = nullptr, m_sent = nullptr;
     void* m_debugTexts;
+    std::string m_action;
     bool m_timersMayExpire = false;
     bool m_saidYes = false;
     bool m_excepted = false;

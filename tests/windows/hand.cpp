@@ -94,6 +94,9 @@ void performNext() {
 // A timer's message comes when the queue is empty. run() takes it out of its own loop, so it is
 // only dispatched by loops that the input opened.
 void CALLBACK onTimer(HWND, UINT, UINT_PTR, DWORD) {
+    // A dialog shows itself when the queue is empty for the first time.
+    const HWND active = GetActiveWindow();
+    if (active != nullptr && IsWindowVisible(active) == 0) return;
     if (theStrokes.empty() && theGuest) theStrokes.push_back({theGuest});
     if (!theStrokes.empty())
         performNext();
@@ -142,6 +145,24 @@ ButtonFlags flagsOf(Button button) {
                                   : ButtonFlags{MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP};
 }
 
+// Down and up at once, for a pressed caption button.
+std::vector<Step> clickSteps(POINT at, Keys keys, Button button) {
+    const ButtonFlags flags = flagsOf(button);
+    return {[=] { sendMouse(at, 0); },
+            [=] {
+                sendModifiers(keys, false);
+                sendMouse(at, flags.down, 0, nextStamp(1000));
+                sendMouse(at, flags.up);
+                sendModifiers(keys, true);
+            }};
+}
+
+// A caption button that is pressed looks for nothing but the mouse.
+bool watchesMouseOnly(POINT at) {
+    const auto hit = SendMessageA(WindowFromPoint(at), WM_NCHITTEST, 0, MAKELPARAM(at.x, at.y));
+    return hit == HTCLOSE || hit == HTMINBUTTON || hit == HTMAXBUTTON || hit == HTSYSMENU;
+}
+
 void showRow(HWND list, int row) {
     SendMessageA(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
 }
@@ -155,16 +176,7 @@ void moveTo(POINT at) {
 }
 
 void click(POINT at, Keys keys, Button button) {
-    const ButtonFlags flags = flagsOf(button);
-    queue({[=] { sendMouse(at, 0); },
-           [=] {
-               sendModifiers(keys, false);
-               sendMouse(at, flags.down, 0, nextStamp(1000));
-           },
-           [=] {
-               sendMouse(at, flags.up);
-               sendModifiers(keys, true);
-           }});
+    queue(clickSteps(at, keys, button));
 }
 
 void click(HWND window, Keys keys, Button button) {
@@ -177,9 +189,12 @@ void clickRow(HWND list, int row, Keys keys, int column) {
 }
 
 void doubleClick(POINT at) {
-    click(at);
-    queue({[=] { sendMouse(at, MOUSEEVENTF_LEFTDOWN, 0, nextStamp(20)); },
-           [=] { sendMouse(at, MOUSEEVENTF_LEFTUP); }});
+    std::vector<Step> steps = clickSteps(at, {}, Button::left);
+    steps.emplace_back([=] {
+        sendMouse(at, MOUSEEVENTF_LEFTDOWN, 0, nextStamp(20));
+        sendMouse(at, MOUSEEVENTF_LEFTUP);
+    });
+    queue(std::move(steps));
 }
 
 void doubleClick(HWND window) {
@@ -207,7 +222,10 @@ void drag(POINT from, POINT to, bool escape) {
             sendKey(VK_ESCAPE, true);
         });
     steps.emplace_back([=] { sendMouse(to, MOUSEEVENTF_LEFTUP); });
-    queue(std::move(steps));
+    if (!watchesMouseOnly(from)) return queue(std::move(steps));
+    queue({[steps] {
+        for (const Step& step : steps) step();
+    }});
 }
 
 void wheel(HWND window, int notches) {

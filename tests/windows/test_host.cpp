@@ -114,8 +114,18 @@ void HiddenExport::setLast(char letter) {
     VirtualProtect(last, 1, before, &before);
 }
 
+namespace {
+
+// The plug-in beside this program, or the one that MC_PLUGIN names.
+const char* pluginFile() {
+    const char* named = std::getenv("MC_PLUGIN");
+    return named != nullptr ? named : "MakerChecker.dll";
+}
+
+}  // namespace
+
 LoadedPlugin::LoadedPlugin()
-    : m_module(LoadLibraryA("MakerChecker.dll")),
+    : m_module(LoadLibraryA(pluginFile())),
       m_init(entry<InitVoskPluginEntry>("InitVoskPlugin")),
       m_hotKey(entry<PluginProcessHotKeyEntry>("PluginProcessHotKey")),
       m_publish(entry<HandlePublishMsgEntry>("HandlePublishMsg")),
