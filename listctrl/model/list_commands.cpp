@@ -91,10 +91,10 @@ constexpr KeyLine kKeys[] = {
     {'G', false, Shift::down, kGridLinesCommand, false, always},
 };
 
-// The platform's numbers of the keys that move in a list, select, open details and menus: space,
-// Page Up and Down, End, Home, the arrows, Enter, the Menu key.
-constexpr unsigned kMovingKeys[] = {0x20, 0x21, 0x22, 0x23, 0x24, 0x25,
-                                    0x26, 0x27, 0x28, 0x0D, 0x5D};
+// The platform's numbers of the keys that move in a list, open details and menus: Page Up and
+// Down, End, Home, the arrows, Enter, the Menu key. Not the space bar: among typed letters it is
+// one of them, and its character must come.
+constexpr unsigned kMovingKeys[] = {0x21, 0x22, 0x23, 0x24, 0x25, 0x26, 0x27, 0x28, 0x0D, 0x5D};
 
 }  // namespace
 

@@ -63,7 +63,12 @@ TEST(ListKeys, RunTheirCommands) {
         const KeyCommands found = keyCommands(each.key, each.ctrl, each.shift, each.offers);
         EXPECT_EQ(found.commands, each.commands) << static_cast<char>(each.key);
         EXPECT_EQ(found.consumed, each.consumed) << static_cast<char>(each.key);
+        EXPECT_EQ(isListKey(each.key, each.ctrl, each.shift, each.offers), !each.commands.empty())
+            << static_cast<char>(each.key);
     }
+    for (const unsigned moving : {0x26u, 0x23u, 0x0Du, 0x5Du})
+        EXPECT_TRUE(isListKey(moving, true, true, {})) << moving;
+    EXPECT_FALSE(isListKey(0x09, false, false, all)) << "Tab";
 }
 
 TEST(FitColumns, ByDataByHeaderByWindow) {

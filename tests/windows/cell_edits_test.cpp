@@ -178,6 +178,13 @@ TEST_F(CellEdits, ARefusedTextStopsThePress) {
         {"a filter box", [] { hand::click(filterBox(details(), 0)); }},
         {"a menu", [] { hand::click(hand::cell(details(), kSecond), {}, hand::Button::right); }},
         {"a caption's menu", [] { hand::click(divider(details(), 0), {}, hand::Button::right); }},
+        {"the wheel", [] { hand::wheel(header(details()), -1); }},
+        {"a column's width",
+         [] {
+             const POINT from = divider(details(), 0);
+             hand::drag(from, {from.x + 40, from.y});
+         }},
+        {"Reset Filters", [] { PostMessageA(details(), WM_COMMAND, kResetFiltersCommand, 0); }},
         {"a strip",
          [] {
              const RECT place = onScreen(mainList());
@@ -274,13 +281,27 @@ TEST_F(CellEdits, AnEditorEndsBeforeItsCellMoves) {
 }
 
 // A pause in typing a filter ends while a value is already being edited.
+void typeFilterBehindTheEditor(const char* text) {
+    for (const char* c = text; *c != '\0'; ++c)
+        PostMessageA(filterBox(details(), 0), WM_CHAR, static_cast<unsigned char>(*c), 1);
+}
+
 TEST_F(CellEdits, AFilterPassUnderAnEditorEndsItFirst) {
-    hand::click(filterBox(details(), 0));
-    hand::type("fin");
     edit(kFirst, "77");
-    EXPECT_TRUE(pumpUntil([] { return editor() == nullptr; }));
-    EXPECT_EQ(rowTexts(details(), 1, 2)[1], "77.00") << "an unsent edit passes the filter";
-    EXPECT_EQ(rowTexts(details(), 2, 2)[1], "300.00");
+    typeFilterBehindTheEditor("fin");
+    EXPECT_TRUE(pumpUntil([] { return editor() == nullptr && rowCount(details()) == 3; }));
+    EXPECT_EQ(value(1), "77.00") << "an unsent edit passes the filter";
+    EXPECT_EQ(value(2), "300.00");
+}
+
+TEST_F(CellEdits, ARefusedTextWhoseRowIsFilteredAwayIsToldOf) {
+    edit(kFirst, "12a");
+    const DialogTrap boxes;
+    typeFilterBehindTheEditor("fin");
+    EXPECT_TRUE(pumpUntil([] { return editor() == nullptr && rowCount(details()) == 2; }));
+    EXPECT_TRUE(pumpUntil([&] { return !boxes.texts.empty(); }));
+    EXPECT_EQ(boxes.texts, Texts{kRefusal});
+    EXPECT_EQ(value(1), "300.00");
 }
 
 // What cannot be kept from happening takes the editor of a refused text along with its cell.
@@ -288,9 +309,10 @@ TEST_F(CellEdits, AnEditorThatStaysFollowsItsCell) {
     edit(kFirst, "12a");
     const HWND typed = editor();
     const DialogTrap boxes;
-    const auto liesOnItsCell = [&] {
+    const auto liesOnItsCell = [&](int row = kFirst) {
         RECT cell{LVIR_BOUNDS, 1, 0, 0};
-        SendMessageA(details(), LVM_GETSUBITEMRECT, kFirst, reinterpret_cast<LPARAM>(&cell));
+        SendMessageA(details(), LVM_GETSUBITEMRECT, static_cast<WPARAM>(row),
+                     reinterpret_cast<LPARAM>(&cell));
         MapWindowPoints(details(), nullptr, reinterpret_cast<POINT*>(&cell), 2);
         const RECT place = onScreen(GetParent(typed));
         return place.left == cell.left && place.top <= cell.top && place.bottom >= cell.bottom;
@@ -299,15 +321,46 @@ TEST_F(CellEdits, AnEditorThatStaysFollowsItsCell) {
     const POINT from = hand::middle(descendant(findPane(), "MakerChecker.SplitterBar", 0));
     hand::drag(from, {from.x, from.y - 30});
     EXPECT_TRUE(editor() == typed && liesOnItsCell()) << "another size";
-    SendMessageA(details(), LVM_SCROLL, 0, 40);
-    pump();
-    EXPECT_TRUE(editor() == typed && liesOnItsCell()) << "scrolled from outside";
     SendMessageA(details(), LVM_SETCOLUMNWIDTH, 0, 120);
     pump();
     EXPECT_TRUE(editor() == typed && liesOnItsCell()) << "a width from outside";
     answer(answerOfLimits());
     EXPECT_TRUE(editor() == typed && liesOnItsCell()) << "the details came again";
+    typeFilterBehindTheEditor("cash");
+    EXPECT_TRUE(pumpUntil([] { return rowCount(details()) == 2; }));
+    pump();
+    EXPECT_TRUE(editor() == typed && liesOnItsCell(1)) << "a filter hid the row before it";
     EXPECT_EQ(textOf(typed), "12a");
+}
+
+// The strip above a list keeps its colour while a part of the list has the focus.
+TEST_F(CellEdits, TheStripShowsTheFocusOfEditorsAndFilterBoxesToo) {
+    const auto colour = [] {
+        pump();
+        const HWND holder = GetParent(details());
+        UpdateWindow(holder);
+        RECT list = onScreen(details());
+        MapWindowPoints(nullptr, holder, reinterpret_cast<POINT*>(&list), 2);
+        const HDC dc = GetDC(holder);
+        const COLORREF found = GetPixel(dc, list.left + 3, list.top - 3);
+        ReleaseDC(holder, dc);
+        return found;
+    };
+    hand::clickRow(mainList(), 1);
+    const COLORREF plain = colour();
+    hand::clickRow(details(), kFirst);
+    const COLORREF focused = colour();
+    EXPECT_NE(plain, focused);
+    hand::click(filterBox(details(), 0));
+    EXPECT_EQ(colour(), focused);
+    hand::click(button("Update"));
+    EXPECT_EQ(colour(), plain);
+    hand::doubleClickRow(details(), kFirst, 1);
+    EXPECT_EQ(colour(), focused);
+    hand::click(button("Update"));
+    EXPECT_EQ(colour(), plain);
+    hand::click(filterBox(details(), 1));
+    EXPECT_EQ(colour(), focused);
 }
 
 TEST_F(CellEdits, F6ComesBackToTheListOrToItsRefusedText) {

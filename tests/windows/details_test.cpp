@@ -1,9 +1,9 @@
-// The details list as a checker uses it: what an answer shows, folding, filtering, editing a limit
-// and sending it.
+// The details list as a checker uses it: what an answer shows, folding and filtering.
 #include <gtest/gtest.h>
 
 #include "framework/handles.h"
 #include "listctrl/model/list_commands.h"
+#include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
 namespace {
@@ -44,28 +44,6 @@ protected:
         answer(limitsAnswer("7"));
         host().sent.clear();
     }
-
-    // Keys as the keyboard sends them: through the queue, to whatever has the focus.
-    static void key(WPARAM virtualKey) {
-        PostMessageA(GetFocus(), WM_KEYDOWN, virtualKey, 1);
-        PostMessageA(GetFocus(), WM_KEYUP, virtualKey, static_cast<LPARAM>(0xC0000001));
-        pump();
-    }
-    static void type(const char* text) {
-        for (const char* c = text; *c != '\0'; ++c)
-            PostMessageA(GetFocus(), WM_CHAR, static_cast<WPARAM>(*c), 1);
-        pump();
-    }
-    static void editRow(int row) {
-        SetFocus(details());
-        selectRows(details(), {row});
-        LVITEMA focus{};
-        focus.state = focus.stateMask = LVIS_FOCUSED;
-        SendMessageA(details(), LVM_SETITEMSTATE, static_cast<WPARAM>(row),
-                     reinterpret_cast<LPARAM>(&focus));
-        key(VK_F2);
-    }
-    static bool editing() { return GetFocus() != details() && IsChild(details(), GetFocus()); }
 
     std::unique_ptr<OpenWorkbench> open;
 };
@@ -118,121 +96,24 @@ TEST_F(Details, FittingMeasuresWhatIsDrawn) {
 
 TEST_F(Details, HeadingsFoldByClickAndKeys) {
     showLimits();
-    RECT heading{LVIR_BOUNDS, 0, 0, 0};
-    SendMessageA(details(), LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&heading));
-    const LPARAM at = MAKELPARAM(heading.left + 30, heading.top + 4);
-    SendMessageA(details(), WM_LBUTTONDOWN, MK_LBUTTON, at);
-    SendMessageA(details(), WM_LBUTTONUP, 0, at);
+    hand::clickRow(details(), 0);
     EXPECT_EQ(rowCount(details()), 1);
-    SetFocus(details());
-    key(VK_RIGHT);
+    hand::key(VK_RIGHT);
     EXPECT_EQ(rowCount(details()), 5);
-    key(VK_DOWN);
-    key(VK_DOWN);
-    key(VK_LEFT);  // to the heading
-    key(VK_LEFT);
+    hand::hold(VK_DOWN, 1);
+    hand::key(VK_LEFT);  // to the heading
+    hand::key(VK_LEFT);
     EXPECT_EQ(lines(), Texts{"RMS Limits||"});
-}
-
-TEST_F(Details, AnEditedLimitIsShownSentAndForgotten) {
-    showLimits();
-    editRow(2);
-    ASSERT_TRUE(editing());
-    type("2500.129");  // the old text is selected, so this takes its place
-    key(VK_RETURN);
-    EXPECT_FALSE(editing());
-    EXPECT_EQ(GetFocus(), details());
-    EXPECT_EQ(lines()[2], "Cash Margin|2500.13|1200");
-    EXPECT_TRUE(host().sent.empty()) << "Enter in an editor is no decision";
-    press("Update");
-    ASSERT_EQ(host().sent.size(), 1u);
-    EXPECT_EQ(sentField(host().sent[0], 64031), "2500.13");
-    EXPECT_EQ(sentField(host().sent[0], 51803), "7");
-    press("Update");
-    EXPECT_EQ(host().sent.size(), 1u) << "what has left is not sent again";
-}
-
-TEST_F(Details, EscCancelsTabGoesOnAndUntouchedTextsAreNoEdits) {
-    showLimits();
-    editRow(2);
-    type("9");
-    key(VK_ESCAPE);
-    EXPECT_EQ(lines()[2], "Cash Margin|1500.00|1200");
-    editRow(1);
-    EXPECT_FALSE(editing()) << "a read-only row";
-    editRow(2);
-    key(VK_TAB);  // untouched
-    ASSERT_TRUE(editing());
-    type("25");
-    key(VK_TAB);
-    ASSERT_TRUE(editing()) << "the choice cell";
-    key(VK_RETURN);
-    press("Update");
-    ASSERT_EQ(host().sent.size(), 1u);
-    EXPECT_EQ(sentField(host().sent[0], 64031), "<absent>");
-    EXPECT_EQ(sentField(host().sent[0], 64210), "25");
-    EXPECT_EQ(sentField(host().sent[0], 64037), "<absent>");
-}
-
-TEST_F(Details, UpdateByKeyTakesWhatIsBeingTyped) {
-    showLimits();
-    editRow(2);
-    type("31");
-    SendMessageA(findPane(), WM_COMMAND, 1000, 0);
-    ASSERT_EQ(host().sent.size(), 1u);
-    EXPECT_EQ(sentField(host().sent[0], 64031), "31.00");
-}
-
-TEST_F(Details, ChoiceGoesOutAsTheServersWord) {
-    showLimits();
-    editRow(4);
-    type("D");
-    key(VK_RETURN);
-    EXPECT_EQ(lines()[4], "GroupWise Validation|D|");
-    press("Update");
-    ASSERT_EQ(host().sent.size(), 1u);
-    EXPECT_EQ(sentField(host().sent[0], 64037), "no");
-}
-
-TEST_F(Details, ATextThatIsNoNumberIsRefusedAndTheOldValueKept) {
-    showLimits();
-    editRow(2);
-    type("12a");
-    {
-        const DialogTrap boxes;
-        key(VK_RETURN);
-        EXPECT_EQ(boxes.texts.size(), 1u);
-    }
-    EXPECT_TRUE(editing());
-    {
-        const DialogTrap boxes;
-        SetFocus(mainList());
-        pump();
-        EXPECT_EQ(boxes.texts.size(), 1u);
-    }
-    EXPECT_EQ(lines()[2], "Cash Margin|1500.00|1200");
-    press("Update");
-    EXPECT_TRUE(host().sent.empty());
-}
-
-TEST_F(Details, AnOutcomeInTheMiddleOfAnEditDropsIt) {
-    showLimits();
-    editRow(2);
-    type("77");
-    open->plugin.publish(outcome("7", "accepted"));
-    pump();
-    EXPECT_EQ(rowCount(details()), 0);
-    EXPECT_FALSE(editing());
-    press("Update");
-    EXPECT_TRUE(host().sent.empty());
 }
 
 TEST_F(Details, WithoutTheRightNothingOpens) {
     host().mayModify = false;
     showLimits();
     for (const int row : {2, 4}) {
-        editRow(row);
-        EXPECT_FALSE(editing());
+        hand::clickRow(details(), row);
+        hand::key(VK_F2);
+        hand::doubleClickRow(details(), row, 1);
+        EXPECT_EQ(GetFocus(), details());
     }
     host().mayModify = true;
 }
@@ -241,9 +122,9 @@ TEST_F(Details, FilterKeepsTheHeadingOfAnyLineThatPasses) {
     showLimits();
     const auto header = reinterpret_cast<HWND>(SendMessageA(details(), LVM_GETHEADER, 0, 0));
     const HWND box = FindWindowExA(GetDlgItem(header, 5000), nullptr, "Edit", nullptr);
-    SetFocus(box);
-    type("cash");
-    key(VK_RETURN);
+    hand::click(box);
+    hand::type("cash");
+    hand::key(VK_RETURN);
     EXPECT_EQ(lines(), (Texts{"RMS Limits||", "Cash Margin|1500.00|1200"}));
 }
 

@@ -32,6 +32,18 @@ void command(unsigned id) {
     PostMessageA(mainList(), WM_COMMAND, id, 0);
     hand::moveTo(hand::middle(mainList()));
 }
+// Types into the first limit of the change in row 4.
+void editLimit(const char* text) {
+    hand::doubleClickRow(mainList(), 4);
+    answer({{32767, "om_get_auth_limits_details"},
+            {51803, "5"},
+            {54001, "C1"},
+            {64031, "1500"},
+            {64164, "300"}});
+    hand::doubleClickRow(descendant(findPane(), WC_LISTVIEWA, 4001), 2, 1);
+    hand::type(text);
+    hand::key(VK_RETURN);
+}
 
 const struct Opening {
     const char* name;
@@ -57,6 +69,13 @@ const struct Opening {
      },
      1},
     {"the rejection dialog", [] { clickButton("Reject"); }, 1, "no"},
+    {"the refusal of a typed value", [] { editLimit("12a"); }, 1},
+    {"the question about unsent edits",
+     [] {
+         editLimit("25");
+         clickButton("Recover");
+     },
+     1},
     {"the item menu", [] { hand::click(hand::cell(mainList(), 1), {}, hand::Button::right); }, 0},
     {"the header menu", [] { rightClick(header(), 30, 5); }, 0},
     {"the pane's menu", [] { rightClick(findPane(), 200, 8); }, 0},
@@ -164,6 +183,7 @@ void expectNothingAfter(const Opening& opening, const Event& event) {
         OpenWorkbench open;
         publish(open.plugin, 3);
         open.plugin.publish(pending("4", "339", {{54036, "INVESTOR_CLIENT"}, {31003, "INV"}}));
+        open.plugin.publish(pending("5", "360", {{54001, "C1"}}));
         pump();
         std::vector<std::string> log;
         std::size_t sent = 0;

@@ -255,7 +255,7 @@ TEST_F(PaneKeys, TheListsKeysComeBeforeTheHostsAccelerators) {
         {"Shift+Down", VK_DOWN, hand::kShift, false, false},
         {"Ctrl+Home", VK_HOME, hand::kCtrl, false, true},
         {"Page Down", VK_NEXT, {}, false, true},
-        {"Space", VK_SPACE, {}, false, true},
+        {"Space, which can be a typed letter", VK_SPACE, {}, true, true},
         {"Enter", VK_RETURN, {}, false, false},
         {"Ctrl+S", 'S', hand::kCtrl, true, true},
         {"F2", VK_F2, {}, true, true},
