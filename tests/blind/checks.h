@@ -55,6 +55,7 @@ private:
     Filters m_filters;
     std::string m_editedField;
     HWND m_editor = nullptr;
+    int m_nextRow = 0;
 };
 
 }  // namespace blind

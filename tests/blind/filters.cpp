@@ -62,9 +62,9 @@ void Filters::follow(Column& column, const Act& act, bool looped, const Box& box
     const bool closed = column.dropped && !box.dropped;
     column.text = box.text;
     column.dropped = box.dropped;
-    const Filter pattern{box.text, false}, exact{box.text, true};
+    const Filter pattern{box.text, false}, chosen{box.text, true};
     if (looped && changed) {
-        column = {{pattern, exact}, false, box.dropped, box.text};
+        column = {{pattern, chosen}, false, box.dropped, box.text};
     } else if (act.pause) {
         if (column.typing) column.possible.insert(pattern);
         if (column.typing)
@@ -72,12 +72,12 @@ void Filters::follow(Column& column, const Act& act, bool looped, const Box& box
         column.typing = false;
     } else if (closed && (act.key == VK_RETURN || act.inDropList)) {
         if (act.inDropList && !changed) return;  // a click beside the entries
-        column.possible = {exact};
+        column.possible = {chosen};
         // With nothing chosen in the list the typed text applies.
         if (act.key == VK_RETURN) column.possible.insert(pattern);
         column.typing = false;
     } else if (closed) {  // by another key: some of them take the choice
-        column.possible.insert({pattern, exact});
+        column.possible.insert({pattern, chosen});
         column.typing = true;
     } else if (act.key == VK_RETURN && hadFocus && !box.dropped) {
         std::erase_if(column.possible, [&](auto& f) { return f.text != box.text; });
@@ -85,6 +85,10 @@ void Filters::follow(Column& column, const Act& act, bool looped, const Box& box
         column.typing = false;
     } else if (act.key == VK_ESCAPE && hadFocus && box.text.empty()) {
         column.possible.insert(pattern);  // it emptied the box, or only closed the drop-down
+        column.typing = true;
+    } else if (changed && hadFocus && act.key == 0 &&
+               act.byHand) {  // opened, or dragged to a choice
+        column.possible.insert({pattern, chosen});
         column.typing = true;
     } else if (changed && hadFocus) {
         column.typing = true;
@@ -124,8 +128,11 @@ std::string Filters::complaint(const std::map<std::string, Change>& pending, con
             std::set<std::string> expected;
             for (const auto& [key, change] : pending)
                 if (std::ranges::all_of(guess, [&](const auto& each) {
-                        return passes(each.second.text, change.cell(each.first),
-                                      all || each.second.exact);
+                        const std::string cell = change.cell(each.first);
+                        const Filter& filter = each.second;
+                        return filter.chosen && !filter.text.empty()
+                                   ? lower(filter.text) == lower(cell)
+                                   : passes(filter.text, cell, all);
                     }))
                     expected.insert(key);
             if (expected == seen) {
@@ -135,7 +142,7 @@ std::string Filters::complaint(const std::map<std::string, Change>& pending, con
                 wrong += "\n  " + std::to_string(expected.size()) + " rows pass";
                 for (const auto& [name, filter] : guess)
                     if (!filter.text.empty())
-                        wrong += ", " + name + (all || filter.exact ? " is '" : " like '") +
+                        wrong += ", " + name + (all || filter.chosen ? " is '" : " like '") +
                                  filter.text + "'";
             }
         }

@@ -10,7 +10,7 @@
 
 namespace blind {
 
-// Whether a cell passes a filter text.
+// Whether a cell passes a typed filter text.
 bool passes(const std::string& filter, const std::string& cell, bool exact);
 
 // Follows the boxes of the main list. A box that is being typed into filters by its last text until
@@ -26,7 +26,7 @@ public:
 private:
     struct Filter {
         std::string text;
-        bool exact = false;
+        bool chosen = false;  // from the drop-down: the whole cell is this text
         auto operator<=>(const Filter&) const = default;
     };
     struct Column {

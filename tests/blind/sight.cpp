@@ -30,6 +30,9 @@ std::vector<std::string> captionsOf(HWND header) {
 
 // A box belongs to the caption above its middle.
 std::vector<Box> boxesOf(HWND header, const std::vector<std::string>& captions, HWND focus) {
+    std::vector<RECT> places(captions.size());
+    for (std::size_t item = 0; item < captions.size(); ++item)
+        SendMessageA(header, HDM_GETITEMRECT, item, reinterpret_cast<LPARAM>(&places[item]));
     std::vector<Box> boxes;
     HWND combo = nullptr;
     while ((combo = FindWindowExA(header, combo, WC_COMBOBOXA, nullptr)) != nullptr) {
@@ -37,8 +40,7 @@ std::vector<Box> boxesOf(HWND header, const std::vector<std::string>& captions, 
         GetWindowRect(combo, &place);
         MapWindowPoints(nullptr, header, reinterpret_cast<POINT*>(&place), 2);
         for (std::size_t item = 0; item < captions.size(); ++item) {
-            RECT caption{};
-            SendMessageA(header, HDM_GETITEMRECT, item, reinterpret_cast<LPARAM>(&caption));
+            const RECT& caption = places[item];
             const LONG middle = (place.left + place.right) / 2;
             if (middle < caption.left || middle >= std::max(caption.right, caption.left + 1))
                 continue;
@@ -51,13 +53,15 @@ std::vector<Box> boxesOf(HWND header, const std::vector<std::string>& captions, 
     return boxes;
 }
 
-ListSight lookAt(HWND list, HWND focus) {
+ListSight lookAt(HWND list, HWND focus, std::initializer_list<const char*> columns) {
     ListSight sight;
     sight.window = list;
     if (list == nullptr) return sight;
     sight.captions = captionsOf(headerOf(list));
-    for (int row = 0; row < rowCount(list); ++row)
-        sight.rows.push_back(rowTexts(list, row, static_cast<int>(sight.captions.size())));
+    sight.rows.resize(static_cast<std::size_t>(rowCount(list)));
+    for (std::size_t row = 0; row < sight.rows.size(); ++row)
+        for (const char* column : columns)
+            sight.rows[row][column] = sight.readCell(static_cast<int>(row), column);
     const auto next = [list](int after, UINT flags) {
         return static_cast<int>(
             SendMessageA(list, LVM_GETNEXTITEM, static_cast<WPARAM>(after), flags));
@@ -101,9 +105,22 @@ int ListSight::column(const std::string& caption) const {
 }
 
 std::string ListSight::cell(int row, const std::string& caption) const {
-    const int at = column(caption);
-    if (at < 0 || row < 0 || row >= static_cast<int>(rows.size())) return "";
-    return rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(at)];
+    if (row < 0 || row >= static_cast<int>(rows.size())) return "";
+    const auto& cells = rows[static_cast<std::size_t>(row)];
+    const auto found = cells.find(caption);
+    return found != cells.end() ? found->second : "";
+}
+
+std::string ListSight::readCell(int row, const std::string& caption) const {
+    char text[512]{};
+    LVITEMA item{};
+    item.iSubItem = column(caption);
+    item.pszText = text;
+    item.cchTextMax = sizeof text;
+    if (item.iSubItem >= 0)
+        SendMessageA(window, LVM_GETITEMTEXTA, static_cast<WPARAM>(row),
+                     reinterpret_cast<LPARAM>(&item));
+    return item.pszText;
 }
 
 std::vector<std::string> Sight::selectedKeys() const {
@@ -141,9 +158,9 @@ Sight look(const Sight& last) {
     const bool same = IsWindow(last.pane) != 0;
     sight.pane = same ? last.pane : findPane();
     sight.focus = GetFocus();
-    sight.main = lookAt(same ? last.main.window : mainList(), sight.focus);
+    sight.main = lookAt(same ? last.main.window : mainList(), sight.focus, {"Key"});
     sight.details = lookAt(same ? last.details.window : descendant(sight.pane, WC_LISTVIEWA, 4001),
-                           sight.focus);
+                           sight.focus, {"Field", "Value"});
     sight.strip = stripText(sight.details.window);
     sight.editor = FindWindowExA(sight.details.window, nullptr, "MakerChecker.CellEditor", nullptr);
     if (sight.editor != nullptr && IsWindowVisible(sight.editor) != 0) {

@@ -19,13 +19,15 @@ struct Box {
 struct ListSight {
     HWND window = nullptr;
     std::vector<std::string> captions;
-    std::vector<std::vector<std::string>> rows;
+    std::vector<Texts> rows;  // of the columns that matter most
     std::vector<int> selected;
     int focused = -1;
     std::vector<Box> boxes;
 
     int column(const std::string& caption) const;  // -1: hidden
     std::string cell(int row, const std::string& caption) const;
+    std::string readCell(int row,
+                         const std::string& caption) const;  // of any column, from the list
 };
 
 struct Sight {
