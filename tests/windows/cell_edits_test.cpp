@@ -199,9 +199,9 @@ TEST_F(CellEdits, ARefusedTextStopsThePress) {
         DialogTrap boxes;
         each.act();
         EXPECT_TRUE(pumpUntil([&] { return !boxes.texts.empty() && GetFocus() == typed; }));
-        // What is let go only after the box closed is another try, and told again.
-        EXPECT_EQ(std::set<std::string>(boxes.texts.begin(), boxes.texts.end()),
-                  std::set<std::string>{kRefusal});
+        // On a busy machine the two clicks of a double-click may be told of one by one.
+        EXPECT_EQ(boxes.texts, Texts(boxes.texts.size(), kRefusal));
+        EXPECT_LE(boxes.texts.size(), 2u);
         EXPECT_EQ(sent(), Texts{});
         ASSERT_EQ(editor(), typed);
         EXPECT_EQ(textOf(typed), "12a");
