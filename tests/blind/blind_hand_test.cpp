@@ -30,12 +30,6 @@ protected:
         checks.before(story.before);
         remember(std::to_string(number) + " " + story.act.name);
         watch.begin("seed " + std::to_string(seed) + ", " + last.back());
-        const auto tick = [] {
-            LARGE_INTEGER t;
-            QueryPerformanceCounter(&t);
-            return t.QuadPart;
-        };
-        const auto t0 = tick();
         hand::duringEach(story.act.run, [&] {
             story.looped = true;
             watch.listen();
@@ -46,24 +40,21 @@ protected:
         remember(actor.takeLoopWords(), true);
         const std::string press = actor.takeLoopPress();
         if (!press.empty()) story.act.press = press;
-        const auto t1 = tick();
         story.after = seen = look(seen);
-        const auto t2 = tick();
-        if (loud)
-            std::printf("T %s %lld %s\n", story.looped ? "loop" : "plain", (t1 - t0) / 10,
-                        story.act.name.substr(0, 12).c_str()),
-                std::printf("L look %lld\n", (t2 - t1) / 10);
         story.sent = host().sent;
-        if (loud)
-            for (const Box& box : seen.main.boxes)
-                std::printf(" %s='%s'%s%s", box.column.c_str(), box.text.c_str(),
-                            box.dropped ? "v" : "", box.focused ? "*" : "");
-        if (loud) std::printf(" rows %zu\n", seen.main.rows.size());
+        if (loud) say();
         for (const Fields& request : story.sent) server.noteRequest(request);
         story.saidYes = watch.saidYes();
         story.excepted = watch.excepted();
         story.news = server.takeNews();
         for (const std::string& complaint : checks.after(story)) ADD_FAILURE() << complaint;
+    }
+
+    void say() const {
+        for (const Box& box : seen.main.boxes)
+            std::printf(" %s='%s'%s%s", box.column.c_str(), box.text.c_str(),
+                        box.dropped ? "v" : "", box.focused ? "*" : "");
+        std::printf(" rows %zu\n", seen.main.rows.size());
     }
 
     void remember(const std::string& words, bool more = false) {
