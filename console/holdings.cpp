@@ -2,8 +2,6 @@
 
 #include <windows.h>
 
-#include <psapi.h>
-
 namespace zek {
 namespace {
 
@@ -70,13 +68,6 @@ long long countHandles() {
     return count;
 }
 
-long long countMemory() {
-    PROCESS_MEMORY_COUNTERS counters{};
-    counters.cb = sizeof counters;
-    GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
-    return static_cast<long long>(counters.PagefileUsage);
-}
-
 constexpr struct Kind {
     long long Holdings::*count;
     long long mayGrow;
@@ -86,13 +77,12 @@ constexpr struct Kind {
     {&Holdings::menus, 0, "menus"},
     {&Holdings::gdiObjects, 0, "GDI objects"},
     {&Holdings::handles, 4, "handles"},
-    {&Holdings::memory, 1024 * 1024, "bytes of memory"},
 };
 
 }  // namespace
 
 Holdings countHoldings() {
-    return {countWindows(), countMenus(), countGdiObjects(), countHandles(), countMemory()};
+    return {countWindows(), countMenus(), countGdiObjects(), countHandles()};
 }
 
 std::string grown(const Holdings& before, const Holdings& after) {

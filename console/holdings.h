@@ -12,14 +12,13 @@ struct Holdings {
     long long menus = 0;
     long long gdiObjects = 0;
     long long handles = 0;  // of the kernel
-    long long memory = 0;   // bytes that the program has committed
 };
 
 Holdings countHoldings();
 
-// What `after` has more than `before`, "3 more windows, ..."; empty when there is nothing. Memory
-// may grow a little, since the console goes on living meanwhile, and so may handles: the runtime in
-// a library that has used exceptions keeps a few for the thread when it is unloaded.
+// What `after` has more than `before`, "3 more windows, ..."; empty when there is nothing.
+// Handles may grow by a few: the runtime in a library that has used exceptions keeps some for the
+// thread when it is unloaded.
 std::string grown(const Holdings& before, const Holdings& after);
 
 }  // namespace zek
