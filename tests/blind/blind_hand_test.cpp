@@ -36,11 +36,18 @@ protected:
             return t.QuadPart;
         };
         const auto t0 = tick();
-        hand::duringEach(story.act.run, [&] {
+        const auto inLoop = [&] {
             story.looped = true;
             watch.listen();
             actor.answerLoop();
-        });
+        };
+        hand::duringEach(
+            [&] {
+                story.act.run();
+                // An editor that lost the focus tells soon what is wrong with its text.
+                hand::waitUntil([&] { return !editorIsLeft(story.before); });
+            },
+            inLoop);
         story.sends = story.sends && host().sends;
         if (story.act.byHand) host().sends = true;
         remember(actor.takeLoopWords(), true);
@@ -59,10 +66,26 @@ protected:
                 std::printf(" %s='%s'%s%s", box.column.c_str(), box.text.c_str(),
                             box.dropped ? "v" : "", box.focused ? "*" : "");
         if (loud) std::printf(" rows %zu\n", seen.main.rows.size());
-        for (const Fields& request : story.sent) server.noteRequest(request);
+        for (const Fields& request : story.sent) server.noteRequest(request, story.before.tag);
+        if (loud)
+            for (const Fields& request : story.sent)
+                std::printf("S %s %s %zu\n", sentField(request, 0).c_str(),
+                            sentField(request, 10303).c_str(), request.size());
+        if (loud)
+            std::printf(
+                "X focus %s '%s' editor %d '%s' strip '%s' sel %zu focusrow %d capture %p active "
+                "%s\n",
+                classOf(seen.focus).c_str(), textOf(seen.focus).c_str(), seen.editor != nullptr,
+                seen.editedField.c_str(), seen.strip.c_str(), seen.main.selected.size(),
+                seen.main.focused, (void*)GetCapture(), classOf(GetActiveWindow()).c_str()),
+                std::printf("E %s%s%s\n", seen.tag.empty() ? "" : "shown ",
+                            seen.editor ? "editor " : "",
+                            seen.strip.find("unsent") != seen.strip.npos ? "unsent" : "");
         story.saidYes = watch.saidYes();
         story.excepted = watch.excepted();
         story.news = server.takeNews();
+        // An answer whose tag is folded away may have taken the place of the last one.
+        if (!seen.tagVisible && !story.news.answered.empty()) story.after.tag = seen.tag = "";
         for (const std::string& complaint : checks.after(story)) ADD_FAILURE() << complaint;
     }
 
