@@ -12,16 +12,17 @@ constexpr UINT kCheckFocus = WM_APP + 0x1C58;
 
 // The editor looks again later while the user is at something else.
 constexpr UINT_PTR kCheckTimer = 0xED17;
-constexpr UINT kCheckPause = 100;  // milliseconds
+constexpr UINT kCheckPause = 250;  // milliseconds: a double-click is over
 
 constexpr int kLeastWidth = 60;
 
-// A button of the mouse is down, a menu or a dialog is open, the list is hidden, or another program
-// is in front: nothing may pop up now.
+// A button of the mouse is down, or what it did is still to be handled, a menu or a dialog is open,
+// the list is hidden, or another program is in front: nothing may pop up now.
 bool userIsElsewhere(HWND editor) {
-    return GetAsyncKeyState(VK_LBUTTON) < 0 || GetAsyncKeyState(VK_RBUTTON) < 0 ||
-           GetCapture() != nullptr || GetActiveWindow() == nullptr ||
-           IsWindowEnabled(GetAncestor(editor, GA_ROOT)) == 0 || IsWindowVisible(editor) == 0;
+    return HIWORD(GetQueueStatus(QS_MOUSEBUTTON)) != 0 || GetAsyncKeyState(VK_LBUTTON) < 0 ||
+           GetAsyncKeyState(VK_RBUTTON) < 0 || GetCapture() != nullptr ||
+           GetActiveWindow() == nullptr || IsWindowEnabled(GetAncestor(editor, GA_ROOT)) == 0 ||
+           IsWindowVisible(editor) == 0;
 }
 
 }  // namespace

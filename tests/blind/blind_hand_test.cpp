@@ -30,63 +30,50 @@ protected:
         checks.before(story.before);
         remember(std::to_string(number) + " " + story.act.name);
         watch.begin("seed " + std::to_string(seed) + ", " + last.back());
-        const auto tick = [] {
-            LARGE_INTEGER t;
-            QueryPerformanceCounter(&t);
-            return t.QuadPart;
-        };
-        const auto t0 = tick();
-        const auto inLoop = [&] {
-            story.looped = true;
-            watch.listen();
-            actor.answerLoop();
-        };
-        hand::duringEach(
-            [&] {
-                story.act.run();
-                // An editor that lost the focus tells soon what is wrong with its text.
-                hand::waitUntil([&] { return !editorIsLeft(story.before); });
-            },
-            inLoop);
+        perform(story);
         story.sends = story.sends && host().sends;
         if (story.act.byHand) host().sends = true;
         remember(actor.takeLoopWords(), true);
         const std::string press = actor.takeLoopPress();
         if (!press.empty()) story.act.press = press;
-        const auto t1 = tick();
         story.after = seen = look(seen);
-        const auto t2 = tick();
-        if (loud)
-            std::printf("T %s %lld %s\n", story.looped ? "loop" : "plain", (t1 - t0) / 10,
-                        story.act.name.substr(0, 12).c_str()),
-                std::printf("L look %lld\n", (t2 - t1) / 10);
         story.sent = host().sent;
-        if (loud)
-            for (const Box& box : seen.main.boxes)
-                std::printf(" %s='%s'%s%s", box.column.c_str(), box.text.c_str(),
-                            box.dropped ? "v" : "", box.focused ? "*" : "");
-        if (loud) std::printf(" rows %zu\n", seen.main.rows.size());
+        if (loud) say(story);
         for (const Fields& request : story.sent) server.noteRequest(request, story.before.tag);
-        if (loud)
-            for (const Fields& request : story.sent)
-                std::printf("S %s %s %zu\n", sentField(request, 0).c_str(),
-                            sentField(request, 10303).c_str(), request.size());
-        if (loud)
-            std::printf(
-                "X focus %s '%s' editor %d '%s' strip '%s' sel %zu focusrow %d capture %p active "
-                "%s\n",
-                classOf(seen.focus).c_str(), textOf(seen.focus).c_str(), seen.editor != nullptr,
-                seen.editedField.c_str(), seen.strip.c_str(), seen.main.selected.size(),
-                seen.main.focused, (void*)GetCapture(), classOf(GetActiveWindow()).c_str()),
-                std::printf("E %s%s%s\n", seen.tag.empty() ? "" : "shown ",
-                            seen.editor ? "editor " : "",
-                            seen.strip.find("unsent") != seen.strip.npos ? "unsent" : "");
         story.saidYes = watch.saidYes();
         story.excepted = watch.excepted();
         story.news = server.takeNews();
         // An answer whose tag is folded away may have taken the place of the last one.
         if (!seen.tagVisible && !story.news.answered.empty()) story.after.tag = seen.tag = "";
         for (const std::string& complaint : checks.after(story)) ADD_FAILURE() << complaint;
+    }
+
+    void perform(Story& story) {
+        hand::duringEach(
+            [&] {
+                story.act.run();
+                // An editor that lost the focus tells soon what is wrong with its text.
+                hand::waitUntil([&] { return !editorIsLeft(story.before); });
+            },
+            [&] {
+                story.looped = true;
+                watch.listen();
+                actor.answerLoop();
+            });
+    }
+
+    void say(const Story& story) const {
+        std::printf("    focus %s '%s', %zu rows, %zu selected, details '%s'%s\n",
+                    classOf(seen.focus).c_str(), textOf(seen.focus).c_str(), seen.main.rows.size(),
+                    seen.main.selected.size(), seen.strip.c_str(),
+                    seen.editor != nullptr ? ", editor" : "");
+        for (const Box& box : seen.main.boxes)
+            if (!box.text.empty())
+                std::printf("    box %s '%s'%s\n", box.column.c_str(), box.text.c_str(),
+                            box.dropped ? " open" : "");
+        for (const Fields& request : story.sent)
+            std::printf("    sent %s %s\n", sentField(request, 0).c_str(),
+                        sentField(request, 51803).c_str());
     }
 
     void remember(const std::string& words, bool more = false) {

@@ -206,6 +206,11 @@ void Model::recover() {
             m_listed.push_back(key);
 }
 
+// Details go when another change is selected.
+void Model::select(const std::vector<int>& rows) {
+    if (rows.front() != m_shownKey) clearDetails();
+}
+
 std::vector<int> Model::shownOf(const std::vector<int>& selected) const {
     std::vector<int> rows = shown();
     std::erase_if(rows, [&](int key) { return std::ranges::count(selected, key) == 0; });

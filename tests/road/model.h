@@ -42,11 +42,14 @@ public:
 
     // The workbench. accept() returns what its message box says, or an empty text.
     void recover();
+    void select(const std::vector<int>& rows);  // one by one, in this order
     std::string accept(const std::vector<int>& selected);
     void reject(const std::vector<int>& selected, const std::string& reason);
     void showDetails(int key);
     void edit(int field, const std::string& text);
     void update();
+    bool hasEdits() const { return !m_edits.empty(); }
+    void dropEdits() { m_edits.clear(); }
     void filter(const std::string& column, const std::string& text);
     void sort(const std::string& column);
 

@@ -95,6 +95,8 @@ private:
     void addPartner(std::vector<int>& rows);
     void select(const std::vector<int>& rows);
     void showDetails(int key);
+    void expectDetails();
+    void dropEdits();
     void editSome();
     void expect(const char* how = "expect");
 
@@ -261,6 +263,7 @@ void Session::select(const std::vector<int>& rows) {
     std::string line = "select";
     for (const int key : rows) line += " " + std::to_string(key);
     step(line);
+    m_model.select(rows);
 }
 
 void Session::accept() {
@@ -292,6 +295,10 @@ void Session::reject() {
 void Session::showDetails(int key) {
     step("double-click " + std::to_string(key));
     m_model.showDetails(key);
+    expectDetails();
+}
+
+void Session::expectDetails() {
     expect();
     for (const Detail& row : m_model.details()) {
         step("expect detail" + quoted(row.field) + " \"Value\"" + quoted(row.value));
@@ -318,10 +325,21 @@ void Session::editLimits() {
         step("edit" + quoted(row.field) + quoted(value));
         m_model.edit(row.id, value);
     }
-    if (below(3) == 0) return;  // the edits stay unsent, for a later update or to be lost
+    if (below(3) == 0) return dropEdits();
     update();
     update();  // nothing is left to send
     showDetails(key);
+}
+
+void Session::dropEdits() {
+    if (m_model.hasEdits()) {
+        step("key Esc");
+        step("wait message \"not been sent\"");
+        step("press \"Yes\"");
+        m_model.dropEdits();
+    }
+    update();  // nothing is left to send
+    expectDetails();
 }
 
 void Session::update() {

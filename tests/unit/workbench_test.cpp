@@ -1,60 +1,10 @@
 #include "workbench/model/workbench.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <memory>
-#include <set>
-#include <sstream>
-
 #include "console/model/authorization_server.h"
 #include "tests/unit/detail_lines.h"
-#include "tests/unit/fake_host.h"
-#include "tests/unit/message_builder.h"
-#include "tests/unit/view_recorder.h"
+#include "tests/unit/workbench_fixture.h"
 
 namespace {
-
-class WorkbenchTest : public testing::Test {
-protected:
-    sMakeCheckStruct& list(const std::string& key, const std::string& code) {
-        const auto message =
-            publication("auth pending", key, {{MNM_FUNCTIONALITY, code}, {MNM_USER, "DLR101"}});
-        workbench->handlePublished(message.handle());
-        view.events.clear();
-        return workbench->changes().at(workbench->changes().size() - 1);
-    }
-
-    void answer(const std::string& request, const FieldTexts& more) {
-        FieldTexts fields{{MNM_ANSWERED_REQUEST, request}};
-        fields.insert(fields.end(), more.begin(), more.end());
-        const auto message = makeMessage(fields);
-        host.control().receiver->onMessage(0, 0, message.handle(), nullptr);
-    }
-
-    // See ShowsOnlyAnswersForTheChangeThatIsLookedAt.
-    void take(const std::string& step) {
-        std::istringstream words(step);
-        std::string verb, kind, key;
-        words >> verb;
-        const bool changed = verb == "new";
-        if (changed) words >> verb;
-        if (verb == "answer" || verb == "error") words >> kind;
-        words >> key;
-        if (verb == "open") return workbench->showDetails(*workbench->changes().findRecord(key));
-        if (verb == "again")
-            return workbench->handlePublished(publication("auth pending", key).handle());
-        FieldTexts fields{{MNM_USER, "DLR101"}, {30001, changed ? "Usha" : "Asha"}};
-        if (kind == "limits") fields = {{MNM_ACCOUNT_ID, "C1"}, {64031, changed ? "1600" : "1500"}};
-        if (!key.empty()) fields.push_back({MNM_AUTHORIZATION_KEY, key});
-        if (verb == "error") fields.push_back({MNM_ERROR, "no such change"});
-        answer("om_get_auth_" + kind + "_details", fields);
-    }
-
-    FakeHost host;
-    ViewRecorder view;
-    std::unique_ptr<Workbench> workbench = std::make_unique<Workbench>(host, view);
-};
 
 TEST_F(WorkbenchTest, AsksForTheDetailsOfAChangeByItsKind) {
     const struct {
@@ -82,8 +32,7 @@ TEST_F(WorkbenchTest, AsksForTheDetailsOfAChangeByItsKind) {
     }
 }
 
-// What happened: "open KEY", "answer KIND KEY", "error KIND KEY" (without KEY the message names
-// none), "again KEY" (published again), and "new answer KIND KEY" with another value.
+// What happened, in the words of take().
 TEST_F(WorkbenchTest, ShowsOnlyAnswersForTheChangeThatIsLookedAt) {
     const std::string title = "Maker Checker Details: DLR101, ";
     const std::string user1 = title + "ADD USER, 1001", user2 = title + "ADD USER, 1002";
@@ -164,6 +113,7 @@ TEST_F(WorkbenchTest, ShowsOnlyAnswersForTheChangeThatIsLookedAt) {
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
+        workbench.reset();  // the host holds one control of a kind at a time
         workbench = std::make_unique<Workbench>(host, view);
         list("1001", "339");
         list("1002", "339");
@@ -217,197 +167,6 @@ TEST_F(WorkbenchTest, AsksTheModifyRightForEachAnswer) {
         answer("om_get_auth_limits_details", {{MNM_ACCOUNT_ID, "C1"}, {64031, "1500"}});
         EXPECT_EQ(view.shown.back().rows.back().attribute, attribute);
     }
-}
-
-// A limits change is looked at, and one of its values was edited.
-class EditedLimits : public WorkbenchTest {
-protected:
-    EditedLimits() {
-        list("1001", "339");
-        list("1003", "360");
-        select({"1003"});
-        take("open 1003");
-        take("answer limits 1003");
-        workbench->valueEdited(64031, "1700");
-        host.control().sent.clear();
-        view.events.clear();
-        host.said.clear();
-    }
-
-    void select(const std::set<std::string>& keys) {
-        RecordStore& rows = workbench->changes().rows();
-        for (std::size_t row = 0; row < rows.rowCount(); ++row)
-            rows.select(row, keys.contains(workbench->changes().at(row).key));
-        workbench->selectionMade();
-    }
-    std::vector<sMakeCheckStruct*> selected() { return workbench->changes().selectedRecords(); }
-    Lines requests() {
-        Lines names;
-        for (const SentMessage& message : host.control().sent) names.push_back(message[0].second);
-        return names;
-    }
-    // What an update sends of the edited value; empty: nothing.
-    std::string update() {
-        host.control().sent.clear();
-        workbench->update();
-        if (host.control().sent.empty()) return "";
-        EXPECT_EQ(host.control().sent[0][2].second, "1003");
-        return host.control().sent[0].back().second;
-    }
-    const sMCListStruct& row() { return view.shown.back().rows.back(); }
-};
-
-TEST_F(EditedLimits, NothingThatLeavesThemBehindGoesUnasked) {
-    const std::string edits =
-        "question 1 edited value of Dealer - DLR101, RMS Limits, 1003 has not been sent.";
-    const std::string decide = "om_authenticate_functionality";
-    const struct {
-        const char* name;
-        std::function<void()> press;
-        std::string question;
-        Lines requests;  // after Yes
-        bool drops;
-    } cases[] = {
-        {"accept",
-         [&] { workbench->accept(selected()); },
-         "Accept without sending?",
-         {decide},
-         false},
-        {"reject",
-         [&] { workbench->reject(selected(), [] { return "no"; }); },
-         "Reject without sending?",
-         {decide},
-         false},
-        {"recover",
-         [&] { workbench->recover(); },
-         "Recover and drop them?",
-         {"om_get_functionality_details"},
-         true},
-        {"open another",
-         [&] { take("open 1001"); },
-         "Drop them and open DLR101, ADD USER, 1001?",
-         {"om_get_auth_user_details"},
-         true},
-        {"drop", [&] { workbench->dropEdits(); }, "Drop them?", {}, true},
-    };
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.name);
-        host.answersYes = false;
-        each.press();
-        EXPECT_EQ(host.takeSaid(), Lines{edits + "\n\n" + each.question});
-        EXPECT_EQ(requests(), Lines{});
-        host.answersYes = true;
-        each.press();
-        EXPECT_EQ(requests(), each.requests);
-        EXPECT_EQ(update(), each.drops ? "" : "1700.00");
-        take("open 1003");
-        take("answer limits 1003");
-        workbench->valueEdited(64031, "1700");
-        host.takeSaid();
-        host.control().sent.clear();
-    }
-    select({});
-    workbench->accept(selected());
-    EXPECT_EQ(host.said, Lines{}) << "nothing to accept, nothing to ask";
-}
-
-TEST_F(EditedLimits, ADecisionIsOfWhatWasSelectedAtThePress) {
-    host.answersYes = true;
-    host.whileBoxIsOpen = [&] {  // decided elsewhere: the list selects the row after it
-        workbench->handlePublished(publication("accepted", "1001").handle());
-    };
-    select({"1001"});
-    workbench->accept(selected());
-    EXPECT_EQ(requests(), Lines{});
-    EXPECT_TRUE(workbench->changes().selected("1003"));
-
-    list("1001", "339");
-    select({"1001"});
-    host.takeSaid();
-    workbench->reject(selected(), [&] {
-        workbench->handlePublished(publication("accepted", "1001").handle());
-        return "no";
-    });
-    EXPECT_EQ(requests(), Lines{});
-}
-
-TEST_F(EditedLimits, SelectingAnotherChangeEmptiesDetailsUnlessTheyHoldEdits) {
-    select({"1001", "1003"});
-    EXPECT_FALSE(view.caption.dimmed);
-    select({"1001"});
-    EXPECT_TRUE(view.caption.dimmed);
-    EXPECT_EQ(view.caption.title,
-              "Maker Checker Details: Dealer - DLR101, RMS Limits, 1003 - not selected, 1 unsent");
-    select({"1003"});
-    EXPECT_FALSE(view.caption.dimmed);
-    EXPECT_EQ(view.events, Lines{});
-
-    select({"1001"});
-    EXPECT_EQ(update(), "1700.00");
-    EXPECT_EQ(view.events, (Lines{"edits sent", "empty details"}));
-    EXPECT_EQ(view.caption.title, "Maker Checker Details");
-
-    select({"1003"});
-    take("open 1003");
-    take("answer limits 1003");
-    view.events.clear();
-    select({"1001", "1003"});
-    select({});
-    EXPECT_EQ(view.events, Lines{});
-    select({"1001"});
-    EXPECT_EQ(view.events, Lines{"empty details"});
-}
-
-TEST_F(EditedLimits, StayInTheRowsOfALaterAnswer) {
-    take("answer limits 1003");
-    EXPECT_EQ(row().value, "1700.00");
-    EXPECT_EQ(row().received, "1500.00");
-    EXPECT_TRUE(row().edited);
-    EXPECT_FALSE(row().overOlder);
-
-    for (const char* step : {"again 1003", "new answer limits 1003"}) take(step);
-    EXPECT_EQ(row().value, "1700.00");
-    EXPECT_EQ(row().received, "1600.00");
-    EXPECT_TRUE(row().overOlder);
-
-    take("again 1003");
-    answer("om_get_auth_limits_details", {{MNM_ACCOUNT_ID, "C1"}, {64164, "5"}});
-    EXPECT_EQ(row().value, "1700.00") << "what an update sends is always visible";
-    EXPECT_EQ(row().caption, "Cash Margin");
-
-    for (const char* step : {"again 1003", "error limits 1003"}) take(step);
-    EXPECT_EQ(view.events.back(), "rows") << "an error takes no edits away";
-    EXPECT_EQ(update(), "1700.00");
-}
-
-TEST_F(EditedLimits, AreSpelledReplacedSentAndForgotten) {
-    EXPECT_EQ(workbench->valueEdited(0, "1"), std::nullopt) << "a row without a field";
-    // Choices are no numbers; the last edit of a field counts; what left is gone.
-    EXPECT_EQ(workbench->choiceMade(64037, "D"), "D");
-    EXPECT_EQ(workbench->valueEdited(64031, "1e999"), std::nullopt);
-    workbench->valueEdited(64031, "12.345");
-    host.control().works = false;
-    workbench->update();
-    EXPECT_EQ(view.events, Lines{}) << "a failed update leaves the edits";
-    host.control().works = true;
-    workbench->update();
-    EXPECT_EQ(host.control().sent.back(), (SentMessage{{0, "om_authenticate_functionality"},
-                                                       {54294, "CHECK01"},
-                                                       {51803, "1003"},
-                                                       {63713, "360"},
-                                                       {10303, "accepted"},
-                                                       {64031, "12.35"},
-                                                       {64037, "no"}}));
-    EXPECT_EQ(view.events, Lines{"edits sent"});
-    EXPECT_EQ(update(), "");
-    take("again 1003");
-    take("answer limits 1003");
-    EXPECT_FALSE(row().edited);
-
-    workbench->valueEdited(64031, "3");
-    workbench->handlePublished(publication("rejected", "1003").handle());
-    EXPECT_EQ(update(), "");
-    EXPECT_EQ(workbench->valueEdited(64031, "1"), std::nullopt) << "no details are visible";
 }
 
 TEST_F(WorkbenchTest, TheOutcomeOfTheChangeOnShowEmptiesTheDetails) {

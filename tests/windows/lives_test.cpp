@@ -1,9 +1,12 @@
 // The plug-in, its frame or its library go while a message box, a menu or a dialog of it is open.
 #include <gtest/gtest.h>
 
+#include "listctrl/filter_list_ctrl.h"
+#include "listctrl/model/line_groups.h"
 #include "listctrl/model/list_commands.h"
 #include "res/resource_ids.h"
 #include "sdk/host_services.h"
+#include "settings/settings_store.h"
 #include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
@@ -254,6 +257,28 @@ TEST(Lives, ThePluginEndsInsideAServiceThatItCalled) {
         EXPECT_EQ(host().log.size(), host().sent.size());
         expectWorking(open);
     }
+}
+
+struct Services final : ListServices {
+    bool mayExport() override { return false; }
+    CSettingsStore& settings() override { return settingsStore(); }
+    void showMessage(const std::string&) override {}
+    HIMAGELIST glyphs() override { return nullptr; }
+};
+
+TEST(Lives, AListTakesBackWhatItGaveItsStore) {
+    const MainFrame frame;
+    Services services;
+    RecordStore rows;
+    {
+        CFilterListCtrl list(services, rows);
+        ASSERT_TRUE(list.create(frame.handle(), 1, "A list", "A list"));
+        list.setColumns(kDetailColumns, [](const void*, int) { return "text"; });
+        rows.insertItem(0, &rows);
+        EXPECT_EQ(rows.cellText(0, 0), "text");
+    }
+    EXPECT_EQ(rows.cellText(0, 0), "no data descriptor initialised");
+    rows.refresh(rows.slotAt(0));
 }
 
 // ---- Whose a box is ----

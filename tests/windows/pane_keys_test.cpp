@@ -94,6 +94,14 @@ TEST_F(PaneKeys, ADecisionNeedsItsOwnButton) {
         {"Space held on Accept",
          [] { SetFocus(button("Accept")), hand::hold(VK_SPACE, 5); },
          {"accepted 1"}},
+        {"a space held since before",
+         [] {
+             SetFocus(button("Accept"));
+             PostMessageA(button("Accept"), WM_KEYDOWN, VK_SPACE, 0x40000001);
+             PostMessageA(button("Accept"), WM_KEYUP, VK_SPACE, static_cast<LPARAM>(0xC0000001));
+             pump();
+         },
+         {}},
         {"Space in the list", [] { hand::key(VK_SPACE); }, {}},
         {"an arrow from Recover, Enter",
          [] {
