@@ -207,20 +207,6 @@ std::optional<POINT> Actor::inEditor(const Sight& sight) {
     return inWindow(sight.editor);
 }
 
-// An empty list is soon dull: the filters that empty it go, one by one.
-std::optional<Act> Actor::emptyBoxAct(const Sight& sight) {
-    for (const Box& box : sight.main.boxes)
-        if (!box.text.empty() && !box.dropped)
-            return Act{.name = "click into box " + box.column + " and Esc",
-                       .run =
-                           [at = hand::middle(box.window)] {
-                               hand::click(POINT{at.x - 4, at.y});
-                               hand::key(VK_ESCAPE);
-                           },
-                       .key = VK_ESCAPE};
-    return std::nullopt;
-}
-
 std::optional<POINT> Actor::anywhere(const Sight& sight) {
     return inWindow(sight.pane);
 }
@@ -301,15 +287,7 @@ Act Actor::typeAct(const Sight& sight) {
             .key = 'A'};
 }
 
-Act Actor::serverAct(const Sight&) {
-    static constexpr struct {
-        std::string (Server::*act)();
-        int weight;
-    } moves[] = {{&Server::publishNew, 30},
-                 {&Server::publishAgain, 12},
-                 {&Server::publishOutcome, 22},
-                 {&Server::answerSomething, 60}};
-    const auto move = m_dice.weighted(moves).act;
+Act Actor::serverActOf(std::string (Server::*move)()) {
     Act act{.name = "server:", .run = {}, .byHand = false};
     if (m_dice.chance(4)) {
         act.name = "server, and nothing can be sent until the next action:";
@@ -320,6 +298,17 @@ Act Actor::serverAct(const Sight&) {
         pump();
     };
     return act;
+}
+
+Act Actor::serverAct(const Sight&) {
+    static constexpr struct {
+        std::string (Server::*act)();
+        int weight;
+    } moves[] = {{&Server::publishNew, 30},
+                 {&Server::publishAgain, 12},
+                 {&Server::publishOutcome, 22},
+                 {&Server::answerSomething, 20}};
+    return serverActOf(m_dice.weighted(moves).act);
 }
 
 Act Actor::pauseAct(const Sight&) {
@@ -336,21 +325,108 @@ Act Actor::hotKeyAct(const Sight&) {
             .byHand = false};
 }
 
+// ---- Habits: without them a blind hand would rarely get to a value that can be edited ----
+
+struct Actor::Habit {
+    bool (*when)(const Actor&, const Sight&);
+    int percent;
+    std::optional<Act> (Actor::*make)(const Sight&);
+};
+
+std::optional<Act> Actor::answerAct(const Sight&) {
+    return serverActOf(&Server::answerSomething);
+}
+
+// A double-click on a row, of limits if there is one in sight.
+std::optional<Act> Actor::openAct(const Sight& sight) {
+    std::optional<POINT> at;
+    for (int tries = 0; tries < 5; ++tries) {
+        at = inRow(sight.main);
+        LVHITTESTINFO hit{};
+        if (!at || WindowFromPoint(*at) != sight.main.window) return std::nullopt;
+        hit.pt = *at;
+        ScreenToClient(sight.main.window, &hit.pt);
+        const auto row =
+            SendMessageA(sight.main.window, LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+        const auto change = m_server.pending().find(sight.main.cell(static_cast<int>(row), "Key"));
+        if (change != m_server.pending().end() && change->second.code == "360") break;
+    }
+    return Act{.name = "double-click " + words(*at),
+               .run = [at = *at] { hand::doubleClick(at); },
+               .press = kOpenSelected};
+}
+
+std::optional<Act> Actor::editAct(const Sight& sight) {
+    const int row = m_dice.below(static_cast<int>(sight.details.rows.size()));
+    const int column = sight.details.column("Value");
+    if (column < 0) return std::nullopt;
+    const POINT at = hand::cell(sight.details.window, row, column);
+    if (WindowFromPoint(at) != sight.details.window) return std::nullopt;
+    return Act{.name = "double-click the value of " + sight.details.cell(row, "Field"),
+               .run = [at] { hand::doubleClick(at); }};
+}
+
+std::optional<Act> Actor::valueAct(const Sight&) {
+    static constexpr const char* values[] = {"77.5", "5", "12a", "640", "e", "d", "0.5"};
+    const char* text = m_dice.oneOf(values);
+    return Act{.name = "type the value " + std::string(text),
+               .run = [text] { hand::type(text); },
+               .key = 'A'};
+}
+
+std::optional<Act> Actor::updateAct(const Sight& sight) {
+    const HWND update = FindWindowExA(sight.pane, nullptr, "Button", "Update");
+    if (WindowFromPoint(hand::middle(update)) != update) return std::nullopt;
+    Act act{.name = "click Update",
+            .run = [at = hand::middle(update)] { hand::click(at); },
+            .press = buttonOf(sight.pane, update)};
+    act.certain = !act.press.empty() && GetCapture() == nullptr;
+    return act;
+}
+
+// An empty list is soon dull: the filters that empty it go, one by one.
+std::optional<Act> Actor::emptyBoxAct(const Sight& sight) {
+    for (const Box& box : sight.main.boxes)
+        if (!box.text.empty() && !box.dropped)
+            return Act{.name = "click into box " + box.column + " and Esc",
+                       .run =
+                           [at = hand::middle(box.window)] {
+                               hand::click(POINT{at.x - 4, at.y});
+                               hand::key(VK_ESCAPE);
+                           },
+                       .key = VK_ESCAPE};
+    return std::nullopt;
+}
+
 Act Actor::next(const Sight& sight) {
+    static constexpr Habit habits[] = {
+        {[](const Actor& self, const Sight&) { return self.m_server.owesAnswer(); }, 30,
+         &Actor::answerAct},
+        {[](const Actor&, const Sight& seen) { return seen.editor != nullptr; }, 25,
+         &Actor::valueAct},
+        {[](const Actor&, const Sight& seen) { return !seen.tag.empty(); }, 15, &Actor::editAct},
+        {[](const Actor&, const Sight& seen) { return !seen.tag.empty(); }, 3, &Actor::updateAct},
+        {[](const Actor&, const Sight& seen) { return seen.details.rows.empty(); }, 12,
+         &Actor::openAct},
+        {[](const Actor& self, const Sight& seen) {
+             return seen.main.rows.size() * 3 < self.m_server.pending().size();
+         },
+         15, &Actor::emptyBoxAct},
+    };
     static constexpr struct {
         Act (Actor::*make)(const Sight&);
         int weight;
-    } kinds[] = {{&Actor::mouseAct, 400},  {&Actor::keyAct, 340}, {&Actor::typeAct, 70},
-                 {&Actor::serverAct, 170}, {&Actor::pauseAct, 4}, {&Actor::hotKeyAct, 10}};
+    } kinds[] = {{&Actor::mouseAct, 400},  {&Actor::keyAct, 340}, {&Actor::typeAct, 60},
+                 {&Actor::serverAct, 110}, {&Actor::pauseAct, 4}, {&Actor::hotKeyAct, 10}};
     m_loopSteps = 0;
     if (!inThisThread(GetForegroundWindow())) SetForegroundWindow(GetAncestor(sight.pane, GA_ROOT));
     if (IsWindowVisible(sight.pane) == 0) return hotKeyAct(sight);
     const RECT seen = visiblePart(sight.pane);
     if (seen.right - seen.left < 100 || seen.bottom - seen.top < 100)
         SetWindowPos(GetAncestor(sight.pane, GA_ROOT), nullptr, 100, 100, 700, 600, SWP_NOZORDER);
-    const bool dull = sight.main.rows.size() * 3 < m_server.pending().size();
-    if (dull && m_dice.chance(15))
-        if (const auto act = emptyBoxAct(sight)) return *act;
+    for (const Habit& habit : habits)
+        if (habit.when(*this, sight) && m_dice.chance(habit.percent))
+            if (const auto act = (this->*habit.make)(sight)) return *act;
     if (!sight.keysReachPane() && m_dice.chance(40)) return hotKeyAct(sight);
     return (this->*m_dice.weighted(kinds).make)(sight);
 }

@@ -43,12 +43,19 @@ public:
 private:
     struct Target;
     struct LoopMove;
+    struct Habit;
     Act keyAct(const Sight& sight);
     Act typeAct(const Sight& sight);
     Act mouseAct(const Sight& sight);
     Act serverAct(const Sight& sight);
     Act pauseAct(const Sight& sight);
     Act hotKeyAct(const Sight& sight);
+    Act serverActOf(std::string (Server::*move)());
+    std::optional<Act> answerAct(const Sight& sight);
+    std::optional<Act> openAct(const Sight& sight);
+    std::optional<Act> editAct(const Sight& sight);
+    std::optional<Act> valueAct(const Sight& sight);
+    std::optional<Act> updateAct(const Sight& sight);
     std::optional<Act> emptyBoxAct(const Sight& sight);
 
     std::optional<POINT> inButton(const Sight& sight);

@@ -30,11 +30,7 @@ protected:
         checks.before(story.before);
         remember(std::to_string(number) + " " + story.act.name);
         watch.begin("seed " + std::to_string(seed) + ", " + last.back());
-        hand::duringEach(story.act.run, [&] {
-            story.looped = true;
-            watch.listen();
-            actor.answerLoop();
-        });
+        perform(story);
         story.sends = story.sends && host().sends;
         if (story.act.byHand) host().sends = true;
         remember(actor.takeLoopWords(), true);
@@ -42,19 +38,42 @@ protected:
         if (!press.empty()) story.act.press = press;
         story.after = seen = look(seen);
         story.sent = host().sent;
-        if (loud) say();
-        for (const Fields& request : story.sent) server.noteRequest(request);
+        if (loud) say(story);
+        for (const Fields& request : story.sent) server.noteRequest(request, story.before.tag);
         story.saidYes = watch.saidYes();
         story.excepted = watch.excepted();
         story.news = server.takeNews();
+        // An answer whose tag is folded away may have taken the place of the last one.
+        if (!seen.tagVisible && !story.news.answered.empty()) story.after.tag = seen.tag = "";
         for (const std::string& complaint : checks.after(story)) ADD_FAILURE() << complaint;
     }
 
-    void say() const {
+    void perform(Story& story) {
+        hand::duringEach(
+            [&] {
+                story.act.run();
+                // An editor that lost the focus tells soon what is wrong with its text.
+                hand::waitUntil([&] { return !editorIsLeft(story.before); });
+            },
+            [&] {
+                story.looped = true;
+                watch.listen();
+                actor.answerLoop();
+            });
+    }
+
+    void say(const Story& story) const {
+        std::printf("    focus %s '%s', %zu rows, %zu selected, details '%s'%s\n",
+                    classOf(seen.focus).c_str(), textOf(seen.focus).c_str(), seen.main.rows.size(),
+                    seen.main.selected.size(), seen.strip.c_str(),
+                    seen.editor != nullptr ? ", editor" : "");
         for (const Box& box : seen.main.boxes)
-            std::printf(" %s='%s'%s%s", box.column.c_str(), box.text.c_str(),
-                        box.dropped ? "v" : "", box.focused ? "*" : "");
-        std::printf(" rows %zu\n", seen.main.rows.size());
+            if (!box.text.empty())
+                std::printf("    box %s '%s'%s\n", box.column.c_str(), box.text.c_str(),
+                            box.dropped ? " open" : "");
+        for (const Fields& request : story.sent)
+            std::printf("    sent %s %s\n", sentField(request, 0).c_str(),
+                        sentField(request, 51803).c_str());
     }
 
     void remember(const std::string& words, bool more = false) {

@@ -63,11 +63,6 @@ const char* pressOf(Kind kind) {
     }
 }
 
-// Whether the change of the details was named to the checker by the strip.
-bool names(const std::string& strip, const std::string& key) {
-    return strip.find(", " + key) != std::string::npos;
-}
-
 }  // namespace
 
 std::vector<std::string> Checks::after(const Story& story) {
@@ -130,7 +125,7 @@ std::string Checks::decisions(const Story& story) {
 }
 
 Texts Checks::editsOf(const Sight& sight) const {
-    const Server::Answer* received = m_server.answerOf(sight.tag());
+    const Server::Answer* received = m_server.answerOf(sight.tag);
     return received != nullptr ? sight.editsOver(received->values) : Texts{};
 }
 
@@ -141,20 +136,15 @@ std::string Checks::updates(const Story& story) {
         const std::string key = sentField(request, 51803);
         if (!names(story.before.strip, key))
             return "an update for " + key + " below '" + story.before.strip + "'";
-        Texts sent;
-        for (const Limit& limit : kLimits) {
-            std::string value = sentField(request, limit.field);
-            if (limit.is == Limit::choice && value != "<absent>")
-                value = value == "yes" ? "E" : "D";
-            if (value != "<absent>") sent[limit.caption] = value;
-        }
-        // What an open editor held is taken before the press, and is seen in the list after it.
-        for (const auto& [field, value] : editsOf(story.after))
-            if (story.after.tag() == story.before.tag() && sent[field] != value)
-                return field + " shows " + value + " and was sent as '" + sent[field] + "'";
-        for (const auto& [field, value] : editsOf(story.before))
-            if (sent[field] != value && field != story.before.editedField)
-                return field + " showed " + value + " and was sent as '" + sent[field] + "'";
+        if (story.after.tag != story.before.tag) continue;
+        for (const auto& [field, value] : limitsIn(request))
+            for (int row = 0; row < static_cast<int>(story.after.details.rows.size()); ++row)
+                if (story.after.details.cell(row, "Field") == field &&
+                    story.after.details.cell(row, "Value") != value)
+                    return field + " shows " + story.after.details.cell(row, "Value") +
+                           " and was sent as " + value;
+        const Texts unsent = editsOf(story.after);
+        if (!unsent.empty()) return "an update left out " + joined(unsent);
     }
     return "";
 }
@@ -191,7 +181,7 @@ std::string Checks::opened(const Story& story) {
 // unless they hold edits.
 std::string Checks::owner(const Story& story) {
     const Sight& now = story.after;
-    const Server::Answer* received = m_server.answerOf(now.tag());
+    const Server::Answer* received = m_server.answerOf(now.tag);
     if (received == nullptr) return "";
     if (!names(now.strip, received->key))
         return "details of " + received->key + " below '" + now.strip + "'";
@@ -209,15 +199,14 @@ std::string Checks::owner(const Story& story) {
 // No edit goes without a Yes, an update or its change's end.
 std::string Checks::edits(const Story& story) {
     const Texts before = editsOf(story.before), now = editsOf(story.after);
-    const Server::Answer* received = m_server.answerOf(story.before.tag());
+    const Server::Answer* received = m_server.answerOf(story.before.tag);
     if (before.empty() || story.saidYes || story.news.ended.contains(received->key) ||
         !keysOf(story, Kind::update).empty())
         return "";
-    const Server::Answer* shown = m_server.answerOf(story.after.tag());
-    const std::string whose = shown != nullptr ? shown->key : "none";
-    if (whose != received->key)
-        return "edits of " + received->key + " went: " + joined(before) + "; now details of " +
-               whose;
+    if (!names(story.after.strip, received->key))
+        return "edits of " + received->key + " went: " + joined(before) + "; now '" +
+               story.after.strip + "'";
+    if (story.after.tag.empty()) return "";
     for (const auto& [field, value] : before)
         if (!now.contains(field) && field != "GroupWise Validation")
             return "the edit " + field + "=" + value + " of " + received->key + " went";

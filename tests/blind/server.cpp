@@ -104,8 +104,23 @@ std::string Server::publishOutcome() {
     return std::string(status) + " " + key;
 }
 
-void Server::noteRequest(const Fields& request) {
+Texts limitsIn(const Fields& request) {
+    Texts values;
+    for (const Limit& limit : kLimits) {
+        const std::string value = sentField(request, limit.field);
+        if (value == "<absent>") continue;
+        values[limit.caption] = limit.is != Limit::choice ? value : (value == "yes" ? "E" : "D");
+    }
+    return values;
+}
+
+// What an update sent is no edit any more.
+void Server::noteRequest(const Fields& request, const std::string& tag) {
     const std::string name = sentField(request, 0);
+    const auto answer = m_answers.find(tag);
+    if (answer != m_answers.end())
+        for (const auto& [caption, value] : limitsIn(request))
+            answer->second.values[caption] = value;
     if (!name.starts_with("om_get_auth_")) return;
     m_unanswered.push_back({name, sentField(request, 51803)});
     m_all.push_back(m_unanswered.back());

@@ -36,7 +36,9 @@ public:
     std::string publishOutcome();
     std::string answerSomething();
 
-    void noteRequest(const Fields& request);
+    bool owesAnswer() const { return !m_unanswered.empty(); }
+    // A request left, while details with this tag were visible.
+    void noteRequest(const Fields& request, const std::string& tag);
 
     // What was published or answered since the last call.
     struct News {
@@ -78,5 +80,8 @@ struct Limit {
     enum { amount, count, choice } is;
 };
 extern const std::vector<Limit> kLimits;
+
+// The values of limits that a request carries, as the list shows them.
+Texts limitsIn(const Fields& request);
 
 }  // namespace blind

@@ -72,7 +72,30 @@ ListSight lookAt(HWND list, HWND focus, std::initializer_list<const char*> colum
     return sight;
 }
 
+// A tag that is folded away or filtered stays that of the details of its change.
+void findTag(Sight& now, const Sight& last) {
+    for (int row = 0; row < static_cast<int>(now.details.rows.size()); ++row) {
+        const std::string value = now.details.cell(row, "Value");
+        if (!value.starts_with("K") || value.find('/') == std::string::npos) continue;
+        now.tag = value;
+        now.tagVisible = true;
+    }
+    if (!now.tagVisible && !last.tag.empty() && !now.details.rows.empty() &&
+        names(now.strip, last.tag.substr(1, last.tag.find('/') - 1)))
+        now.tag = last.tag;
+}
+
 }  // namespace
+
+bool editorIsLeft(const Sight& last) {
+    const HWND editor =
+        FindWindowExA(last.details.window, nullptr, "MakerChecker.CellEditor", nullptr);
+    return editor != nullptr && IsWindowVisible(editor) != 0 && IsChild(editor, GetFocus()) == 0;
+}
+
+bool names(const std::string& strip, const std::string& key) {
+    return strip.find(", " + key) != std::string::npos;
+}
 
 std::string classOf(HWND window) {
     char name[64]{};
@@ -133,14 +156,6 @@ std::string Sight::focusedKey() const {
     return main.cell(main.focused, "Key");
 }
 
-std::string Sight::tag() const {
-    for (int row = 0; row < static_cast<int>(details.rows.size()); ++row) {
-        const std::string value = details.cell(row, "Value");
-        if (value.starts_with("K") && value.find('/') != std::string::npos) return value;
-    }
-    return "";
-}
-
 Texts Sight::editsOver(const Texts& received) const {
     Texts edits;
     for (int row = 0; row < static_cast<int>(details.rows.size()); ++row) {
@@ -162,6 +177,7 @@ Sight look(const Sight& last) {
     sight.details = lookAt(same ? last.details.window : descendant(sight.pane, WC_LISTVIEWA, 4001),
                            sight.focus, {"Field", "Value"});
     sight.strip = stripText(sight.details.window);
+    findTag(sight, last);
     sight.editor = FindWindowExA(sight.details.window, nullptr, "MakerChecker.CellEditor", nullptr);
     if (sight.editor != nullptr && IsWindowVisible(sight.editor) != 0) {
         GetWindowRect(sight.editor, &sight.editorPlace);

@@ -41,7 +41,8 @@ struct Sight {
     std::vector<std::string> selectedKeys() const;
     std::string focusedKey() const;
     bool keysReachPane() const { return pane == focus || IsChild(pane, focus) != 0; }
-    std::string tag() const;                       // that the answer on show carries; empty: none
+    std::string tag;          // of the visible answer; empty: none, or not known
+    bool tagVisible = false;  // else folded away, and remembered
     Texts editsOver(const Texts& received) const;  // values that differ, by caption
 };
 // Windows that `last` saw and that still exist are not searched again.
@@ -49,6 +50,12 @@ Sight look(const Sight& last);
 
 std::string classOf(HWND window);
 std::string textOf(HWND window);
+
+// Whether an editor is open that has not the focus.
+bool editorIsLeft(const Sight& last);
+
+// Whether the strip names this change.
+bool names(const std::string& strip, const std::string& key);
 
 // The strip over the details; empty when it names no change.
 std::string stripText(HWND detailsList);

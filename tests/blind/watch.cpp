@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "tests/blind/sight.h"
+#include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
 namespace blind {
@@ -57,14 +58,14 @@ void Watch::begin(const std::string& action, int seconds) {
 void Watch::letTimersExpire() {
     m_timersMayExpire = true;
     const ULONGLONG end = GetTickCount64() + 450;
-    pumpUntil([end] { return GetTickCount64() >= end; });
+    hand::waitUntil([end] { return GetTickCount64() >= end; });
     m_timersMayExpire = false;
 }
 
 LRESULT CALLBACK Watch::onMessage(int code, WPARAM wParam, LPARAM lParam) {
     auto& message = *reinterpret_cast<MSG*>(lParam);
     if (code == HC_ACTION && message.message == WM_TIMER && message.hwnd != nullptr &&
-        !s_current->m_timersMayExpire)
+        !s_current->m_timersMayExpire && classOf(message.hwnd) != "MakerChecker.CellEditor")
         message.message = WM_NULL;
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }

@@ -18,7 +18,7 @@ public:
     Watch& operator=(const Watch&) = delete;
 
     // Timers of windows stay silent, or the filter's pause would end whenever the machine is slow
-    // enough. This lets one of each expire.
+    // enough; but for those of editors, which are waited for. This lets one of each expire.
     void letTimersExpire();
 
     // Listens to what is sent, until the next begin(). It is slow.

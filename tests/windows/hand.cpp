@@ -117,15 +117,16 @@ bool strokeIsDue() {
     return !theStrokes.empty() && !theStrokes.front().inLoop;
 }
 
-void run() {
+// Performs what is queued, and goes on until `enough` holds when the queue is empty.
+void run(const std::function<bool()>& enough) {
     theHandIsBusy = true;
     theLastStroke = GetTickCount64();
     const UINT_PTR timer = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, onTimer);
-    emptyQueue(timer);
-    while (strokeIsDue()) {
-        performNext();
-        emptyQueue(timer);
-    }
+    for (emptyQueue(timer); strokeIsDue() || !enough(); emptyQueue(timer))
+        if (strokeIsDue())
+            performNext();
+        else
+            MsgWaitForMultipleObjects(0, nullptr, FALSE, USER_TIMER_MINIMUM, QS_ALLINPUT);
     KillTimer(nullptr, timer);
     theHandIsBusy = false;
 }
@@ -134,7 +135,7 @@ void queue(std::vector<Step> steps) {
     for (Step& step : steps)
         theStrokes.insert(theStrokes.begin() + static_cast<std::ptrdiff_t>(theFront++),
                           Stroke{std::move(step)});
-    if (!theHandIsBusy) run();
+    if (!theHandIsBusy) run([] { return true; });
 }
 
 struct ButtonFlags {
@@ -281,6 +282,12 @@ void duringEach(const Step& act, const Step& each) {
     theGuest = each;
     act();
     theGuest = nullptr;
+}
+
+bool waitUntil(const std::function<bool()>& condition) {
+    const ULONGLONG end = GetTickCount64() + 2000;
+    run([&] { return condition() || GetTickCount64() > end; });
+    return condition();
 }
 
 void letGo() {

@@ -54,6 +54,9 @@ void during(const Step& act, std::vector<Step> steps);
 // the loop some time.
 void duringEach(const Step& act, const Step& each);
 
+// Handles messages until `condition` holds; false when it does not within two seconds.
+bool waitUntil(const std::function<bool()>& condition);
+
 // The points that are used above.
 POINT middle(HWND window);
 POINT cell(HWND list, int row, int column = 0);
