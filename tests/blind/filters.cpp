@@ -70,13 +70,13 @@ void Filters::follow(Column& column, const Act& act, bool looped, const Box& box
         if (column.typing)
             std::erase_if(column.possible, [&](auto& f) { return f.text != box.text; });
         column.typing = false;
-    } else if (closed && (act.key == VK_RETURN || act.inDropList)) {
+    } else if (closed && !looped && (act.key == VK_RETURN || act.inDropList)) {
         if (act.inDropList && !changed) return;  // a click beside the entries
         column.possible = {chosen};
         // With nothing chosen in the list the typed text applies.
         if (act.key == VK_RETURN) column.possible.insert(pattern);
         column.typing = false;
-    } else if (closed) {  // by another key: some of them take the choice
+    } else if (closed) {  // by another key, some of which take the choice, or by a dialog
         column.possible.insert({pattern, chosen});
         column.typing = true;
     } else if (act.key == VK_RETURN && hadFocus && !box.dropped) {
