@@ -13,6 +13,8 @@
 #include "details/model/exchanges.h"
 #include "link/model/mnemonics.h"
 
+using namespace mc;
+
 namespace {
 
 struct PlainRow {

@@ -12,8 +12,10 @@
 #include <string>
 #include <vector>
 
-#include "listctrl/model/expression.h"
+#include "listctrl/model/expression/expression.h"
 #include "tests/unit/literal_expression.h"
+
+using namespace mc;
 
 namespace {
 

@@ -13,7 +13,9 @@
 #include <unordered_set>
 
 #include "bench/list_peers.h"
-#include "listctrl/model/record_store.h"
+#include "listctrl/model/table/record_store.h"
+
+using namespace mc;
 
 #ifndef MC_WITH_QT
 std::unique_ptr<ListPeer> makeQtPeer(const Rows&) {

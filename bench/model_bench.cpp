@@ -14,7 +14,9 @@
 #include "bench/sides.h"
 #include "details/model/intake.h"
 #include "sdk/connectvosk.h"
-#include "workbench/model/pending_changes.h"
+#include "workbench/model/records/pending_changes.h"
+
+using namespace mc;
 
 namespace {
 

@@ -10,11 +10,13 @@
 #include <string>
 #include <vector>
 
+#include "details/multi_line_edit_list_ctrl.h"
 #include "frames/holder_frame.h"
 #include "framework/window.h"
 #include "listctrl/filter_list_ctrl.h"
-#include "listctrl/multi_line_edit_list_ctrl.h"
 #include "settings/settings_store.h"
+
+using namespace mc;
 
 namespace {
 

@@ -4,6 +4,7 @@
 
 #include "framework/handles.h"
 
+namespace mc {
 namespace {
 
 // Posted by an editor to itself, so that a message box opens after the change of focus that it
@@ -234,3 +235,5 @@ void CCellEditor::onCheckFocus() {
     else
         end(EditEnd::commit);
 }
+
+}  // namespace mc

@@ -19,6 +19,8 @@
 
 #include "framework/window.h"
 
+namespace mc {
+
 // Why an edit ends.
 enum class EditEnd {
     commit,    // Enter, or the focus went elsewhere
@@ -146,3 +148,5 @@ private:
     bool m_mustTell = false;  // of the refused text, even while the focus is here
     bool m_over = false;
 };
+
+}  // namespace mc

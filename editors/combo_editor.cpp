@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+namespace mc {
 namespace {
 
 // Posted by the editor to itself when a choice was taken from the dropped list: the control is
@@ -71,3 +72,5 @@ void CComboEditor::onComboCommand(UINT, UINT code) {
         SendMessageA(control(), CB_SETCURSEL, static_cast<WPARAM>(*m_beforeDrop), 0);
     m_beforeDrop.reset();
 }
+
+}  // namespace mc

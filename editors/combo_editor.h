@@ -5,6 +5,8 @@
 
 #include "editors/cell_editor.h"
 
+namespace mc {
+
 // The arrow keys and letters choose; F4 and Alt+Down drop the list down. What is taken from the
 // dropped list, by Enter or the mouse, ends the edit at once.
 class CComboEditor final : public CCellEditor {
@@ -31,3 +33,5 @@ private:
     std::vector<std::string> m_choices;
     std::optional<LRESULT> m_beforeDrop;  // the choice when the list dropped down; none else
 };
+
+}  // namespace mc

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+namespace mc {
 namespace {
 
 constexpr int kFrames = 6;  // of a picker above and below its text
@@ -107,3 +108,5 @@ bool CDateTimeEditor::owns(HWND window) const {
     return window != nullptr && shown != nullptr &&
            (window == shown || IsChild(shown, window) != 0);
 }
+
+}  // namespace mc

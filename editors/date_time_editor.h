@@ -4,6 +4,8 @@
 #include "editors/cell_editor.h"
 #include "editors/model/date_time_text.h"
 
+namespace mc {
+
 // Text goes in and out in the form of date_time_text.h. A text that is not of the form opens on
 // today; until the user changes the date, text() is what the editor was opened with.
 class CDateTimeEditor final : public CCellEditor {
@@ -31,3 +33,5 @@ private:
     std::string m_opened;
     bool m_changed = false;
 };
+
+}  // namespace mc

@@ -4,6 +4,7 @@
 
 #include "framework/handles.h"
 
+namespace mc {
 namespace {
 
 constexpr UINT_PTR kScrollTimer = 0xD4A6;
@@ -153,3 +154,5 @@ LRESULT CDragList::onPaint() {
     ReleaseDC(handle(), dc);
     return result;
 }
+
+}  // namespace mc

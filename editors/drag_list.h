@@ -12,6 +12,8 @@
 
 #include "framework/window.h"
 
+namespace mc {
+
 class DragListOwner {
 public:
     // The selected rows were dropped in front of this row; the number of rows: behind the last.
@@ -56,3 +58,5 @@ private:
     int m_y = 0;     // of the mouse
     int m_gap = -1;  // where the line is; -1: nowhere
 };
+
+}  // namespace mc

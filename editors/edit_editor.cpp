@@ -2,6 +2,7 @@
 
 #include "editors/model/typed_text.h"
 
+namespace mc {
 namespace {
 
 // The clipboard's text; empty when it has none.
@@ -78,3 +79,5 @@ bool CEditEditor::onPaste() {
     beep();
     return true;
 }
+
+}  // namespace mc

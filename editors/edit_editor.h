@@ -3,6 +3,8 @@
 
 #include "editors/cell_editor.h"
 
+namespace mc {
+
 class CEditEditor : public CCellEditor {
 public:
     // As much as a cell shows.
@@ -28,3 +30,5 @@ private:
 
     std::string m_allowed;
 };
+
+}  // namespace mc

@@ -2,6 +2,8 @@
 
 #include "editors/model/number_input.h"
 
+namespace mc {
+
 std::string CPriceEditor::text() const {
     return std::string(trimmed(CEditEditor::text()));
 }
@@ -11,3 +13,5 @@ std::optional<std::string> CPriceEditor::refusal() const {
     if (!isNumber(typed)) return '"' + typed + "\" is not a number";
     return {};
 }
+
+}  // namespace mc

@@ -3,6 +3,8 @@
 
 #include "editors/edit_editor.h"
 
+namespace mc {
+
 // The allowed characters say what can be typed at all; whether it is a number is looked at when the
 // edit ends. The value changes by typing only: no key and no wheel counts it up or down.
 class CPriceEditor final : public CEditEditor {
@@ -15,3 +17,5 @@ public:
 protected:
     std::optional<std::string> refusal() const override;
 };
+
+}  // namespace mc

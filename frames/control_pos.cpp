@@ -5,6 +5,8 @@
 #include "frames/model/control_pos.h"
 #include "framework/window.h"
 
+namespace mc {
+
 void CControlPos::add(HWND control) {
     RECT place{};
     GetWindowRect(control, &place);
@@ -37,3 +39,5 @@ int CControlPos::arrange(int width) const {
     }
     return bottom;
 }
+
+}  // namespace mc

@@ -8,6 +8,8 @@
 
 #include "framework/model/dock_layout.h"
 
+namespace mc {
+
 class CControlPos {
 public:
     // Remembers where the control stands now: its own place. Controls are added from left to right.
@@ -24,3 +26,5 @@ private:
     };
     std::vector<Control> m_controls;
 };
+
+}  // namespace mc

@@ -4,6 +4,8 @@
 
 #include "framework/handles.h"
 
+namespace mc {
+
 void CFlatFrame::setPlace(const RECT& place, int strip) {
     m_place = place;
     m_strip = std::min(strip, static_cast<int>(place.bottom - place.top));
@@ -47,3 +49,5 @@ void CFlatFrame::draw(HDC dc, const std::string& title, bool active) const {
     const fw::SelectScope brush(dc, GetSysColorBrush(ink));
     Polygon(dc, arrow, 3);
 }
+
+}  // namespace mc

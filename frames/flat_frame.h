@@ -6,6 +6,8 @@
 
 #include <string>
 
+namespace mc {
+
 class CFlatFrame {
 public:
     // Room for the frame, in the holder's pixels; `strip` is the height of the title strip.
@@ -22,3 +24,5 @@ private:
     RECT m_place{};
     int m_strip = 0;
 };
+
+}  // namespace mc

@@ -5,6 +5,7 @@
 #include "framework/dialog.h"
 #include "framework/handles.h"
 
+namespace mc {
 namespace {
 
 enum : UINT { kAppearance = 1, kEvenOut };
@@ -209,3 +210,5 @@ void CVTHolderFrame::onPaint() {
         m_frames[i].draw(paint.dc(), m_views[i].title, focus == view || IsChild(view, focus) != 0);
     }
 }
+
+}  // namespace mc

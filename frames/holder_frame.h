@@ -16,6 +16,8 @@
 #include "framework/window.h"
 #include "settings/model/settings_store.h"
 
+namespace mc {
+
 struct HeldView {
     HWND window;
     std::string title;
@@ -74,3 +76,5 @@ private:
     std::vector<std::unique_ptr<CSplitterBar>> m_bars;
     SplitPanes m_split{1};
 };
+
+}  // namespace mc

@@ -4,6 +4,8 @@
 
 #include "framework/handles.h"
 
+namespace mc {
+
 bool CSplitterBar::create(HWND frame) {
     static const fw::WindowClass windowClass{
         "MakerChecker.SplitterBar", CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW, IDC_ARROW, COLOR_3DFACE};
@@ -93,3 +95,5 @@ void CSplitterBar::onPaint() {
                  GetSysColorBrush(focused ? COLOR_HIGHLIGHTTEXT : COLOR_3DSHADOW));
     }
 }
+
+}  // namespace mc

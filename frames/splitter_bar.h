@@ -8,6 +8,8 @@
 #include "frames/model/split_panes.h"
 #include "framework/window.h"
 
+namespace mc {
+
 // What the user did with a bar.
 struct SplitterEvents {
     std::function<void(int position)> movedTo;  // of its start, in the frame, along the direction
@@ -46,3 +48,5 @@ private:
     int m_grabbedAt = 0;  // within the bar
     int m_before = 0;     // start() when the drag began
 };
+
+}  // namespace mc

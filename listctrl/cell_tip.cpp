@@ -7,6 +7,7 @@
 
 #include "framework/window.h"
 
+namespace mc {
 namespace {
 
 constexpr std::size_t kLongestTip = 1000;
@@ -46,3 +47,5 @@ void CCellTip::hide() {
     tool.uId = 1;
     SendMessageA(m_tips, TTM_DELTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
 }
+
+}  // namespace mc

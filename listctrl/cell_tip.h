@@ -5,6 +5,8 @@
 
 #include <string_view>
 
+namespace mc {
+
 class CCellTip {
 public:
     CCellTip() = default;
@@ -24,3 +26,5 @@ private:
     HWND m_list = nullptr;
     bool m_shown = false;
 };
+
+}  // namespace mc

@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+namespace mc {
+
 void copyToClipboard(HWND owner, const std::string& text) {
     if (OpenClipboard(owner) == 0) return;
     EmptyClipboard();
@@ -13,3 +15,5 @@ void copyToClipboard(HWND owner, const std::string& text) {
     if (SetClipboardData(CF_TEXT, block) == nullptr) GlobalFree(block);
     CloseClipboard();
 }
+
+}  // namespace mc

@@ -4,6 +4,7 @@
 
 #include "settings/model/settings_store.h"
 
+namespace mc {
 namespace {
 
 // Every list of the process, for loading their profiles anew.
@@ -62,7 +63,7 @@ void CCommonListCtrl::readProfile() {
     std::string stored;
     if (m_services.settings().AccessColumnProfile(SETTING_READ, m_name, stored) != 0 &&
         !stored.empty())
-        m_columns.apply(::readProfile(stored));
+        m_columns.apply(mc::readProfile(stored));
 }
 
 bool CCommonListCtrl::saveColumnProfile() {
@@ -313,3 +314,5 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
     static constexpr fw::MessageMap map{nullptr, entries};
     return map;
 }
+
+}  // namespace mc

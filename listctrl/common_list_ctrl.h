@@ -30,18 +30,20 @@
 #include "framework/handles.h"
 #include "framework/window.h"
 #include "listctrl/cell_tip.h"
+#include "listctrl/dialogs/model/column_choice.h"
 #include "listctrl/header_tips.h"
 #include "listctrl/list_colors.h"
 #include "listctrl/list_messages.h"
 #include "listctrl/list_services.h"
-#include "listctrl/model/appearance.h"
-#include "listctrl/model/column_model.h"
-#include "listctrl/model/computed_columns.h"
+#include "listctrl/model/columns/appearance.h"
+#include "listctrl/model/columns/column_model.h"
+#include "listctrl/model/expression/computed_columns.h"
 #include "listctrl/model/list_commands.h"
-#include "listctrl/model/record_store.h"
-#include "listctrl/model/selection_rules.h"
-#include "listctrl/model/type_to_find.h"
-#include "settings/model/column_choice.h"
+#include "listctrl/model/table/record_store.h"
+#include "listctrl/model/table/selection_rules.h"
+#include "listctrl/model/table/type_to_find.h"
+
+namespace mc {
 
 // How a cell differs from the others of its row.
 struct CellLook {
@@ -303,3 +305,5 @@ private:
     std::optional<Appearance> m_appearance;   // once customised
     fw::Font m_font;                          // of the appearance
 };
+
+}  // namespace mc

@@ -8,6 +8,8 @@
 
 #include "sdk/excel.h"
 
+namespace mc {
+
 class CExcelInterface {
 public:
     // `rows` includes the header row.
@@ -44,3 +46,5 @@ private:
     decltype(&excel_destroy) m_destroy;
     void* m_workbook = nullptr;
 };
+
+}  // namespace mc

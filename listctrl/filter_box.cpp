@@ -4,6 +4,7 @@
 
 #include "framework/handles.h"
 
+namespace mc {
 namespace {
 
 // Posted by a box to itself when its list has dropped or closed. wParam, lParam and result are not
@@ -311,3 +312,5 @@ void CFilterBox::apply() {
     InvalidateRect(GetParent(handle()), nullptr, FALSE);
     m_owner.filterChanged();
 }
+
+}  // namespace mc

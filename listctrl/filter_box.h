@@ -12,6 +12,8 @@
 #include "framework/window.h"
 #include "listctrl/model/filter_box.h"
 
+namespace mc {
+
 // What the boxes ask of, and tell, the list that they belong to. An item is a shown column.
 class FilterHeaderOwner {
 public:
@@ -98,3 +100,5 @@ private:
     bool m_showing = false;  // the text is being set, not typed
     bool m_applies = false;  // once the control is through
 };
+
+}  // namespace mc

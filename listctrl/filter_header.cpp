@@ -5,11 +5,15 @@
 
 #include "listctrl/list_colors.h"
 
+namespace mc {
+
 namespace {
 
 constexpr UINT kFirstBoxId = 5000;
 
 }  // namespace
+
+}  // namespace mc
 
 namespace fw {
 template <>
@@ -20,6 +24,8 @@ struct Crack<HDM_LAYOUT> {  // (HDLAYOUT&)
     }
 };
 }  // namespace fw
+
+namespace mc {
 
 bool CFilterHeader::attach(HWND header, HFONT font, HIMAGELIST glyphs) {
     m_font = font;
@@ -168,3 +174,5 @@ void CFilterHeader::drawItem(HDC dc, int item) const {
               alignments[(shown.format & HDF_JUSTIFYMASK) % 3] | DT_SINGLELINE | DT_VCENTER |
                   DT_END_ELLIPSIS | DT_NOPREFIX);
 }
+
+}  // namespace mc

@@ -12,6 +12,8 @@
 #include "framework/window.h"
 #include "listctrl/filter_box.h"
 
+namespace mc {
+
 class CFilterHeader : public fw::CWindow {
 public:
     explicit CFilterHeader(FilterHeaderOwner& owner) : m_owner(owner) {}
@@ -66,3 +68,5 @@ private:
     int m_captionHeight = 0;
     int m_boxHeight = 0;
 };
+
+}  // namespace mc

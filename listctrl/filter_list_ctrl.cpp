@@ -1,5 +1,7 @@
 #include "listctrl/filter_list_ctrl.h"
 
+namespace mc {
+
 ListOffers CFilterListCtrl::offers() const {
     ListOffers offers = CCommonListCtrl::offers();
     offers.filters = true;
@@ -95,3 +97,5 @@ void CFilterListCtrl::filterChanged() {
 void CFilterListCtrl::boxFocusChanged() {
     notifyParent(IsChild(handle(), GetFocus()) != 0 ? NM_SETFOCUS : NM_KILLFOCUS, {}, {});
 }
+
+}  // namespace mc

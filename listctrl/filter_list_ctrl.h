@@ -7,6 +7,8 @@
 #include "listctrl/common_list_ctrl.h"
 #include "listctrl/filter_header.h"
 
+namespace mc {
+
 class CFilterListCtrl : public CCommonListCtrl, private FilterHeaderOwner {
 public:
     using CCommonListCtrl::CCommonListCtrl;
@@ -37,3 +39,5 @@ private:
     CFilterHeader m_header{*this};
     std::vector<ColumnId> m_boxColumns;  // the columns of the boxes, as they stand
 };
+
+}  // namespace mc

@@ -4,6 +4,8 @@
 
 #include "framework/window.h"
 
+namespace mc {
+
 CHeaderTips::~CHeaderTips() {
     if (m_tips != nullptr) DestroyWindow(m_tips);
 }
@@ -36,3 +38,5 @@ void CHeaderTips::follow(HWND header) {
         SendMessageA(m_tips, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
     }
 }
+
+}  // namespace mc

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+namespace mc {
+
 class CHeaderTips {
 public:
     CHeaderTips() = default;
@@ -18,3 +20,5 @@ private:
     HWND m_tips = nullptr;
     int m_tools = 0;
 };
+
+}  // namespace mc

@@ -7,6 +7,8 @@
 #include "listctrl/excel_interface.h"
 #include "listctrl/model/fit_columns.h"
 
+namespace mc {
+
 ListOffers CCommonListCtrl::offers() const {
     ListOffers offers = m_columnOffers;
     offers.exportAllowed = m_services.mayExport();
@@ -131,3 +133,5 @@ void CCommonListCtrl::exportCell(void* list, int row, int column, const char*& t
     text = self.m_exported.c_str();
     type = row == 0 ? static_cast<int>(info.type) : -1;
 }
+
+}  // namespace mc

@@ -1,7 +1,9 @@
 // The appearance of CCommonListCtrl: colours, font and keywords, asked for and stored.
 #include "framework/point_font.h"
 #include "listctrl/common_list_ctrl.h"
-#include "settings/customized_appearance.h"
+#include "listctrl/dialogs/customized_appearance.h"
+
+namespace mc {
 
 void CCommonListCtrl::setBackground(COLORREF color) {
     m_ownBackground = color;
@@ -32,7 +34,7 @@ void CCommonListCtrl::readAppearance() {
     std::string error;
     if (settings.AccessUserSetting(SETTING_READ, kCustomizeListsSection, appearanceKey(), stored,
                                    settings.GetUserSettingPath(), error) != 0)
-        m_appearance = ::readAppearance(stored);
+        m_appearance = mc::readAppearance(stored);
     showAppearance();
 }
 
@@ -94,3 +96,5 @@ void CCommonListCtrl::moveKeywords(ColumnId removed) {
     m_appearance->keywordColumn = moved;
     storeAppearance();
 }
+
+}  // namespace mc

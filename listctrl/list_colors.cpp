@@ -1,5 +1,7 @@
 #include "listctrl/list_colors.h"
 
+namespace mc {
+
 COLORREF mixed(COLORREF a, COLORREF b, int share) {
     const auto part = [share](int x, int y) { return (x * share + y * (255 - share)) / 255; };
     return RGB(part(GetRValue(a), GetRValue(b)), part(GetGValue(a), GetGValue(b)),
@@ -18,3 +20,5 @@ RowColors selectionColors(bool focused) {
     if (focused || highContrast()) return {highlight, GetSysColor(COLOR_HIGHLIGHTTEXT)};
     return {mixed(highlight, GetSysColor(COLOR_WINDOW), 80), GetSysColor(COLOR_WINDOWTEXT)};
 }
+
+}  // namespace mc

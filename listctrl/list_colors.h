@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+namespace mc {
+
 struct RowColors {
     COLORREF background;
     COLORREF text;
@@ -16,3 +18,5 @@ RowColors selectionColors(bool focused);
 COLORREF mixed(COLORREF a, COLORREF b, int share);
 
 bool highContrast();
+
+}  // namespace mc

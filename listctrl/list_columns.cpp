@@ -2,8 +2,10 @@
 //
 // Messages come in while a dialog is open, so that the window may be gone when it returns.
 #include "listctrl/common_list_ctrl.h"
-#include "settings/reposition_columns.h"
-#include "settings/user_defined_col.h"
+#include "listctrl/dialogs/reposition_columns.h"
+#include "listctrl/dialogs/user_defined_col.h"
+
+namespace mc {
 
 void CCommonListCtrl::offerColumns(bool defaultSort, bool userColumns) {
     m_columnOffers.reposition = true;
@@ -62,3 +64,5 @@ void CCommonListCtrl::columnRemoved(ColumnId removed) {
             id ? std::optional(DefaultSort{*id, m_defaultSort->ascending}) : std::nullopt;
     }
 }
+
+}  // namespace mc

@@ -7,6 +7,7 @@
 #include "listctrl/list_colors.h"
 #include "listctrl/model/empty_text.h"
 
+namespace mc {
 namespace {
 
 // No screen is wider than this many characters.
@@ -220,3 +221,5 @@ int CCommonListCtrl::dataWidth(int item) const {
         widest = std::max(widest, drawnWidth(row, item));
     return widest + 2 * scaled(6);
 }
+
+}  // namespace mc

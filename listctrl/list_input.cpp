@@ -3,6 +3,7 @@
 
 #include "listctrl/common_list_ctrl.h"
 
+namespace mc {
 namespace {
 
 Modifiers modifiersDown() {
@@ -239,3 +240,5 @@ LRESULT CCommonListCtrl::onFindItem(std::optional<std::size_t> start, const std:
 LRESULT CCommonListCtrl::onGetSelectedCount() {
     return static_cast<LRESULT>(m_store.selectedCount());
 }
+
+}  // namespace mc

@@ -9,6 +9,8 @@
 
 #include "settings/model/settings_store.h"
 
+namespace mc {
+
 // Implemented by plugin/ over the host's services. Thread: the user-interface thread.
 class ListServices {
 public:
@@ -27,3 +29,5 @@ public:
 protected:
     ~ListServices() = default;
 };
+
+}  // namespace mc

@@ -3,6 +3,8 @@
 #include "framework/window.h"
 #include "res/resource_ids.h"
 
+namespace mc {
+
 fw::ImageList makeGlyphs() {
     fw::ImageList images(ImageList_Create(9, 5, ILC_COLOR24 | ILC_MASK, 3, 0));
     COLORMAP greyText{RGB(128, 128, 128), GetSysColor(COLOR_GRAYTEXT)};
@@ -12,3 +14,5 @@ fw::ImageList makeGlyphs() {
     }
     return images;
 }
+
+}  // namespace mc

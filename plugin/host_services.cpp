@@ -6,6 +6,7 @@
 #include "framework/model/calls.h"
 #include "sdk/host_text.h"
 
+namespace mc {
 namespace {
 
 template <class Service>
@@ -86,3 +87,5 @@ void CHostServices::beep() {
 void CHostServices::showMessage(const std::string& text) {
     fw::showMessageBox(text);
 }
+
+}  // namespace mc

@@ -6,6 +6,8 @@
 #include "link/model/host.h"
 #include "plugin/tone.h"
 
+namespace mc {
+
 class CHostServices final : public Host {
 public:
     // Ask the host who is logged in and keep the answer. False when the host lacks the service.
@@ -44,3 +46,5 @@ private:
     PuAddToTabbedLog* m_tabbedLog = nullptr;
     Tone m_tone{playChangeTone};
 };
+
+}  // namespace mc

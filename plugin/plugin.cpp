@@ -15,6 +15,7 @@
 #include "sdk/plugin_exports.h"
 #include "workbench/maker_checker.h"
 
+namespace mc {
 namespace {
 
 // The plug-in's state, from the first entry point that needs it until ExitVoskPlugin. It has no
@@ -183,3 +184,5 @@ VOSK_EXPORT void HandlePublishMsg(void* message) {
 VOSK_EXPORT int ExitVoskPlugin() {
     return guarded([] { return shutDown(); });
 }
+
+}  // namespace mc

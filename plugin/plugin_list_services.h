@@ -7,6 +7,8 @@
 #include "sdk/host_services.h"
 #include "settings/settings_store.h"
 
+namespace mc {
+
 class CPluginListServices final : public ListServices {
 public:
     // Both must outlive the object.
@@ -22,3 +24,5 @@ private:
     CHostServices& m_host;
     fw::ImageList& m_glyphs;
 };
+
+}  // namespace mc

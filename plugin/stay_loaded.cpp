@@ -4,6 +4,7 @@
 
 #include "framework/window.h"
 
+namespace mc {
 namespace {
 
 // A courier is a window of the user-interface thread that runs no code of this library. That thread
@@ -40,3 +41,5 @@ std::shared_ptr<const void> stayLoaded() {
         return nullptr;
     return {library, letGo};
 }
+
+}  // namespace mc

@@ -2,6 +2,8 @@
 
 #include "framework/window.h"
 
+namespace mc {
+
 Tone::Tone(void (*play)()) : m_play(play) {
     TP_CALLBACK_ENVIRON environment;
     InitializeThreadpoolEnvironment(&environment);
@@ -28,3 +30,5 @@ void CALLBACK Tone::sound(PTP_CALLBACK_INSTANCE, void* tone, PTP_WORK) noexcept 
 void playChangeTone() {
     Beep(500, 100);
 }
+
+}  // namespace mc

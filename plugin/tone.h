@@ -5,6 +5,8 @@
 
 #include <atomic>
 
+namespace mc {
+
 // A request while the tone sounds is merged with it. The tone plays on a thread of the system's
 // pool, which keeps the module loaded meanwhile.
 class Tone {
@@ -29,3 +31,5 @@ private:
 
 // 500 Hz for 100 ms.
 void playChangeTone();
+
+}  // namespace mc

@@ -22,8 +22,8 @@ struct DockRectangle {
     int left, top, right, bottom;  // screen pixels
 };
 
-// A pane answers WM_GETMINMAXINFO: ptMinTrackSize is the least size at which it is of use. The frame
-// keeps to it while it has the room.
+// A pane answers WM_GETMINMAXINFO: ptMinTrackSize is the least size at which it is of use. The
+// frame keeps to it while it has the room.
 
 // What a pane asks. `structSize` is sizeof(DockRequest), so that the frame can tell a later form.
 struct DockRequest {

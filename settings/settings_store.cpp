@@ -4,6 +4,8 @@
 
 #include <shlobj.h>
 
+namespace mc {
+
 std::string CProfileFiles::applicationData() {
     char path[MAX_PATH]{};
     if (SHGetSpecialFolderPathA(nullptr, path, CSIDL_APPDATA, FALSE) == FALSE) return {};
@@ -43,3 +45,5 @@ CSettingsStore& settingsStore() {
     static CSettingsStore store(files);
     return store;
 }
+
+}  // namespace mc

@@ -5,6 +5,8 @@
 
 #include "settings/model/settings_store.h"
 
+namespace mc {
+
 // Private-profile files, and the user's roaming application data as the shell knows it.
 class CProfileFiles : public SettingsFiles {
 public:
@@ -28,3 +30,5 @@ private:
 
 // The plug-in's store.
 CSettingsStore& settingsStore();
+
+}  // namespace mc

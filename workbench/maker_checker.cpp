@@ -5,9 +5,10 @@
 
 #include "listctrl/list_colors.h"
 #include "res/resource_ids.h"
-#include "workbench/model/main_list.h"
+#include "workbench/model/records/main_list.h"
 #include "workbench/rejection_dialog.h"
 
+namespace mc {
 namespace {
 
 constexpr char kCaption[] = "Maker Checker";
@@ -346,3 +347,5 @@ void CMakerChecker::onShowFocused(NMHDR&) {
         if (const auto row = workbench.changes().rows().focusedRow()) showRow(workbench, *row);
     });
 }
+
+}  // namespace mc

@@ -8,14 +8,17 @@
 #include <memory>
 #include <optional>
 
+#include "details/edit_messages.h"
+#include "details/multi_line_edit_list_ctrl.h"
 #include "frames/control_pos.h"
 #include "frames/holder_frame.h"
 #include "frames/model/dialog_bar.h"
 #include "framework/pane_dialog.h"
 #include "link/model/host.h"
 #include "listctrl/filter_list_ctrl.h"
-#include "listctrl/multi_line_edit_list_ctrl.h"
 #include "workbench/model/workbench.h"
+
+namespace mc {
 
 class CMakerChecker final : public fw::CPaneDialog, private WorkbenchView {
 public:
@@ -93,3 +96,5 @@ private:
     bool m_heldInEditor = false;    // the last key was pressed in an editor of the details
     bool m_deciding = false;        // a button's work is under way, perhaps behind a message box
 };
+
+}  // namespace mc

@@ -3,6 +3,7 @@
 #include "framework/dialog.h"
 #include "res/resource_ids.h"
 
+namespace mc {
 namespace {
 
 class CDisplayTextDlg final : public fw::CDialog {
@@ -37,3 +38,5 @@ private:
 std::string askRejectionReason() {
     return CDisplayTextDlg().ask();
 }
+
+}  // namespace mc

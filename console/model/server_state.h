@@ -4,8 +4,8 @@
 //   1002 rejected by RISKADM2: Open positions
 //   1003 pending 64031=1500.00 64035=9000000.00
 //
-// One line for each change that was ever asked for: the decided ones in the order in which they were
-// decided, then the pending ones as they came, with their new values by field id. A value that
+// One line for each change that was ever asked for: the decided ones in the order in which they
+// were decided, then the pending ones as they came, with their new values by field id. A value that
 // cannot be read is "?".
 #pragma once
 

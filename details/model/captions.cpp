@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <iterator>
 
+namespace mc {
 namespace {
 
 struct Caption {
@@ -292,3 +293,5 @@ std::string_view captionOf(int mnemonic) {
     if (found == end || *found != mnemonic) return {};
     return kIndex.texts[static_cast<std::size_t>(found - begin)];
 }
+
+}  // namespace mc

@@ -3,5 +3,9 @@
 
 #include <string_view>
 
+namespace mc {
+
 // The caption of a mnemonic id; empty for one that has none.
 std::string_view captionOf(int mnemonic);
+
+}  // namespace mc

@@ -5,6 +5,7 @@
 #include "details/model/field_change.h"
 #include "link/model/mnemonics.h"
 
+namespace mc {
 namespace {
 
 constexpr Decoding kSor{{{"Y", "YES"}, {"N", "NO"}}, ""};
@@ -252,3 +253,5 @@ DetailGroups BuildClientDetails(const FieldReader& answer) {
     handOver(groups, productsGroup(answer));
     return groups;
 }
+
+}  // namespace mc

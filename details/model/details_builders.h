@@ -8,9 +8,13 @@
 
 #include "details/model/field_rows.h"
 
+namespace mc {
+
 DetailGroups BuildUserDetails(const FieldReader& answer);
 
 DetailGroups BuildClientDetails(const FieldReader& answer);
 
 // `mayModify`: the checker holds the modify right, and so the limits can be edited.
 DetailGroups BuildLimitsDetails(const FieldReader& answer, bool mayModify);
+
+}  // namespace mc

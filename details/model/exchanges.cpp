@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+namespace mc {
 namespace {
 
 enum class Oddity {
@@ -71,3 +72,5 @@ std::string_view ExchangeNameFromId(int id) {
     if (found == nullptr) return {};
     return found->oddity == Oddity::namedByCode ? found->code : found->name;
 }
+
+}  // namespace mc

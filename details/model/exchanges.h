@@ -4,6 +4,8 @@
 
 #include <string_view>
 
+namespace mc {
+
 inline constexpr int kNoExchange = -1;
 
 // What the headings of exchange groups begin with.
@@ -23,3 +25,5 @@ std::string_view ExchangeNameFromId(int id);
 inline constexpr int kExchangeIds[] = {64700, 64703, 64701, 64705, 64702, 64704, 64707,
                                        64706, 64704, 64709, 64725, 64727, 64728, 64726,
                                        64708, 64729, 64730, 64731, 64741, 61625, 61626};
+
+}  // namespace mc

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+namespace mc {
 namespace {
 
 // A plain decimal number without what does not change its value.
@@ -45,3 +46,5 @@ FieldChange fieldChange(std::optional<std::string_view> value, std::optional<std
     if (value) return FieldChange::added;
     return old ? FieldChange::removed : FieldChange::none;
 }
+
+}  // namespace mc

@@ -5,7 +5,9 @@
 #include <optional>
 #include <string_view>
 
-#include "listctrl/model/detail_group.h"
+#include "details/model/detail_group.h"
+
+namespace mc {
 
 enum class CompareAs {
     text,    // byte for byte: "007" and "7" are two account numbers
@@ -15,3 +17,5 @@ enum class CompareAs {
 // `value` is occurrence 0, `old` occurrence 1; none: absent or unreadable.
 FieldChange fieldChange(std::optional<std::string_view> value, std::optional<std::string_view> old,
                         CompareAs as = CompareAs::text);
+
+}  // namespace mc

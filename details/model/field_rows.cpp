@@ -5,6 +5,7 @@
 #include "details/model/captions.h"
 #include "details/model/field_change.h"
 
+namespace mc {
 namespace {
 
 // The text is asked for first: where it is there, so is the field, and one question is saved.
@@ -110,3 +111,5 @@ std::string shownProducts(std::optional<std::string_view> sent) {
         shown.insert(at += part.size(), 1, 'B');
     return shown;
 }
+
+}  // namespace mc

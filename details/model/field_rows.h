@@ -14,8 +14,10 @@
 #include <string_view>
 #include <vector>
 
+#include "details/model/detail_group.h"
 #include "link/model/message.h"
-#include "listctrl/model/detail_group.h"
+
+namespace mc {
 
 using DetailGroups = std::vector<DetailGroup>;
 
@@ -109,3 +111,5 @@ bool carriesAny(const FieldReader& answer, std::span<const FieldRow> fields);
 // that begins with "|ML" stays unchanged as a whole, and one that already says "|MLB" gets a
 // further B. Both are kept as they are.
 std::string shownProducts(std::optional<std::string_view> sent);
+
+}  // namespace mc

@@ -5,6 +5,7 @@
 #include "link/model/mnemonics.h"
 #include "sdk/host_services.h"
 
+namespace mc {
 namespace {
 
 // The menu item that a checker's roles must hold to see the change.
@@ -102,3 +103,5 @@ void Intake::discardListed(std::string key) {
     m_changes.removeRecord(key);
     m_listener.changeEnded(key);
 }
+
+}  // namespace mc

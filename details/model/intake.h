@@ -3,7 +3,9 @@
 
 #include "link/model/host.h"
 #include "link/model/message.h"
-#include "workbench/model/pending_changes.h"
+#include "workbench/model/records/pending_changes.h"
+
+namespace mc {
 
 // What the intake tells of single changes. The workbench implements it, and the intake's tests.
 class IntakeListener {
@@ -38,3 +40,5 @@ private:
     PendingChanges& m_changes;
     IntakeListener& m_listener;
 };
+
+}  // namespace mc

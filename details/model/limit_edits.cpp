@@ -7,9 +7,10 @@
 #include <limits>
 
 #include "link/model/mnemonics.h"
-#include "listctrl/model/number_text.h"
-#include "listctrl/model/read_number.h"
+#include "text/number_text.h"
+#include "text/read_number.h"
 
+namespace mc {
 namespace {
 
 constexpr int kWholeLimits[] = {MNM_ORDER_QUANTITY_LIMIT, MNM_SELL_SECURITY_LIMIT,
@@ -35,3 +36,5 @@ std::optional<std::string> spellLimit(int mnemonic, const std::string& typed) {
     appendTwoDecimals(value, spelled);
     return spelled;
 }
+
+}  // namespace mc

@@ -6,8 +6,9 @@
 #include "details/model/field_change.h"
 #include "details/model/limits_entity.h"
 #include "link/model/mnemonics.h"
-#include "listctrl/model/number_text.h"
+#include "text/number_text.h"
 
+namespace mc {
 namespace {
 
 using Shown = std::optional<std::string>;  // none: no such value in the answer
@@ -144,3 +145,5 @@ DetailGroups BuildLimitsDetails(const FieldReader& answer, bool mayModify) {
     handOver(groups, std::move(group));
     return groups;
 }
+
+}  // namespace mc

@@ -2,6 +2,7 @@
 
 #include "link/model/mnemonics.h"
 
+namespace mc {
 namespace {
 
 constexpr struct {
@@ -23,3 +24,5 @@ std::string limitsEntityName(const FieldReader& message) {
             return std::string(entity.prefix).append(*id);
     return {};
 }
+
+}  // namespace mc

@@ -5,6 +5,7 @@
 #include "details/model/field_change.h"
 #include "link/model/mnemonics.h"
 
+namespace mc {
 namespace {
 
 constexpr Decoding kReset{{}, "Reset"};  // the password itself is never shown
@@ -159,3 +160,5 @@ DetailGroups BuildUserDetails(const FieldReader& answer) {
     for (const int list : kLists) handOver(groups, listGroup(answer, list));
     return groups;
 }
+
+}  // namespace mc

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 
+namespace mc {
 namespace {
 
 // The parts in the order of the text; what stands before a part is its separator.
@@ -69,3 +70,5 @@ std::string dateTimeText(const DateTimeParts& parts, DateTimeForm form) {
     }
     return text;
 }
+
+}  // namespace mc

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace mc {
+
 enum class DateTimeForm { date, dateAndTime };
 
 struct DateTimeParts {
@@ -19,3 +21,5 @@ struct DateTimeParts {
 std::optional<DateTimeParts> readDateTime(std::string_view text, DateTimeForm form);
 
 std::string dateTimeText(const DateTimeParts& parts, DateTimeForm form);
+
+}  // namespace mc

@@ -3,6 +3,8 @@
 
 #include <string_view>
 
+namespace mc {
+
 // Without the blanks at both ends.
 std::string_view trimmed(std::string_view text);
 
@@ -10,3 +12,5 @@ std::string_view trimmed(std::string_view text);
 // among them, one digit at least, and blanks around it. No exponents, hexadecimal digits or words
 // ("1e5", "0x10", "inf"), and no commas.
 bool isNumber(std::string_view text);
+
+}  // namespace mc

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+namespace mc {
 namespace {
 
 constexpr unsigned kSelectAll = 0x01;
@@ -31,3 +32,5 @@ bool allAllowed(std::string_view text, std::string_view allowed) {
 std::string_view firstLine(std::string_view text) {
     return text.substr(0, std::min(text.find_first_of("\r\n"), text.size()));
 }
+
+}  // namespace mc

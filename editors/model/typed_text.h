@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <string_view>
 
+namespace mc {
+
 // What a character that reaches an edit is there for.
 enum class TypedCharacter {
     text,       // goes into the text
@@ -21,3 +23,5 @@ bool allAllowed(std::string_view text, std::string_view allowed);
 
 // The part of pasted text that a single line takes: its first line.
 std::string_view firstLine(std::string_view text);
+
+}  // namespace mc

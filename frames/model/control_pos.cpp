@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace mc {
+
 using fw::Rect;
 
 namespace {
@@ -40,3 +42,5 @@ std::vector<Rect> placeRow(std::span<const Rect> own, int width, const RowMetric
     if (missing <= own.front().left - metrics.margin) return movedLeft(own, missing);
     return flowed(own, width, metrics);
 }
+
+}  // namespace mc

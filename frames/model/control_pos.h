@@ -7,6 +7,8 @@
 
 #include "framework/model/dock_layout.h"
 
+namespace mc {
+
 struct RowMetrics {
     int margin;  // kept free at both sides of the pane
     int gap;     // between controls, and between rows, where they stand closer than of their own
@@ -17,3 +19,5 @@ struct RowMetrics {
 // is not, and flow into more rows when that is not enough either. None is wider than the pane, or
 // overlaps another.
 std::vector<fw::Rect> placeRow(std::span<const fw::Rect> own, int width, const RowMetrics& metrics);
+
+}  // namespace mc

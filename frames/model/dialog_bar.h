@@ -7,6 +7,8 @@
 
 #include "settings/model/settings_store.h"
 
+namespace mc {
+
 class CVoskDialogBar {
 public:
     // The store must outlive the bar.
@@ -32,3 +34,5 @@ private:
     std::string m_section = kDialogBarSection;
     BarSize m_size = kDefaultBarSize;
 };
+
+}  // namespace mc

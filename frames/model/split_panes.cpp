@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace mc {
+
 void SplitPanes::setCount(std::size_t panes) {
     m_shares.resize(std::max<std::size_t>(panes, 1) - 1);
     evenOut();
@@ -69,3 +71,5 @@ void SplitPanes::setSize(std::size_t pane, int size) {
     else if (pane > 0)
         moveBar(pane - 1, startOf(pane) + sizeOf(pane) - size - m_metrics.bar);
 }
+
+}  // namespace mc

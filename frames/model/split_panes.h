@@ -8,6 +8,8 @@
 #include <cstddef>
 #include <vector>
 
+namespace mc {
+
 // Lengths in pixels.
 struct SplitMetrics {
     int bar;    // thickness of a bar
@@ -47,3 +49,5 @@ private:
     SplitMetrics m_metrics{0, 0};
     int m_length = 0;
 };
+
+}  // namespace mc

@@ -2,6 +2,7 @@
 
 #include "link/model/mnemonics.h"
 
+namespace mc {
 namespace {
 
 constexpr Functionality kFunctionalities[] = {
@@ -21,3 +22,5 @@ const Functionality* findFunctionality(std::string_view code) {
         if (each.code == code) return &each;
     return nullptr;
 }
+
+}  // namespace mc

@@ -3,6 +3,8 @@
 
 #include <string_view>
 
+namespace mc {
+
 enum class FunctionalityGroup { user, client, limits };
 
 // Which details the server can be asked for; deletions have none.
@@ -25,3 +27,5 @@ inline constexpr std::string_view kInvestorClient = "INVESTOR_CLIENT";
 inline constexpr std::string_view kAddUser = "339";
 inline constexpr std::string_view kAddClient = "353";
 inline constexpr std::string_view kRmsLimits = "360";
+
+}  // namespace mc

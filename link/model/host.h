@@ -10,6 +10,8 @@
 
 #include "sdk/host_services.h"
 
+namespace mc {
+
 // How reportToUser reports.
 inline constexpr int kReportError = 1;    // message box and tabbed log
 inline constexpr int kReportMessage = 2;  // tabbed log only
@@ -41,3 +43,5 @@ public:
 protected:
     ~Host() = default;
 };
+
+}  // namespace mc

@@ -3,6 +3,7 @@
 #include "link/model/mnemonics.h"
 #include "sdk/connectvosk.h"
 
+namespace mc {
 namespace {
 
 template <class Number, class Read>
@@ -56,3 +57,5 @@ std::optional<AnswerError> answerError(const FieldReader& answer) {
     if (answer.read(MNM_ERROR, error.text)) error.code = answer.integer(MNM_ERROR).value_or(0);
     return error;
 }
+
+}  // namespace mc

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace mc {
+
 // Reads the fields of one message of the messaging library. The message stays the host's; the texts
 // handed out live as long as it does. A null message has no fields.
 class FieldReader {
@@ -38,3 +40,5 @@ struct AnswerError {
 // The error of an answer; none when its error field is absent. An error field that cannot be read
 // as text is an error with empty text and code 0.
 std::optional<AnswerError> answerError(const FieldReader& answer);
+
+}  // namespace mc

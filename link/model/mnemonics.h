@@ -4,6 +4,8 @@
 // the messages know by number only, the name says what the field holds.
 #pragma once
 
+namespace mc {
+
 inline constexpr int MNM_REQUEST_NAME = 0;            // written in every request
 inline constexpr int MNM_STATUS = 10303;              // decision: "accepted" or "rejected"
 inline constexpr int MNM_USER = 31003;                // user id
@@ -53,3 +55,5 @@ inline constexpr int MNM_ORDER_QUANTITY_LIMIT = 41236;
 inline constexpr int MNM_BUY_SECURITY_LIMIT = 64211;
 inline constexpr int MNM_SELL_SECURITY_LIMIT = 64210;
 inline constexpr int MNM_LIMIT_REMARKS = 64312;
+
+}  // namespace mc

@@ -6,6 +6,8 @@
 
 #include <string>
 
+namespace mc {
+
 struct sMakeCheckStruct {
     std::string key;                // unique key of the change; never changes once indexed
     std::string makerId;            // user id of the maker
@@ -17,3 +19,5 @@ struct sMakeCheckStruct {
     std::string linkedUser;  // of an investor's client: the user to be authorized with it
     std::string type;        // user or client type
 };
+
+}  // namespace mc

@@ -4,6 +4,7 @@
 #include "link/model/mnemonics.h"
 #include "link/model/requests.h"
 
+namespace mc {
 namespace {
 
 struct Route {
@@ -47,3 +48,5 @@ void CMCRxr::onMessage(int, int, void* message, void*) {
         // Nothing may pass into the host; the answer is lost, the workbench stays as it is.
     }
 }
+
+}  // namespace mc

@@ -5,6 +5,8 @@
 #include "link/model/message.h"
 #include "sdk/receive_control.h"
 
+namespace mc {
+
 // What happens to an answer. The workbench implements it, and so do tests of the router: the link
 // knows neither builders nor panes.
 class AnswerHandler {
@@ -37,3 +39,5 @@ public:
 private:
     AnswerHandler& m_handler;
 };
+
+}  // namespace mc

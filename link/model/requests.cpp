@@ -5,6 +5,8 @@
 
 #include "link/model/mnemonics.h"
 
+namespace mc {
+
 // What a failing step reports; "%s" stands for the request's name. Level 0 reports nothing.
 struct Requests::Failure {
     std::string_view text;
@@ -179,3 +181,5 @@ int Requests::sendRecovery() {
     const Step steps[] = {{MNM_USER, &m_host.peerUserId(), user}};
     return build(form, steps) && deliver(form) ? 1 : 0;
 }
+
+}  // namespace mc

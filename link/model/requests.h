@@ -16,6 +16,8 @@
 #include "link/model/pending_record.h"
 #include "link/model/server_link.h"
 
+namespace mc {
+
 inline constexpr char kGetUserDetails[] = "om_get_auth_user_details";
 inline constexpr char kGetAccountDetails[] = "om_get_auth_account_details";
 inline constexpr char kGetLimitsDetails[] = "om_get_auth_limits_details";
@@ -74,3 +76,5 @@ private:
     serverLink& m_link;
     DetailsOnShow& m_details;
 };
+
+}  // namespace mc

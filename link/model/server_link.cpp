@@ -10,6 +10,7 @@
 #include "link/model/mnemonics.h"
 #include "sdk/connectvosk.h"
 
+namespace mc {
 namespace {
 
 constexpr int kScratchBytes = 4096;
@@ -153,3 +154,5 @@ bool serverLink::send() {
     void* error = nullptr;
     return m_controlA != nullptr && m_controlA->send(requestId, m_message, 0, &error) != 0;
 }
+
+}  // namespace mc

@@ -12,6 +12,8 @@
 #include "link/model/host.h"
 #include "link/model/receiver.h"
 
+namespace mc {
+
 class serverLink {
 public:
     // Opens the handles and obtains the controls, as many as there are to be had. `host` and
@@ -56,3 +58,5 @@ private:
     CQuonRxControl* m_controlB = nullptr;  // kind 3: only obtained and released
     CQuonRxControl* m_controlA = nullptr;  // kind 0: everything goes through it
 };
+
+}  // namespace mc

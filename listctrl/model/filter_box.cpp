@@ -4,6 +4,8 @@
 #include <iterator>
 #include <utility>
 
+namespace mc {
+
 std::optional<FilterBox::Line> FilterBox::shownLine() const {
     if (m_shown.text.empty()) return 0;
     if (m_shown.kind != FilterKind::value) return {};
@@ -53,3 +55,5 @@ bool FilterBox::apply() {
     m_applied = m_shown;
     return true;
 }
+
+}  // namespace mc

@@ -12,8 +12,10 @@
 #include <string>
 #include <vector>
 
-#include "listctrl/model/distinct_values.h"
-#include "listctrl/model/filter_pattern.h"
+#include "listctrl/model/table/distinct_values.h"
+#include "text/filter_pattern.h"
+
+namespace mc {
 
 class FilterBox {
 public:
@@ -61,3 +63,5 @@ private:
 
 // Heads the lines of a drop-down.
 inline constexpr const char* kAllChoices = "--ALL-- ";
+
+}  // namespace mc

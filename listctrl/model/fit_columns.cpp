@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace mc {
+
 int fittedWidth(unsigned command, int dataWidth, int headerWidth, int clientWidth, int columns) {
     switch (command) {
         case kFitToDataCommand:
@@ -14,3 +16,5 @@ int fittedWidth(unsigned command, int dataWidth, int headerWidth, int clientWidt
             return std::max({dataWidth, headerWidth, kLeastFittedWidth});
     }
 }
+
+}  // namespace mc

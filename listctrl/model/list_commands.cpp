@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <span>
 
+namespace mc {
 namespace {
 
 bool always(const ListOffers&) {
@@ -122,3 +123,5 @@ bool isListKey(unsigned virtualKey, bool ctrl, bool shift, const ListOffers& off
     return std::ranges::find(kMovingKeys, virtualKey) != std::end(kMovingKeys) ||
            !keyCommands(virtualKey, ctrl, shift, offers).commands.empty();
 }
+
+}  // namespace mc

@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+namespace mc {
+
 enum ListCommand : unsigned {
     kMatchExactlyCommand = 4000,
     kFitToDataCommand = 4001,
@@ -55,3 +57,5 @@ KeyCommands keyCommands(unsigned virtualKey, bool ctrl, bool shift, const ListOf
 
 // Whether a list uses a key, for a command or to move and select.
 bool isListKey(unsigned virtualKey, bool ctrl, bool shift, const ListOffers& offers);
+
+}  // namespace mc

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <array>
 
-#include "listctrl/model/text_parts.h"
+#include "text/text_parts.h"
 
+namespace mc {
 namespace {
 
 constexpr std::size_t kValueBuffer = kLongestValue + 1;
@@ -117,3 +118,5 @@ std::optional<BarSize> CSettingsStore::loadBarSize(const std::string& path,
     const auto length = m_files.read(section, std::to_string(controlId), kNoBar, buffer, path);
     return readBarSize(std::string_view(buffer.data(), length));
 }
+
+}  // namespace mc

@@ -1,8 +1,8 @@
 // The settings store: the one file in which every display preference of a user is kept.
 //
 //   section                        key                      value
-//   a list's name                  COLUMNPROFILE            listctrl/model/column_profile.h
-//   CUSTOMIZE_LISTS                <list name>-<control id> listctrl/model/appearance.h
+//   a list's name                  COLUMNPROFILE            listctrl/model/columns/column_profile.h
+//   CUSTOMIZE_LISTS                <list name>-<control id> listctrl/model/columns/appearance.h
 //   HOLDER_FRAME_SPLITTER_SIZE     a pane's key name        height or width, pixels
 //   VOSK_DIALOG_BAR_SIZE           a bar's control id       width,height, pixels
 //
@@ -20,6 +20,8 @@
 #include <span>
 #include <string>
 #include <string_view>
+
+namespace mc {
 
 // The modes of AccessUserSetting and AccessColumnProfile.
 inline constexpr int SETTING_READ = 0;
@@ -113,3 +115,5 @@ private:
 
     SettingsFiles& m_files;
 };
+
+}  // namespace mc

@@ -65,7 +65,7 @@ void Filters::follow(Column& column, const Act& act, bool looped, const Box& box
     const Filter pattern{box.text, false}, chosen{box.text, true};
     if (looped && changed) {
         column = {{pattern, chosen}, false, box.dropped, box.text};
-    } else if (act.pause) {
+    } else if (act.pause && !box.dropped) {  // nothing applies behind an open drop-down
         if (column.typing) column.possible.insert(pattern);
         if (column.typing)
             std::erase_if(column.possible, [&](auto& f) { return f.text != box.text; });

@@ -10,8 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "listctrl/model/computed_columns.h"
+#include "listctrl/model/expression/computed_columns.h"
 #include "tests/unit/literal_expression.h"
+
+using namespace mc;
 
 namespace {
 

@@ -11,7 +11,9 @@
 #include <string_view>
 #include <vector>
 
-#include "listctrl/model/record_store.h"
+#include "listctrl/model/table/record_store.h"
+
+using namespace mc;
 
 namespace {
 

@@ -15,8 +15,10 @@
 #include "tests/unit/fake_host.h"
 #include "tests/unit/message_builder.h"
 #include "tests/unit/view_recorder.h"
-#include "workbench/model/main_list.h"
+#include "workbench/model/records/main_list.h"
 #include "workbench/model/workbench.h"
+
+using namespace mc;
 
 namespace {
 

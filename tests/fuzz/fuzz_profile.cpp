@@ -5,9 +5,11 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "listctrl/model/appearance.h"
-#include "listctrl/model/column_model.h"
+#include "listctrl/model/columns/appearance.h"
+#include "listctrl/model/columns/column_model.h"
 #include "settings/model/settings_store.h"
+
+using namespace mc;
 
 namespace {
 

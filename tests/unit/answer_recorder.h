@@ -7,6 +7,8 @@
 
 #include "link/model/receiver.h"
 
+namespace mc {
+
 class AnswerRecorder final : public AnswerHandler {
 public:
     // "limits", "user", "account", each perhaps with " refused", and "recovered"
@@ -30,3 +32,5 @@ private:
         if (throws) throw std::runtime_error("the handler fails");
     }
 };
+
+}  // namespace mc

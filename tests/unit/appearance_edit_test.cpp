@@ -1,8 +1,10 @@
-#include "settings/model/appearance_edit.h"
+#include "listctrl/dialogs/model/appearance_edit.h"
 
 #include <gtest/gtest.h>
 
 #include "settings/model/settings_store.h"
+
+using namespace mc;
 
 namespace {
 

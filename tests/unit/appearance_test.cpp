@@ -1,6 +1,8 @@
-#include "listctrl/model/appearance.h"
+#include "listctrl/model/columns/appearance.h"
 
 #include <gtest/gtest.h>
+
+using namespace mc;
 
 namespace {
 

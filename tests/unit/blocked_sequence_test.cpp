@@ -1,11 +1,13 @@
-#include "listctrl/model/blocked_sequence.h"
+#include "listctrl/model/table/blocked_sequence.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
 #include <vector>
 
-#include "listctrl/model/slot_sequence.h"
+#include "listctrl/model/table/slot_sequence.h"
+
+using namespace mc;
 
 namespace {
 

@@ -5,6 +5,8 @@
 #include "details/model/details_builders.h"
 #include "tests/unit/detail_lines.h"
 
+using namespace mc;
+
 namespace {
 
 // Each case's fields stand behind a client id, and its lines behind that id's.

@@ -1,6 +1,8 @@
-#include "settings/model/column_choice.h"
+#include "listctrl/dialogs/model/column_choice.h"
 
 #include <gtest/gtest.h>
+
+using namespace mc;
 
 namespace {
 

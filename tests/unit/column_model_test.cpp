@@ -1,8 +1,10 @@
-#include "listctrl/model/column_model.h"
+#include "listctrl/model/columns/column_model.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
+
+using namespace mc;
 
 namespace {
 

@@ -1,10 +1,12 @@
-#include "listctrl/model/column_profile.h"
+#include "listctrl/model/columns/column_profile.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
 
-#include "listctrl/model/text_parts.h"
+#include "text/text_parts.h"
+
+using namespace mc;
 
 namespace {
 

@@ -1,9 +1,11 @@
-#include "listctrl/model/computed_columns.h"
+#include "listctrl/model/expression/computed_columns.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
+
+using namespace mc;
 
 namespace {
 

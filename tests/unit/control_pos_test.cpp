@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace mc;
+
 using fw::Rect;
 
 namespace {

@@ -7,6 +7,8 @@
 #include "tests/unit/fake_host.h"
 #include "tests/unit/view_recorder.h"
 
+using namespace mc;
+
 namespace {
 
 constexpr char kInvestor[] = "INVESTOR_CLIENT";

@@ -4,9 +4,11 @@
 #include <string>
 #include <vector>
 
+#include "details/model/detail_group.h"
 #include "link/model/message.h"
-#include "listctrl/model/detail_group.h"
 #include "tests/unit/message_builder.h"
+
+namespace mc {
 
 using DetailLines = std::vector<std::string>;
 
@@ -39,3 +41,5 @@ struct DetailCase {
 };
 
 inline const DetailLines kNothing{"[No Parameters are Modified]"};
+
+}  // namespace mc

@@ -4,6 +4,8 @@
 
 #include "tests/unit/workbench_fixture.h"
 
+using namespace mc;
+
 namespace {
 
 // A limits change is looked at, and one of its values was edited.

@@ -5,6 +5,8 @@
 #include "editors/model/number_input.h"
 #include "editors/model/typed_text.h"
 
+using namespace mc;
+
 namespace {
 
 TEST(EditorTexts, PlainDecimalNumbersOnly) {

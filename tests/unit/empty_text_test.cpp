@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace mc;
+
 TEST(EmptyText, SaysWhyThereIsNothingToSee) {
     EXPECT_EQ(emptyListText(0, 0, "No pending changes"), "No pending changes");
     EXPECT_EQ(emptyListText(12, 0, "No pending changes"), "12 hidden by filters");

@@ -4,6 +4,8 @@
 
 #include "details/model/captions.h"
 
+using namespace mc;
+
 namespace {
 
 TEST(Exchanges, ConvertBetweenTheirThreeNames) {

@@ -1,4 +1,4 @@
-#include "listctrl/model/expression.h"
+#include "listctrl/model/expression/expression.h"
 
 #include <gtest/gtest.h>
 
@@ -12,6 +12,8 @@
 #include <vector>
 
 #include "tests/unit/literal_expression.h"
+
+using namespace mc;
 
 namespace {
 

@@ -16,6 +16,8 @@
 #include "link/model/host.h"
 #include "sdk/connectvosk.h"
 
+namespace mc {
+
 using Lines = std::vector<std::string>;
 using SentMessage = std::vector<std::pair<int, std::string>>;
 
@@ -183,3 +185,5 @@ private:
 
     static inline FakeHost* s_current = nullptr;
 };
+
+}  // namespace mc

@@ -5,6 +5,8 @@
 #include "details/model/details_builders.h"
 #include "tests/unit/message_builder.h"
 
+using namespace mc;
+
 namespace {
 
 using Text = std::optional<std::string_view>;

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace mc;
+
 namespace {
 
 using Texts = std::vector<std::string>;

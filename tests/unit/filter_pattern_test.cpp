@@ -1,4 +1,4 @@
-#include "listctrl/model/filter_pattern.h"
+#include "text/filter_pattern.h"
 
 #include <gtest/gtest.h>
 
@@ -8,9 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "listctrl/model/read_number.h"
-#include "listctrl/model/text_search.h"
+#include "listctrl/model/table/text_search.h"
 #include "tests/unit/literal_list.h"
+#include "text/read_number.h"
+
+using namespace mc;
 
 namespace {
 

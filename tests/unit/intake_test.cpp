@@ -8,6 +8,8 @@
 #include "tests/unit/message_builder.h"
 #include "tests/unit/view_recorder.h"
 
+using namespace mc;
+
 namespace {
 
 constexpr char kPending[] = "auth pending";

@@ -1,4 +1,4 @@
-#include "workbench/model/key_index.h"
+#include "workbench/model/records/key_index.h"
 
 #include <gtest/gtest.h>
 
@@ -7,6 +7,8 @@
 #include <map>
 #include <random>
 #include <string>
+
+using namespace mc;
 
 namespace {
 

@@ -6,6 +6,8 @@
 #include "details/model/limit_edits.h"
 #include "tests/unit/detail_lines.h"
 
+using namespace mc;
+
 namespace {
 
 // The fields of a client's limits, and the lines behind the client's row.

@@ -1,6 +1,8 @@
-#include "listctrl/model/line_groups.h"
+#include "details/model/line_groups.h"
 
 #include <gtest/gtest.h>
+
+using namespace mc;
 
 namespace {
 

@@ -4,6 +4,8 @@
 
 #include "listctrl/model/fit_columns.h"
 
+using namespace mc;
+
 namespace {
 
 using Menu = std::vector<ListMenuEntry>;

@@ -17,7 +17,9 @@
 #include <string_view>
 #include <vector>
 
-#include "listctrl/model/expression.h"
+#include "listctrl/model/expression/expression.h"
+
+namespace mc {
 
 namespace literal {
 
@@ -263,3 +265,5 @@ CellOutcome computeCell(const std::string& expression, Fetch fetch, std::string&
 }
 
 }  // namespace literal
+
+}  // namespace mc

@@ -1,6 +1,8 @@
-#include "workbench/model/main_list.h"
+#include "workbench/model/records/main_list.h"
 
 #include <gtest/gtest.h>
+
+using namespace mc;
 
 namespace {
 

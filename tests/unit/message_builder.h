@@ -8,6 +8,8 @@
 #include "console/model/owned_message.h"
 #include "link/model/mnemonics.h"
 
+namespace mc {
+
 struct FieldText {
     int mnemonic;
     std::optional<std::string> text;  // none: an occurrence that cannot be read
@@ -35,3 +37,5 @@ inline zek::OwnedMessage publication(const std::string& status, const std::strin
     fields.insert(fields.end(), more.begin(), more.end());
     return makeMessage(fields);
 }
+
+}  // namespace mc

@@ -5,6 +5,8 @@
 #include "sdk/connectvosk.h"
 #include "tests/unit/message_builder.h"
 
+using namespace mc;
+
 namespace {
 
 TEST(AnswerError, IsReadFromItsField) {

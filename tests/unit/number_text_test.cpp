@@ -1,4 +1,4 @@
-#include "listctrl/model/number_text.h"
+#include "text/number_text.h"
 
 #include <gtest/gtest.h>
 
@@ -10,6 +10,8 @@
 #include <limits>
 #include <random>
 #include <string>
+
+using namespace mc;
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "workbench/model/pending_changes.h"
+#include "workbench/model/records/pending_changes.h"
 
 #include <gtest/gtest.h>
 
@@ -6,6 +6,8 @@
 #include <random>
 
 #include "tests/unit/view_recorder.h"
+
+using namespace mc;
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "listctrl/model/read_number.h"
+#include "text/read_number.h"
 
 #include <gtest/gtest.h>
 
@@ -8,6 +8,8 @@
 #include <limits>
 #include <random>
 #include <string>
+
+using namespace mc;
 
 namespace {
 

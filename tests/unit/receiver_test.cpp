@@ -6,6 +6,8 @@
 #include "tests/unit/fake_host.h"
 #include "tests/unit/message_builder.h"
 
+using namespace mc;
+
 namespace {
 
 Lines routed(const FieldTexts& answer) {

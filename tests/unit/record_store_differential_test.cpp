@@ -5,8 +5,10 @@
 #include <map>
 #include <random>
 
-#include "listctrl/model/record_store.h"
+#include "listctrl/model/table/record_store.h"
 #include "tests/unit/literal_list.h"
+
+using namespace mc;
 
 namespace {
 

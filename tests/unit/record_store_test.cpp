@@ -1,9 +1,11 @@
-#include "listctrl/model/record_store.h"
+#include "listctrl/model/table/record_store.h"
 
 #include <gtest/gtest.h>
 
 #include <deque>
 #include <string>
+
+using namespace mc;
 
 namespace {
 

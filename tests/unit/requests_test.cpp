@@ -8,6 +8,8 @@
 #include "tests/unit/answer_recorder.h"
 #include "tests/unit/fake_host.h"
 
+using namespace mc;
+
 namespace {
 
 const std::string kDecision = "om_authenticate_functionality";

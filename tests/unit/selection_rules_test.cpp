@@ -1,8 +1,10 @@
-#include "listctrl/model/selection_rules.h"
+#include "listctrl/model/table/selection_rules.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
+
+using namespace mc;
 
 namespace {
 

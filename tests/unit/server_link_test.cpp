@@ -9,6 +9,8 @@
 #include "tests/unit/fake_host.h"
 #include "tests/unit/message_builder.h"
 
+using namespace mc;
+
 // A link that lost the host's service keeps its handles on purpose.
 #if defined(__SANITIZE_ADDRESS__)
 #include <sanitizer/lsan_interface.h>

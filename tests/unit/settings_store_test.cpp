@@ -8,6 +8,8 @@
 #include <tuple>
 #include <vector>
 
+using namespace mc;
+
 namespace {
 
 constexpr char kFolder[] = "C:\\Roaming\\Ostravine\\VoskTrader\\";

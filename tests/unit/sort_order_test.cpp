@@ -1,4 +1,4 @@
-#include "listctrl/model/sort_order.h"
+#include "listctrl/model/table/sort_order.h"
 
 #include <gtest/gtest.h>
 
@@ -7,8 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "listctrl/model/column_texts.h"
+#include "listctrl/model/table/column_texts.h"
 #include "tests/unit/literal_list.h"
+
+using namespace mc;
 
 namespace {
 

@@ -4,6 +4,8 @@
 
 #include <random>
 
+using namespace mc;
+
 namespace {
 
 constexpr SplitMetrics kMetrics{6, 60};

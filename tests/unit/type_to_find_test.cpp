@@ -1,8 +1,10 @@
-#include "listctrl/model/type_to_find.h"
+#include "listctrl/model/table/type_to_find.h"
 
 #include <gtest/gtest.h>
 
 #include <deque>
+
+using namespace mc;
 
 namespace {
 

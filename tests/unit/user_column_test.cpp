@@ -1,6 +1,8 @@
-#include "settings/model/user_column.h"
+#include "listctrl/dialogs/model/user_column.h"
 
 #include <gtest/gtest.h>
+
+using namespace mc;
 
 namespace {
 

@@ -4,6 +4,8 @@
 #include "link/model/mnemonics.h"
 #include "tests/unit/detail_lines.h"
 
+using namespace mc;
+
 namespace {
 
 // The fields behind a user id, and the lines behind the row of the dealer's id.

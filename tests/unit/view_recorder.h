@@ -7,6 +7,8 @@
 
 #include "workbench/model/workbench_view.h"
 
+namespace mc {
+
 class ViewRecorder final : public WorkbenchView {
 public:
     std::vector<std::string> events;  // "rows", "empty details", "show details", "show again" ...
@@ -27,3 +29,5 @@ public:
     void editsDropped() override { events.emplace_back("edits dropped"); }
     void captionDetails(const DetailsCaption& now) override { caption = now; }
 };
+
+}  // namespace mc

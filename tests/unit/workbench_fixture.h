@@ -12,6 +12,8 @@
 #include "tests/unit/view_recorder.h"
 #include "workbench/model/workbench.h"
 
+namespace mc {
+
 class WorkbenchTest : public testing::Test {
 protected:
     sMakeCheckStruct& list(const std::string& key, const std::string& code) {
@@ -53,3 +55,5 @@ protected:
     ViewRecorder view;
     std::unique_ptr<Workbench> workbench = std::make_unique<Workbench>(host, view);
 };
+
+}  // namespace mc

@@ -4,6 +4,8 @@
 #include "tests/unit/detail_lines.h"
 #include "tests/unit/workbench_fixture.h"
 
+using namespace mc;
+
 namespace {
 
 TEST_F(WorkbenchTest, AsksForTheDetailsOfAChangeByItsKind) {

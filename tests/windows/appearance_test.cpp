@@ -3,10 +3,12 @@
 
 #include <algorithm>
 
+#include "listctrl/dialogs/customized_appearance.h"
+#include "listctrl/dialogs/font_setting.h"
 #include "res/resource_ids.h"
-#include "settings/customized_appearance.h"
-#include "settings/font_setting.h"
 #include "tests/windows/test_host.h"
+
+using namespace mc;
 
 namespace {
 

@@ -12,6 +12,8 @@
 #include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
+using namespace mc;
+
 namespace {
 
 using Log = std::vector<std::string>;

@@ -8,6 +8,8 @@
 #include "listctrl/excel_interface.h"
 #include "tests/support/xlsx_reader.h"
 
+using namespace mc;
+
 namespace {
 
 namespace fs = std::filesystem;

@@ -9,6 +9,8 @@
 #include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
+using namespace mc;
+
 namespace {
 
 using Texts = std::vector<std::string>;

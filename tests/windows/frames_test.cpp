@@ -9,6 +9,8 @@
 #include "settings/settings_store.h"
 #include "tests/windows/test_host.h"
 
+using namespace mc;
+
 namespace {
 
 namespace fs = std::filesystem;

@@ -1,14 +1,16 @@
 // The plug-in, its frame or its library go while a message box, a menu or a dialog of it is open.
 #include <gtest/gtest.h>
 
+#include "details/model/line_groups.h"
 #include "listctrl/filter_list_ctrl.h"
-#include "listctrl/model/line_groups.h"
 #include "listctrl/model/list_commands.h"
 #include "res/resource_ids.h"
 #include "sdk/host_services.h"
 #include "settings/settings_store.h"
 #include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
+
+using namespace mc;
 
 namespace {
 

@@ -11,7 +11,9 @@
 #include <fstream>
 #include <random>
 
-#include "listctrl/model/column_model.h"
+#include "listctrl/model/columns/column_model.h"
+
+using namespace mc;
 
 namespace {
 

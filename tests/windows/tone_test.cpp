@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace mc;
+
 namespace {
 
 std::atomic<int> played = 0;

@@ -5,6 +5,7 @@
 
 #include "link/model/functionality.h"
 
+namespace mc {
 namespace {
 
 // One press of Accept.
@@ -87,3 +88,5 @@ void rejectSelected(SelectedRecords selected, const std::string& reason, Pending
     for (const sMakeCheckStruct* record : selected)
         if (hold.pending(*record)) requests.sendReject(*record, reason);
 }
+
+}  // namespace mc

@@ -6,7 +6,9 @@
 
 #include "link/model/host.h"
 #include "link/model/requests.h"
-#include "workbench/model/pending_changes.h"
+#include "workbench/model/records/pending_changes.h"
+
+namespace mc {
 
 using SelectedRecords = std::span<sMakeCheckStruct* const>;  // in row order
 
@@ -19,3 +21,5 @@ void acceptSelected(SelectedRecords selected, PendingChanges& changes, Requests&
 // Sends reject with `reason` for every selected change; without a reason it sends nothing.
 void rejectSelected(SelectedRecords selected, const std::string& reason, PendingChanges& changes,
                     Requests& requests);
+
+}  // namespace mc

@@ -7,6 +7,7 @@
 #include "details/model/captions.h"
 #include "link/model/functionality.h"
 
+namespace mc {
 namespace {
 
 constexpr std::string_view kTitle = "Maker Checker Details";
@@ -204,3 +205,5 @@ DetailsCaption ShownDetails::caption() const {
     if (m_dimmed && editCount() != 0) title += ", " + std::to_string(editCount()) + " unsent";
     return {title, emptyText(), m_dimmed};
 }
+
+}  // namespace mc

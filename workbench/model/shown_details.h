@@ -18,6 +18,8 @@
 #include "link/model/requests.h"
 #include "workbench/model/workbench_view.h"
 
+namespace mc {
+
 class ShownDetails {
 public:
     // The key last asked for and the edits of its details; what the requests read and write.
@@ -99,3 +101,5 @@ private:
     std::map<int, std::string> m_received;   // by field: the values of the last answer
     std::map<int, std::string> m_typedOver;  // by edited field: the value at the time
 };
+
+}  // namespace mc

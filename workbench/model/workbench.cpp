@@ -7,6 +7,8 @@
 #include "link/model/functionality.h"
 #include "link/model/mnemonics.h"
 
+namespace mc {
+
 Workbench::Workbench(Host& host, WorkbenchView& view)
     : m_host(host),
       m_view(view),
@@ -180,3 +182,5 @@ bool Workbench::mayModify() const {
     auto* const holdsRight = m_host.modifyRightService();
     return holdsRight != nullptr && holdsRight() != 0;
 }
+
+}  // namespace mc

@@ -11,9 +11,11 @@
 #include "link/model/requests.h"
 #include "link/model/server_link.h"
 #include "workbench/model/decisions.h"
-#include "workbench/model/pending_changes.h"
+#include "workbench/model/records/pending_changes.h"
 #include "workbench/model/shown_details.h"
 #include "workbench/model/workbench_view.h"
+
+namespace mc {
 
 class Workbench final : public AnswerHandler, private IntakeListener {
 public:
@@ -92,3 +94,5 @@ private:
     serverLink m_link;
     Requests m_requests;
 };
+
+}  // namespace mc

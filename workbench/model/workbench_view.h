@@ -4,7 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "listctrl/model/detail_group.h"
+#include "details/model/detail_group.h"
+#include "workbench/model/records/pending_changes.h"
+
+namespace mc {
 
 // What the details list says about itself.
 struct DetailsCaption {
@@ -15,9 +18,8 @@ struct DetailsCaption {
 
 // Implemented by the pane, and by a recorder in the native tests. The records already are as the
 // call says; nothing here may call back into the workbench.
-class WorkbenchView {
+class WorkbenchView : public RecordsView {
 public:
-    virtual void rowsChanged() = 0;   // a record came, changed or went
     virtual void emptyDetails() = 0;  // no details are visible any more
 
     // Shows these groups in place of those that are visible. `anotherChange`: the details visible
@@ -35,3 +37,5 @@ public:
 protected:
     ~WorkbenchView() = default;
 };
+
+}  // namespace mc

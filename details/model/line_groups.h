@@ -1,0 +1,112 @@
+// Groups of detail rows as the lines of a list: a heading, then one line for each row.
+//
+// Each line is a record of the RecordStore in here, so that filtering, selection, copying and what
+// screen readers see are the same as in every list. A heading stays visible while any line of its
+// group passes the filters, and a folded group shows its heading only; but a row with an unsent
+// edit passes every filter and every fold. Lines are never sorted.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "details/model/detail_group.h"
+#include "listctrl/model/columns/column_info.h"
+#include "listctrl/model/table/record_store.h"
+
+namespace mc {
+
+// The columns of such a list, and the one whose cells can be edited.
+inline constexpr sVoskColInfo kDetailColumns[] = {
+    {"Field", 160, 0, ColumnType::text},
+    {"Value", 200, 2, ColumnType::text},
+    {"Old Value", 200, 2, ColumnType::text},
+};
+inline constexpr ColumnId kFieldColumn{0};
+inline constexpr ColumnId kValueColumn{1};
+
+// A value is never on show without its name, nor a name without its value.
+inline constexpr ColumnId kMandatoryDetailColumns[] = {kFieldColumn, kValueColumn};
+
+class LineGroups {
+public:
+    struct Item;
+    struct Line {
+        Item* item;
+        sMCListStruct* row;
+        Slot slot = kNoSlot;
+        bool isHeading() const;
+    };
+
+    LineGroups();
+    ~LineGroups();
+    LineGroups(const LineGroups&) = delete;
+    LineGroups& operator=(const LineGroups&) = delete;
+
+    // The rows on show. The store's records are the lines; only filters, selection and focus may be
+    // changed from outside.
+    RecordStore& rows() { return m_rows; }
+
+    // Takes groups over and shows them behind the others, open. Filters in force apply to them.
+    void append(std::vector<DetailGroup> groups);
+
+    // Shows groups in place of all others: folds and the focus stay where their texts are.
+    void replace(std::vector<DetailGroup> groups);
+
+    // Frees all groups.
+    void clear();
+
+    std::size_t groupCount() const { return m_items.size(); }
+
+    // The line in a row; null beyond the end. Lives until clear().
+    Line* lineAt(std::size_t row) const { return static_cast<Line*>(m_rows.recordAt(row)); }
+
+    // The row of a line; none while it is not on show.
+    std::optional<std::size_t> rowOf(const Line& line) const { return m_rows.rowOf(line.slot); }
+
+    // The line of the row whose value belongs to a field; null when there is none.
+    Line* lineOf(int mnemonic) const;
+
+    bool folded(const Line& line) const;
+    void setFolded(const Line& line, bool folded);
+
+    // The row of the heading that stands above a line; none while it is not on show.
+    std::optional<std::size_t> headingRow(const Line& line) const;
+
+    // The texts of the line's row changed, perhaps by an edit.
+    void rowChanged(Line& line);
+
+    // Whether a row of the line's group holds an unsent edit.
+    bool holdsEdits(const Line& line) const;
+
+    // No value is an unsent edit any more: each stays as edited, or is again as it was received.
+    // Returns whether any was one.
+    bool editsSent() { return endEdits(false); }
+    bool editsDropped() { return endEdits(true); }
+
+    // How the store reads a line.
+    static std::string_view text(const void* line, int column);
+
+private:
+    void arrange(std::vector<Slot>& passing) const;
+    void addEdited(std::vector<Slot>& passing) const;
+    void insert(Item& item);
+    bool endEdits(bool restore);
+
+    RecordStore m_rows;
+    std::vector<std::unique_ptr<Item>> m_items;
+    std::vector<Line*> m_edited;  // in any order
+};
+
+struct LineGroups::Item {
+    DetailGroup group;
+    std::vector<Line> lines;  // the heading first
+    bool folded = false;
+};
+
+inline bool LineGroups::Line::isHeading() const {
+    return row == &item->group.header;
+}
+
+}  // namespace mc

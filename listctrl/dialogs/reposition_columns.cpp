@@ -1,0 +1,252 @@
+#include "listctrl/dialogs/reposition_columns.h"
+
+#include <algorithm>
+
+#include "editors/drag_list.h"
+#include "framework/dialog.h"
+#include "framework/handles.h"
+#include "res/resource_ids.h"
+
+namespace mc {
+namespace {
+
+// The entries of the sort control, in this order.
+constexpr struct {
+    const char* text;
+    std::optional<bool> ascending;
+} kSorts[] = {{"None", std::nullopt}, {"Ascending", true}, {"Descending", false}};
+
+constexpr int kSortControls[] = {IDC_CP_SORT_GROUP, IDC_CP_SORT_FOR, IDC_CP_SORT_LABEL,
+                                 IDC_CP_SORT};
+constexpr int kBottomButtons[] = {IDC_CP_VIEW, IDOK, IDC_CP_DEFAULT, IDCANCEL};
+constexpr int kSortGroupHeight = 36;  // dialog units, with the gap below
+
+Rows selectedRows(HWND list) {
+    Rows rows;
+    const auto next = [list](LRESULT row) {
+        return SendMessageA(list, LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED);
+    };
+    for (auto row = next(-1); row >= 0; row = next(row)) rows.push_back(static_cast<size_t>(row));
+    return rows;
+}
+
+void setRowState(HWND list, int row, UINT state) {
+    LVITEMA item{};
+    item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    item.state = state;
+    SendMessageA(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+}
+
+class CRepositionColumns final : public fw::CDialog, private DragListOwner {
+public:
+    CRepositionColumns(HWND list, const ColumnModel& columns, std::optional<DefaultSort> sort,
+                       bool offersSort, const ColumnProfileActions& actions)
+        : m_list(list), m_choice(columns, sort), m_offersSort(offersSort), m_actions(actions) {}
+
+    void show() { run(IDD_COLUMN_PROFILE, 0); }
+
+protected:
+    const fw::MessageMap& messageMap() const override {
+        using Dlg = CRepositionColumns;
+        static constexpr fw::MessageEntry entries[] = {
+            fw::on<WM_INITDIALOG, &Dlg::onInitDialog>(),
+            fw::onCommand<IDC_CP_ADD, &Dlg::onAdd>(),
+            fw::onCommand<IDC_CP_REMOVE, &Dlg::onRemove>(),
+            fw::onCommand<IDC_CP_UP, &Dlg::onUp>(),
+            fw::onCommand<IDC_CP_DOWN, &Dlg::onDown>(),
+            fw::onCommand<IDC_CP_SORT, &Dlg::onSortChosen, CBN_SELCHANGE>(),
+            fw::onCommand<IDC_CP_VIEW, &Dlg::onView>(),
+            fw::onCommand<IDOK, &Dlg::onSave>(),
+            fw::onCommand<IDC_CP_DEFAULT, &Dlg::onDefault>(),
+            fw::onCommand<IDCANCEL, &Dlg::onCancel>(),
+            fw::onNotify<IDC_CP_SHOWN, LVN_BEGINDRAG, &Dlg::onBeginDrag>(),
+            fw::onNotify<IDC_CP_SHOWN, LVN_ITEMCHANGED, &Dlg::onShownChanged>(),
+            fw::onNotify<IDC_CP_SHOWN, static_cast<UINT>(NM_DBLCLK), &Dlg::onShownDoubleClick>(),
+            fw::onNotify<IDC_CP_AVAILABLE, static_cast<UINT>(NM_DBLCLK),
+                         &Dlg::onAvailableDoubleClick>(),
+        };
+        static constexpr fw::MessageMap map{nullptr, entries};
+        return map;
+    }
+
+private:
+    LRESULT onInitDialog() {
+        m_shown.attach(item(IDC_CP_SHOWN));
+        for (const int id : {IDC_CP_AVAILABLE, IDC_CP_SHOWN}) {
+            LVCOLUMNA column{};
+            SendMessageA(item(id), LVM_INSERTCOLUMNA, 0, reinterpret_cast<LPARAM>(&column));
+            SendMessageA(item(id), LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT,
+                         LVS_EX_FULLROWSELECT);
+        }
+        for (const auto& sort : kSorts)
+            SendMessageA(item(IDC_CP_SORT), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(sort.text));
+        if (!m_offersSort) leaveSortOut();
+        fillAvailable({});
+        fillShown({0});
+        centerOver(m_list);
+        SetFocus(item(IDC_CP_SHOWN));
+        return FALSE;
+    }
+
+    // The buttons move up to where the sort group was.
+    void leaveSortOut() {
+        RECT gone{0, 0, 0, kSortGroupHeight};
+        MapDialogRect(handle(), &gone);
+        for (const int id : kSortControls) ShowWindow(item(id), SW_HIDE);
+        for (const int id : kBottomButtons) {
+            RECT place{};
+            GetWindowRect(item(id), &place);
+            MapWindowPoints(nullptr, handle(), reinterpret_cast<POINT*>(&place), 2);
+            SetWindowPos(item(id), nullptr, place.left, place.top - gone.bottom, 0, 0,
+                         SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        }
+        RECT own{};
+        GetWindowRect(handle(), &own);
+        setHeight(static_cast<int>(own.bottom - own.top - gone.bottom));
+    }
+
+    // ---- The two lists ----
+
+    void fill(HWND list, const std::vector<ColumnId>& columns, const Rows& selected) {
+        const auto top = static_cast<int>(SendMessageA(list, LVM_GETTOPINDEX, 0, 0));
+        m_filling = true;
+        {
+            const fw::RedrawOffScope off(list);
+            SendMessageA(list, LVM_DELETEALLITEMS, 0, 0);
+            for (std::size_t row = 0; row < columns.size(); ++row) {
+                LVITEMA entry{};
+                entry.mask = LVIF_TEXT;
+                entry.iItem = static_cast<int>(row);
+                entry.pszText = const_cast<char*>(m_choice.caption(columns[row]).c_str());
+                SendMessageA(list, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&entry));
+            }
+            SendMessageA(list, LVM_SETCOLUMNWIDTH, 0, MAKELPARAM(LVSCW_AUTOSIZE_USEHEADER, 0));
+        }
+        select(list, selected, top);
+        m_filling = false;
+    }
+
+    // Selects the rows, and scrolls to them from where the list was.
+    static void select(HWND list, const Rows& rows, int top) {
+        const auto page = static_cast<int>(SendMessageA(list, LVM_GETCOUNTPERPAGE, 0, 0));
+        SendMessageA(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(top + page - 1), FALSE);
+        for (const std::size_t row : rows) setRowState(list, static_cast<int>(row), LVIS_SELECTED);
+        if (rows.empty()) return;
+        setRowState(list, static_cast<int>(rows.front()), LVIS_SELECTED | LVIS_FOCUSED);
+        SendMessageA(list, LVM_ENSUREVISIBLE, rows.back(), FALSE);
+        SendMessageA(list, LVM_ENSUREVISIBLE, rows.front(), FALSE);
+    }
+
+    void fillAvailable(const Rows& selected) {
+        fill(item(IDC_CP_AVAILABLE), m_choice.available(), selected);
+    }
+    void fillShown(const Rows& selected) {
+        fill(item(IDC_CP_SHOWN), m_choice.shown(), selected);
+        showSort();
+    }
+
+    void onAdd() {
+        const Rows rows = selectedRows(item(IDC_CP_AVAILABLE));
+        if (rows.empty()) return;
+        const Rows added = m_choice.add(rows);
+        fillAvailable({});
+        fillShown(added);
+        SetFocus(item(IDC_CP_SHOWN));
+    }
+
+    void onRemove() {
+        const Rows rows = selectedRows(item(IDC_CP_SHOWN));
+        if (rows.empty()) return;
+        std::vector<ColumnId> asked;
+        for (const std::size_t row : rows) asked.push_back(m_choice.shown()[row]);
+        const auto kept = m_choice.remove(rows);
+        fillAvailable(rowsOf(asked, m_choice.available()));
+        fillShown(rowsOf(kept, m_choice.shown()));
+        SetFocus(item(IDC_CP_AVAILABLE));
+        for (const ColumnId id : kept)
+            fw::showMessageBox(m_choice.caption(id) + " cannot be removed");
+    }
+
+    static Rows rowsOf(const std::vector<ColumnId>& wanted, const std::vector<ColumnId>& columns) {
+        Rows rows;
+        for (std::size_t row = 0; row < columns.size(); ++row)
+            if (std::ranges::find(wanted, columns[row]) != wanted.end()) rows.push_back(row);
+        return rows;
+    }
+
+    void onUp() { rowsMoved(false); }
+    void onDown() { rowsMoved(true); }
+    void rowsMoved(bool down) override {
+        const Rows rows = selectedRows(item(IDC_CP_SHOWN));
+        fillShown(down ? m_choice.moveDown(rows) : m_choice.moveUp(rows));
+    }
+    void rowsDropped(std::size_t before) override {
+        fillShown(m_choice.move(selectedRows(item(IDC_CP_SHOWN)), before));
+    }
+    LRESULT onBeginDrag(NMHDR& drag) {
+        return reflectNotify(drag.idFrom, reinterpret_cast<LPARAM>(&drag));
+    }
+    void onShownDoubleClick(NMHDR&) { onRemove(); }
+    void onAvailableDoubleClick(NMHDR&) { onAdd(); }
+
+    // ---- The sort group ----
+
+    // The column that the group is about: the first one selected.
+    std::optional<ColumnId> sortColumn() const {
+        const Rows rows = selectedRows(item(IDC_CP_SHOWN));
+        if (rows.empty()) return std::nullopt;
+        return m_choice.shown()[rows.front()];
+    }
+
+    void onShownChanged(NMHDR&) {
+        if (!m_filling) showSort();
+    }
+
+    void showSort() {
+        const auto column = sortColumn();
+        setItemText(IDC_CP_SORT_FOR,
+                    "Default Sort For: " + (column ? m_choice.caption(*column) : ""));
+        const auto ascending = column ? m_choice.ascending(*column) : std::nullopt;
+        const auto* found = std::ranges::find_if(
+            kSorts, [&](const auto& sort) { return sort.ascending == ascending; });
+        SendMessageA(item(IDC_CP_SORT), CB_SETCURSEL,
+                     static_cast<WPARAM>(found - std::begin(kSorts)), 0);
+        EnableWindow(item(IDC_CP_SORT), column ? TRUE : FALSE);
+    }
+
+    void onSortChosen() {
+        const auto chosen = SendMessageA(item(IDC_CP_SORT), CB_GETCURSEL, 0, 0);
+        if (const auto column = sortColumn(); column && chosen != CB_ERR)
+            m_choice.setAscending(*column, kSorts[chosen].ascending);
+    }
+
+    // ---- The buttons below ----
+
+    void onView() { m_actions.apply(m_choice.layout()); }
+    void onSave() {
+        m_actions.apply(m_choice.layout());
+        if (m_actions.save()) end(IDOK);
+    }
+    void onDefault() {
+        m_choice.restoreDefault();
+        fillAvailable({});
+        fillShown({0});
+    }
+    void onCancel() { end(IDCANCEL); }
+
+    HWND m_list;
+    ColumnChoice m_choice;
+    const bool m_offersSort;
+    const ColumnProfileActions& m_actions;
+    CDragList m_shown{*this};
+    bool m_filling = false;  // the changes of the lists are its own
+};
+
+}  // namespace
+
+void repositionColumns(HWND list, const ColumnModel& columns, std::optional<DefaultSort> sort,
+                       bool offersSort, const ColumnProfileActions& actions) {
+    CRepositionColumns(list, columns, sort, offersSort, actions).show();
+}
+
+}  // namespace mc

@@ -1,0 +1,102 @@
+// User-defined columns: a cell's text computed from other cells of its row.
+//
+// In an expression a column stands as its number between double quotes, the rest is taken
+// literally: ` "3"+"5"*2`. The text is split at the quotes; a run of quotes is one separator,
+// quotes at the very start separate nothing, and the pieces are in turn literal text and column. So
+// an expression that begins with a quote begins with literal text all the same: `"3"+"5"` is 3, the
+// column "+" (which is column 0), 5.
+#pragma once
+
+#include <concepts>
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "listctrl/model/expression/postfix_program.h"
+
+namespace mc {
+
+// What became of a cell. The caller's text is replaced by `produced` only.
+enum class CellOutcome {
+    produced,
+    notFetched,  // a referenced cell could not be had; the cell keeps its text
+    unchanged,   // what stands right of the first "/" has no value; the cell keeps its text
+    invalid,  // the cell keeps its text; the user is to be told kInvalidExpression, by the caller
+              // and never while a list paints
+};
+
+inline constexpr const char* kInvalidExpression = "Invalid Expression,while calculating value";
+inline constexpr std::string_view kDividedByZero = "Divided by ZERO error";
+
+// A function that reads a cell of the row at hand by its column, or none. It is asked once for each
+// reference, from left to right; the text must stay until it is asked again. Does not own the
+// function.
+class CellFetch {
+public:
+    using Result = std::optional<std::string_view>;
+
+    template <std::invocable<int> Function>
+    CellFetch(const Function& function)  // NOLINT(google-explicit-constructor)
+        : m_function(&function), m_call([](const void* called, int column) -> Result {
+              return (*static_cast<const Function*>(called))(column);
+          }) {}
+
+    Result operator()(int column) const { return m_call(m_function, column); }
+
+private:
+    const void* m_function;
+    Result (*m_call)(const void* function, int column);
+};
+
+// A whole text, together with the test of its divisor: everything right of its first "/" is
+// computed alone and must not be zero. The test is coarse on purpose: 1/2+3 is tested with 2+3.
+class CheckedProgram {
+public:
+    explicit CheckedProgram(std::string_view infix, std::span<const std::size_t> slots = {});
+    bool slotsStandAlone() const;
+    CellOutcome run(std::span<const double> values, std::string& text) const;
+
+private:
+    PostfixProgram m_whole;
+    std::optional<PostfixProgram> m_divisor;
+};
+
+// An expression, split and turned into steps once, for any number of rows.
+//
+// A cell is put into the text as it stands, or as "0" when it begins with no decimal number but 0.
+// A row whose cells are all plain numbers so (digits and points) runs the steps; any other cell can
+// change how the text falls into tokens (2 minus -5 becomes "2--5"), so such a row is read anew as
+// text. Both ways give the same result.
+class CompiledExpression {
+public:
+    explicit CompiledExpression(std::string_view expression);
+
+    // Computes the cell of one row. May be entered again from `fetch`.
+    CellOutcome compute(CellFetch fetch, std::string& text) const;
+
+private:
+    struct Reference {
+        std::string literal;  // in front of it
+        int column;
+    };
+    // The whole text, with these parts in place of the references.
+    std::string substitute(std::span<const std::string_view> parts) const;
+
+    std::vector<Reference> m_references;
+    std::string m_tail;                     // the literal text behind the last
+    std::optional<CheckedProgram> m_steps;  // none: every row is read as text
+};
+
+// The pieces of an expression, in turn literal text and column; none is empty.
+std::vector<std::string_view> expressionPieces(std::string_view expression);
+
+// The column that a reference's text names: a decimal number, read as far as it goes, else 0.
+int referencedColumn(std::string_view text);
+
+// Computes one cell of an expression that is used once.
+CellOutcome computeCell(std::string_view expression, CellFetch fetch, std::string& text);
+
+}  // namespace mc

@@ -1,0 +1,103 @@
+#include "listctrl/model/table/column_texts.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "listctrl/model/table/text_search.h"
+#include "listctrl/model/table/text_sort.h"
+#include "text/read_number.h"
+
+namespace mc {
+
+void ColumnTexts::set(Slot slot, std::string_view text) {
+    if (slot >= m_codes.size()) grow(slot + std::size_t{1});
+    const Code code = m_table.add(text), before = m_codes[slot];
+    if (code == before) return;
+    m_codes[slot] = code;
+    if (code == m_uses.size())
+        m_uses.push_back(1);
+    else if (code != 0 && m_uses[code]++ == 0)
+        --m_unused;
+    if (before != 0 && --m_uses[before] == 0) ++m_unused;
+}
+
+void ColumnTexts::keepMatching(const FilterPattern& pattern, std::vector<Slot>& slots) {
+    if (pattern.asksNumbers()) readNumbers();
+    markMatches(pattern, m_table, m_numbers, m_marks);
+    std::size_t kept = 0;
+    for (const Slot slot : slots) {
+        slots[kept] = slot;
+        kept += m_marks[m_codes[slot]];
+    }
+    slots.resize(kept);
+}
+
+void ColumnTexts::sort(std::vector<Slot>& slots, Comparison comparison, int direction) {
+    if (comparison == Comparison::equal) return;
+    const auto compareAsText = [this](Slot a, Slot b) {
+        return compareTexts(Comparison::text, text(a), text(b));
+    };
+    // Ranking all texts pays only for rows that show a good part of them.
+    if (comparison == Comparison::text && slots.size() < m_table.size() / 8)
+        return sortByComparing(slots, direction, compareAsText);
+    makeKeys(comparison);
+    if (comparison != Comparison::dateTime) return sortByKeys(slots, direction);
+    sortByComparing(slots, direction, [this](Slot a, Slot b) {
+        return compareDates(text(a), m_keys[m_codes[a]], text(b), m_keys[m_codes[b]]);
+    });
+}
+
+DistinctValues ColumnTexts::distinct(const SlotSequence& slots, std::size_t limit) const {
+    DistinctValues found;
+    std::vector<bool> seen(m_table.size());
+    seen[0] = true;
+    slots.forEach([&](Slot slot) {
+        const Code code = m_codes[slot];
+        if (seen[code]) return;
+        seen[code] = true;
+        if (found.values.size() < limit)
+            found.values.emplace_back(m_table.text(code));
+        else
+            ++found.beyond;
+    });
+    return found;
+}
+
+void ColumnTexts::readNumbers() {
+    constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+    m_numbers.reserve(m_table.size());
+    while (m_numbers.size() < m_table.size())
+        m_numbers.push_back(
+            readNumber(m_table.text(static_cast<Code>(m_numbers.size()))).value_or(kNone));
+}
+
+void ColumnTexts::makeKeys(Comparison comparison) {
+    if (m_keysFor != comparison) m_keys.clear();
+    m_keysFor = comparison;
+    if (m_keys.size() == m_table.size()) return;
+    if (comparison == Comparison::text) {
+        m_keys = ranksOf(m_table);
+        return;
+    }
+    m_keys.reserve(m_table.size());
+    while (m_keys.size() < m_table.size())
+        m_keys.push_back(sortKey(comparison, m_table.text(static_cast<Code>(m_keys.size()))));
+}
+
+void ColumnTexts::sortByKeys(std::vector<Slot>& slots, int direction) const {
+    std::vector<Keyed> items(slots.size()), scratch(slots.size());
+    const std::uint64_t turned = direction < 0 ? 0 : ~std::uint64_t{0};
+    for (std::size_t i = 0; i < items.size(); ++i)
+        items[i] = {m_keys[m_codes[slots[i]]] ^ turned, slots[i]};
+    sortByKey(items, scratch);
+    for (std::size_t i = 0; i < items.size(); ++i) slots[i] = items[i].value;
+}
+
+template <class Compare>
+void ColumnTexts::sortByComparing(std::vector<Slot>& slots, int direction, Compare compare) const {
+    std::stable_sort(slots.begin(), slots.end(), [&](Slot a, Slot b) {
+        return m_codes[a] != m_codes[b] && direction * compare(b, a) < 0;
+    });
+}
+
+}  // namespace mc

@@ -1,0 +1,65 @@
+// The texts of one column, kept by slot so that a pass over all records reads none of them twice.
+//
+// Each different text is stored once and a slot holds its code: a filter is tried, a number read
+// and a sort key made once per different text, not per record. What is derived from the texts is
+// made when first asked for and grows with them.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "listctrl/model/table/distinct_values.h"
+#include "listctrl/model/table/slot_sequence.h"
+#include "listctrl/model/table/sort_order.h"
+#include "listctrl/model/table/text_table.h"
+#include "text/filter_pattern.h"
+
+namespace mc {
+
+class ColumnTexts {
+public:
+    // Makes room for slots below `slots`, which is no fewer than before; their texts are empty.
+    void grow(std::size_t slots) { m_codes.resize(slots, 0); }
+
+    // Sets a slot's text, making room if there is none.
+    void set(Slot slot, std::string_view text);
+
+    // The slot's text; it lives until the next set().
+    std::string_view text(Slot slot) const { return m_table.text(m_codes[slot]); }
+
+    // More than half of the texts kept belong to no slot any longer: time to make it anew.
+    bool worn() const { return m_unused > 1024 && m_unused > m_table.size() / 2; }
+
+    // Takes the slots out whose texts don't match.
+    void keepMatching(const FilterPattern& pattern, std::vector<Slot>& slots);
+
+    // Sorts slots by the column; those that compare equal keep their order.
+    void sort(std::vector<Slot>& slots, Comparison comparison, int direction);
+
+    // The different texts of these slots.
+    DistinctValues distinct(const SlotSequence& slots, std::size_t limit) const;
+
+private:
+    using Code = TextTable::Code;
+
+    void readNumbers();
+    void makeKeys(Comparison comparison);
+    void sortByKeys(std::vector<Slot>& slots, int direction) const;
+    template <class Compare>
+    void sortByComparing(std::vector<Slot>& slots, int direction, Compare compare) const;
+
+    TextTable m_table;
+    std::vector<Code> m_codes;                // by slot
+    std::vector<std::uint32_t> m_uses = {0};  // by code: slots that hold it; not of the empty text
+    std::size_t m_unused = 0;                 // codes without uses
+
+    // By code, as far as made: what filters on numbers and the last sort asked for.
+    std::vector<double> m_numbers;
+    std::vector<std::uint64_t> m_keys;
+    Comparison m_keysFor = Comparison::equal;
+    std::vector<std::uint8_t> m_marks;  // of the current filter
+};
+
+}  // namespace mc

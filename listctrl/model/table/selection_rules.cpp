@@ -1,0 +1,138 @@
+#include "listctrl/model/table/selection_rules.h"
+
+#include <algorithm>
+
+namespace mc {
+
+void SelectionRules::selectOnly(std::size_t row) {
+    if (m_store.selectedCount() != 1 || !m_store.selected(row)) {
+        m_store.clearSelection();
+        m_store.select(row, true);
+    }
+    m_store.setAnchor(row);
+}
+
+// From the anchor or else from `from`, which is the anchor from then on.
+void SelectionRules::extend(std::size_t from, std::size_t to, bool keepOthers) {
+    if (const auto anchor = m_store.anchorRow())
+        from = *anchor;
+    else
+        m_store.setAnchor(from);
+    if (!keepOthers) m_store.clearSelection();
+    for (std::size_t row = std::min(from, to); row <= std::max(from, to); ++row)
+        m_store.select(row, true);
+}
+
+void SelectionRules::toggle(std::size_t row) {
+    m_store.select(row, !m_store.selected(row));
+    m_store.setAnchor(row);
+}
+
+void SelectionRules::goTo(std::size_t row) {
+    selectOnly(row);
+    m_store.setFocus(row);
+}
+
+void SelectionRules::selectAll() {
+    m_store.selectAll();
+    if (!m_store.focusedRow()) m_store.setFocus(0);
+}
+
+void SelectionRules::click(std::optional<std::size_t> row, Modifiers keys) {
+    if (!row || *row >= m_store.rowCount()) {
+        if (!keys.ctrl && !keys.shift) m_store.clearSelection();
+        return;
+    }
+    if (keys.shift)
+        extend(m_store.focusedRow().value_or(*row), *row, keys.ctrl);
+    else if (keys.ctrl)
+        toggle(*row);
+    else
+        selectOnly(*row);
+    m_store.setFocus(*row);
+}
+
+void SelectionRules::rightClick(std::optional<std::size_t> row) {
+    if (!row || *row >= m_store.rowCount()) return;
+    if (!m_store.selected(*row)) selectOnly(*row);
+    m_store.setFocus(*row);
+}
+
+std::optional<std::size_t> SelectionRules::move(Move move, std::size_t pageRows, Modifiers keys) {
+    if (m_store.rowCount() == 0) return std::nullopt;
+    const std::size_t last = m_store.rowCount() - 1;
+    const auto focused = m_store.focusedRow();
+    const std::size_t from = focused.value_or(0);
+    const std::size_t page = std::max<std::size_t>(pageRows, 2) - 1;
+    std::size_t to = from;
+    switch (move) {
+        case Move::up:
+            to = from - std::min<std::size_t>(from, 1);
+            break;
+        case Move::down:
+            to = focused ? std::min(from + 1, last) : from;
+            break;
+        case Move::pageUp:
+            to = from - std::min(from, page);
+            break;
+        case Move::pageDown:
+            to = std::min(from + page, last);
+            break;
+        case Move::home:
+            to = 0;
+            break;
+        case Move::end:
+            to = last;
+            break;
+    }
+    if (keys.shift)
+        extend(from, to, keys.ctrl);
+    else if (!keys.ctrl)
+        selectOnly(to);
+    m_store.setFocus(to);
+    return to;
+}
+
+void SelectionRules::space(Modifiers keys) {
+    const auto row = m_store.focusedRow();
+    if (!row) return;
+    if (keys.shift) return extend(*row, *row, keys.ctrl);
+    if (keys.ctrl) return toggle(*row);
+    m_store.select(*row, true);
+    m_store.setAnchor(*row);
+}
+
+// ---- What others ask ----
+
+namespace {
+
+std::optional<std::size_t> nextSelected(const RecordStore& store, std::optional<std::size_t> start,
+                                        bool above) {
+    const auto& rows = store.selectedRows();
+    if (above) {
+        const auto found = std::lower_bound(rows.begin(), rows.end(), *start);
+        return found != rows.begin() ? std::optional(*(found - 1)) : std::nullopt;
+    }
+    const auto found = start ? std::upper_bound(rows.begin(), rows.end(), *start) : rows.begin();
+    return found != rows.end() ? std::optional(*found) : std::nullopt;
+}
+
+}  // namespace
+
+std::optional<std::size_t> nextRow(const RecordStore& store, std::optional<std::size_t> start,
+                                   NextRow wanted) {
+    if (wanted.above && !start) return std::nullopt;
+    if (start && *start >= store.rowCount()) return std::nullopt;
+    if (wanted.focused) {
+        const auto row = store.focusedRow();
+        if (!row || (wanted.selected && !store.selected(*row))) return std::nullopt;
+        const bool there = wanted.above ? *row < *start : !start || *row > *start;
+        return there ? row : std::nullopt;
+    }
+    if (wanted.selected) return nextSelected(store, start, wanted.above);
+    if (wanted.above) return *start > 0 ? std::optional(*start - 1) : std::nullopt;
+    const std::size_t next = start ? *start + 1 : 0;
+    return next < store.rowCount() ? std::optional(next) : std::nullopt;
+}
+
+}  // namespace mc

@@ -1,0 +1,24 @@
+// Sorting by numbers that stand for what is compared.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "listctrl/model/table/text_table.h"
+
+namespace mc {
+
+struct Keyed {
+    std::uint64_t key;
+    std::uint32_t value;  // what is sorted: a slot or a code
+};
+
+// Sorts by key, byte by byte from the lowest; equal keys keep their order. `scratch` is of the same
+// size, its contents are lost.
+void sortByKey(std::span<Keyed> items, std::span<Keyed> scratch);
+
+// By code: the place of each text of the table among all, sorted byte by byte.
+std::vector<std::uint64_t> ranksOf(const TextTable& texts);
+
+}  // namespace mc

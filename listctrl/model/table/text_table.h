@@ -1,0 +1,65 @@
+// Different texts, each once, in one block of memory, made to be searched all in a row.
+//
+// A text is known by its code, the number of texts before it; the empty text is code 0. Beside the
+// texts stands a copy in lower case at the same places, for matching without regard to case. Texts
+// are never taken out.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+#include <vector>
+
+namespace mc {
+
+class TextTable {
+public:
+    using Code = std::uint32_t;
+
+    // Every text can be read this many bytes beyond either end, into its neighbours.
+    static constexpr std::size_t kMargin = 16;
+
+    TextTable();
+
+    // The text's code; a text that is new gets the next.
+    Code add(std::string_view text);
+
+    std::size_t size() const { return m_begins.size() - 1; }
+    std::size_t length(Code code) const { return end(code) - begin(code); }
+    std::string_view text(Code code) const { return {m_texts.data() + begin(code), length(code)}; }
+    std::string_view lowered(Code code) const {
+        return {m_lowered.data() + begin(code), length(code)};
+    }
+
+    // Where a text stands in the block of all texts in lower case. The end of one is the beginning
+    // of the next.
+    const char* lowered() const { return m_lowered.data(); }
+    std::size_t begin(Code code) const { return m_begins[code]; }
+    std::size_t end(Code code) const { return m_begins[code + std::size_t{1}]; }
+
+private:
+    struct Bucket {
+        std::uint32_t hash = 0;
+        Code code = 0;  // 0: the bucket is empty, as the empty text needs none
+    };
+
+    std::size_t bucketOf(std::string_view text, std::uint32_t hash) const;
+    void append(std::string_view text);
+    void grow();
+
+    std::vector<char> m_texts;          // margin, texts one behind the other, margin
+    std::vector<char> m_lowered;        // the same in lower case
+    std::vector<std::size_t> m_begins;  // by code, and the end of the last text
+    std::vector<Bucket> m_buckets;      // a power of two of them, probed linearly
+};
+
+// The bytes at a place of memory as one number, the first in the lowest place.
+template <class Number = std::uint64_t>
+Number loadBytes(const char* at) {
+    Number bytes;
+    std::memcpy(&bytes, at, sizeof bytes);
+    return bytes;
+}
+
+}  // namespace mc
