@@ -1,5 +1,5 @@
 // The text of a computed cell: ours against a general formula library with strtod and snprintf
-// around it, and against the literal way of the tests. Each benchmark computes a column of 100,000
+// around it, and against the reference of the tests. Each benchmark computes a column of 100,000
 // rows with all three in turn and reports nanoseconds per cell and the ratios (ours / other).
 #include <benchmark/benchmark.h>
 #include <muParser.h>
@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "listctrl/model/expression/expression.h"
-#include "tests/unit/literal_expression.h"
+#include "tests/unit/reference_expression.h"
 
 using namespace mc;
 
@@ -83,20 +83,20 @@ void computedCell(benchmark::State& state, const char* expression, const char* f
     const std::string plain(expression);
     Formula library(formula, columns);
     std::string text;
-    double ours = 0, peer = 0, literally = 0;
+    double ours = 0, peer = 0, reference = 0;
     for (auto _ : state) {
         ours += nanosecondsPerCell(rows, text,
                                    [&](const Row& row) { compiled.compute(cellsOf(row), text); });
         peer += nanosecondsPerCell(rows, text, [&](const Row& row) { library.compute(row, text); });
-        literally += nanosecondsPerCell(
-            rows, text, [&](const Row& row) { literal::computeCell(plain, cellsOf(row), text); });
+        reference += nanosecondsPerCell(
+            rows, text, [&](const Row& row) { reference::computeCell(plain, cellsOf(row), text); });
     }
     const auto passes = static_cast<double>(state.iterations());
     state.counters["ours_ns"] = ours / passes;
     state.counters["peer_ns"] = peer / passes;
-    state.counters["literal_ns"] = literally / passes;
+    state.counters["reference_ns"] = reference / passes;
     state.counters["to_peer"] = ours / peer;
-    state.counters["to_literal"] = ours / literally;
+    state.counters["to_reference"] = ours / reference;
 }
 
 BENCHMARK_CAPTURE(computedCell, product, R"( "0"*"1")", "a*b", 2);

@@ -1,4 +1,4 @@
-// Expressions and cells from anywhere: the compiled steps and the literal way agree, and computed
+// Expressions and cells from anywhere: the compiled steps and the reference agree, and computed
 // columns that refer to each other at will come to an end.
 //
 // Input: lines. The first is an expression for a row of the others, and all of them are the
@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "listctrl/model/expression/computed_columns.h"
-#include "tests/unit/literal_expression.h"
+#include "tests/unit/reference_expression.h"
 
 using namespace mc;
 
@@ -37,7 +37,7 @@ void agrees(const std::string& expression, const std::vector<std::string>& cells
     };
     std::string text = "old", expected = "old";
     const CellOutcome outcome = computeCell(expression, fetch, text);
-    if (outcome == literal::computeCell(expression, fetch, expected) && text == expected) return;
+    if (outcome == reference::computeCell(expression, fetch, expected) && text == expected) return;
     std::fprintf(stderr, "<%s> gives <%s> instead of <%s>\n", expression.c_str(), text.c_str(),
                  expected.c_str());
     std::abort();

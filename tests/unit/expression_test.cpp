@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/unit/literal_expression.h"
+#include "tests/unit/reference_expression.h"
 
 using namespace mc;
 
@@ -47,9 +47,9 @@ std::string cell(std::string_view expression, const Cells& cells = {}) {
     return shown(outcome, text);
 }
 
-std::string literalCell(const std::string& expression, const Cells& cells) {
+std::string referenceCell(const std::string& expression, const Cells& cells) {
     std::string text = "old";
-    const CellOutcome outcome = literal::computeCell(expression, fetchFrom(cells), text);
+    const CellOutcome outcome = reference::computeCell(expression, fetchFrom(cells), text);
     return shown(outcome, text);
 }
 
@@ -125,7 +125,7 @@ TEST(ExpressionTest, ComputesInfixTexts) {
     };
     for (const auto& [infix, expected] : cases) {
         EXPECT_EQ(cell(infix), expected) << infix;
-        EXPECT_EQ(literalCell(infix, {}), expected) << infix << ", literally";
+        EXPECT_EQ(referenceCell(infix, {}), expected) << infix << ", by the reference";
     }
 }
 
@@ -220,7 +220,7 @@ TEST(ExpressionTest, TruncatesAsTheProcessorDoes) {
     for (const double value :
          {0.0, -0.9, 2147483647.0, 2147483647.9, 2147483648.0, -2147483648.0, -2147483648.9,
           -2147483649.0, 1e300, HUGE_VAL, -HUGE_VAL, std::nan("")})
-        EXPECT_EQ(truncated(value), literal::integer(value)) << value;
+        EXPECT_EQ(truncated(value), reference::integer(value)) << value;
 }
 
 // The three that are never found in a text, and where C++ itself has no result.
@@ -354,9 +354,9 @@ private:
     std::mt19937 m_random;
 };
 
-// Rows of one expression, each against the literal way: plain rows take the compiled steps, the
+// Rows of one expression, each against the reference: plain rows take the compiled steps, the
 // others the text.
-TEST(ExpressionTest, EqualsTheLiteralWay) {
+TEST(ExpressionTest, EqualsTheReference) {
     Draws draws(3);
     std::map<std::string, int> seen;
     for (int i = 0; i < 20'000; ++i) {
@@ -366,7 +366,7 @@ TEST(ExpressionTest, EqualsTheLiteralWay) {
             const Cells cells = {draws.cell(), draws.cell(), draws.cell()};
             std::string text = "old";
             const CellOutcome outcome = compiled.compute(fetchFrom(cells), text);
-            ASSERT_EQ(shown(outcome, text), literalCell(expression, cells))
+            ASSERT_EQ(shown(outcome, text), referenceCell(expression, cells))
                 << expression << " with " << cells[0] << " | " << cells[1] << " | " << cells[2];
             const bool number = outcome == CellOutcome::produced && text != kDividedByZero;
             ++seen[number ? text == "0.00" ? "zero" : "number" : shown(outcome, text)];
@@ -379,15 +379,15 @@ TEST(ExpressionTest, EqualsTheLiteralWay) {
 }
 
 // All digits of the value, and the status, which a cell does not show.
-TEST(ExpressionTest, ValuesAndStatusesEqualTheLiteralWay) {
+TEST(ExpressionTest, ValuesAndStatusesEqualTheReference) {
     Draws draws(4);
     for (int i = 0; i < 50'000; ++i) {
         const Cells cells = {draws.cell(), draws.cell(), draws.cell(), draws.cell()};
-        const std::string infix = *literal::substitute(draws.expression(), [&](int column) {
+        const std::string infix = *reference::substitute(draws.expression(), [&](int column) {
             return CellFetch::Result(cells[static_cast<std::size_t>(column) % 4]);
         });
         double value = 0.0;
-        const int status = literal::evaluate(infix, value);
+        const int status = reference::evaluate(infix, value);
         const Evaluation found = evaluateExpression(infix);
         ASSERT_EQ(static_cast<int>(found.status), status) << infix;
         if (std::isnan(value))

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "listctrl/model/table/text_search.h"
-#include "tests/unit/literal_list.h"
+#include "tests/unit/reference_list.h"
 #include "text/read_number.h"
 
 using namespace mc;
@@ -105,7 +105,7 @@ TEST(FilterPattern, AValueIsTheWholeCell) {
 }
 
 // One by one and all in a row, as the rules written down plainly.
-TEST(FilterPattern, AgreesWithTheLiteralRules) {
+TEST(FilterPattern, AgreesWithTheReferenceRules) {
     std::mt19937 random(2);
     for (int round = 0; round < 1500; ++round) {
         TextTable texts;
@@ -123,7 +123,8 @@ TEST(FilterPattern, AgreesWithTheLiteralRules) {
         markMatches(pattern, texts, numbers, marks);
         for (TextTable::Code code = 0; code < texts.size(); ++code) {
             const std::string cell(texts.text(code));
-            const bool expected = literal::matches(cell, filter, exact, kind == FilterKind::value);
+            const bool expected =
+                reference::matches(cell, filter, exact, kind == FilterKind::value);
             ASSERT_EQ(pattern.matches(cell), expected) << filter << " on " << cell;
             ASSERT_EQ(marks[code] != 0, expected) << filter << " on " << cell;
         }

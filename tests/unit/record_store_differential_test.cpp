@@ -1,4 +1,4 @@
-// The record store against the literal list: random steps, the same state after each.
+// The record store against the reference list: random steps, the same state after each.
 #include <gtest/gtest.h>
 
 #include <deque>
@@ -6,13 +6,13 @@
 #include <random>
 
 #include "listctrl/model/table/record_store.h"
-#include "tests/unit/literal_list.h"
+#include "tests/unit/reference_list.h"
 
 using namespace mc;
 
 namespace {
 
-using literal::Record;
+using reference::Record;
 
 constexpr int kColumns = 4;
 
@@ -41,7 +41,7 @@ public:
 
 private:
     std::size_t below(std::size_t end) { return end == 0 ? 0 : m_random() % end; }
-    std::size_t anyRow() { return below(m_literal.itemCount + 2); }
+    std::size_t anyRow() { return below(m_reference.itemCount + 2); }
 
     std::string randomText(int column) {
         static const std::vector<std::string> kTexts[kColumns] = {
@@ -66,33 +66,33 @@ private:
     void insertAt(std::size_t position) {
         Record* const record = newRecord();
         const auto inserted = m_store.insertItem(position, record);
-        EXPECT_EQ(inserted.position, m_literal.insertItem(position, record));
+        EXPECT_EQ(inserted.position, m_reference.insertItem(position, record));
         EXPECT_EQ(m_store.record(inserted.slot), record);
         m_slots[record] = inserted.slot;
     }
-    void insert() { insertAt(below(m_literal.store.size() + 2)); }
+    void insert() { insertAt(below(m_reference.store.size() + 2)); }
     void append() { insertAt(0); }
 
-    void expectSame(const RecordStore::Outcome& ours, const literal::List::Outcome& expected) {
+    void expectSame(const RecordStore::Outcome& ours, const reference::List::Outcome& expected) {
         EXPECT_EQ(ours.result, expected.result);
         EXPECT_EQ(ours.message != nullptr ? ours.message : "", expected.message);
     }
     void deleteRow() {
         const std::size_t row = anyRow();
-        expectSame(m_store.deleteItem(row), m_literal.deleteItem(row));
+        expectSame(m_store.deleteItem(row), m_reference.deleteItem(row));
     }
     void deleteStored() {
-        const auto position = static_cast<std::ptrdiff_t>(below(m_literal.store.size() + 2)) - 1;
-        expectSame(m_store.deleteStored(position), m_literal.deleteStored(position));
+        const auto position = static_cast<std::ptrdiff_t>(below(m_reference.store.size() + 2)) - 1;
+        expectSame(m_store.deleteStored(position), m_reference.deleteStored(position));
     }
 
     void refresh() {
-        if (m_literal.store.empty()) return;
-        Record* const record = m_literal.store[below(m_literal.store.size())];
+        if (m_reference.store.empty()) return;
+        Record* const record = m_reference.store[below(m_reference.store.size())];
         const int column = static_cast<int>(below(kColumns));
         record->cells[static_cast<std::size_t>(column)] = randomText(column);
         m_store.refresh(m_slots[record]);
-        m_literal.refresh(record);
+        m_reference.refresh(record);
         m_refreshed = record;
     }
 
@@ -111,9 +111,9 @@ private:
         const std::string& text = kFilters[below(kFilters.size())];
         const bool isValue = below(4) == 0;
         m_store.setFilter(column, text, isValue ? FilterKind::value : FilterKind::pattern);
-        auto& columns = m_literal.filterColumns;
-        auto& texts = m_literal.filterTexts;
-        auto& values = m_literal.filterIsValue;
+        auto& columns = m_reference.filterColumns;
+        auto& texts = m_reference.filterTexts;
+        auto& values = m_reference.filterIsValue;
         texts.resize(columns.size());
         values.resize(columns.size());
         const auto found = std::find(columns.begin(), columns.end(), column);
@@ -126,46 +126,46 @@ private:
         columns.push_back(column), texts.push_back(text), values.push_back(isValue);
         EXPECT_EQ(m_store.filterOf(column).text, text);
     }
-    void filter() { expectSame(m_store.filter(), m_literal.filter()); }
+    void filter() { expectSame(m_store.filter(), m_reference.filter()); }
 
     void sort() {
-        if (below(4) == 0) return m_store.unsort(), m_literal.unsort();
+        if (below(4) == 0) return m_store.unsort(), m_reference.unsort();
         static constexpr int kTypes[kColumns][2] = {{3, 8}, {2, 9}, {6, 6}, {1, 4}};
         const int column = static_cast<int>(below(kColumns));
         const int type = below(10) == 0 ? 0 : kTypes[column][below(2)];
         const int direction = below(2) == 0 ? -1 : 1;
         m_store.sort({column, comparisonOf(type), direction});
-        m_literal.sort({column, type, direction});
+        m_reference.sort({column, type, direction});
     }
 
     void select() {
         const std::size_t row = anyRow();
         const bool on = below(3) != 0;
         m_store.select(row, on);
-        m_literal.select(row, on);
+        m_reference.select(row, on);
     }
     void focus() {
         const std::size_t row = anyRow();
         m_store.setFocus(row);
-        m_literal.focus = m_literal.at(row);
+        m_reference.focus = m_reference.at(row);
     }
     void anchor() {
         const std::size_t row = anyRow();
         m_store.setAnchor(row);
-        m_literal.anchor = m_literal.at(row);
+        m_reference.anchor = m_reference.at(row);
     }
 
     void switchFlags() {
         const bool on = below(2) == 0;
         switch (below(3)) {
             case 0:
-                m_store.setMatchExactly(on), m_literal.exactAlways = on;
+                m_store.setMatchExactly(on), m_reference.exactAlways = on;
                 break;
             case 1:
-                m_store.matchExactlyOnce(), m_literal.exactOnce = true;
+                m_store.matchExactlyOnce(), m_reference.exactOnce = true;
                 break;
             default:
-                m_store.setReversed(on), m_literal.reversed = on;
+                m_store.setReversed(on), m_reference.reversed = on;
                 break;
         }
     }
@@ -173,7 +173,7 @@ private:
     void rarely() {
         switch (below(8)) {
             case 0:
-                m_store.reset(), m_literal.reset(), m_slots.clear();
+                m_store.reset(), m_reference.reset(), m_slots.clear();
                 break;
             case 1:
                 m_store.dropTexts();
@@ -183,21 +183,21 @@ private:
                 break;
             case 3:
                 m_store.selectAll();
-                for (std::size_t row = 0; row < m_literal.itemCount; ++row)
-                    m_literal.select(row, true);
+                for (std::size_t row = 0; row < m_reference.itemCount; ++row)
+                    m_reference.select(row, true);
                 break;
             case 4:
                 m_store.clearSelection();
-                m_literal.selected.clear();
+                m_reference.selected.clear();
                 break;
             case 5:
                 m_store.clearFilters();
-                m_literal.filterColumns.clear(), m_literal.filterTexts.clear();
+                m_reference.filterColumns.clear(), m_reference.filterTexts.clear();
                 break;
             case 6:
                 m_store.setFilters({0, 1}, {ColumnFilter{"a"}});
-                m_literal.filterColumns = {0, 1}, m_literal.filterTexts = {"a"};
-                m_literal.filterIsValue = {false};
+                m_reference.filterColumns = {0, 1}, m_reference.filterTexts = {"a"};
+                m_reference.filterIsValue = {false};
                 break;
             default:
                 break;
@@ -205,35 +205,35 @@ private:
     }
 
     void compareRows() {
-        ASSERT_EQ(m_store.storedCount(), m_literal.store.size());
-        for (std::size_t i = 0; i < m_literal.store.size(); ++i) {
-            Record* const record = m_literal.store[i];
+        ASSERT_EQ(m_store.storedCount(), m_reference.store.size());
+        for (std::size_t i = 0; i < m_reference.store.size(); ++i) {
+            Record* const record = m_reference.store[i];
             ASSERT_EQ(m_store.record(m_store.storedAt(i)), record);
             ASSERT_EQ(m_store.storedPosition(m_slots[record]), i);
         }
-        ASSERT_EQ(m_store.rowCount(), m_literal.itemCount);
+        ASSERT_EQ(m_store.rowCount(), m_reference.itemCount);
         std::vector<std::size_t> selected;
-        for (std::size_t row = 0; row < m_literal.itemCount; ++row) {
-            Record* const record = m_literal.at(row);
+        for (std::size_t row = 0; row < m_reference.itemCount; ++row) {
+            Record* const record = m_reference.at(row);
             ASSERT_EQ(m_store.recordAt(row), record) << "row " << row;
             if (record != nullptr) {
                 ASSERT_EQ(m_store.rowOf(m_slots[record]), row);
             }
-            if (m_literal.selected.contains(record)) selected.push_back(row);
+            if (m_reference.selected.contains(record)) selected.push_back(row);
         }
         ASSERT_EQ(m_store.selectedRows(), selected);
         ASSERT_EQ(m_store.selectedCount(), selected.size());
         const auto recordAt = [&](auto row) { return row ? m_store.recordAt(*row) : nullptr; };
-        ASSERT_EQ(recordAt(m_store.focusedRow()), m_literal.focus);
-        ASSERT_EQ(recordAt(m_store.anchorRow()), m_literal.anchor);
+        ASSERT_EQ(recordAt(m_store.focusedRow()), m_reference.focus);
+        ASSERT_EQ(recordAt(m_store.anchorRow()), m_reference.anchor);
     }
 
     // What was reported as changed covers what did.
     void compareChanges() {
         const RowChanges changes = m_store.takeChanges();
         std::vector<Record*> shown;
-        for (std::size_t row = 0; row < m_literal.itemCount; ++row)
-            shown.push_back(m_literal.at(row));
+        for (std::size_t row = 0; row < m_reference.itemCount; ++row)
+            shown.push_back(m_reference.at(row));
         ASSERT_TRUE(changes.count || shown.size() == m_shown.size());
         for (std::size_t row = 0; row < std::min(shown.size(), m_shown.size()); ++row) {
             const bool same =
@@ -241,17 +241,18 @@ private:
             ASSERT_TRUE(same || (row >= changes.first && row < changes.last)) << row;
         }
         ASSERT_TRUE(changes.selection ||
-                    (m_selected == m_literal.selected && m_focus == m_literal.focus &&
-                     m_anchor == m_literal.anchor));
-        ASSERT_TRUE(m_store.selectionRevision() != m_revision || m_selected == m_literal.selected);
+                    (m_selected == m_reference.selected && m_focus == m_reference.focus &&
+                     m_anchor == m_reference.anchor));
+        ASSERT_TRUE(m_store.selectionRevision() != m_revision ||
+                    m_selected == m_reference.selected);
         m_shown = shown, m_refreshed = nullptr;
-        m_selected = m_literal.selected, m_revision = m_store.selectionRevision();
-        m_focus = m_literal.focus, m_anchor = m_literal.anchor;
+        m_selected = m_reference.selected, m_revision = m_store.selectionRevision();
+        m_focus = m_reference.focus, m_anchor = m_reference.anchor;
     }
 
     std::mt19937 m_random;
     RecordStore m_store;
-    literal::List m_literal;
+    reference::List m_reference;
     std::deque<Record> m_records;
     std::map<Record*, Slot> m_slots;
 
@@ -263,7 +264,7 @@ private:
     Record* m_anchor = nullptr;
 };
 
-TEST(RecordStore, NeverDiffersFromTheLiteralList) {
+TEST(RecordStore, NeverDiffersFromTheReferenceList) {
     for (unsigned seed = 0; seed < 3000; ++seed) {
         Pair lists(seed);
         for (int i = 0; i < 120; ++i) {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "listctrl/model/table/column_texts.h"
-#include "tests/unit/literal_list.h"
+#include "tests/unit/reference_list.h"
 
 using namespace mc;
 
@@ -118,7 +118,7 @@ void expectSorted(const Column& column, std::size_t rows, std::mt19937& random) 
     for (const int direction : {-1, 1}) {
         std::vector<Slot> expected = slots;
         std::stable_sort(expected.begin(), expected.end(), [&](Slot a, Slot b) {
-            return literal::compare(column.dataType, direction, texts[a], texts[b]) < 0;
+            return reference::compare(column.dataType, direction, texts[a], texts[b]) < 0;
         });
         std::vector<Slot> sorted = slots;
         kept.sort(sorted, comparisonOf(column.dataType), direction);
@@ -126,7 +126,7 @@ void expectSorted(const Column& column, std::size_t rows, std::mt19937& random) 
     }
 }
 
-TEST(SortOrder, SortsAsAStableSortByTheLiteralComparison) {
+TEST(SortOrder, SortsAsAStableSortByTheReferenceComparison) {
     const Column columns[] = {
         {1, "0123456789-", 8}, {4, "0123456789-", 17}, {2, "0123456789.-e", 12}, {5, "-NA19", 2},
         {7, "0123456789.", 5}, {9, "019.-A", 6},       {3, "ab\xE4\x01 ", 20},   {8, "abcdefgh", 3},
@@ -155,7 +155,7 @@ TEST(ColumnTexts, KeepsTheLastTextOfEachSlot) {
         std::vector<Slot> passing, expected;
         for (Slot i = 0; i < texts.size(); ++i) {
             passing.push_back(i);
-            if (literal::matches(texts[i], ">2500~1", false)) expected.push_back(i);
+            if (reference::matches(texts[i], ">2500~1", false)) expected.push_back(i);
         }
         kept.keepMatching(FilterPattern(">2500~1", false), passing);
         ASSERT_EQ(passing, expected);

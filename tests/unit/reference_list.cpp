@@ -1,11 +1,11 @@
-#include "tests/unit/literal_list.h"
+#include "tests/unit/reference_list.h"
 
 #include <algorithm>
 #include <cctype>
 #include <cstdio>
 #include <cstdlib>
 
-namespace literal {
+namespace reference {
 
 namespace {
 
@@ -235,4 +235,4 @@ bool List::before(std::size_t a, std::size_t b) const {
                    store[b]->cells[column]) < 0;
 }
 
-}  // namespace literal
+}  // namespace reference

@@ -21,7 +21,7 @@
 
 namespace mc {
 
-namespace literal {
+namespace reference {
 
 struct Entry {
     std::string spelling;
@@ -264,6 +264,6 @@ CellOutcome computeCell(const std::string& expression, Fetch fetch, std::string&
     return CellOutcome::produced;
 }
 
-}  // namespace literal
+}  // namespace reference
 
 }  // namespace mc
