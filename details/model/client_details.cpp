@@ -230,7 +230,7 @@ DetailGroup productCodesGroup(const FieldReader& answer) {
     return group;
 }
 
-// A changed list shows its old value only: that row stands in place of the new value's.
+// A changed list shows its old value only: that row replaces the new value's.
 DetailGroup clientProducts(const FieldReader& answer) {
     DetailGroup group = makeGroup("Products Enabled");
     if (!answer.count(MNM_PRODUCTS)) return group;
