@@ -267,14 +267,14 @@ struct Index {
 
 constexpr Index makeIndex() {
     std::array<std::size_t, std::size(kCaptions)> order{};
-    for (std::size_t index = 0; index < order.size(); ++index) order[index] = index;
+    for (std::size_t entry = 0; entry < order.size(); ++entry) order[entry] = entry;
     std::sort(order.begin(), order.end(), [](std::size_t a, std::size_t b) {
         const int first = kCaptions[a].mnemonic, second = kCaptions[b].mnemonic;
         return first != second ? first < second : a < b;
     });
     Index index;
-    for (const std::size_t index : order) {
-        const auto& [mnemonic, text] = kCaptions[index];
+    for (const std::size_t entry : order) {
+        const auto& [mnemonic, text] = kCaptions[entry];
         const bool again = index.size > 0 && index.mnemonics[index.size - 1] == mnemonic;
         if (!again) ++index.size;
         index.mnemonics[index.size - 1] = mnemonic;
