@@ -44,8 +44,8 @@ COLORREF detailsBackground() {
 }
 
 void showRow(Workbench& workbench, std::size_t row) {
-    void* const record = workbench.changes().rows().recordAt(row);
-    if (record != nullptr) workbench.showDetails(*static_cast<PendingChanges::Entry*>(record));
+    const auto* const record = workbench.changes().recordAt(row);
+    if (record != nullptr) workbench.showDetails(*record);
 }
 
 }  // namespace
@@ -103,8 +103,8 @@ LRESULT CMakerChecker::onInitDialog() {
                        held(*detailsList, kDetailsTitle, kDetailsListName)});
     mainList->setColumns(
         kMainColumns,
-        [](const void* record, int column) {
-            return mainCellText(*static_cast<const PendingChanges::Entry*>(record), column);
+        [&changes = m_workbench->changes()](Slot record, ColumnId column) {
+            return changes.cellText(record, column);
         },
         kMandatoryMainColumns);
     mainList->offerColumns(true, true);

@@ -282,7 +282,7 @@ private:
             const sMakeCheckStruct& record = changes.at(row);
             require(changes.findRecord(record.key) == &record, "every row is indexed");
             for (int column = 0; column < 8; ++column)
-                require(mainCellText(record, column).size() < kCellBytes, "a cell fits its buffer");
+                require(mainCellText(record, ColumnId{column}).size() < kCellBytes, "a cell fits its buffer");
         }
         require(m_host.beeps <= m_messages, "no tone without a message");
     }

@@ -29,7 +29,7 @@ TEST(MainList, ShowsARecordByColumn) {
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.column);
-        EXPECT_EQ(mainCellText(kRecord, each.column), each.text);
+        EXPECT_EQ(mainCellText(kRecord, ColumnId{each.column}), each.text);
         if (each.caption == nullptr) continue;
         EXPECT_STREQ(kMainColumns.at(static_cast<std::size_t>(each.column)).name, each.caption);
     }
@@ -52,7 +52,7 @@ TEST(MainList, NamesTheKindOfChange) {
     for (const auto& each : cases) {
         sMakeCheckStruct record;
         record.functionalityCode = each.code;
-        EXPECT_EQ(mainCellText(record, 1), each.text) << each.code;
+        EXPECT_EQ(mainCellText(record, ColumnId{1}), each.text) << each.code;
     }
 }
 
@@ -60,7 +60,7 @@ TEST(MainList, CutsACellToItsBuffer) {
     sMakeCheckStruct record;
     for (const std::size_t length : {254u, 255u, 256u, 100000u}) {
         record.entityName = std::string(length - 1, 'a') + "z";
-        EXPECT_EQ(mainCellText(record, 0), record.entityName.substr(0, 255));
+        EXPECT_EQ(mainCellText(record, ColumnId{0}), record.entityName.substr(0, 255));
     }
 }
 

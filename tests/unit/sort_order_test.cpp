@@ -56,8 +56,8 @@ TEST(SortOrder, ComparesByDataType) {
             << dataType << ' ' << a << ' ' << b;
         EXPECT_EQ(signOf(compareTexts(comparison, b, a)), -order)
             << dataType << ' ' << a << ' ' << b;
-        EXPECT_EQ(signOf(compareRows({0, comparison, -1}, a, b)), order);
-        EXPECT_EQ(signOf(compareRows({0, comparison, 1}, a, b)), -order);
+        EXPECT_EQ(signOf(compareRows({ColumnId{0}, comparison, -1}, a, b)), order);
+        EXPECT_EQ(signOf(compareRows({ColumnId{0}, comparison, 1}, a, b)), -order);
     }
 }
 

@@ -27,9 +27,9 @@ constexpr CellText kCells[] = {
 
 }  // namespace
 
-std::string_view mainCellText(const sMakeCheckStruct& record, int column) {
-    if (column < 0 || static_cast<std::size_t>(column) >= std::size(kCells)) return {};
-    return kCells[column](record).substr(0, kCellBytes - 1);
+std::string_view mainCellText(const sMakeCheckStruct& record, ColumnId column) {
+    if (toIndex(column) >= std::size(kCells)) return {};
+    return kCells[toIndex(column)](record).substr(0, kCellBytes - 1);
 }
 
 }  // namespace mc

@@ -26,6 +26,6 @@ inline constexpr std::size_t kCellBytes = 256;
 
 // The text of a record's cell, cut to what fits a cell. Index 6 is the record's spare field, which
 // has no column; beyond, cells are empty.
-std::string_view mainCellText(const sMakeCheckStruct& record, int column);
+std::string_view mainCellText(const sMakeCheckStruct& record, ColumnId column);
 
 }  // namespace mc

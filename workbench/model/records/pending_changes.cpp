@@ -1,13 +1,11 @@
 #include "workbench/model/records/pending_changes.h"
 
-#include "workbench/model/records/main_list.h"
+#include <utility>
 
 namespace mc {
 
 PendingChanges::PendingChanges(RecordsView& view) : m_view(view) {
-    m_rows.setCellReader([](const void* record, int column) {
-        return mainCellText(*static_cast<const Entry*>(record), column);
-    });
+    m_rows.setCellReader([this](Slot record, ColumnId column) { return cellText(record, column); });
 }
 
 sMakeCheckStruct* PendingChanges::findRecord(std::string_view key) const {
@@ -23,8 +21,14 @@ bool PendingChanges::selected(std::string_view key) const {
 void PendingChanges::addRecord(std::unique_ptr<Entry> record) {
     Entry& entry = *record;
     if (!m_index.insert(entry)) return;
-    static_cast<void>(record.release());  // its row owns it now
-    entry.slot = m_rows.insertItem(m_rows.storedCount(), &entry).slot;
+    if (m_free.empty()) {
+        m_free.push_back(static_cast<Slot>(m_records.size()));
+        m_records.emplace_back();
+    }
+    entry.slot = m_free.back();
+    m_free.pop_back();
+    m_records[entry.slot] = std::move(record);
+    m_rows.insertItem(m_rows.storedCount(), entry.slot);
     m_view.rowsChanged();
 }
 
@@ -39,16 +43,16 @@ void PendingChanges::removeRecord(std::string_view key) {
     if (found == nullptr) return;
     m_rows.deleteRecord(found->slot);
     m_index.erase(key);
-    std::unique_ptr<Entry> removed(found);
+    m_free.push_back(found->slot);
+    std::unique_ptr<Entry> removed = std::move(m_records[found->slot]);
     if (m_holds > 0) m_removed.push_back(std::move(removed));
     m_view.rowsChanged();
 }
 
 void PendingChanges::clearAllRecords() {
-    for (std::size_t place = 0; place < size(); ++place) {
-        std::unique_ptr<Entry> removed(static_cast<Entry*>(&at(place)));
-        if (m_holds > 0) m_removed.push_back(std::move(removed));
-    }
+    if (m_holds > 0) std::move(m_records.begin(), m_records.end(), std::back_inserter(m_removed));
+    m_records.clear();
+    m_free.clear();
     m_rows.reset();
     m_index.clear();
 }

@@ -10,6 +10,7 @@
 #include "link/model/pending_record.h"
 #include "listctrl/model/table/record_store.h"
 #include "workbench/model/records/key_index.h"
+#include "workbench/model/records/main_list.h"
 
 namespace mc {
 
@@ -57,6 +58,17 @@ public:
     // Whether the row of the record under `key` is selected.
     bool selected(std::string_view key) const;
 
+    // The text of a cell of the main list.
+    std::string_view cellText(Slot record, ColumnId column) const {
+        return mainCellText(recordOf(record), column);
+    }
+
+    // The record in a row of the main list, or null.
+    sMakeCheckStruct* recordAt(std::size_t row) const {
+        const Slot slot = m_rows.slotAt(row);
+        return slot != kNoSlot ? &recordOf(slot) : nullptr;
+    }
+
     // Indexes the record under its key and appends its row; a key that is indexed already adds
     // nothing.
     void addRecord(std::unique_ptr<Entry> record);
@@ -91,13 +103,13 @@ public:
     };
 
 private:
-    sMakeCheckStruct& recordOf(Slot slot) const {
-        return *static_cast<Entry*>(m_rows.record(slot));
-    }
+    sMakeCheckStruct& recordOf(Slot slot) const { return *m_records[slot]; }
 
     RecordsView& m_view;
     KeyIndex<Entry> m_index;
-    RecordStore m_rows;  // each row owns its record
+    RecordStore m_rows;
+    std::vector<std::unique_ptr<Entry>> m_records;  // by slot
+    std::vector<Slot> m_free;                       // slots without a record
     int m_holds = 0;
     std::vector<std::unique_ptr<Entry>> m_removed;  // while there is a Hold
 };
