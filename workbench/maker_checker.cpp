@@ -44,8 +44,7 @@ COLORREF detailsBackground() {
 }
 
 void showRow(Workbench& workbench, std::size_t row) {
-    const auto* const record = workbench.changes().recordAt(row);
-    if (record != nullptr) workbench.showDetails(*record);
+    if (auto change = workbench.changes().recordAt(row)) workbench.showDetails(std::move(*change));
 }
 
 }  // namespace

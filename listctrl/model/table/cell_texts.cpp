@@ -28,16 +28,10 @@ ColumnTexts& CellTexts::column(ColumnId column, const SlotSequence& stored) {
 
 void CellTexts::reread(Slot record) {
     for (auto& [column, texts] : m_kept) texts.set(record, read(record, column));
-    dropWorn();
 }
 
 void CellTexts::forget(Slot record) {
     for (auto& [column, texts] : m_kept) texts.set(record, {});
-    dropWorn();
-}
-
-void CellTexts::dropWorn() {
-    std::erase_if(m_kept, [](const auto& kept) { return kept.second.worn(); });
 }
 
 }  // namespace mc

@@ -49,7 +49,6 @@ public:
 
 private:
     const ColumnTexts* find(ColumnId column) const;
-    void dropWorn();
 
     CellReader m_reader;
     std::map<ColumnId, ColumnTexts*> m_shared;

@@ -91,6 +91,7 @@ public:
     void refreshShown(Slot slot);
 
     std::size_t storedCount() const { return m_stored.size(); }
+    bool stores(Slot slot) const { return slot < m_endSlot && m_stored.contains(slot); }
     Slot storedAt(std::size_t position) const { return m_stored.at(position); }
     std::size_t storedPosition(Slot slot) const { return m_stored.rowOf(slot); }
 
