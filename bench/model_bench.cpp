@@ -151,7 +151,7 @@ private:
 };
 
 struct NoListener final : IntakeListener {
-    void publishedAgain(const sMakeCheckStruct&) override {}
+    void publishedAgain(const std::string&) override {}
     void changeEnded(const std::string&) override {}
 };
 

@@ -10,8 +10,8 @@ namespace mc {
 // What the intake tells of single changes. The workbench implements it, and the intake's tests.
 class IntakeListener {
 public:
-    // A listed change was published again; its record already holds what came.
-    virtual void publishedAgain(const sMakeCheckStruct& record) = 0;
+    // A listed change was published again; its texts are those that came.
+    virtual void publishedAgain(const std::string& key) = 0;
 
     // The change was decided, or its record went; whether or not it was listed.
     virtual void changeEnded(const std::string& key) = 0;

@@ -36,13 +36,10 @@ Row client(const std::string& key, const std::string& linkedUser) {
 
 struct DecisionsFixture {
     void list(const Row& row) {
-        sMakeCheckStruct record;
-        record.key = row.key;
-        record.functionalityCode = row.code;
-        record.type = row.type;
-        record.entityName = row.entityName;
-        record.linkedUser = row.linkedUser;
-        changes.addRecord(record);
+        changes.addRecord(row.key, {.entityName = row.entityName,
+                                    .functionalityCode = row.code,
+                                    .linkedUser = row.linkedUser,
+                                    .type = row.type});
     }
     void list(const std::vector<Row>& rows) {
         for (const Row& row : rows) list(row);

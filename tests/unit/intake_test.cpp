@@ -39,9 +39,7 @@ protected:
     PendingChanges changes{view};
     struct : IntakeListener {
         Lines told;
-        void publishedAgain(const sMakeCheckStruct& record) override {
-            told.push_back("again " + record.key);
-        }
+        void publishedAgain(const std::string& key) override { told.push_back("again " + key); }
         void changeEnded(const std::string& key) override { told.push_back("ended " + key); }
     } listener;
     Intake intake{host, changes, listener};

@@ -12,15 +12,11 @@ using namespace mc;
 
 namespace {
 
-sMakeCheckStruct record(const std::string& key, const std::string& name = "name") {
-    sMakeCheckStruct made;
-    made.key = key;
-    made.entityName = name;
-    return made;
-}
-
 class PendingChangesTest : public testing::Test {
 protected:
+    void add(const std::string& key, const std::string& name = "name") {
+        changes.addRecord(key, {.entityName = name});
+    }
     std::string cell(ColumnId column) const {
         return std::string(changes.cellText(changes.rows().storedAt(0), column));
     }
@@ -34,8 +30,9 @@ TEST_F(PendingChangesTest, KeepsEveryTextAndShowsItByColumn) {
     for (const std::string& text : {std::string(), std::string("15 characters.."),
                                     std::string("16 characters..."), longText}) {
         changes.clearAllRecords();
-        changes.addRecord({text + "K", text + "M", text + "E", "", "339", text + "Z", text + "B",
-                           text + "L", text + "T"});
+        const std::string maker = text + "M", entity = text + "E", broker = text + "Z",
+                          branch = text + "B", linked = text + "L", type = text + "T";
+        changes.addRecord(text + "K", {maker, entity, "339", broker, branch, linked, type});
         const PendingChange read = changes.at(0);
         EXPECT_EQ(read.key, text + "K");
         EXPECT_EQ(read.makerId, text + "M");
@@ -68,19 +65,17 @@ TEST_F(PendingChangesTest, NamesTheKindOfChange) {
                  {"", ""},
                  {"339 ", ""},
                  {"0339", ""}};
-    changes.addRecord(record("1001"));
+    add("1001");
     for (const auto& each : cases) {
-        PendingChange change = changes.at(0);
-        change.functionalityCode = each.code;
-        EXPECT_TRUE(changes.rewriteRecord(change));
+        EXPECT_TRUE(changes.rewriteRecord(changes.find("1001"), {.functionalityCode = each.code}));
         EXPECT_EQ(cell(kKindColumn), each.text) << each.code;
         EXPECT_EQ(changes.at(0).functionalityCode, each.code);
     }
 }
 
 TEST_F(PendingChangesTest, AKeyIsAddedOnceAndRemovedOnce) {
-    changes.addRecord(record("1001", "first"));
-    changes.addRecord(record("1001", "second"));
+    add("1001", "first");
+    add("1001", "second");
     EXPECT_EQ(changes.size(), 1u);
     EXPECT_EQ(changes.findRecord("1001")->entityName, "first");
     changes.removeRecord("1002");
@@ -94,20 +89,17 @@ TEST_F(PendingChangesTest, AKeyIsAddedOnceAndRemovedOnce) {
 }
 
 TEST_F(PendingChangesTest, FiltersByTheTextsAsTheyAreNow) {
-    sMakeCheckStruct made = record("1001");
-    made.makerId = "MAKER01";
-    changes.addRecord(made);
+    changes.addRecord("1001", {.makerId = "MAKER01", .entityName = "name"});
     changes.rows().filters().set(kMakerColumn, "maker02");
     changes.rows().filter();
     EXPECT_EQ(changes.rows().rowCount(), 0u);
-    PendingChange change = changes.at(0);
-    change.makerId = "MAKER02";
-    changes.refreshRecord(change);
+    changes.refreshRecord(changes.find("1001"), {.makerId = "MAKER02"});
+    EXPECT_EQ(changes.at(0).entityName, "name") << "what is not given stays";
     EXPECT_EQ(changes.rows().rowCount(), 1u);
     EXPECT_EQ(changes.rows().distinctValues(kMakerColumn).values,
               std::vector<std::string>{"MAKER02"});
     changes.clearAllRecords();
-    changes.addRecord(record("1001"));
+    add("1001");
     EXPECT_TRUE(changes.rows().distinctValues(kMakerColumn).values.empty());
 }
 
@@ -123,10 +115,15 @@ TEST_F(PendingChangesTest, KeepsRowsAndIndexInStep) {
         const auto known = std::find(expected.begin(), expected.end(), key);
         view.events.clear();
         if (random() % 4 != 0 ? growing : !growing) {
-            sMakeCheckStruct made = record(key);
-            made.makerId = "maker of " + key;
-            changes.addRecord(made);
-            ASSERT_EQ(view.events.size(), known == expected.end() ? 1u : 0u);
+            const std::string maker = "maker of " + key;
+            if (random() % 2 == 0)
+                changes.addRecord(key, {.makerId = maker});
+            else if (known == expected.end())
+                changes.addRecord(key, {}),
+                    changes.refreshRecord(changes.find(key), {.makerId = maker});
+            else
+                changes.addRecord(key, {});
+            ASSERT_EQ(view.events.empty(), known != expected.end());
             if (known == expected.end()) expected.push_back(key);
         } else {
             changes.removeRecord(key);
@@ -149,8 +146,8 @@ TEST_F(PendingChangesTest, KeepsRowsAndIndexInStep) {
 TEST_F(PendingChangesTest, AHoldTellsAChangeFromALaterOneOfItsKey) {
     for (const bool cleared : {false, true}) {
         changes.clearAllRecords();
-        changes.addRecord(record("1001"));
-        changes.addRecord(record("1002"));
+        add("1001");
+        add("1002");
         const PendingChange first = changes.at(0), second = changes.at(1);
         view.events.clear();
         {
@@ -166,15 +163,15 @@ TEST_F(PendingChangesTest, AHoldTellsAChangeFromALaterOneOfItsKey) {
                 EXPECT_FALSE(changes.isPending(first));
                 EXPECT_EQ(changes.isPending(second), !cleared);
             }
-            changes.addRecord(record("1001", "again"));
+            add("1001", "again");
             EXPECT_FALSE(changes.isPending(first));
             EXPECT_FALSE(changes.current(first));
-            EXPECT_FALSE(changes.rewriteRecord(first));
+            EXPECT_FALSE(changes.rewriteRecord(first.slot, {}));
             EXPECT_TRUE(changes.isPending(*changes.findRecord("1001")));
             EXPECT_EQ(changes.findRecord("1001")->entityName, "again");
         }
         // The slots are used again.
-        changes.addRecord(record("1003"));
+        add("1003");
         EXPECT_EQ(changes.findRecord("1003")->slot, cleared ? second.slot : first.slot);
     }
 }

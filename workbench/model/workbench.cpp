@@ -88,10 +88,12 @@ void Workbench::recovered(const FieldReader& answer) {
     if (!m_link.closed()) m_intake.handle(answer);
 }
 
-void Workbench::publishedAgain(const sMakeCheckStruct& record) {
-    if (m_details.key() != record.key) return;
+void Workbench::publishedAgain(const std::string& key) {
+    if (m_details.key() != key) return;
+    const auto change = m_changes.findRecord(key);
+    if (!change) return;
     const DetailKind before = m_details.kind();
-    const bool ask = m_details.publishedAgain(record);
+    const bool ask = m_details.publishedAgain(*change);
     if (m_details.kind() != before) return emptyDetails();  // it is another change by now
     if (ask) askForDetails();
     caption();

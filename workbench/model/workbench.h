@@ -75,7 +75,7 @@ public:
     void recovered(const FieldReader& answer) override;
 
 private:
-    void publishedAgain(const sMakeCheckStruct& record) override;
+    void publishedAgain(const std::string& key) override;
     void changeEnded(const std::string& key) override;
 
     bool unselected() const;

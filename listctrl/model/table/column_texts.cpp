@@ -10,7 +10,10 @@
 namespace mc {
 
 void ColumnTexts::set(Slot slot, std::string_view text) {
-    if (slot >= m_codes.size()) grow(slot + std::size_t{1});
+    if (slot == m_codes.size())
+        m_codes.push_back(0);
+    else if (slot > m_codes.size())
+        grow(slot + std::size_t{1});
     const Code before = m_codes[slot];
     if (m_table.text(before) == text) return;
     const Code code = m_table.add(text);

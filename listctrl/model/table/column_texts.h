@@ -30,6 +30,11 @@ public:
     // The slot's text; it lives until the next set().
     std::string_view text(Slot slot) const { return m_table.text(m_codes[slot]); }
 
+    // The slot's text will be read or set soon: it comes into the cache meanwhile.
+    void prefetch(Slot slot) const {
+        if (slot < m_codes.size()) __builtin_prefetch(m_codes.data() + slot);
+    }
+
     // Takes the slots out whose texts don't match.
     void keepMatching(const FilterPattern& pattern, std::vector<Slot>& slots);
 

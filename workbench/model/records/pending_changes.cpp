@@ -8,16 +8,17 @@ namespace mc {
 // The texts with few different values, and the columns that show them. The code has none: the main
 // list shows the name of the kind.
 struct PendingChanges::CodedField {
+    std::optional<std::string_view> ChangeTexts::*given;
     std::string sMakeCheckStruct::*field;
     std::optional<ColumnId> column;
 };
 
 constexpr PendingChanges::CodedField PendingChanges::kCodedFields[kCodedCount] = {
-    {&sMakeCheckStruct::makerId, kMakerColumn},
-    {&sMakeCheckStruct::branchId, kBranchColumn},
-    {&sMakeCheckStruct::brokerId, kBrokerColumn},
-    {&sMakeCheckStruct::functionalityCode, std::nullopt},
-    {&sMakeCheckStruct::type, std::nullopt},
+    {&ChangeTexts::makerId, &sMakeCheckStruct::makerId, kMakerColumn},
+    {&ChangeTexts::branchId, &sMakeCheckStruct::branchId, kBranchColumn},
+    {&ChangeTexts::brokerId, &sMakeCheckStruct::brokerId, kBrokerColumn},
+    {&ChangeTexts::functionalityCode, &sMakeCheckStruct::functionalityCode, std::nullopt},
+    {&ChangeTexts::type, &sMakeCheckStruct::type, std::nullopt},
 };
 
 PendingChanges::PendingChanges(RecordsView& view) : m_view(view) {
@@ -67,6 +68,20 @@ std::optional<PendingChange> PendingChanges::findRecord(std::string_view key) co
     return slot != kNoSlot ? std::optional(read(slot)) : std::nullopt;
 }
 
+// Texts of one change lie in as many columns: fetching them one after the other would take longer
+// than reading the message that goes with them.
+Slot PendingChanges::find(std::string_view key) const {
+    const Slot slot = m_index.find(key);
+    for (const ColumnTexts& column : m_coded) column.prefetch(slot);
+    m_kinds.prefetch(slot);
+    return slot;
+}
+
+std::string_view PendingChanges::text(Slot slot, CodedText which) const {
+    if (slot == kNoSlot) return {};
+    return m_coded[static_cast<std::size_t>(which)].text(slot);
+}
+
 bool PendingChanges::isPending(const PendingChange& change) const {
     return m_rows.stores(change.slot) && m_own[change.slot].key.view() == change.key;
 }
@@ -82,22 +97,26 @@ bool PendingChanges::selected(std::string_view key) const {
 
 // ---- Changes that come, change and go ----
 
-void PendingChanges::write(Slot slot, const sMakeCheckStruct& record) {
-    m_own[slot].entityName = record.entityName;
-    m_own[slot].linkedUser = record.linkedUser;
+void PendingChanges::write(Slot slot, const ChangeTexts& texts) {
+    OwnTexts& own = m_own[slot];
+    if (texts.entityName) own.entityName = *texts.entityName;
+    if (texts.linkedUser) own.linkedUser = *texts.linkedUser;
     for (std::size_t i = 0; i < kCodedCount; ++i)
-        m_coded[i].set(slot, record.*kCodedFields[i].field);
-    const Functionality* const kind = findFunctionality(record.functionalityCode);
+        if (const auto& text = texts.*kCodedFields[i].given) m_coded[i].set(slot, *text);
+    if (!texts.functionalityCode) return;
+    const Functionality* const kind = findFunctionality(*texts.functionalityCode);
     m_kinds.set(slot, kind != nullptr ? kind->displayName : std::string_view());
 }
 
+// A slot that had a change before is emptied of its texts.
 Slot PendingChanges::takeSlot() {
     if (m_free.empty()) {
-        m_free.push_back(static_cast<Slot>(m_own.size()));
         m_own.emplace_back();
+        return static_cast<Slot>(m_own.size() - 1);
     }
     const Slot slot = m_free.back();
     m_free.pop_back();
+    write(slot, {"", "", "", "", "", "", ""});
     return slot;
 }
 
@@ -106,13 +125,13 @@ void PendingChanges::freeSlots() {
     m_gone.clear();
 }
 
-void PendingChanges::addRecord(const sMakeCheckStruct& record) {
+void PendingChanges::addRecord(std::string_view key, const ChangeTexts& texts) {
     const Slot slot = takeSlot();
-    m_own[slot].key = record.key;
-    const bool added = m_index.insert(record.key, slot);
-    if (added) write(slot, record);
+    m_own[slot].key = key;
+    const bool added = m_index.insert(key, slot);
+    if (added) write(slot, texts);
     if (added && m_rows.insertItem(m_rows.storedCount(), slot)) return m_view.rowsChanged();
-    if (added) m_index.erase(record.key);  // a list without a reader takes in nothing
+    if (added) m_index.erase(key);  // a list without a reader takes in nothing
     m_free.push_back(slot);
 }
 
@@ -125,15 +144,15 @@ void PendingChanges::removeRecord(std::string_view key) {
     m_view.rowsChanged();
 }
 
-bool PendingChanges::rewriteRecord(const PendingChange& change) {
-    const bool pending = isPending(change);
-    if (pending) write(change.slot, change);
+bool PendingChanges::rewriteRecord(Slot slot, const ChangeTexts& texts) {
+    const bool pending = m_rows.stores(slot);
+    if (pending) write(slot, texts);
     return pending;
 }
 
-void PendingChanges::refreshRecord(const PendingChange& change) {
-    if (!rewriteRecord(change)) return;
-    m_rows.refresh(change.slot);
+void PendingChanges::refreshRecord(Slot slot, const ChangeTexts& texts) {
+    if (!rewriteRecord(slot, texts)) return;
+    m_rows.refresh(slot);
     m_view.rowsChanged();
 }
 

@@ -38,6 +38,13 @@ struct PendingChange : sMakeCheckStruct {
     Slot slot = kNoSlot;
 };
 
+// What a publication says of a change. A text that it does not give stays as it is, and is empty
+// for a new change. The texts are the caller's.
+struct ChangeTexts {
+    using Text = std::optional<std::string_view>;
+    Text makerId{}, entityName{}, functionalityCode{}, brokerId{}, branchId{}, linkedUser{}, type{};
+};
+
 class PendingChanges {
 public:
     // `view` is notified of every row that comes and goes; it must outlive the object.
@@ -67,6 +74,12 @@ public:
     // The change under `key`.
     std::optional<PendingChange> findRecord(std::string_view key) const;
 
+    // Its slot alone, or kNoSlot; and one of the texts of a slot that it had, empty for kNoSlot,
+    // until the next change comes or changes.
+    Slot find(std::string_view key) const;
+    enum class CodedText { maker, branch, broker, functionality, type };
+    std::string_view text(Slot slot, CodedText which) const;
+
     // Whether it is still pending, though perhaps with other texts.
     bool isPending(const PendingChange& change) const;
 
@@ -78,17 +91,17 @@ public:
 
     // Indexes the change under its key and appends its row; a key that is indexed already adds
     // nothing.
-    void addRecord(const sMakeCheckStruct& record);
+    void addRecord(std::string_view key, const ChangeTexts& texts);
 
     // Removes the change under the key and its row. Changes nothing when the key is not indexed.
     void removeRecord(std::string_view key);
 
-    // Keeps other texts of a change, all but its key; its row stays where it is and nobody is
-    // notified. False, and nothing happens, when it is not pending any more.
-    bool rewriteRecord(const PendingChange& change);
+    // Keeps new texts of the change that was found in a slot; its row stays where it is and nobody
+    // is notified. False, and nothing happens, when it is not pending any more.
+    bool rewriteRecord(Slot slot, const ChangeTexts& texts);
 
     // The same, and its row is filtered and sorted again.
-    void refreshRecord(const PendingChange& change);
+    void refreshRecord(Slot slot, const ChangeTexts& texts);
 
     // Removes every change without notifying the view of single rows.
     void clearAllRecords();
@@ -118,13 +131,13 @@ private:
     static constexpr std::size_t kCodedCount = 5;
 
     PendingChange read(Slot slot) const;
-    void write(Slot slot, const sMakeCheckStruct& record);
+    void write(Slot slot, const ChangeTexts& texts);
     Slot takeSlot();
     void freeSlots();
 
     RecordsView& m_view;
     std::deque<OwnTexts> m_own;                    // by slot
-    std::array<ColumnTexts, kCodedCount> m_coded;  // by slot; fields as in kCodedFields
+    std::array<ColumnTexts, kCodedCount> m_coded;  // by slot; in the order of CodedText
     ColumnTexts m_kinds;                           // by slot: the names of the kinds of change
     struct KeyOf {
         const std::deque<OwnTexts>& own;
