@@ -108,11 +108,11 @@ void PendingChanges::write(Slot slot, const ChangeTexts& texts) {
     m_kinds.set(slot, kind != nullptr ? kind->displayName : std::string_view());
 }
 
-// A slot that had a change before is emptied of its texts.
+// Of the slot's last change nothing is left.
 Slot PendingChanges::takeSlot() {
     if (m_free.empty()) {
+        m_free.push_back(static_cast<Slot>(m_own.size()));
         m_own.emplace_back();
-        return static_cast<Slot>(m_own.size() - 1);
     }
     const Slot slot = m_free.back();
     m_free.pop_back();
