@@ -71,14 +71,28 @@ void insertRows(RecordStore& store, std::size_t first, std::size_t end) {
     for (std::size_t row = first; row < end; ++row) store.insertItem(0, static_cast<Slot>(row));
 }
 
-// The same rows on every side; made once per size.
+// The same rows on every side; made once per size. As the owner of the main list does, the store's
+// codes the columns with few different values as rows come.
 struct Sides {
     explicit Sides(std::size_t count) : rows(makeRows(count)) {
         store.setCellReader(readerOf(rows));
+        for (const int column : {authType, maker, branch, broker})
+            store.shareColumn(ColumnId{column}, coded[column]);
         for (auto make : {makeQtPeer, makeSqlitePeer})
             if (auto peer = make(rows)) peers.push_back(std::move(peer));
     }
+
+    void insertFrom(std::size_t first) {
+        for (std::size_t i = first; i < rows.size(); ++i) {
+            const auto row = static_cast<Slot>(i);
+            for (auto& [column, texts] : coded)
+                texts.set(row, rows[i][static_cast<std::size_t>(column)]);
+            store.insertItem(0, row);
+        }
+    }
+
     Rows rows;
+    std::map<int, ColumnTexts> coded;
     RecordStore store;
     std::vector<std::unique_ptr<ListPeer>> peers;
 
@@ -91,7 +105,7 @@ struct Sides {
             sides = std::make_unique<Sides>(count);
         }
         sides->store.reset();
-        insertRows(sides->store, 0, sides->rows.size());
+        sides->insertFrom(0);
         return *sides;
     }
 };
