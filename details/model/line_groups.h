@@ -28,7 +28,7 @@ inline constexpr sVoskColInfo kDetailColumns[] = {
 inline constexpr ColumnId kFieldColumn{0};
 inline constexpr ColumnId kValueColumn{1};
 
-// A value is never on show without its name, nor a name without its value.
+// A value is never visible without its name, nor a name without its value.
 inline constexpr ColumnId kMandatoryDetailColumns[] = {kFieldColumn, kValueColumn};
 
 // All calls come from one thread. What changes groups or folds costs a filter pass.

@@ -63,35 +63,6 @@ TEST_F(RecordStoreTest, WithoutDataTakesAndShowsNothing) {
     EXPECT_TRUE(m_store.distinctValues(kColumn).values.empty());
 }
 
-TEST_F(RecordStoreTest, InsertsInTheMiddleAndAppendsAtZero) {
-    append({"a", "b", "c"});
-    for (const std::size_t position : {1U, 0U, 99U}) insert(position, "x");
-    EXPECT_EQ(m_inserted, 5U);
-    EXPECT_EQ(shown(), "a x b c x x");
-    filter("x");
-    insert(2, "x");  // the third record, and the third row
-    EXPECT_EQ(shown(), "x x x x");
-    EXPECT_EQ(m_store.storedPosition(m_store.slotAt(2)), 2U);
-}
-
-TEST_F(RecordStoreTest, DeletesRowsAndStoredRecords) {
-    append({"a", "b", "c", "d", "e"});
-    EXPECT_EQ(m_store.deleteItem(5), Outcome::nothingDone);
-    EXPECT_EQ(m_store.deleteItem(1), Outcome::done);
-    m_store.setReversed(true);
-    EXPECT_EQ(shown(), "e d c a");
-    EXPECT_EQ(m_store.deleteItem(0), Outcome::done);
-    EXPECT_EQ(shown(), "d c a");
-    EXPECT_EQ(m_store.deleteStored(0), Outcome::done);
-    EXPECT_EQ(shown(), "d c");
-    filter("d");
-    EXPECT_EQ(m_store.deleteStored(0), Outcome::done);  // filtered out
-    EXPECT_EQ(m_store.deleteStored(1), Outcome::nothingDone);
-    EXPECT_EQ(shown(), "d");
-    m_store.reset();
-    EXPECT_EQ(m_store.rowCount() + m_store.storedCount(), 0U);
-}
-
 TEST_F(RecordStoreTest, FiltersThatDontBelongTogetherFail) {
     append({"a", "b"});
     m_store.filters().setAll({kColumn, ColumnId{1}}, {ColumnFilter{"a"}});
@@ -102,21 +73,6 @@ TEST_F(RecordStoreTest, FiltersThatDontBelongTogetherFail) {
     m_store.filters().clear();
     EXPECT_EQ(m_store.filter(), Outcome::done);
     EXPECT_EQ(shown(), "a b");
-}
-
-TEST_F(RecordStoreTest, ExactnessIsAskedOnceOrKept) {
-    append({"abc", "ABCD"});
-    m_store.filters().matchExactlyOnce();
-    filter("abc");
-    EXPECT_EQ(shown(), "abc");
-    insert(0, "abcde");  // judged as the rows on show were
-    EXPECT_EQ(shown(), "abc");
-    m_store.filter();
-    EXPECT_EQ(shown(), "abc ABCD abcde");
-    m_store.filters().setMatchExactly(true);
-    m_store.filter();
-    m_store.filter();
-    EXPECT_EQ(shown(), "abc");
 }
 
 // Records that come or change later are judged by the value, too, and a pattern takes its place.
@@ -130,40 +86,6 @@ TEST_F(RecordStoreTest, AValueStaysOneUntilThePatternChanges) {
     EXPECT_EQ(shown(), "a~b A~B A~b");
     filter("a~b");
     EXPECT_EQ(shown(), "a~b a a~bc A~B b A~b");
-}
-
-TEST_F(RecordStoreTest, RowsArriveAndMoveWhereOrderAndFilterWantThem) {
-    append({"7", "30", "5"});
-    filter("<100");
-    m_store.sort({kColumn, Comparison::integer, -1});
-    const Slot six = insert(1, "6");
-    const Slot large = insert(0, "200");
-    EXPECT_EQ(shown(), "5 6 7 30");
-    refresh(large, "20");
-    EXPECT_EQ(shown(), "5 6 7 20 30");
-    refresh(six, "25");
-    EXPECT_EQ(shown(), "5 7 20 25 30");
-    refresh(six, "500");
-    EXPECT_EQ(shown(), "5 7 20 30");
-    m_store.sort({kColumn, Comparison::integer, 1});
-    EXPECT_EQ(shown(), "30 20 7 5");
-    m_store.unsort();
-    EXPECT_EQ(shown(), "7 30 5 20");
-    refresh(six, "8");
-    EXPECT_EQ(shown(), "7 8 30 5 20");
-}
-
-// Texts that no record has any longer are let go of in between.
-TEST_F(RecordStoreTest, StaysRightThroughManyTexts) {
-    append({"1", "2", "3"});
-    filter(">0");
-    m_store.sort({kColumn, Comparison::integer, -1});
-    for (int i = 10; i < 6000; ++i) {
-        refresh(m_store.storedAt(static_cast<std::size_t>(i % 3)), std::to_string(i).c_str());
-        ASSERT_EQ(m_store.cellText(2, kColumn), std::to_string(i));
-        if (i % 1500 == 0) m_store.filter();
-    }
-    EXPECT_EQ(shown(), "5997 5998 5999");
 }
 
 TEST_F(RecordStoreTest, SelectionFocusAndAnchorBelongToRecords) {

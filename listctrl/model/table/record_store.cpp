@@ -79,7 +79,7 @@ void RecordStore::refresh(Slot slot) {
     } else if (!shown) {
         show(slot, m_order ? sortedRow(slot) : storedRow(slot));
     } else {
-        place(slot, m_visible.rowOf(slot));
+        moveIntoOrder(slot, m_visible.rowOf(slot));
     }
 }
 
@@ -232,7 +232,7 @@ std::size_t RecordStore::sortedRow(Slot slot) const {
         [&](Slot other) { return compareRows(*m_order, text(other, m_order->column), own) <= 0; });
 }
 
-// Where it stands among the rows in stored order.
+// Where it lies among the rows in stored order.
 std::size_t RecordStore::storedRow(Slot slot) const {
     const std::size_t own = m_stored.rowOf(slot);
     return firstNot([&](Slot other) { return m_stored.rowOf(other) < own; });
@@ -281,7 +281,7 @@ void RecordStore::hide(Slot slot) {
 }
 
 // A shown record changed: moves it if the order wants it.
-void RecordStore::place(Slot slot, std::size_t mapRow) {
+void RecordStore::moveIntoOrder(Slot slot, std::size_t mapRow) {
     std::size_t to = mapRow;
     if (m_order && !inOrder(slot, mapRow)) {
         m_visible.remove(slot);

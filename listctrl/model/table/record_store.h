@@ -200,7 +200,7 @@ private:
     std::size_t sortedRow(Slot slot) const;
     std::size_t storedRow(Slot slot) const;
     bool inOrder(Slot slot, std::size_t mapRow) const;
-    void place(Slot slot, std::size_t mapRow);
+    void moveIntoOrder(Slot slot, std::size_t mapRow);
     void show(Slot slot, std::size_t mapRow);
     void hide(Slot slot);
     void removeRow(Slot slot, std::size_t row);
