@@ -96,7 +96,7 @@ void Intake::takeDecided(const FieldReader& message) {
 }
 
 // The record goes with its row and its index entry.
-void Intake::discardListed(std::string key) {
+void Intake::discardListed(const std::string& key) {
     m_changes.removeRecord(key);
     m_listener.changeEnded(key);
 }

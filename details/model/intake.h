@@ -1,4 +1,4 @@
-// The intake: keeps the records and their rows in step with what the server publishes.
+// The intake: keeps the pending changes and their rows in step with what the server publishes.
 #pragma once
 
 #include "link/model/host.h"
@@ -34,7 +34,7 @@ public:
 private:
     void takePending(const FieldReader& message, PuGetFindMenuItemInRoles* holdsMenuItem);
     void takeDecided(const FieldReader& message);
-    void discardListed(std::string key);  // by value: it may be the record's own
+    void discardListed(const std::string& key);
 
     Host& m_host;
     PendingChanges& m_changes;
