@@ -4,8 +4,17 @@
 #include <benchmark/benchmark.h>
 
 #include <chrono>
+#include <ctime>
 
-using Clock = std::chrono::steady_clock;
+// The processor's time of this thread: what else runs on a shared machine does not count.
+struct Clock {
+    using duration = std::chrono::nanoseconds;
+    static duration now() {
+        timespec time{};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+    }
+};
 
 // The two sides' time, and what is reported of it.
 struct Sides {
@@ -14,9 +23,7 @@ struct Sides {
 
     void report(benchmark::State& state) const {
         const auto each = [&](Clock::duration time) {
-            return static_cast<double>(
-                       std::chrono::duration_cast<std::chrono::nanoseconds>(time).count()) /
-                   static_cast<double>(messages);
+            return static_cast<double>(time.count()) / static_cast<double>(messages);
         };
         state.counters["ours_ns"] = each(ours);
         state.counters["peer_ns"] = each(peer);

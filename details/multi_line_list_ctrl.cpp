@@ -157,7 +157,7 @@ void CMultiLineListCtrl::drawOver(HDC dc, std::size_t row, int item, const RECT&
     const LineGroups::Line* line = m_lines.lineAt(row);
     if (item != 0 || line == nullptr) return;
     if (line->isHeading()) {
-        if (!line->item->group.rows.empty()) drawFoldMark(dc, *line, place);
+        if (!line->group->content.rows.empty()) drawFoldMark(dc, *line, place);
         if (m_lines.folded(*line) && m_lines.holdsEdits(*line)) drawEditMark(dc, place);
         return;
     }

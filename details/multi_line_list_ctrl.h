@@ -21,7 +21,10 @@ public:
 
     // Installs the columns Field, Value and Old Value. Call after create().
     void setDetailColumns() {
-        setColumns(kDetailColumns, LineGroups::text, kMandatoryDetailColumns);
+        setColumns(
+            kDetailColumns,
+            [this](Slot line, ColumnId column) { return m_lines.text(line, column); },
+            kMandatoryDetailColumns);
     }
 
     // Shows groups behind those on show; their number of lines is one more than that of their rows.

@@ -54,7 +54,7 @@ void CCommonListCtrl::setColumns(std::span<const sVoskColInfo> columns, DataRead
     m_columns.setMandatory(mandatory);
     m_reader = std::move(reader);
     m_store.setCellReader(
-        [this](const void* record, int column) { return readCell(record, column); });
+        [this](Slot record, ColumnId column) { return readCell(record, column); });
     readProfile();
     columnsChanged();
 }
@@ -133,17 +133,17 @@ void CCommonListCtrl::onHeaderMoved() {
 
 // ---- Rows ----
 
-std::string_view CCommonListCtrl::readCell(const void* record, int column) {
-    if (!m_reader || column < 0) return {};
-    const auto place = static_cast<std::size_t>(column);
-    return place < m_columns.dataSize() ? m_reader(record, column) : computeCell(record, place);
+std::string_view CCommonListCtrl::readCell(Slot record, ColumnId column) {
+    if (!m_reader) return {};
+    const bool data = toIndex(column) < m_columns.dataSize();
+    return data ? m_reader(record, column) : computeCell(record, column);
 }
 
 void CCommonListCtrl::compileExpressions() {
     std::vector<std::string> expressions;
     for (std::size_t i = m_columns.dataSize(); i < m_columns.size(); ++i) {
         expressions.push_back(m_columns.descriptor(toColumnId(i)).expression);
-        m_store.columnChanged(static_cast<int>(i));
+        m_store.columnChanged(toColumnId(i));
     }
     m_computedColumns.emplace(m_columns.dataSize(), expressions);
     m_toldInvalid.assign(m_columns.size(), false);
@@ -151,14 +151,17 @@ void CCommonListCtrl::compileExpressions() {
 
 // A cell without a value stays empty. An invalid expression is told once, not once per row; so is
 // one that refers to a column that was deleted.
-std::string_view CCommonListCtrl::computeCell(const void* record, std::size_t column) {
+std::string_view CCommonListCtrl::computeCell(Slot record, ColumnId id) {
+    const std::size_t column = toIndex(id);
     m_computed.clear();
     if (!m_computedColumns || column >= m_computedColumns->columns()) return {};
-    const auto fetch = [&](int data) { return CellFetch::Result(m_reader(record, data)); };
+    const auto fetch = [&](int data) {
+        return CellFetch::Result(m_reader(record, ColumnId{data}));
+    };
     const CellOutcome outcome = m_computedColumns->compute(column, fetch, m_computed);
     if (!m_toldInvalid[column] &&
         (outcome == CellOutcome::invalid ||
-         (outcome == CellOutcome::notFetched && !m_columns.isValid(toColumnId(column))))) {
+         (outcome == CellOutcome::notFetched && !m_columns.isValid(id)))) {
         m_toldInvalid[column] = true;
         PostMessageA(handle(), kTellInvalid, 0, 0);
     }
@@ -166,7 +169,7 @@ std::string_view CCommonListCtrl::computeCell(const void* record, std::size_t co
 }
 
 std::string_view CCommonListCtrl::cellText(std::size_t row, ColumnId column) const {
-    return m_store.cellText(row, static_cast<int>(column));
+    return m_store.cellText(row, column);
 }
 
 // Painting comes when the thread's queue is empty, and with it the update.
@@ -242,7 +245,7 @@ void CCommonListCtrl::sortByColumn(ColumnId column, bool ascending) {
             showSortImage(static_cast<int>(*place), kNoSortImage);
     m_sorting = Sorting{column, ascending ? -1 : 1};
     const auto type = static_cast<int>(m_columns.descriptor(column).type);
-    m_store.sort({static_cast<int>(column), comparisonOf(type), m_sorting->direction});
+    m_store.sort({column, comparisonOf(type), m_sorting->direction});
     showSortImage(static_cast<int>(*shown), ascending ? kAscendingImage : kDescendingImage);
     storeChanged();
 }

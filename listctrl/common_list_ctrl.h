@@ -55,8 +55,8 @@ struct CellLook {
 
 class CCommonListCtrl : public fw::CWindow {
 public:
-    // The text of a data column of a record, as RecordStore::CellReader gives it.
-    using DataReader = RecordStore::CellReader;
+    // The text of a data column of a record.
+    using DataReader = CellReader;
 
     // Both must outlive the list, which gives the store a cell reader in setColumns() and takes it
     // back when it goes. A list whose windows may go behind a dialog of its own must be retired,
@@ -225,8 +225,8 @@ private:
 
     void bringUpToDate();
     void readProfile();
-    std::string_view readCell(const void* record, int column);
-    std::string_view computeCell(const void* record, std::size_t column);
+    std::string_view readCell(Slot record, ColumnId column);
+    std::string_view computeCell(Slot record, ColumnId column);
     void compileExpressions();
     void onTellInvalid() { m_services.showMessage(kInvalidExpression); }
     std::optional<std::size_t> rowAt(POINT client) const;

@@ -49,7 +49,7 @@ void CCommonListCtrl::deleteUserColumn() {
 }
 
 void CCommonListCtrl::columnRemoved(ColumnId removed) {
-    m_store.columnChanged(static_cast<int>(m_columns.size()));  // nobody has the last id any more
+    m_store.columnChanged(toColumnId(m_columns.size()));  // nobody has the last id any more
     moveKeywords(removed);
     if (m_sorting) {
         const auto id = idAfterRemoval(m_sorting->column, removed);

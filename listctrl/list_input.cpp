@@ -145,7 +145,7 @@ void CCommonListCtrl::onCharacter(UINT character) {
     const wchar_t text[] = {static_cast<wchar_t>(character), L'\0'};
     const std::string letter = fw::narrow(text);
     if (letter.size() != 1) return;
-    const auto row = m_find.type(letter[0], messageTime(), m_store, static_cast<int>(findColumn()));
+    const auto row = m_find.type(letter[0], messageTime(), m_store, findColumn());
     if (row) goTo(*row);
 }
 
@@ -233,7 +233,7 @@ LRESULT CCommonListCtrl::onFindItem(std::optional<std::size_t> start, const std:
                                     UINT flags) {
     constexpr UINT kSubstring = 4, kBegins = LVFI_PARTIAL | kSubstring;  // the same search
     if ((flags & (LVFI_STRING | kBegins)) == 0 || m_store.rowCount() == 0) return -1;
-    return answer(findRow(m_store, static_cast<int>(findColumn()), start ? *start + 1 : 0,
+    return answer(findRow(m_store, findColumn(), start ? *start + 1 : 0,
                           {text, (flags & kBegins) == 0, (flags & LVFI_WRAP) != 0}));
 }
 

@@ -15,28 +15,20 @@ int menuItemFor(const Functionality& kind, std::string_view type) {
     return kMenuItemSeeClientsAndInvestors;
 }
 
-void nameUser(const FieldReader& message, sMakeCheckStruct& record) {
-    message.read(MNM_USER, record.entityName);
-}
-
-void nameClient(const FieldReader& message, sMakeCheckStruct& record) {
-    message.read(MNM_ACCOUNT_ID, record.entityName);
-    record.linkedUser.clear();
-    if (record.type == kInvestorClient) message.read(MNM_USER, record.linkedUser);
-}
-
-void nameLimits(const FieldReader& message, sMakeCheckStruct& record) {
-    record.entityName = limitsEntityName(message);
-}
-
-void nameEntity(FunctionalityGroup group, const FieldReader& message, sMakeCheckStruct& record) {
+// Whose change it is. `composed` holds a name that is made up here.
+void nameEntity(FunctionalityGroup group, bool investor, const FieldReader& message,
+                ChangeTexts& texts, std::string& composed) {
     switch (group) {
         case FunctionalityGroup::user:
-            return nameUser(message, record);
+            texts.entityName = message.text(MNM_USER);
+            break;
         case FunctionalityGroup::client:
-            return nameClient(message, record);
+            texts.entityName = message.text(MNM_ACCOUNT_ID);
+            texts.linkedUser = investor ? message.text(MNM_USER).value_or("") : "";
+            break;
         case FunctionalityGroup::limits:
-            return nameLimits(message, record);
+            texts.entityName = composed = limitsEntityName(message);
+            break;
     }
 }
 
@@ -56,38 +48,43 @@ void Intake::handle(const FieldReader& message) {
 void Intake::takePending(const FieldReader& message, PuGetFindMenuItemInRoles* holdsMenuItem) {
     const auto key = message.text(MNM_AUTHORIZATION_KEY);
     if (!key) return;
-    std::unique_ptr<PendingChanges::Entry> created;
-    sMakeCheckStruct* record = m_changes.findRecord(*key);
-    if (record == nullptr) {
-        created = std::make_unique<PendingChanges::Entry>();
-        created->key = *key;
-        record = created.get();
-    }
-    message.read(MNM_FUNCTIONALITY, record->functionalityCode);
-    message.read(MNM_TYPE, record->type);
+    const Slot listed = m_changes.find(*key);
+    ChangeTexts texts{.makerId = message.text(MNM_REQUESTING_USER),
+                      .functionalityCode = message.text(MNM_FUNCTIONALITY),
+                      .brokerId = message.text(MNM_BROKER),
+                      .branchId = message.text(MNM_BRANCH),
+                      .type = message.text(MNM_TYPE)};
+    // What the message does not give is as it was.
+    const auto textOf = [&](const auto& given, PendingChanges::CodedText which) {
+        return given ? *given : m_changes.text(listed, which);
+    };
+    using CodedText = PendingChanges::CodedText;
+    const std::string_view type = textOf(texts.type, CodedText::type);
 
     // A code that the workbench does not know is listed without a rights test and without a name.
-    if (const Functionality* kind = findFunctionality(record->functionalityCode)) {
-        const int menuItem = menuItemFor(*kind, record->type);
+    std::string composed;
+    if (const auto* kind =
+            findFunctionality(textOf(texts.functionalityCode, CodedText::functionality))) {
+        nameEntity(kind->group, type == kInvestorClient, message, texts, composed);
+        const int menuItem = menuItemFor(*kind, type);
         if (holdsMenuItem == nullptr || holdsMenuItem(menuItem) == 0) {
-            if (created == nullptr) discardListed(record->key);
+            if (listed != kNoSlot) discardListed(std::string(*key));
             return;
         }
-        nameEntity(kind->group, message, *record);
     }
 
-    message.read(MNM_REQUESTING_USER, record->makerId);
-    message.read(MNM_BROKER, record->brokerId);
-    message.read(MNM_BRANCH, record->branchId);
-    // A checker never sees a change of his own. A record that is listed already keeps the values
-    // just written, without a redraw.
-    if (record->makerId == m_host.peerUserId()) return;
+    // A checker never sees a change of his own. One that is listed already takes the new texts,
+    // without a redraw.
+    if (textOf(texts.makerId, CodedText::maker) == m_host.peerUserId()) {
+        m_changes.rewriteRecord(listed, texts);
+        return;
+    }
 
-    if (created != nullptr) {
-        m_changes.addRecord(std::move(created));
+    if (listed != kNoSlot) {
+        m_changes.refreshRecord(listed, texts);
+        m_listener.publishedAgain(std::string(*key));
     } else {
-        m_changes.refreshRecord(*record);
-        m_listener.publishedAgain(*record);
+        m_changes.addRecord(*key, texts);
     }
     m_host.beep();
 }
@@ -99,7 +96,7 @@ void Intake::takeDecided(const FieldReader& message) {
 }
 
 // The record goes with its row and its index entry.
-void Intake::discardListed(std::string key) {
+void Intake::discardListed(const std::string& key) {
     m_changes.removeRecord(key);
     m_listener.changeEnded(key);
 }

@@ -1,4 +1,4 @@
-// The intake: keeps the records and their rows in step with what the server publishes.
+// The intake: keeps the pending changes and their rows in step with what the server publishes.
 #pragma once
 
 #include "link/model/host.h"
@@ -10,8 +10,8 @@ namespace mc {
 // Notified of single changes by the intake. The workbench implements it, and the intake's tests.
 class IntakeListener {
 public:
-    // A listed change was published again; its record already holds what came.
-    virtual void publishedAgain(const sMakeCheckStruct& record) = 0;
+    // A listed change was published again; its texts are those that came.
+    virtual void publishedAgain(const std::string& key) = 0;
 
     // The change was decided, or its record went; whether or not it was listed.
     virtual void changeEnded(const std::string& key) = 0;
@@ -34,7 +34,7 @@ public:
 private:
     void takePending(const FieldReader& message, PuGetFindMenuItemInRoles* holdsMenuItem);
     void takeDecided(const FieldReader& message);
-    void discardListed(std::string key);  // by value: it may be the record's own
+    void discardListed(const std::string& key);
 
     Host& m_host;
     PendingChanges& m_changes;

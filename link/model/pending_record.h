@@ -1,7 +1,7 @@
 // The pending-authorization record: one change made by a maker and waiting for a checker.
 //
-// The intake fills it, the workbench owns and shows it, the requests read it; so it stands here,
-// below all three.
+// The workbench keeps its texts in a table of its own (PendingChanges) and reads them out into this
+// one, which the decisions and requests read.
 #pragma once
 
 #include <string>

@@ -40,13 +40,15 @@ void Workbench::emptyDetails() {
     caption();
 }
 
-void Workbench::showDetails(const sMakeCheckStruct& record) {
+void Workbench::showDetails(PendingChange change) {
     const PendingChanges::Hold hold(m_changes);
-    if (m_details.editCount() != 0 &&
-        (!mayLeaveEdits("Drop them and open " + ShownDetails::nameOf(record) + "?") ||
-         !hold.pending(record)))
-        return;
-    m_details.open(record);
+    if (m_details.editCount() != 0) {
+        if (!mayLeaveEdits("Drop them and open " + ShownDetails::nameOf(change) + "?")) return;
+        auto now = m_changes.current(change);
+        if (!now) return;
+        change = std::move(*now);
+    }
+    m_details.open(change);
     m_details.setDimmed(unselected());
     m_view.emptyDetails();
     caption();
@@ -86,10 +88,12 @@ void Workbench::recovered(const FieldReader& answer) {
     if (!m_link.closed()) m_intake.handle(answer);
 }
 
-void Workbench::publishedAgain(const sMakeCheckStruct& record) {
-    if (m_details.key() != record.key) return;
+void Workbench::publishedAgain(const std::string& key) {
+    if (m_details.key() != key) return;
+    const auto change = m_changes.findRecord(key);
+    if (!change) return;
     const DetailKind before = m_details.kind();
-    const bool ask = m_details.publishedAgain(record);
+    const bool ask = m_details.publishedAgain(*change);
     if (m_details.kind() != before) return emptyDetails();  // it is another change by now
     if (ask) askForDetails();
     caption();

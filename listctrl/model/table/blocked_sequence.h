@@ -1,7 +1,7 @@
 // An ordered sequence that finds, inserts and removes by position without walking its items.
 //
-// The items stand in blocks of a few hundred, and each item knows its block: a position costs one
-// search over the running totals of the blocks' sizes and one over a block. Appending costs the
+// The items are kept in blocks of a few hundred, and each item knows its block: a position costs
+// one search over the running totals of the blocks' sizes and one over a block. Appending costs the
 // same however long the sequence is.
 #pragma once
 
@@ -17,7 +17,7 @@ namespace mc {
 
 template <class Item>
 struct SequenceBlock {
-    std::size_t place = 0;  // among the sequence's blocks
+    std::size_t index = 0;  // among the sequence's blocks
     std::vector<Item> items;
 };
 
@@ -40,7 +40,7 @@ public:
     // The row of an item of this sequence.
     std::size_t rowOf(const Item& item) const {
         const Block& block = *m_homes(item);
-        return m_sizes.sum(block.place) + offsetOf(block, item);
+        return m_sizes.sum(block.index) + offsetOf(block, item);
     }
 
     void append(const Item& item) {
@@ -66,12 +66,12 @@ public:
     std::size_t remove(const Item& item) {
         Block& block = *m_homes(item);
         const std::size_t offset = offsetOf(block, item);
-        const std::size_t row = m_sizes.sum(block.place) + offset;
+        const std::size_t row = m_sizes.sum(block.index) + offset;
         m_homes(item) = nullptr;
         block.items.erase(block.items.begin() + static_cast<std::ptrdiff_t>(offset));
         --m_size;
-        if (block.place < m_sizes.size()) m_sizes.decrease(block.place);
-        if (block.items.empty()) removeBlock(block.place);
+        if (block.index < m_sizes.size()) m_sizes.decrease(block.index);
+        if (block.items.empty()) removeBlock(block.index);
         return row;
     }
 
@@ -83,14 +83,14 @@ public:
     }
 
     // Makes the sequence these items and no others. Blocks are used again: a pass over a million
-    // rows needn't fetch their memory anew.
+    // rows needn't fetch their memory again.
     void assign(std::span<const Item> items) {
         forEach([this](const Item& item) { m_homes(item) = nullptr; });
         m_size = items.size();
         m_blocks.resize((m_size + kBlockItems - 1) / kBlockItems);
-        for (std::size_t place = 0; place < m_blocks.size(); ++place) {
-            if (m_blocks[place] == nullptr) m_blocks[place] = newBlock(place);
-            Block& block = *m_blocks[place];
+        for (std::size_t index = 0; index < m_blocks.size(); ++index) {
+            if (m_blocks[index] == nullptr) m_blocks[index] = newBlock(index);
+            Block& block = *m_blocks[index];
             const auto some = items.first(std::min(items.size(), kBlockItems));
             items = items.subspan(some.size());
             block.items.assign(some.begin(), some.end());
@@ -126,20 +126,20 @@ private:
     void put(Block& block, std::size_t offset, const Item& item) {
         block.items.insert(block.items.begin() + static_cast<std::ptrdiff_t>(offset), item);
         m_homes(item) = &block;
-        if (block.place < m_sizes.size()) m_sizes.increase(block.place);
+        if (block.index < m_sizes.size()) m_sizes.increase(block.index);
         ++m_size;
     }
 
-    static std::unique_ptr<Block> newBlock(std::size_t place) {
+    static std::unique_ptr<Block> newBlock(std::size_t index) {
         auto block = std::make_unique<Block>();
-        block->place = place;
+        block->index = index;
         block->items.reserve(kBlockItems);
         return block;
     }
 
     Block& addBlock(std::size_t at) {
         m_blocks.insert(m_blocks.begin() + static_cast<std::ptrdiff_t>(at), newBlock(at));
-        for (std::size_t i = at; i < m_blocks.size(); ++i) m_blocks[i]->place = i;
+        for (std::size_t i = at; i < m_blocks.size(); ++i) m_blocks[i]->index = i;
         return *m_blocks[at];
     }
 
@@ -156,7 +156,7 @@ private:
 
     void removeBlock(std::size_t at) {
         m_blocks.erase(m_blocks.begin() + static_cast<std::ptrdiff_t>(at));
-        for (std::size_t i = at; i < m_blocks.size(); ++i) m_blocks[i]->place = i;
+        for (std::size_t i = at; i < m_blocks.size(); ++i) m_blocks[i]->index = i;
         countBlocks();
     }
 
@@ -167,7 +167,7 @@ private:
     }
 
     std::vector<std::unique_ptr<Block>> m_blocks;
-    PrefixSums m_sizes;  // of the blocks but the last: what is beyond their total stands in it
+    PrefixSums m_sizes;  // of the blocks but the last: what is beyond their total is in it
     std::size_t m_size = 0;
     Homes m_homes;
 };

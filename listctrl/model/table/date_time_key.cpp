@@ -67,9 +67,9 @@ private:
     std::string_view m_left;
 };
 
-// Fields stand in the key with the largest unit on top, so that none can carry into the next.
-std::uint64_t field(std::uint64_t value, int place) {
-    return value << place;
+// The key has the field of the largest unit on top, so that none can carry into the next.
+std::uint64_t field(std::uint64_t value, int bit) {
+    return value << bit;
 }
 
 std::optional<std::uint64_t> readDate(Reader& reader) {

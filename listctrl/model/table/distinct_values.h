@@ -8,7 +8,7 @@
 namespace mc {
 
 struct DistinctValues {
-    std::vector<std::string> values;  // in order of first appearance; empty texts left out
+    std::vector<std::string> values;  // in order of first appearance; without the empty one
     std::size_t beyond = 0;           // how many more there are than were asked for
 };
 

@@ -3,8 +3,8 @@
 //
 // The rules are those of the platform's list: a plain click or move selects one row, Ctrl leaves
 // what is selected and toggles, Shift selects from the anchor instead of all else, Ctrl and Shift
-// together in addition to it. They work on the records of the store, so no control is told row by
-// row.
+// together in addition to it. They work on the records of the store, so no control is notified row
+// by row.
 #pragma once
 
 #include <cstddef>

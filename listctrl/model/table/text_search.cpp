@@ -32,33 +32,33 @@ public:
         m_back += text.back();
     }
 
-    static constexpr std::size_t kPlaces = 16;
-    static_assert(kPlaces <= TextTable::kMargin);
+    static constexpr std::size_t kOffsets = 16;
+    static_assert(kOffsets <= TextTable::kMargin);
 
     std::size_t size() const { return m_text.size(); }
 
-    // Whether the text stands at `at`, where at least its length and eight bytes more are readable.
-    bool standsAt(const char* at) const {
+    // Whether the text is at `at`, where at least its length and eight bytes more are readable.
+    bool isAt(const char* at) const {
         const bool begins = (loadBytes(at) & m_mask) == m_number;
         if (size() <= 8) return begins;
         return begins && std::memcmp(at + 8, m_text.data() + 8, size() - 8) == 0;
     }
 
-    // Tries sixteen places from `at` on by the first, middle and last byte; returns how far the
-    // first is where it may stand, 16 when there is none. Fifteen bytes more are readable.
-    std::size_t mayStandAt(const char* at) const {
+    // Tries sixteen offsets from `at` on by the first, middle and last byte; returns the first
+    // at which it may be, 16 when there is none. Fifteen bytes more are readable.
+    std::size_t mayBeAt(const char* at) const {
         const auto hits = (load(at) == m_front) & (load(at + size() / 2) == m_middle) &
                           (load(at + size() - 1) == m_back);
         std::array<std::uint64_t, 2> halves;
         std::memcpy(&halves, &hits, sizeof halves);
-        if ((halves[0] | halves[1]) == 0) return kPlaces;
+        if ((halves[0] | halves[1]) == 0) return kOffsets;
         const bool second = halves[0] == 0;
         return static_cast<std::size_t>(std::countr_zero(halves[second])) / 8 + (second ? 8 : 0);
     }
 
 private:
     // What one instruction of any x64 processor compares; gcc and clang know it by this name.
-    using Bytes = char __attribute__((vector_size(kPlaces)));
+    using Bytes = char __attribute__((vector_size(kOffsets)));
 
     static Bytes load(const char* at) {
         Bytes bytes;
@@ -79,16 +79,16 @@ void markContaining(const Needle& needle, const TextTable& texts,
     const std::size_t end = texts.end(static_cast<Code>(texts.size() - 1));
     Code code = 0;
     for (std::size_t at = texts.begin(0); at + needle.size() <= end;) {
-        const std::size_t skipped = needle.mayStandAt(texts.lowered() + at);
-        if (skipped == Needle::kPlaces) {
-            at += Needle::kPlaces;  // not `skipped`: the next step needn't wait for this one
+        const std::size_t skipped = needle.mayBeAt(texts.lowered() + at);
+        if (skipped == Needle::kOffsets) {
+            at += Needle::kOffsets;  // not `skipped`: the next step needn't wait for this one
             continue;
         }
         at += skipped;
         if (at + needle.size() > end) break;
         while (texts.end(code) <= at) ++code;
         const bool found =
-            at + needle.size() <= texts.end(code) && needle.standsAt(texts.lowered() + at);
+            at + needle.size() <= texts.end(code) && needle.isAt(texts.lowered() + at);
         if (found) marks[code] = 1;
         at = found ? texts.end(code) : at + 1;
     }
@@ -101,15 +101,15 @@ void markAlternative(const FilterPattern::Alternative& alternative, const TextTa
     switch (alternative.kind) {
         case FilterPattern::Kind::equals:
             return mark(texts, marks, [&](std::string_view text) {
-                return text.size() == size && needle.standsAt(text.data());
+                return text.size() == size && needle.isAt(text.data());
             });
         case FilterPattern::Kind::startsWith:
             return mark(texts, marks, [&](std::string_view text) {
-                return text.size() >= size && needle.standsAt(text.data());
+                return text.size() >= size && needle.isAt(text.data());
             });
         case FilterPattern::Kind::endsWith:
             return mark(texts, marks, [&](std::string_view text) {
-                return text.size() >= size && needle.standsAt(text.data() + text.size() - size);
+                return text.size() >= size && needle.isAt(text.data() + text.size() - size);
             });
         case FilterPattern::Kind::contains:
             if (size == 0) return marks.assign(marks.size(), 1);
@@ -118,7 +118,7 @@ void markAlternative(const FilterPattern::Alternative& alternative, const TextTa
 }
 
 // Many whole texts or beginnings: none of them covers another, so only the one that a text would
-// stand right behind can match it.
+// sort right behind can match it.
 void markAnyOf(Alternatives sorted, const TextTable& texts, std::vector<std::uint8_t>& marks) {
     const bool whole = sorted.front().kind == FilterPattern::Kind::equals;
     mark(texts, marks, [&](std::string_view text) {

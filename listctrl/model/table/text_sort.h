@@ -1,4 +1,4 @@
-// Sorting by numbers that stand for what is compared.
+// Sorting by numbers that order as what is compared does.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +18,7 @@ struct Keyed {
 // size, its contents are lost.
 void sortByKey(std::span<Keyed> items, std::span<Keyed> scratch);
 
-// By code: the place of each text of the table among all, sorted byte by byte.
+// By code: the rank of each text of the table among all, sorted byte by byte.
 std::vector<std::uint64_t> ranksOf(const TextTable& texts);
 
 }  // namespace mc

@@ -1,7 +1,7 @@
 // Different texts, each once, in one block of memory, made to be searched all in a row.
 //
 // A text is known by its code, the number of texts before it; the empty text is code 0. Beside the
-// texts stands a copy in lower case at the same places, for matching without regard to case. Texts
+// texts lies a copy in lower case at the same offsets, for matching without regard to case. Texts
 // are never taken out.
 #pragma once
 
@@ -32,7 +32,7 @@ public:
         return {m_lowered.data() + begin(code), length(code)};
     }
 
-    // Where a text stands in the block of all texts in lower case. The end of one is the beginning
+    // Where a text lies in the block of all texts in lower case. The end of one is the beginning
     // of the next.
     const char* lowered() const { return m_lowered.data(); }
     std::size_t begin(Code code) const { return m_begins[code]; }
@@ -54,7 +54,7 @@ private:
     std::vector<Bucket> m_buckets;      // a power of two of them, probed linearly
 };
 
-// The bytes at a place of memory as one number, the first in the lowest place.
+// The bytes at an address as one number, the first as the lowest.
 template <class Number = std::uint64_t>
 Number loadBytes(const char* at) {
     Number bytes;
