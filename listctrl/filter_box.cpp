@@ -215,7 +215,7 @@ void CFilterBox::onNotification(UINT code) {
     switch (code) {
         case CBN_SETFOCUS:
         case CBN_KILLFOCUS:
-            return m_owner.boxFocusChanged();
+            return m_owner.partFocusChanged();
         case CBN_DROPDOWN:
             return onDropped();
         case CBN_EDITCHANGE:

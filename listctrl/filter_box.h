@@ -21,7 +21,7 @@ public:
     // Another filter applies. Called last: the box may be gone when it returns.
     virtual void filterChanged() = 0;
     // A box got the focus or lost it.
-    virtual void boxFocusChanged() = 0;
+    virtual void partFocusChanged() = 0;
 
 protected:
     ~FilterHeaderOwner() = default;

@@ -27,7 +27,7 @@ namespace mc {
 inline constexpr int kPlainColumnWidth = 100;
 
 // A stored width above this, or below 1, is none: the column takes its own.
-inline constexpr int kWidestColumn = 32767;
+inline constexpr int kMaxColumnWidth = 32767;
 
 struct ColumnDescriptor {
     std::string caption;
