@@ -60,15 +60,21 @@ Rows makeRows(std::size_t count) {
     return rows;
 }
 
-std::string_view readCell(const void* row, int column) {
-    return (*static_cast<const Row*>(row))[static_cast<std::size_t>(column)];
+CellReader readerOf(const Rows& rows) {
+    return [&rows](Slot row, ColumnId column) -> std::string_view {
+        return rows[row][toIndex(column)];
+    };
+}
+
+// A row is known to the store by its number.
+void insertRows(RecordStore& store, std::size_t first, std::size_t end) {
+    for (std::size_t row = first; row < end; ++row) store.insertItem(0, static_cast<Slot>(row));
 }
 
 // The same rows on every side; made once per size.
 struct Sides {
     explicit Sides(std::size_t count) : rows(makeRows(count)) {
-        store.setCellReader(readCell);
-        for (Row& row : rows) store.insertItem(0, &row);
+        store.setCellReader(readerOf(rows));
         for (auto make : {makeQtPeer, makeSqlitePeer})
             if (auto peer = make(rows)) peers.push_back(std::move(peer));
     }
@@ -85,7 +91,7 @@ struct Sides {
             sides = std::make_unique<Sides>(count);
         }
         sides->store.reset();
-        for (Row& row : sides->rows) sides->store.insertItem(0, &row);
+        insertRows(sides->store, 0, sides->rows.size());
         return *sides;
     }
 };
@@ -133,9 +139,9 @@ std::string filterText(const Question& question) {
 void filter(benchmark::State& state, const std::vector<Question>& questions) {
     Sides& sides = Sides::of(state);
     RecordStore& store = sides.store;
-    store.clearFilters();
+    store.filters().clear();
     for (const Question& question : questions)
-        store.setFilter(question.column, filterText(question));
+        store.filters().set(ColumnId{question.column}, filterText(question));
     Times times;
     for (auto _ : state) {
         store.dropTexts();
@@ -189,10 +195,10 @@ void sort(benchmark::State& state, int column, Comparison comparison) {
     for (auto _ : state) {
         store.unsort();
         store.dropTexts();
-        times.measure("cold", [&] { store.sort({column, comparison, -1}); });
+        times.measure("cold", [&] { store.sort({ColumnId{column}, comparison, -1}); });
         for (int i = 0; i < 3; ++i) {
             store.unsort();
-            times.measure("ours", [&] { store.sort({column, comparison, -1}); });
+            times.measure("ours", [&] { store.sort({ColumnId{column}, comparison, -1}); });
         }
         for (const auto& peer : sides.peers)
             if (peer->sort(column)) times.measure(peer->name(), [&] { peer->sort(column); });
@@ -219,20 +225,19 @@ BENCHMARK_CAPTURE(sort, numbers, amount, Comparison::number) SIZES;
 void append(benchmark::State& state, bool filtered, bool sorted) {
     Sides& sides = Sides::of(state);
     RecordStore& store = sides.store;
-    if (filtered) store.setFilter(maker, "*1*");
+    if (filtered) store.filters().set(ColumnId{maker}, "*1*");
     store.filter();
-    if (sorted) store.sort({entityName, Comparison::text, -1});
-    Rows more = makeRows(1000);
+    if (sorted) store.sort({ColumnId{entityName}, Comparison::text, -1});
+    const std::size_t stored = store.storedCount();
+    for (Row& row : makeRows(1000)) sides.rows.push_back(std::move(row));
     Times times;
     for (auto _ : state) {
-        times.measure("ours", [&] {
-            for (Row& row : more) store.insertItem(0, &row);
-        });
-        for (std::size_t i = 0; i < more.size(); ++i)
-            store.deleteStored(static_cast<std::ptrdiff_t>(store.storedCount()) - 1);
+        times.measure("ours", [&] { insertRows(store, stored, stored + 1000); });
+        while (store.storedCount() > stored) store.deleteStored(store.storedCount() - 1);
     }
+    sides.rows.resize(stored);
     store.unsort();
-    store.clearFilters();
+    store.filters().clear();
     store.filter();
     times.report(state, 1000);
 }
@@ -251,15 +256,16 @@ enum class Order { arrival, reverse, random };
 
 // All rows go one by one, as their changes are decided; the owner knows their slots.
 void remove(benchmark::State& state, Order order, bool sorted) {
-    Rows rows = makeRows(static_cast<std::size_t>(state.range(0)));
+    const Rows rows = makeRows(static_cast<std::size_t>(state.range(0)));
     std::mt19937 random(2);
     Times times;
     for (auto _ : state) {
         RecordStore store;
-        store.setCellReader(readCell);
-        std::vector<Slot> slots;
-        for (Row& row : rows) slots.push_back(store.insertItem(0, &row).slot);
-        if (sorted) store.sort({entityName, Comparison::text, -1});
+        store.setCellReader(readerOf(rows));
+        insertRows(store, 0, rows.size());
+        std::vector<Slot> slots(rows.size());
+        std::iota(slots.begin(), slots.end(), Slot{0});
+        if (sorted) store.sort({ColumnId{entityName}, Comparison::text, -1});
         if (order == Order::reverse) std::reverse(slots.begin(), slots.end());
         if (order == Order::random) std::shuffle(slots.begin(), slots.end(), random);
         times.measure("ours", [&] {
@@ -283,13 +289,13 @@ void distinct(benchmark::State& state, int column) {
     for (auto _ : state) {
         store.dropTexts();
         DistinctValues found;
-        times.measure("ours", [&] { found = store.distinctValues(column); });
-        times.measure("kept", [&] { found = store.distinctValues(column); });
+        times.measure("ours", [&] { found = store.distinctValues(ColumnId{column}); });
+        times.measure("kept", [&] { found = store.distinctValues(ColumnId{column}); });
         std::unordered_set<std::string_view> seen;
         std::vector<std::string> values;
         times.measure("unordered_set", [&] {
             for (const Row& row : sides.rows) {
-                const std::string_view text = readCell(&row, column);
+                const std::string_view text = row[static_cast<std::size_t>(column)];
                 if (!text.empty() && seen.insert(text).second && values.size() < 10'000)
                     values.emplace_back(text);
             }

@@ -2,9 +2,13 @@
 // reports nanoseconds per message for both and their ratio (ours / peer).
 #include <benchmark/benchmark.h>
 
+#include <malloc.h>
+
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <memory>
+#include <new>
 #include <numeric>
 #include <random>
 #include <string>
@@ -17,6 +21,27 @@
 #include "workbench/model/records/pending_changes.h"
 
 using namespace mc;
+
+// Counts what is allocated and not freed while a benchmark measures memory, with the allocator's
+// own eight bytes a block.
+static bool g_counting = false;
+static std::ptrdiff_t g_bytes = 0;
+
+// Not inline: a compiler that sees them takes them for a pair that does not match.
+[[gnu::noinline]] void* operator new(std::size_t size) {
+    void* const block = std::malloc(size);
+    if (block == nullptr) throw std::bad_alloc();
+    if (g_counting) g_bytes += static_cast<std::ptrdiff_t>(malloc_usable_size(block)) + 8;
+    return block;
+}
+[[gnu::noinline]] void operator delete(void* block) noexcept {
+    if (g_counting && block != nullptr)
+        g_bytes -= static_cast<std::ptrdiff_t>(malloc_usable_size(block)) + 8;
+    std::free(block);
+}
+void operator delete(void* block, std::size_t) noexcept {
+    operator delete(block);
+}
 
 namespace {
 
@@ -39,13 +64,8 @@ private:
     std::string m_id = "CHECKER";
 };
 
-class QuietView final : public WorkbenchView {
+class QuietView final : public RecordsView {
     void rowsChanged() override {}
-    void emptyDetails() override {}
-    void showDetails(std::vector<DetailGroup>, bool) override {}
-    void editsSent() override {}
-    void editsDropped() override {}
-    void captionDetails(const DetailsCaption&) override {}
 };
 
 // One message, its fields read by both sides.
@@ -62,23 +82,32 @@ public:
     Publication(const Publication&) = delete;
     Publication& operator=(const Publication&) = delete;
 
+    // A change of one of 200 makers, 500 branches and 50 brokers: of users, dealers mostly, and
+    // every fourth an investor's client.
     void* fill(std::size_t key) {
         const std::string text = std::to_string(1000000 + key);
-        const std::string user = "DEALER" + text;
+        const std::size_t any = key * 2654435761U >> 7;
+        const auto numbered = [&](const char* front, std::size_t first, std::size_t end) {
+            return front + std::to_string(first + any % end);
+        };
+        const bool client = key % 4 == 0;
         otp_start_msg(m_message, m_scratch, nullptr);
         add(54211, "auth pending");
-        add(51803, text.c_str());
-        add(63713, "340");
-        add(54036, "DEALER");
-        add(54247, "MAKER01");
-        add(64056, "ZEKB");
-        add(64053, "MUM01");
-        add(31003, user.c_str());
+        add(51803, text);
+        add(63713, client ? "353" : key % 4 == 1 ? "339" : "340");
+        add(54036, client ? "INVESTOR_CLIENT" : "DEALER");
+        add(54247, numbered("MAKER", 100, 200));
+        add(64056, numbered("ZEK", 10, 50));
+        add(64053, numbered("BR", 1000, 500));
+        add(31003, "DEALER" + text);
+        if (client) add(54001, "CL" + text);
         return m_message;
     }
 
 private:
-    void add(int id, const char* text) { otp_add_data_as_cstring(m_message, id, 1, text, nullptr); }
+    void add(int id, const std::string& text) {
+        otp_add_data_as_cstring(m_message, id, 1, text.c_str(), nullptr);
+    }
     void* m_message = nullptr;
     void* m_scratch = nullptr;
 };
@@ -99,7 +128,12 @@ public:
         record.key = key;
         message.read(63713, record.code);
         message.read(54036, record.type);
-        message.read(31003, record.entity);
+        if (record.code == "353") {
+            message.read(54001, record.entity);
+            message.read(31003, record.linked);
+        } else {
+            message.read(31003, record.entity);
+        }
         message.read(54247, record.maker);
         message.read(64056, record.broker);
         message.read(64053, record.branch);
@@ -116,16 +150,18 @@ private:
     std::vector<PlainRecord*> m_rows;
 };
 
+struct NoListener final : IntakeListener {
+    void publishedAgain(const sMakeCheckStruct&) override {}
+    void changeEnded(const std::string&) override {}
+};
+
 // Both sides hold the same records. They take the messages in batches, in turn first and second;
 // the time to fill a batch counts on neither side.
 struct Bed {
     QuietHost host;
     QuietView view;
     PendingChanges changes{view};
-    struct : IntakeListener {
-        void publishedAgain(const sMakeCheckStruct&) override {}
-        void changeEnded(const std::string&) override {}
-    } listener;
+    NoListener listener;
     Intake intake{host, changes, listener};
     PlainList plain;
     std::array<Publication, 200> batch;
@@ -178,6 +214,25 @@ void refreshOfKnownChanges(benchmark::State& state) {
     sides.report(state);
 }
 BENCHMARK(refreshOfKnownChanges)->Arg(1000)->Arg(10000)->Arg(100000);
+
+// Bytes that a pending change takes, its row, its place in the index and its texts included.
+void memoryOfAChange(benchmark::State& state) {
+    const auto count = static_cast<std::size_t>(state.range(0));
+    for (auto _ : state) {
+        QuietHost host;
+        QuietView view;
+        PendingChanges changes(view);
+        NoListener listener;
+        Intake intake(host, changes, listener);
+        Publication message;
+        g_bytes = 0;
+        g_counting = true;
+        for (std::size_t key = 0; key < count; ++key) intake.handle(FieldReader(message.fill(key)));
+        g_counting = false;
+        state.counters["bytes"] = static_cast<double>(g_bytes) / static_cast<double>(count);
+    }
+}
+BENCHMARK(memoryOfAChange)->Arg(1000)->Arg(10000)->Arg(100000)->Arg(1000000)->Iterations(1);
 
 enum Order { arrival, reverse, shuffled };
 

@@ -92,13 +92,12 @@ void measureOurs(std::size_t rows) {
     SetWindowPos(list.handle(), nullptr, 0, 0, 700, 500, SWP_NOZORDER);
     std::size_t asked = 0;
     std::string text;
-    std::vector<char> records(rows);
-    list.setColumns(kColumns, [&](const void* record, int) {
+    list.setColumns(kColumns, [&](Slot record, ColumnId) {
         ++asked;
-        text = "DEALER" + std::to_string(static_cast<const char*>(record) - records.data());
+        text = "DEALER" + std::to_string(record);
         return std::string_view(text);
     });
-    for (char& record : records) store.insertItem(store.storedCount(), &record);
+    for (std::size_t i = 0; i < rows; ++i) store.insertItem(i, static_cast<Slot>(i));
     list.storeChanged();
     paint(list.handle());
     asked = 0;

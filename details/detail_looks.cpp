@@ -110,7 +110,7 @@ void DetailLooks::drawOver(HDC dc, std::size_t row, int item, const RECT& cell) 
 void DetailLooks::drawFront(HDC dc, const LineGroups::Line& line, const RECT& cell) const {
     if (line.isHeading()) {
         const bool folded = m_lines.folded(line);
-        if (!line.item->group.rows.empty()) drawFoldMark(dc, folded, cell);
+        if (!line.group->content.rows.empty()) drawFoldMark(dc, folded, cell);
         if (folded && m_lines.holdsEdits(line)) drawEditMark(dc, cell);
         return;
     }

@@ -1,8 +1,8 @@
 // DetailLooks: how the lines of the details look, and the marks that are drawn on them.
 //
-// Headings are bold, with a mark that says whether the group is folded. A value that changed stands
-// out, and a mark in front of its row says how. A value that can be edited has a frame, an unsent
-// edit a folded corner.
+// Headings are bold, with a mark that says whether the group is folded. A value that changed is
+// highlighted, and a mark in front of its row says how. A value that can be edited has a frame, an
+// unsent edit a folded corner.
 #pragma once
 
 #include <functional>

@@ -21,7 +21,10 @@ public:
 
     // Installs the columns Field, Value and Old Value. Call after create().
     void setDetailColumns() {
-        setColumns(kDetailColumns, LineGroups::text, kMandatoryDetailColumns);
+        setColumns(
+            kDetailColumns,
+            [this](Slot line, ColumnId column) { return m_lines.text(line, column); },
+            kMandatoryDetailColumns);
     }
 
     // Shows groups in place of those that are visible, folded and scrolled as these were.

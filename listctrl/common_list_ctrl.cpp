@@ -17,7 +17,7 @@ std::vector<CCommonListCtrl*>& allLists() {
 
 CCommonListCtrl::CCommonListCtrl(ListServices& services, RecordStore& store)
     : m_services(services),
-      m_content(store, [this] { PostMessageA(handle(), kTellInvalid, 0, 0); }),
+      m_content(store, [this] { PostMessageA(handle(), kInvalidFound, 0, 0); }),
       m_update(*this, store),
       m_header(*this),
       m_appearance(*this, services, *this),
@@ -50,8 +50,7 @@ bool CCommonListCtrl::create(HWND parent, UINT id, const std::string& name, std:
     return true;
 }
 
-void CCommonListCtrl::setColumns(std::span<const sVoskColInfo> columns,
-                                 ListContent::DataReader reader,
+void CCommonListCtrl::setColumns(std::span<const sVoskColInfo> columns, CellReader reader,
                                  std::span<const ColumnId> mandatory) {
     m_content.install(columns, scaled(USER_DEFAULT_SCREEN_DPI), std::move(reader), mandatory);
     m_columns.loadProfile();
@@ -144,7 +143,7 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::on<LVM_FINDITEMA, &C::m_answers, &CSelectionAnswers::onFindItem>(),
         fw::on<LVM_FINDITEMW, &C::m_answers, &CSelectionAnswers::onFindItem>(),
         fw::on<kHeaderMoved, &C::m_columns, &CListColumns::onHeaderMoved>(),
-        fw::on<kTellInvalid, &C::onInvalidExpression>(),
+        fw::on<kInvalidFound, &C::onInvalidExpression>(),
     };
     static constexpr fw::MessageMap map{nullptr, entries};
     return map;

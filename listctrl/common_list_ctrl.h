@@ -52,7 +52,7 @@ public:
 
     // Installs the columns, with the stored profile where there is one, and what reads their cells.
     // Mandatory columns cannot be hidden.
-    void setColumns(std::span<const sVoskColInfo> columns, ListContent::DataReader reader,
+    void setColumns(std::span<const sVoskColInfo> columns, CellReader reader,
                     std::span<const ColumnId> mandatory = {});
 
     // What the header menu offers for the columns; nothing before.

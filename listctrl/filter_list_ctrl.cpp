@@ -9,7 +9,7 @@ namespace mc {
 
 void CFilterListCtrl::addOffers(ListOffers& offers) const {
     offers.filters = true;
-    offers.matchExactly = store().matchExactly();
+    offers.matchExactly = store().filters().matchExactly();
 }
 
 bool CFilterListCtrl::runOwnCommand(unsigned command) {
@@ -18,7 +18,7 @@ bool CFilterListCtrl::runOwnCommand(unsigned command) {
             resetFilters();
             return true;
         case kMatchExactlyCommand:
-            store().setMatchExactly(!store().matchExactly());
+            store().filters().setMatchExactly(!store().filters().matchExactly());
             applyFilter();
             return true;
         default:
@@ -37,8 +37,7 @@ void CFilterListCtrl::headerBuilt() {
     const bool first = m_boxColumns.empty();
     m_boxColumns = shown;
     std::vector<ColumnFilter> filters;
-    for (const ColumnId column : m_boxColumns)
-        filters.push_back(store().filterOf(static_cast<int>(column)));
+    for (const ColumnId column : m_boxColumns) filters.push_back(store().filters().of(column));
     m_filters.setBoxes(filters);
     // The control asks the header for its height when its own size changes.
     const RECT client = clientRect();
@@ -50,15 +49,15 @@ void CFilterListCtrl::headerBuilt() {
 
 void CFilterListCtrl::columnRemoved(ColumnId removed) {
     CCommonListCtrl::columnRemoved(removed);
-    std::vector<int> columns;
+    std::vector<ColumnId> columns;
     std::vector<ColumnFilter> filters;
-    for (const int column : store().filterColumns()) {
-        const auto id = idAfterRemoval(ColumnId{column}, removed);
+    for (const ColumnId column : store().filters().columns()) {
+        const auto id = idAfterRemoval(column, removed);
         if (!id) continue;
-        columns.push_back(static_cast<int>(*id));
-        filters.push_back(store().filterOf(column));
+        columns.push_back(*id);
+        filters.push_back(store().filters().of(column));
     }
-    store().setFilters(std::move(columns), std::move(filters));
+    store().filters().setAll(std::move(columns), std::move(filters));
 }
 
 // The boxes are made again, with the filters that apply.
@@ -73,14 +72,14 @@ void CFilterListCtrl::fontChanged() {
 void CFilterListCtrl::applyFilter() {
     cellsMove();
     const fw::WaitCursorScope wait;
-    store().clearFilters();
+    store().filters().clear();
     for (std::size_t item = 0; item < m_boxColumns.size(); ++item) {
         const ColumnFilter filter = m_filters.filter(static_cast<int>(item));
-        store().setFilter(static_cast<int>(m_boxColumns[item]), filter.text, filter.kind);
+        store().filters().set(m_boxColumns[item], filter.text, filter.kind);
     }
     const RecordStore::Outcome outcome = store().filter();
     storeChanged();
-    if (outcome.message != nullptr) services().showMessage(outcome.message);
+    if (const char* const text = messageOf(outcome)) services().showMessage(text);
 }
 
 void CFilterListCtrl::resetFilters() {
@@ -90,7 +89,7 @@ void CFilterListCtrl::resetFilters() {
 
 DistinctValues CFilterListCtrl::filterChoices(int item) {
     const fw::WaitCursorScope wait;
-    return store().distinctValues(static_cast<int>(m_boxColumns[static_cast<std::size_t>(item)]));
+    return store().distinctValues(m_boxColumns[static_cast<std::size_t>(item)]);
 }
 
 void CFilterListCtrl::filterChanged() {

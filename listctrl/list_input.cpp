@@ -134,7 +134,7 @@ void CListInput::onCharacter(UINT character) {
     const wchar_t text[] = {static_cast<wchar_t>(character), L'\0'};
     const std::string letter = fw::narrow(text);
     if (letter.size() != 1) return;
-    const auto row = m_find.type(letter[0], messageTime(), store, static_cast<int>(findColumn()));
+    const auto row = m_find.type(letter[0], messageTime(), store, findColumn());
     if (row) goTo(*row);
 }
 

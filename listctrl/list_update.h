@@ -1,8 +1,8 @@
 // CListUpdate: brings a list's native control up to date with its store.
 //
-// The control knows the number of rows only. It is told right before it handles its next message,
-// so that a burst of changes is one count and one paint, and whoever asks the control in between
-// gets the present rows.
+// The control knows the number of rows only. It gets the number right before it handles its next
+// message, so that a burst of changes is one count and one paint, and whoever asks the control in
+// between gets the present rows.
 #pragma once
 
 #include "framework/window.h"

@@ -78,7 +78,7 @@ LRESULT CSelectionAnswers::onFindItem(std::optional<std::size_t> start, const st
                                       UINT flags) {
     constexpr UINT kSubstring = 4, kBegins = LVFI_PARTIAL | kSubstring;  // the same search
     if ((flags & (LVFI_STRING | kBegins)) == 0 || m_store.rowCount() == 0) return -1;
-    return answer(findRow(m_store, static_cast<int>(m_input.findColumn()), start ? *start + 1 : 0,
+    return answer(findRow(m_store, m_input.findColumn(), start ? *start + 1 : 0,
                           {text, (flags & kBegins) == 0, (flags & LVFI_WRAP) != 0}));
 }
 

@@ -44,8 +44,7 @@ COLORREF detailsBackground() {
 }
 
 void showRow(Workbench& workbench, std::size_t row) {
-    void* const record = workbench.changes().rows().recordAt(row);
-    if (record != nullptr) workbench.showDetails(*static_cast<PendingChanges::Entry*>(record));
+    if (auto change = workbench.changes().recordAt(row)) workbench.showDetails(std::move(*change));
 }
 
 }  // namespace
@@ -103,8 +102,8 @@ LRESULT CMakerChecker::onInitDialog() {
                        held(*detailsList, kDetailsTitle, kDetailsListName)});
     mainList->setColumns(
         kMainColumns,
-        [](const void* record, int column) {
-            return mainCellText(*static_cast<const PendingChanges::Entry*>(record), column);
+        [&changes = m_workbench->changes()](Slot record, ColumnId column) {
+            return changes.cellText(record, column);
         },
         kMandatoryMainColumns);
     mainList->offerColumns(true, true);

@@ -56,38 +56,38 @@ void Intake::handle(const FieldReader& message) {
 void Intake::takePending(const FieldReader& message, PuGetFindMenuItemInRoles* holdsMenuItem) {
     const auto key = message.text(MNM_AUTHORIZATION_KEY);
     if (!key) return;
-    std::unique_ptr<PendingChanges::Entry> created;
-    sMakeCheckStruct* record = m_changes.findRecord(*key);
-    if (record == nullptr) {
-        created = std::make_unique<PendingChanges::Entry>();
-        created->key = *key;
-        record = created.get();
-    }
-    message.read(MNM_FUNCTIONALITY, record->functionalityCode);
-    message.read(MNM_TYPE, record->type);
+    auto found = m_changes.findRecord(*key);
+    const bool listed = found.has_value();
+    PendingChange& record = listed ? *found : found.emplace();
+    if (!listed) record.key = *key;
+    message.read(MNM_FUNCTIONALITY, record.functionalityCode);
+    message.read(MNM_TYPE, record.type);
 
     // A code that the workbench does not know is listed without a rights test and without a name.
-    if (const Functionality* kind = findFunctionality(record->functionalityCode)) {
-        const int menuItem = menuItemFor(*kind, record->type);
+    if (const Functionality* kind = findFunctionality(record.functionalityCode)) {
+        const int menuItem = menuItemFor(*kind, record.type);
         if (holdsMenuItem == nullptr || holdsMenuItem(menuItem) == 0) {
-            if (created == nullptr) discardListed(record->key);
+            if (listed) discardListed(record.key);
             return;
         }
-        nameEntity(kind->group, message, *record);
+        nameEntity(kind->group, message, record);
     }
 
-    message.read(MNM_REQUESTING_USER, record->makerId);
-    message.read(MNM_BROKER, record->brokerId);
-    message.read(MNM_BRANCH, record->branchId);
-    // A checker never sees a change of his own. A record that is listed already keeps the values
-    // just written, without a redraw.
-    if (record->makerId == m_host.peerUserId()) return;
+    message.read(MNM_REQUESTING_USER, record.makerId);
+    message.read(MNM_BROKER, record.brokerId);
+    message.read(MNM_BRANCH, record.branchId);
+    // A checker never sees a change of his own. One that is listed already takes the new texts,
+    // without a redraw.
+    if (record.makerId == m_host.peerUserId()) {
+        m_changes.rewriteRecord(record);
+        return;
+    }
 
-    if (created != nullptr) {
-        m_changes.addRecord(std::move(created));
+    if (listed) {
+        m_changes.refreshRecord(record);
+        m_listener.publishedAgain(record);
     } else {
-        m_changes.refreshRecord(*record);
-        m_listener.publishedAgain(*record);
+        m_changes.addRecord(record);
     }
     m_host.beep();
 }

@@ -1,13 +1,15 @@
 // Groups of detail rows as the lines of a list: a heading, then one line for each row.
 //
-// Each line is a record of the RecordStore in here, so that filtering, selection, copying and what
-// screen readers see are the same as in every list. A heading stays visible while any line of its
-// group passes the filters, and a folded group shows its heading only; but a row with an unsent
-// edit passes every filter and every fold. Lines are never sorted.
+// Each line is a record of the RecordStore in here, its slot the number of the line, so that
+// filtering, selection, copying and what screen readers see are the same as in every list. A
+// heading stays visible while any line of its group passes the filters, and a folded group shows
+// its heading only; but a row with an unsent edit passes every filter and every fold. Lines are
+// never sorted.
 #pragma once
 
 #include <cstddef>
-#include <memory>
+#include <deque>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -29,26 +31,29 @@ inline constexpr ColumnId kValueColumn{1};
 // A value is never on show without its name, nor a name without its value.
 inline constexpr ColumnId kMandatoryDetailColumns[] = {kFieldColumn, kValueColumn};
 
+// All calls come from one thread. What changes groups or folds costs a filter pass.
 class LineGroups {
 public:
-    struct Item;
+    struct Group {
+        DetailGroup content;
+        Slot heading;  // the lines of its rows follow
+        bool folded = false;
+    };
     struct Line {
-        Item* item;
+        Group* group;
         sMCListStruct* row;
-        Slot slot = kNoSlot;
-        bool isHeading() const;
+        Slot slot;
+        bool isHeading() const { return slot == group->heading; }
     };
 
     LineGroups();
-    ~LineGroups();
     LineGroups(const LineGroups&) = delete;
     LineGroups& operator=(const LineGroups&) = delete;
 
-    // The rows on show. The store's records are the lines; only filters, selection and focus may be
-    // changed from outside.
+    // The visible rows; only filters, selection and focus may be changed from outside.
     RecordStore& rows() { return m_rows; }
 
-    // Takes groups over and shows them behind the others, open. Filters in force apply to them.
+    // Takes over groups and shows them behind the others, open. Filters in force apply to them.
     void append(std::vector<DetailGroup> groups);
 
     // Shows groups in place of all others: folds and the focus stay where their texts are.
@@ -57,22 +62,25 @@ public:
     // Frees all groups.
     void clear();
 
-    std::size_t groupCount() const { return m_items.size(); }
+    std::size_t groupCount() const { return m_groups.size(); }
 
     // The line in a row; null beyond the end. Lives until clear().
-    Line* lineAt(std::size_t row) const { return static_cast<Line*>(m_rows.recordAt(row)); }
+    Line* lineAt(std::size_t row);
 
-    // The row of a line; none while it is not on show.
+    // The row of a line; none while it is not visible.
     std::optional<std::size_t> rowOf(const Line& line) const { return m_rows.rowOf(line.slot); }
 
-    // The line of the row whose value belongs to a field; null when there is none.
-    Line* lineOf(int mnemonic) const;
+    // The line of the row whose value belongs to a field; null when there is none. One pass over
+    // the lines.
+    Line* lineOf(int mnemonic);
 
-    bool folded(const Line& line) const;
+    bool folded(const Line& line) const { return line.group->folded; }
     void setFolded(const Line& line, bool folded);
 
-    // The row of the heading that stands above a line; none while it is not on show.
-    std::optional<std::size_t> headingRow(const Line& line) const;
+    // The row of the heading above a line; none while it is not visible.
+    std::optional<std::size_t> headingRow(const Line& line) const {
+        return m_rows.rowOf(line.group->heading);
+    }
 
     // The texts of the line's row changed, perhaps by an edit.
     void rowChanged(Line& line);
@@ -85,28 +93,19 @@ public:
     bool editsSent() { return endEdits(false); }
     bool editsDropped() { return endEdits(true); }
 
-    // How the store reads a line.
-    static std::string_view text(const void* line, int column);
+    // The text of a line's cell; empty beyond the columns. Lives until the line changes.
+    std::string_view text(Slot line, ColumnId column) const;
 
 private:
     void arrange(std::vector<Slot>& passing) const;
     void addEdited(std::vector<Slot>& passing) const;
-    void insert(Item& item);
+    void addLine(Group& group, sMCListStruct& row);
     bool endEdits(bool restore);
 
-    RecordStore m_rows;
-    std::vector<std::unique_ptr<Item>> m_items;
+    std::deque<Group> m_groups;
+    std::deque<Line> m_lines;     // by slot, which is also the stored position
     std::vector<Line*> m_edited;  // in any order
+    RecordStore m_rows;
 };
-
-struct LineGroups::Item {
-    DetailGroup group;
-    std::vector<Line> lines;  // the heading first
-    bool folded = false;
-};
-
-inline bool LineGroups::Line::isHeading() const {
-    return row == &item->group.header;
-}
 
 }  // namespace mc

@@ -11,12 +11,12 @@ ListContent::~ListContent() {
     if (m_reader) m_store.setCellReader({});
 }
 
-void ListContent::install(std::span<const sVoskColInfo> columns, int dpi, DataReader reader,
+void ListContent::install(std::span<const sVoskColInfo> columns, int dpi, CellReader reader,
                           std::span<const ColumnId> mandatory) {
     m_columns.install(columns, dpi);
     m_columns.setMandatory(mandatory);
     m_reader = std::move(reader);
-    m_store.setCellReader([this](const void* record, int column) { return read(record, column); });
+    m_store.setCellReader([this](Slot record, ColumnId column) { return read(record, column); });
 }
 
 void ListContent::columnsChanged() {
@@ -25,7 +25,7 @@ void ListContent::columnsChanged() {
 }
 
 void ListContent::columnRemoved(ColumnId removed) {
-    m_store.columnChanged(static_cast<int>(m_columns.size()));  // no column has the last id now
+    m_store.columnChanged(toColumnId(m_columns.size()));  // no column has the last id now
     m_order.columnRemoved(removed);
 }
 
@@ -33,29 +33,31 @@ void ListContent::compileExpressions() {
     std::vector<std::string> expressions;
     for (std::size_t i = m_columns.dataSize(); i < m_columns.size(); ++i) {
         expressions.push_back(m_columns.descriptor(toColumnId(i)).expression);
-        m_store.columnChanged(static_cast<int>(i));
+        m_store.columnChanged(toColumnId(i));
     }
     m_computedColumns.emplace(m_columns.dataSize(), expressions);
     m_reportedInvalid.assign(m_columns.size(), false);
 }
 
-std::string_view ListContent::read(const void* record, int column) {
-    if (!m_reader || column < 0) return {};
-    const auto index = static_cast<std::size_t>(column);
-    return index < m_columns.dataSize() ? m_reader(record, column) : compute(record, index);
+std::string_view ListContent::read(Slot record, ColumnId column) {
+    if (!m_reader) return {};
+    const bool isData = toIndex(column) < m_columns.dataSize();
+    return isData ? m_reader(record, column) : compute(record, column);
 }
 
 // A cell without a value stays empty. An expression that refers to a deleted column is invalid too.
-std::string_view ListContent::compute(const void* record, std::size_t column) {
+std::string_view ListContent::compute(Slot record, ColumnId column) {
     m_computed.clear();
-    if (!m_computedColumns || column >= m_computedColumns->columns()) return {};
-    const auto fetch = [&](int data) { return CellFetch::Result(m_reader(record, data)); };
-    const CellOutcome outcome = m_computedColumns->compute(column, fetch, m_computed);
-    const bool invalid =
-        outcome == CellOutcome::invalid ||
-        (outcome == CellOutcome::notFetched && !m_columns.isValid(toColumnId(column)));
-    if (invalid && !m_reportedInvalid[column]) {
-        m_reportedInvalid[column] = true;
+    const std::size_t index = toIndex(column);
+    if (!m_computedColumns || index >= m_computedColumns->columns()) return {};
+    const auto fetch = [&](int data) {
+        return CellFetch::Result(m_reader(record, ColumnId{data}));
+    };
+    const CellOutcome outcome = m_computedColumns->compute(index, fetch, m_computed);
+    const bool invalid = outcome == CellOutcome::invalid ||
+                         (outcome == CellOutcome::notFetched && !m_columns.isValid(column));
+    if (invalid && !m_reportedInvalid[index]) {
+        m_reportedInvalid[index] = true;
         m_invalid();
     }
     return m_computed;

@@ -21,9 +21,6 @@ namespace mc {
 
 class ListContent {
 public:
-    // The text of a data column of a record, as RecordStore::CellReader gives it.
-    using DataReader = RecordStore::CellReader;
-
     // The store must outlive the object; install() gives it a cell reader, which is taken back at
     // the end. `invalid` is called when a computed column's expression turns out to be invalid,
     // once per expression, from inside a paint or a pass over the rows.
@@ -32,8 +29,9 @@ public:
     ListContent(const ListContent&) = delete;
     ListContent& operator=(const ListContent&) = delete;
 
-    // Starts with these columns; those that are mandatory cannot be hidden.
-    void install(std::span<const sVoskColInfo> columns, int dpi, DataReader reader,
+    // Starts with these columns, of which `reader` reads the texts; those that are mandatory cannot
+    // be hidden.
+    void install(std::span<const sVoskColInfo> columns, int dpi, CellReader reader,
                  std::span<const ColumnId> mandatory);
 
     RecordStore& store() const { return m_store; }
@@ -49,7 +47,7 @@ public:
 
     // The text of a cell as it is drawn, copied and exported; it lives until the next call.
     std::string_view text(std::size_t row, ColumnId column) const {
-        return m_store.cellText(row, static_cast<int>(column));
+        return m_store.cellText(row, column);
     }
 
     // Compiles the expressions and sorts again. Costs as much as the sort.
@@ -57,14 +55,14 @@ public:
     void columnRemoved(ColumnId removed);
 
 private:
-    std::string_view read(const void* record, int column);
-    std::string_view compute(const void* record, std::size_t column);
+    std::string_view read(Slot record, ColumnId column);
+    std::string_view compute(Slot record, ColumnId column);
     void compileExpressions();
 
     RecordStore& m_store;
     ColumnModel m_columns;
     ListOrder m_order;
-    DataReader m_reader;
+    CellReader m_reader;  // of data columns
     std::function<void()> m_invalid;
     std::optional<ComputedColumns> m_computedColumns;
     std::string m_computed;               // the cell computed last

@@ -14,7 +14,7 @@ void ListOrder::sort(ColumnSort sort) {
     if (!m_columns.placeOf(sort.column)) return;
     m_current = sort;
     const auto type = static_cast<int>(m_columns.descriptor(sort.column).type);
-    m_store.sort({static_cast<int>(sort.column), comparisonOf(type), sort.ascending ? -1 : 1});
+    m_store.sort({sort.column, comparisonOf(type), sort.ascending ? -1 : 1});
 }
 
 void ListOrder::captionClicked(ColumnId column) {

@@ -33,16 +33,15 @@ std::vector<std::string_view> linesOf(std::string_view text) {
     return lines;
 }
 
-std::string_view readCell(const void* line, int) {
-    return *static_cast<const std::string_view*>(line);
-}
+constexpr ColumnId kColumn{0};
 
-void checkFilter(const RecordStore& store, std::string_view filterText, bool exact,
-                 FilterKind kind) {
+// A line's slot is its number.
+void checkFilter(const RecordStore& store, const std::vector<std::string_view>& lines,
+                 std::string_view filterText, bool exact, FilterKind kind) {
     const FilterPattern pattern(filterText, exact, kind);
     for (std::size_t i = 0; i < store.storedCount(); ++i) {
         const Slot slot = store.storedAt(i);
-        const std::string_view cell = readCell(store.record(slot), 0);
+        const std::string_view cell = lines[slot];
         require(store.rowOf(slot).has_value() == pattern.matches(cell),
                 "the pass shows what the pattern matches");
     }
@@ -52,8 +51,9 @@ void checkFilter(const RecordStore& store, std::string_view filterText, bool exa
 void checkOrder(const RecordStore& store, const SortOrder& order) {
     if (order.comparison == Comparison::dateTime) return;
     for (std::size_t row = 1; row < store.rowCount(); ++row)
-        require(compareRows(order, store.cellText(row - 1, 0), store.cellText(row, 0)) <= 0,
-                "rows stand in order");
+        require(
+            compareRows(order, store.cellText(row - 1, kColumn), store.cellText(row, kColumn)) <= 0,
+            "rows stand in order");
 }
 
 }  // namespace
@@ -65,26 +65,26 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view filterText = lines.front();
     const bool exact = (flags & 1) != 0;
     const auto kind = flags >= 192 ? FilterKind::value : FilterKind::pattern;
-    const SortOrder order{0, comparisonOf(static_cast<int>(flags >> 2) % 10),
+    const SortOrder order{kColumn, comparisonOf(static_cast<int>(flags >> 2) % 10),
                           (flags & 2) != 0 ? 1 : -1};
     RecordStore store;
-    store.setCellReader(readCell);
-    store.setMatchExactly(exact);
-    store.setFilter(0, filterText, kind);
+    store.setCellReader([&](Slot line, ColumnId) -> std::string_view { return lines[line]; });
+    store.filters().setMatchExactly(exact);
+    store.filters().set(kColumn, filterText, kind);
     for (std::size_t i = 1; i < lines.size(); ++i) {
         // Some rows are there at the pass, the others come afterwards.
         if (i == lines.size() / 2) {
             store.filter();
             store.sort(order);
         }
-        store.insertItem(0, &lines[i]);
+        store.insertItem(0, static_cast<Slot>(i));
     }
     if (lines.size() > 3) {
-        checkFilter(store, filterText, exact, kind);
+        checkFilter(store, lines, filterText, exact, kind);
         checkOrder(store, order);
     }
     store.filter();
-    checkFilter(store, filterText, exact, kind);
+    checkFilter(store, lines, filterText, exact, kind);
     store.sort(order);
     checkOrder(store, order);
     return 0;

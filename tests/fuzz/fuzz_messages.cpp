@@ -207,19 +207,18 @@ private:
             m_workbench.choiceMade(field, typed.c_str());
     }
 
-    std::vector<sMakeCheckStruct*> selection() {
+    std::vector<PendingChange> selection() {
         const std::size_t which = m_input.below(4);
-        std::vector<sMakeCheckStruct*> rows;
+        std::vector<PendingChange> rows;
         for (std::size_t row = 0; row < m_workbench.changes().size(); ++row)
-            if (which == 0 || m_input.below(2) == 0) rows.push_back(&m_workbench.changes().at(row));
+            if (which == 0 || m_input.below(2) == 0) rows.push_back(m_workbench.changes().at(row));
         return rows;
     }
 
     void showDetails() {
         const std::size_t rows = m_workbench.changes().size();
         if (rows == 0) return;
-        const sMakeCheckStruct& record = m_workbench.changes().at(m_input.below(rows));
-        m_workbench.showDetails(record);
+        m_workbench.showDetails(m_workbench.changes().at(m_input.below(rows)));
     }
 
     void step() {
@@ -279,10 +278,12 @@ private:
         PendingChanges& changes = m_workbench.changes();
         require(changes.rows().rowCount() == changes.size(), "every record is a row");
         for (std::size_t row = 0; row < changes.size(); ++row) {
-            const sMakeCheckStruct& record = changes.at(row);
-            require(changes.findRecord(record.key) == &record, "every row is indexed");
+            const PendingChange change = changes.at(row);
+            const auto found = changes.findRecord(change.key);
+            require(found && found->slot == change.slot, "every row is indexed");
             for (int column = 0; column < 8; ++column)
-                require(mainCellText(record, column).size() < kCellBytes, "a cell fits its buffer");
+                require(changes.cellText(change.slot, ColumnId{column}).size() < kCellBytes,
+                        "a cell fits its buffer");
         }
         require(m_host.beeps <= m_messages, "no tone without a message");
     }
@@ -301,7 +302,7 @@ private:
                 "the name of a request is known");
         const auto decision = value(MNM_STATUS);
         const std::string key = value(MNM_AUTHORIZATION_KEY).value_or("");
-        require(!decision || m_workbench.changes().findRecord(key) != nullptr,
+        require(!decision || m_workbench.changes().findRecord(key),
                 "only what is pending is decided");
         require((decision == "rejected") == !value(MNM_ERROR).value_or("").empty(),
                 "a reject, and only a reject, has a reason");

@@ -36,21 +36,21 @@ Row client(const std::string& key, const std::string& linkedUser) {
 
 struct DecisionsFixture {
     void list(const Row& row) {
-        auto record = std::make_unique<PendingChanges::Entry>();
-        record->key = row.key;
-        record->functionalityCode = row.code;
-        record->type = row.type;
-        record->entityName = row.entityName;
-        record->linkedUser = row.linkedUser;
-        changes.addRecord(std::move(record));
+        sMakeCheckStruct record;
+        record.key = row.key;
+        record.functionalityCode = row.code;
+        record.type = row.type;
+        record.entityName = row.entityName;
+        record.linkedUser = row.linkedUser;
+        changes.addRecord(record);
     }
     void list(const std::vector<Row>& rows) {
         for (const Row& row : rows) list(row);
     }
 
-    std::vector<sMakeCheckStruct*> allRows() {
-        std::vector<sMakeCheckStruct*> rows;
-        for (std::size_t i = 0; i < changes.size(); ++i) rows.push_back(&changes.at(i));
+    std::vector<PendingChange> allRows() {
+        std::vector<PendingChange> rows;
+        for (std::size_t i = 0; i < changes.size(); ++i) rows.push_back(changes.at(i));
         return rows;
     }
     void acceptAll() { acceptSelected(allRows(), changes, requests, host); }
@@ -166,7 +166,7 @@ TEST(Accept, PairsInvestorsUsersWithTheirClients) {
 
 TEST_F(Decisions, AcceptOnlyWhatIsSelected) {
     list({user("1", "U"), plain("2"), client("3", "U"), plain("4")});
-    sMakeCheckStruct* const selected[] = {&changes.at(0), &changes.at(3)};
+    const PendingChange selected[] = {changes.at(0), changes.at(3)};
     acceptSelected(selected, changes, requests, host);
     EXPECT_EQ(decisions(), Lines{"accepted 4"});
     ASSERT_EQ(host.said.size(), 3u);

@@ -20,7 +20,7 @@ protected:
     void take(const zek::OwnedMessage& message) { intake.handle(FieldReader(message.handle())); }
 
     // Takes in a pending change and forgets what that did to view and host.
-    sMakeCheckStruct& listed(const std::string& key, const FieldTexts& fields) {
+    PendingChange listed(const std::string& key, const FieldTexts& fields) {
         take(publication(kPending, key, fields));
         view.events.clear();
         host.beeps = 0;
@@ -84,7 +84,7 @@ TEST_F(IntakeTest, ListsEachKindWithItsRecord) {
     for (const KindCase& each : kKinds) {
         SCOPED_TRACE(each.code + " " + each.type);
         changes.clearAllRecords();
-        const sMakeCheckStruct& record = listed("1001", allFields(each.code, each.type));
+        const PendingChange record = listed("1001", allFields(each.code, each.type));
         EXPECT_EQ(record.key, "1001");
         EXPECT_EQ(record.makerId, "MAKER01");
         EXPECT_EQ(record.entityName, each.entityName);
@@ -139,7 +139,7 @@ TEST_F(IntakeTest, LosesAChangeWithoutItsRightSilently) {
     host.roles = {};
     take(publication(kPending, "1001", allFields("339", "DEALER")));
     expectNothingHappened();
-    EXPECT_EQ(changes.findRecord("1001"), nullptr);
+    EXPECT_FALSE(changes.findRecord("1001"));
 }
 
 TEST_F(IntakeTest, IgnoresMessagesWithoutAKnownStatusAndAKey) {
@@ -191,7 +191,7 @@ TEST_F(IntakeTest, LooksTheRightsServiceUpForEveryMessage) {
 }
 
 TEST_F(IntakeTest, RefreshesAKnownChangeInPlace) {
-    const sMakeCheckStruct* const record = &listed("1001", allFields("353", kInvestor));
+    const PendingChange before = listed("1001", allFields("353", kInvestor));
     listed("1002", allFields("339", "DEALER"));
     take(publication(kPending, "1001",
                      {{MNM_FUNCTIONALITY, "354"},
@@ -204,9 +204,9 @@ TEST_F(IntakeTest, RefreshesAKnownChangeInPlace) {
     EXPECT_EQ(view.events, Lines{"rows"});
     EXPECT_EQ(host.beeps, 1);
     EXPECT_EQ(changes.size(), 2u);
-    EXPECT_EQ(&changes.at(0), record);
-    EXPECT_EQ(changes.findRecord("1001"), record);
-
+    EXPECT_EQ(changes.at(0).key, "1001");
+    const auto record = changes.current(before);
+    ASSERT_TRUE(record);
     EXPECT_EQ(record->functionalityCode, "354");
     EXPECT_EQ(record->type, "RETAIL");
     EXPECT_EQ(record->entityName, "CL9");
@@ -230,12 +230,13 @@ TEST_F(IntakeTest, KeepsWhatARefreshDoesNotTell) {
         for (const bool unreadable : {false, true}) {
             SCOPED_TRACE(std::string(each.code) + (unreadable ? " unreadable" : " absent"));
             changes.clearAllRecords();
-            const sMakeCheckStruct& record = listed("1001", allFields(each.code, kInvestor));
+            listed("1001", allFields(each.code, kInvestor));
             FieldTexts fields = allFields(each.code, kInvestor);
             for (auto& field : fields) field.text = kUnreadable;
             take(publication(kPending, "1001", unreadable ? fields : FieldTexts{}));
 
             EXPECT_EQ(view.events, Lines{"rows"});
+            const PendingChange record = changes.at(0);
             EXPECT_EQ(record.functionalityCode, each.code);
             EXPECT_EQ(record.type, kInvestor);
             EXPECT_EQ(record.entityName, each.entityName);
@@ -275,7 +276,7 @@ TEST_F(IntakeTest, NeverListsTheCheckersOwnChange) {
     for (auto& field : own)
         if (field.mnemonic == MNM_REQUESTING_USER) field.text = host.userId;
     take(publication(kPending, "1001", own));
-    EXPECT_EQ(changes.findRecord("1001"), nullptr);
+    EXPECT_FALSE(changes.findRecord("1001"));
     expectNothingHappened();
 
     FieldTexts alike = allFields("339", "DEALER");
@@ -285,7 +286,7 @@ TEST_F(IntakeTest, NeverListsTheCheckersOwnChange) {
 }
 
 TEST_F(IntakeTest, KeepsWhatAnOwnRefreshToldWithoutShowingIt) {
-    const sMakeCheckStruct& record = listed("1001", allFields("339", "DEALER"));
+    listed("1001", allFields("339", "DEALER"));
     take(publication(kPending, "1001",
                      {{MNM_FUNCTIONALITY, "340"},
                       {MNM_USER, "DLR202"},
@@ -293,6 +294,7 @@ TEST_F(IntakeTest, KeepsWhatAnOwnRefreshToldWithoutShowingIt) {
                       {MNM_BRANCH, "DEL01"}}));
     expectNothingHappened();
     EXPECT_EQ(changes.size(), 1u);
+    const PendingChange record = changes.at(0);
     EXPECT_EQ(record.functionalityCode, "340");
     EXPECT_EQ(record.entityName, "DLR202");
     EXPECT_EQ(record.makerId, host.userId);
@@ -312,7 +314,7 @@ TEST_F(IntakeTest, DropsAListedChangeWhoseRightIsLost) {
         EXPECT_EQ(view.events, Lines{"rows"});
         EXPECT_EQ(listener.told, Lines{"ended 1001"});
         EXPECT_EQ(changes.size(), 1u);
-        EXPECT_EQ(changes.findRecord("1001"), nullptr);
+        EXPECT_FALSE(changes.findRecord("1001"));
         EXPECT_EQ(host.beeps, 0);
     }
 }
@@ -330,7 +332,7 @@ TEST_F(IntakeTest, RemovesADecidedChangeAndTellsOfItsEndListedOrNot) {
         EXPECT_EQ(listener.told, (Lines{"ended 1001", "ended 2002"}));
         EXPECT_EQ(changes.size(), 2u);
         EXPECT_EQ(changes.at(1).key, "1002");
-        EXPECT_EQ(changes.findRecord("1001"), nullptr);
+        EXPECT_FALSE(changes.findRecord("1001"));
         EXPECT_EQ(host.beeps, 0);
     }
 }
@@ -340,7 +342,7 @@ TEST_F(IntakeTest, TakesTheFirstOfRepeatedFields) {
     for (const auto& again : allFields("360", kInvestor)) fields.push_back(again);
     fields.push_back({MNM_AUTHORIZATION_KEY, "1002"});
     fields.push_back({MNM_PUBLICATION_STATUS, "rejected"});
-    const sMakeCheckStruct& record = listed("1001", fields);
+    const PendingChange record = listed("1001", fields);
     EXPECT_EQ(record.functionalityCode, "339");
     EXPECT_EQ(record.type, "DEALER");
     EXPECT_EQ(changes.size(), 1u);
@@ -352,7 +354,7 @@ TEST_F(IntakeTest, CarriesTextsOfAnyLength) {
     FieldTexts fields = allFields("360", text);
     for (auto& field : fields)
         if (field.mnemonic != MNM_FUNCTIONALITY) field.text = text;
-    const sMakeCheckStruct& record = listed(key, fields);
+    const PendingChange record = listed(key, fields);
     EXPECT_EQ(record.entityName, "Broker - " + text);
     EXPECT_EQ(record.makerId, text);
     EXPECT_EQ(record.type, text);

@@ -22,7 +22,7 @@ std::vector<DetailGroup> twoGroups() {
 std::string shown(LineGroups& lines) {
     std::string text;
     for (std::size_t at = 0; at < lines.rows().rowCount(); ++at)
-        text += std::string(lines.rows().cellText(at, 0)) + "|";
+        text += std::string(lines.rows().cellText(at, ColumnId{0})) + "|";
     return text;
 }
 
@@ -42,13 +42,13 @@ TEST(LineGroups, AHeadingStaysWhileAnyOfItsLinesPasses) {
         {1, "", "General|Dealer ID|Branch ID|Exchange:NSE|Status|"},
     };
     for (const auto& each : cases) {
-        lines.rows().clearFilters();
-        lines.rows().setFilter(each.column, each.filter);
+        lines.rows().filters().clear();
+        lines.rows().filters().set(ColumnId{each.column}, each.filter);
         lines.rows().filter();
         EXPECT_EQ(shown(lines), each.left) << each.filter;
     }
     // Groups that come while a filter is in force are judged by it.
-    lines.rows().setFilter(0, "status");
+    lines.rows().filters().set(ColumnId{0}, "status");
     lines.rows().filter();
     lines.append(twoGroups());
     EXPECT_EQ(shown(lines), "Exchange:NSE|Status|Exchange:NSE|Status|");
@@ -81,12 +81,12 @@ TEST(LineGroups, ARowWithAnUnsentEditPassesEveryFilterAndFold) {
     EXPECT_TRUE(lines.holdsEdits(*lines.lineAt(0)));
     EXPECT_FALSE(lines.holdsEdits(*lines.lineAt(2)));
     EXPECT_EQ(shown(lines), "General|Branch ID|Exchange:NSE|Status|");
-    lines.rows().setFilter(0, "status");
+    lines.rows().filters().set(ColumnId{0}, "status");
     lines.rows().filter();
     EXPECT_EQ(shown(lines), "General|Branch ID|Exchange:NSE|Status|");
 
     EXPECT_TRUE(lines.editsDropped());
-    EXPECT_EQ(lines.rows().cellText(1, 1), "MUM");
+    EXPECT_EQ(lines.rows().cellText(1, ColumnId{1}), "MUM");
     EXPECT_FALSE(lines.editsSent());
     lines.rows().filter();
     EXPECT_EQ(shown(lines), "Exchange:NSE|Status|");

@@ -6,60 +6,112 @@
 #include <random>
 
 #include "tests/unit/view_recorder.h"
+#include "workbench/model/records/main_list.h"
 
 using namespace mc;
 
 namespace {
 
-std::unique_ptr<PendingChanges::Entry> entry(const std::string& key,
-                                             const std::string& name = "name") {
-    auto made = std::make_unique<PendingChanges::Entry>();
-    made->key = key;
-    made->entityName = name;
+sMakeCheckStruct record(const std::string& key, const std::string& name = "name") {
+    sMakeCheckStruct made;
+    made.key = key;
+    made.entityName = name;
     return made;
 }
 
 class PendingChangesTest : public testing::Test {
 protected:
+    std::string cell(ColumnId column) const {
+        return std::string(changes.cellText(changes.rows().storedAt(0), column));
+    }
+
     ViewRecorder view;
     PendingChanges changes{view};
 };
 
-TEST_F(PendingChangesTest, AddsARowOncePerKey) {
-    changes.addRecord(entry("1001", "first"));
-    changes.addRecord(entry("1001", "second"));
-    EXPECT_EQ(changes.size(), 1u);
-    EXPECT_EQ(changes.findRecord("1001")->entityName, "first");
-    EXPECT_EQ(view.events, std::vector<std::string>{"rows"});
+TEST_F(PendingChangesTest, KeepsEveryTextAndShowsItByColumn) {
+    const std::string longText(100000, 'x');
+    for (const std::string& text : {std::string(), std::string("15 characters.."),
+                                    std::string("16 characters..."), longText}) {
+        changes.clearAllRecords();
+        changes.addRecord({text + "K", text + "M", text + "E", "", "339", text + "Z", text + "B",
+                           text + "L", text + "T"});
+        const PendingChange read = changes.at(0);
+        EXPECT_EQ(read.key, text + "K");
+        EXPECT_EQ(read.makerId, text + "M");
+        EXPECT_EQ(read.entityName, text + "E");
+        EXPECT_EQ(read.spare, "");
+        EXPECT_EQ(read.functionalityCode, "339");
+        EXPECT_EQ(read.brokerId, text + "Z");
+        EXPECT_EQ(read.branchId, text + "B");
+        EXPECT_EQ(read.linkedUser, text + "L");
+        EXPECT_EQ(read.type, text + "T");
+        const std::string cells[] = {text + "E", "ADD USER", text + "K", text + "M",
+                                     text + "B", text + "Z", "",         ""};
+        for (std::size_t column = 0; column < std::size(cells); ++column)
+            EXPECT_EQ(cell(toColumnId(column)), cells[column].substr(0, kCellBytes - 1));
+        EXPECT_EQ(cell(ColumnId{-1}), "");
+    }
 }
 
-TEST_F(PendingChangesTest, RemovingAnUnknownKeyChangesNothing) {
-    changes.addRecord(entry("1001"));
+TEST_F(PendingChangesTest, NamesTheKindOfChange) {
+    const struct {
+        const char *code, *text;
+    } cases[] = {{"339", "ADD USER"},
+                 {"340", "MODIFY USER"},
+                 {"353", "ADD CLIENT"},
+                 {"354", "MODIFY CLIENT"},
+                 {"360", "RMS Limits"},
+                 {"365", "DELETE USER"},
+                 {"366", "DELETE Account"},
+                 {"341", ""},
+                 {"", ""},
+                 {"339 ", ""},
+                 {"0339", ""}};
+    changes.addRecord(record("1001"));
+    for (const auto& each : cases) {
+        PendingChange change = changes.at(0);
+        change.functionalityCode = each.code;
+        EXPECT_TRUE(changes.rewriteRecord(change));
+        EXPECT_EQ(cell(kKindColumn), each.text) << each.code;
+        EXPECT_EQ(changes.at(0).functionalityCode, each.code);
+    }
+}
+
+TEST_F(PendingChangesTest, AKeyIsAddedOnceAndRemovedOnce) {
+    changes.addRecord(record("1001", "first"));
+    changes.addRecord(record("1001", "second"));
+    EXPECT_EQ(changes.size(), 1u);
+    EXPECT_EQ(changes.findRecord("1001")->entityName, "first");
     changes.removeRecord("1002");
     changes.removeRecord("");
     EXPECT_EQ(changes.size(), 1u);
     EXPECT_EQ(view.events, std::vector<std::string>{"rows"});
-}
-
-TEST_F(PendingChangesTest, RemovesByTheRecordsOwnKey) {
-    changes.addRecord(entry("a key too long to be kept inside the string itself"));
-    changes.removeRecord(changes.at(0).key);
+    changes.removeRecord("1001");
+    changes.removeRecord("1001");
     EXPECT_EQ(changes.size(), 0u);
     EXPECT_EQ(view.events, (std::vector<std::string>{"rows", "rows"}));
 }
 
-TEST_F(PendingChangesTest, ClearsWithoutTellingOfRows) {
-    for (int i = 0; i < 600; ++i) changes.addRecord(entry(std::to_string(i)));
-    view.events.clear();
+TEST_F(PendingChangesTest, FiltersByTheTextsAsTheyAreNow) {
+    sMakeCheckStruct made = record("1001");
+    made.makerId = "MAKER01";
+    changes.addRecord(made);
+    changes.rows().filters().set(kMakerColumn, "maker02");
+    changes.rows().filter();
+    EXPECT_EQ(changes.rows().rowCount(), 0u);
+    PendingChange change = changes.at(0);
+    change.makerId = "MAKER02";
+    changes.refreshRecord(change);
+    EXPECT_EQ(changes.rows().rowCount(), 1u);
+    EXPECT_EQ(changes.rows().distinctValues(kMakerColumn).values,
+              std::vector<std::string>{"MAKER02"});
     changes.clearAllRecords();
-    EXPECT_EQ(changes.size(), 0u);
-    EXPECT_EQ(changes.findRecord("17"), nullptr);
-    EXPECT_TRUE(view.events.empty());
-    changes.addRecord(entry("17"));
-    EXPECT_EQ(changes.at(0).key, "17");
+    changes.addRecord(record("1001"));
+    EXPECT_TRUE(changes.rows().distinctValues(kMakerColumn).values.empty());
 }
 
-// Beside a vector of keys in order of arrival; the sanitizers see that each record goes once.
+// Beside a vector of keys in order of arrival.
 TEST_F(PendingChangesTest, KeepsRowsAndIndexInStep) {
     std::mt19937 random(7);
     std::vector<std::string> expected;
@@ -71,52 +123,60 @@ TEST_F(PendingChangesTest, KeepsRowsAndIndexInStep) {
         const auto known = std::find(expected.begin(), expected.end(), key);
         view.events.clear();
         if (random() % 4 != 0 ? growing : !growing) {
-            changes.addRecord(entry(key));
+            sMakeCheckStruct made = record(key);
+            made.makerId = "maker of " + key;
+            changes.addRecord(made);
             ASSERT_EQ(view.events.size(), known == expected.end() ? 1u : 0u);
             if (known == expected.end()) expected.push_back(key);
         } else {
             changes.removeRecord(key);
-            if (known != expected.end()) {
-                ASSERT_EQ(view.events, std::vector<std::string>{"rows"});
-                expected.erase(known);
-                ASSERT_EQ(changes.findRecord(key), nullptr);
-            }
+            ASSERT_EQ(view.events.size(), known != expected.end() ? 1u : 0u);
+            if (known != expected.end()) expected.erase(known);
+            ASSERT_FALSE(changes.findRecord(key));
         }
         ASSERT_EQ(changes.size(), expected.size());
         ASSERT_EQ(changes.rows().rowCount(), expected.size());
         if (expected.empty()) continue;
         const std::size_t row = random() % expected.size();
         ASSERT_EQ(changes.at(row).key, expected[row]);
-        ASSERT_EQ(changes.findRecord(expected[row]), &changes.at(row));
+        ASSERT_EQ(changes.at(row).makerId, "maker of " + expected[row]);
+        ASSERT_EQ(changes.findRecord(expected[row])->slot, changes.at(row).slot);
         checked += expected.size() > 512 ? 1 : 0;
     }
     EXPECT_GT(checked, 3000u) << "most of it over more than one block of rows";
 }
 
-TEST_F(PendingChangesTest, AHoldKeepsRemovedRecordsReadable) {
-    changes.addRecord(entry("1001"));
-    changes.addRecord(entry("1002"));
-    const sMakeCheckStruct& first = changes.at(0);
-    const sMakeCheckStruct& second = changes.at(1);
-    {
-        const PendingChanges::Hold outer(changes);
+TEST_F(PendingChangesTest, AHoldTellsAChangeFromALaterOneOfItsKey) {
+    for (const bool cleared : {false, true}) {
+        changes.clearAllRecords();
+        changes.addRecord(record("1001"));
+        changes.addRecord(record("1002"));
+        const PendingChange first = changes.at(0), second = changes.at(1);
+        view.events.clear();
         {
-            const PendingChanges::Hold inner(changes);
-            EXPECT_TRUE(inner.pending(first));
-            changes.removeRecord("1001");
-            EXPECT_FALSE(inner.pending(first));
-            EXPECT_EQ(changes.size(), 1u);
-            // Another change of that key is not the one that was held.
-            changes.addRecord(entry("1001", "again"));
-            EXPECT_FALSE(inner.pending(first));
-            EXPECT_TRUE(inner.pending(*changes.findRecord("1001")));
-            EXPECT_TRUE(inner.pending(second));
+            const PendingChanges::Hold outer(changes);
+            {
+                const PendingChanges::Hold inner(changes);
+                EXPECT_TRUE(changes.isPending(first));
+                if (cleared)
+                    changes.clearAllRecords();
+                else
+                    changes.removeRecord("1001");
+                EXPECT_EQ(view.events.size(), cleared ? 0u : 1u);
+                EXPECT_FALSE(changes.isPending(first));
+                EXPECT_EQ(changes.isPending(second), !cleared);
+            }
+            changes.addRecord(record("1001", "again"));
+            EXPECT_FALSE(changes.isPending(first));
+            EXPECT_FALSE(changes.current(first));
+            EXPECT_FALSE(changes.rewriteRecord(first));
+            EXPECT_TRUE(changes.isPending(*changes.findRecord("1001")));
+            EXPECT_EQ(changes.findRecord("1001")->entityName, "again");
         }
-        EXPECT_EQ(first.entityName, "name") << "the outer one still holds it";
+        // The slots are used again.
+        changes.addRecord(record("1003"));
+        EXPECT_EQ(changes.findRecord("1003")->slot, cleared ? second.slot : first.slot);
     }
-    changes.removeRecord("1001");
-    changes.removeRecord("1002");
-    EXPECT_EQ(changes.size(), 0u);
 }
 
 }  // namespace

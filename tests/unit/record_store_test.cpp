@@ -2,23 +2,33 @@
 
 #include <gtest/gtest.h>
 
-#include <deque>
+#include <optional>
 #include <string>
+#include <vector>
 
 using namespace mc;
 
 namespace {
 
+using Outcome = RecordStore::Outcome;
+constexpr ColumnId kColumn{0};
+
 class RecordStoreTest : public testing::Test {
 protected:
     RecordStoreTest() {
-        m_store.setCellReader([](const void* record, int) -> std::string_view {
-            return *static_cast<const std::string*>(record);
-        });
+        m_store.setCellReader(
+            [this](Slot slot, ColumnId) -> std::string_view { return m_texts[slot]; });
     }
 
-    Slot insert(std::size_t position, const char* text) {
-        return m_store.insertItem(position, &m_texts.emplace_back(text)).slot;
+    // Under the slot `slot`, a new one unless it is given.
+    Slot insert(std::size_t position, const char* text, std::optional<Slot> slot = {}) {
+        if (!slot) {
+            slot = static_cast<Slot>(m_texts.size());
+            m_texts.emplace_back();
+        }
+        m_texts[*slot] = text;
+        m_inserted = m_store.insertItem(position, *slot);
+        return *slot;
     }
     void append(std::initializer_list<const char*> texts) {
         for (const char* text : texts) insert(0, text);
@@ -26,84 +36,84 @@ protected:
     std::string shown() const {
         std::string rows;
         for (std::size_t row = 0; row < m_store.rowCount(); ++row)
-            rows += (row > 0 ? " " : "") + std::string(m_store.cellText(row, 0));
+            rows += (row > 0 ? " " : "") + std::string(m_store.cellText(row, kColumn));
         return rows;
     }
     void filter(const char* text) {
-        m_store.setFilter(0, text);
+        m_store.filters().set(kColumn, text);
         m_store.filter();
     }
     void refresh(Slot slot, const char* text) {
-        *static_cast<std::string*>(m_store.record(slot)) = text;
+        m_texts[slot] = text;
         m_store.refresh(slot);
     }
 
     RecordStore m_store;
-    std::deque<std::string> m_texts;
+    std::vector<std::string> m_texts;  // by slot
+    std::optional<std::size_t> m_inserted;
 };
 
 TEST_F(RecordStoreTest, WithoutDataTakesAndShowsNothing) {
     m_store.setCellReader(nullptr);
-    EXPECT_EQ(insert(0, "a"), kNoSlot);
+    insert(0, "a");
+    EXPECT_EQ(m_inserted, std::nullopt);
     EXPECT_EQ(m_store.storedCount(), 0U);
-    EXPECT_EQ(m_store.filter().result, 0);
-    EXPECT_EQ(m_store.cellText(0, 0), "no data descriptor initialised");
-    EXPECT_TRUE(m_store.distinctValues(0).values.empty());
+    EXPECT_EQ(m_store.filter(), Outcome::nothingDone);
+    EXPECT_EQ(m_store.cellText(0, kColumn), "no data descriptor initialised");
+    EXPECT_TRUE(m_store.distinctValues(kColumn).values.empty());
 }
 
 TEST_F(RecordStoreTest, InsertsInTheMiddleAndAppendsAtZero) {
     append({"a", "b", "c"});
-    std::string x = "x";
-    EXPECT_EQ(m_store.insertItem(1, &x).position, 1U);
-    EXPECT_EQ(m_store.insertItem(0, &x).position, 4U);
-    EXPECT_EQ(m_store.insertItem(99, &x).position, 5U);
+    for (const std::size_t position : {1U, 0U, 99U}) insert(position, "x");
+    EXPECT_EQ(m_inserted, 5U);
     EXPECT_EQ(shown(), "a x b c x x");
     filter("x");
-    m_store.insertItem(2, &x);  // the third record, and the third row
+    insert(2, "x");  // the third record, and the third row
     EXPECT_EQ(shown(), "x x x x");
     EXPECT_EQ(m_store.storedPosition(m_store.slotAt(2)), 2U);
 }
 
 TEST_F(RecordStoreTest, DeletesRowsAndStoredRecords) {
     append({"a", "b", "c", "d", "e"});
-    EXPECT_EQ(m_store.deleteItem(5).result, 0);
-    EXPECT_EQ(m_store.deleteItem(1).result, 1);
+    EXPECT_EQ(m_store.deleteItem(5), Outcome::nothingDone);
+    EXPECT_EQ(m_store.deleteItem(1), Outcome::done);
     m_store.setReversed(true);
     EXPECT_EQ(shown(), "e d c a");
-    EXPECT_EQ(m_store.deleteItem(0).result, 1);
+    EXPECT_EQ(m_store.deleteItem(0), Outcome::done);
     EXPECT_EQ(shown(), "d c a");
-    EXPECT_EQ(m_store.deleteStored(0).result, 1);
+    EXPECT_EQ(m_store.deleteStored(0), Outcome::done);
     EXPECT_EQ(shown(), "d c");
     filter("d");
-    EXPECT_EQ(m_store.deleteStored(0).result, 1);  // filtered out
-    for (const std::ptrdiff_t none : {-1, 1, 99}) EXPECT_EQ(m_store.deleteStored(none).result, 0);
+    EXPECT_EQ(m_store.deleteStored(0), Outcome::done);  // filtered out
+    EXPECT_EQ(m_store.deleteStored(1), Outcome::nothingDone);
     EXPECT_EQ(shown(), "d");
-    EXPECT_EQ(m_store.reset(), 1);
+    m_store.reset();
     EXPECT_EQ(m_store.rowCount() + m_store.storedCount(), 0U);
 }
 
 TEST_F(RecordStoreTest, FiltersThatDontBelongTogetherFail) {
     append({"a", "b"});
-    m_store.setFilters({0, 1}, {ColumnFilter{"a"}});
-    EXPECT_STREQ(m_store.filter().message, "Error occured while filtering");
+    m_store.filters().setAll({kColumn, ColumnId{1}}, {ColumnFilter{"a"}});
+    EXPECT_STREQ(messageOf(m_store.filter()), "Error occured while filtering");
     EXPECT_EQ(m_store.rowCount(), 2U);
-    EXPECT_STREQ(m_store.deleteItem(1).message, "Delete item: Item not found");
-    EXPECT_EQ(m_store.cellText(1, 0), "");
-    m_store.clearFilters();
-    EXPECT_EQ(m_store.filter().result, 1);
+    EXPECT_STREQ(messageOf(m_store.deleteItem(1)), "Delete item: Item not found");
+    EXPECT_EQ(m_store.cellText(1, kColumn), "");
+    m_store.filters().clear();
+    EXPECT_EQ(m_store.filter(), Outcome::done);
     EXPECT_EQ(shown(), "a b");
 }
 
 TEST_F(RecordStoreTest, ExactnessIsAskedOnceOrKept) {
     append({"abc", "ABCD"});
-    m_store.matchExactlyOnce();
+    m_store.filters().matchExactlyOnce();
     filter("abc");
     EXPECT_EQ(shown(), "abc");
     insert(0, "abcde");  // judged as the rows on show were
     EXPECT_EQ(shown(), "abc");
     m_store.filter();
     EXPECT_EQ(shown(), "abc ABCD abcde");
-    m_store.setMatchExactly(true);
+    m_store.filters().setMatchExactly(true);
     m_store.filter();
     m_store.filter();
     EXPECT_EQ(shown(), "abc");
@@ -112,7 +122,7 @@ TEST_F(RecordStoreTest, ExactnessIsAskedOnceOrKept) {
 // Records that come or change later are judged by the value, too, and a pattern takes its place.
 TEST_F(RecordStoreTest, AValueStaysOneUntilThePatternChanges) {
     append({"a~b", "a", "a~bc", "A~B"});
-    m_store.setFilter(0, "a~b", FilterKind::value);
+    m_store.filters().set(kColumn, "a~b", FilterKind::value);
     m_store.filter();
     EXPECT_EQ(shown(), "a~b A~B");
     insert(0, "b");
@@ -125,7 +135,7 @@ TEST_F(RecordStoreTest, AValueStaysOneUntilThePatternChanges) {
 TEST_F(RecordStoreTest, RowsArriveAndMoveWhereOrderAndFilterWantThem) {
     append({"7", "30", "5"});
     filter("<100");
-    m_store.sort({0, Comparison::integer, -1});
+    m_store.sort({kColumn, Comparison::integer, -1});
     const Slot six = insert(1, "6");
     const Slot large = insert(0, "200");
     EXPECT_EQ(shown(), "5 6 7 30");
@@ -135,7 +145,7 @@ TEST_F(RecordStoreTest, RowsArriveAndMoveWhereOrderAndFilterWantThem) {
     EXPECT_EQ(shown(), "5 7 20 25 30");
     refresh(six, "500");
     EXPECT_EQ(shown(), "5 7 20 30");
-    m_store.sort({0, Comparison::integer, 1});
+    m_store.sort({kColumn, Comparison::integer, 1});
     EXPECT_EQ(shown(), "30 20 7 5");
     m_store.unsort();
     EXPECT_EQ(shown(), "7 30 5 20");
@@ -147,10 +157,10 @@ TEST_F(RecordStoreTest, RowsArriveAndMoveWhereOrderAndFilterWantThem) {
 TEST_F(RecordStoreTest, StaysRightThroughManyTexts) {
     append({"1", "2", "3"});
     filter(">0");
-    m_store.sort({0, Comparison::integer, -1});
+    m_store.sort({kColumn, Comparison::integer, -1});
     for (int i = 10; i < 6000; ++i) {
         refresh(m_store.storedAt(static_cast<std::size_t>(i % 3)), std::to_string(i).c_str());
-        ASSERT_EQ(m_store.cellText(2, 0), std::to_string(i));
+        ASSERT_EQ(m_store.cellText(2, kColumn), std::to_string(i));
         if (i % 1500 == 0) m_store.filter();
     }
     EXPECT_EQ(shown(), "5997 5998 5999");
@@ -161,15 +171,16 @@ TEST_F(RecordStoreTest, SelectionFocusAndAnchorBelongToRecords) {
     m_store.select(0, true);
     m_store.setFocus(1);
     m_store.setAnchor(0);
-    m_store.sort({0, Comparison::text, -1});
+    m_store.sort({kColumn, Comparison::text, -1});
     EXPECT_EQ(m_store.selectedRows(), std::vector<std::size_t>{2});
     EXPECT_EQ(m_store.focusedRow(), 1U);
     EXPECT_EQ(m_store.anchorRow(), 2U);
 
+    const Slot gone = m_store.slotAt(2);
     m_store.deleteItem(2);  // the row after it takes its place
     EXPECT_EQ(m_store.selectedRows(), std::vector<std::size_t>{2});
     EXPECT_EQ(m_store.anchorRow(), 2U);
-    insert(0, "0");  // the slot is given again, and with it nothing of the selection
+    insert(0, "0", gone);  // the slot is given again, and with it nothing of the selection
     EXPECT_EQ(m_store.selectedRows(), std::vector<std::size_t>{3});
     EXPECT_EQ(m_store.anchorRow(), 3U);
 
@@ -190,13 +201,14 @@ TEST_F(RecordStoreTest, SelectionFocusAndAnchorBelongToRecords) {
 TEST_F(RecordStoreTest, DistinctValuesComeInOrderOfFirstAppearance) {
     append({"b", "", "a", "b", "B", "a", "c"});
     filter("zzz");
-    EXPECT_EQ(m_store.distinctValues(0).values, (std::vector<std::string>{"b", "a", "B", "c"}));
-    const DistinctValues some = m_store.distinctValues(0, 3);
+    EXPECT_EQ(m_store.distinctValues(kColumn).values,
+              (std::vector<std::string>{"b", "a", "B", "c"}));
+    const DistinctValues some = m_store.distinctValues(kColumn, 3);
     EXPECT_EQ(some.values.size(), 3U);
     EXPECT_EQ(some.beyond, 1U);
     m_store.reset();
     append({"", ""});
-    EXPECT_TRUE(m_store.distinctValues(0).values.empty());
+    EXPECT_TRUE(m_store.distinctValues(kColumn).values.empty());
 }
 
 TEST_F(RecordStoreTest, TellsWhatChanged) {

@@ -122,15 +122,14 @@ List::Outcome List::deleteItem(std::size_t row) {
     return {1, ""};
 }
 
-List::Outcome List::deleteStored(std::ptrdiff_t position) {
-    if (position == -1 || position >= static_cast<std::ptrdiff_t>(store.size())) return {};
-    const auto stored = static_cast<std::size_t>(position);
+List::Outcome List::deleteStored(std::size_t stored) {
+    if (stored >= store.size()) return {};
     const auto found = std::find(map.begin(), map.end(), stored);
     if (found != map.end())
         return deleteItem(mirrored(static_cast<std::size_t>(found - map.begin())));
     for (std::size_t& entry : map)
         if (entry > stored) --entry;
-    store.erase(store.begin() + position);
+    store.erase(store.begin() + static_cast<std::ptrdiff_t>(stored));
     return {1, ""};
 }
 

@@ -36,7 +36,7 @@ public:
 
     std::size_t insertItem(std::size_t position, Record* record);
     Outcome deleteItem(std::size_t row);
-    Outcome deleteStored(std::ptrdiff_t position);
+    Outcome deleteStored(std::size_t position);
     void reset();
     void refresh(Record* record);
     Outcome filter();

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
+#include <string_view>
 
 using namespace mc;
 
@@ -16,12 +16,10 @@ constexpr Modifiers kBoth{true, true};
 class Selecting : public testing::Test {
 protected:
     Selecting() {
-        store.setCellReader([](const void* record, int) {
-            return std::string_view(static_cast<const char*>(record), 1);
-        });
-        for (char& record : records) store.insertItem(store.storedCount(), &record);
+        store.setCellReader([this](Slot row, ColumnId) { return records.substr(row, 1); });
+        for (Slot slot = 0; slot < records.size(); ++slot) store.insertItem(slot, slot);
     }
-    std::array<char, 10> records{'j', 'i', 'h', 'g', 'f', 'e', 'd', 'c', 'b', 'a'};
+    std::string_view records = "jihgfedcba";
     RecordStore store;
     SelectionRules rules{store};
 };
@@ -91,7 +89,7 @@ TEST_F(Selecting, AllGivesAFocusWhereThereIsNone) {
 
 TEST_F(Selecting, TheAnchorFollowsItsRecordAndIsHandedOn) {
     rules.click(2, {});
-    store.sort({0, Comparison::text, -1});  // turned round: the row is 7 now
+    store.sort({ColumnId{0}, Comparison::text, -1});  // turned round: the row is 7 now
     rules.click(9, kShift);
     EXPECT_EQ(store.selectedRows(), (Rows{7, 8, 9}));
 
@@ -99,7 +97,7 @@ TEST_F(Selecting, TheAnchorFollowsItsRecordAndIsHandedOn) {
     store.unsort();
     rules.click(0, {});
     store.deleteItem(0);
-    store.insertItem(0, &records[0]);
+    store.insertItem(0, 0);
     rules.move(Move::down, 4, kShift);
     EXPECT_EQ(store.selectedRows(), (Rows{0, 1}));
 }

@@ -56,8 +56,8 @@ TEST(SortOrder, ComparesByDataType) {
             << dataType << ' ' << a << ' ' << b;
         EXPECT_EQ(signOf(compareTexts(comparison, b, a)), -order)
             << dataType << ' ' << a << ' ' << b;
-        EXPECT_EQ(signOf(compareRows({0, comparison, -1}, a, b)), order);
-        EXPECT_EQ(signOf(compareRows({0, comparison, 1}, a, b)), -order);
+        EXPECT_EQ(signOf(compareRows({ColumnId{0}, comparison, -1}, a, b)), order);
+        EXPECT_EQ(signOf(compareRows({ColumnId{0}, comparison, 1}, a, b)), -order);
     }
 }
 
@@ -144,12 +144,10 @@ TEST(ColumnTexts, KeepsTheLastTextOfEachSlot) {
     ColumnTexts kept;
     std::vector<std::string> texts(500);
     kept.grow(texts.size());
-    bool worn = false;
     for (int step = 0; step < 20000; ++step) {
         const auto slot = static_cast<Slot>(random() % texts.size());
         texts[slot] = random() % 4 == 0 ? "" : std::to_string(random() % 5000);
         kept.set(slot, texts[slot]);
-        worn |= kept.worn();
         if (step % 500 != 0) continue;
         for (Slot i = 0; i < texts.size(); ++i) ASSERT_EQ(kept.text(i), texts[i]);
         std::vector<Slot> passing, expected;
@@ -160,7 +158,6 @@ TEST(ColumnTexts, KeepsTheLastTextOfEachSlot) {
         kept.keepMatching(FilterPattern(">2500~1", false), passing);
         ASSERT_EQ(passing, expected);
     }
-    EXPECT_TRUE(worn);
 }
 
 }  // namespace

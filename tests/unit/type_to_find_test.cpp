@@ -2,24 +2,26 @@
 
 #include <gtest/gtest.h>
 
-#include <deque>
+#include <string>
+#include <vector>
 
 using namespace mc;
 
 namespace {
 
+constexpr ColumnId kColumn{0};
 using Row = std::optional<std::size_t>;
 
 class Finding : public testing::Test {
 protected:
     Finding() {
-        rows.setCellReader([](const void* record, int) -> std::string_view {
-            return *static_cast<const std::string*>(record);
-        });
-        for (const char* text : {"Bela", "asha", "Chitra", "ASHOK", "", "anil", "110", "10"})
-            rows.insertItem(0, &texts.emplace_back(text));
+        rows.setCellReader([this](Slot row, ColumnId) -> std::string_view { return texts[row]; });
+        for (const char* text : {"Bela", "asha", "Chitra", "ASHOK", "", "anil", "110", "10"}) {
+            texts.push_back(text);
+            rows.insertItem(0, static_cast<Slot>(texts.size() - 1));
+        }
     }
-    std::deque<std::string> texts;
+    std::vector<std::string> texts;
     RecordStore rows;
 };
 
@@ -50,7 +52,7 @@ TEST_F(Finding, TypedLettersLeadFromRowToRow) {
         for (const char* c = each.typed; *c != '\0'; ++c) {
             now += *c == '|' ? TypeToFind::kPause : TypeToFind::kPause / 4;
             if (*c == '|') continue;
-            found.push_back(find.type(*c, now, rows, 0));
+            found.push_back(find.type(*c, now, rows, kColumn));
             if (found.back()) rows.setFocus(*found.back());
         }
         EXPECT_EQ(found, each.found);
@@ -60,7 +62,7 @@ TEST_F(Finding, TypedLettersLeadFromRowToRow) {
 TEST_F(Finding, TypingLastsUntilAPauseOrSomethingElse) {
     TypeToFind find;
     EXPECT_FALSE(find.typing(0));
-    find.type('a', 10, rows, 0);
+    find.type('a', 10, rows, kColumn);
     EXPECT_TRUE(find.typing(10 + TypeToFind::kPause - 1));
     EXPECT_FALSE(find.typing(10 + TypeToFind::kPause));
     find.end();
@@ -68,12 +70,12 @@ TEST_F(Finding, TypingLastsUntilAPauseOrSomethingElse) {
 }
 
 TEST_F(Finding, OthersAskForAText) {
-    EXPECT_EQ(findRow(rows, 0, 0, {"ash"}), 1u);
-    EXPECT_EQ(findRow(rows, 0, 0, {"ashok", true}), 3u);
-    EXPECT_EQ(findRow(rows, 0, 0, {"ash", true}), std::nullopt);
-    EXPECT_EQ(findRow(rows, 0, 4, {"ash"}), 1u);
-    EXPECT_EQ(findRow(rows, 0, 4, {"ash", false, false}), std::nullopt);
-    EXPECT_EQ(findRow(rows, 0, 99, {"ash"}), 1u);
+    EXPECT_EQ(findRow(rows, kColumn, 0, {"ash"}), 1u);
+    EXPECT_EQ(findRow(rows, kColumn, 0, {"ashok", true}), 3u);
+    EXPECT_EQ(findRow(rows, kColumn, 0, {"ash", true}), std::nullopt);
+    EXPECT_EQ(findRow(rows, kColumn, 4, {"ash"}), 1u);
+    EXPECT_EQ(findRow(rows, kColumn, 4, {"ash", false, false}), std::nullopt);
+    EXPECT_EQ(findRow(rows, kColumn, 99, {"ash"}), 1u);
 }
 
 }  // namespace

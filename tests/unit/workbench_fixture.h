@@ -16,7 +16,7 @@ namespace mc {
 
 class WorkbenchTest : public testing::Test {
 protected:
-    sMakeCheckStruct& list(const std::string& key, const std::string& code) {
+    PendingChange list(const std::string& key, const std::string& code) {
         const auto message =
             publication("auth pending", key, {{MNM_FUNCTIONALITY, code}, {MNM_USER, "DLR101"}});
         workbench->handlePublished(message.handle());

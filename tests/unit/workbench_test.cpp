@@ -23,7 +23,7 @@ TEST_F(WorkbenchTest, AsksForTheDetailsOfAChangeByItsKind) {
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.code);
-        const sMakeCheckStruct& record = list(std::string("key ") + each.code, each.code);
+        const PendingChange record = list(std::string("key ") + each.code, each.code);
         host.control().sent.clear();
         workbench->showDetails(record);
         EXPECT_EQ(view.events, Lines{"empty details"});
@@ -225,8 +225,8 @@ TEST_F(WorkbenchTest, GoesWithItsRecordsThenItsDetailsThenItsLink) {
 // Behind the message box of a press that is under way.
 TEST_F(WorkbenchTest, AClosedWorkbenchDecidesAndTakesInNothing) {
     for (const char* key : {"1001", "1002", "1003"}) list(key, "340");
-    std::vector<sMakeCheckStruct*> rows;
-    for (std::size_t i = 0; i < 3; ++i) rows.push_back(&workbench->changes().at(i));
+    std::vector<PendingChange> rows;
+    for (std::size_t i = 0; i < 3; ++i) rows.push_back(workbench->changes().at(i));
     host.control().works = false;
     std::size_t sent = 1;
     host.whileBoxIsOpen = [&] {
@@ -240,7 +240,7 @@ TEST_F(WorkbenchTest, AClosedWorkbenchDecidesAndTakesInNothing) {
     EXPECT_EQ(host.takeSaid(), Lines{"error Failed while sending om_authenticate_functionality"});
     EXPECT_EQ(sent, 0u);
     EXPECT_EQ(workbench->changes().size(), 0u);
-    workbench->showDetails(*std::make_unique<sMakeCheckStruct>());
+    workbench->showDetails({});
     workbench->update();
     workbench->recover();
     EXPECT_EQ(host.released, (std::vector<int>{3, 0}));
@@ -281,10 +281,10 @@ protected:
         }
     }
 
-    std::vector<sMakeCheckStruct*> rows() const {
-        std::vector<sMakeCheckStruct*> all;
+    std::vector<PendingChange> rows() const {
+        std::vector<PendingChange> all;
         for (std::size_t i = 0; i < workbench->changes().size(); ++i)
-            all.push_back(&workbench->changes().at(i));
+            all.push_back(workbench->changes().at(i));
         return all;
     }
 
@@ -348,7 +348,7 @@ TEST_F(WorkbenchAtServer, AnUpdateShowsInTheNextDetails) {
     server.submit(change);
     deliverAll();
     const auto details = [&] {
-        workbench->showDetails(*rows().front());
+        workbench->showDetails(rows().front());
         deliverAll();
         return linesOf(view.shown);
     };
@@ -364,7 +364,7 @@ TEST_F(WorkbenchAtServer, AnUpdateShowsInTheNextDetails) {
 
 TEST_F(WorkbenchAtServer, DetailsOfAChangeDecidedMeanwhileAreRefused) {
     const std::string key = submit("339", "DEALER", "DLR101");
-    const sMakeCheckStruct record = *rows().front();
+    const PendingChange record = rows().front();
     server.decideAs("CHECK02", key, true, "");
     workbench->showDetails(record);
     view.events.clear();

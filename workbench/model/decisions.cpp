@@ -1,6 +1,7 @@
 #include "workbench/model/decisions.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "link/model/functionality.h"
@@ -12,66 +13,73 @@ namespace {
 class Acceptance {
 public:
     Acceptance(PendingChanges& changes, Requests& requests, Host& host)
-        : m_hold(changes), m_requests(requests), m_host(host) {}
+        : m_changes(changes), m_hold(changes), m_requests(requests), m_host(host) {}
 
     void run(SelectedRecords selected) {
-        for (sMakeCheckStruct* record : selected) take(*record);
+        for (const PendingChange& change : selected)
+            take(m_changes.current(change).value_or(change));
         pairUp();
         warnOfUnpaired();
     }
 
 private:
-    void take(sMakeCheckStruct& record) {
-        const bool investor = record.type == kInvestorClient;
-        if (investor && record.functionalityCode == kAddUser)
-            pendingUsers.push_back(&record);
-        else if (investor && record.functionalityCode == kAddClient)
-            pendingClients.push_back(&record);
+    void take(PendingChange change) {
+        const bool investor = change.type == kInvestorClient;
+        if (investor && change.functionalityCode == kAddUser)
+            pendingUsers.push_back(std::move(change));
+        else if (investor && change.functionalityCode == kAddClient)
+            pendingClients.push_back(std::move(change));
         else
-            send(record);
+            send(change);
     }
 
     // A change that was decided while a message box was open is pending no more.
-    bool send(const sMakeCheckStruct& record) {
-        return m_hold.pending(record) && m_requests.sendAccept(record) != 0;
+    bool send(const PendingChange& change) {
+        const auto now = m_changes.current(change);
+        return now && m_requests.sendAccept(*now) != 0;
     }
 
     // From the last to the first on both sides. The pass over the users goes on after a match, so a
     // client can be accepted with two users of the same name; it leaves its array once.
     void pairUp() {
         for (std::size_t c = pendingClients.size(); c-- > 0;) {
-            sMakeCheckStruct* const client = pendingClients[c];
+            const PendingChange& client = pendingClients[c];
+            bool paired = false;
             for (std::size_t u = pendingUsers.size(); u-- > 0;) {
-                sMakeCheckStruct* const user = pendingUsers[u];
-                if (user->entityName != client->linkedUser) continue;
+                const PendingChange& user = pendingUsers[u];
+                if (user.entityName != client.linkedUser) continue;
                 // Neither is accepted when the other cannot be.
-                if (m_hold.pending(*client) && send(*user)) send(*client);
-                std::erase(pendingUsers, user);
-                std::erase(pendingClients, client);
+                if (m_changes.isPending(client) && send(user)) send(client);
+                pendingUsers.erase(pendingUsers.begin() + static_cast<std::ptrdiff_t>(u));
+                paired = true;
             }
+            if (paired)
+                pendingClients.erase(pendingClients.begin() + static_cast<std::ptrdiff_t>(c));
         }
     }
 
     // Clients without a user are named only when no user is left without a client.
     // What was decided behind an earlier message box of this press is not named.
     void warnOfUnpaired() {
-        for (auto* records : {&pendingUsers, &pendingClients})
-            std::erase_if(*records, [this](const auto* each) { return !m_hold.pending(*each); });
+        for (auto* changes : {&pendingUsers, &pendingClients})
+            std::erase_if(*changes,
+                          [this](const auto& each) { return !m_changes.isPending(each); });
         const auto& unpaired = pendingUsers.empty() ? pendingClients : pendingUsers;
         if (unpaired.empty()) return;
         std::string text = "Autenticate User and Account for";
         for (auto each = unpaired.rbegin(); each != unpaired.rend(); ++each)
-            text.append("  ").append((*each)->entityName);
+            text.append("  ").append(each->entityName);
         m_host.showMessage(text);
         m_host.reportToUser(text + "For Investor client Autenticate User and Client Together",
                             kReportMessage);
     }
 
+    PendingChanges& m_changes;
     PendingChanges::Hold m_hold;
     Requests& m_requests;
     Host& m_host;
-    std::vector<sMakeCheckStruct*> pendingUsers;
-    std::vector<sMakeCheckStruct*> pendingClients;
+    std::vector<PendingChange> pendingUsers;
+    std::vector<PendingChange> pendingClients;
 };
 
 }  // namespace
@@ -85,8 +93,8 @@ void rejectSelected(SelectedRecords selected, const std::string& reason, Pending
                     Requests& requests) {
     if (reason.empty()) return;
     const PendingChanges::Hold hold(changes);
-    for (const sMakeCheckStruct* record : selected)
-        if (hold.pending(*record)) requests.sendReject(*record, reason);
+    for (const PendingChange& change : selected)
+        if (const auto now = changes.current(change)) requests.sendReject(*now, reason);
 }
 
 }  // namespace mc

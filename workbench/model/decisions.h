@@ -10,7 +10,7 @@
 
 namespace mc {
 
-using SelectedRecords = std::span<sMakeCheckStruct* const>;  // in row order
+using SelectedRecords = std::span<const PendingChange>;  // in row order
 
 // Sends accept for every selected change. An investor's new user and new client are accepted
 // together only, user first; those of them that find no partner among the selected are named to the

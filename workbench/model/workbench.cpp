@@ -40,13 +40,15 @@ void Workbench::emptyDetails() {
     caption();
 }
 
-void Workbench::showDetails(const sMakeCheckStruct& record) {
+void Workbench::showDetails(PendingChange change) {
     const PendingChanges::Hold hold(m_changes);
-    if (m_details.editCount() != 0 &&
-        (!mayLeaveEdits("Drop them and open " + ShownDetails::nameOf(record) + "?") ||
-         !hold.pending(record)))
-        return;
-    m_details.open(record);
+    if (m_details.editCount() != 0) {
+        if (!mayLeaveEdits("Drop them and open " + ShownDetails::nameOf(change) + "?")) return;
+        auto now = m_changes.current(change);
+        if (!now) return;
+        change = std::move(*now);
+    }
+    m_details.open(change);
     m_details.setDimmed(unselected());
     m_view.emptyDetails();
     caption();

@@ -40,8 +40,8 @@ public:
     // Takes in a published message; null is ignored.
     void handlePublished(void* message);
 
-    // Empties the details and asks for those of `record`, where its kind has any.
-    void showDetails(const sMakeCheckStruct& record);
+    // Empties the details and asks for those of `change`, where its kind has any.
+    void showDetails(PendingChange change);
 
     // The checker's hand changed the selection. Details of a change that is not among the selected
     // do not stay beside them, unless they hold unsent edits: then they are dimmed.

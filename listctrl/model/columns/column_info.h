@@ -44,7 +44,7 @@ struct ColumnSort {
 struct sVoskColInfo {
     const char* name;  // the caption
     int width;         // pixels at 96 dots per inch
-    int flag;          // alignment, one of the list view's LVCFMT_ values: 0 left, 1 right, 2 centre
+    int flag;  // alignment, one of the list view's LVCFMT_ values: 0 left, 1 right, 2 centre
     ColumnType type;
 };
 

@@ -6,7 +6,7 @@
 // First a triple for each column: its id, its display position (-1: hidden) and its width in
 // pixels. Then for each user-defined column its caption, its expression and the expression as it is
 // displayed, between "#". No part may hold a comma, nor a caption or expression a "#"; the column
-// model sees to that. A "#" part may also stand behind its column's triple.
+// model sees to that. A "#" part may also follow its column's triple.
 #pragma once
 
 #include <optional>

@@ -11,14 +11,38 @@ namespace mc {
 
 void ColumnTexts::set(Slot slot, std::string_view text) {
     if (slot >= m_codes.size()) grow(slot + std::size_t{1});
-    const Code code = m_table.add(text), before = m_codes[slot];
-    if (code == before) return;
+    const Code before = m_codes[slot];
+    if (m_table.text(before) == text) return;
+    const Code code = m_table.add(text);
     m_codes[slot] = code;
     if (code == m_uses.size())
         m_uses.push_back(1);
     else if (code != 0 && m_uses[code]++ == 0)
         --m_unused;
     if (before != 0 && --m_uses[before] == 0) ++m_unused;
+    if (worn()) dropUnused();
+}
+
+// More than half of the texts, and enough of them that a pass over all slots is cheap for each.
+bool ColumnTexts::worn() const {
+    return m_unused > 1024 && m_unused > m_table.size() / 2 && m_unused > m_codes.size() / 16;
+}
+
+void ColumnTexts::dropUnused() {
+    TextTable used;
+    std::vector<Code> codes(m_table.size(), 0);
+    std::vector<std::uint32_t> uses = {0};
+    for (Code code = 1; code < codes.size(); ++code) {
+        if (m_uses[code] == 0) continue;
+        codes[code] = used.add(m_table.text(code));
+        uses.push_back(m_uses[code]);
+    }
+    for (Code& code : m_codes) code = codes[code];
+    m_table = std::move(used);
+    m_uses = std::move(uses);
+    m_unused = 0;
+    m_numbers.clear();
+    m_keys.clear();
 }
 
 void ColumnTexts::keepMatching(const FilterPattern& pattern, std::vector<Slot>& slots) {

@@ -23,14 +23,12 @@ public:
     // Makes room for slots below `slots`, which is no fewer than before; their texts are empty.
     void grow(std::size_t slots) { m_codes.resize(slots, 0); }
 
-    // Sets a slot's text, making room if there is none.
+    // Sets a slot's text, making room if there is none. Costs a look-up among the different texts.
+    // Now and then, when most of these belong to no slot any longer, one pass lets them go.
     void set(Slot slot, std::string_view text);
 
     // The slot's text; it lives until the next set().
     std::string_view text(Slot slot) const { return m_table.text(m_codes[slot]); }
-
-    // More than half of the texts kept belong to no slot any longer: time to make it anew.
-    bool worn() const { return m_unused > 1024 && m_unused > m_table.size() / 2; }
 
     // Takes the slots out whose texts don't match.
     void keepMatching(const FilterPattern& pattern, std::vector<Slot>& slots);
@@ -44,6 +42,8 @@ public:
 private:
     using Code = TextTable::Code;
 
+    bool worn() const;
+    void dropUnused();
     void readNumbers();
     void makeKeys(Comparison comparison);
     void sortByKeys(std::vector<Slot>& slots, int direction) const;

@@ -9,39 +9,39 @@
 namespace mc {
 
 void RecordStore::setCellReader(CellReader reader) {
-    m_reader = std::move(reader);
+    m_texts.setReader(std::move(reader));
     dropTexts();
 }
 
 // ---- Records ----
 
-RecordStore::Inserted RecordStore::insertItem(std::size_t position, void* record) {
-    if (!m_reader) return {};
-    const Slot slot = newSlot(record);
+std::optional<std::size_t> RecordStore::insertItem(std::size_t position, Slot slot) {
+    if (!m_texts.hasReader()) return std::nullopt;
+    growTo(slot);
     const bool inside = position != 0 && position < m_stored.size();
     if (!inside) position = m_stored.size();
     m_stored.insert(position, slot);
-    readTexts(slot);
-    if (!passes(slot)) return {position, slot};
+    m_texts.reread(slot);
+    if (!passes(slot)) return position;
     if (m_order)
         show(slot, sortedRow(slot));
     else
         show(slot, inside ? std::min(position, m_visible.size()) : m_visible.size());
-    return {position, slot};
+    return position;
 }
 
 RecordStore::Outcome RecordStore::deleteItem(std::size_t row) {
-    if (row >= m_rowCount) return {};
+    if (row >= m_rowCount) return Outcome::nothingDone;
     const Slot slot = slotAt(row);
-    if (slot == kNoSlot) return {0, "Delete item: Item not found"};
+    if (slot == kNoSlot) return Outcome::rowWithoutRecord;
     removeRow(slot, row);
-    return {1};
+    return Outcome::done;
 }
 
-RecordStore::Outcome RecordStore::deleteStored(std::ptrdiff_t position) {
-    if (position < 0 || static_cast<std::size_t>(position) >= m_stored.size()) return {};
-    deleteRecord(m_stored.at(static_cast<std::size_t>(position)));
-    return {1};
+RecordStore::Outcome RecordStore::deleteStored(std::size_t position) {
+    if (position >= m_stored.size()) return Outcome::nothingDone;
+    deleteRecord(m_stored.at(position));
+    return Outcome::done;
 }
 
 void RecordStore::deleteRecord(Slot slot) {
@@ -57,24 +57,22 @@ void RecordStore::removeRow(Slot slot, std::size_t row) {
     release(slot);
 }
 
-int RecordStore::reset() {
+void RecordStore::reset() {
     for (SlotSequence* sequence : {&m_stored, &m_visible}) {
         sequence->clear();
         sequence->homes() = {};
     }
-    m_records.clear();
-    m_free.clear();
+    m_endSlot = 0;
     m_selection.reset();
     m_countedAt.reset();
-    m_texts.clear();
+    m_texts.drop();
     m_rowCount = 0;
     m_changes = {true, true, 0, RowChanges::kToTheEnd};
-    return 1;
 }
 
 void RecordStore::refresh(Slot slot) {
-    if (!m_reader) return;
-    readTexts(slot);
+    if (!m_texts.hasReader()) return;
+    m_texts.reread(slot);
     const bool shown = m_visible.contains(slot);
     if (!passes(slot)) {
         if (shown) hide(slot);
@@ -86,129 +84,65 @@ void RecordStore::refresh(Slot slot) {
 }
 
 void RecordStore::refreshShown(Slot slot) {
-    readTexts(slot);
+    m_texts.reread(slot);
     if (m_visible.contains(slot)) {
         const std::size_t row = m_visible.rowOf(slot);
         rowsChanged(row, row + 1);
     }
 }
 
-Slot RecordStore::newSlot(void* record) {
-    if (!m_free.empty()) {
-        const Slot slot = m_free.back();
-        m_free.pop_back();
-        m_records[slot] = record;
-        return slot;
-    }
-    m_records.push_back(record);
-    m_stored.homes().grow(m_records.size());
-    m_visible.homes().grow(m_records.size());
-    m_selection.grow(m_records.size());
-    return static_cast<Slot>(m_records.size() - 1);
+void RecordStore::growTo(Slot slot) {
+    if (slot < m_endSlot) return;
+    m_endSlot = slot + 1;
+    m_stored.homes().grow(m_endSlot);
+    m_visible.homes().grow(m_endSlot);
+    m_selection.grow(m_endSlot);
 }
 
 void RecordStore::release(Slot slot) {
     m_stored.remove(slot);
-    for (auto& [column, kept] : m_texts) kept.set(slot, {});
-    std::erase_if(m_texts, [](const auto& kept) { return kept.second.worn(); });
-    m_records[slot] = nullptr;
-    m_free.push_back(slot);
+    m_texts.forget(slot);
 }
 
 // ---- Texts ----
 
-ColumnTexts& RecordStore::keptTexts(int column) {
-    const auto [at, fresh] = m_texts.try_emplace(column);
-    ColumnTexts& kept = at->second;
-    if (!fresh) return kept;
-    kept.grow(m_records.size());
-    m_stored.forEach([&](Slot slot) { kept.set(slot, m_reader(m_records[slot], column)); });
-    return kept;
-}
-
-void RecordStore::readTexts(Slot slot) {
-    for (auto& [column, kept] : m_texts) kept.set(slot, m_reader(m_records[slot], column));
-    std::erase_if(m_texts, [](const auto& kept) { return kept.second.worn(); });
-}
-
-// As kept, or else as read.
-std::string_view RecordStore::text(Slot slot, int column) const {
-    const auto kept = m_texts.find(column);
-    return kept != m_texts.end() ? kept->second.text(slot) : m_reader(m_records[slot], column);
-}
-
-std::string_view RecordStore::cellText(std::size_t row, int column) const {
-    if (!m_reader) return "no data descriptor initialised";
+std::string_view RecordStore::cellText(std::size_t row, ColumnId column) const {
+    if (!m_texts.hasReader()) return "no data descriptor initialised";
     const Slot slot = slotAt(row);
-    return slot != kNoSlot ? m_reader(m_records[slot], column) : std::string_view();
+    return slot != kNoSlot ? m_texts.read(slot, column) : std::string_view();
 }
 
 void RecordStore::dropTexts() {
-    m_numbersSorted = -1;
-    m_texts.clear();
+    m_numbersSorted.reset();
+    m_texts.drop();
     m_passing = {};
 }
 
-DistinctValues RecordStore::distinctValues(int column, std::size_t limit) {
-    return m_reader ? keptTexts(column).distinct(m_stored, limit) : DistinctValues{};
+DistinctValues RecordStore::distinctValues(ColumnId column, std::size_t limit) {
+    if (!m_texts.hasReader()) return {};
+    return m_texts.column(column, m_stored).distinct(m_stored, limit);
 }
 
 // ---- Filters ----
 
-void RecordStore::setFilter(int column, std::string_view text, FilterKind kind) {
-    m_filters.resize(m_filterColumns.size());
-    const auto found = std::find(m_filterColumns.begin(), m_filterColumns.end(), column);
-    const auto filter = m_filters.begin() + (found - m_filterColumns.begin());
-    if (found == m_filterColumns.end()) {
-        if (text.empty()) return;
-        m_filterColumns.push_back(column);
-        m_filters.push_back({std::string(text), kind});
-    } else if (text.empty()) {
-        m_filterColumns.erase(found);
-        m_filters.erase(filter);
-    } else {
-        *filter = {std::string(text), kind};
-    }
-}
-
-void RecordStore::setFilters(std::vector<int> columns, std::vector<ColumnFilter> filters) {
-    m_filterColumns = std::move(columns);
-    m_filters = std::move(filters);
-}
-
-void RecordStore::clearFilters() {
-    setFilters({}, {});
-}
-
-ColumnFilter RecordStore::filterOf(int column) const {
-    const auto found = std::find(m_filterColumns.begin(), m_filterColumns.end(), column);
-    const auto place = static_cast<std::size_t>(found - m_filterColumns.begin());
-    return place < m_filters.size() ? m_filters[place] : ColumnFilter{};
-}
-
 RecordStore::Outcome RecordStore::filter() {
-    if (!m_reader) return {};
-    if (m_filterColumns.size() != m_filters.size()) {
+    if (!m_texts.hasReader()) return Outcome::nothingDone;
+    if (!m_filters.judge()) {
         replaceRows({});
-        return {0, "Error occured while filtering"};
+        return Outcome::filtersUneven;
     }
-    m_active.clear();
-    for (std::size_t i = 0; i < m_filterColumns.size(); ++i)
-        m_active.push_back(
-            {m_filterColumns[i],
-             FilterPattern(m_filters[i].text, m_exactOnce || m_matchExactly, m_filters[i].kind)});
-    m_exactOnce = false;
     std::vector<Slot>& rows = passing();
     if (m_arrange) m_arrange(rows);
     if (m_order) sortRows(rows, *m_order);
     replaceRows(rows);
     m_rowCount = m_visible.size();
     m_changes.count = true;
-    return {1};
+    return Outcome::done;
 }
 
 bool RecordStore::passes(Slot slot) const {
-    return std::all_of(m_active.begin(), m_active.end(),
+    const auto& active = m_filters.active();
+    return std::all_of(active.begin(), active.end(),
                        [&](const ActiveFilter& filter) { return passes(slot, filter); });
 }
 
@@ -219,22 +153,22 @@ bool RecordStore::passes(Slot slot, const ActiveFilter& filter) const {
 std::vector<Slot>& RecordStore::passing() {
     std::vector<Slot>& slots = m_passing;
     m_stored.copyTo(slots);
-    for (const ActiveFilter& filter : m_active) {
+    for (const ActiveFilter& filter : m_filters.active()) {
         if (filter.pattern.matchesEverything()) continue;
         // A few that are left are tried one by one rather than all texts of the column; more of
         // them when those would have to be read first.
-        const std::size_t share = m_texts.contains(filter.column) ? 512 : 16;
+        const std::size_t share = m_texts.keeps(filter.column) ? 512 : 16;
         if (slots.size() < m_stored.size() / share)
             std::erase_if(slots, [&](Slot slot) { return !passes(slot, filter); });
         else
-            keptTexts(filter.column).keepMatching(filter.pattern, slots);
+            m_texts.column(filter.column, m_stored).keepMatching(filter.pattern, slots);
     }
     return slots;
 }
 
 void RecordStore::replaceRows(const std::vector<Slot>& slots) {
     m_visible.assign(slots);
-    for (Slot slot = 0; slot < m_records.size() && m_selection.any(); ++slot)
+    for (Slot slot = 0; slot < m_endSlot && m_selection.any(); ++slot)
         if (!m_visible.contains(slot)) m_changes.selection |= m_selection.forget(slot);
     rowsChanged(0, RowChanges::kToTheEnd);
 }
@@ -243,7 +177,7 @@ void RecordStore::replaceRows(const std::vector<Slot>& slots) {
 
 void RecordStore::sort(const SortOrder& order) {
     m_order = order;
-    if (!m_reader) return;
+    if (!m_texts.hasReader()) return;
     std::vector<Slot> rows;
     m_visible.copyTo(rows);
     sortRows(rows, order);
@@ -253,9 +187,9 @@ void RecordStore::sort(const SortOrder& order) {
 // The first sort of a column of numbers reads them from the records: keeping their texts costs more
 // than the sort. It pays from the second on.
 void RecordStore::sortRows(std::vector<Slot>& rows, const SortOrder& order) {
-    const bool first = m_numbersSorted != order.column && !m_texts.contains(order.column);
+    const bool first = m_numbersSorted != order.column && !m_texts.keeps(order.column);
     if (!first || !isNumeric(order.comparison))
-        return keptTexts(order.column).sort(rows, order.comparison, order.direction);
+        return m_texts.column(order.column, m_stored).sort(rows, order.comparison, order.direction);
     m_numbersSorted = order.column;
     std::vector<Keyed> items(rows.size()), scratch(rows.size());
     const std::uint64_t turned = order.direction < 0 ? 0 : ~std::uint64_t{0};
@@ -321,13 +255,8 @@ Slot RecordStore::slotAt(std::size_t row) const {
     return at < m_visible.size() ? m_visible.at(at) : kNoSlot;
 }
 
-void* RecordStore::recordAt(std::size_t row) const {
-    const Slot slot = slotAt(row);
-    return slot != kNoSlot ? m_records[slot] : nullptr;
-}
-
 std::optional<std::size_t> RecordStore::rowOf(Slot slot) const {
-    if (slot >= m_records.size() || !m_visible.contains(slot)) return {};
+    if (slot >= m_endSlot || !m_visible.contains(slot)) return {};
     return mapRow(m_visible.rowOf(slot));
 }
 
@@ -434,6 +363,19 @@ std::optional<std::size_t> RecordStore::focusedRow() const {
 
 std::optional<std::size_t> RecordStore::anchorRow() const {
     return rowOf(m_selection.anchor());
+}
+
+const char* messageOf(RecordStore::Outcome outcome) {
+    switch (outcome) {
+        case RecordStore::Outcome::rowWithoutRecord:
+            return "Delete item: Item not found";
+        case RecordStore::Outcome::filtersUneven:
+            return "Error occured while filtering";
+        case RecordStore::Outcome::done:
+        case RecordStore::Outcome::nothingDone:
+            break;
+    }
+    return nullptr;
 }
 
 }  // namespace mc

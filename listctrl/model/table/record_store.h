@@ -1,42 +1,41 @@
-// The records of a filter list and which of them are rows on show: the whole list but its window.
+// The rows of a filter list: which records it has, which of them are visible, and in which order.
+// The whole list but its window.
 //
-// Every record is stored in order of insertion; the visible map says which are shown and in which
-// order: those that passed the last filter pass, as stored or as sorted. A record is the owner's,
-// known here by a pointer and a slot; its texts are read through the one CellReader.
+// A record is its owner's, who numbers it: it is known here by its slot alone, and its texts are
+// read through one CellReader. Slots are small numbers; what is kept by slot takes memory up to the
+// largest.
 //
 // Rows, as everywhere in this interface, are numbers of visible rows from the top; a stored
-// position counts all records. Nothing holds positions, they are counted when asked for: inserting,
-// removing and looking up cost the logarithm of the size, appending always the same. So no step can
-// find its positions torn, and the only two messages that can still come are those named below.
+// position counts all records in order of insertion. Nothing holds positions, they are counted when
+// asked for. Where no other cost is stated, a call takes at most a time that grows with the
+// logarithm of the number of records. All calls come from one thread.
 //
-// Texts of columns that are filtered or sorted by are kept (ColumnTexts), read on first use and
-// again for a record that is refreshed. One thread; a CellReader must not call back.
+// The texts of columns that are filtered or sorted by are kept (CellTexts), read on first use and
+// again for a record that is refreshed; those that the owner shares are never read.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <limits>
-#include <map>
 #include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
-#include "listctrl/model/table/column_texts.h"
+#include "listctrl/model/table/cell_texts.h"
 #include "listctrl/model/table/distinct_values.h"
+#include "listctrl/model/table/row_filters.h"
 #include "listctrl/model/table/row_selection.h"
 #include "listctrl/model/table/slot_sequence.h"
 #include "listctrl/model/table/sort_order.h"
-#include "text/filter_pattern.h"
 
 namespace mc {
 
-// What a window has to tell its control since it last asked.
+// What changed since a window last asked.
 struct RowChanges {
     bool count = false;      // rowCount()
     bool selection = false;  // of any row, the focus or the anchor
-    // Rows that show something else: none when empty; up to `kToTheEnd` when rows moved.
+    // The rows whose texts changed: none when empty; up to `kToTheEnd` when rows moved.
     std::size_t first = 0;
     std::size_t last = 0;
 
@@ -45,100 +44,90 @@ struct RowChanges {
 
 class RecordStore {
 public:
-    // The text of a record's cell; it is read before the next call. Any column may be asked for.
-    using CellReader = std::function<std::string_view(const void* record, int column)>;
-
-    struct Inserted {
-        std::size_t position = 0;  // stored position
-        Slot slot = kNoSlot;       // none when nothing was inserted
-    };
-    struct Outcome {
-        int result = 0;
-        const char* message = nullptr;  // to show to the user, if any
+    // What came of a call.
+    enum class Outcome {
+        done,
+        nothingDone,       // there is no such record, or no reader
+        rowWithoutRecord,  // a failed filter pass left the row without one
+        filtersUneven,     // the lists of filter columns and texts differ in length
     };
 
-    // Without a reader the list has no data: nothing is inserted, filtered or sorted.
+    // Without a reader the list has no data: nothing is inserted, filtered or sorted. Forgets the
+    // kept texts.
     void setCellReader(CellReader reader);
+
+    // The owner keeps the texts of a column: see CellTexts::share(). Its records' texts are set
+    // before they are inserted or refreshed.
+    void shareColumn(ColumnId column, ColumnTexts& texts) { m_texts.share(column, texts); }
 
     // ---- Records ----
 
-    // Position 0 and any beyond the end append. In between, the record's row goes to the same place
-    // among the rows, or behind the last if there are fewer. In a sorted list the row goes where it
-    // belongs, behind its equals. Under filters there is a row only if the record passes.
-    Inserted insertItem(std::size_t position, void* record);
+    // Takes in a record under a slot that none of the others has; returns its stored position, or
+    // none, and nothing is inserted, without a reader. Position 0 and any beyond the end append. In
+    // between, the record's row goes to the same index among the rows, or behind the last if there
+    // are fewer. In a sorted list the row goes where it belongs, behind its equals. Under filters
+    // there is a row only if the record passes.
+    std::optional<std::size_t> insertItem(std::size_t position, Slot slot);
 
-    // Removes the record of a row. Result 1, or 0 when there is no such row; message "Delete item:
-    // Item not found" for rows that a failed filter pass left without records. If the row was
-    // selected and not the last, the row after it is selected; focus and anchor move to the row
-    // after, from the last row to the one before.
+    // Removes the record of a row. If the row was selected and not the last, the row after it is
+    // selected; focus and anchor move to the row after, from the last row to the one before.
     Outcome deleteItem(std::size_t row);
 
-    // Removes a record by stored position, on show (then as deleteItem does) or not. Result 1, or 0
-    // when there is no such record; -1 is none.
-    Outcome deleteStored(std::ptrdiff_t position);
+    // Removes a record by stored position, visible (then as deleteItem does) or not.
+    Outcome deleteStored(std::size_t position);
 
-    // The same for the owner, who knows the record's slot.
+    // Removes a stored record, as deleteStored does. Its slot is free.
     void deleteRecord(Slot slot);
 
-    // Removes all records, slots and kept texts; filters and order stay. Result 1.
-    int reset();
+    // Removes all records and kept texts, in a time that grows with their number; filters and order
+    // stay.
+    void reset();
 
-    // The owner changed the record's texts: it is filtered and sorted anew. A row that still passes
-    // and still fits between its neighbours stays where it is.
+    // The owner changed the record's texts: it is filtered and sorted again. A row that still
+    // passes and still fits between its neighbours stays where it is.
     void refresh(Slot slot);
 
-    // The same, but a row that is on show stays on show, where it is.
+    // The same, but a visible row stays visible, where it is.
     void refreshShown(Slot slot);
 
     std::size_t storedCount() const { return m_stored.size(); }
-    void* record(Slot slot) const { return m_records[slot]; }
+    bool stores(Slot slot) const { return slot < m_endSlot && m_stored.contains(slot); }
     Slot storedAt(std::size_t position) const { return m_stored.at(position); }
     std::size_t storedPosition(Slot slot) const { return m_stored.rowOf(slot); }
 
     // ---- Rows ----
 
-    // Rows the list reports. Differs from the records on show only after a failed filter pass.
+    // Rows the list reports. Differs from the visible records only after a failed filter pass.
     std::size_t rowCount() const { return m_rowCount; }
 
-    // The slot shown in a row; kNoSlot beyond the end.
+    // The record in a row; kNoSlot beyond the end.
     Slot slotAt(std::size_t row) const;
-    void* recordAt(std::size_t row) const;
 
-    // The row that shows the record, or none while it is filtered out or when there is no such
-    // slot.
+    // The row of the record; none while it is filtered out, or when there is no such record.
     std::optional<std::size_t> rowOf(Slot slot) const;
 
-    // The text of a row's cell, as the reader gives it; empty beyond the end, "no data descriptor
-    // initialised" without a reader. Lives as long as the reader's.
-    std::string_view cellText(std::size_t row, int column) const;
+    // The text of a row's cell, as the reader gives it and as long as that lives; empty beyond the
+    // end, "no data descriptor initialised" without a reader.
+    std::string_view cellText(std::size_t row, ColumnId column) const;
 
-    // The text of a record's cell, from the kept ones where the column's are kept; for walking
-    // over many rows. `slot` is a record's.
-    std::string_view text(Slot slot, int column) const;
+    // The text of a stored record's cell, from the kept ones where the column's are kept; for
+    // walking over many rows.
+    std::string_view text(Slot slot, ColumnId column) const { return m_texts.text(slot, column); }
 
     // Shows the rows from the last to the first. Row numbers are mirrored, nothing else changes.
     void setReversed(bool reversed);
     bool reversed() const { return m_reversed; }
 
-    // ---- Filters: they, and the flags, count from the next pass on ----
+    // ---- Filters ----
 
-    // Sets, changes or, when the text is empty, ends the filter of a column.
-    void setFilter(int column, std::string_view text, FilterKind kind = FilterKind::pattern);
-    // All filters at once, as two lists that belong together.
-    void setFilters(std::vector<int> columns, std::vector<ColumnFilter> filters);
-    void clearFilters();
-    const std::vector<int>& filterColumns() const { return m_filterColumns; }
-    ColumnFilter filterOf(int column) const;  // without a text: none
-
-    // Matches patterns exactly in the next pass only, or in every pass.
-    void matchExactlyOnce() { m_exactOnce = true; }
-    void setMatchExactly(bool on) { m_matchExactly = on; }
-    bool matchExactly() const { return m_matchExactly; }
+    // What is set here counts from the next pass on.
+    RowFilters& filters() { return m_filters; }
+    const RowFilters& filters() const { return m_filters; }
 
     // The filter pass: shows the records that pass all filters, in stored order, then sorts them.
     // Rows filtered out are deselected. Records that come or change later are judged as in this
-    // pass. Result 1; 0 without a reader; 0, no records on show and the message "Error occured
-    // while filtering" when the two lists differ in length.
+    // pass. Nothing happens without a reader; filtersUneven leaves rows without records. Costs one
+    // pass over the slots, and over the different texts of the filtered columns.
     Outcome filter();
 
     // What has the last word in a filter pass: it is given the records that pass, in stored order,
@@ -149,14 +138,16 @@ public:
     // ---- Order ----
 
     // Sorts the rows, and from now on keeps them so; rows that compare equal keep their order.
+    // Costs one pass over the rows and, where the column's texts are not yet ranked, one over
+    // these.
     void sort(const SortOrder& order);
-    // Back to stored order.
+    // Back to stored order, in one pass.
     void unsort();
     const std::optional<SortOrder>& sortOrder() const { return m_order; }
 
     // ---- Selection, focus and anchor: they belong to records and follow them ----
 
-    // Rows beyond the end are ignored.
+    // Rows beyond the end are ignored. selectAll() and clearSelection() take one pass.
     void select(std::size_t row, bool on);
     void selectAll();
     void clearSelection();
@@ -176,12 +167,12 @@ public:
 
     // ---- Columns ----
 
-    // The choices of a column over all records, filtered out or not.
-    DistinctValues distinctValues(int column, std::size_t limit = 10'000);
+    // The choices of a column over all records, filtered out or not, in one pass.
+    DistinctValues distinctValues(ColumnId column, std::size_t limit = 10'000);
 
-    // The column's texts changed for all records (an expression did): forgets the kept ones. What
-    // is on show changes with the next pass.
-    void columnChanged(int column) { m_texts.erase(column); }
+    // The column's texts changed for all records (an expression did): forgets the kept ones. The
+    // rows change with the next pass.
+    void columnChanged(ColumnId column) { m_texts.drop(column); }
 
     // Gives the memory of the kept texts back; they are read again when next needed.
     void dropTexts();
@@ -191,15 +182,10 @@ public:
     RowChanges takeChanges();
 
 private:
-    struct ActiveFilter {
-        int column;
-        FilterPattern pattern;
-    };
+    using ActiveFilter = RowFilters::Active;
 
-    Slot newSlot(void* record);
+    void growTo(Slot slot);
     void release(Slot slot);
-    ColumnTexts& keptTexts(int column);
-    void readTexts(Slot slot);
 
     void sortRows(std::vector<Slot>& rows, const SortOrder& order);
     bool passes(Slot slot) const;
@@ -221,30 +207,28 @@ private:
     void handOn(Slot slot, std::size_t row);
     void rowsChanged(std::size_t first, std::size_t last);
 
-    CellReader m_reader;
+    CellTexts m_texts;
+    RowFilters m_filters;
     Arrange m_arrange;
     SlotSequence m_stored;
     SlotSequence m_visible;
     std::size_t m_rowCount = 0;
     bool m_reversed = false;
 
-    std::vector<void*> m_records;  // by slot
-    std::vector<Slot> m_free;      // slots to give again
+    Slot m_endSlot = 0;  // behind the largest slot there has been
     RowSelection m_selection;
     // The selected rows as last counted, and at which revision of the selection.
     mutable std::vector<std::size_t> m_selectedRows;
     mutable std::optional<std::uint64_t> m_countedAt;
-    std::map<int, ColumnTexts> m_texts;
 
-    std::vector<int> m_filterColumns;
-    std::vector<ColumnFilter> m_filters;  // parallel to the columns
-    bool m_exactOnce = false;
-    bool m_matchExactly = false;
-    std::vector<ActiveFilter> m_active;  // of the last pass
-    std::vector<Slot> m_passing;         // by it; kept for its memory
+    std::vector<Slot> m_passing;  // of the last pass; kept for its memory
     std::optional<SortOrder> m_order;
-    int m_numbersSorted = -1;  // the column of numbers that was sorted last without kept texts
+    // The column of numbers that was sorted last without kept texts.
+    std::optional<ColumnId> m_numbersSorted;
     RowChanges m_changes;
 };
+
+// The message that tells the user of an outcome; null when there is nothing to tell.
+const char* messageOf(RecordStore::Outcome outcome);
 
 }  // namespace mc

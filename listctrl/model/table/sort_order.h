@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "listctrl/model/columns/column_info.h"
+
 namespace mc {
 
 // How the texts of a column are compared.
@@ -20,7 +22,7 @@ enum class Comparison {
 Comparison comparisonOf(int dataType);
 
 struct SortOrder {
-    int column = 0;
+    ColumnId column{};
     Comparison comparison = Comparison::equal;
     int direction = -1;  // -1: the smallest first, +1: the largest first
 

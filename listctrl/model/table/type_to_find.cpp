@@ -6,7 +6,7 @@
 
 namespace mc {
 
-std::optional<std::size_t> findRow(const RecordStore& rows, int column, std::size_t first,
+std::optional<std::size_t> findRow(const RecordStore& rows, ColumnId column, std::size_t first,
                                    const CellSearch& search) {
     const auto fits = [&](std::size_t row) {
         const Slot slot = rows.slotAt(row);
@@ -26,7 +26,7 @@ std::optional<std::size_t> findRow(const RecordStore& rows, int column, std::siz
 }
 
 std::optional<std::size_t> TypeToFind::type(char letter, std::uint32_t now, const RecordStore& rows,
-                                            int column) {
+                                            ColumnId column) {
     if (!typing(now)) m_text.clear();
     m_last = now;
     m_text += letter;

@@ -19,7 +19,7 @@ struct CellSearch {
 };
 
 // The first row that fits, `first` being the first one to look at. One pass at most.
-std::optional<std::size_t> findRow(const RecordStore& rows, int column, std::size_t first,
+std::optional<std::size_t> findRow(const RecordStore& rows, ColumnId column, std::size_t first,
                                    const CellSearch& search);
 
 // The letters that are typed while a list has the focus. Times are in milliseconds, from any start.
@@ -37,7 +37,7 @@ public:
     // further letters may stay on it; one letter typed again and again leads from match to match
     // unless a cell begins with all of them.
     std::optional<std::size_t> type(char letter, std::uint32_t now, const RecordStore& rows,
-                                    int column);
+                                    ColumnId column);
 
 private:
     std::string m_text;

@@ -1,102 +1,109 @@
-// The index of the pending changes: from key to record, one probe of one table.
+// The index of the pending changes: from key to slot, one probe of one table.
 //
-// A table of hash and pointer with linear probing: a new key costs one cache miss where a map of
+// A table of hashes and slots with linear probing: a new key costs one cache miss where a map of
 // nodes costs three. Built for hundreds of thousands of changes; it grows by doubling and gives the
-// memory back when it is cleared.
+// memory back when it is cleared. One thread.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string_view>
+#include <utility>
 #include <vector>
+
+#include "listctrl/model/table/slot_sequence.h"
 
 namespace mc {
 
-// `Record` has a text `key`, which must not change while the record is in the index. The records
-// are the caller's.
-template <class Record>
+// `KeyOf` tells the key of a slot that is in the index: `std::string_view operator()(Slot)`. It
+// must not change while the slot is there.
+template <class KeyOf>
 class KeyIndex {
 public:
+    explicit KeyIndex(KeyOf keyOf) : m_keyOf(std::move(keyOf)) {}
+
     std::size_t size() const { return m_size; }
 
-    Record* find(std::string_view key) const {
-        if (m_size == 0) return nullptr;
-        return m_slots[slotOf(key, hashOf(key))].record;
+    // The slot under the key; kNoSlot when there is none.
+    Slot find(std::string_view key) const {
+        return m_size != 0 ? m_entries[indexOf(key, hashOf(key))].slot : kNoSlot;
     }
 
-    // Adds the record; false, and nothing changes, when its key is in the index already.
-    bool insert(Record& record) {
-        if (m_size + 1 > m_slots.size() * 3 / 4) grow();
-        const std::size_t hash = hashOf(record.key);
-        Slot& slot = m_slots[slotOf(record.key, hash)];
-        if (slot.record != nullptr) return false;
-        slot = {hash, &record};
+    // Adds a slot under its key; false, and nothing changes, when the key is in the index already.
+    bool insert(std::string_view key, Slot slot) {
+        if (m_size + 1 > m_entries.size() * 3 / 4) grow();
+        const std::uint32_t hash = hashOf(key);
+        Entry& entry = m_entries[indexOf(key, hash)];
+        if (entry.slot != kNoSlot) return false;
+        entry = {hash, slot};
         ++m_size;
         return true;
     }
 
-    // Takes the key out; returns its record, or null when it is not there.
-    Record* erase(std::string_view key) {
-        if (m_size == 0) return nullptr;
-        std::size_t hole = slotOf(key, hashOf(key));
-        Record* const found = m_slots[hole].record;
-        if (found == nullptr) return nullptr;
+    // Removes the key; returns its slot, kNoSlot when it is not there.
+    Slot erase(std::string_view key) {
+        if (m_size == 0) return kNoSlot;
+        std::size_t hole = indexOf(key, hashOf(key));
+        const Slot found = m_entries[hole].slot;
+        if (found == kNoSlot) return kNoSlot;
         // Entries behind the hole move up, as long as that brings them no further than their home.
-        for (std::size_t at = next(hole); m_slots[at].record != nullptr; at = next(at)) {
-            const std::size_t home = m_slots[at].hash & mask();
+        for (std::size_t at = next(hole); m_entries[at].slot != kNoSlot; at = next(at)) {
+            const std::size_t home = m_entries[at].hash & mask();
             if (((at - home) & mask()) < ((at - hole) & mask())) continue;
-            m_slots[hole] = m_slots[at];
+            m_entries[hole] = m_entries[at];
             hole = at;
         }
-        m_slots[hole] = {};
+        m_entries[hole] = {};
         --m_size;
         return found;
     }
 
     void clear() {
-        m_slots = std::vector<Slot>();
+        m_entries = std::vector<Entry>();
         m_size = 0;
     }
 
 private:
-    struct Slot {
-        std::size_t hash = 0;
-        Record* record = nullptr;
+    struct Entry {
+        std::uint32_t hash = 0;
+        Slot slot = kNoSlot;
     };
 
-    // Up to four keys that differ in the last character only stand side by side: changes numbered
-    // in turn share the cache line that each would fetch.
-    static std::size_t hashOf(std::string_view key) {
+    // Up to eight keys that differ in the last character only are neighbours: changes numbered in
+    // turn share the cache line that each would fetch.
+    static std::uint32_t hashOf(std::string_view key) {
         if (key.empty()) return 0;
         const std::size_t last = static_cast<unsigned char>(key.back());
         key.remove_suffix(1);
-        return (std::hash<std::string_view>()(key) + last / 4 * 0x9E3779B1) * 4 + last % 4;
+        const std::size_t front = std::hash<std::string_view>()(key) + last / 8 * 0x9E3779B1;
+        return static_cast<std::uint32_t>(front * 8 + last % 8);
     }
-    std::size_t mask() const { return m_slots.size() - 1; }
-    std::size_t next(std::size_t slot) const { return (slot + 1) & mask(); }
+    std::size_t mask() const { return m_entries.size() - 1; }
+    std::size_t next(std::size_t index) const { return (index + 1) & mask(); }
 
-    // The slot that holds the key, or the empty one at which the search for it ends.
-    std::size_t slotOf(std::string_view key, std::size_t hash) const {
+    // The entry that holds the key, or the empty one at which the search for it ends.
+    std::size_t indexOf(std::string_view key, std::uint32_t hash) const {
         std::size_t at = hash & mask();
-        while (m_slots[at].record != nullptr &&
-               (m_slots[at].hash != hash || m_slots[at].record->key != key))
+        while (m_entries[at].slot != kNoSlot &&
+               (m_entries[at].hash != hash || m_keyOf(m_entries[at].slot) != key))
             at = next(at);
         return at;
     }
 
     void grow() {
-        std::vector<Slot> before(m_slots.empty() ? 64 : m_slots.size() * 2);
-        before.swap(m_slots);
-        for (const Slot& slot : before) {
-            if (slot.record == nullptr) continue;
-            std::size_t at = slot.hash & mask();
-            while (m_slots[at].record != nullptr) at = next(at);
-            m_slots[at] = slot;
+        std::vector<Entry> before(m_entries.empty() ? 64 : m_entries.size() * 2);
+        before.swap(m_entries);
+        for (const Entry& entry : before) {
+            if (entry.slot == kNoSlot) continue;
+            std::size_t at = entry.hash & mask();
+            while (m_entries[at].slot != kNoSlot) at = next(at);
+            m_entries[at] = entry;
         }
     }
 
-    std::vector<Slot> m_slots;  // a power of two of them, or none
+    KeyOf m_keyOf;
+    std::vector<Entry> m_entries;  // a power of two of them, or none
     std::size_t m_size = 0;
 };
 

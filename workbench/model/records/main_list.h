@@ -2,9 +2,7 @@
 #pragma once
 
 #include <array>
-#include <string_view>
 
-#include "link/model/pending_record.h"
 #include "listctrl/model/columns/column_info.h"
 
 namespace mc {
@@ -18,14 +16,17 @@ inline constexpr std::array<sVoskColInfo, 6> kMainColumns{{
     {"Broker", 75, 1, ColumnType::text},
 }};
 
+inline constexpr ColumnId kEntityColumn{0};
+inline constexpr ColumnId kKindColumn{1};
+inline constexpr ColumnId kKeyColumn{2};
+inline constexpr ColumnId kMakerColumn{3};
+inline constexpr ColumnId kBranchColumn{4};
+inline constexpr ColumnId kBrokerColumn{5};
+
 // Whose change it is and its key: a decision is always about an identified change.
-inline constexpr std::array kMandatoryMainColumns{ColumnId{0}, ColumnId{2}};
+inline constexpr std::array kMandatoryMainColumns{kEntityColumn, kKeyColumn};
 
 // A cell is shown from a buffer of this many bytes, its end mark included.
 inline constexpr std::size_t kCellBytes = 256;
-
-// The text of a record's cell, cut to what fits a cell. Index 6 is the record's spare field, which
-// has no column; beyond, cells are empty.
-std::string_view mainCellText(const sMakeCheckStruct& record, int column);
 
 }  // namespace mc

@@ -1,63 +1,151 @@
 #include "workbench/model/records/pending_changes.h"
 
+#include "link/model/functionality.h"
 #include "workbench/model/records/main_list.h"
 
 namespace mc {
 
+// The texts with few different values, and the columns that show them. The code has none: the main
+// list shows the name of the kind.
+struct PendingChanges::CodedField {
+    std::string sMakeCheckStruct::*field;
+    std::optional<ColumnId> column;
+};
+
+constexpr PendingChanges::CodedField PendingChanges::kCodedFields[kCodedCount] = {
+    {&sMakeCheckStruct::makerId, kMakerColumn},
+    {&sMakeCheckStruct::branchId, kBranchColumn},
+    {&sMakeCheckStruct::brokerId, kBrokerColumn},
+    {&sMakeCheckStruct::functionalityCode, std::nullopt},
+    {&sMakeCheckStruct::type, std::nullopt},
+};
+
 PendingChanges::PendingChanges(RecordsView& view) : m_view(view) {
-    m_rows.setCellReader([](const void* record, int column) {
-        return mainCellText(*static_cast<const Entry*>(record), column);
-    });
+    m_rows.setCellReader([this](Slot slot, ColumnId column) { return cellText(slot, column); });
+    m_rows.shareColumn(kKindColumn, m_kinds);
+    for (std::size_t i = 0; i < kCodedCount; ++i)
+        if (kCodedFields[i].column) m_rows.shareColumn(*kCodedFields[i].column, m_coded[i]);
 }
 
-sMakeCheckStruct* PendingChanges::findRecord(std::string_view key) const {
-    return m_index.find(key);
+// ---- Reading ----
+
+PendingChange PendingChanges::read(Slot slot) const {
+    PendingChange change;
+    change.slot = slot;
+    change.key = m_own[slot].key.view();
+    change.entityName = m_own[slot].entityName.view();
+    change.linkedUser = m_own[slot].linkedUser.view();
+    for (std::size_t i = 0; i < kCodedCount; ++i)
+        change.*kCodedFields[i].field = m_coded[i].text(slot);
+    return change;
+}
+
+std::string_view PendingChanges::cellText(Slot slot, ColumnId column) const {
+    std::string_view text;
+    if (column == kEntityColumn) text = m_own[slot].entityName.view();
+    if (column == kKeyColumn) text = m_own[slot].key.view();
+    if (column == kKindColumn) text = m_kinds.text(slot);
+    for (std::size_t i = 0; i < kCodedCount; ++i)
+        if (kCodedFields[i].column == column) text = m_coded[i].text(slot);
+    return text.substr(0, kCellBytes - 1);
+}
+
+std::optional<PendingChange> PendingChanges::recordAt(std::size_t row) const {
+    const Slot slot = m_rows.slotAt(row);
+    return slot != kNoSlot ? std::optional(read(slot)) : std::nullopt;
+}
+
+std::vector<PendingChange> PendingChanges::selectedRecords() const {
+    std::vector<PendingChange> changes;
+    changes.reserve(m_rows.selectedCount());
+    for (const std::size_t row : m_rows.selectedRows()) changes.push_back(read(m_rows.slotAt(row)));
+    return changes;
+}
+
+std::optional<PendingChange> PendingChanges::findRecord(std::string_view key) const {
+    const Slot slot = m_index.find(key);
+    return slot != kNoSlot ? std::optional(read(slot)) : std::nullopt;
+}
+
+bool PendingChanges::isPending(const PendingChange& change) const {
+    return m_rows.stores(change.slot) && m_own[change.slot].key.view() == change.key;
+}
+
+std::optional<PendingChange> PendingChanges::current(const PendingChange& change) const {
+    return isPending(change) ? std::optional(read(change.slot)) : std::nullopt;
 }
 
 bool PendingChanges::selected(std::string_view key) const {
-    const Entry* const found = m_index.find(key);
-    const auto row = found != nullptr ? m_rows.rowOf(found->slot) : std::nullopt;
+    const auto row = m_rows.rowOf(m_index.find(key));
     return row && m_rows.selected(*row);
 }
 
-void PendingChanges::addRecord(std::unique_ptr<Entry> record) {
-    Entry& entry = *record;
-    if (!m_index.insert(entry)) return;
-    static_cast<void>(record.release());  // its row owns it now
-    entry.slot = m_rows.insertItem(m_rows.storedCount(), &entry).slot;
-    m_view.rowsChanged();
+// ---- Changes that come, change and go ----
+
+void PendingChanges::write(Slot slot, const sMakeCheckStruct& record) {
+    m_own[slot].entityName = record.entityName;
+    m_own[slot].linkedUser = record.linkedUser;
+    for (std::size_t i = 0; i < kCodedCount; ++i)
+        m_coded[i].set(slot, record.*kCodedFields[i].field);
+    const Functionality* const kind = findFunctionality(record.functionalityCode);
+    m_kinds.set(slot, kind != nullptr ? kind->displayName : std::string_view());
 }
 
-void PendingChanges::refreshRecord(const sMakeCheckStruct& record) {
-    if (!isPending(record)) return;
-    m_rows.refresh(static_cast<const Entry&>(record).slot);
-    m_view.rowsChanged();
+Slot PendingChanges::takeSlot() {
+    if (m_free.empty()) {
+        m_free.push_back(static_cast<Slot>(m_own.size()));
+        m_own.emplace_back();
+    }
+    const Slot slot = m_free.back();
+    m_free.pop_back();
+    return slot;
+}
+
+void PendingChanges::freeSlots() {
+    m_free.insert(m_free.end(), m_gone.begin(), m_gone.end());
+    m_gone.clear();
+}
+
+void PendingChanges::addRecord(const sMakeCheckStruct& record) {
+    const Slot slot = takeSlot();
+    m_own[slot].key = record.key;
+    const bool added = m_index.insert(record.key, slot);
+    if (added) write(slot, record);
+    if (added && m_rows.insertItem(m_rows.storedCount(), slot)) return m_view.rowsChanged();
+    if (added) m_index.erase(record.key);  // a list without a reader takes in nothing
+    m_free.push_back(slot);
 }
 
 void PendingChanges::removeRecord(std::string_view key) {
-    Entry* const found = m_index.find(key);
-    if (found == nullptr) return;
-    m_rows.deleteRecord(found->slot);
-    m_index.erase(key);
-    std::unique_ptr<Entry> removed(found);
-    if (m_holds > 0) m_removed.push_back(std::move(removed));
+    const Slot slot = m_index.erase(key);
+    if (slot == kNoSlot) return;
+    m_rows.deleteRecord(slot);
+    m_gone.push_back(slot);
+    if (m_holds == 0) freeSlots();
+    m_view.rowsChanged();
+}
+
+bool PendingChanges::rewriteRecord(const PendingChange& change) {
+    const bool pending = isPending(change);
+    if (pending) write(change.slot, change);
+    return pending;
+}
+
+void PendingChanges::refreshRecord(const PendingChange& change) {
+    if (!rewriteRecord(change)) return;
+    m_rows.refresh(change.slot);
     m_view.rowsChanged();
 }
 
 void PendingChanges::clearAllRecords() {
-    for (std::size_t place = 0; place < size(); ++place) {
-        std::unique_ptr<Entry> removed(static_cast<Entry*>(&at(place)));
-        if (m_holds > 0) m_removed.push_back(std::move(removed));
-    }
+    for (std::size_t i = 0; i < size() && m_holds > 0; ++i) m_gone.push_back(m_rows.storedAt(i));
     m_rows.reset();
     m_index.clear();
-}
-
-std::vector<sMakeCheckStruct*> PendingChanges::selectedRecords() const {
-    std::vector<sMakeCheckStruct*> records;
-    for (const std::size_t row : m_rows.selectedRows())
-        records.push_back(&recordOf(m_rows.slotAt(row)));
-    return records;
+    if (m_holds > 0) return;
+    m_own.clear();
+    m_free.clear();
+    for (ColumnTexts& column : m_coded) column = {};
+    m_kinds = {};
 }
 
 }  // namespace mc

@@ -1,19 +1,30 @@
-// The records of all pending changes: owned here, indexed by key, listed in the store of the main
-// list in order of arrival.
+// The pending changes: a table of their texts, indexed by key, with one row each in the main list,
+// in order of arrival.
+//
+// Texts that differ from change to change are kept with the change; those with few different values
+// (maker, branch, broker, kind ...) are coded once, when they come, in columns that the list's
+// filters and sorts work on. So a change takes about 130 bytes, and the first filter of such a
+// column reads no change. What is read out is a copy: it stays as it was, whatever comes meanwhile.
+//
+// Calls cost the logarithm of the number of changes at most, where nothing else is said. One
+// thread.
 #pragma once
 
+#include <array>
 #include <cstddef>
-#include <memory>
+#include <deque>
+#include <optional>
 #include <string_view>
 #include <vector>
 
 #include "link/model/pending_record.h"
 #include "listctrl/model/table/record_store.h"
 #include "workbench/model/records/key_index.h"
+#include "workbench/model/records/short_text.h"
 
 namespace mc {
 
-// Told of the rows that come, change and go. Implemented by the view of the workbench.
+// Notified of the rows that come, change and go. Implemented by the view of the workbench.
 class RecordsView {
 public:
     virtual void rowsChanged() = 0;
@@ -22,84 +33,108 @@ protected:
     ~RecordsView() = default;
 };
 
+// A change as it was read out. Its slot tells it from a later change of the same key: see Hold.
+struct PendingChange : sMakeCheckStruct {
+    Slot slot = kNoSlot;
+};
+
 class PendingChanges {
 public:
-    // One record and its place among the rows.
-    struct Entry : sMakeCheckStruct {
-        Slot slot = kNoSlot;
-    };
-
-    // `view` is told of every row that comes and goes; it must outlive the object.
+    // `view` is notified of every row that comes and goes; it must outlive the object.
     explicit PendingChanges(RecordsView& view);
-    ~PendingChanges() { clearAllRecords(); }
     PendingChanges(const PendingChanges&) = delete;
     PendingChanges& operator=(const PendingChanges&) = delete;
 
     std::size_t size() const { return m_rows.storedCount(); }
 
-    // The record that arrived as number `place` of those that are left; `place` is below size().
-    sMakeCheckStruct& at(std::size_t place) const { return recordOf(m_rows.storedAt(place)); }
+    // The change at `position` in order of arrival, below size().
+    PendingChange at(std::size_t position) const { return read(m_rows.storedAt(position)); }
 
-    // The rows of the main list: which records show, in which order, and which are selected.
+    // The rows of the main list: which changes show, in which order, and which are selected.
     RecordStore& rows() { return m_rows; }
     const RecordStore& rows() const { return m_rows; }
 
-    // The records whose rows are selected, in row order.
-    std::vector<sMakeCheckStruct*> selectedRecords() const;
+    // The change in a row of the main list; none beyond the end.
+    std::optional<PendingChange> recordAt(std::size_t row) const;
 
-    // The record under `key`, or null.
-    sMakeCheckStruct* findRecord(std::string_view key) const;
+    // The changes whose rows are selected, in row order: one pass over the rows.
+    std::vector<PendingChange> selectedRecords() const;
 
-    bool isPending(const sMakeCheckStruct& record) const {
-        return findRecord(record.key) == &record;
-    }
+    // The text of a cell of the main list, cut to kCellBytes; empty where there is no column. Lives
+    // until the next change comes or changes.
+    std::string_view cellText(Slot change, ColumnId column) const;
 
-    // Whether the row of the record under `key` is selected.
+    // The change under `key`.
+    std::optional<PendingChange> findRecord(std::string_view key) const;
+
+    // Whether it is still pending, though perhaps with other texts.
+    bool isPending(const PendingChange& change) const;
+
+    // The same change as it is now; none when it is no longer pending.
+    std::optional<PendingChange> current(const PendingChange& change) const;
+
+    // Whether the row of the change under `key` is selected.
     bool selected(std::string_view key) const;
 
-    // Indexes the record under its key and appends its row; a key that is indexed already adds
+    // Indexes the change under its key and appends its row; a key that is indexed already adds
     // nothing.
-    void addRecord(std::unique_ptr<Entry> record);
+    void addRecord(const sMakeCheckStruct& record);
 
-    // Removes the key's row, destroys the record and removes the key from the index. Changes
-    // nothing when the key is not indexed.
+    // Removes the change under the key and its row. Changes nothing when the key is not indexed.
     void removeRecord(std::string_view key);
 
-    // The record's texts changed. Nothing happens when it is not pending any more.
-    void refreshRecord(const sMakeCheckStruct& record);
+    // Keeps other texts of a change, all but its key; its row stays where it is and nobody is
+    // notified. False, and nothing happens, when it is not pending any more.
+    bool rewriteRecord(const PendingChange& change);
 
-    // Removes every record without telling the view of single rows.
+    // The same, and its row is filtered and sorted again.
+    void refreshRecord(const PendingChange& change);
+
+    // Removes every change without notifying the view of single rows.
     void clearAllRecords();
 
-    // While one lives, records that are removed stay readable, though they are neither indexed nor
-    // listed any more: a decision holds pointers to records across message boxes, behind which
-    // publications come in.
+    // While one lives, no slot is given to another change. A decision holds changes across message
+    // boxes, behind which publications come in: one that goes meanwhile is then not pending, even
+    // when a new one of its key comes.
     class Hold {
     public:
         explicit Hold(PendingChanges& changes) : m_changes(changes) { ++changes.m_holds; }
         ~Hold() {
-            if (--m_changes.m_holds == 0) m_changes.m_removed.clear();
+            if (--m_changes.m_holds == 0) m_changes.freeSlots();
         }
         Hold(const Hold&) = delete;
         Hold& operator=(const Hold&) = delete;
-
-        // Whether `record` is still pending.
-        bool pending(const sMakeCheckStruct& record) const { return m_changes.isPending(record); }
 
     private:
         PendingChanges& m_changes;
     };
 
 private:
-    sMakeCheckStruct& recordOf(Slot slot) const {
-        return *static_cast<Entry*>(m_rows.record(slot));
-    }
+    struct OwnTexts {
+        ShortText key, entityName, linkedUser;
+    };
+    struct CodedField;
+    static const CodedField kCodedFields[];
+    static constexpr std::size_t kCodedCount = 5;
+
+    PendingChange read(Slot slot) const;
+    void write(Slot slot, const sMakeCheckStruct& record);
+    Slot takeSlot();
+    void freeSlots();
 
     RecordsView& m_view;
-    KeyIndex<Entry> m_index;
-    RecordStore m_rows;  // each row owns its record
+    std::deque<OwnTexts> m_own;                    // by slot
+    std::array<ColumnTexts, kCodedCount> m_coded;  // by slot; fields as in kCodedFields
+    ColumnTexts m_kinds;                           // by slot: the names of the kinds of change
+    struct KeyOf {
+        const std::deque<OwnTexts>& own;
+        std::string_view operator()(Slot slot) const { return own[slot].key.view(); }
+    };
+    KeyIndex<KeyOf> m_index{KeyOf{m_own}};
+    RecordStore m_rows;
+    std::vector<Slot> m_free;  // slots without a change
+    std::vector<Slot> m_gone;  // those that went while there is a Hold
     int m_holds = 0;
-    std::vector<std::unique_ptr<Entry>> m_removed;  // while there is a Hold
 };
 
 }  // namespace mc

@@ -1,0 +1,37 @@
+#include "listctrl/model/table/cell_texts.h"
+
+namespace mc {
+
+void CellTexts::setReader(CellReader reader) {
+    m_reader = std::move(reader);
+    drop();
+}
+
+const ColumnTexts* CellTexts::find(ColumnId column) const {
+    if (const auto shared = m_shared.find(column); shared != m_shared.end()) return shared->second;
+    const auto kept = m_kept.find(column);
+    return kept != m_kept.end() ? &kept->second : nullptr;
+}
+
+std::string_view CellTexts::text(Slot record, ColumnId column) const {
+    const ColumnTexts* const texts = find(column);
+    return texts != nullptr ? texts->text(record) : read(record, column);
+}
+
+ColumnTexts& CellTexts::column(ColumnId column, const SlotSequence& stored) {
+    if (const auto shared = m_shared.find(column); shared != m_shared.end()) return *shared->second;
+    const auto [at, fresh] = m_kept.try_emplace(column);
+    ColumnTexts& texts = at->second;
+    if (fresh) stored.forEach([&](Slot record) { texts.set(record, read(record, column)); });
+    return texts;
+}
+
+void CellTexts::reread(Slot record) {
+    for (auto& [column, texts] : m_kept) texts.set(record, read(record, column));
+}
+
+void CellTexts::forget(Slot record) {
+    for (auto& [column, texts] : m_kept) texts.set(record, {});
+}
+
+}  // namespace mc
