@@ -110,14 +110,14 @@ TEST(UserDetails, SaysWhenNothingIsModified) {
 // Long lists and long texts are shown whole; what no list is ever as long as ends.
 TEST(UserDetails, TakesAnswersOfAnySize) {
     const std::string longText(100'000, 'x');
-    for (const int claimed : {10'000, kMostOccurrences + 1}) {
+    for (const int claimed : {10'000, kMaxOccurrences + 1}) {
         auto answer = makeMessage({{MNM_USER, "U"}, {30001, longText}});
         for (int i = 0; i < claimed; ++i) answer.addUnreadable(MNM_ATTRIBUTES);
         const auto groups = BuildUserDetails(FieldReader(answer.handle()));
         ASSERT_EQ(groups.size(), 2u);
         EXPECT_EQ(groups[0].rows[1].value, longText);
         EXPECT_EQ(groups[1].rows.size(),
-                  static_cast<std::size_t>(std::min(claimed, kMostOccurrences)));
+                  static_cast<std::size_t>(std::min(claimed, kMaxOccurrences)));
     }
 }
 
@@ -128,9 +128,9 @@ TEST(UserDetails, RepeatsLongTextsWithinBounds) {
         int claimed;
         std::size_t rows;
     } cases[] = {
-        {100, 60, kMostOccurrences, kMostOccurrences},
-        {100'000, 100'000, kMostOccurrences, kMostRepeatedBytes / 200'000},
-        {kMostRepeatedBytes + 1, 0, 3, 1},
+        {100, 60, kMaxOccurrences, kMaxOccurrences},
+        {100'000, 100'000, kMaxOccurrences, kMaxRepeatedBytes / 200'000},
+        {kMaxRepeatedBytes + 1, 0, 3, 1},
     };
     for (const auto& [value, old, claimed, rows] : cases) {
         auto answer = makeMessage({{MNM_USER, "U"},
