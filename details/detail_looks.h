@@ -18,7 +18,7 @@ namespace mc {
 class DetailLooks final : public CellLooks {
 public:
     // All must outlive the object.
-    DetailLooks(const fw::CWindow& list, const ListContent& content, const LineGroups& lines)
+    DetailLooks(const fw::CWindow& list, const ListContent& content, LineGroups& lines)
         : m_list(list), m_content(content), m_lines(lines) {}
 
     // Which values can be edited; none until this is called.
@@ -47,7 +47,7 @@ private:
 
     const fw::CWindow& m_list;
     const ListContent& m_content;
-    const LineGroups& m_lines;
+    LineGroups& m_lines;  // only read
     std::function<bool(const LineGroups::Line&)> m_editable;
     bool m_dimmed = false;
     mutable fw::Font m_bold;  // made when first asked for; none after the list's font changed
