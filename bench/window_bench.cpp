@@ -97,7 +97,7 @@ void measureOurs(std::size_t rows) {
         text = "DEALER" + std::to_string(record);
         return std::string_view(text);
     });
-    for (std::size_t i = 0; i < rows; ++i) store.insertItem(i, static_cast<Slot>(i));
+    for (std::size_t row = 0; row < rows; ++row) store.insertItem(row, static_cast<Slot>(row));
     list.storeChanged();
     paint(list.handle());
     asked = 0;

@@ -276,10 +276,10 @@ TEST(Lives, AListTakesBackWhatItGaveItsStore) {
         CFilterListCtrl list(services, rows);
         ASSERT_TRUE(list.create(frame.handle(), 1, "A list", "A list"));
         list.setColumns(kDetailColumns, [](Slot, ColumnId) { return "text"; });
-        rows.insertItem(0, Slot{0});
-        EXPECT_EQ(rows.cellText(0, ColumnId{0}), "text");
+        rows.insertItem(0, 0);
+        EXPECT_EQ(rows.cellText(0, kFieldColumn), "text");
     }
-    EXPECT_EQ(rows.cellText(0, ColumnId{0}), "no data descriptor initialised");
+    EXPECT_EQ(rows.cellText(0, kFieldColumn), "no data descriptor initialised");
     rows.refresh(rows.slotAt(0));
 }
 

@@ -13,7 +13,7 @@ namespace {
 
 constexpr ColorValue kLastColor = 0xFFFFFF;
 constexpr std::size_t kFixedParts = 4;
-constexpr std::uint32_t kMaxPoints = 144;
+constexpr std::uint32_t kMostPoints = 144;
 
 std::string colorText(ColorValue color) {
     static constexpr char digits[] = "0123456789ABCDEF";
@@ -76,7 +76,7 @@ const Keyword* keywordIn(const Appearance& appearance, std::string_view text) {
 }
 
 std::optional<int> fontPoints(std::string_view size) {
-    const auto points = readNumber(size, 10, kMaxPoints);
+    const auto points = readNumber(size, 10, kMostPoints);
     return points && *points > 0 ? std::optional(static_cast<int>(*points)) : std::nullopt;
 }
 
