@@ -159,7 +159,7 @@ void measureDetails(std::size_t rows) {
     double clear = 0;
     const double show = microseconds(
         [&] {
-            list.append(next());
+            list.replace(next());
             UpdateWindow(list.handle());
             clear += microseconds([&] { list.empty(); }, 1) / 10;
         },

@@ -1,4 +1,4 @@
-// What the list of details tells its edit owner, and itself.
+// What the list of details sends to its edit owner, and to itself.
 #pragma once
 
 #include <string>
@@ -11,13 +11,13 @@ namespace mc {
 
 // The end of an edit in a multi-line edit list.
 struct EndOfEdit {
-    sMCListStruct& row;        // it still holds the text from before
+    sMCListStruct& row;        // still with the text from before the edit
     std::string_view column;   // the name of the edited column
-    const std::string& typed;  // the text to take
+    const std::string& typed;  // the new text
 };
 
 // Sent by a CMultiLineEditListCtrl to its edit owner when a text was typed, or an entry chosen (of
-// several, the entries stand side by side, with "," between them). wParam: the list's control id.
+// several, the entries one after the other, with "," between them). wParam: the list's control id.
 // lParam: an EndOfEdit. No result. The list shows afterwards what the row then holds.
 inline constexpr UINT kEndOfEdit = 33789;
 inline constexpr UINT kEndOfChoice = 33788;

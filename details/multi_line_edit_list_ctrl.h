@@ -9,37 +9,40 @@
 // changes the row. A text that did not change is no edit.
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
 
+#include "details/detail_editing.h"
 #include "details/multi_line_list_ctrl.h"
-#include "editors/cell_editor.h"
 
 namespace mc {
 
-class CMultiLineEditListCtrl final : public CMultiLineListCtrl, private CellEditorOwner {
+class CMultiLineEditListCtrl final : public CMultiLineListCtrl {
 public:
-    using CMultiLineListCtrl::CMultiLineListCtrl;
+    // Both must outlive the list.
+    CMultiLineEditListCtrl(ListServices& services, LineGroups& lines);
 
-    // The window that is told of ended edits. Without one nothing can be edited.
-    void setEditOwner(HWND owner) { m_editOwner = owner; }
+    // The window that is notified of ended edits. Without one nothing can be edited.
+    void setEditOwner(HWND owner) { m_editing.setOwner(owner); }
 
     // The characters that can be typed into values.
-    void setAllowedCharacters(std::string characters) { m_allowed = std::move(characters); }
+    void setAllowedCharacters(std::string characters) {
+        m_editing.setAllowedCharacters(std::move(characters));
+    }
 
     // The entries of choice cells.
-    void setChoices(std::vector<std::string> choices) { m_choices = std::move(choices); }
+    void setChoices(std::vector<std::string> choices) { m_editing.setChoices(std::move(choices)); }
 
-    // Ends an edit as if the focus went elsewhere, then shows the groups.
+    // Ends an edit in which nothing was typed, then shows the groups; any other edit goes on over
+    // its field, if that is among them.
     void replace(std::vector<DetailGroup> groups) override;
 
-    // Ends an edit without taking its text, and removes and frees every group.
+    // Ends an edit without its text, and removes and frees every group.
     void empty() override;
 
-    // Ends an edit under way as if the focus went elsewhere: its text is taken. False: the text is
-    // refused, the editor stays open, and the user is told.
-    bool leaveEditor() { return m_editor == nullptr || m_editor->leave(); }
+    // Ends an edit under way as if the focus went elsewhere: it commits. False: the text is
+    // refused, the editor stays open, and the user hears why.
+    bool leaveEditor() { return m_editing.leave(); }
 
     // The edited values have been sent: their marks go.
     void editsSent();
@@ -48,47 +51,25 @@ public:
     void editsDropped();
 
     // Enter, Esc or Tab while an editor has the focus. False: the key is the control's.
-    bool editorKey(UINT key, bool repeated);
+    bool editorKey(UINT key, bool repeated) { return m_editing.onDialogKey(key, repeated); }
 
     bool claims(UINT key) const override;
 
-    // The editor's place in the order of tabs.
-    bool editing(HWND focus) const { return m_editor != nullptr && m_editor->owns(focus); }
+    // Whether `focus` is in the editor.
+    bool editing(HWND focus) const { return m_editing.owns(focus); }
 
 protected:
     const fw::MessageMap& messageMap() const override;
-    CellLook cellLook(std::size_t row, int item) const override;
-    void drawOver(HDC dc, std::size_t row, int item, const RECT& place) const override;
 
 private:
     bool beforeCellsMove() override { return leaveEditor(); }
-    void cellsMove() override;
+    void cellsMove() override { m_editing.cellsMove(); }
     bool scrollRefused() { return !leaveEditor(); }
     void onScrolled(NMHDR&) { cellsMove(); }
-    void onFollowCell();
-    bool onEditKey(UINT key, bool repeated);
-    void onEditDoubleClick(POINT client);
     void onResized(int, int) { cellsMove(); }
-    void onNextEditor(WPARAM how);
-    void editEnding(EditEnd end, const std::optional<std::string>& typed) override;
-    void editRefused(const std::string& message) override;
-    void editorFocusChanged() override;
+    void onDoubleClick(POINT client);
 
-    bool editable(const LineGroups::Line* line) const;
-    void openEditor(std::size_t row);
-    void closeEditor();
-    void dropText();
-    std::unique_ptr<CCellEditor> makeEditor(RowAttribute attribute);
-    void tellOwner(const std::string& typed);
-    RECT editPlace(std::size_t row) const;
-    void drawFrame(HDC dc, RowAttribute attribute, const RECT& frame) const;
-
-    HWND m_editOwner = nullptr;
-    std::string m_allowed;
-    std::vector<std::string> m_choices;
-    std::unique_ptr<CCellEditor> m_editor;
-    LineGroups::Line* m_edited = nullptr;   // the line that the editor stands on
-    std::optional<std::string> m_lostText;  // why a text whose line went was refused
+    CDetailEditing m_editing;
 };
 
 }  // namespace mc

@@ -1,29 +1,38 @@
 // CCellTip: shows the whole text of a cell that is cut off, while the mouse is over it.
 #pragma once
 
-#include <windows.h>
+#include <optional>
 
-#include <string_view>
+#include "framework/tool_tip.h"
+#include "framework/window.h"
+#include "listctrl/list_header.h"
+#include "listctrl/list_painter.h"
+#include "listctrl/model/list_content.h"
 
 namespace mc {
 
 class CCellTip {
 public:
-    CCellTip() = default;
-    ~CCellTip();
-    CCellTip(const CCellTip&) = delete;
-    CCellTip& operator=(const CCellTip&) = delete;
+    // All must outlive the object.
+    CCellTip(const fw::CWindow& list, const ListContent& content, const CListHeader& header,
+             const CListPainter& painter)
+        : m_list(list), m_content(content), m_header(header), m_painter(painter) {}
 
-    // The mouse is over `cell` of `list` (client coordinates), whose text is cut off. Very long
-    // texts are shown up to a screenful.
-    void show(HWND list, const RECT& cell, std::string_view text);
+    void onMouseMove(POINT client);
 
-    // It is over no such cell.
-    void hide();
+    // Other texts may be under the mouse now.
+    void forget();
 
 private:
-    HWND m_tips = nullptr;
-    HWND m_list = nullptr;
+    void show(ListCell cell);
+    void hide();
+
+    const fw::CWindow& m_list;
+    const ListContent& m_content;
+    const CListHeader& m_header;
+    const CListPainter& m_painter;
+    fw::CToolTip m_tip;
+    std::optional<ListCell> m_hovered;
     bool m_shown = false;
 };
 

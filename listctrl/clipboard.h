@@ -7,8 +7,9 @@
 
 namespace mc {
 
-// Makes `text` the clipboard's text, owned by `owner`. A clipboard that cannot be opened is left
-// alone, without a message; one whose memory cannot be locked is left open.
+// Makes `text` the clipboard's text, owned by `owner`. Nothing happens, and
+// nothing is shown, when the clipboard cannot be opened. When memory cannot be locked, the
+// clipboard stays open.
 void copyToClipboard(HWND owner, const std::string& text);
 
 }  // namespace mc

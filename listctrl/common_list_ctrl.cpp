@@ -1,318 +1,149 @@
 #include "listctrl/common_list_ctrl.h"
 
-#include <algorithm>
+#include <vector>
 
-#include "settings/model/settings_store.h"
+#include "listctrl/list_messages.h"
 
 namespace mc {
 namespace {
 
-// Every list of the process, for loading their profiles anew.
+// Every list of the process, for loading their profiles again.
 std::vector<CCommonListCtrl*>& allLists() {
     static std::vector<CCommonListCtrl*> lists;
     return lists;
 }
 
-constexpr int kNoSortImage = 0;
-constexpr int kAscendingImage = 1;
-constexpr int kDescendingImage = 2;
-
 }  // namespace
 
 CCommonListCtrl::CCommonListCtrl(ListServices& services, RecordStore& store)
-    : m_services(services), m_store(store), m_rules(store) {
+    : m_services(services),
+      m_content(store, [this] { PostMessageA(handle(), kInvalidFound, 0, 0); }),
+      m_update(*this, store),
+      m_header(*this),
+      m_appearance(*this, services, *this),
+      m_painter(*this, m_content, m_header, m_appearance),
+      m_cellTip(*this, m_content, m_header, m_painter),
+      m_input(*this, m_content, m_header, m_update),
+      m_answers(store, m_input),
+      m_columns(*this, services, *this, {m_content, m_header, m_update, m_painter}),
+      m_commands(*this, services, *this, {m_content, m_columns, m_appearance, m_input}) {
     allLists().push_back(this);
 }
 
 CCommonListCtrl::~CCommonListCtrl() {
     std::erase(allLists(), this);
-    if (m_reader) m_store.setCellReader({});
 }
 
-bool CCommonListCtrl::create(HWND parent, UINT id, std::string name, std::string title) {
-    m_name = std::move(name);
-    m_title = std::move(title);
+bool CCommonListCtrl::create(HWND parent, UINT id, const std::string& name, std::string title) {
     const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS | WS_CLIPCHILDREN |
                         LVS_REPORT | LVS_OWNERDATA | LVS_OWNERDRAWFIXED | LVS_SHOWSELALWAYS;
     const HWND list =
-        CreateWindowExA(WS_EX_CLIENTEDGE, WC_LISTVIEWA, m_name.c_str(), style, 0, 0, 0, 0, parent,
+        CreateWindowExA(WS_EX_CLIENTEDGE, WC_LISTVIEWA, name.c_str(), style, 0, 0, 0, 0, parent,
                         reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), fw::module(), nullptr);
     if (!subclass(list)) return false;
     const auto font = SendMessageA(GetAncestor(parent, GA_PARENT), WM_GETFONT, 0, 0);
     SendMessageA(list, WM_SETFONT, static_cast<WPARAM>(font), FALSE);
     const DWORD extended = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
-    SendMessageA(list, LVM_SETEXTENDEDLISTVIEWSTYLE, extended, extended);
-    readAppearance();
+    fw::ListView(list).setExtendedStyle(extended, extended);
+    m_columns.setName(name);
+    m_appearance.read(name, std::move(title));
     return true;
 }
 
-// ---- Columns ----
-
-void CCommonListCtrl::setColumns(std::span<const sVoskColInfo> columns, DataReader reader,
+void CCommonListCtrl::setColumns(std::span<const sVoskColInfo> columns, CellReader reader,
                                  std::span<const ColumnId> mandatory) {
-    m_columns.install(columns, scaled(USER_DEFAULT_SCREEN_DPI));
-    m_columns.setMandatory(mandatory);
-    m_reader = std::move(reader);
-    m_store.setCellReader(
-        [this](Slot record, ColumnId column) { return readCell(record, column); });
-    readProfile();
-    columnsChanged();
-}
-
-void CCommonListCtrl::readProfile() {
-    std::string stored;
-    if (m_services.settings().AccessColumnProfile(SETTING_READ, m_name, stored) != 0 &&
-        !stored.empty())
-        m_columns.apply(mc::readProfile(stored));
-}
-
-bool CCommonListCtrl::saveColumnProfile() {
-    std::string text = profileText(m_columns.profile());
-    if (text.size() <= kLongestProfile &&  // else it would come back cut
-        m_services.settings().AccessColumnProfile(SETTING_WRITE, m_name, text) != 0)
-        return true;
-    m_services.showMessage("Error while saving column profile");
-    return false;
+    m_content.install(columns, scaled(USER_DEFAULT_SCREEN_DPI), std::move(reader), mandatory);
+    m_columns.loadProfile();
 }
 
 void CCommonListCtrl::loadAllColumnProfiles() {
-    for (CCommonListCtrl* list : allLists()) {
-        list->readProfile();
-        list->columnsChanged();
-    }
+    for (CCommonListCtrl* list : allLists()) list->m_columns.loadProfile();
 }
 
-void CCommonListCtrl::columnsChanged() {
-    cellsMove();
-    compileExpressions();
-    m_updating = true;  // the header's own notifications say nothing new
-    {
-        const fw::RedrawOffScope off(handle());
-        while (SendMessageA(handle(), LVM_DELETECOLUMN, 0, 0) != 0) continue;
-        int item = 0;
-        for (const ColumnId id : m_columns.shown()) {
-            const ColumnDescriptor& column = m_columns.descriptor(id);
-            LVCOLUMNA info{};
-            info.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT | LVCF_SUBITEM;
-            info.pszText = const_cast<char*>(column.caption.c_str());
-            info.cx = m_columns.width(id);
-            info.fmt = column.flag;
-            info.iSubItem = item;
-            SendMessageA(handle(), LVM_INSERTCOLUMNA, static_cast<WPARAM>(item++),
-                         reinterpret_cast<LPARAM>(&info));
-        }
-    }
-    m_updating = false;
-    measureHeader();
-    headerBuilt();
-    sortAgain();
-    InvalidateRect(handle(), nullptr, TRUE);
-}
-
-LRESULT CCommonListCtrl::onHeaderItemChanging(NMHEADERA& info) {
-    const bool width = info.pitem != nullptr && (info.pitem->mask & HDI_WIDTH) != 0;
-    if (width && !m_updating && !beforeCellsMove()) return TRUE;
-    return controlDefault(WM_NOTIFY, info.hdr.idFrom, reinterpret_cast<LPARAM>(&info));
-}
-
-LRESULT CCommonListCtrl::onHeaderItemChanged(NMHEADERA& info) {
-    if (!m_updating && info.pitem != nullptr && (info.pitem->mask & HDI_WIDTH) != 0 &&
-        static_cast<std::size_t>(info.iItem) < m_columns.shown().size()) {
-        m_columns.setWidth(columnAt(info.iItem), info.pitem->cxy);
-        onHeaderMoved();
-        PostMessageA(handle(), kHeaderMoved, 0, 0);
-    }
-    return controlDefault(WM_NOTIFY, info.hdr.idFrom, reinterpret_cast<LPARAM>(&info));
-}
-
-void CCommonListCtrl::onHeaderMoved() {
-    measureHeader();
-    headerBuilt();
-    InvalidateRect(handle(), nullptr, FALSE);
-}
-
-// ---- Rows ----
-
-std::string_view CCommonListCtrl::readCell(Slot record, ColumnId column) {
-    if (!m_reader) return {};
-    const bool data = toIndex(column) < m_columns.dataSize();
-    return data ? m_reader(record, column) : computeCell(record, column);
-}
-
-void CCommonListCtrl::compileExpressions() {
-    std::vector<std::string> expressions;
-    for (std::size_t i = m_columns.dataSize(); i < m_columns.size(); ++i) {
-        expressions.push_back(m_columns.descriptor(toColumnId(i)).expression);
-        m_store.columnChanged(toColumnId(i));
-    }
-    m_computedColumns.emplace(m_columns.dataSize(), expressions);
-    m_toldInvalid.assign(m_columns.size(), false);
-}
-
-// A cell without a value stays empty. An invalid expression is told once, not once per row; so is
-// one that refers to a column that was deleted.
-std::string_view CCommonListCtrl::computeCell(Slot record, ColumnId id) {
-    const std::size_t column = toIndex(id);
-    m_computed.clear();
-    if (!m_computedColumns || column >= m_computedColumns->columns()) return {};
-    const auto fetch = [&](int data) {
-        return CellFetch::Result(m_reader(record, ColumnId{data}));
-    };
-    const CellOutcome outcome = m_computedColumns->compute(column, fetch, m_computed);
-    if (!m_toldInvalid[column] &&
-        (outcome == CellOutcome::invalid ||
-         (outcome == CellOutcome::notFetched && !m_columns.isValid(id)))) {
-        m_toldInvalid[column] = true;
-        PostMessageA(handle(), kTellInvalid, 0, 0);
-    }
-    return m_computed;
-}
-
-std::string_view CCommonListCtrl::cellText(std::size_t row, ColumnId column) const {
-    return m_store.cellText(row, column);
-}
-
-// Painting comes when the thread's queue is empty, and with it the update.
-void CCommonListCtrl::storeChanged() {
-    if (m_stale || handle() == nullptr) return;
-    m_stale = true;
-    InvalidateRect(handle(), nullptr, TRUE);
+bool CCommonListCtrl::claims(UINT key) const {
+    const Modifiers keys = modifiersDown();
+    return isListKey(key, keys.ctrl, keys.shift, m_commands.offers());
 }
 
 void CCommonListCtrl::beforeMessage(UINT message) {
-    if (m_stale && !m_updating && message != WM_DESTROY) bringUpToDate();
+    if (!m_update.isDue(message) || m_header.isChanging()) return;
+    m_update.run();
+    m_cellTip.forget();
 }
 
-void CCommonListCtrl::bringUpToDate() {
-    m_updating = true;
-    m_stale = false;
-    m_hovered.reset();  // another text may stand there now
-    m_cellTip.hide();
-    const RowChanges changes = m_store.takeChanges();
-    if (changes.count) {
-        const fw::RedrawOffScope off(handle());
-        SendMessageA(handle(), LVM_SETITEMCOUNT, m_store.rowCount(),
-                     LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
-    }
-    InvalidateRect(handle(), nullptr, TRUE);
-    m_updating = false;
+// Widths are in the font, and so is the header's height.
+void CCommonListCtrl::fontChanged() {
+    m_painter.fontChanged();
+    m_header.measure();
 }
 
 LRESULT CCommonListCtrl::onGetDispInfo(NMLVDISPINFOA& info) {
     LVITEMA& item = info.item;
     if ((item.mask & LVIF_TEXT) == 0 || item.cchTextMax <= 0) return 0;
     std::string_view text;
-    if (item.iItem >= 0 && item.iSubItem >= 0 &&
-        static_cast<std::size_t>(item.iSubItem) < m_columns.shown().size())
-        text = cellText(static_cast<std::size_t>(item.iItem), columnAt(item.iSubItem));
+    if (item.iItem >= 0 && item.iSubItem >= 0 && item.iSubItem < m_content.shownCount())
+        text =
+            m_content.text(static_cast<std::size_t>(item.iItem), m_content.columnAt(item.iSubItem));
     const auto copied = text.copy(item.pszText, static_cast<std::size_t>(item.cchTextMax) - 1);
     item.pszText[copied] = '\0';
     return 0;
 }
 
-void CCommonListCtrl::setEmptyText(std::string text) {
-    m_emptyText = std::move(text);
-    if (handle() != nullptr) onAreaChanged();
+// Enter in a list belongs to the list: it must never press the dialog's default button.
+LRESULT CCommonListCtrl::onGetDialogCode(const MSG* message) {
+    const LRESULT code = controlDefault(WM_GETDLGCODE, 0, reinterpret_cast<LPARAM>(message)) |
+                         DLGC_WANTCHARS;  // letters find rows
+    return message != nullptr && message->wParam == VK_RETURN ? code | DLGC_WANTMESSAGE : code;
 }
 
-// ---- Sorting ----
-
-void CCommonListCtrl::onHeaderClick(NMLISTVIEW& click) {
-    if (click.iSubItem < 0 || static_cast<std::size_t>(click.iSubItem) >= m_columns.shown().size())
-        return;
-    if (!beforeCellsMove()) return;
-    const ColumnId column = columnAt(click.iSubItem);
-    const bool again = m_sorting && m_sorting->column == column;
-    const fw::WaitCursorScope wait;
-    sortByColumn(column, again ? m_sorting->direction > 0 : true);
+void CCommonListCtrl::onPaint() {
+    controlDefault(WM_PAINT, 0, 0);
+    m_painter.drawEmptyText();
 }
-
-// Nothing would mark a column that does not show, so a list is never sorted by one.
-void CCommonListCtrl::sortAgain() {
-    if (m_defaultSort && !m_columns.placeOf(m_defaultSort->column)) m_defaultSort.reset();
-    if (!m_sorting) return;
-    if (m_columns.placeOf(m_sorting->column))
-        sortByColumn(m_sorting->column, m_sorting->direction < 0);
-    else
-        endSorting();
-}
-
-void CCommonListCtrl::sortByColumn(ColumnId column, bool ascending) {
-    const auto shown = m_columns.placeOf(column);
-    if (!shown) return;
-    if (m_sorting)
-        if (const auto place = m_columns.placeOf(m_sorting->column))
-            showSortImage(static_cast<int>(*place), kNoSortImage);
-    m_sorting = Sorting{column, ascending ? -1 : 1};
-    const auto type = static_cast<int>(m_columns.descriptor(column).type);
-    m_store.sort({column, comparisonOf(type), m_sorting->direction});
-    showSortImage(static_cast<int>(*shown), ascending ? kAscendingImage : kDescendingImage);
-    storeChanged();
-}
-
-void CCommonListCtrl::endSorting() {
-    if (!m_sorting) return;
-    if (const auto place = m_columns.placeOf(m_sorting->column))
-        showSortImage(static_cast<int>(*place), kNoSortImage);
-    m_sorting.reset();
-    m_store.unsort();
-    storeChanged();
-}
-
-void CCommonListCtrl::showSortImage(int item, int image) {
-    HDITEMA info{};
-    info.mask = HDI_IMAGE | HDI_FORMAT;
-    m_updating = true;
-    SendMessageA(header(), HDM_GETITEMA, static_cast<WPARAM>(item),
-                 reinterpret_cast<LPARAM>(&info));
-    info.fmt = image != kNoSortImage ? info.fmt | HDF_IMAGE : info.fmt & ~HDF_IMAGE;
-    info.iImage = image;
-    SendMessageA(header(), HDM_SETITEMA, static_cast<WPARAM>(item),
-                 reinterpret_cast<LPARAM>(&info));
-    m_updating = false;
-}
-
-// ---- Messages ----
 
 const fw::MessageMap& CCommonListCtrl::baseMap() {
+    using C = CCommonListCtrl;
     static constexpr fw::MessageEntry entries[] = {
-        fw::onReflected<LVN_GETDISPINFOA, &CCommonListCtrl::onGetDispInfo>(),
-        fw::onReflected<LVN_COLUMNCLICK, &CCommonListCtrl::onHeaderClick>(),
-        fw::onReflected<static_cast<UINT>(NM_RCLICK), &CCommonListCtrl::onRightClick>(),
-        fw::onNotify<0, HDN_ITEMCHANGINGA, &CCommonListCtrl::onHeaderItemChanging>(),
-        fw::onNotify<0, HDN_ITEMCHANGINGW, &CCommonListCtrl::onHeaderItemChanging>(),
-        fw::onNotify<0, HDN_ITEMCHANGEDA, &CCommonListCtrl::onHeaderItemChanged>(),
-        fw::onNotify<0, HDN_ITEMCHANGEDW, &CCommonListCtrl::onHeaderItemChanged>(),
-        fw::onNotify<0, static_cast<UINT>(NM_RCLICK), &CCommonListCtrl::onHeaderRightClick>(),
-        fw::onAnyCommand<&CCommonListCtrl::onMenuCommand>(),
-        fw::on<WM_PAINT, &CCommonListCtrl::onPaint>(),
-        fw::observe<WM_SIZE, &CCommonListCtrl::onSize>(),
-        fw::observe<WM_HSCROLL, &CCommonListCtrl::onAreaChanged>(),
-        fw::on<WM_DRAWITEM, &CCommonListCtrl::onDrawItem>(),
-        fw::on<WM_MEASUREITEM, &CCommonListCtrl::onMeasureItem>(),
-        fw::on<WM_GETDLGCODE, &CCommonListCtrl::onGetDialogCode>(),
-        fw::on<WM_LBUTTONDOWN, &CCommonListCtrl::onButtonDown>(),
-        fw::on<WM_LBUTTONUP, &CCommonListCtrl::onButtonUp>(),
-        fw::on<WM_LBUTTONDBLCLK, &CCommonListCtrl::onDoubleClick>(),
-        fw::observe<WM_MOUSEMOVE, &CCommonListCtrl::onMouseMove>(),
-        fw::on<WM_RBUTTONDOWN, &CCommonListCtrl::onRightDown>(),
-        fw::on<WM_RBUTTONUP, &CCommonListCtrl::onRightUp>(),
-        fw::offer<WM_KEYDOWN, &CCommonListCtrl::onKeyDown>(),
-        fw::on<WM_CHAR, &CCommonListCtrl::onCharacter>(),
-        fw::observe<WM_SETFOCUS, &CCommonListCtrl::onFocusChanged>(),
-        fw::observe<WM_KILLFOCUS, &CCommonListCtrl::onFocusChanged>(),
-        fw::observe<WM_SYSCOLORCHANGE, &CCommonListCtrl::onSystemChanged>(),
-        fw::on<LVM_GETITEMSTATE, &CCommonListCtrl::onGetItemState>(),
-        fw::on<LVM_SETITEMSTATE, &CCommonListCtrl::onSetItemState>(),
-        fw::on<LVM_GETNEXTITEM, &CCommonListCtrl::onGetNextItem>(),
-        fw::on<LVM_GETNEXTITEMINDEX, &CCommonListCtrl::onGetNextItemIndex>(),
-        fw::on<LVM_GETSELECTEDCOUNT, &CCommonListCtrl::onGetSelectedCount>(),
-        fw::on<LVM_GETSELECTIONMARK, &CCommonListCtrl::onGetSelectionMark>(),
-        fw::on<LVM_SETSELECTIONMARK, &CCommonListCtrl::onSetSelectionMark>(),
-        fw::on<LVM_FINDITEMA, &CCommonListCtrl::onFindItem>(),
-        fw::on<LVM_FINDITEMW, &CCommonListCtrl::onFindItem>(),
-        fw::on<kHeaderMoved, &CCommonListCtrl::onHeaderMoved>(),
-        fw::on<kTellInvalid, &CCommonListCtrl::onTellInvalid>(),
+        fw::onReflected<LVN_GETDISPINFOA, &C::onGetDispInfo>(),
+        fw::onReflected<LVN_COLUMNCLICK, &C::m_columns, &CListColumns::onCaptionClick>(),
+        fw::onReflected<static_cast<UINT>(NM_RCLICK), &C::m_commands,
+                        &CListCommands::onRightClick>(),
+        fw::onNotify<0, HDN_ITEMCHANGINGA, &C::m_columns, &CListColumns::onItemChanging>(),
+        fw::onNotify<0, HDN_ITEMCHANGINGW, &C::m_columns, &CListColumns::onItemChanging>(),
+        fw::onNotify<0, HDN_ITEMCHANGEDA, &C::m_columns, &CListColumns::onItemChanged>(),
+        fw::onNotify<0, HDN_ITEMCHANGEDW, &C::m_columns, &CListColumns::onItemChanged>(),
+        fw::onNotify<0, static_cast<UINT>(NM_RCLICK), &C::m_commands,
+                     &CListCommands::onHeaderRightClick>(),
+        fw::onAnyCommand<&C::m_commands, &CListCommands::onMenuCommand>(),
+        fw::on<WM_PAINT, &C::onPaint>(),
+        fw::observe<WM_SIZE, &C::onAreaChanged>(),
+        fw::observe<WM_HSCROLL, &C::m_painter, &CListPainter::onAreaChanged>(),
+        fw::on<WM_DRAWITEM, &C::m_painter, &CListPainter::onDrawItem>(),
+        fw::on<WM_MEASUREITEM, &C::m_painter, &CListPainter::onMeasureItem>(),
+        fw::on<WM_GETDLGCODE, &C::onGetDialogCode>(),
+        fw::on<WM_LBUTTONDOWN, &C::m_input, &CListInput::onButtonDown>(),
+        fw::on<WM_LBUTTONUP, &C::m_input, &CListInput::onButtonUp>(),
+        fw::on<WM_LBUTTONDBLCLK, &C::m_input, &CListInput::onDoubleClick>(),
+        fw::observe<WM_MOUSEMOVE, &C::m_cellTip, &CCellTip::onMouseMove>(),
+        fw::on<WM_RBUTTONDOWN, &C::m_input, &CListInput::onRightDown>(),
+        fw::on<WM_RBUTTONUP, &C::m_input, &CListInput::onRightUp>(),
+        fw::offer<WM_KEYDOWN, &C::m_input, &CListInput::onKeyDown>(),
+        fw::offer<WM_KEYDOWN, &C::m_commands, &CListCommands::onKeyDown>(),
+        fw::on<WM_CHAR, &C::m_input, &CListInput::onCharacter>(),
+        fw::observe<WM_SETFOCUS, &C::m_input, &CListInput::onFocusChanged>(),
+        fw::observe<WM_KILLFOCUS, &C::m_input, &CListInput::onFocusChanged>(),
+        fw::observe<WM_SYSCOLORCHANGE, &C::m_appearance, &CListAppearance::showColors>(),
+        fw::on<LVM_GETITEMSTATE, &C::m_answers, &CSelectionAnswers::onGetItemState>(),
+        fw::on<LVM_SETITEMSTATE, &C::m_answers, &CSelectionAnswers::onSetItemState>(),
+        fw::on<LVM_GETNEXTITEM, &C::m_answers, &CSelectionAnswers::onGetNextItem>(),
+        fw::on<LVM_GETNEXTITEMINDEX, &C::m_answers, &CSelectionAnswers::onGetNextItemIndex>(),
+        fw::on<LVM_GETSELECTEDCOUNT, &C::m_answers, &CSelectionAnswers::onGetSelectedCount>(),
+        fw::on<LVM_GETSELECTIONMARK, &C::m_answers, &CSelectionAnswers::onGetSelectionMark>(),
+        fw::on<LVM_SETSELECTIONMARK, &C::m_answers, &CSelectionAnswers::onSetSelectionMark>(),
+        fw::on<LVM_FINDITEMA, &C::m_answers, &CSelectionAnswers::onFindItem>(),
+        fw::on<LVM_FINDITEMW, &C::m_answers, &CSelectionAnswers::onFindItem>(),
+        fw::on<kHeaderMoved, &C::m_columns, &CListColumns::onHeaderMoved>(),
+        fw::on<kInvalidFound, &C::onInvalidExpression>(),
     };
     static constexpr fw::MessageMap map{nullptr, entries};
     return map;

@@ -68,13 +68,13 @@ bool CFilterBox::create(HWND header, UINT id, const std::string& name, HFONT fon
 }
 
 int CFilterBox::height() const {
-    RECT place{};
-    GetWindowRect(handle(), &place);
-    return static_cast<int>(place.bottom - place.top);
+    RECT rect{};
+    GetWindowRect(handle(), &rect);
+    return static_cast<int>(rect.bottom - rect.top);
 }
 
 // A combo box that gets another size selects its text.
-void CFilterBox::place(int left, int top, int width) {
+void CFilterBox::moveTo(int left, int top, int width) {
     RECT now{};
     GetWindowRect(handle(), &now);
     MapWindowPoints(HWND_DESKTOP, GetParent(handle()), reinterpret_cast<POINT*>(&now), 2);
@@ -132,7 +132,7 @@ bool CFilterBox::CEdit::onSystemKeyDown(UINT key, bool repeated) {
     return true;
 }
 
-// A key that went down elsewhere means nothing here.
+// A key that went down in another window has no effect here.
 void CFilterBox::CEdit::onFocus() {
     m_box.m_held = isDown(VK_ESCAPE) ? VK_ESCAPE : isDown(VK_RETURN) ? VK_RETURN : 0;
 }
@@ -143,7 +143,7 @@ void CFilterBox::CEdit::onFocusLost() {
     showBeginning();
 }
 
-// The edit would beep at what Enter and Esc bring behind them.
+// The edit would beep at the characters of Enter and Esc.
 bool CFilterBox::CEdit::onCharacter(UINT character) {
     return character == '\r' || character == '\n' || character == VK_ESCAPE;
 }
@@ -179,7 +179,7 @@ bool CFilterBox::key(UINT key) {
     return true;
 }
 
-// By key: closing the list takes its line, as Enter does, but not the text.
+// By key. Closing the list applies its selected line, as Enter does, but not the text.
 void CFilterBox::toggle() {
     if (!dropped()) {
         SendMessageA(handle(), CB_SHOWDROPDOWN, TRUE, 0);
@@ -189,7 +189,8 @@ void CFilterBox::toggle() {
     close(chosen && m_box.taken(*chosen));
 }
 
-// The first step into a list that is on no line goes to where the text leads.
+// The first step into a list without a selected line goes to the first line that begins with the
+// text.
 bool CFilterBox::stepIn() {
     if (line()) return false;
     const std::string& text = m_box.shown().text;
@@ -203,19 +204,19 @@ bool CFilterBox::stepIn() {
 
 void CFilterBox::enter() {
     const auto chosen = dropped() ? line() : std::nullopt;
-    // A text can also be set from outside, which nothing tells.
+    // A text can also be set from outside, without a notification.
     if (std::string text = windowText(edit()); !dropped() && text != m_box.shown().text)
         m_box.typed(std::move(text));
     close(m_box.entered(chosen));
 }
 
-// ---- What the control says ----
+// ---- Notifications of the control ----
 
 void CFilterBox::onNotification(UINT code) {
     switch (code) {
         case CBN_SETFOCUS:
         case CBN_KILLFOCUS:
-            return m_owner.boxFocusChanged();
+            return m_owner.partFocusChanged();
         case CBN_DROPDOWN:
             return onDropped();
         case CBN_EDITCHANGE:
@@ -251,7 +252,7 @@ void CFilterBox::onDropped() {
     PostMessageA(handle(), kSettle, 0, 0);
 }
 
-// The control is through with a drop or a close.
+// The control has finished with a drop or a close.
 void CFilterBox::onSettle() {
     m_showing = true;
     if (dropped()) {
@@ -273,7 +274,7 @@ bool CFilterBox::onTimer(UINT_PTR id) {
     return true;
 }
 
-// ---- What comes of it ----
+// ---- Results ----
 
 std::optional<FilterBox::Line> CFilterBox::line() const {
     const auto chosen = SendMessageA(handle(), CB_GETCURSEL, 0, 0);

@@ -1,10 +1,10 @@
 // CFilterBox: the window of one column's filter box, an edit with a drop-down of the column's
 // values. FilterBox says what it shows and what applies.
 //
-// The control would complete a text when its list drops, step through the values at arrow keys and
-// the wheel, and write the line that its list is on into the edit at its own time. So a closed box
-// has no lines, its keys are handled here, and after each drop and close the box shows its own
-// text again, when the control is through with the message.
+// By itself the control completes a text when its list drops, steps through the values at arrow
+// keys and the wheel, and later writes the selected line of its list into the edit. So a closed box
+// has no lines, its keys are handled here, and after each drop and close the box shows its own text
+// again, when the control has finished with the message.
 #pragma once
 
 #include <string>
@@ -14,14 +14,14 @@
 
 namespace mc {
 
-// What the boxes ask of, and tell, the list that they belong to. An item is a shown column.
+// What the boxes ask the list that they belong to, and report to it. An item is a shown column.
 class FilterHeaderOwner {
 public:
     virtual DistinctValues filterChoices(int item) = 0;
     // Another filter applies. Called last: the box may be gone when it returns.
     virtual void filterChanged() = 0;
-    // A box got the focus or lost it.
-    virtual void boxFocusChanged() = 0;
+    // A part of the list, such as a box, got the focus or lost it.
+    virtual void partFocusChanged() = 0;
 
 protected:
     ~FilterHeaderOwner() = default;
@@ -36,13 +36,13 @@ public:
     bool create(HWND header, UINT id, const std::string& name, HFONT font, ColumnFilter filter);
 
     int height() const;
-    // A box that is there already is not touched.
-    void place(int left, int top, int width);
+    // Costs nothing when the box is there already.
+    void moveTo(int left, int top, int width);
 
     const ColumnFilter& filter() const { return m_box.applied(); }
     HWND edit() const { return m_edit.handle(); }
 
-    // Ends the filter without telling the owner.
+    // Ends the filter without a call of the owner.
     void clear();
 
     // Enter or Esc; false for any other key. Only the first of a key that is held down counts.
@@ -98,7 +98,7 @@ private:
     HWND m_label = nullptr;
     UINT m_held = 0;         // the key that was handled and is still down
     bool m_showing = false;  // the text is being set, not typed
-    bool m_applies = false;  // once the control is through
+    bool m_applies = false;  // once the control has finished
 };
 
 }  // namespace mc

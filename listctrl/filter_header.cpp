@@ -60,7 +60,7 @@ CFilterHeader::~CFilterHeader() {
     dropBoxes();
 }
 
-// A box that goes may still have something to say: there is none here any more to say it to.
+// A box that goes may still send notifications, which find no box here any more.
 void CFilterHeader::dropBoxes() {
     const auto gone = std::exchange(m_boxes, {});
 }
@@ -71,7 +71,8 @@ void CFilterHeader::setBoxes(const std::vector<ColumnFilter>& filters) {
         const auto item = static_cast<int>(m_boxes.size());
         auto box = std::make_unique<CFilterBox>(m_owner, item);
         const UINT id = kFirstBoxId + static_cast<UINT>(item);
-        if (!box->create(handle(), id, caption(item).text + " filter", m_font, filter)) break;
+        if (!box->create(handle(), id, control().item(item).caption + " filter", m_font, filter))
+            break;
         m_boxHeight = box->height() + scaled(2);
         m_boxes.push_back(std::move(box));
     }
@@ -80,18 +81,11 @@ void CFilterHeader::setBoxes(const std::vector<ColumnFilter>& filters) {
 
 void CFilterHeader::layOutBoxes() {
     for (std::size_t i = 0; i < m_boxes.size(); ++i) {
-        const RECT item = itemRect(static_cast<int>(i));
+        const RECT item = control().rect(static_cast<int>(i));
         const int width = std::max(static_cast<int>(item.right - item.left) - scaled(2), 0);
-        m_boxes[i]->place(item.left, m_captionHeight, width);
+        m_boxes[i]->moveTo(item.left, m_captionHeight, width);
     }
     InvalidateRect(handle(), nullptr, FALSE);
-}
-
-RECT CFilterHeader::itemRect(int item) const {
-    RECT place{};
-    SendMessageA(handle(), HDM_GETITEMRECT, static_cast<WPARAM>(item),
-                 reinterpret_cast<LPARAM>(&place));
-    return place;
 }
 
 ColumnFilter CFilterHeader::filter(int item) const {
@@ -130,47 +124,34 @@ void CFilterHeader::onPaint() {
     const fw::SelectScope select(dc, m_font);
     SetBkMode(dc, TRANSPARENT);
     RECT client = clientRect(), rest = client;
-    const auto items = static_cast<int>(SendMessageA(handle(), HDM_GETITEMCOUNT, 0, 0));
-    for (int item = 0; item < items; ++item) {
+    for (int item = 0; item < control().count(); ++item) {
         drawItem(dc, item);
-        rest.left = itemRect(item).right;
+        rest.left = control().rect(item).right;
     }
     FillRect(dc, &rest, GetSysColorBrush(COLOR_BTNFACE));
     DrawEdge(dc, &client, BDR_SUNKENOUTER, BF_BOTTOM);
 }
 
-CFilterHeader::Caption CFilterHeader::caption(int item) const {
-    char text[256]{};
-    HDITEMA info{};
-    info.mask = HDI_TEXT | HDI_FORMAT | HDI_IMAGE;
-    info.pszText = text;
-    info.cchTextMax = sizeof text;
-    SendMessageA(handle(), HDM_GETITEMA, static_cast<WPARAM>(item),
-                 reinterpret_cast<LPARAM>(&info));
-    return {text, info.fmt, info.iImage};
-}
-
 void CFilterHeader::drawItem(HDC dc, int item) const {
-    const Caption shown = caption(item);
-    const RECT place = itemRect(item);
-    if (RectVisible(dc, &place) == 0) return;
+    const fw::Header::Item shown = control().item(item);
+    const RECT rect = control().rect(item);
+    if (RectVisible(dc, &rect) == 0) return;
     const bool filtered = !filter(item).text.empty();
     const COLORREF face = GetSysColor(COLOR_BTNFACE);
     SetBkColor(dc, filtered ? mixed(GetSysColor(COLOR_HIGHLIGHT), face, 70) : face);
-    ExtTextOutA(dc, 0, 0, ETO_OPAQUE, &place, nullptr, 0, nullptr);
-    RECT edge{place.right - 2, place.top + 2, place.right, place.bottom - 2};
+    ExtTextOutA(dc, 0, 0, ETO_OPAQUE, &rect, nullptr, 0, nullptr);
+    RECT edge{rect.right - 2, rect.top + 2, rect.right, rect.bottom - 2};
     DrawEdge(dc, &edge, EDGE_ETCHED, BF_RIGHT);
 
-    RECT words{place.left + scaled(6), place.top, place.right - scaled(6),
-               place.top + m_captionHeight};
+    RECT words{rect.left + scaled(6), rect.top, rect.right - scaled(6), rect.top + m_captionHeight};
     if ((shown.format & HDF_IMAGE) != 0) {
         words.right -= scaled(13);
         ImageList_Draw(m_glyphs, shown.image, dc, words.right + scaled(3),
-                       place.top + (m_captionHeight - 5) / 2, ILD_TRANSPARENT);
+                       rect.top + (m_captionHeight - 5) / 2, ILD_TRANSPARENT);
     }
     static constexpr UINT alignments[] = {DT_LEFT, DT_RIGHT, DT_CENTER};
     SetTextColor(dc, GetSysColor(filtered && highContrast() ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT));
-    DrawTextA(dc, shown.text.c_str(), -1, &words,
+    DrawTextA(dc, shown.caption.c_str(), -1, &words,
               alignments[(shown.format & HDF_JUSTIFYMASK) % 3] | DT_SINGLELINE | DT_VCENTER |
                   DT_END_ELLIPSIS | DT_NOPREFIX);
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "framework/handles.h"
+#include "framework/header.h"
 #include "framework/window.h"
 #include "listctrl/filter_box.h"
 
@@ -22,13 +23,14 @@ public:
     // Takes the header control over; once. `glyphs` are the sort images, which the caller keeps.
     bool attach(HWND header, HFONT font, HIMAGELIST glyphs);
 
-    // The font of captions and boxes; boxes that stand already keep theirs. The caller keeps it.
+    // The font of captions and boxes; boxes that are there already keep theirs. The caller keeps
+    // it.
     void setFont(HFONT font) { m_font = font; }
 
     // Makes one box per item, with the filters that apply; a text that was being typed is gone.
     void setBoxes(const std::vector<ColumnFilter>& filters);
 
-    // Moves the boxes below their captions: a column's width or place changed.
+    // Moves the boxes below their captions: a column's width or position changed.
     void layOutBoxes();
 
     // What an item is filtered by, whatever is being typed in its box.
@@ -45,12 +47,6 @@ protected:
     const fw::MessageMap& messageMap() const override;
 
 private:
-    struct Caption {
-        std::string text;
-        int format;  // HDF_ bits
-        int image;
-    };
-
     LRESULT onLayout(HDLAYOUT& layout);
     void onPaint();
     LRESULT onErase(HDC) { return TRUE; }
@@ -58,8 +54,7 @@ private:
     void onBoxCommand(UINT id, UINT code);
     void dropBoxes();
     void drawItem(HDC dc, int item) const;
-    RECT itemRect(int item) const;
-    Caption caption(int item) const;
+    fw::Header control() const { return fw::Header(handle()); }
 
     FilterHeaderOwner& m_owner;
     HFONT m_font = nullptr;

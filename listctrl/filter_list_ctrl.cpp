@@ -1,44 +1,48 @@
 #include "listctrl/filter_list_ctrl.h"
 
+#include <utility>
+
+#include "framework/handles.h"
+#include "listctrl/list_notices.h"
+
 namespace mc {
 
-ListOffers CFilterListCtrl::offers() const {
-    ListOffers offers = CCommonListCtrl::offers();
+void CFilterListCtrl::addOffers(ListOffers& offers) const {
     offers.filters = true;
     offers.matchExactly = store().filters().matchExactly();
-    return offers;
 }
 
-bool CFilterListCtrl::runCommand(unsigned command) {
-    if (command == kResetFiltersCommand) {
-        resetFilters();
-        return true;
+bool CFilterListCtrl::runOwnCommand(unsigned command) {
+    switch (command) {
+        case kResetFiltersCommand:
+            resetFilters();
+            return true;
+        case kMatchExactlyCommand:
+            store().filters().setMatchExactly(!store().filters().matchExactly());
+            applyFilter();
+            return true;
+        default:
+            return false;
     }
-    if (command == kMatchExactlyCommand) {
-        store().filters().setMatchExactly(!store().filters().matchExactly());
-        applyFilter();
-        return true;
-    }
-    return CCommonListCtrl::runCommand(command);
 }
 
 // The boxes follow the columns; a column that stays keeps its filter.
 void CFilterListCtrl::headerBuilt() {
-    CCommonListCtrl::headerBuilt();
-    if (m_header.handle() == nullptr) {
+    if (m_filters.handle() == nullptr) {
         const auto font = reinterpret_cast<HFONT>(SendMessageA(handle(), WM_GETFONT, 0, 0));
-        m_header.attach(header(), font, services().glyphs());
+        m_filters.attach(header().control().handle(), font, services().glyphs());
     }
-    if (m_boxColumns == columns().shown()) return m_header.layOutBoxes();
+    const std::vector<ColumnId>& shown = content().columns().shown();
+    if (m_boxColumns == shown) return m_filters.layOutBoxes();
     const bool first = m_boxColumns.empty();
-    m_boxColumns = columns().shown();
+    m_boxColumns = shown;
     std::vector<ColumnFilter> filters;
     for (const ColumnId column : m_boxColumns) filters.push_back(store().filters().of(column));
-    m_header.setBoxes(filters);
+    m_filters.setBoxes(filters);
     // The control asks the header for its height when its own size changes.
     const RECT client = clientRect();
     SendMessageA(handle(), WM_SIZE, SIZE_RESTORED, MAKELPARAM(client.right, client.bottom));
-    m_header.layOutBoxes();
+    m_filters.layOutBoxes();
     if (!first)
         applyFilter();  // the filter of a column that went, or was hidden, ends with its box
 }
@@ -58,8 +62,9 @@ void CFilterListCtrl::columnRemoved(ColumnId removed) {
 
 // The boxes are made again, with the filters that apply.
 void CFilterListCtrl::fontChanged() {
-    if (m_header.handle() == nullptr) return;
-    m_header.setFont(reinterpret_cast<HFONT>(SendMessageA(handle(), WM_GETFONT, 0, 0)));
+    CCommonListCtrl::fontChanged();
+    if (m_filters.handle() == nullptr) return;
+    m_filters.setFont(reinterpret_cast<HFONT>(SendMessageA(handle(), WM_GETFONT, 0, 0)));
     m_boxColumns.clear();
     headerBuilt();
 }
@@ -69,7 +74,7 @@ void CFilterListCtrl::applyFilter() {
     const fw::WaitCursorScope wait;
     store().filters().clear();
     for (std::size_t item = 0; item < m_boxColumns.size(); ++item) {
-        const ColumnFilter filter = m_header.filter(static_cast<int>(item));
+        const ColumnFilter filter = m_filters.filter(static_cast<int>(item));
         store().filters().set(m_boxColumns[item], filter.text, filter.kind);
     }
     const RecordStore::Outcome outcome = store().filter();
@@ -78,7 +83,7 @@ void CFilterListCtrl::applyFilter() {
 }
 
 void CFilterListCtrl::resetFilters() {
-    m_header.clear();
+    m_filters.clear();
     applyFilter();
 }
 
@@ -88,13 +93,13 @@ DistinctValues CFilterListCtrl::filterChoices(int item) {
 }
 
 void CFilterListCtrl::filterChanged() {
-    NMHDR notice{handle(), static_cast<UINT_PTR>(GetDlgCtrlID(handle())), HDN_FILTERCHANGE};
-    SendMessageA(GetParent(handle()), WM_NOTIFY, notice.idFrom, reinterpret_cast<LPARAM>(&notice));
+    NMHDR notice{};
+    notifyParent(handle(), notice, HDN_FILTERCHANGE);
 }
 
 // The list's parts count as the list.
-void CFilterListCtrl::boxFocusChanged() {
-    notifyParent(IsChild(handle(), GetFocus()) != 0 ? NM_SETFOCUS : NM_KILLFOCUS, {}, {});
+void CFilterListCtrl::partFocusChanged() {
+    notifyParent(handle(), IsChild(handle(), GetFocus()) != 0 ? NM_SETFOCUS : NM_KILLFOCUS);
 }
 
 }  // namespace mc

@@ -4,6 +4,8 @@
 // the parent then calls applyFilter().
 #pragma once
 
+#include <vector>
+
 #include "listctrl/common_list_ctrl.h"
 #include "listctrl/filter_header.h"
 
@@ -17,27 +19,28 @@ public:
     void applyFilter();
     void resetFilters();
 
-    // The stops of the filter row, for the order of tabs.
-    std::vector<HWND> filterStops() const { return m_header.stops(); }
+    // The edits of the filter row, for the order of tabs.
+    std::vector<HWND> filterStops() const { return m_filters.stops(); }
 
     // Enter or Esc in a filter box. False: the key is not the filter row's.
-    bool dialogKey(HWND focus, UINT key) { return m_header.dialogKey(focus, key); }
+    bool dialogKey(HWND focus, UINT key) { return m_filters.dialogKey(focus, key); }
 
 protected:
-    ListOffers offers() const override;
-    bool runCommand(unsigned command) override;
+    void addOffers(ListOffers& offers) const override;
+    bool runOwnCommand(unsigned command) override;
     void headerBuilt() override;
     void columnRemoved(ColumnId removed) override;
     void fontChanged() override;
-    // The focus came into a part of the list or left it: the parent is told as if it were the list.
-    void boxFocusChanged() override;
+    // The focus came into a part of the list or left it: the parent is notified as if the part were
+    // the list.
+    void partFocusChanged() override;
 
 private:
     DistinctValues filterChoices(int item) override;
     void filterChanged() override;
 
-    CFilterHeader m_header{*this};
-    std::vector<ColumnId> m_boxColumns;  // the columns of the boxes, as they stand
+    CFilterHeader m_filters{*this};
+    std::vector<ColumnId> m_boxColumns;  // the columns of the boxes, from the left
 };
 
 }  // namespace mc

@@ -1,100 +1,131 @@
-// The appearance of CCommonListCtrl: colours, font and keywords, asked for and stored.
+#include "listctrl/list_appearance.h"
+
+#include <cstdlib>
+#include <utility>
+
+#include "framework/list_view.h"
 #include "framework/point_font.h"
-#include "listctrl/common_list_ctrl.h"
 #include "listctrl/dialogs/customized_appearance.h"
 
 namespace mc {
 
-void CCommonListCtrl::setBackground(COLORREF color) {
-    m_ownBackground = color;
+// ---- Colours ----
+
+void CListAppearance::setBackground(COLORREF color) {
+    m_background = color;
     showColors();
 }
 
-COLORREF CCommonListCtrl::background() const {
-    const COLORREF system = GetSysColor(COLOR_WINDOW);
-    if ((!m_appearance && !m_ownBackground) || highContrast()) return system;
-    return m_appearance ? m_appearance->background : m_ownBackground.value_or(system);
+RowColors CListAppearance::colors() const {
+    RowColors colors{GetSysColor(COLOR_WINDOW), GetSysColor(COLOR_WINDOWTEXT)};
+    if (highContrast()) return colors;
+    if (m_chosen) return {m_chosen->background, m_chosen->text};
+    colors.background = m_background.value_or(colors.background);
+    return colors;
 }
 
-void CCommonListCtrl::showColors() {
-    for (const UINT each : {LVM_SETBKCOLOR, LVM_SETTEXTBKCOLOR})
-        SendMessageA(handle(), each, 0, static_cast<LPARAM>(background()));
-    if (m_appearance)
-        SendMessageA(handle(), LVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(m_appearance->text));
-    InvalidateRect(handle(), nullptr, TRUE);
+std::optional<ColumnId> CListAppearance::keywordColumn() const {
+    return m_chosen ? m_chosen->keywordColumn : std::nullopt;
 }
 
-std::string CCommonListCtrl::appearanceKey() const {
-    return m_name + "-" + std::to_string(GetDlgCtrlID(handle()));
+RowColors CListAppearance::colorsOf(std::string_view keywordCell) const {
+    RowColors found = colors();
+    if (!m_chosen || highContrast()) return found;
+    if (const Keyword* keyword = keywordIn(*m_chosen, keywordCell)) found.text = keyword->color;
+    return found;
 }
 
-void CCommonListCtrl::readAppearance() {
+void CListAppearance::showColors() {
+    const fw::ListView view(m_list.handle());
+    view.setBackground(colors().background);
+    if (m_chosen) view.setTextColor(m_chosen->text);
+    InvalidateRect(m_list.handle(), nullptr, TRUE);
+}
+
+// ---- The chosen appearance ----
+
+std::string CListAppearance::key() const {
+    return m_name + "-" + std::to_string(GetDlgCtrlID(m_list.handle()));
+}
+
+void CListAppearance::read(std::string name, std::string title) {
+    m_name = std::move(name);
+    m_title = std::move(title);
     CSettingsStore& settings = m_services.settings();
     std::string stored;
     std::string error;
-    if (settings.AccessUserSetting(SETTING_READ, kCustomizeListsSection, appearanceKey(), stored,
+    if (settings.AccessUserSetting(SETTING_READ, kCustomizeListsSection, key(), stored,
                                    settings.GetUserSettingPath(), error) != 0)
-        m_appearance = mc::readAppearance(stored);
-    showAppearance();
+        m_chosen = readAppearance(stored);
+    show();
+}
+
+void CListAppearance::store() const {
+    CSettingsStore& settings = m_services.settings();
+    std::string stored = appearanceText(*m_chosen);
+    std::string error;
+    settings.AccessUserSetting(SETTING_WRITE, kCustomizeListsSection, key(), stored,
+                               settings.GetUserSettingPath(), error);
 }
 
 // What the dialog starts with: what the list looks like.
-Appearance CCommonListCtrl::shownAppearance() const {
-    if (m_appearance) return *m_appearance;
+Appearance CListAppearance::shown() const {
+    if (m_chosen) return *m_chosen;
     LOGFONTA font{};
-    const auto handleOfFont = reinterpret_cast<HFONT>(SendMessageA(handle(), WM_GETFONT, 0, 0));
-    GetObjectA(handleOfFont, sizeof font, &font);
-    const int dpi = scaled(USER_DEFAULT_SCREEN_DPI);
+    GetObjectA(reinterpret_cast<HFONT>(SendMessageA(m_list.handle(), WM_GETFONT, 0, 0)),
+               sizeof font, &font);
+    const int dpi = m_list.scaled(USER_DEFAULT_SCREEN_DPI);
     Appearance appearance;
-    appearance.background = background();
+    appearance.background = colors().background;
     appearance.text = GetSysColor(COLOR_WINDOWTEXT);
     appearance.fontFace = font.lfFaceName;
     appearance.fontSize = std::to_string(MulDiv(std::abs(font.lfHeight), 72, dpi));
     return appearance;
 }
 
-// Rows, header and what is measured follow the font.
-void CCommonListCtrl::showAppearance() {
-    if (m_appearance) {
-        const int points = fontPoints(m_appearance->fontSize).value_or(kStandardPoints);
+void CListAppearance::show() {
+    if (m_chosen) {
+        const int points = fontPoints(m_chosen->fontSize).value_or(kStandardPoints);
         fw::Font font =
-            fw::pointFont(m_appearance->fontFace, points, scaled(USER_DEFAULT_SCREEN_DPI));
-        SendMessageA(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), FALSE);
+            fw::pointFont(m_chosen->fontFace, points, m_list.scaled(USER_DEFAULT_SCREEN_DPI));
+        SendMessageA(m_list.handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), FALSE);
         m_font = std::move(font);
     }
-    m_charWidths.clear();
     measureRows();
-    measureHeader();
-    fontChanged();
+    m_hooks.fontChanged();
     showColors();
 }
 
-void CCommonListCtrl::customizeAppearance() {
-    AppearanceQuestion question{
-        "Customize Appearance :" + m_title, {}, shownAppearance(), m_customizable};
-    for (std::size_t i = 0; i < m_columns.size(); ++i)
-        question.columns.push_back(m_columns.descriptor(toColumnId(i)).caption);
-    std::optional<Appearance> chosen = askAppearance(handle(), question);
-    if (!chosen || handle() == nullptr) return;  // the window may go behind the dialog
-    m_appearance = std::move(*chosen);
-    showAppearance();
-    storeAppearance();
+// The control asks for the height of its rows when it is made, and again whenever it hears that its
+// size changed.
+void CListAppearance::measureRows() const {
+    RECT rect{};
+    GetWindowRect(m_list.handle(), &rect);
+    WINDOWPOS same{};
+    same.hwnd = m_list.handle();
+    same.cx = static_cast<int>(rect.right - rect.left);
+    same.cy = static_cast<int>(rect.bottom - rect.top);
+    same.flags = SWP_NOZORDER | SWP_NOMOVE | SWP_NOACTIVATE;
+    SendMessageA(m_list.handle(), WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&same));
 }
 
-void CCommonListCtrl::storeAppearance() {
-    CSettingsStore& settings = m_services.settings();
-    std::string stored = appearanceText(*m_appearance);
-    std::string error;
-    settings.AccessUserSetting(SETTING_WRITE, kCustomizeListsSection, appearanceKey(), stored,
-                               settings.GetUserSettingPath(), error);
+void CListAppearance::customize(const ColumnModel& columns) {
+    AppearanceQuestion question{"Customize Appearance :" + m_title, {}, shown(), m_customizable};
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        question.columns.push_back(columns.descriptor(toColumnId(i)).caption);
+    std::optional<Appearance> chosen = askAppearance(m_list.handle(), question);
+    if (!chosen || m_list.handle() == nullptr) return;  // the window may go behind the dialog
+    m_chosen = std::move(chosen);
+    show();
+    store();
 }
 
-void CCommonListCtrl::moveKeywords(ColumnId removed) {
-    if (!m_appearance || !m_appearance->keywordColumn) return;
-    const auto moved = idAfterRemoval(*m_appearance->keywordColumn, removed);
-    if (moved == m_appearance->keywordColumn) return;
-    m_appearance->keywordColumn = moved;
-    storeAppearance();
+void CListAppearance::columnRemoved(ColumnId removed) {
+    if (!keywordColumn()) return;
+    const auto moved = idAfterRemoval(*m_chosen->keywordColumn, removed);
+    if (moved == m_chosen->keywordColumn) return;
+    m_chosen->keywordColumn = moved;
+    store();
 }
 
 }  // namespace mc

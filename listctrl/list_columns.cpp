@@ -1,68 +1,147 @@
-// The dialogs of CCommonListCtrl's columns: the column profile, adding and deleting a column.
-//
-// Messages come in while a dialog is open, so that the window may be gone when it returns.
-#include "listctrl/common_list_ctrl.h"
+#include "listctrl/list_columns.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "framework/handles.h"
 #include "listctrl/dialogs/reposition_columns.h"
 #include "listctrl/dialogs/user_defined_col.h"
+#include "listctrl/list_messages.h"
+#include "listctrl/model/fit_columns.h"
 
 namespace mc {
+namespace {
 
-void CCommonListCtrl::offerColumns(bool defaultSort, bool userColumns) {
-    m_columnOffers.reposition = true;
-    m_columnOffers.defaultSort = defaultSort;
-    m_columnOffers.userColumns = userColumns;
+// What the control itself does with a notification of its header.
+LRESULT handOn(const fw::CWindow& list, NMHEADERA& info) {
+    return DefSubclassProc(list.handle(), WM_NOTIFY, info.hdr.idFrom,
+                           reinterpret_cast<LPARAM>(&info));
 }
 
-void CCommonListCtrl::reposition() {
+}  // namespace
+
+// ---- The header ----
+
+void CListColumns::columnsChanged() {
+    m_hooks.cellsMove();
+    m_parts.content.columnsChanged();
+    m_parts.header.build(m_parts.content.columns());
+    m_parts.header.measure();
+    m_hooks.headerBuilt();
+    showOrder();
+    InvalidateRect(m_list.handle(), nullptr, TRUE);
+}
+
+void CListColumns::showOrder() {
+    m_parts.header.showSort(m_parts.content.columns(), m_parts.content.order().current());
+    m_parts.update.storeChanged();
+}
+
+bool CListColumns::isWidthChange(const NMHEADERA& info) const {
+    return !m_parts.header.isChanging() && info.pitem != nullptr &&
+           (info.pitem->mask & HDI_WIDTH) != 0;
+}
+
+LRESULT CListColumns::onItemChanging(NMHEADERA& info) {
+    if (isWidthChange(info) && !m_hooks.beforeCellsMove()) return TRUE;
+    return handOn(m_list, info);
+}
+
+LRESULT CListColumns::onItemChanged(NMHEADERA& info) {
+    if (isWidthChange(info) && info.iItem < m_parts.content.shownCount()) {
+        m_parts.content.columns().setWidth(m_parts.content.columnAt(info.iItem), info.pitem->cxy);
+        onHeaderMoved();
+        PostMessageA(m_list.handle(), kHeaderMoved, 0, 0);
+    }
+    return handOn(m_list, info);
+}
+
+void CListColumns::onHeaderMoved() {
+    m_parts.header.measure();
+    m_hooks.headerBuilt();
+    InvalidateRect(m_list.handle(), nullptr, FALSE);
+}
+
+void CListColumns::onCaptionClick(NMLISTVIEW& click) {
+    if (click.iSubItem < 0 || click.iSubItem >= m_parts.content.shownCount()) return;
+    if (!m_hooks.beforeCellsMove()) return;
+    const fw::WaitCursorScope wait;
+    m_parts.content.order().captionClicked(m_parts.content.columnAt(click.iSubItem));
+    showOrder();
+}
+
+void CListColumns::fit(unsigned command) {
+    const fw::RedrawOffScope off(m_list.handle());
+    const int client = static_cast<int>(m_list.clientRect().right);
+    const int count = m_parts.content.shownCount();
+    const bool measured = command != kFitToWindowCommand;
+    for (int item = 0; item < count; ++item) {
+        const ColumnId column = m_parts.content.columnAt(item);
+        const int data = measured ? m_parts.painter.dataWidth(item) : 0;
+        const int whole = std::max(data, m_parts.painter.captionWidth(column));
+        const int width = fittedWidth(command, data, whole, client, count);
+        m_parts.content.columns().setWidth(column, width);
+        fw::ListView(m_list.handle()).setColumnWidth(item, width);
+    }
+    m_parts.header.measure();
+    m_hooks.headerBuilt();
+}
+
+// ---- The profile ----
+
+void CListColumns::loadProfile() {
+    std::string stored;
+    if (m_services.settings().AccessColumnProfile(SETTING_READ, m_name, stored) != 0 &&
+        !stored.empty())
+        m_parts.content.columns().apply(readProfile(stored));
+    columnsChanged();
+}
+
+bool CListColumns::saveProfile() {
+    std::string text = profileText(m_parts.content.columns().profile());
+    if (text.size() <= kMaxProfile &&  // else it would come back cut
+        m_services.settings().AccessColumnProfile(SETTING_WRITE, m_name, text) != 0)
+        return true;
+    m_services.showMessage("Error while saving column profile");
+    return false;
+}
+
+// ---- The dialogs ----
+
+void CListColumns::reposition(bool offersDefaultSort) {
     const ColumnProfileActions actions{
         [this](const ColumnLayout& layout) {
-            if (handle() != nullptr) applyLayout(layout);
+            if (m_list.handle() != nullptr) applyLayout(layout);
         },
-        [this] { return handle() == nullptr || saveColumnProfile(); }};
-    repositionColumns(handle(), m_columns, m_defaultSort, m_columnOffers.defaultSort, actions);
+        [this] { return m_list.handle() == nullptr || saveProfile(); }};
+    repositionColumns(m_list.handle(), m_parts.content.columns(),
+                      m_parts.content.order().standard(), offersDefaultSort, actions);
 }
 
-void CCommonListCtrl::applyLayout(const ColumnLayout& layout) {
-    if (layout.ownWidths) m_columns.reset();
-    m_columns.show(layout.shown);
-    if (m_defaultSort && !layout.sort) endSorting();
-    m_defaultSort = layout.sort;
-    if (m_defaultSort)
-        m_sorting = Sorting{m_defaultSort->column, m_defaultSort->ascending ? -1 : 1};
+void CListColumns::applyLayout(const ColumnLayout& layout) {
+    if (layout.ownWidths) m_parts.content.columns().reset();
+    m_parts.content.columns().show(layout.shown);
+    m_parts.content.order().setStandard(layout.sort);
     columnsChanged();
 }
 
 // The profile is stored at once: a column stays until the user deletes it.
-void CCommonListCtrl::addUserColumn() {
-    const auto column = askNewColumn(handle(), m_name, m_columns);
-    if (!column || handle() == nullptr || !m_columns.add(*column)) return;
+void CListColumns::addUserColumn() {
+    ColumnModel& columns = m_parts.content.columns();
+    const auto column = askNewColumn(m_list.handle(), m_name, columns);
+    if (!column || m_list.handle() == nullptr || !columns.add(*column)) return;
     columnsChanged();
-    saveColumnProfile();
+    saveProfile();
 }
 
-void CCommonListCtrl::deleteUserColumn() {
-    const auto column = askColumnToDelete(handle(), m_name, m_columns);
-    if (!column || handle() == nullptr || !m_columns.remove(*column)) return;
-    columnRemoved(*column);
+void CListColumns::deleteUserColumn() {
+    ColumnModel& columns = m_parts.content.columns();
+    const auto column = askColumnToDelete(m_list.handle(), m_name, columns);
+    if (!column || m_list.handle() == nullptr || !columns.remove(*column)) return;
+    m_parts.content.columnRemoved(*column);
+    m_hooks.columnRemoved(*column);
     columnsChanged();
-    saveColumnProfile();
-}
-
-void CCommonListCtrl::columnRemoved(ColumnId removed) {
-    m_store.columnChanged(toColumnId(m_columns.size()));  // nobody has the last id any more
-    moveKeywords(removed);
-    if (m_sorting) {
-        const auto id = idAfterRemoval(m_sorting->column, removed);
-        if (id)
-            m_sorting->column = *id;
-        else
-            endSorting();
-    }
-    if (m_defaultSort) {
-        const auto id = idAfterRemoval(m_defaultSort->column, removed);
-        m_defaultSort =
-            id ? std::optional(DefaultSort{*id, m_defaultSort->ascending}) : std::nullopt;
-    }
+    saveProfile();
 }
 
 }  // namespace mc

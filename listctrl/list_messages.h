@@ -1,4 +1,4 @@
-// What the handlers of list-view messages take.
+// Messages of lists, and the parameters of handlers of list-view messages.
 #pragma once
 
 #include <cstddef>
@@ -12,10 +12,10 @@ namespace mc {
 // Posted by a list to itself when a computed column's expression turns out to be invalid, so that
 // the message box opens after the paint or pass that found it. wParam, lParam and result are not
 // used.
-inline constexpr UINT kTellInvalid = WM_APP + 0x1C50;
+inline constexpr UINT kInvalidFound = WM_APP + 0x1C50;
 
-// Posted by a list to itself when a column has another width: a header may tell of one item's width
-// before it has moved the items behind it. wParam, lParam and result are not used.
+// Posted by a list to itself when a column has another width: a header may notify of one item's
+// width before it has moved the items behind it. wParam, lParam and result are not used.
 inline constexpr UINT kHeaderMoved = WM_APP + 0x1C54;
 
 }  // namespace mc
@@ -28,7 +28,7 @@ inline std::optional<std::size_t> rowParameter(WPARAM w) {
     return row >= 0 ? std::optional(static_cast<std::size_t>(row)) : std::nullopt;
 }
 
-// In the single bytes that cells are made of.
+// Cells hold single-byte texts.
 inline std::string narrow(const wchar_t* text) {
     const int size = WideCharToMultiByte(CP_ACP, 0, text, -1, nullptr, 0, nullptr, nullptr);
     if (size <= 0) return {};

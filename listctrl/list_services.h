@@ -1,4 +1,4 @@
-// What the lists need of the plug-in around them.
+// What the lists need from the plug-in.
 #pragma once
 
 #include <windows.h>
@@ -14,8 +14,8 @@ namespace mc {
 // Implemented by plugin/ over the host's services. Thread: the user-interface thread.
 class ListServices {
 public:
-    // Whether the host lets lists be exported and copied. Asked anew each time; false when the host
-    // cannot be asked.
+    // Whether the host lets lists be exported and copied. Asked again each time; false when the
+    // host cannot be asked.
     virtual bool mayExport() = 0;
 
     virtual CSettingsStore& settings() = 0;

@@ -39,7 +39,7 @@ void setRowState(HWND list, int row, UINT state) {
 
 class CRepositionColumns final : public fw::CDialog, private DragListOwner {
 public:
-    CRepositionColumns(HWND list, const ColumnModel& columns, std::optional<DefaultSort> sort,
+    CRepositionColumns(HWND list, const ColumnModel& columns, std::optional<ColumnSort> sort,
                        bool offersSort, const ColumnProfileActions& actions)
         : m_list(list), m_choice(columns, sort), m_offersSort(offersSort), m_actions(actions) {}
 
@@ -244,7 +244,7 @@ private:
 
 }  // namespace
 
-void repositionColumns(HWND list, const ColumnModel& columns, std::optional<DefaultSort> sort,
+void repositionColumns(HWND list, const ColumnModel& columns, std::optional<ColumnSort> sort,
                        bool offersSort, const ColumnProfileActions& actions) {
     CRepositionColumns(list, columns, sort, offersSort, actions).show();
 }

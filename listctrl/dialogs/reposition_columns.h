@@ -22,7 +22,7 @@ struct ColumnProfileActions {
 // Runs the dialog over `list`. "View" applies and stays open, "Save" applies, stores and closes
 // unless storing failed. `sort` is the list's present default sort; without `offersSort` the
 // dialog has none to choose.
-void repositionColumns(HWND list, const ColumnModel& columns, std::optional<DefaultSort> sort,
+void repositionColumns(HWND list, const ColumnModel& columns, std::optional<ColumnSort> sort,
                        bool offersSort, const ColumnProfileActions& actions);
 
 }  // namespace mc

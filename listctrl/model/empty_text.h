@@ -1,4 +1,4 @@
-// What a list without rows says in their place.
+// The text that a list without rows shows.
 #pragma once
 
 #include <cstddef>
@@ -7,7 +7,7 @@
 
 namespace mc {
 
-// `none` is what the list says when it has no record; empty when there are rows to see.
+// `none` is the text of a list without a record. Empty when there are rows to see.
 std::string emptyListText(std::size_t records, std::size_t rows, std::string_view none);
 
 }  // namespace mc

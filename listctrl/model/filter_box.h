@@ -2,9 +2,9 @@
 // text is being typed or a drop-down is open.
 //
 // What applies changes at Enter, at the pause in typing, at Esc in a closed box and when a line of
-// the open drop-down is taken; nothing else touches it. A typed text is a pattern, a line that was
-// taken is one whole value until the box is typed in again. A drop-down that closes without a
-// choice leaves the box as it was.
+// the open drop-down is chosen; nothing else changes it. A typed text is a pattern, a chosen line
+// is one whole value until the box is typed in again. A drop-down that closes without a choice
+// leaves the box as it was.
 #pragma once
 
 #include <cstddef>
@@ -27,25 +27,25 @@ public:
     // What the column is filtered by.
     const ColumnFilter& applied() const { return m_applied; }
 
-    // What the edit shows. While the drop-down is open, the control shows the line it is on there.
+    // What the edit shows while the drop-down is closed; an open one shows its selected line there.
     const ColumnFilter& shown() const { return m_shown; }
 
     bool isOpen() const { return m_open; }
-    // The line that stands for what the box shows; none for a text that was typed.
+    // The line of the value that the box shows; none for a text that was typed.
     std::optional<Line> shownLine() const;
 
     // ---- What the user does ----
 
     void typed(std::string text);
 
-    // Opens the drop-down and gives its lines: kAllChoices, which stands for no filter, the
-    // values, and a last line that counts those beyond the bound, if there are any, and stands
-    // for no filter either.
+    // Opens the drop-down and gives its lines: kAllChoices, which means no filter, the values, and
+    // a last line that counts those beyond the bound, if there are any, and means no filter either.
     const std::vector<std::string>& dropped(DistinctValues values);
     void closed() { m_open = false; }
 
-    // True: the list is to be filtered. Enter takes the line that an open drop-down is on, or else
-    // the text; it filters again though nothing changed. Only an open drop-down has lines to take.
+    // True: the list is to be filtered. Enter applies the selected line of an open drop-down, or
+    // else the text; it filters again though nothing changed. Only an open drop-down has lines to
+    // choose.
     bool paused() { return apply(); }
     bool entered(std::optional<Line> line);
     bool escaped();

@@ -5,7 +5,7 @@
 
 namespace mc {
 
-inline constexpr int kLeastFittedWidth = 50;
+inline constexpr int kMinFittedWidth = 50;
 
 // `dataWidth` is what the column's texts need, `headerWidth` what its texts and its caption need,
 // `clientWidth` the list's and `columns` how many share it; all in pixels. Any other command gives

@@ -41,8 +41,8 @@ constexpr MenuLine kItemMenu[] = {
     {kCopyCommand, "Copy to Clip Board\tCtrl+C", exportAllowed},
 };
 
-// With repositioning the entry that opens it stands on top; the first fitting entry has a spelling
-// of its own in either case.
+// The entry that opens the repositioning dialog comes first, where it is offered; the spelling of
+// "Fit to Data" depends on it.
 constexpr MenuLine kHeaderMenu[] = {
     {kRepositionCommand, "Reposition Columns", repositionOffered},
     {kFitToDataCommand, "Fit to Data", repositionOffered},

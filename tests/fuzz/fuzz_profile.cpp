@@ -34,7 +34,7 @@ void checkProfile(std::string_view text) {
     model.apply(readProfile(text));
     checkModel(model);
     const std::string stored = profileText(model.profile());
-    if (stored.size() < kLongestProfile) {
+    if (stored.size() < kMaxProfile) {
         ColumnModel again;
         again.install(kColumns);
         again.apply(readProfile(stored));

@@ -71,19 +71,19 @@ TEST(ColumnChoice, RowsMoveTogether) {
 }
 
 TEST(ColumnChoice, OneColumnHasTheDefaultSort) {
-    ColumnChoice choice(five(), DefaultSort{ColumnId{1}, false});
+    ColumnChoice choice(five(), ColumnSort{ColumnId{1}, false});
     EXPECT_EQ(choice.ascending(ColumnId{1}), false);
     choice.setAscending(ColumnId{0}, std::nullopt);
     EXPECT_EQ(choice.ascending(ColumnId{1}), false) << "another column's is not ended";
     choice.setAscending(ColumnId{3}, true);
     EXPECT_EQ(choice.ascending(ColumnId{1}), std::nullopt);
-    EXPECT_EQ(choice.layout().sort, (DefaultSort{ColumnId{3}, true}));
+    EXPECT_EQ(choice.layout().sort, (ColumnSort{ColumnId{3}, true}));
     choice.remove({3});
     EXPECT_EQ(choice.layout().sort, std::nullopt) << "hidden with its column";
 }
 
 TEST(ColumnChoice, TheDefaultIsAllColumnsAsTheyWere) {
-    ColumnChoice choice(five(), DefaultSort{ColumnId{0}, true});
+    ColumnChoice choice(five(), ColumnSort{ColumnId{0}, true});
     choice.remove({1, 3});
     choice.move({2}, 0);
     EXPECT_FALSE(choice.layout().ownWidths);

@@ -9,7 +9,7 @@ using namespace mc;
 
 namespace {
 
-constexpr ColumnId kColumn{0};
+constexpr ColumnId kFindColumn{0};
 using Row = std::optional<std::size_t>;
 
 class Finding : public testing::Test {
@@ -52,7 +52,7 @@ TEST_F(Finding, TypedLettersLeadFromRowToRow) {
         for (const char* c = each.typed; *c != '\0'; ++c) {
             now += *c == '|' ? TypeToFind::kPause : TypeToFind::kPause / 4;
             if (*c == '|') continue;
-            found.push_back(find.type(*c, now, rows, kColumn));
+            found.push_back(find.type(*c, now, rows, kFindColumn));
             if (found.back()) rows.setFocus(*found.back());
         }
         EXPECT_EQ(found, each.found);
@@ -62,7 +62,7 @@ TEST_F(Finding, TypedLettersLeadFromRowToRow) {
 TEST_F(Finding, TypingLastsUntilAPauseOrSomethingElse) {
     TypeToFind find;
     EXPECT_FALSE(find.typing(0));
-    find.type('a', 10, rows, kColumn);
+    find.type('a', 10, rows, kFindColumn);
     EXPECT_TRUE(find.typing(10 + TypeToFind::kPause - 1));
     EXPECT_FALSE(find.typing(10 + TypeToFind::kPause));
     find.end();
@@ -70,12 +70,12 @@ TEST_F(Finding, TypingLastsUntilAPauseOrSomethingElse) {
 }
 
 TEST_F(Finding, OthersAskForAText) {
-    EXPECT_EQ(findRow(rows, kColumn, 0, {"ash"}), 1u);
-    EXPECT_EQ(findRow(rows, kColumn, 0, {"ashok", true}), 3u);
-    EXPECT_EQ(findRow(rows, kColumn, 0, {"ash", true}), std::nullopt);
-    EXPECT_EQ(findRow(rows, kColumn, 4, {"ash"}), 1u);
-    EXPECT_EQ(findRow(rows, kColumn, 4, {"ash", false, false}), std::nullopt);
-    EXPECT_EQ(findRow(rows, kColumn, 99, {"ash"}), 1u);
+    EXPECT_EQ(findRow(rows, kFindColumn, 0, {"ash"}), 1u);
+    EXPECT_EQ(findRow(rows, kFindColumn, 0, {"ashok", true}), 3u);
+    EXPECT_EQ(findRow(rows, kFindColumn, 0, {"ash", true}), std::nullopt);
+    EXPECT_EQ(findRow(rows, kFindColumn, 4, {"ash"}), 1u);
+    EXPECT_EQ(findRow(rows, kFindColumn, 4, {"ash", false, false}), std::nullopt);
+    EXPECT_EQ(findRow(rows, kFindColumn, 99, {"ash"}), 1u);
 }
 
 }  // namespace

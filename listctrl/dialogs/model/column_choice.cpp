@@ -4,7 +4,7 @@
 
 namespace mc {
 
-ColumnChoice::ColumnChoice(ColumnModel columns, std::optional<DefaultSort> sort)
+ColumnChoice::ColumnChoice(ColumnModel columns, std::optional<ColumnSort> sort)
     : m_columns(std::move(columns)), m_layout{m_columns.shown(), false, sort} {
     findAvailable();
 }
@@ -68,7 +68,7 @@ std::optional<bool> ColumnChoice::ascending(ColumnId id) const {
 
 void ColumnChoice::setAscending(ColumnId id, std::optional<bool> ascending) {
     if (ascending)
-        m_layout.sort = DefaultSort{id, *ascending};
+        m_layout.sort = ColumnSort{id, *ascending};
     else if (this->ascending(id))
         m_layout.sort.reset();
 }

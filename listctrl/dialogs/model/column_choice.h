@@ -14,17 +14,11 @@
 
 namespace mc {
 
-struct DefaultSort {
-    ColumnId column;
-    bool ascending;
-    bool operator==(const DefaultSort&) const = default;
-};
-
 // What a list puts in force.
 struct ColumnLayout {
     std::vector<ColumnId> shown;
     bool ownWidths = false;  // every column takes its own width again
-    std::optional<DefaultSort> sort;
+    std::optional<ColumnSort> sort;
 };
 
 using Rows = std::vector<std::size_t>;  // ascending
@@ -50,7 +44,7 @@ Rows moveRows(std::vector<Item>& items, const Rows& rows, std::size_t before) {
 
 class ColumnChoice {
 public:
-    ColumnChoice(ColumnModel columns, std::optional<DefaultSort> sort);
+    ColumnChoice(ColumnModel columns, std::optional<ColumnSort> sort);
 
     const std::vector<ColumnId>& shown() const { return m_layout.shown; }
     const std::vector<ColumnId>& available() const { return m_available; }

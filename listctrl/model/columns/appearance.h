@@ -4,7 +4,7 @@
 //   FFFFFF,0,Arial,10,2,buy,FF0000,sell,FF,        and the keyword column with its keywords
 //
 // Colours are hexadecimal with red in the low byte. Neither a face nor a keyword may hold a comma:
-// what stands behind one is read as the next part.
+// what follows one is read as the next part.
 #pragma once
 
 #include <cstdint>
@@ -35,12 +35,12 @@ struct Appearance {
     bool operator==(const Appearance&) const = default;
 };
 
-// The stored form. Keywords without a keyword column are left out.
+// The stored form. Keywords without a keyword column are not stored.
 std::string appearanceText(const Appearance& appearance);
 
 // Reads any text. Nothing, so that the list keeps its looks, where one of the first four parts is
-// missing or empty, or a colour is none. Behind them, reading stops at the first part that is not
-// what it should be, and keeps the keywords in front of it.
+// missing or empty, or is not a colour where one belongs. After them, reading stops at the first
+// broken part, and keeps the keywords before it.
 std::optional<Appearance> readAppearance(std::string_view stored);
 
 // The first keyword that `text` contains, without regard to the case of ASCII letters; null when
@@ -50,8 +50,7 @@ const Keyword* keywordIn(const Appearance& appearance, std::string_view text);
 // The points of a font size text that cannot be read.
 inline constexpr int kStandardPoints = 8;
 
-// The points that a font size text stands for: a whole number that a row can be drawn with, 1 to
-// 144.
+// The points of a font size text: a whole number that a row can be drawn with, 1 to 144.
 std::optional<int> fontPoints(std::string_view size);
 
 }  // namespace mc

@@ -207,7 +207,7 @@ void ColumnModel::applyPlaces(const ColumnProfile& profile, int oldDataSize) {
         const auto id = currentId(stored.index, oldDataSize);
         if (!id || stored.position < 0) continue;
         positions[toIndex(*id)] = stored.position;
-        if (stored.width >= 1 && stored.width <= kWidestColumn) setWidth(*id, stored.width);
+        if (stored.width >= 1 && stored.width <= kMaxColumnWidth) setWidth(*id, stored.width);
     }
     const auto position = [&](ColumnId id) { return positions[toIndex(id)]; };
     std::vector<ColumnId> order(m_shown);

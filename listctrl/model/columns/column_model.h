@@ -7,7 +7,7 @@
 //   5. profile()         what is stored
 //
 // Mandatory columns always show, and so does at least one column. Widths are pixels of the screen
-// that the list stands on. A hidden column is 100 wide, so that it comes back the same whether or
+// that the list is on. A hidden column is 100 wide, so that it comes back the same whether or
 // not the profile was stored and loaded in between. Display texts are cleaned of what a profile
 // cannot hold; captions and expressions that it cannot hold are refused.
 #pragma once
@@ -26,8 +26,8 @@ namespace mc {
 // The width of a hidden and of a newly added column.
 inline constexpr int kPlainColumnWidth = 100;
 
-// A stored width above this, or below 1, is none: the column takes its own.
-inline constexpr int kWidestColumn = 32767;
+// A stored width above this, or below 1, is ignored: the column has its own.
+inline constexpr int kMaxColumnWidth = 32767;
 
 struct ColumnDescriptor {
     std::string caption;
@@ -80,7 +80,7 @@ public:
 
     // Removes a user-defined column; false for any other. The ids behind it move down, and the
     // references in expressions with them. An expression that referred to it refers to no column
-    // from now on (-1), and never to the one that takes its id.
+    // from now on (-1), and never to the one that gets its id.
     bool remove(ColumnId id);
 
     // Whether every reference of a user-defined column's expression is to a column that is there.
@@ -88,8 +88,8 @@ public:
 
     ColumnProfile profile() const;
 
-    // Puts the profile in force, in place of all user-defined columns and of what shows. A column
-    // that the profile does not place is hidden; a profile that places none counts as none. The
+    // Puts the profile in force instead of all user-defined columns and of what shows. A column
+    // without a position in the profile is hidden; a profile without any position is ignored. The
     // data columns may be others than when it was written: user-defined columns keep their
     // references to those that are still there.
     void apply(const ColumnProfile& profile);

@@ -55,7 +55,7 @@ ColumnProfile readProfile(std::string_view text) {
     }
     for (std::size_t i = 0; i + 2 < numbers.size(); i += 3)
         profile.columns.push_back({numbers[i], numbers[i + 1], numbers[i + 2]});
-    if (numbers.size() % 3 != 0 || text.size() >= kLongestProfile) profile.whole = false;
+    if (numbers.size() % 3 != 0 || text.size() >= kMaxProfile) profile.whole = false;
     return profile;
 }
 

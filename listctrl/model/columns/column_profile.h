@@ -6,7 +6,7 @@
 // First a triple for each column: its id, its display position (-1: hidden) and its width in
 // pixels. Then for each user-defined column its caption, its expression and the expression as it is
 // displayed, between "#". No part may hold a comma, nor a caption or expression a "#"; the column
-// model sees to that. A "#" part may also stand behind its column's triple.
+// model sees to that. A "#" part may also follow its column's triple.
 #pragma once
 
 #include <optional>
@@ -22,7 +22,7 @@ namespace mc {
 inline constexpr int kHiddenPosition = -1;
 
 // The longest text that the settings file gives back; a longer one comes back cut.
-inline constexpr std::size_t kLongestProfile = kMaxValue;
+inline constexpr std::size_t kMaxProfile = kMaxValue;
 
 struct UserDefinedColumn {
     std::string caption;

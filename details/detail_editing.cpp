@@ -1,0 +1,121 @@
+#include "details/detail_editing.h"
+
+#include <utility>
+
+#include "details/edit_messages.h"
+#include "editors/combo_editor.h"
+#include "editors/price_editor.h"
+
+namespace mc {
+
+// ---- Opening ----
+
+bool CDetailEditing::onKeyDown(UINT key, bool) {
+    const auto focused = m_lines.rows().focusedRow();
+    if (key != VK_F2 || !focused) return false;
+    open(*focused, OpenedBy::key);
+    return true;
+}
+
+void CDetailEditing::open(std::size_t row, OpenedBy by) {
+    if (!leave()) return;
+    LineGroups::Line* line = m_lines.lineAt(row);
+    if (line == nullptr || !canEdit(*line)) return;
+    RecordStore& rows = m_lines.rows();
+    rows.clearSelection();
+    rows.select(row, true);
+    rows.setFocus(row);
+    m_list.storeChanged();
+    m_editor = makeEditor(line->row->attribute);
+    m_edited = line;
+    const auto font = reinterpret_cast<HFONT>(SendMessageA(m_list.handle(), WM_GETFONT, 0, 0));
+    if (!m_editor->open(m_list.handle(), m_list.bringValueIntoView(row), font, line->row->value))
+        close();
+    if (m_editor != nullptr && by == OpenedBy::mouse) m_editor->openedWithMouse();
+}
+
+std::unique_ptr<CCellEditor> CDetailEditing::makeEditor(RowAttribute attribute) {
+    CellEditorOwner& owner = *this;
+    if (attribute == RowAttribute::choice) return std::make_unique<CComboEditor>(owner, m_choices);
+    return std::make_unique<CPriceEditor>(owner, m_allowed);
+}
+
+void CDetailEditing::onNextEditor(WPARAM how) {
+    const RecordStore& rows = m_lines.rows();
+    const auto focused = rows.focusedRow();
+    if (!focused) return;
+    const auto step = static_cast<EditEnd>(how) == EditEnd::previous ? std::size_t(-1) : 1;
+    // Backwards the number wraps around below the first row, to one beyond the last.
+    for (std::size_t row = *focused + step; row < rows.rowCount(); row += step)
+        if (const auto* line = m_lines.lineAt(row); line != nullptr && canEdit(*line))
+            return open(row, OpenedBy::key);
+}
+
+bool CDetailEditing::onDialogKey(UINT key, bool repeated) {
+    return m_editor != nullptr && m_editor->dialogKey(key, GetKeyState(VK_SHIFT) < 0, repeated);
+}
+
+// ---- Ending ----
+
+void CDetailEditing::editEnding(EditEnd end, const std::optional<std::string>& typed) {
+    if (typed && m_edited != nullptr && *typed != m_edited->row->value) report(*typed);
+    close();
+    SendMessageA(m_owner, kEditorClosed, 0, 0);
+    if (end == EditEnd::next || end == EditEnd::previous)
+        PostMessageA(m_list.handle(), kNextEditor, static_cast<WPARAM>(end), 0);
+}
+
+void CDetailEditing::report(const std::string& typed) {
+    const EndOfEdit edit{*m_edited->row, kDetailColumns[toIndex(kValueColumn)].name, typed};
+    const bool choice = m_edited->row->attribute == RowAttribute::choice;
+    SendMessageA(m_owner, choice ? kEndOfChoice : kEndOfEdit,
+                 static_cast<WPARAM>(GetDlgCtrlID(m_list.handle())),
+                 reinterpret_cast<LPARAM>(&edit));
+    if (m_edited == nullptr) return;  // the owner emptied the list
+    m_lines.rowChanged(*m_edited);
+    m_list.storeChanged();
+}
+
+void CDetailEditing::close() {
+    m_edited = nullptr;
+    const std::unique_ptr<CCellEditor> closed = std::move(m_editor);
+    if (closed != nullptr && closed->owns(GetFocus())) SetFocus(m_list.handle());
+}
+
+// ---- Cells and lines that move ----
+
+void CDetailEditing::cellsMove() {
+    if (m_editor != nullptr && !m_editor->leave(false))
+        PostMessageA(m_list.handle(), kFollowCell, 0, 0);
+}
+
+// The user hears of a text whose line went, so that it does not vanish unseen.
+void CDetailEditing::onFollowCell() {
+    if (m_editor != nullptr) {
+        if (const auto row = m_lines.rowOf(*m_edited))
+            return m_editor->moveTo(m_list.bringValueIntoView(*row));
+        dropText();
+    }
+    if (const auto lost = std::exchange(m_lostText, std::nullopt)) editRefused(*lost);
+}
+
+void CDetailEditing::dropText() {
+    m_lostText = m_editor->refused();
+    close();
+}
+
+int CDetailEditing::detachLine() {
+    if (m_editor != nullptr && !m_editor->changed()) close();
+    const int field = m_edited != nullptr ? m_edited->row->mnemonic : 0;
+    m_edited = nullptr;
+    return field;
+}
+
+void CDetailEditing::attachLine(int field) {
+    if (m_editor == nullptr) return;
+    m_edited = m_lines.lineOf(field);
+    if (m_edited == nullptr) dropText();
+    PostMessageA(m_list.handle(), kFollowCell, 0, 0);
+}
+
+}  // namespace mc

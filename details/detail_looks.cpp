@@ -1,0 +1,157 @@
+#include "details/detail_looks.h"
+
+#include <array>
+
+#include "listctrl/list_colors.h"
+
+namespace mc {
+namespace {
+
+constexpr int kIndent = 16;                             // of a row below its heading
+constexpr int kFoldMarkWidth = 14;                      // in front of a heading
+constexpr COLORREF kChangedColor = RGB(255, 222, 120);  // behind a value that changed
+constexpr COLORREF kEditedColor = RGB(0, 72, 168);      // of a value that has not been sent
+
+// In front of a row: what the change does to its field.
+constexpr struct {
+    FieldChange change;
+    const char* mark;
+} kChangeMarks[] = {{FieldChange::changed, "*"},
+                    {FieldChange::added, "+"},
+                    {FieldChange::removed, "\x96"},
+                    {FieldChange::reset, "!"}};
+
+const char* markOf(FieldChange change) {
+    for (const auto& each : kChangeMarks)
+        if (each.change == change) return each.mark;
+    return "";
+}
+
+bool isHighlighted(const sMCListStruct& row) {
+    return row.change == FieldChange::changed || row.change == FieldChange::reset;
+}
+
+using Triangle = std::array<POINT, 3>;
+
+// With the text's colour.
+void fillTriangle(HDC dc, const Triangle& corners) {
+    SetDCBrushColor(dc, GetTextColor(dc));
+    SetDCPenColor(dc, GetTextColor(dc));
+    const fw::SelectScope pen(dc, GetStockObject(DC_PEN));
+    const fw::SelectScope brush(dc, GetStockObject(DC_BRUSH));
+    Polygon(dc, corners.data(), static_cast<int>(corners.size()));
+}
+
+Triangle pointingDown(POINT at, LONG size) {
+    return {
+        {{at.x - size, at.y - size / 2}, {at.x + size, at.y - size / 2}, {at.x, at.y + size / 2}}};
+}
+
+Triangle pointingRight(POINT at, LONG size) {
+    return {
+        {{at.x - size / 2, at.y - size}, {at.x - size / 2, at.y + size}, {at.x + size / 2, at.y}}};
+}
+
+}  // namespace
+
+// ---- Fonts and colours ----
+
+HFONT DetailLooks::boldFont() const {
+    if (m_bold) return m_bold.get();
+    const auto font = reinterpret_cast<HFONT>(SendMessageA(m_list.handle(), WM_GETFONT, 0, 0));
+    LOGFONTA bold{};
+    if (GetObjectA(font, sizeof bold, &bold) == 0) return nullptr;
+    bold.lfWeight = FW_BOLD;
+    m_bold.reset(CreateFontIndirectA(&bold));
+    return m_bold.get();
+}
+
+CellLook DetailLooks::look(std::size_t row, int item) const {
+    const LineGroups::Line* line = m_lines.lineAt(row);
+    if (line == nullptr) return {};
+    CellLook look =
+        line->isHeading() ? headingLook(item) : rowLook(*line->row, m_content.columnAt(item));
+    if (m_dimmed) {
+        look.background.reset();
+        look.text = GetSysColor(COLOR_GRAYTEXT);
+    }
+    return look;
+}
+
+CellLook DetailLooks::headingLook(int item) const {
+    return {item == 0 ? m_list.scaled(kFoldMarkWidth) : 0, boldFont(), GetSysColor(COLOR_3DFACE),
+            GetSysColor(COLOR_BTNTEXT)};
+}
+
+CellLook DetailLooks::rowLook(const sMCListStruct& row, ColumnId column) const {
+    CellLook look;
+    if (column == kFieldColumn) look.indent = m_list.scaled(kIndent);
+    if (column != kValueColumn) return look;
+    if (isHighlighted(row)) {
+        look.background = mixed(kChangedColor, GetSysColor(COLOR_WINDOW), 150);
+        look.text = GetSysColor(COLOR_WINDOWTEXT);  // whatever the list's own colours are
+    }
+    if (row.edited) look.text = kEditedColor;
+    if (isHighlighted(row) || row.edited) look.font = boldFont();
+    return look;
+}
+
+// ---- Marks ----
+
+void DetailLooks::drawOver(HDC dc, std::size_t row, int item, const RECT& cell) const {
+    const LineGroups::Line* line = m_lines.lineAt(row);
+    if (line == nullptr) return;
+    if (item == 0) drawFront(dc, *line, cell);
+    if (m_content.columnAt(item) != kValueColumn) return;
+    const int margin = m_list.scaled(2);
+    drawValue(dc, *line, {cell.left + margin, cell.top, cell.right - margin, cell.bottom});
+}
+
+void DetailLooks::drawFront(HDC dc, const LineGroups::Line& line, const RECT& cell) const {
+    if (line.isHeading()) {
+        const bool folded = m_lines.folded(line);
+        if (!line.group->content.rows.empty()) drawFoldMark(dc, folded, cell);
+        if (folded && m_lines.holdsEdits(line)) drawEditMark(dc, cell);
+        return;
+    }
+    RECT mark{cell.left, cell.top, cell.left + m_list.scaled(kIndent), cell.bottom};
+    DrawTextA(dc, markOf(line.row->change), -1, &mark,
+              DT_SINGLELINE | DT_VCENTER | DT_CENTER | DT_NOPREFIX);
+}
+
+// Points down when the group is open.
+void DetailLooks::drawFoldMark(HDC dc, bool folded, const RECT& cell) const {
+    const POINT at{cell.left + m_list.scaled(10), (cell.top + cell.bottom) / 2};
+    const LONG size = m_list.scaled(4);
+    fillTriangle(dc, folded ? pointingRight(at, size) : pointingDown(at, size));
+}
+
+// An unsent edit has its upper left corner folded down, and the right one too when it was typed
+// over an older value.
+void DetailLooks::drawValue(HDC dc, const LineGroups::Line& line, const RECT& frame) const {
+    if (m_editable && m_editable(line)) drawFrame(dc, line.row->attribute, frame);
+    if (line.row->edited) drawEditMark(dc, frame);
+    const LONG size = m_list.scaled(8);
+    if (line.row->overOlder)
+        fillTriangle(dc, {{{frame.right, frame.top},
+                           {frame.right - size, frame.top},
+                           {frame.right, frame.top + size}}});
+}
+
+// A choice has an arrow at its end.
+void DetailLooks::drawFrame(HDC dc, RowAttribute attribute, const RECT& frame) const {
+    SetDCBrushColor(dc, mixed(GetTextColor(dc), GetBkColor(dc), 90));
+    FrameRect(dc, &frame, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+    if (attribute != RowAttribute::choice) return;
+    const POINT at{frame.right - m_list.scaled(9), (frame.top + frame.bottom) / 2};
+    fillTriangle(dc, pointingDown(at, m_list.scaled(4)));
+}
+
+void DetailLooks::drawEditMark(HDC dc, const RECT& frame) const {
+    const LONG size = m_list.scaled(8);
+    fillTriangle(dc, {{{frame.left, frame.top},
+                       {frame.left + size, frame.top},
+                       {frame.left, frame.top + size}}});
+}
+
+}  // namespace mc

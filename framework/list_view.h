@@ -1,0 +1,52 @@
+// A list view in report view, with typed calls: a handle, made where it is used.
+#pragma once
+
+#include <windows.h>
+
+#include <cstddef>
+#include <optional>
+#include <string>
+
+#include "framework/header.h"
+
+namespace fw {
+
+class ListView {
+public:
+    explicit ListView(HWND list) noexcept : m_handle(list) {}
+
+    // ---- Columns ----
+
+    Header header() const;
+    // `alignment` is one of the LVCFMT_ values, `width` in pixels.
+    void insertColumn(int index, const std::string& caption, int width, int alignment) const;
+    void removeColumns() const;
+    void setColumnWidth(int index, int width) const;
+
+    // ---- Rows ----
+
+    // How many rows a virtual list has. Neither repaints nor scrolls.
+    void setRowCount(std::size_t rows) const;
+    // Rectangles and points are in the list's client area.
+    RECT rowRect(std::size_t row) const;
+    std::optional<std::size_t> rowAt(POINT client) const;
+    std::size_t rowsPerPage() const;
+    void bringIntoView(std::size_t row) const;
+    void scrollSideways(int pixels) const;
+
+    // ---- Looks ----
+
+    void setBackground(COLORREF color) const;  // of the list and behind its texts
+    void setTextColor(COLORREF color) const;
+    DWORD extendedStyle() const;
+    void setExtendedStyle(DWORD mask, DWORD style) const;
+
+private:
+    LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+        return SendMessageA(m_handle, message, wParam, lParam);
+    }
+
+    HWND m_handle;
+};
+
+}  // namespace fw

@@ -1,0 +1,31 @@
+// How the cells of one kind of list differ from plain ones.
+#pragma once
+
+#include <windows.h>
+
+#include <cstddef>
+#include <optional>
+
+namespace mc {
+
+// How a cell differs from the others of its row.
+struct CellLook {
+    int indent = 0;                      // pixels
+    HFONT font = nullptr;                // null: the list's
+    std::optional<COLORREF> background;  // none: the row's; both colours give way to a selection
+    std::optional<COLORREF> text;
+};
+
+// Asked by the painter for every cell that it draws or measures; the details implement it. `item`
+// is the header item above the cell.
+class CellLooks {
+public:
+    virtual CellLook look(std::size_t row, int item) const = 0;
+    // Draws what goes over the text, in the colours that `dc` has.
+    virtual void drawOver(HDC dc, std::size_t row, int item, const RECT& cell) const = 0;
+
+protected:
+    ~CellLooks() = default;
+};
+
+}  // namespace mc

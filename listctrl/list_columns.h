@@ -1,0 +1,66 @@
+// CListColumns: the columns of a list as the user arranges them: header, widths, profile, sorting,
+// and the dialogs that add, delete and reposition them.
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "framework/window.h"
+#include "listctrl/dialogs/model/column_choice.h"
+#include "listctrl/list_header.h"
+#include "listctrl/list_hooks.h"
+#include "listctrl/list_painter.h"
+#include "listctrl/list_services.h"
+#include "listctrl/list_update.h"
+#include "listctrl/model/list_content.h"
+
+namespace mc {
+
+class CListColumns {
+public:
+    struct Parts {
+        ListContent& content;
+        CListHeader& header;
+        CListUpdate& update;
+        const CListPainter& painter;
+    };
+    // All must outlive the object.
+    CListColumns(const fw::CWindow& list, ListServices& services, ListHooks& hooks, Parts parts)
+        : m_list(list), m_services(services), m_hooks(hooks), m_parts(parts) {}
+
+    // The name of the list in the settings; before anything below.
+    void setName(std::string name) { m_name = std::move(name); }
+
+    // Puts the stored profile in force, where there is one.
+    void loadProfile();
+    // Stores the profile. A failure is shown, and false.
+    bool saveProfile();
+
+    // Gives every column a new width (kFitTo...Command). Costs a look at every cell.
+    void fit(unsigned command);
+
+    // The dialogs. Messages come in while one is open, so that the list's window may be gone when
+    // it returns.
+    void reposition(bool offersDefaultSort);
+    void addUserColumn();
+    void deleteUserColumn();
+
+    void onCaptionClick(NMLISTVIEW& click);
+    LRESULT onItemChanging(NMHEADERA& info);
+    LRESULT onItemChanged(NMHEADERA& info);
+    void onHeaderMoved();
+
+private:
+    void columnsChanged();
+    void applyLayout(const ColumnLayout& layout);
+    void showOrder();
+    bool isWidthChange(const NMHEADERA& info) const;
+
+    const fw::CWindow& m_list;
+    ListServices& m_services;
+    ListHooks& m_hooks;
+    Parts m_parts;
+    std::string m_name;
+};
+
+}  // namespace mc

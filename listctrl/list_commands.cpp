@@ -1,0 +1,87 @@
+#include "listctrl/list_commands.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "framework/dialog.h"
+#include "framework/handles.h"
+#include "framework/list_view.h"
+
+namespace mc {
+
+constexpr CListCommands::Command CListCommands::kCommands[] = {
+    {kFitToDataCommand, [](CListCommands& c) { c.m_parts.columns.fit(kFitToDataCommand); }},
+    {kFitToHeaderCommand, [](CListCommands& c) { c.m_parts.columns.fit(kFitToHeaderCommand); }},
+    {kFitToWindowCommand, [](CListCommands& c) { c.m_parts.columns.fit(kFitToWindowCommand); }},
+    {kRepositionCommand,
+     [](CListCommands& c) { c.m_parts.columns.reposition(c.m_offers.defaultSort); }},
+    {kExportCommand, [](CListCommands& c) { c.m_export.writeAll(); }},
+    {kGridLinesCommand, [](CListCommands& c) { c.toggleGridLines(); }},
+    {kCustomizeCommand,
+     [](CListCommands& c) { c.m_parts.appearance.customize(c.m_parts.content.columns()); }},
+    {kCopyCommand, [](CListCommands& c) { c.m_export.copySelected(c.m_list.handle()); }},
+    {kAddColumnCommand, [](CListCommands& c) { c.m_parts.columns.addUserColumn(); }},
+    {kDeleteColumnCommand, [](CListCommands& c) { c.m_parts.columns.deleteUserColumn(); }},
+    {kSelectAllCommand, [](CListCommands& c) { c.m_parts.input.selectAll(); }},
+};
+
+void CListCommands::run(unsigned command) {
+    if (!m_hooks.beforeCellsMove() || m_hooks.runOwnCommand(command)) return;
+    const auto* found = std::ranges::find(kCommands, command, &Command::id);
+    if (found != std::end(kCommands)) found->run(*this);
+}
+
+void CListCommands::offerColumns(bool defaultSort, bool userColumns) {
+    m_offers.reposition = true;
+    m_offers.defaultSort = defaultSort;
+    m_offers.userColumns = userColumns;
+}
+
+ListOffers CListCommands::offers() const {
+    const ColumnModel& columns = m_parts.content.columns();
+    ListOffers offers = m_offers;
+    offers.exportAllowed = m_services.mayExport();
+    offers.hasUserColumns = columns.size() > columns.dataSize();
+    offers.customize = true;
+    m_hooks.addOffers(offers);
+    return offers;
+}
+
+void CListCommands::showMenu(const std::vector<ListMenuEntry>& entries) {
+    if (!m_hooks.beforeCellsMove()) return;
+    const fw::Menu menu(CreatePopupMenu());
+    for (const ListMenuEntry& entry : entries) {
+        const UINT flags = entry.text.empty() ? MF_SEPARATOR
+                                              : (entry.greyed ? MF_GRAYED : MF_STRING) |
+                                                    (entry.checked ? MF_CHECKED : MF_UNCHECKED);
+        AppendMenuA(menu.get(), flags, entry.command, entry.text.data());
+    }
+    POINT at{};
+    GetCursorPos(&at);
+    const UINT chosen = fw::trackMenu(menu.get(), at, m_list.handle());
+    if (chosen != 0) run(chosen);
+}
+
+// Code 0 is a menu's; others come from children of the list.
+void CListCommands::onMenuCommand(UINT command, UINT code) {
+    if (code == 0) run(command);
+}
+
+bool CListCommands::onKeyDown(UINT key, bool) {
+    const Modifiers keys = modifiersDown();
+    if (key == VK_APPS && keys.ctrl) {
+        showMenu(headerMenu(offers()));
+        return true;
+    }
+    const KeyCommands found = keyCommands(key, keys.ctrl, keys.shift, offers());
+    if (!found.commands.empty()) m_parts.input.keyTaken();
+    for (const unsigned each : found.commands) run(each);
+    return found.consumed;
+}
+
+void CListCommands::toggleGridLines() {
+    const fw::ListView view(m_list.handle());
+    view.setExtendedStyle(LVS_EX_GRIDLINES, view.extendedStyle() ^ LVS_EX_GRIDLINES);
+}
+
+}  // namespace mc

@@ -1,0 +1,162 @@
+#include "listctrl/list_painter.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "framework/handles.h"
+#include "listctrl/model/empty_text.h"
+
+namespace mc {
+namespace {
+
+// No screen is wider than this many characters.
+constexpr std::size_t kMaxDrawn = 4096;
+
+void fill(HDC dc, const RECT& rect, COLORREF color) {
+    SetBkColor(dc, color);
+    ExtTextOutA(dc, 0, 0, ETO_OPAQUE, &rect, nullptr, 0, nullptr);
+}
+
+HFONT fontOfList(const fw::CWindow& list) {
+    return reinterpret_cast<HFONT>(SendMessageA(list.handle(), WM_GETFONT, 0, 0));
+}
+
+}  // namespace
+
+// ---- Rows ----
+
+LRESULT CListPainter::onDrawItem(const DRAWITEMSTRUCT& draw) {
+    const auto row = static_cast<std::size_t>(draw.itemID);
+    const RecordStore& store = m_content.store();
+    const bool focused = GetFocus() == m_list.handle();
+    const bool selected = store.selected(row);
+    const RowColors colors = selected ? selectionColors(focused) : colorsOf(row);
+    fill(draw.hDC, draw.rcItem, colors.background);
+    SetTextColor(draw.hDC, colors.text);
+    SetBkMode(draw.hDC, TRANSPARENT);
+    const bool ownLooks = !selected && !highContrast();
+    int item = 0;
+    for (const RECT& cell : m_header.cellsOf(draw.rcItem))
+        if (item < m_content.shownCount()) drawCell(draw.hDC, {row, item++}, cell, ownLooks);
+    if (focused && store.focusedRow() == row) DrawFocusRect(draw.hDC, &draw.rcItem);
+    return TRUE;
+}
+
+RowColors CListPainter::colorsOf(std::size_t row) const {
+    const auto column = m_appearance.keywordColumn();
+    if (!column || !m_content.columns().has(*column)) return m_appearance.colors();
+    return m_appearance.colorsOf(m_content.text(row, *column));
+}
+
+CellLook CListPainter::lookOf(std::size_t row, int item) const {
+    return m_looks != nullptr ? m_looks->look(row, item) : CellLook{};
+}
+
+void CListPainter::drawCell(HDC dc, ListCell cell, const RECT& rect, bool ownLooks) const {
+    const CellLook look = lookOf(cell.row, cell.item);
+    if (ownLooks && look.background) fill(dc, rect, *look.background);
+    const COLORREF rowText = GetTextColor(dc);
+    if (ownLooks && look.text) SetTextColor(dc, *look.text);
+    drawText(dc, cell, rect, look);
+    SetTextColor(dc, rowText);
+    if (m_looks != nullptr) m_looks->drawOver(dc, cell.row, cell.item, rect);
+}
+
+void CListPainter::drawText(HDC dc, ListCell cell, const RECT& rect, const CellLook& look) const {
+    const ColumnId column = m_content.columnAt(cell.item);
+    const std::string_view text = m_content.text(cell.row, column);
+    RECT inside{rect.left + margin() + look.indent, rect.top, rect.right - margin(), rect.bottom};
+    if (text.empty() || inside.right <= inside.left) return;
+    // The platform aligns the first column of a list, and its caption, to the left.
+    const int flag =
+        cell.item == 0 ? 0 : m_content.columns().descriptor(column).flag & LVCFMT_JUSTIFYMASK;
+    const int room = static_cast<int>(inside.right - inside.left);
+    const int spare = room - m_widths.widthOf(text, look.font);
+    const auto size = static_cast<int>(std::min(text.size(), kMaxDrawn));
+    std::optional<fw::SelectScope> font;
+    if (look.font != nullptr) font.emplace(dc, look.font);
+    if (spare >= 0) {  // fits, which is quick to draw
+        const int shift = flag == 1 ? spare : flag == 2 ? spare / 2 : 0;
+        ExtTextOutA(dc, static_cast<int>(inside.left) + shift, inside.top, 0, nullptr, text.data(),
+                    static_cast<UINT>(size), nullptr);
+        return;
+    }
+    static constexpr UINT alignments[] = {DT_LEFT, DT_RIGHT, DT_CENTER};
+    DrawTextA(dc, text.data(), size, &inside,
+              DT_SINGLELINE | DT_END_ELLIPSIS | DT_NOPREFIX | alignments[flag % 3]);
+}
+
+// A row is as high as the font's text and its external leading, and a pixel.
+LRESULT CListPainter::onMeasureItem(MEASUREITEMSTRUCT& measure) {
+    const HDC dc = GetDC(m_list.handle());
+    TEXTMETRICA metrics{};
+    {
+        const fw::SelectScope select(dc, fontOfList(m_list));
+        GetTextMetricsA(dc, &metrics);
+    }
+    ReleaseDC(m_list.handle(), dc);
+    measure.itemHeight = static_cast<UINT>(metrics.tmHeight + metrics.tmExternalLeading + 1);
+    return TRUE;
+}
+
+// ---- An empty list ----
+
+void CListPainter::setEmptyText(std::string text) {
+    m_emptyText = std::move(text);
+    if (m_list.handle() != nullptr) onAreaChanged();
+}
+
+void CListPainter::onAreaChanged() {
+    if (m_content.store().rowCount() == 0) InvalidateRect(m_list.handle(), nullptr, TRUE);
+}
+
+void CListPainter::drawEmptyText() const {
+    const RecordStore& store = m_content.store();
+    const std::string text = emptyListText(store.storedCount(), store.rowCount(), m_emptyText);
+    if (text.empty()) return;
+    RECT area = m_list.clientRect(), captions{};
+    GetClientRect(m_header.control().handle(), &captions);
+    area.top += captions.bottom + m_list.scaled(8);
+    InflateRect(&area, -margin(), 0);
+    const HDC dc = GetDC(m_list.handle());
+    {
+        const fw::SelectScope select(dc, fontOfList(m_list));
+        SetBkMode(dc, TRANSPARENT);
+        // Fainter than a row, and still with contrast enough to be read.
+        const auto [paper, ink] = m_appearance.colors();
+        SetTextColor(dc, highContrast() ? ink : mixed(ink, paper, 150));
+        DrawTextA(dc, text.c_str(), -1, &area, DT_CENTER | DT_WORDBREAK | DT_NOPREFIX);
+    }
+    ReleaseDC(m_list.handle(), dc);
+}
+
+// ---- Widths ----
+
+int CListPainter::captionWidth(ColumnId column) const {
+    constexpr int kBesideCaption = 24;  // margins and sort image
+    return m_widths.widthOf(m_content.columns().descriptor(column).caption) +
+           m_list.scaled(kBesideCaption);
+}
+
+// Without the margins.
+int CListPainter::drawnWidth(ListCell cell) const {
+    const CellLook look = lookOf(cell.row, cell.item);
+    const std::string_view text = m_content.text(cell.row, m_content.columnAt(cell.item));
+    return look.indent + m_widths.widthOf(text, look.font);
+}
+
+int CListPainter::dataWidth(int item) const {
+    int widest = 0;
+    for (std::size_t row = 0; row < m_content.store().rowCount(); ++row)
+        widest = std::max(widest, drawnWidth({row, item}));
+    return widest + 2 * margin();
+}
+
+bool CListPainter::isCutOff(ListCell cell) const {
+    const RECT rect = m_header.rectOf(cell);
+    const int room = static_cast<int>(rect.right - rect.left) - 2 * margin();
+    const bool outside = rect.right > m_list.clientRect().right || rect.left < 0;
+    return outside || drawnWidth(cell) > room;
+}
+
+}  // namespace mc

@@ -1,0 +1,26 @@
+#include "listctrl/list_update.h"
+
+#include "framework/handles.h"
+#include "framework/list_view.h"
+
+namespace mc {
+
+// Painting comes when the thread's queue is empty, and with it the update.
+void CListUpdate::storeChanged() {
+    if (m_stale || m_list.handle() == nullptr) return;
+    m_stale = true;
+    InvalidateRect(m_list.handle(), nullptr, TRUE);
+}
+
+void CListUpdate::run() {
+    m_running = true;
+    m_stale = false;
+    if (m_store.takeChanges().count) {
+        const fw::RedrawOffScope off(m_list.handle());
+        fw::ListView(m_list.handle()).setRowCount(m_store.rowCount());
+    }
+    InvalidateRect(m_list.handle(), nullptr, TRUE);
+    m_running = false;
+}
+
+}  // namespace mc

@@ -1,0 +1,54 @@
+#include "listctrl/model/list_order.h"
+
+namespace mc {
+namespace {
+
+std::optional<ColumnSort> afterRemoval(const std::optional<ColumnSort>& sort, ColumnId removed) {
+    const auto column = sort ? idAfterRemoval(sort->column, removed) : std::nullopt;
+    return column ? std::optional(ColumnSort{*column, sort->ascending}) : std::nullopt;
+}
+
+}  // namespace
+
+void ListOrder::sort(ColumnSort sort) {
+    if (!m_columns.placeOf(sort.column)) return;
+    m_current = sort;
+    const auto type = static_cast<int>(m_columns.descriptor(sort.column).type);
+    m_store.sort({sort.column, comparisonOf(type), sort.ascending ? -1 : 1});
+}
+
+void ListOrder::captionClicked(ColumnId column) {
+    const bool again = m_current && m_current->column == column;
+    sort({column, !again || !m_current->ascending});
+}
+
+void ListOrder::setStandard(std::optional<ColumnSort> sort) {
+    if (m_standard && !sort) end();
+    m_standard = sort;
+    if (m_standard) m_current = m_standard;
+}
+
+void ListOrder::columnsChanged() {
+    if (m_standard && !m_columns.placeOf(m_standard->column)) m_standard.reset();
+    if (!m_current) return;
+    if (m_columns.placeOf(m_current->column))
+        sort(*m_current);
+    else
+        end();
+}
+
+void ListOrder::columnRemoved(ColumnId removed) {
+    if (const auto kept = afterRemoval(m_current, removed))
+        m_current = kept;
+    else
+        end();
+    m_standard = afterRemoval(m_standard, removed);
+}
+
+void ListOrder::end() {
+    if (!m_current) return;
+    m_current.reset();
+    m_store.unsort();
+}
+
+}  // namespace mc

@@ -1,0 +1,30 @@
+#include "listctrl/text_widths.h"
+
+#include <numeric>
+
+#include "framework/handles.h"
+
+namespace mc {
+
+int CTextWidths::widthOf(std::string_view text, HFONT font) const {
+    const CharWidths& widths = charWidths(font);
+    return std::accumulate(text.begin(), text.end(), 0, [&](int width, char c) {
+        return width + widths[static_cast<unsigned char>(c)];
+    });
+}
+
+const CTextWidths::CharWidths& CTextWidths::charWidths(HFONT font) const {
+    const auto [at, fresh] = m_widths.try_emplace(font);
+    if (!fresh) return at->second;
+    const HWND list = m_list.handle();
+    if (font == nullptr) font = reinterpret_cast<HFONT>(SendMessageA(list, WM_GETFONT, 0, 0));
+    const HDC dc = GetDC(list);
+    {
+        const fw::SelectScope select(dc, font);
+        GetCharWidth32A(dc, 0, 255, at->second.data());
+    }
+    ReleaseDC(list, dc);
+    return at->second;
+}
+
+}  // namespace mc
