@@ -1,6 +1,7 @@
 #include "console/log_pane.h"
 
 #include "console/resource_ids.h"
+#include "framework/hwnd.h"
 
 namespace zek {
 namespace {
@@ -34,8 +35,7 @@ LRESULT CLogPane::onCreate() {
         CreateWindowExA(0, WC_TABCONTROLA, "", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, 0, 0, 0,
                         handle(), reinterpret_cast<HMENU>(IDC_LOG_TABS), fw::module(), nullptr);
     m_list = createReportList(handle(), IDC_LOG_LIST, kColumns);
-    for (HWND control : {m_tabs, m_list})
-        SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(m_font.get()), FALSE);
+    for (HWND control : {m_tabs, m_list}) fw::setFont(control, m_font.get());
     for (int place = 0; place < kLogTabs; ++place) {
         TCITEMA tab{};
         tab.mask = TCIF_TEXT;

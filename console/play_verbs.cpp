@@ -6,6 +6,7 @@
 #include "console/play_driver.h"
 #include "console/ui_input.h"
 #include "console/ui_probe.h"
+#include "framework/controls.h"
 
 namespace zek {
 namespace {
@@ -53,10 +54,8 @@ bool isFloating(HWND pane, HWND frame) {
 bool isAtSide(HWND pane, HWND frame, const std::string& side) {
     if (side == "float" || isFloating(pane, frame))
         return side == "float" && isFloating(pane, frame);
-    RECT place{};
+    const RECT place = fw::rectInParent(pane);
     RECT room{};
-    GetWindowRect(pane, &place);
-    MapWindowPoints(nullptr, frame, reinterpret_cast<POINT*>(&place), 2);
     GetClientRect(frame, &room);
     const bool left = place.left == room.left;
     const bool right = place.right == room.right;
@@ -288,7 +287,7 @@ CPlayDriver::Outcome CPlayDriver::edit() {
     if (row < 0) return "there is no detail \"" + argument() + "\": " + shownIn(list);
     if (m_tries > 1 && IsChild(list, GetFocus()) != 0) {
         m_closing = GetFocus();
-        SendMessageA(m_closing, EM_SETSEL, 0, -1);
+        fw::Edit(m_closing).selectAll();
         ui::type(argument(1));
         ui::pressKey("Enter", m_closing);
     } else if (isTimeToAct()) {

@@ -24,8 +24,7 @@ void setSelected(HWND list, int row, bool isSelected, UINT states) {
 
 // A little inside the caption, right of a gripper or an icon.
 POINT captionPoint(HWND window) {
-    RECT place{};
-    GetWindowRect(window, &place);
+    const RECT place = fw::screenRect(window);
     return {place.left + 60, place.top + 8};
 }
 

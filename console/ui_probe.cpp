@@ -81,13 +81,6 @@ std::string classOf(HWND window) {
     return name;
 }
 
-std::string textOf(HWND window) {
-    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');
-    text.resize(static_cast<std::size_t>(
-        GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
-
 HWND findDescendant(HWND root, const std::function<bool(HWND)>& wanted) {
     if (root == nullptr) return nullptr;
     return findChild(root, [&](HWND each) { return IsWindowVisible(each) != 0 && wanted(each); });

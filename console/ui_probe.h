@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "console/model/play_script.h"
+#include "framework/hwnd.h"
 
 namespace zek::ui {
 
@@ -15,7 +16,7 @@ inline constexpr int kMainListId = 4000;
 inline constexpr int kDetailsListId = 4001;
 
 std::string classOf(HWND window);
-std::string textOf(HWND window);
+using fw::textOf;
 
 // The first visible descendant of `root` that `wanted` takes, or null.
 HWND findDescendant(HWND root, const std::function<bool(HWND)>& wanted);

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "framework/handles.h"
+#include "framework/hwnd.h"
 
 namespace mc {
 namespace {
@@ -94,7 +94,7 @@ bool CCellEditor::open(HWND list, const RECT& cell, HFONT font, std::string_view
         0, m_kind.windowClass, "", WS_CHILD | WS_VISIBLE | m_kind.style, 0, 0, room.right,
         room.bottom + scaled(m_kind.dropHeight), handle(), nullptr, fw::module(), nullptr);
     if (!m_control->subclass(made)) return false;
-    SendMessageA(made, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    fw::setFont(made, font);
     fill(text);
     m_opened = this->text();
     moveTo(cell);
@@ -105,11 +105,10 @@ bool CCellEditor::open(HWND list, const RECT& cell, HFONT font, std::string_view
 
 // Over the cell, around its middle line, and not beyond the list's right side.
 void CCellEditor::moveTo(const RECT& cell) {
-    RECT list{}, window{};
+    RECT list{};
     GetClientRect(GetParent(handle()), &list);
-    GetWindowRect(handle(), &window);
-    const int frames = static_cast<int>(window.bottom - window.top - clientRect().bottom);
-    const int cellHeight = static_cast<int>(cell.bottom - cell.top);
+    const int frames = fw::heightOf(fw::screenRect(handle())) - fw::heightOf(clientRect());
+    const int cellHeight = fw::heightOf(cell);
     const int height = fitHeight(cellHeight - frames);
     const int outer = std::max(height + frames, cellHeight);
     const int right = static_cast<int>(std::min(cell.right, list.right));
@@ -122,15 +121,7 @@ void CCellEditor::moveTo(const RECT& cell) {
 }
 
 int CCellEditor::textHeight() const {
-    const HDC dc = GetDC(control());
-    TEXTMETRICA metrics{};
-    {
-        const auto font = reinterpret_cast<HFONT>(SendMessageA(control(), WM_GETFONT, 0, 0));
-        const fw::SelectScope select(dc, font != nullptr ? font : GetStockObject(SYSTEM_FONT));
-        GetTextMetricsA(dc, &metrics);
-    }
-    ReleaseDC(control(), dc);
-    return static_cast<int>(metrics.tmHeight);
+    return static_cast<int>(fw::metricsOf(fw::fontOf(control()), control()).tmHeight);
 }
 
 // ---- Ending ----

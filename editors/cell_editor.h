@@ -17,6 +17,7 @@
 #include <string>
 #include <string_view>
 
+#include "framework/hwnd.h"
 #include "framework/window.h"
 
 namespace mc {
@@ -82,9 +83,7 @@ public:
     void moveTo(const RECT& cell);
 
     // True when `window` is the editor or a part of it.
-    virtual bool owns(HWND window) const {
-        return window != nullptr && (window == handle() || IsChild(handle(), window) != 0);
-    }
+    virtual bool owns(HWND window) const { return fw::isWithin(handle(), window); }
 
 protected:
     struct ControlKind {

@@ -3,14 +3,13 @@
 #include <algorithm>
 
 #include "frames/model/control_pos.h"
+#include "framework/hwnd.h"
 #include "framework/window.h"
 
 namespace mc {
 
 void CControlPos::add(HWND control) {
-    RECT place{};
-    GetWindowRect(control, &place);
-    MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT*>(&place), 2);
+    const RECT place = fw::rectInParent(control);
     m_controls.push_back({control,
                           {static_cast<int>(place.left), static_cast<int>(place.top),
                            static_cast<int>(place.right), static_cast<int>(place.bottom)},

@@ -4,6 +4,7 @@
 
 #include "framework/dialog.h"
 #include "framework/handles.h"
+#include "framework/hwnd.h"
 
 namespace mc {
 namespace {
@@ -128,17 +129,11 @@ void CVTHolderFrame::layOut() {
 }
 
 HFONT CVTHolderFrame::font() const {
-    return reinterpret_cast<HFONT>(SendMessageA(GetParent(handle()), WM_GETFONT, 0, 0));
+    return fw::fontOf(GetParent(handle()));
 }
 
 int CVTHolderFrame::lineHeight() const {
-    const HDC dc = GetDC(handle());
-    TEXTMETRICA metrics{};
-    {
-        const fw::SelectScope select(dc, font());
-        GetTextMetricsA(dc, &metrics);
-    }
-    ReleaseDC(handle(), dc);
+    const TEXTMETRICA metrics = fw::metricsOf(font(), handle());
     return static_cast<int>(metrics.tmHeight + metrics.tmExternalLeading);
 }
 
@@ -156,7 +151,7 @@ LRESULT CVTHolderFrame::onNotify(NMHDR& header) {
 
 // A list draws its own rows.
 LRESULT CVTHolderFrame::onDrawItem(const DRAWITEMSTRUCT& draw) {
-    return SendMessageA(draw.hwndItem, WM_DRAWITEM, draw.CtlID, reinterpret_cast<LPARAM>(&draw));
+    return reflectDrawItem(draw);
 }
 
 // And says how high they are.

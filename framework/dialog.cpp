@@ -181,30 +181,32 @@ INT_PTR CDialog::run(UINT templateId, INT_PTR failed) {
 }
 
 void CDialog::centerOver(HWND window) {
-    RECT over{};
-    RECT place{};
-    GetWindowRect(window, &over);
-    GetWindowRect(handle(), &place);
-    const LONG width = place.right - place.left;
-    const LONG height = place.bottom - place.top;
-    const LONG left = (over.left + over.right - width) / 2;
-    const LONG top = (over.top + over.bottom - height) / 2;
-    moveOnScreen(handle(), {left, top, left + width, top + height});
+    const RECT over = screenRect(window), place = screenRect(handle());
+    const LONG left = (over.left + over.right - widthOf(place)) / 2;
+    const LONG top = (over.top + over.bottom - heightOf(place)) / 2;
+    moveOnScreen(handle(), {left, top, left + widthOf(place), top + heightOf(place)});
 }
 
 void CDialog::setHeight(int pixels) {
-    RECT place{};
-    GetWindowRect(handle(), &place);
+    RECT place = screenRect(handle());
     place.bottom = place.top + pixels;
     moveOnScreen(handle(), place);
 }
 
-std::string CDialog::itemText(int id) const {
-    const HWND control = item(id);
-    const int length = GetWindowTextLengthA(control);
-    std::string text(static_cast<std::size_t>(length) + 1, '\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextA(control, text.data(), length + 1)));
-    return text;
+void CDialog::setDefaultButton(int id) const {
+    SendMessageA(handle(), DM_SETDEFID, static_cast<WPARAM>(id), 0);
+}
+
+void CDialog::focusItem(int id) const {
+    SendMessageA(handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(item(id)), TRUE);
+}
+
+void CDialog::moveItemsDown(std::span<const int> ids, int pixels) const {
+    for (const int id : ids) {
+        const RECT place = rectInParent(item(id));
+        SetWindowPos(item(id), nullptr, place.left, place.top + pixels, 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
 }
 
 }  // namespace fw

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "framework/window.h"
+#include "framework/controls.h"
+#include "framework/hwnd.h"
 
 namespace fw {
 namespace {
@@ -37,7 +38,7 @@ bool inPlatformLoop() {
 bool isDropped(HWND window) {
     char name[16]{};
     return GetClassNameA(window, name, sizeof name) != 0 && lstrcmpiA(name, WC_COMBOBOXA) == 0 &&
-           SendMessageA(window, CB_GETDROPPEDSTATE, 0, 0) != 0;
+           Combo(window).dropped();
 }
 
 }  // namespace
@@ -50,8 +51,7 @@ bool isPressed(const ActionKey& action, UINT key) {
 }
 
 bool holdsMouse(HWND pane) {
-    const HWND holder = GetCapture();
-    return holder != nullptr && (holder == pane || IsChild(pane, holder) != 0);
+    return isWithin(pane, GetCapture());
 }
 
 CKeyFilter::CKeyFilter(HWND pane, std::span<const ActionKey> actions, ClaimedBy claimed)

@@ -138,6 +138,10 @@ LRESULT CWindow::reflectNotify(WPARAM wParam, LPARAM lParam) {
                         lParam);
 }
 
+LRESULT CWindow::reflectDrawItem(const DRAWITEMSTRUCT& draw) {
+    return SendMessageA(draw.hwndItem, WM_DRAWITEM, draw.CtlID, reinterpret_cast<LPARAM>(&draw));
+}
+
 LRESULT CALLBACK CWindow::windowProc(HWND window, UINT message, WPARAM wParam,
                                      LPARAM lParam) noexcept try {
     const Call call;

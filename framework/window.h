@@ -80,6 +80,8 @@ protected:
 
     // Hands a child's notification back to the child (kReflectedNotify).
     static LRESULT reflectNotify(WPARAM wParam, LPARAM lParam);
+    // Has an owner-drawn child draw itself: its parent is asked to.
+    static LRESULT reflectDrawItem(const DRAWITEMSTRUCT& draw);
 
     // Runs before any message is dispatched to a subclassed control.
     virtual void beforeMessage(UINT) {}

@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "framework/controls.h"
+#include "framework/hwnd.h"
 #include "framework/point_font.h"
 #include "listctrl/dialogs/model/appearance_edit.h"
 
@@ -28,9 +30,8 @@ int CALLBACK collectFamily(const LOGFONTA* font, const TEXTMETRICA*, DWORD, LPAR
 std::vector<std::string> screenFamilies() {
     std::vector<std::string> families;
     LOGFONTA all{};  // every face of character set 0
-    const HDC screen = GetDC(nullptr);
-    EnumFontFamiliesExA(screen, &all, collectFamily, reinterpret_cast<LPARAM>(&families), 0);
-    ReleaseDC(nullptr, screen);
+    const fw::DcScope screen(nullptr);
+    EnumFontFamiliesExA(screen.dc(), &all, collectFamily, reinterpret_cast<LPARAM>(&families), 0);
     return families;
 }
 
@@ -43,7 +44,7 @@ void frameRect(HDC dc, RECT& place, int color) {
 
 bool CHotFontCombo::attach(HWND combo) {
     if (!subclass(combo)) return false;
-    SendMessageA(combo, CB_SETITEMHEIGHT, 0, scaled(22));
+    fw::Combo(combo).setEntryHeight(scaled(22));
     return true;
 }
 
@@ -60,29 +61,24 @@ const fw::MessageMap& CHotFontCombo::messageMap() const {
 
 void CHotFontCombo::fill(const std::string& preferred) {
     const fw::RedrawOffScope off(handle());
-    SendMessageA(handle(), CB_RESETCONTENT, 0, 0);
-    for (const std::string& family : fontChoices(screenFamilies()))
-        SendMessageA(handle(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(family.c_str()));
-    const auto found = SendMessageA(handle(), CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
-                                    reinterpret_cast<LPARAM>(preferred.c_str()));
-    SendMessageA(handle(), CB_SETCURSEL, static_cast<WPARAM>(found), 0);
+    const fw::Combo combo(handle());
+    combo.clear();
+    for (const std::string& family : fontChoices(screenFamilies())) combo.add(family);
+    combo.select(combo.find(preferred));
 }
 
 LRESULT CHotFontCombo::onDrawItem(const DRAWITEMSTRUCT& draw) {
     const bool selected = (draw.itemState & ODS_SELECTED) != 0;
     RECT place = draw.rcItem;
     FillRect(draw.hDC, &place, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
-    char face[LF_FACESIZE]{};
-    if (static_cast<int>(draw.itemID) < 0 ||
-        SendMessageA(handle(), CB_GETLBTEXTLEN, draw.itemID, 0) >= LF_FACESIZE)
-        return TRUE;
-    SendMessageA(handle(), CB_GETLBTEXT, draw.itemID, reinterpret_cast<LPARAM>(face));
+    const std::string face = fw::Combo(handle()).text(draw.itemID);
+    if (face.empty()) return TRUE;  // the box with nothing selected
     const fw::Font font = fw::pointFont(face, kEntryPoints, scaled(USER_DEFAULT_SCREEN_DPI));
     const fw::SelectScope select(draw.hDC, font.get());
     SetBkMode(draw.hDC, TRANSPARENT);
     SetTextColor(draw.hDC, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
     place.left += scaled(4);
-    DrawTextA(draw.hDC, face, -1, &place,
+    DrawTextA(draw.hDC, face.c_str(), -1, &place,
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     return TRUE;
 }
@@ -105,9 +101,8 @@ void CHotFontCombo::onMouseMove(POINT) {
 bool CHotFontCombo::onTimer(UINT_PTR id) {
     if (id != kHotTimer) return false;
     POINT cursor{};
-    RECT place{};
     GetCursorPos(&cursor);
-    GetWindowRect(handle(), &place);
+    const RECT place = fw::screenRect(handle());
     if (PtInRect(&place, cursor) != 0) return true;
     KillTimer(handle(), kHotTimer);
     setHot(false);

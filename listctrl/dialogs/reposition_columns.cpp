@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "editors/drag_list.h"
+#include "framework/controls.h"
 #include "framework/dialog.h"
 #include "framework/handles.h"
 #include "res/resource_ids.h"
@@ -78,8 +79,7 @@ private:
             SendMessageA(item(id), LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT,
                          LVS_EX_FULLROWSELECT);
         }
-        for (const auto& sort : kSorts)
-            SendMessageA(item(IDC_CP_SORT), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(sort.text));
+        for (const auto& sort : kSorts) sorts().add(sort.text);
         if (!m_offersSort) leaveSortOut();
         fillAvailable({});
         fillShown({0});
@@ -93,16 +93,8 @@ private:
         RECT gone{0, 0, 0, kSortGroupHeight};
         MapDialogRect(handle(), &gone);
         for (const int id : kSortControls) ShowWindow(item(id), SW_HIDE);
-        for (const int id : kBottomButtons) {
-            RECT place{};
-            GetWindowRect(item(id), &place);
-            MapWindowPoints(nullptr, handle(), reinterpret_cast<POINT*>(&place), 2);
-            SetWindowPos(item(id), nullptr, place.left, place.top - gone.bottom, 0, 0,
-                         SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-        }
-        RECT own{};
-        GetWindowRect(handle(), &own);
-        setHeight(static_cast<int>(own.bottom - own.top - gone.bottom));
+        moveItemsDown(kBottomButtons, -fw::heightOf(gone));
+        setHeight(fw::heightOf(fw::screenRect(handle())) - fw::heightOf(gone));
     }
 
     // ---- The two lists ----
@@ -120,7 +112,7 @@ private:
                 entry.pszText = const_cast<char*>(m_choice.caption(columns[row]).c_str());
                 SendMessageA(list, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&entry));
             }
-            SendMessageA(list, LVM_SETCOLUMNWIDTH, 0, MAKELPARAM(LVSCW_AUTOSIZE_USEHEADER, 0));
+            ListView_SetColumnWidth(list, 0, LVSCW_AUTOSIZE_USEHEADER);
         }
         select(list, selected, top);
         m_filling = false;
@@ -191,6 +183,8 @@ private:
 
     // ---- The sort group ----
 
+    fw::Combo sorts() const { return fw::Combo(item(IDC_CP_SORT)); }
+
     // The column that the group is about: the first one selected.
     std::optional<ColumnId> sortColumn() const {
         const Rows rows = selectedRows(item(IDC_CP_SHOWN));
@@ -209,15 +203,14 @@ private:
         const auto ascending = column ? m_choice.ascending(*column) : std::nullopt;
         const auto* found = std::ranges::find_if(
             kSorts, [&](const auto& sort) { return sort.ascending == ascending; });
-        SendMessageA(item(IDC_CP_SORT), CB_SETCURSEL,
-                     static_cast<WPARAM>(found - std::begin(kSorts)), 0);
+        sorts().select(static_cast<std::size_t>(found - std::begin(kSorts)));
         EnableWindow(item(IDC_CP_SORT), column ? TRUE : FALSE);
     }
 
     void onSortChosen() {
-        const auto chosen = SendMessageA(item(IDC_CP_SORT), CB_GETCURSEL, 0, 0);
-        if (const auto column = sortColumn(); column && chosen != CB_ERR)
-            m_choice.setAscending(*column, kSorts[chosen].ascending);
+        const auto chosen = sorts().selected();
+        if (const auto column = sortColumn(); column && chosen)
+            m_choice.setAscending(*column, kSorts[*chosen].ascending);
     }
 
     // ---- The buttons below ----
