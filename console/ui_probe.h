@@ -34,7 +34,7 @@ std::string dialogText(HWND dialog);
 // The open popup menu, if any.
 HWND openMenu();
 
-// The enabled button with the text, ampersands left out: in the open dialog, else in the pane.
+// The enabled button with the text, without ampersands: in the open dialog, else in the pane.
 HWND findButton(const std::string& text);
 
 // The items of a drop-down list, a list box or a list view (its first cells), in order; none for
