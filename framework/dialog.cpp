@@ -93,7 +93,7 @@ void Modal::endAll() noexcept {
     for (Modal* each = s_innermost; each != nullptr; each = each->m_outer) each->end();
 }
 
-// The first dialog that comes is the modal one: message boxes and common dialogs tell no handle.
+// The first dialog that comes is the modal one: message boxes and common dialogs give no handle.
 LRESULT CALLBACK Modal::noteDialog(int code, WPARAM wParam, LPARAM lParam) noexcept {
     constexpr DWORD kDialogClass = 0x8002;
     const auto window = reinterpret_cast<HWND>(wParam);
@@ -110,19 +110,19 @@ bool threadInFront() noexcept {
     return GetWindowThreadProcessId(GetForegroundWindow(), nullptr) == GetCurrentThreadId();
 }
 
-// Moves a window to `place`, or as near to it as the work area of the monitor there allows. The
+// Moves a window to `rect`, or as near to it as the work area of the monitor there allows. The
 // upper left corner is always in sight.
-void moveOnScreen(HWND window, RECT place) {
+void moveOnScreen(HWND window, RECT rect) {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
-    if (GetMonitorInfoA(MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &monitor) != 0) {
+    if (GetMonitorInfoA(MonitorFromRect(&rect, MONITOR_DEFAULTTONEAREST), &monitor) != 0) {
         const RECT& room = monitor.rcWork;
-        const LONG x = std::max(std::min(0L, room.right - place.right), room.left - place.left);
-        const LONG y = std::max(std::min(0L, room.bottom - place.bottom), room.top - place.top);
-        OffsetRect(&place, x, y);
+        const LONG x = std::max(std::min(0L, room.right - rect.right), room.left - rect.left);
+        const LONG y = std::max(std::min(0L, room.bottom - rect.bottom), room.top - rect.top);
+        OffsetRect(&rect, x, y);
     }
-    SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
-                 place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(window, nullptr, rect.left, rect.top, rect.right - rect.left,
+                 rect.bottom - rect.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 }  // namespace
@@ -181,16 +181,16 @@ INT_PTR CDialog::run(UINT templateId, INT_PTR failed) {
 }
 
 void CDialog::centerOver(HWND window) {
-    const RECT over = screenRect(window), place = screenRect(handle());
-    const LONG left = (over.left + over.right - widthOf(place)) / 2;
-    const LONG top = (over.top + over.bottom - heightOf(place)) / 2;
-    moveOnScreen(handle(), {left, top, left + widthOf(place), top + heightOf(place)});
+    const RECT over = screenRect(window), rect = screenRect(handle());
+    const LONG left = (over.left + over.right - widthOf(rect)) / 2;
+    const LONG top = (over.top + over.bottom - heightOf(rect)) / 2;
+    moveOnScreen(handle(), {left, top, left + widthOf(rect), top + heightOf(rect)});
 }
 
 void CDialog::setHeight(int pixels) {
-    RECT place = screenRect(handle());
-    place.bottom = place.top + pixels;
-    moveOnScreen(handle(), place);
+    RECT rect = screenRect(handle());
+    rect.bottom = rect.top + pixels;
+    moveOnScreen(handle(), rect);
 }
 
 void CDialog::setDefaultButton(int id) const {
@@ -203,8 +203,8 @@ void CDialog::focusItem(int id) const {
 
 void CDialog::moveItemsDown(std::span<const int> ids, int pixels) const {
     for (const int id : ids) {
-        const RECT place = rectInParent(item(id));
-        SetWindowPos(item(id), nullptr, place.left, place.top + pixels, 0, 0,
+        const RECT rect = rectInParent(item(id));
+        SetWindowPos(item(id), nullptr, rect.left, rect.top + pixels, 0, 0,
                      SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     }
 }

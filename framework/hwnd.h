@@ -1,4 +1,4 @@
-// What any window can be asked and told, whoever made it.
+// What any window can be asked, whoever made it.
 #pragma once
 
 #include <windows.h>

@@ -98,8 +98,8 @@ void CKeyFilter::filterKey(MSG& message) {
 
 // A message that was posted, not made by a mouse, came from elsewhere than where it presses.
 void CKeyFilter::filterPress(MSG& message) {
-    RECT place{};
-    if (GetWindowRect(message.hwnd, &place) == 0 || PtInRect(&place, message.pt) == 0) return;
+    RECT rect{};
+    if (GetWindowRect(message.hwnd, &rect) == 0 || PtInRect(&rect, message.pt) == 0) return;
     const MousePress press{static_cast<unsigned>(message.time), static_cast<int>(message.pt.x),
                            static_cast<int>(message.pt.y), message.hwnd};
     const DoubleClickLimits limits{GetDoubleClickTime(), GetSystemMetrics(SM_CXDOUBLECLK),

@@ -13,6 +13,10 @@
 // An entry cracks its message: the handler takes typed arguments (the table below says which), and
 // the compiler checks them. A handler that returns nothing answers 0; one that returns LRESULT
 // answers that. observe<> runs the handler and goes on to the base map and the default handling.
+//
+// A window that is made of parts names the part in front of the part's handler:
+//
+//   fw::on<WM_CHAR, &CList::m_input, &CListInput::onCharacter>()
 #pragma once
 
 #include <windows.h>
@@ -183,10 +187,16 @@ template <class Class, class Result, class... Arguments>
 struct MemberOf<Result (Class::*)(Arguments...) const> {
     using Target = Class;
 };
+template <class Class, class Part>
+struct MemberOf<Part Class::*> {
+    using Target = Class;
+};
 
-// The notification structure that a WM_NOTIFY handler takes.
+// The notification structure that a WM_NOTIFY handler takes; of a part's handler it is the last.
 template <class Class, class Result, class Header>
 Header headerOf(Result (Class::*)(Header&));
+template <class Class, class Part, class Handler>
+auto headerOf(Part Class::*, Handler handler) -> decltype(headerOf(handler));
 
 template <auto handler>
 auto bind(CWindow& window) {
@@ -194,6 +204,14 @@ auto bind(CWindow& window) {
     return [target = static_cast<Target*>(&window)]<class... Arguments>(
                Arguments&&... arguments) -> decltype(auto) {
         return (target->*handler)(std::forward<Arguments>(arguments)...);
+    };
+}
+template <auto part, auto handler>
+auto bind(CWindow& window) {
+    using Target = typename MemberOf<decltype(part)>::Target;
+    return [&target = static_cast<Target&>(window).*
+                      part]<class... Arguments>(Arguments&&... arguments) -> decltype(auto) {
+        return (target.*handler)(std::forward<Arguments>(arguments)...);
     };
 }
 
@@ -210,32 +228,32 @@ bool answer(Call call, LRESULT& result) {
 
 }  // namespace detail
 
-template <UINT message, auto handler>
+template <UINT message, auto... handler>
 constexpr MessageEntry on() {
     return {message, 0, kAnyCode, [](CWindow& window, WPARAM w, LPARAM l, LRESULT& result) {
                 return detail::answer(
                     [&]() -> decltype(auto) {
-                        return Crack<message>::with(detail::bind<handler>(window), w, l);
+                        return Crack<message>::with(detail::bind<handler...>(window), w, l);
                     },
                     result);
             }};
 }
 
-template <UINT message, auto handler>
+template <UINT message, auto... handler>
 constexpr MessageEntry observe() {
     return {message, 0, kAnyCode, [](CWindow& window, WPARAM w, LPARAM l, LRESULT&) {
-                Crack<message>::with(detail::bind<handler>(window), w, l);
+                Crack<message>::with(detail::bind<handler...>(window), w, l);
                 return false;
             }};
 }
 
 // As on<>, but the handler's bool says whether the message was its own; false goes on to the
 // default.
-template <UINT message, auto handler>
+template <UINT message, auto... handler>
 constexpr MessageEntry offer() {
     return {message, 0, kAnyCode, [](CWindow& window, WPARAM w, LPARAM l, LRESULT& result) {
                 result = 0;
-                const bool taken = Crack<message>::with(detail::bind<handler>(window), w, l);
+                const bool taken = Crack<message>::with(detail::bind<handler...>(window), w, l);
                 return taken;
             }};
 }
@@ -251,35 +269,40 @@ constexpr MessageEntry onCommand() {
 }
 
 // Any command of any child: handler(UINT id, UINT code).
-template <auto handler>
+template <auto... handler>
 constexpr MessageEntry onAnyCommand() {
     return {WM_COMMAND, kAnyId, kAnyCode, [](CWindow& window, WPARAM w, LPARAM, LRESULT& result) {
                 return detail::answer(
                     [&]() -> decltype(auto) {
-                        return detail::bind<handler>(window)(static_cast<UINT>(LOWORD(w)),
-                                                             static_cast<UINT>(HIWORD(w)));
+                        return detail::bind<handler...>(window)(static_cast<UINT>(LOWORD(w)),
+                                                                static_cast<UINT>(HIWORD(w)));
                     },
                     result);
             }};
 }
 
+namespace detail {
+
+template <auto... handler>
+bool answerNotice(CWindow& window, WPARAM, LPARAM l, LRESULT& result) {
+    using Header = std::remove_reference_t<decltype(headerOf(handler...))>;
+    return answer(
+        [&]() -> decltype(auto) { return bind<handler...>(window)(*reinterpret_cast<Header*>(l)); },
+        result);
+}
+
+}  // namespace detail
+
 // A notification of a common control: handler(Header&), Header being NMHDR or what begins with one.
-template <UINT id, UINT code, auto handler, UINT message = WM_NOTIFY>
+template <UINT id, UINT code, auto... handler>
 constexpr MessageEntry onNotify() {
-    return {message, id, code, [](CWindow& window, WPARAM, LPARAM l, LRESULT& result) {
-                using Header = decltype(detail::headerOf(handler));
-                return detail::answer(
-                    [&]() -> decltype(auto) {
-                        return detail::bind<handler>(window)(*reinterpret_cast<Header*>(l));
-                    },
-                    result);
-            }};
+    return {WM_NOTIFY, id, code, detail::answerNotice<handler...>};
 }
 
 // A control's own notification, handed back to it: handler(Header&).
-template <UINT code, auto handler>
+template <UINT code, auto... handler>
 constexpr MessageEntry onReflected() {
-    return onNotify<kAnyId, code, handler, kReflectedNotify>();
+    return {kReflectedNotify, kAnyId, code, detail::answerNotice<handler...>};
 }
 
 // Runs the handler that `map`, or a map it is based on, has for the message. False when there is

@@ -64,7 +64,7 @@ protected:
 
     // Creates a window of `windowClass`, bound to this object. False when it cannot be made.
     bool create(const WindowClass& windowClass, const char* text, DWORD style, DWORD exStyle,
-                const RECT& place, HWND parent, UINT id);
+                const RECT& rect, HWND parent, UINT id);
 
     // Binds an existing control; its own procedure is the default.
     bool subclass(HWND control);

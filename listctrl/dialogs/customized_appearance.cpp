@@ -7,6 +7,7 @@
 #include "framework/controls.h"
 #include "framework/dialog.h"
 #include "framework/point_font.h"
+#include "framework/tool_tip.h"
 #include "listctrl/dialogs/color_button.h"
 #include "listctrl/dialogs/font_setting.h"
 #include "listctrl/dialogs/keyword_list.h"
@@ -21,13 +22,13 @@ namespace {
 
 constexpr COLORREF kTipColor = 0xFF0000;  // blue
 
-// In the order in which they stand in the drop-down list.
+// In the order of the drop-down list.
 constexpr std::pair<const char*, ColorProperty> kProperties[] = {
     {"Text", ColorProperty::text},
     {"Background", ColorProperty::background},
 };
 
-// What shows for the text only, and what moves up when it does not.
+// Visible for the text only; the items below move up when they are hidden.
 constexpr int kKeywordItems[] = {
     IDC_KEYWORD_GROUP,         IDC_KEYWORD_COLUMN_LABEL, IDC_KEYWORD_COLUMN,
     IDC_KEYWORD_COLUMN_UNLOCK, IDC_KEYWORD_TEXT,         IDC_KEYWORD_TEXT_LABEL,
@@ -65,6 +66,7 @@ protected:
 private:
     LRESULT onInitDialog();
     LRESULT onDrawItem(const DRAWITEMSTRUCT& draw);
+    void onDestroy() { m_tips.destroy(); }
     void onPropertyChanged();
     void onColumnChanged();
     void onKeywordFocus() { setDefaultButton(IDC_KEYWORD_ADD); }
@@ -92,6 +94,7 @@ private:
     AppearanceEdit m_edit;
     CColorButton m_color;
     CKeywordList m_keywords;
+    fw::CToolTip m_tips;
     int m_groupHeight = 0;  // in pixels
     bool m_groupShown = true;
 };
@@ -100,6 +103,7 @@ const fw::MessageMap& CCustomizedAppearance::messageMap() const {
     static constexpr fw::MessageEntry entries[] = {
         fw::on<WM_INITDIALOG, &CCustomizedAppearance::onInitDialog>(),
         fw::on<WM_DRAWITEM, &CCustomizedAppearance::onDrawItem>(),
+        fw::observe<WM_DESTROY, &CCustomizedAppearance::onDestroy>(),
         fw::onCommand<IDC_APPEARANCE_PROPERTY, &CCustomizedAppearance::onPropertyChanged,
                       CBN_SELCHANGE>(),
         fw::onCommand<IDC_APPEARANCE_COLOR, &CCustomizedAppearance::onColor, BN_CLICKED>(),
@@ -147,18 +151,9 @@ void CCustomizedAppearance::fillColumns() {
 }
 
 void CCustomizedAppearance::addTips() {
-    const HWND tips = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, "", WS_POPUP | TTS_ALWAYSTIP,
-                                      0, 0, 0, 0, handle(), nullptr, fw::module(), nullptr);
-    SendMessageA(tips, TTM_SETTIPTEXTCOLOR, kTipColor, 0);
-    for (const auto& [id, text] : kTips) {
-        TTTOOLINFOA tool{};
-        tool.cbSize = sizeof tool;
-        tool.uFlags = TTF_SUBCLASS | TTF_IDISHWND;
-        tool.hwnd = handle();
-        tool.uId = reinterpret_cast<UINT_PTR>(item(id));
-        tool.lpszText = const_cast<char*>(text);
-        SendMessageA(tips, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
-    }
+    m_tips.create(handle());
+    m_tips.setTextColor(kTipColor);
+    for (const auto& [id, text] : kTips) m_tips.add(handle(), item(id), text);
 }
 
 // ---- The property ----
@@ -228,22 +223,22 @@ LRESULT CCustomizedAppearance::onDrawItem(const DRAWITEMSTRUCT& draw) {
 
 // In the chosen colours, face and size; a size beyond the sample's own is cut to that.
 LRESULT CCustomizedAppearance::drawFont(const DRAWITEMSTRUCT& draw) const {
-    RECT place = draw.rcItem;
-    drawColor(draw.hDC, place, m_edit.color(ColorProperty::background), GetSysColor(COLOR_BTNTEXT));
-    InflateRect(&place, -2, -2);
+    RECT rect = draw.rcItem;
+    drawColor(draw.hDC, rect, m_edit.color(ColorProperty::background), GetSysColor(COLOR_BTNTEXT));
+    InflateRect(&rect, -2, -2);
     const int dpi = scaled(USER_DEFAULT_SCREEN_DPI);
-    const int most = MulDiv(fw::heightOf(place) * 3 / 4, 72, dpi);
+    const int most = MulDiv(fw::heightOf(rect) * 3 / 4, 72, dpi);
     const int points = fontPoints(m_edit.fontSize()).value_or(kStandardPoints);
     {
         const fw::Font font = fw::pointFont(m_edit.fontFace(), std::min(points, most), dpi);
         const fw::SelectScope select(draw.hDC, font.get());
         SetBkMode(draw.hDC, TRANSPARENT);
         SetTextColor(draw.hDC, m_edit.color(ColorProperty::text));
-        DrawTextA(draw.hDC, itemText(IDC_APPEARANCE_FONT).c_str(), -1, &place,
+        DrawTextA(draw.hDC, itemText(IDC_APPEARANCE_FONT).c_str(), -1, &rect,
                   DT_SINGLELINE | DT_CENTER | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     }
     if ((draw.itemState & (ODS_FOCUS | ODS_NOFOCUSRECT)) == ODS_FOCUS)
-        DrawFocusRect(draw.hDC, &place);
+        DrawFocusRect(draw.hDC, &rect);
     return TRUE;
 }
 
@@ -270,11 +265,11 @@ void CCustomizedAppearance::onAdd() {
 
 void CCustomizedAppearance::onKeywordKey(NMLVKEYDOWN& pressed) {
     if (pressed.wVKey != VK_DELETE) return;
-    const std::vector<std::size_t> places = m_keywords.selected();
-    if (places.empty()) return;
-    m_edit.removeKeywords(places);
+    const std::vector<std::size_t> indexes = m_keywords.selected();
+    if (indexes.empty()) return;
+    m_edit.removeKeywords(indexes);
     m_keywords.show(m_edit.keywords());
-    m_keywords.select(places.front());
+    m_keywords.select(indexes.front());
 }
 
 }  // namespace

@@ -35,9 +35,9 @@ std::vector<std::string> screenFamilies() {
     return families;
 }
 
-void frameRect(HDC dc, RECT& place, int color) {
-    FrameRect(dc, &place, GetSysColorBrush(color));
-    InflateRect(&place, -1, -1);
+void frameRect(HDC dc, RECT& rect, int color) {
+    FrameRect(dc, &rect, GetSysColorBrush(color));
+    InflateRect(&rect, -1, -1);
 }
 
 }  // namespace
@@ -69,16 +69,16 @@ void CHotFontCombo::fill(const std::string& preferred) {
 
 LRESULT CHotFontCombo::onDrawItem(const DRAWITEMSTRUCT& draw) {
     const bool selected = (draw.itemState & ODS_SELECTED) != 0;
-    RECT place = draw.rcItem;
-    FillRect(draw.hDC, &place, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+    RECT rect = draw.rcItem;
+    FillRect(draw.hDC, &rect, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
     const std::string face = fw::Combo(handle()).text(draw.itemID);
     if (face.empty()) return TRUE;  // the box with nothing selected
     const fw::Font font = fw::pointFont(face, kEntryPoints, scaled(USER_DEFAULT_SCREEN_DPI));
     const fw::SelectScope select(draw.hDC, font.get());
     SetBkMode(draw.hDC, TRANSPARENT);
     SetTextColor(draw.hDC, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
-    place.left += scaled(4);
-    DrawTextA(draw.hDC, face.c_str(), -1, &place,
+    rect.left += scaled(4);
+    DrawTextA(draw.hDC, face.c_str(), -1, &rect,
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     return TRUE;
 }
@@ -87,9 +87,9 @@ void CHotFontCombo::onPaint() {
     controlDefault(WM_PAINT, 0, 0);
     const Frame& frame = m_hot || IsWindowEnabled(handle()) == 0 ? kLit : kFlat;
     const fw::WindowDcScope window(handle());
-    RECT place = clientRect();
-    frameRect(window.dc(), place, frame.outer);
-    frameRect(window.dc(), place, frame.inner);
+    RECT rect = clientRect();
+    frameRect(window.dc(), rect, frame.outer);
+    frameRect(window.dc(), rect, frame.inner);
 }
 
 void CHotFontCombo::onMouseMove(POINT) {
@@ -102,8 +102,8 @@ bool CHotFontCombo::onTimer(UINT_PTR id) {
     if (id != kHotTimer) return false;
     POINT cursor{};
     GetCursorPos(&cursor);
-    const RECT place = fw::screenRect(handle());
-    if (PtInRect(&place, cursor) != 0) return true;
+    const RECT rect = fw::screenRect(handle());
+    if (PtInRect(&rect, cursor) != 0) return true;
     KillTimer(handle(), kHotTimer);
     setHot(false);
     return true;

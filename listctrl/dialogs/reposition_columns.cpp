@@ -24,18 +24,13 @@ constexpr int kSortGroupHeight = 36;  // dialog units, with the gap below
 
 Rows selectedRows(HWND list) {
     Rows rows;
-    const auto next = [list](LRESULT row) {
-        return SendMessageA(list, LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED);
-    };
-    for (auto row = next(-1); row >= 0; row = next(row)) rows.push_back(static_cast<size_t>(row));
+    for (int row = -1; (row = ListView_GetNextItem(list, row, LVNI_SELECTED)) >= 0;)
+        rows.push_back(static_cast<std::size_t>(row));
     return rows;
 }
 
-void setRowState(HWND list, int row, UINT state) {
-    LVITEMA item{};
-    item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-    item.state = state;
-    SendMessageA(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+void setRowState(HWND list, std::size_t row, UINT state) {
+    ListView_SetItemState(list, row, state, LVIS_SELECTED | LVIS_FOCUSED);
 }
 
 class CRepositionColumns final : public fw::CDialog, private DragListOwner {
@@ -75,9 +70,9 @@ private:
         m_shown.attach(item(IDC_CP_SHOWN));
         for (const int id : {IDC_CP_AVAILABLE, IDC_CP_SHOWN}) {
             LVCOLUMNA column{};
-            SendMessageA(item(id), LVM_INSERTCOLUMNA, 0, reinterpret_cast<LPARAM>(&column));
-            SendMessageA(item(id), LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT,
-                         LVS_EX_FULLROWSELECT);
+            ListView_InsertColumn(item(id), 0, &column);
+            ListView_SetExtendedListViewStyleEx(item(id), LVS_EX_FULLROWSELECT,
+                                                LVS_EX_FULLROWSELECT);
         }
         for (const auto& sort : kSorts) sorts().add(sort.text);
         if (!m_offersSort) leaveSortOut();
@@ -100,17 +95,17 @@ private:
     // ---- The two lists ----
 
     void fill(HWND list, const std::vector<ColumnId>& columns, const Rows& selected) {
-        const auto top = static_cast<int>(SendMessageA(list, LVM_GETTOPINDEX, 0, 0));
+        const int top = ListView_GetTopIndex(list);
         m_filling = true;
         {
             const fw::RedrawOffScope off(list);
-            SendMessageA(list, LVM_DELETEALLITEMS, 0, 0);
+            ListView_DeleteAllItems(list);
             for (std::size_t row = 0; row < columns.size(); ++row) {
                 LVITEMA entry{};
                 entry.mask = LVIF_TEXT;
                 entry.iItem = static_cast<int>(row);
                 entry.pszText = const_cast<char*>(m_choice.caption(columns[row]).c_str());
-                SendMessageA(list, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&entry));
+                ListView_InsertItem(list, &entry);
             }
             ListView_SetColumnWidth(list, 0, LVSCW_AUTOSIZE_USEHEADER);
         }
@@ -120,13 +115,12 @@ private:
 
     // Selects the rows, and scrolls to them from where the list was.
     static void select(HWND list, const Rows& rows, int top) {
-        const auto page = static_cast<int>(SendMessageA(list, LVM_GETCOUNTPERPAGE, 0, 0));
-        SendMessageA(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(top + page - 1), FALSE);
-        for (const std::size_t row : rows) setRowState(list, static_cast<int>(row), LVIS_SELECTED);
+        ListView_EnsureVisible(list, top + ListView_GetCountPerPage(list) - 1, FALSE);
+        for (const std::size_t row : rows) setRowState(list, row, LVIS_SELECTED);
         if (rows.empty()) return;
-        setRowState(list, static_cast<int>(rows.front()), LVIS_SELECTED | LVIS_FOCUSED);
-        SendMessageA(list, LVM_ENSUREVISIBLE, rows.back(), FALSE);
-        SendMessageA(list, LVM_ENSUREVISIBLE, rows.front(), FALSE);
+        setRowState(list, rows.front(), LVIS_SELECTED | LVIS_FOCUSED);
+        ListView_EnsureVisible(list, rows.back(), FALSE);
+        ListView_EnsureVisible(list, rows.front(), FALSE);
     }
 
     void fillAvailable(const Rows& selected) {
