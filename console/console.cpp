@@ -201,12 +201,12 @@ void Console::onDecideOldest() {
     m_makers.decideOldest(accepted);
 }
 
-void Console::switchUser(std::size_t place) {
-    if (place >= m_profileNames.size()) return;
-    Parsed<LoginProfile> login = parseLogin(m_ini, "zek.ini", {"--profile", m_profileNames[place]});
+void Console::switchUser(std::size_t index) {
+    if (index >= m_profileNames.size()) return;
+    Parsed<LoginProfile> login = parseLogin(m_ini, "zek.ini", {"--profile", m_profileNames[index]});
     if (!login.ok()) return fail(login.error);
     m_nextProfile = std::move(login.value);
-    m_profileName = m_profileNames[place];
+    m_profileName = m_profileNames[index];
     leave();
 }
 

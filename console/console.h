@@ -72,7 +72,7 @@ private:
     void onStorm();
     template <bool accepted>
     void onDecideOldest();
-    void switchUser(std::size_t place);
+    void switchUser(std::size_t index);
     void showStatus();
     // Tells the user, or whoever runs a script; after fail() the exit code says so too.
     void warn(const std::string& what);

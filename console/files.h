@@ -9,7 +9,7 @@ namespace zek {
 // The folder of the program, with a backslash at its end.
 std::string programFolder();
 
-// A file that an option or a profile names: as it stands, or else beside the program.
+// A file that an option or a profile names: as it is, or else beside the program.
 std::string findFile(const std::string& name);
 
 std::optional<std::string> readFile(const std::string& name);

@@ -51,8 +51,8 @@ long long countGdiObjects() {
     if (currentBlock == nullptr) return 0;
     const auto* table = *reinterpret_cast<const GdiEntry* const*>(currentBlock() + kTableInBlock);
     long long count = 0;
-    for (std::size_t place = 0; table != nullptr && place < kEntries; ++place)
-        if (table[place].type != 0) ++count;
+    for (std::size_t index = 0; table != nullptr && index < kEntries; ++index)
+        if (table[index].type != 0) ++count;
     return count;
 }
 

@@ -1,6 +1,7 @@
 #include "console/log_pane.h"
 
 #include "console/resource_ids.h"
+#include "framework/hwnd.h"
 
 namespace zek {
 namespace {
@@ -34,14 +35,12 @@ LRESULT CLogPane::onCreate() {
         CreateWindowExA(0, WC_TABCONTROLA, "", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, 0, 0, 0,
                         handle(), reinterpret_cast<HMENU>(IDC_LOG_TABS), fw::module(), nullptr);
     m_list = createReportList(handle(), IDC_LOG_LIST, kColumns);
-    for (HWND control : {m_tabs, m_list})
-        SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(m_font.get()), FALSE);
-    for (int place = 0; place < kLogTabs; ++place) {
+    for (HWND control : {m_tabs, m_list}) fw::setFont(control, m_font.get());
+    for (int index = 0; index < kLogTabs; ++index) {
         TCITEMA tab{};
         tab.mask = TCIF_TEXT;
-        tab.pszText = const_cast<char*>(kTabTitles[place]);
-        SendMessageA(m_tabs, TCM_INSERTITEMA, static_cast<WPARAM>(place),
-                     reinterpret_cast<LPARAM>(&tab));
+        tab.pszText = const_cast<char*>(kTabTitles[index]);
+        TabCtrl_InsertItem(m_tabs, index, &tab);
     }
     showLast();
     return 0;
@@ -50,7 +49,7 @@ LRESULT CLogPane::onCreate() {
 void CLogPane::onSize(int width, int height) {
     SetWindowPos(m_tabs, nullptr, 0, 0, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
     RECT room{0, 0, width, height};
-    SendMessageA(m_tabs, TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&room));
+    TabCtrl_AdjustRect(m_tabs, FALSE, &room);
     SetWindowPos(m_list, HWND_TOP, room.left, room.top, room.right - room.left,
                  room.bottom - room.top, SWP_NOACTIVATE);
 }
@@ -72,14 +71,13 @@ void CLogPane::lineAdded(LogTab tab) {
 }
 
 LogTab CLogPane::shownTab() const {
-    const LRESULT place = SendMessageA(m_tabs, TCM_GETCURSEL, 0, 0);
-    return place == 1 ? LogTab::server : LogTab::log;
+    return TabCtrl_GetCurSel(m_tabs) == 1 ? LogTab::server : LogTab::log;
 }
 
 void CLogPane::showLast() {
     const std::size_t count = m_book.lines(shownTab()).size();
     setRowCount(m_list, count);
-    if (count > 0) SendMessageA(m_list, LVM_ENSUREVISIBLE, count - 1, FALSE);
+    if (count > 0) ListView_EnsureVisible(m_list, count - 1, FALSE);
 }
 
 }  // namespace zek

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "console/resource_ids.h"
+#include "framework/hwnd.h"
 #include "sdk/docking.h"
 
 namespace zek {
@@ -110,7 +111,7 @@ void CMainFrame::createStatusBar() {
     m_status =
         CreateWindowExA(0, STATUSCLASSNAMEA, "", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0, 0, 0,
                         handle(), reinterpret_cast<HMENU>(IDC_STATUS_BAR), fw::module(), nullptr);
-    SendMessageA(m_status, WM_SETFONT, reinterpret_cast<WPARAM>(m_font.get()), FALSE);
+    fw::setFont(m_status, m_font.get());
 }
 
 void CMainFrame::setStatus(const std::vector<std::string>& parts) {
@@ -149,9 +150,7 @@ void CMainFrame::onSize(int, int) {
 }
 
 int CMainFrame::statusHeight() const {
-    RECT status{};
-    GetWindowRect(m_status, &status);
-    return static_cast<int>(status.bottom - status.top);
+    return fw::heightOf(fw::screenRect(m_status));
 }
 
 void CMainFrame::layOut() {

@@ -116,7 +116,7 @@ void CPlayDriver::leave() {
     m_console.leave();
 }
 
-// The process ends here: there may be a dialog on show, whose loop would go on without us.
+// The process ends here: there may be an open dialog, whose loop would go on without us.
 void CPlayDriver::fail(const std::string& why) {
     for (const LogLine& line : m_console.log().lines(LogTab::log)) printLine(line.text);
     printError(m_file + ":" + std::to_string(m_step->line) + ": " +

@@ -30,7 +30,7 @@ inline constexpr UINT kReleaseKeys = WM_APP + 1;
 
 class CPlayDriver : public fw::CWindow {
 public:
-    // `shotsFolder` is where pictures are asked for; without one they are left out.
+    // `shotsFolder` is where pictures are asked for; without one none is taken.
     CPlayDriver(Console& console, std::string file, std::vector<PlayStep> steps,
                 std::string shotsFolder);
 
@@ -43,7 +43,7 @@ protected:
 private:
     // Empty when the step is done, else what was expected and what was seen.
     using Outcome = std::string;
-    enum class Kind { wait, expect, prepare, act };  // only `act` begins the log anew
+    enum class Kind { wait, expect, prepare, act };  // only `act` begins the log again
     struct Verb {
         PlayVerb verb;
         Kind kind;
@@ -58,11 +58,11 @@ private:
     void nextStep();
     void leave();
     [[noreturn]] void fail(const std::string& why);
-    const std::string& argument(std::size_t place = 0) const { return m_step->arguments[place]; }
+    const std::string& argument(std::size_t index = 0) const { return m_step->arguments[index]; }
     int number() const;
     // What the log is searched for, and the row that the step names; -1 when it is not there.
     bool logContains(bool wholeLine) const;
-    int rowNamed(std::size_t place) const;
+    int rowNamed(std::size_t index) const;
 
     // Waiting and expecting
     Outcome rows();

@@ -6,6 +6,7 @@
 #include "console/play_driver.h"
 #include "console/ui_input.h"
 #include "console/ui_probe.h"
+#include "framework/controls.h"
 
 namespace zek {
 namespace {
@@ -29,9 +30,9 @@ std::string expectedCount(HWND list, int wanted) {
 }
 
 // The text of a menu item as a script writes it.
-std::string itemText(HMENU menu, int place) {
+std::string itemText(HMENU menu, int index) {
     char text[128] = "";
-    GetMenuStringA(menu, static_cast<UINT>(place), text, sizeof text, MF_BYPOSITION);
+    GetMenuStringA(menu, static_cast<UINT>(index), text, sizeof text, MF_BYPOSITION);
     std::string name(text);
     std::erase(name, '&');
     name.erase(std::min(name.find('\t'), name.size()));
@@ -39,9 +40,9 @@ std::string itemText(HMENU menu, int place) {
     return name;
 }
 
-int placeOf(HMENU menu, const std::string& name) {
-    for (int place = 0; place < GetMenuItemCount(menu); ++place)
-        if (itemText(menu, place) == name) return place;
+int indexOf(HMENU menu, const std::string& name) {
+    for (int index = 0; index < GetMenuItemCount(menu); ++index)
+        if (itemText(menu, index) == name) return index;
     return -1;
 }
 
@@ -53,14 +54,12 @@ bool isFloating(HWND pane, HWND frame) {
 bool isAtSide(HWND pane, HWND frame, const std::string& side) {
     if (side == "float" || isFloating(pane, frame))
         return side == "float" && isFloating(pane, frame);
-    RECT place{};
+    const RECT rect = fw::rectInParent(pane);
     RECT room{};
-    GetWindowRect(pane, &place);
-    MapWindowPoints(nullptr, frame, reinterpret_cast<POINT*>(&place), 2);
     GetClientRect(frame, &room);
-    const bool left = place.left == room.left;
-    const bool right = place.right == room.right;
-    const bool top = place.top == room.top;
+    const bool left = rect.left == room.left;
+    const bool right = rect.right == room.right;
+    const bool top = rect.top == room.top;
     if (side == "left") return left && !right;
     if (side == "right") return right && !left;
     return left && right && top == (side == "top");
@@ -72,9 +71,9 @@ int CPlayDriver::number() const {
     return toNumber(argument()).value_or(0);
 }
 
-int CPlayDriver::rowNamed(std::size_t place) const {
+int CPlayDriver::rowNamed(std::size_t index) const {
     const HWND list = ui::mainList();
-    return list != nullptr ? ui::findRow(list, rowOf(argument(place))) : -1;
+    return list != nullptr ? ui::findRow(list, rowOf(argument(index))) : -1;
 }
 
 bool CPlayDriver::logContains(bool wholeLine) const {
@@ -149,11 +148,11 @@ CPlayDriver::Outcome CPlayDriver::hotKey() {
 
 CPlayDriver::Outcome CPlayDriver::select() {
     const HWND list = ui::mainList();
-    for (std::size_t place = 0; place < m_step->arguments.size(); ++place)
-        if (rowNamed(place) < 0) return "there is no row " + argument(place) + ": " + shownIn(list);
+    for (std::size_t index = 0; index < m_step->arguments.size(); ++index)
+        if (rowNamed(index) < 0) return "there is no row " + argument(index) + ": " + shownIn(list);
     ui::selectOnly(list, rowNamed(0));
-    for (std::size_t place = 1; place < m_step->arguments.size(); ++place)
-        ui::alsoSelect(list, rowNamed(place));
+    for (std::size_t index = 1; index < m_step->arguments.size(); ++index)
+        ui::alsoSelect(list, rowNamed(index));
     return {};
 }
 
@@ -206,9 +205,9 @@ CPlayDriver::Outcome CPlayDriver::choosePopup(const std::string& entry,
         return "no menu opens";
     }
     const auto menu = reinterpret_cast<HMENU>(SendMessageA(popup, MN_GETHMENU, 0, 0));
-    const int place = placeOf(menu, entry);
-    if (place < 0) fail("the menu has no \"" + entry + "\"");
-    for (int each = 0; each <= place; ++each)
+    const int index = indexOf(menu, entry);
+    if (index < 0) fail("the menu has no \"" + entry + "\"");
+    for (int each = 0; each <= index; ++each)
         if (GetMenuItemID(menu, each) != 0) ui::pressKey("Down", popup);
     ui::pressKey("Enter", popup);
     return {};
@@ -288,7 +287,7 @@ CPlayDriver::Outcome CPlayDriver::edit() {
     if (row < 0) return "there is no detail \"" + argument() + "\": " + shownIn(list);
     if (m_tries > 1 && IsChild(list, GetFocus()) != 0) {
         m_closing = GetFocus();
-        SendMessageA(m_closing, EM_SETSEL, 0, -1);
+        fw::Edit(m_closing).selectAll();
         ui::type(argument(1));
         ui::pressKey("Enter", m_closing);
     } else if (isTimeToAct()) {
@@ -394,15 +393,15 @@ CPlayDriver::Outcome CPlayDriver::chooseMenu(const std::string& path) {
     HMENU menu = GetMenu(frame);
     std::string rest = path;
     for (auto bar = rest.find('>'); bar != std::string::npos; bar = rest.find('>')) {
-        menu = GetSubMenu(menu, placeOf(menu, rest.substr(0, bar)));
+        menu = GetSubMenu(menu, indexOf(menu, rest.substr(0, bar)));
         rest.erase(0, bar + 1);
     }
-    const int place = menu != nullptr ? placeOf(menu, rest) : -1;
+    const int index = menu != nullptr ? indexOf(menu, rest) : -1;
     const UINT state =
-        place < 0 ? MF_GRAYED : GetMenuState(menu, static_cast<UINT>(place), MF_BYPOSITION);
+        index < 0 ? MF_GRAYED : GetMenuState(menu, static_cast<UINT>(index), MF_BYPOSITION);
     if ((state & MF_GRAYED) != 0) return "the menu has no \"" + path + "\" to choose";
     if (IsWindowEnabled(frame) == 0) return "the frame takes no input";
-    PostMessageA(frame, WM_COMMAND, GetMenuItemID(menu, place), 0);
+    PostMessageA(frame, WM_COMMAND, GetMenuItemID(menu, index), 0);
     return {};
 }
 

@@ -1,5 +1,6 @@
 #include "console/plugin.h"
 
+#include "framework/hwnd.h"
 #include "sdk/host_text.h"
 
 namespace zek {
@@ -21,10 +22,9 @@ void noteWindow(HWND window, Remaining& remaining) {
     const auto module = reinterpret_cast<HMODULE>(GetWindowLongPtrA(window, GWLP_HINSTANCE));
     if (module != remaining.library) return;
     char windowClass[64] = "";
-    char caption[64] = "";
     GetClassNameA(window, windowClass, sizeof windowClass);
-    GetWindowTextA(window, caption, sizeof caption);
-    remaining.found.push_back(std::string("a window: ") + windowClass + " '" + caption + "'");
+    remaining.found.push_back(std::string("a window: ") + windowClass + " '" + fw::textOf(window) +
+                              "'");
 }
 
 BOOL CALLBACK noteChild(HWND window, LPARAM remaining) {

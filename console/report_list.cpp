@@ -12,14 +12,13 @@ HWND createReportList(HWND parent, UINT id, std::span<const ReportColumn> column
                         reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), fw::module(), nullptr);
     ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
     const int dpi = static_cast<int>(GetDpiForWindow(parent));
-    int place = 0;
+    int index = 0;
     for (const ReportColumn& each : columns) {
         LVCOLUMNA column{};
         column.mask = LVCF_TEXT | LVCF_WIDTH;
         column.cx = MulDiv(each.width, dpi, USER_DEFAULT_SCREEN_DPI);
         column.pszText = const_cast<char*>(each.title);
-        SendMessageA(list, LVM_INSERTCOLUMNA, static_cast<WPARAM>(place++),
-                     reinterpret_cast<LPARAM>(&column));
+        ListView_InsertColumn(list, index++, &column);
     }
     return list;
 }
@@ -35,7 +34,7 @@ void fillText(NMLVDISPINFOA& asked, const std::string& text) {
 // With redrawing off the scroll bar, which costs most, is drawn once.
 void setRowCount(HWND list, std::size_t count) {
     const fw::RedrawOffScope off(list);
-    SendMessageA(list, LVM_SETITEMCOUNT, count, LVSICF_NOSCROLL);
+    ListView_SetItemCountEx(list, count, LVSICF_NOSCROLL);
 }
 
 fw::Font messageFont(HWND window) {

@@ -22,7 +22,7 @@ struct ReportColumn {
 HWND createReportList(HWND parent, UINT id, std::span<const ReportColumn> columns);
 void fillText(NMLVDISPINFOA& asked, const std::string& text);
 
-// The number of rows; the list keeps its place.
+// The number of rows; the list does not scroll.
 void setRowCount(HWND list, std::size_t count);
 
 // The font of messages on the window's monitor.

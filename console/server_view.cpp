@@ -1,6 +1,7 @@
 #include "console/server_view.h"
 
 #include "console/resource_ids.h"
+#include "framework/hwnd.h"
 
 namespace zek {
 
@@ -39,7 +40,7 @@ void CServerView::open(HWND client) {
     if (!subclass(view)) return;
     m_font = messageFont(view);
     m_list = createReportList(view, IDC_VIEW_LIST, m_table.columns);
-    SendMessageA(m_list, WM_SETFONT, reinterpret_cast<WPARAM>(m_font.get()), FALSE);
+    fw::setFont(m_list, m_font.get());
     m_shownRevision = m_exchange.revision() - 1;
     const RECT room = clientRect();
     onSize(room.right, room.bottom);
@@ -63,12 +64,11 @@ void CServerView::onFocus() {
 }
 
 void CServerView::onEnterSizeMove() {
-    GetWindowRect(handle(), &m_before);
+    m_before = fw::screenRect(handle());
 }
 
 void CServerView::onExitSizeMove() {
-    RECT now{};
-    GetWindowRect(handle(), &now);
+    const RECT now = fw::screenRect(handle());
     if (EqualRect(&now, &m_before) == 0 && m_onMoved) m_onMoved();
 }
 

@@ -50,7 +50,7 @@ private:
     const ServerTable& m_table;
     const CExchange& m_exchange;
     std::function<void()> m_onMoved;
-    RECT m_before{};  // the place when the user took hold of the window
+    RECT m_before{};  // the rectangle when the user took hold of the window
     fw::Font m_font;
     HWND m_list = nullptr;
     std::vector<std::string> m_ids;

@@ -16,37 +16,27 @@ LPARAM pointParameter(POINT at) {
 }
 
 void setSelected(HWND list, int row, bool isSelected, UINT states) {
-    LVITEMA item{};
-    item.stateMask = states;
-    item.state = isSelected ? states : 0;
-    SendMessageA(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    ListView_SetItemState(list, row, isSelected ? states : 0, states);
 }
 
 // A little inside the caption, right of a gripper or an icon.
 POINT captionPoint(HWND window) {
-    RECT place{};
-    GetWindowRect(window, &place);
-    return {place.left + 60, place.top + 8};
-}
-
-HWND headerOf(HWND list) {
-    return reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
+    const RECT rect = fw::screenRect(window);
+    return {rect.left + 60, rect.top + 8};
 }
 
 POINT captionPoint(HWND header, int column) {
-    RECT place{};
-    SendMessageA(header, HDM_GETITEMRECT, static_cast<WPARAM>(column),
-                 reinterpret_cast<LPARAM>(&place));
-    return {(place.left + place.right) / 2, place.top + 6};
+    RECT rect{};
+    Header_GetItemRect(header, column, &rect);
+    return {(rect.left + rect.right) / 2, rect.top + 6};
 }
 
 // A little inside the row.
 POINT rowPoint(HWND list, int row) {
-    SendMessageA(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
-    RECT place{};
-    place.left = LVIR_LABEL;
-    SendMessageA(list, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
-    return {place.left + 8, (place.top + place.bottom) / 2};
+    ListView_EnsureVisible(list, row, FALSE);
+    RECT rect{};
+    ListView_GetItemRect(list, row, &rect, LVIR_LABEL);
+    return {rect.left + 8, (rect.top + rect.bottom) / 2};
 }
 
 struct ListKind {
@@ -110,18 +100,18 @@ void selectOnly(HWND list, int row) {
 
 void alsoSelect(HWND list, int row) {
     setSelected(list, row, true, LVIS_SELECTED | LVIS_FOCUSED);
-    SendMessageA(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+    ListView_EnsureVisible(list, row, FALSE);
 }
 
 void clickCaption(HWND list, int column) {
-    const HWND header = headerOf(list);
+    const HWND header = ListView_GetHeader(list);
     const LPARAM at = pointParameter(captionPoint(header, column));
     PostMessageA(header, WM_LBUTTONDOWN, MK_LBUTTON, at);
     PostMessageA(header, WM_LBUTTONUP, 0, at);
 }
 
 void contextClickHeader(HWND list, int column) {
-    const HWND header = headerOf(list);
+    const HWND header = ListView_GetHeader(list);
     const LPARAM at = pointParameter(captionPoint(header, column));
     PostMessageA(header, WM_RBUTTONDOWN, MK_RBUTTON, at);
     PostMessageA(header, WM_RBUTTONUP, 0, at);
@@ -137,16 +127,16 @@ bool choose(HWND control, const std::string& item) {
     const std::vector<std::string> items = itemsOf(control);
     const auto found = std::ranges::find(items, item);
     if (found == items.end()) return false;
-    const auto place = static_cast<WPARAM>(found - items.begin());
+    const auto index = static_cast<WPARAM>(found - items.begin());
     for (const ListKind& kind : kListKinds) {
         if (classOf(control) != kind.windowClass) continue;
-        SendMessageA(control, kind.setSelection, place, 0);
+        SendMessageA(control, kind.setSelection, index, 0);
         const auto id = static_cast<WORD>(GetDlgCtrlID(control));
         PostMessageA(GetParent(control), WM_COMMAND, MAKEWPARAM(id, kind.changed),
                      reinterpret_cast<LPARAM>(control));
         return true;
     }
-    selectOnly(control, static_cast<int>(place));
+    selectOnly(control, static_cast<int>(index));
     return true;
 }
 

@@ -63,10 +63,10 @@ constexpr ItemMessages kItemMessages[] = {
 std::vector<std::string> itemsOf(HWND control, const ItemMessages& messages) {
     const auto count = SendMessageA(control, messages.count, 0, 0);
     std::vector<std::string> items;
-    for (WPARAM place = 0; static_cast<LRESULT>(place) < count; ++place) {
-        const auto length = SendMessageA(control, messages.length, place, 0);
+    for (WPARAM index = 0; static_cast<LRESULT>(index) < count; ++index) {
+        const auto length = SendMessageA(control, messages.length, index, 0);
         std::string item(static_cast<std::size_t>(std::max<LRESULT>(length, 0)) + 1, '\0');
-        SendMessageA(control, messages.text, place, reinterpret_cast<LPARAM>(item.data()));
+        SendMessageA(control, messages.text, index, reinterpret_cast<LPARAM>(item.data()));
         item.pop_back();
         items.push_back(std::move(item));
     }
@@ -79,13 +79,6 @@ std::string classOf(HWND window) {
     char name[64] = "";
     GetClassNameA(window, name, sizeof name);
     return name;
-}
-
-std::string textOf(HWND window) {
-    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');
-    text.resize(static_cast<std::size_t>(
-        GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
-    return text;
 }
 
 HWND findDescendant(HWND root, const std::function<bool(HWND)>& wanted) {
@@ -159,7 +152,7 @@ std::string shownText(HWND control) {
 }
 
 int rowCount(HWND list) {
-    return static_cast<int>(SendMessageA(list, LVM_GETITEMCOUNT, 0, 0));
+    return ListView_GetItemCount(list);
 }
 
 std::string cellText(HWND list, int row, int column) {
@@ -173,27 +166,25 @@ std::string cellText(HWND list, int row, int column) {
 }
 
 int columnNamed(HWND list, const std::string& title) {
-    const HWND header = reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
-    const int count = static_cast<int>(SendMessageA(header, HDM_GETITEMCOUNT, 0, 0));
-    for (int place = 0; place < count; ++place) {
+    const HWND header = ListView_GetHeader(list);
+    const int count = Header_GetItemCount(header);
+    for (int index = 0; index < count; ++index) {
         char text[128] = "";
         LVCOLUMNA column{};
         column.mask = LVCF_TEXT;
         column.pszText = text;
         column.cchTextMax = sizeof text;
-        SendMessageA(list, LVM_GETCOLUMNA, static_cast<WPARAM>(place),
-                     reinterpret_cast<LPARAM>(&column));
-        if (title == column.pszText) return place;
+        ListView_GetColumn(list, index, &column);
+        if (title == column.pszText) return index;
     }
     return -1;
 }
 
 HWND filterEdit(HWND list, int column) {
-    const auto header = reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
+    const HWND header = ListView_GetHeader(list);
     RECT caption{};
-    SendMessageA(header, HDM_GETITEMRECT, static_cast<WPARAM>(column),
-                 reinterpret_cast<LPARAM>(&caption));
-    // The box stands at the lower end of its caption's item.
+    Header_GetItemRect(header, column, &caption);
+    // The box is at the lower end of its caption's item.
     const POINT inside{(caption.left + caption.right) / 2, caption.bottom - 8};
     const HWND box = ChildWindowFromPoint(header, inside);
     return box != nullptr && box != header ? FindWindowExA(box, nullptr, "Edit", nullptr) : nullptr;
@@ -207,7 +198,8 @@ int findText(HWND list, int column, const std::string& text) {
 }
 
 int findRow(HWND list, const PlayRow& row) {
-    if (row.by == PlayRow::By::place) return row.place <= rowCount(list) ? row.place - 1 : -1;
+    if (row.by == PlayRow::By::position)
+        return row.position <= rowCount(list) ? row.position - 1 : -1;
     const int column = columnNamed(list, row.by == PlayRow::By::key ? kKeyColumn : kNameColumn);
     return findText(list, column, row.text);
 }

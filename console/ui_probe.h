@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "console/model/play_script.h"
+#include "framework/hwnd.h"
 
 namespace zek::ui {
 
@@ -15,7 +16,7 @@ inline constexpr int kMainListId = 4000;
 inline constexpr int kDetailsListId = 4001;
 
 std::string classOf(HWND window);
-std::string textOf(HWND window);
+using fw::textOf;
 
 // The first visible descendant of `root` that `wanted` takes, or null.
 HWND findDescendant(HWND root, const std::function<bool(HWND)>& wanted);
@@ -33,7 +34,7 @@ std::string dialogText(HWND dialog);
 // The open popup menu, if any.
 HWND openMenu();
 
-// The enabled button with the text, ampersands left out: in the open dialog, else in the pane.
+// The enabled button with the text, without ampersands: in the open dialog, else in the pane.
 HWND findButton(const std::string& text);
 
 // The items of a drop-down list, a list box or a list view (its first cells), in order; none for

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "framework/handles.h"
+#include "framework/hwnd.h"
 
 namespace mc {
 namespace {
@@ -13,12 +13,12 @@ constexpr UINT kCheckFocus = WM_APP + 0x1C58;
 
 // The editor looks again later while the user is at something else.
 constexpr UINT_PTR kCheckTimer = 0xED17;
-constexpr UINT kCheckPause = 250;  // milliseconds: a double-click is over
+constexpr UINT kCheckPause = 250;  // milliseconds
 
-constexpr int kLeastWidth = 60;
+constexpr int kMinWidth = 60;
 
-// A button of the mouse is down, or what it did is still to be handled, a menu or a dialog is open,
-// the list is hidden, or another program is in front: nothing may pop up now.
+// No message box may open while a mouse button is down or its message waits, while a menu or dialog
+// is open, while the list is hidden, or while another program is in front.
 bool userIsElsewhere(HWND editor) {
     return HIWORD(GetQueueStatus(QS_MOUSEBUTTON)) != 0 || GetAsyncKeyState(VK_LBUTTON) < 0 ||
            GetAsyncKeyState(VK_RBUTTON) < 0 || GetCapture() != nullptr ||
@@ -28,7 +28,7 @@ bool userIsElsewhere(HWND editor) {
 
 }  // namespace
 
-// The control, for the messages that it keeps to itself.
+// The control inside the editor, for the messages that the editor does not get.
 class CCellEditor::CControl final : public fw::CWindow {
 public:
     explicit CControl(CCellEditor& editor) : m_editor(editor) {}
@@ -49,7 +49,7 @@ protected:
 
 private:
     void onFocus() { m_editor.m_owner.editorFocusChanged(); }
-    // Last, the control being through with the message: the editor may end, and be destroyed.
+    // The control handles the message first: in focusLost() the editor may be destroyed.
     void onFocusLost() {
         controlDefault(WM_KILLFOCUS, reinterpret_cast<WPARAM>(GetFocus()), 0);
         m_editor.focusLost();
@@ -94,7 +94,7 @@ bool CCellEditor::open(HWND list, const RECT& cell, HFONT font, std::string_view
         0, m_kind.windowClass, "", WS_CHILD | WS_VISIBLE | m_kind.style, 0, 0, room.right,
         room.bottom + scaled(m_kind.dropHeight), handle(), nullptr, fw::module(), nullptr);
     if (!m_control->subclass(made)) return false;
-    SendMessageA(made, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    fw::setFont(made, font);
     fill(text);
     m_opened = this->text();
     moveTo(cell);
@@ -105,15 +105,14 @@ bool CCellEditor::open(HWND list, const RECT& cell, HFONT font, std::string_view
 
 // Over the cell, around its middle line, and not beyond the list's right side.
 void CCellEditor::moveTo(const RECT& cell) {
-    RECT list{}, window{};
+    RECT list{};
     GetClientRect(GetParent(handle()), &list);
-    GetWindowRect(handle(), &window);
-    const int frames = static_cast<int>(window.bottom - window.top - clientRect().bottom);
-    const int cellHeight = static_cast<int>(cell.bottom - cell.top);
+    const int frames = fw::heightOf(fw::screenRect(handle())) - fw::heightOf(clientRect());
+    const int cellHeight = fw::heightOf(cell);
     const int height = fitHeight(cellHeight - frames);
     const int outer = std::max(height + frames, cellHeight);
     const int right = static_cast<int>(std::min(cell.right, list.right));
-    const int width = std::max(right - static_cast<int>(cell.left), scaled(kLeastWidth));
+    const int width = std::max(right - static_cast<int>(cell.left), scaled(kMinWidth));
     SetWindowPos(handle(), HWND_TOP, cell.left, (cell.top + cell.bottom - outer) / 2, width, outer,
                  SWP_NOACTIVATE | SWP_SHOWWINDOW);
     const RECT room = clientRect();
@@ -122,15 +121,7 @@ void CCellEditor::moveTo(const RECT& cell) {
 }
 
 int CCellEditor::textHeight() const {
-    const HDC dc = GetDC(control());
-    TEXTMETRICA metrics{};
-    {
-        const auto font = reinterpret_cast<HFONT>(SendMessageA(control(), WM_GETFONT, 0, 0));
-        const fw::SelectScope select(dc, font != nullptr ? font : GetStockObject(SYSTEM_FONT));
-        GetTextMetricsA(dc, &metrics);
-    }
-    ReleaseDC(control(), dc);
-    return static_cast<int>(metrics.tmHeight);
+    return static_cast<int>(fw::metricsOf(fw::fontOf(control()), control()).tmHeight);
 }
 
 // ---- Ending ----
@@ -212,8 +203,7 @@ void CCellEditor::close() {
     ShowWindow(handle(), SW_HIDE);
 }
 
-// A text that will be refused is told of later: a message box must not open inside the change of
-// the focus.
+// The message about a refused text comes later: no message box may open inside a change of focus.
 void CCellEditor::focusLost() {
     if (m_over) return;
     const std::weak_ptr<const bool> life = m_life;

@@ -5,8 +5,8 @@
 // and its owner destroys it. The owner may do that at any time, from inside the calls of
 // CellEditorOwner too; an editor that is destroyed before it ended ends without a word.
 //
-// A text that is refused never ends an edit: the editor stays open, the user is told, and the focus
-// comes back to the text. A text that is as it was opened is never refused.
+// A text that is refused never ends an edit: the editor stays open, the user gets a message, and
+// the focus comes back to the text. A text that is as it was opened is never refused.
 //
 // The editor is a window of its own class that holds the control: what the control notifies
 // reaches the editor and not the list.
@@ -17,6 +17,7 @@
 #include <string>
 #include <string_view>
 
+#include "framework/hwnd.h"
 #include "framework/window.h"
 
 namespace mc {
@@ -29,7 +30,7 @@ enum class EditEnd {
     previous,  // Shift+Tab
 };
 
-// The list that the editor stands in.
+// The list that the editor is in.
 class CellEditorOwner {
 public:
     // The edit is over; `typed` is the text to take, none when nothing was changed or it was
@@ -68,8 +69,8 @@ public:
     bool dialogKey(UINT key, bool shift, bool repeated);
 
     // Ends the edit as the focus going elsewhere does: commits. True: it is over. False: the text
-    // is refused, and the editor stays open; unless `tell` is false, the user is told as soon as
-    // what happens now is over.
+    // is refused, and the editor stays open; unless `tell` is false, the message comes as soon
+    // as what happens now is over.
     bool leave(bool tell = true);
 
     // Whether there is a text that the edit would end with.
@@ -82,9 +83,7 @@ public:
     void moveTo(const RECT& cell);
 
     // True when `window` is the editor or a part of it.
-    virtual bool owns(HWND window) const {
-        return window != nullptr && (window == handle() || IsChild(handle(), window) != 0);
-    }
+    virtual bool owns(HWND window) const { return fw::isWithin(handle(), window); }
 
 protected:
     struct ControlKind {

@@ -29,47 +29,28 @@ const fw::MessageMap& CComboEditor::messageMap() const {
 void CComboEditor::fill(std::string_view text) {
     auto chosen = std::find(m_choices.begin(), m_choices.end(), text);
     if (chosen == m_choices.end()) chosen = m_choices.emplace(m_choices.begin(), text);
-    for (const std::string& choice : m_choices)
-        SendMessageA(control(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(choice.c_str()));
-    SendMessageA(control(), CB_SETCURSEL, static_cast<WPARAM>(chosen - m_choices.begin()), 0);
+    for (const std::string& choice : m_choices) combo().add(choice);
+    combo().select(static_cast<std::size_t>(chosen - m_choices.begin()));
 }
 
 // The control makes itself as high as its font asks for.
 int CComboEditor::fitHeight(int) const {
-    RECT place{};
-    GetWindowRect(control(), &place);
-    return static_cast<int>(place.bottom - place.top);
-}
-
-LRESULT CComboEditor::selection() const {
-    return SendMessageA(control(), CB_GETCURSEL, 0, 0);
+    return fw::heightOf(fw::screenRect(control()));
 }
 
 std::string CComboEditor::text() const {
-    const LRESULT chosen = selection();
-    return chosen >= 0 ? m_choices[static_cast<std::size_t>(chosen)] : std::string();
-}
-
-void CComboEditor::openedWithMouse() {
-    SendMessageA(control(), CB_SHOWDROPDOWN, TRUE, 0);
-}
-
-bool CComboEditor::dropped() const {
-    return SendMessageA(control(), CB_GETDROPPEDSTATE, 0, 0) != 0;
-}
-
-void CComboEditor::closeDropped() {
-    SendMessageA(control(), CB_SHOWDROPDOWN, FALSE, 0);
+    const auto chosen = combo().selected();
+    return chosen ? m_choices[*chosen] : std::string();
 }
 
 // The control says that a choice was taken, or was not, at other times too.
 void CComboEditor::onComboCommand(UINT, UINT code) {
-    if (code == CBN_DROPDOWN) m_beforeDrop = selection();
+    if (code == CBN_DROPDOWN) m_beforeDrop = combo().selected();
     if ((code != CBN_SELENDOK && code != CBN_SELENDCANCEL) || !m_beforeDrop) return;
     if (code == CBN_SELENDOK)
         PostMessageA(handle(), kTaken, 0, 0);
     else
-        SendMessageA(control(), CB_SETCURSEL, static_cast<WPARAM>(*m_beforeDrop), 0);
+        combo().select(m_beforeDrop);
     m_beforeDrop.reset();
 }
 

@@ -41,10 +41,10 @@ const fw::MessageMap& CDateTimeEditor::messageMap() const {
 
 void CDateTimeEditor::fill(std::string_view text) {
     m_opened = text;
-    SendMessageA(control(), DTM_SETFORMATA, 0, reinterpret_cast<LPARAM>(formatOf(m_form)));
+    DateTime_SetFormat(control(), formatOf(m_form));
     if (const auto parts = readDateTime(text, m_form)) {
         const SYSTEMTIME time = systemTime(*parts);
-        SendMessageA(control(), DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time));
+        DateTime_SetSystemtime(control(), GDT_VALID, &time);
     }
     m_changed = false;
 }
@@ -66,9 +66,7 @@ void CDateTimeEditor::select() {
 
 std::string CDateTimeEditor::text() const {
     SYSTEMTIME time{};
-    if (!m_changed ||
-        SendMessageA(control(), DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&time)) != GDT_VALID)
-        return m_opened;
+    if (!m_changed || DateTime_GetSystemtime(control(), &time) != GDT_VALID) return m_opened;
     return dateTimeText(
         {time.wDay, time.wMonth, time.wYear, time.wHour, time.wMinute, time.wSecond}, m_form);
 }
@@ -79,7 +77,7 @@ void CDateTimeEditor::finishTyping() {
 }
 
 HWND CDateTimeEditor::calendar() const {
-    return reinterpret_cast<HWND>(SendMessageA(control(), DTM_GETMONTHCAL, 0, 0));
+    return DateTime_GetMonthCal(control());
 }
 
 bool CDateTimeEditor::dropped() const {
@@ -97,7 +95,7 @@ void CDateTimeEditor::onCalendarClosed(NMHDR&) {
 
 // Not every picker knows the message.
 void CDateTimeEditor::closeDropped() {
-    SendMessageA(control(), DTM_CLOSEMONTHCAL, 0, 0);
+    DateTime_CloseMonthCal(control());
     if (dropped()) ShowWindow(calendar(), SW_HIDE);
 }
 
@@ -105,8 +103,7 @@ void CDateTimeEditor::closeDropped() {
 bool CDateTimeEditor::owns(HWND window) const {
     if (CCellEditor::owns(window)) return true;
     const HWND shown = calendar();
-    return window != nullptr && shown != nullptr &&
-           (window == shown || IsChild(shown, window) != 0);
+    return shown != nullptr && fw::isWithin(shown, window);
 }
 
 }  // namespace mc

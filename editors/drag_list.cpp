@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "framework/handles.h"
+#include "framework/hwnd.h"
 
 namespace mc {
 namespace {
@@ -53,7 +54,7 @@ LRESULT CDragList::onGetDialogCode(const MSG* message) {
 // ---- With the mouse ----
 
 void CDragList::onBeginDrag(NMLISTVIEW& drag) {
-    if (SendMessageA(handle(), LVM_GETSELECTEDCOUNT, 0, 0) == 0) return;
+    if (ListView_GetSelectedCount(handle()) == 0) return;
     SetCapture(handle());
     SetTimer(handle(), kScrollTimer, kScrollPause, nullptr);
     m_dragging = true;
@@ -91,12 +92,12 @@ void CDragList::endDrag() {
 
 bool CDragList::onTimer(UINT_PTR id) {
     if (!m_dragging || id != kScrollTimer) return false;
-    const auto top = static_cast<int>(SendMessageA(handle(), LVM_GETTOPINDEX, 0, 0));
-    const auto page = static_cast<int>(SendMessageA(handle(), LVM_GETCOUNTPERPAGE, 0, 0));
+    const int top = ListView_GetTopIndex(handle());
+    const int page = ListView_GetCountPerPage(handle());
     const int next = m_y < 0 ? top - 1 : m_y >= clientRect().bottom ? top + page : -1;
     if (next < 0 || next >= rowCount()) return true;
     setGap(kNoGap);  // the line would scroll along
-    SendMessageA(handle(), LVM_ENSUREVISIBLE, static_cast<WPARAM>(next), FALSE);
+    ListView_EnsureVisible(handle(), next, FALSE);
     setGap(gapAt(m_y));
     return true;
 }
@@ -104,27 +105,25 @@ bool CDragList::onTimer(UINT_PTR id) {
 // ---- The line ----
 
 int CDragList::rowCount() const {
-    return static_cast<int>(SendMessageA(handle(), LVM_GETITEMCOUNT, 0, 0));
+    return ListView_GetItemCount(handle());
 }
 
 // Of the first row, scrolled out of sight or not; a row of no height where there is none.
 RECT CDragList::firstRow() const {
     RECT row{};
-    row.left = LVIR_BOUNDS;
-    if (SendMessageA(handle(), LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&row)) == 0) return {};
-    return row;
+    return ListView_GetItemRect(handle(), 0, &row, LVIR_BOUNDS) != 0 ? row : RECT{};
 }
 
 int CDragList::gapAt(int y) const {
     const RECT row = firstRow();
-    const int height = std::max(static_cast<int>(row.bottom - row.top), 1);
+    const int height = std::max(fw::heightOf(row), 1);
     const int gap = (y - static_cast<int>(row.top) + height / 2) / height;
     return std::clamp(gap, 0, rowCount());
 }
 
 int CDragList::gapTop(int gap) const {
     const RECT row = firstRow();
-    return static_cast<int>(row.top + gap * (row.bottom - row.top));
+    return static_cast<int>(row.top + gap * fw::heightOf(row));
 }
 
 void CDragList::setGap(int gap) {
@@ -149,9 +148,8 @@ LRESULT CDragList::onPaint() {
     const int middle = std::clamp(gapTop(m_gap), half, static_cast<int>(line.bottom) - half);
     line.top = middle - half;
     line.bottom = middle + half;
-    const HDC dc = GetDC(handle());
-    FillRect(dc, &line, GetSysColorBrush(COLOR_WINDOWTEXT));
-    ReleaseDC(handle(), dc);
+    const fw::DcScope scope(handle());
+    FillRect(scope.dc(), &line, GetSysColorBrush(COLOR_WINDOWTEXT));
     return result;
 }
 

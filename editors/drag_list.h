@@ -4,7 +4,7 @@
 // while the mouse is held above or below it; Esc and the right button end a drag that moves
 // nothing. Alt+Up and Alt+Down move the selected rows by one.
 //
-// The list tells its owner and changes nothing itself: the owner fills it anew. The parent must
+// The list notifies its owner and changes nothing itself: the owner fills it again. The parent must
 // hand LVN_BEGINDRAG back to it (CWindow::reflectNotify).
 #pragma once
 

@@ -1,6 +1,7 @@
 #include "editors/edit_editor.h"
 
 #include "editors/model/typed_text.h"
+#include "framework/controls.h"
 
 namespace mc {
 namespace {
@@ -30,23 +31,21 @@ CEditEditor::CEditEditor(CellEditorOwner& owner, std::string_view allowed)
 
 void CEditEditor::fill(std::string_view text) {
     SetWindowTextA(control(), std::string(text).c_str());
-    SendMessageA(control(), EM_SETLIMITTEXT, kLongestText, 0);
+    fw::Edit(control()).setLimit(kMaxText);
 }
 
-// Its text stands at the top of an edit: one that is as high as the text is centered in the cell.
+// An edit draws its text at its top, so it is made only as high as the text and centred in the
+// cell.
 int CEditEditor::fitHeight(int) const {
     return textHeight();
 }
 
 void CEditEditor::select() {
-    SendMessageA(control(), EM_SETSEL, 0, -1);
+    fw::Edit(control()).selectAll();
 }
 
 std::string CEditEditor::text() const {
-    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(control())) + 1, '\0');
-    text.resize(static_cast<std::size_t>(
-        GetWindowTextA(control(), text.data(), static_cast<int>(text.size()))));
-    return text;
+    return fw::textOf(control());
 }
 
 // Text comes into an edit in more ways than keys and pasting; an input method's is one.
@@ -64,11 +63,9 @@ bool CEditEditor::onCharacter(UINT character) {
 }
 
 bool CEditEditor::fits(std::string_view pasted) const {
-    DWORD first = 0, last = 0;
-    SendMessageA(control(), EM_GETSEL, reinterpret_cast<WPARAM>(&first),
-                 reinterpret_cast<LPARAM>(&last));
-    const auto kept = CEditEditor::text().size() - (last - first);
-    return kept + pasted.size() <= kLongestText;
+    const auto [first, end] = fw::Edit(control()).selection();
+    const auto kept = CEditEditor::text().size() - (end - first);
+    return kept + pasted.size() <= kMaxText;
 }
 
 // All or nothing: a text that lost some of its characters would be another one.

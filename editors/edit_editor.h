@@ -8,10 +8,10 @@ namespace mc {
 class CEditEditor : public CCellEditor {
 public:
     // As much as a cell shows.
-    static constexpr int kLongestText = 255;
+    static constexpr std::size_t kMaxText = 255;
 
     // Other characters than the allowed ones cannot be typed, and text that has one cannot be
-    // pasted; no allowed characters means all. A longer text than kLongestText can be opened, but
+    // pasted; no allowed characters means all. A longer text than kMaxText can be opened, but
     // not typed.
     CEditEditor(CellEditorOwner& owner, std::string_view allowed);
 

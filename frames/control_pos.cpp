@@ -3,17 +3,16 @@
 #include <algorithm>
 
 #include "frames/model/control_pos.h"
+#include "framework/hwnd.h"
 #include "framework/window.h"
 
 namespace mc {
 
 void CControlPos::add(HWND control) {
-    RECT place{};
-    GetWindowRect(control, &place);
-    MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT*>(&place), 2);
+    const RECT rect = fw::rectInParent(control);
     m_controls.push_back({control,
-                          {static_cast<int>(place.left), static_cast<int>(place.top),
-                           static_cast<int>(place.right), static_cast<int>(place.bottom)},
+                          {static_cast<int>(rect.left), static_cast<int>(rect.top),
+                           static_cast<int>(rect.right), static_cast<int>(rect.bottom)},
                           fw::scaledFor(control, USER_DEFAULT_SCREEN_DPI)});
 }
 
@@ -31,11 +30,11 @@ int CControlPos::arrange(int width) const {
     if (windows.empty()) return 0;
     const RowMetrics metrics{fw::scaledFor(windows.front(), 5), fw::scaledFor(windows.front(), 4)};
     int bottom = 0;
-    const auto places = placeRow(own, width, metrics);
-    for (std::size_t i = 0; i < places.size(); ++i) {
-        SetWindowPos(windows[i], nullptr, places[i].left, places[i].top, places[i].width(),
-                     places[i].height(), SWP_NOZORDER | SWP_NOACTIVATE);
-        bottom = std::max(bottom, places[i].bottom);
+    const auto rects = placeRow(own, width, metrics);
+    for (std::size_t i = 0; i < rects.size(); ++i) {
+        SetWindowPos(windows[i], nullptr, rects[i].left, rects[i].top, rects[i].width(),
+                     rects[i].height(), SWP_NOZORDER | SWP_NOACTIVATE);
+        bottom = std::max(bottom, rects[i].bottom);
     }
     return bottom;
 }

@@ -1,4 +1,4 @@
-// CControlPos: keeps a row of a pane's controls in sight while the pane is resized, by the rules of
+// CControlPos: keeps a row of a pane's controls visible while the pane is resized, by the rules of
 // frames/model/control_pos.h.
 #pragma once
 
@@ -12,7 +12,7 @@ namespace mc {
 
 class CControlPos {
 public:
-    // Remembers where the control stands now: its own place. Controls are added from left to right.
+    // Remembers where the control is now. Controls are added from left to right.
     void add(HWND control);
 
     // Places the controls that show in a pane of `width` pixels; returns the bottom of the lowest.

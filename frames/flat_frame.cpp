@@ -3,16 +3,17 @@
 #include <algorithm>
 
 #include "framework/handles.h"
+#include "framework/hwnd.h"
 
 namespace mc {
 
-void CFlatFrame::setPlace(const RECT& place, int strip) {
-    m_place = place;
-    m_strip = std::min(strip, static_cast<int>(place.bottom - place.top));
+void CFlatFrame::setRect(const RECT& rect, int strip) {
+    m_rect = rect;
+    m_strip = std::min(strip, fw::heightOf(rect));
 }
 
 RECT CFlatFrame::strip() const {
-    return {m_place.left, m_place.top, m_place.right, m_place.top + m_strip};
+    return {m_rect.left, m_rect.top, m_rect.right, m_rect.top + m_strip};
 }
 
 RECT CFlatFrame::menuButton() const {
@@ -21,14 +22,14 @@ RECT CFlatFrame::menuButton() const {
 }
 
 RECT CFlatFrame::view() const {
-    const LONG left = m_place.left + 1, top = m_place.top + m_strip;
-    return {left, top, std::max(m_place.right - 1, left), std::max(m_place.bottom - 1, top)};
+    const LONG left = m_rect.left + 1, top = m_rect.top + m_strip;
+    return {left, top, std::max(m_rect.right - 1, left), std::max(m_rect.bottom - 1, top)};
 }
 
 void CFlatFrame::draw(HDC dc, const std::string& title, bool active) const {
     const int face = active ? COLOR_HIGHLIGHT : COLOR_3DFACE;
     const int ink = active ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT;
-    FrameRect(dc, &m_place, GetSysColorBrush(active ? COLOR_HIGHLIGHT : COLOR_3DSHADOW));
+    FrameRect(dc, &m_rect, GetSysColorBrush(active ? COLOR_HIGHLIGHT : COLOR_3DSHADOW));
     RECT inside = strip();
     InflateRect(&inside, -1, -1);
     inside.bottom += 1;

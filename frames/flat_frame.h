@@ -1,5 +1,5 @@
-// CFlatFrame: the thin line around a held view, with a strip above it that bears the view's title
-// and the button of its menu. No window: the holder frame draws it and asks it where things are.
+// CFlatFrame: the thin line around a held view, with a strip above it that has the view's title
+// and the button of its menu. No window: the holder frame draws it and asks it for rectangles.
 #pragma once
 
 #include <windows.h>
@@ -11,7 +11,7 @@ namespace mc {
 class CFlatFrame {
 public:
     // Room for the frame, in the holder's pixels; `strip` is the height of the title strip.
-    void setPlace(const RECT& place, int strip);
+    void setRect(const RECT& rect, int strip);
 
     RECT strip() const;
     RECT menuButton() const;  // square, at the strip's right end
@@ -21,7 +21,7 @@ public:
     void draw(HDC dc, const std::string& title, bool active) const;
 
 private:
-    RECT m_place{};
+    RECT m_rect{};
     int m_strip = 0;
 };
 

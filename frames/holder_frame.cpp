@@ -4,6 +4,7 @@
 
 #include "framework/dialog.h"
 #include "framework/handles.h"
+#include "framework/hwnd.h"
 
 namespace mc {
 namespace {
@@ -12,16 +13,16 @@ enum : UINT { kAppearance = 1, kEvenOut };
 
 // Pixels at 96 dots per inch.
 constexpr int kBarThickness = 6;
-constexpr int kLeastView = 90;
+constexpr int kMinView = 90;
 constexpr int kKeyStep = 8;
 
 }  // namespace
 
-bool CVTHolderFrame::create(HWND parent, const RECT& place, UINT id) {
+bool CVTHolderFrame::create(HWND parent, const RECT& rect, UINT id) {
     static const fw::WindowClass windowClass{"MakerChecker.HolderFrame", 0, IDC_ARROW,
                                              COLOR_3DFACE};
     return CWindow::create(windowClass, "", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN,
-                           WS_EX_CONTROLPARENT, place, parent, id);
+                           WS_EX_CONTROLPARENT, rect, parent, id);
 }
 
 const fw::MessageMap& CVTHolderFrame::messageMap() const {
@@ -62,14 +63,14 @@ void CVTHolderFrame::setTitle(std::size_t view, const std::string& title) {
     InvalidateRect(handle(), &strip, FALSE);
 }
 
-void CVTHolderFrame::makeBar(std::size_t place) {
+void CVTHolderFrame::makeBar(std::size_t index) {
     SplitterEvents events;
-    events.movedTo = [this, place](int position) {
-        m_split.moveBar(place, position);
+    events.movedTo = [this, index](int position) {
+        m_split.moveBar(index, position);
         layOut();
     };
-    events.stepped = [this, place](BarMove move) {
-        m_split.moveBar(place, move, scaled(kKeyStep));
+    events.stepped = [this, index](BarMove move) {
+        m_split.moveBar(index, move, scaled(kKeyStep));
         layOut();
     };
     events.evenedOut = [this] { evenOut(); };
@@ -82,8 +83,7 @@ void CVTHolderFrame::evenOut() {
     layOut();
 }
 
-// The settings store serves no sizes (settings/model/settings_store.h): what is stored for other
-// readers of the file leaves the panes as they are.
+// The settings store gives no sizes back (settings/model/settings_store.h), so the panes stay even.
 void CVTHolderFrame::restoreSizes() {
     if (m_views.size() < 2) return;
     for (std::size_t i = 0; i < m_views.size(); ++i)
@@ -100,15 +100,15 @@ void CVTHolderFrame::onDestroy() {
 
 // ---- Lay-out ----
 
-void CVTHolderFrame::move(const RECT& place) {
-    SetWindowPos(handle(), nullptr, place.left, place.top, std::max(place.right - place.left, 0L),
-                 std::max(place.bottom - place.top, 0L), SWP_NOZORDER | SWP_NOACTIVATE);
+void CVTHolderFrame::move(const RECT& rect) {
+    SetWindowPos(handle(), nullptr, rect.left, rect.top, std::max(fw::widthOf(rect), 0),
+                 std::max(fw::heightOf(rect), 0), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void CVTHolderFrame::layOut() {
     const RECT client = clientRect();
     m_split.setRoom(static_cast<int>(m_rows ? client.bottom : client.right),
-                    {scaled(kBarThickness), scaled(kLeastView)});
+                    {scaled(kBarThickness), scaled(kMinView)});
     const auto part = [&](int start, int size) {
         return m_rows ? RECT{0, start, client.right, start + size}
                       : RECT{start, 0, start + size, client.bottom};
@@ -118,7 +118,7 @@ void CVTHolderFrame::layOut() {
                      SWP_NOZORDER | SWP_NOACTIVATE);
     };
     for (std::size_t i = 0; i < m_views.size(); ++i) {
-        m_frames[i].setPlace(part(m_split.startOf(i), m_split.sizeOf(i)), lineHeight() + scaled(6));
+        m_frames[i].setRect(part(m_split.startOf(i), m_split.sizeOf(i)), lineHeight() + scaled(6));
         moveTo(m_views[i].window, m_frames[i].view());
     }
     for (std::size_t i = 0; i < m_bars.size(); ++i)
@@ -128,17 +128,11 @@ void CVTHolderFrame::layOut() {
 }
 
 HFONT CVTHolderFrame::font() const {
-    return reinterpret_cast<HFONT>(SendMessageA(GetParent(handle()), WM_GETFONT, 0, 0));
+    return fw::fontOf(GetParent(handle()));
 }
 
 int CVTHolderFrame::lineHeight() const {
-    const HDC dc = GetDC(handle());
-    TEXTMETRICA metrics{};
-    {
-        const fw::SelectScope select(dc, font());
-        GetTextMetricsA(dc, &metrics);
-    }
-    ReleaseDC(handle(), dc);
+    const TEXTMETRICA metrics = fw::metricsOf(font(), handle());
     return static_cast<int>(metrics.tmHeight + metrics.tmExternalLeading);
 }
 
@@ -154,12 +148,11 @@ LRESULT CVTHolderFrame::onNotify(NMHDR& header) {
     return own != 0 ? own : parent;
 }
 
-// A list draws its own rows.
+// The held views are owner-drawn lists, which draw and measure their rows themselves.
 LRESULT CVTHolderFrame::onDrawItem(const DRAWITEMSTRUCT& draw) {
-    return SendMessageA(draw.hwndItem, WM_DRAWITEM, draw.CtlID, reinterpret_cast<LPARAM>(&draw));
+    return reflectDrawItem(draw);
 }
 
-// And says how high they are.
 LRESULT CVTHolderFrame::onMeasureItem(MEASUREITEMSTRUCT& measure) {
     return SendDlgItemMessageA(handle(), static_cast<int>(measure.CtlID), WM_MEASUREITEM,
                                measure.CtlID, reinterpret_cast<LPARAM>(&measure));

@@ -33,20 +33,20 @@ public:
     explicit CVTHolderFrame(CSettingsStore& settings, Direction direction = Direction::rows)
         : m_settings(settings), m_rows(direction == Direction::rows) {}
 
-    // Creates the frame at `place` in `parent`.
-    bool create(HWND parent, const RECT& place, UINT id);
+    // Creates the frame at `rect` in `parent`.
+    bool create(HWND parent, const RECT& rect, UINT id);
 
     void setViews(std::vector<HeldView> views);
 
     // Another title for a view.
     void setTitle(std::size_t view, const std::string& title);
 
-    void move(const RECT& place);
+    void move(const RECT& rect);
 
     // The bar behind a view, for the order of tabs.
-    HWND bar(std::size_t place) const { return m_bars[place]->handle(); }
+    HWND bar(std::size_t index) const { return m_bars[index]->handle(); }
 
-    // Lays everything out anew: the font or the dots per inch changed.
+    // Lays everything out again: the font or the dots per inch changed.
     void layOut();
 
 protected:
@@ -64,7 +64,7 @@ private:
 
     HFONT font() const;
     int lineHeight() const;
-    void makeBar(std::size_t place);
+    void makeBar(std::size_t index);
     void evenOut();
     void restoreSizes();
     void showMenu(std::size_t view, POINT screen);

@@ -87,9 +87,9 @@ void CSplitterBar::onPaint() {
     FillRect(paint.dc(), &bar, GetSysColorBrush(focused ? COLOR_HIGHLIGHT : COLOR_3DFACE));
     const int dot = std::max(scaled(2), 1);
     const POINT middle{(bar.right - dot) / 2, (bar.bottom - dot) / 2};
-    for (int place = -1; place <= 1; ++place) {
-        const LONG x = middle.x + (m_across ? place * 3 * dot : 0);
-        const LONG y = middle.y + (m_across ? 0 : place * 3 * dot);
+    for (int step = -1; step <= 1; ++step) {
+        const LONG x = middle.x + (m_across ? step * 3 * dot : 0);
+        const LONG y = middle.y + (m_across ? 0 : step * 3 * dot);
         const RECT square{x, y, x + dot, y + dot};
         FillRect(paint.dc(), &square,
                  GetSysColorBrush(focused ? COLOR_HIGHLIGHTTEXT : COLOR_3DSHADOW));

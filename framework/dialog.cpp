@@ -93,7 +93,7 @@ void Modal::endAll() noexcept {
     for (Modal* each = s_innermost; each != nullptr; each = each->m_outer) each->end();
 }
 
-// The first dialog that comes is the modal one: message boxes and common dialogs tell no handle.
+// The first dialog that comes is the modal one: message boxes and common dialogs give no handle.
 LRESULT CALLBACK Modal::noteDialog(int code, WPARAM wParam, LPARAM lParam) noexcept {
     constexpr DWORD kDialogClass = 0x8002;
     const auto window = reinterpret_cast<HWND>(wParam);
@@ -110,19 +110,19 @@ bool threadInFront() noexcept {
     return GetWindowThreadProcessId(GetForegroundWindow(), nullptr) == GetCurrentThreadId();
 }
 
-// Moves a window to `place`, or as near to it as the work area of the monitor there allows. The
+// Moves a window to `rect`, or as near to it as the work area of the monitor there allows. The
 // upper left corner is always in sight.
-void moveOnScreen(HWND window, RECT place) {
+void moveOnScreen(HWND window, RECT rect) {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
-    if (GetMonitorInfoA(MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &monitor) != 0) {
+    if (GetMonitorInfoA(MonitorFromRect(&rect, MONITOR_DEFAULTTONEAREST), &monitor) != 0) {
         const RECT& room = monitor.rcWork;
-        const LONG x = std::max(std::min(0L, room.right - place.right), room.left - place.left);
-        const LONG y = std::max(std::min(0L, room.bottom - place.bottom), room.top - place.top);
-        OffsetRect(&place, x, y);
+        const LONG x = std::max(std::min(0L, room.right - rect.right), room.left - rect.left);
+        const LONG y = std::max(std::min(0L, room.bottom - rect.bottom), room.top - rect.top);
+        OffsetRect(&rect, x, y);
     }
-    SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
-                 place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(window, nullptr, rect.left, rect.top, rect.right - rect.left,
+                 rect.bottom - rect.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 }  // namespace
@@ -181,30 +181,32 @@ INT_PTR CDialog::run(UINT templateId, INT_PTR failed) {
 }
 
 void CDialog::centerOver(HWND window) {
-    RECT over{};
-    RECT place{};
-    GetWindowRect(window, &over);
-    GetWindowRect(handle(), &place);
-    const LONG width = place.right - place.left;
-    const LONG height = place.bottom - place.top;
-    const LONG left = (over.left + over.right - width) / 2;
-    const LONG top = (over.top + over.bottom - height) / 2;
-    moveOnScreen(handle(), {left, top, left + width, top + height});
+    const RECT over = screenRect(window), rect = screenRect(handle());
+    const LONG left = (over.left + over.right - widthOf(rect)) / 2;
+    const LONG top = (over.top + over.bottom - heightOf(rect)) / 2;
+    moveOnScreen(handle(), {left, top, left + widthOf(rect), top + heightOf(rect)});
 }
 
 void CDialog::setHeight(int pixels) {
-    RECT place{};
-    GetWindowRect(handle(), &place);
-    place.bottom = place.top + pixels;
-    moveOnScreen(handle(), place);
+    RECT rect = screenRect(handle());
+    rect.bottom = rect.top + pixels;
+    moveOnScreen(handle(), rect);
 }
 
-std::string CDialog::itemText(int id) const {
-    const HWND control = item(id);
-    const int length = GetWindowTextLengthA(control);
-    std::string text(static_cast<std::size_t>(length) + 1, '\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextA(control, text.data(), length + 1)));
-    return text;
+void CDialog::setDefaultButton(int id) const {
+    SendMessageA(handle(), DM_SETDEFID, static_cast<WPARAM>(id), 0);
+}
+
+void CDialog::focusItem(int id) const {
+    SendMessageA(handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(item(id)), TRUE);
+}
+
+void CDialog::moveItemsDown(std::span<const int> ids, int pixels) const {
+    for (const int id : ids) {
+        const RECT rect = rectInParent(item(id));
+        SetWindowPos(item(id), nullptr, rect.left, rect.top + pixels, 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
 }
 
 }  // namespace fw

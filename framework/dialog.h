@@ -4,8 +4,10 @@
 #include <windows.h>
 
 #include <functional>
+#include <span>
 #include <string>
 
+#include "framework/hwnd.h"
 #include "framework/window.h"
 
 namespace fw {
@@ -50,8 +52,14 @@ protected:
     // Gives the dialog another height; it stays on its monitor.
     void setHeight(int pixels);
 
+    // Which button Enter presses.
+    void setDefaultButton(int id) const;
+    // Gives the control the focus as Tab does: its text is selected.
+    void focusItem(int id) const;
+    void moveItemsDown(std::span<const int> ids, int pixels) const;
+
     HWND item(int id) const { return GetDlgItem(handle(), id); }
-    std::string itemText(int id) const;
+    std::string itemText(int id) const { return textOf(item(id)); }
     void setItemText(int id, const std::string& text) { SetWindowTextA(item(id), text.c_str()); }
 };
 

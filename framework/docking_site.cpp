@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include "framework/window.h"
-#include "sdk/docking.h"
 
 namespace fw {
 namespace {
@@ -28,12 +27,7 @@ BOOL CALLBACK takeOwned(HWND window, LPARAM found) {
 }  // namespace
 
 CDockingSite::CDockingSite(HWND frame, std::function<void()> relayout)
-    : m_frame(frame),
-      m_relayout(std::move(relayout)),
-      m_attach(RegisterWindowMessageA(kDockAttachMessage)),
-      m_detach(RegisterWindowMessageA(kDockDetachMessage)),
-      m_query(RegisterWindowMessageA(kDockQueryMessage)),
-      m_nextPart(RegisterWindowMessageA(kDockNextPartMessage)) {}
+    : m_frame(frame), m_relayout(std::move(relayout)) {}
 
 CDockingSite::Docked* CDockingSite::docked(HWND window) {
     const auto found = std::find_if(m_docked.begin(), m_docked.end(),
@@ -66,10 +60,10 @@ Rect CDockingSite::layOut(Rect client) {
     for (const Docked& each : m_docked) panes.push_back(each.pane);
     const DockLayout layout = fw::layOut(client, panes, metrics());
     for (std::size_t i = 0; i < m_docked.size(); ++i) {
-        const Rect& place = layout.places[i].pane;
-        m_docked[i].place = layout.places[i];
-        SetWindowPos(m_docked[i].window, nullptr, place.left, place.top, place.width(),
-                     place.height(), SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+        const Rect& rect = layout.docked[i].pane;
+        m_docked[i].rects = layout.docked[i];
+        SetWindowPos(m_docked[i].window, nullptr, rect.left, rect.top, rect.width(), rect.height(),
+                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
     }
     return layout.inner;
 }
@@ -86,15 +80,16 @@ bool CDockingSite::handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& r
 }
 
 bool CDockingSite::answerDocking(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    if (message != m_attach && message != m_detach && message != m_query && message != m_nextPart)
+    const auto& [attachId, detachId, queryId, nextPartId] = m_messages;
+    if (message != attachId && message != detachId && message != queryId && message != nextPartId)
         return false;
     auto* request = reinterpret_cast<DockRequest*>(lParam);
     result = 0;
     if (request == nullptr || request->structSize != sizeof(DockRequest)) return true;
-    if (message == m_attach) result = attach(*request);
-    if (message == m_detach) result = remove(static_cast<HWND>(request->pane));
-    if (message == m_query) result = query(*request);
-    if (message == m_nextPart) {
+    if (message == attachId) result = attach(*request);
+    if (message == detachId) result = remove(static_cast<HWND>(request->pane));
+    if (message == queryId) result = query(*request);
+    if (message == nextPartId) {
         focusNext(wParam != 0);
         result = 1;
     }
@@ -114,8 +109,8 @@ LRESULT CDockingSite::query(DockRequest& request) {
     ScreenToClient(m_frame, &at);
     request.side = sideAt(m_client, at.x, at.y, scaledFor(m_frame, 48));
     if (request.side == 0) return 0;
-    const Rect place = placeFor(static_cast<HWND>(request.pane), request.side, request.extent);
-    POINT corners[2] = {{place.left, place.top}, {place.right, place.bottom}};
+    const Rect rect = rectFor(static_cast<HWND>(request.pane), request.side, request.extent);
+    POINT corners[2] = {{rect.left, rect.top}, {rect.right, rect.bottom}};
     MapWindowPoints(m_frame, nullptr, corners, 2);
     request.place = {static_cast<int>(corners[0].x), static_cast<int>(corners[0].y),
                      static_cast<int>(corners[1].x), static_cast<int>(corners[1].y)};
@@ -123,17 +118,17 @@ LRESULT CDockingSite::query(DockRequest& request) {
 }
 
 // Where dock() would put the pane.
-Rect CDockingSite::placeFor(HWND pane, unsigned side, int extent) const {
+Rect CDockingSite::rectFor(HWND pane, unsigned side, int extent) const {
     const DockedPane wanted{side, extent > 0 ? extent : defaultExtent(side),
                             leastExtent(pane, side)};
     std::vector<DockedPane> panes;
-    std::size_t place = m_docked.size();
+    std::size_t index = m_docked.size();
     for (const Docked& each : m_docked) {
-        if (each.window == pane) place = panes.size();
+        if (each.window == pane) index = panes.size();
         panes.push_back(each.window == pane ? wanted : each.pane);
     }
-    if (place == panes.size()) panes.push_back(wanted);
-    return fw::layOut(m_client, panes, metrics()).places[place].pane;
+    if (index == panes.size()) panes.push_back(wanted);
+    return fw::layOut(m_client, panes, metrics()).docked[index].pane;
 }
 
 // Floating panes are tool windows that the frame owns.
@@ -142,10 +137,10 @@ void CDockingSite::focusNext(bool backwards) {
     EnumThreadWindows(GetCurrentThreadId(), takeOwned, reinterpret_cast<LPARAM>(&parts));
     for (const Docked& each : m_docked) parts.push_back(each.window);
     const HWND focus = GetFocus();
-    std::size_t place = 0;
+    std::size_t current = 0;
     for (std::size_t i = 1; i < parts.size(); ++i)
-        if (focus == parts[i] || IsChild(parts[i], focus) != 0) place = i;
-    SetFocus(parts[(place + (backwards ? parts.size() - 1 : 1)) % parts.size()]);
+        if (focus == parts[i] || IsChild(parts[i], focus) != 0) current = i;
+    SetFocus(parts[(current + (backwards ? parts.size() - 1 : 1)) % parts.size()]);
 }
 
 bool CDockingSite::cancelDrag() {
@@ -165,13 +160,13 @@ bool CDockingSite::answerMouse(UINT message, WPARAM wParam, LPARAM lParam, LRESU
             return takeSash(at);
         case WM_MOUSEMOVE:
             if (Docked* held = docked(m_dragged))
-                setExtent(*held, extentTo(held->place.pane, held->pane.side, at.x, at.y));
+                setExtent(*held, extentTo(held->rects.pane, held->pane.side, at.x, at.y));
             return m_dragged != nullptr;
         case WM_LBUTTONUP:
             if (std::exchange(m_dragged, nullptr) == nullptr) return false;
             ReleaseCapture();
             return true;
-        case WM_CAPTURECHANGED:  // otherwise than by letting go
+        case WM_CAPTURECHANGED:  // taken away: a bar that was let go is not dragged any more
             if (Docked* held = docked(std::exchange(m_dragged, nullptr)))
                 setExtent(*held, m_extentBefore);
             return false;
@@ -207,7 +202,7 @@ void CDockingSite::setExtent(Docked& held, int extent) {
 
 CDockingSite::Docked* CDockingSite::sashAt(POINT client) {
     for (Docked& each : m_docked)
-        if (each.place.sash.contains(client.x, client.y)) return &each;
+        if (each.rects.sash.contains(client.x, client.y)) return &each;
     return nullptr;
 }
 

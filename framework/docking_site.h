@@ -10,8 +10,8 @@
 #include <functional>
 #include <vector>
 
+#include "framework/dock_frame.h"
 #include "framework/model/dock_layout.h"
-#include "sdk/docking.h"
 
 namespace fw {
 
@@ -27,7 +27,8 @@ public:
     // Takes the window out of the layout; true when it was in it. The window itself is left alone.
     bool remove(HWND pane);
 
-    // Moves every docked window into its place in `client` (frame client pixels); returns the rest.
+    // Moves every docked window to its rectangle in `client` (frame client pixels); returns the
+    // rest.
     Rect layOut(Rect client);
 
     // Answers the docking messages, and the mouse over the bars. False: not the site's.
@@ -44,7 +45,7 @@ private:
     struct Docked {
         HWND window;
         DockedPane pane;
-        DockPlace place;
+        DockRects rects;
     };
 
     bool answerDocking(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
@@ -55,7 +56,7 @@ private:
     bool takeSash(POINT client);
     void setExtent(Docked& held, int extent);
     Docked* docked(HWND window);
-    Rect placeFor(HWND pane, unsigned side, int extent) const;
+    Rect rectFor(HWND pane, unsigned side, int extent) const;
     Docked* sashAt(POINT client);
     int defaultExtent(unsigned side) const;
     DockMetrics metrics() const;
@@ -66,7 +67,7 @@ private:
     Rect m_client;             // of the last layOut
     HWND m_dragged = nullptr;  // the window whose bar is held
     int m_extentBefore = 0;    // of that window
-    UINT m_attach, m_detach, m_query, m_nextPart;
+    DockMessages m_messages;
 };
 
 }  // namespace fw

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include "framework/handles.h"
+#include "framework/hwnd.h"
+
 namespace fw {
 
 const MessageMap& CDropPreview::messageMap() const {
@@ -10,22 +13,21 @@ const MessageMap& CDropPreview::messageMap() const {
 }
 
 // Cut out by a region: a translucent window would need a compositor to be one.
-void CDropPreview::show(const RECT& place) {
+void CDropPreview::show(const RECT& rect) {
     static const WindowClass windowClass{"MakerChecker.DropPreview", 0, IDC_SIZEALL,
                                          COLOR_HIGHLIGHT};
     if (handle() == nullptr &&
         !create(windowClass, "", WS_POPUP | WS_DISABLED,
-                WS_EX_TOOLWINDOW | WS_EX_TOPMOST | WS_EX_NOACTIVATE, place, nullptr, 0))
+                WS_EX_TOOLWINDOW | WS_EX_TOPMOST | WS_EX_NOACTIVATE, rect, nullptr, 0))
         return;
-    const int width = std::max(static_cast<int>(place.right - place.left), 1);
-    const int height = std::max(static_cast<int>(place.bottom - place.top), 1);
+    const int width = std::max(widthOf(rect), 1);
+    const int height = std::max(heightOf(rect), 1);
     const int line = scaled(4);
-    const HRGN frame = CreateRectRgn(0, 0, width, height);
-    const HRGN inside = CreateRectRgn(line, line, width - line, height - line);
-    CombineRgn(frame, frame, inside, RGN_DIFF);
-    DeleteObject(inside);
-    SetWindowRgn(handle(), frame, TRUE);  // which owns it from here on
-    SetWindowPos(handle(), HWND_TOPMOST, place.left, place.top, width, height,
+    Region frame(CreateRectRgn(0, 0, width, height));
+    const Region inside(CreateRectRgn(line, line, width - line, height - line));
+    CombineRgn(frame.get(), frame.get(), inside.get(), RGN_DIFF);
+    SetWindowRgn(handle(), frame.release(), TRUE);
+    SetWindowPos(handle(), HWND_TOPMOST, rect.left, rect.top, width, height,
                  SWP_NOACTIVATE | SWP_SHOWWINDOW);
     UpdateWindow(handle());
 }

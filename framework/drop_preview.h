@@ -7,8 +7,8 @@ namespace fw {
 
 class CDropPreview : public CWindow {
 public:
-    // Shows the frame at `place` (screen pixels), above everything and without taking the focus.
-    void show(const RECT& place);
+    // Shows the frame at `rect` (screen pixels), above everything and without taking the focus.
+    void show(const RECT& rect);
     void hide();
 
 protected:

@@ -1,5 +1,8 @@
 #include "framework/float_frame.h"
 
+#include "framework/hwnd.h"
+#include "framework/pane_dialog.h"
+
 namespace fw {
 namespace {
 
@@ -8,9 +11,9 @@ constexpr DWORD kExStyle = WS_EX_TOOLWINDOW;
 
 }  // namespace
 
-bool CFloatFrame::create(HWND owner, const std::string& caption, const RECT& place) {
+bool CFloatFrame::create(HWND owner, const std::string& caption, const RECT& rect) {
     static const WindowClass windowClass{"MakerChecker.FloatFrame", 0, IDC_ARROW, COLOR_3DFACE};
-    return CWindow::create(windowClass, caption.c_str(), kStyle, kExStyle, place, owner, 0);
+    return CWindow::create(windowClass, caption.c_str(), kStyle, kExStyle, rect, owner, 0);
 }
 
 RECT CFloatFrame::windowAround(SIZE client) {
@@ -43,17 +46,23 @@ void CFloatFrame::onClose() {
     m_pane.hide();
 }
 
-void CFloatFrame::onMoveBegins() {
-    GetWindowRect(handle(), &m_before);
+void CFloatFrame::onSetFocus() {
+    m_pane.takeFocus();
 }
 
-// A window that was resized stays where it is, though the pointer may be over a docking place.
+void CFloatFrame::onMoveBegins() {
+    m_before = screenRect(handle());
+}
+
+void CFloatFrame::onMoving() {
+    m_docking.floatFrameDragged();
+}
+
+// A window that was resized stays where it is, though the pointer may be over a docking position.
 void CFloatFrame::onMoveEnds() {
-    RECT now{};
-    GetWindowRect(handle(), &now);
-    const bool resized = now.right - now.left != m_before.right - m_before.left ||
-                         now.bottom - now.top != m_before.bottom - m_before.top;
-    m_pane.floatFrameReleased(!resized && EqualRect(&now, &m_before) == 0);
+    const RECT now = screenRect(handle());
+    const bool resized = widthOf(now) != widthOf(m_before) || heightOf(now) != heightOf(m_before);
+    m_docking.floatFrameReleased(!resized && EqualRect(&now, &m_before) == 0);
 }
 
 void CFloatFrame::onCaptionDoubleClick(UINT hit, POINT) {
@@ -62,7 +71,7 @@ void CFloatFrame::onCaptionDoubleClick(UINT hit, POINT) {
 
 void CFloatFrame::onMinimum(MINMAXINFO& info) {
     const RECT window = windowAround(m_pane.leastSize());
-    info.ptMinTrackSize = {window.right - window.left, window.bottom - window.top};
+    info.ptMinTrackSize = {widthOf(window), heightOf(window)};
 }
 
 }  // namespace fw

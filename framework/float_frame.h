@@ -1,16 +1,21 @@
 // CFloatFrame: the tool window that a floating pane fills.
 #pragma once
 
-#include "framework/pane_dialog.h"
+#include <string>
+
+#include "framework/window.h"
 
 namespace fw {
 
+class CPaneDialog;
+class PaneDocking;
+
 class CFloatFrame : public CWindow {
 public:
-    explicit CFloatFrame(CPaneDialog& pane) : m_pane(pane) {}
+    CFloatFrame(CPaneDialog& pane, PaneDocking& docking) : m_pane(pane), m_docking(docking) {}
 
-    // Creates the hidden window at `place` (screen pixels), owned by `owner`, with `caption`.
-    bool create(HWND owner, const std::string& caption, const RECT& place);
+    // Creates the hidden window at `rect` (screen pixels), owned by `owner`, with `caption`.
+    bool create(HWND owner, const std::string& caption, const RECT& rect);
 
     // The window that has a client area of this size.
     static RECT windowAround(SIZE client);
@@ -22,14 +27,15 @@ private:
     void onSize(int width, int height);
     void onClose();
     void onMoveBegins();
-    void onMoving() { m_pane.floatFrameDragged(); }
+    void onMoving();
     void onMoveEnds();
     void onCaptionDoubleClick(UINT hit, POINT screen);
-    void onSetFocus() { m_pane.takeFocus(); }
+    void onSetFocus();
     void onMinimum(MINMAXINFO& info);
 
     CPaneDialog& m_pane;
-    RECT m_before{};  // the place when the user took hold of the window
+    PaneDocking& m_docking;
+    RECT m_before{};  // when the user took hold of the window
 };
 
 }  // namespace fw

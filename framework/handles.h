@@ -23,6 +23,8 @@ public:
     }
     ~UniqueHandle() { reset(); }
 
+    // Gives the handle up to a new owner.
+    Handle release() noexcept { return std::exchange(m_handle, nullptr); }
     void reset(Handle handle = nullptr) noexcept {
         if (m_handle != nullptr) destroy(m_handle);
         m_handle = handle;
@@ -40,6 +42,9 @@ inline void destroyFont(HFONT font) noexcept {
 inline void destroyBitmap(HBITMAP bitmap) noexcept {
     DeleteObject(bitmap);
 }
+inline void destroyRegion(HRGN region) noexcept {
+    DeleteObject(region);
+}
 inline void destroyMenu(HMENU menu) noexcept {
     DestroyMenu(menu);
 }
@@ -52,6 +57,7 @@ inline void destroyImages(HIMAGELIST images) noexcept {
 
 using Font = UniqueHandle<HFONT, destroyFont>;
 using Bitmap = UniqueHandle<HBITMAP, destroyBitmap>;
+using Region = UniqueHandle<HRGN, destroyRegion>;
 using Menu = UniqueHandle<HMENU, destroyMenu>;
 using Hook = UniqueHandle<HHOOK, destroyHook>;
 using ImageList = UniqueHandle<HIMAGELIST, destroyImages>;
@@ -84,19 +90,28 @@ private:
     PAINTSTRUCT m_paint{};
 };
 
-// A device context of a whole window, borders included, for a scope.
-class WindowDcScope {
+// A device context of a window's client area, or the screen's (null), for a scope.
+class DcScope {
 public:
-    explicit WindowDcScope(HWND window) noexcept : m_window(window), m_dc(GetWindowDC(window)) {}
-    ~WindowDcScope() { ReleaseDC(m_window, m_dc); }
-    WindowDcScope(const WindowDcScope&) = delete;
-    WindowDcScope& operator=(const WindowDcScope&) = delete;
+    explicit DcScope(HWND window) noexcept : DcScope(window, GetDC(window)) {}
+    ~DcScope() { ReleaseDC(m_window, m_dc); }
+    DcScope(const DcScope&) = delete;
+    DcScope& operator=(const DcScope&) = delete;
 
     HDC dc() const noexcept { return m_dc; }
+
+protected:
+    DcScope(HWND window, HDC dc) noexcept : m_window(window), m_dc(dc) {}
 
 private:
     HWND m_window;
     HDC m_dc;
+};
+
+// Of a whole window, borders included.
+class WindowDcScope : public DcScope {
+public:
+    explicit WindowDcScope(HWND window) noexcept : DcScope(window, GetWindowDC(window)) {}
 };
 
 // Redrawing of a control is off for a scope.

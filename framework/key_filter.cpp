@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "framework/window.h"
+#include "framework/controls.h"
+#include "framework/hwnd.h"
 
 namespace fw {
 namespace {
@@ -37,7 +38,7 @@ bool inPlatformLoop() {
 bool isDropped(HWND window) {
     char name[16]{};
     return GetClassNameA(window, name, sizeof name) != 0 && lstrcmpiA(name, WC_COMBOBOXA) == 0 &&
-           SendMessageA(window, CB_GETDROPPEDSTATE, 0, 0) != 0;
+           Combo(window).dropped();
 }
 
 }  // namespace
@@ -50,8 +51,7 @@ bool isPressed(const ActionKey& action, UINT key) {
 }
 
 bool holdsMouse(HWND pane) {
-    const HWND holder = GetCapture();
-    return holder != nullptr && (holder == pane || IsChild(pane, holder) != 0);
+    return isWithin(pane, GetCapture());
 }
 
 CKeyFilter::CKeyFilter(HWND pane, std::span<const ActionKey> actions, ClaimedBy claimed)
@@ -98,8 +98,8 @@ void CKeyFilter::filterKey(MSG& message) {
 
 // A message that was posted, not made by a mouse, came from elsewhere than where it presses.
 void CKeyFilter::filterPress(MSG& message) {
-    RECT place{};
-    if (GetWindowRect(message.hwnd, &place) == 0 || PtInRect(&place, message.pt) == 0) return;
+    RECT rect{};
+    if (GetWindowRect(message.hwnd, &rect) == 0 || PtInRect(&rect, message.pt) == 0) return;
     const MousePress press{static_cast<unsigned>(message.time), static_cast<int>(message.pt.x),
                            static_cast<int>(message.pt.y), message.hwnd};
     const DoubleClickLimits limits{GetDoubleClickTime(), GetSystemMetrics(SM_CXDOUBLECLK),

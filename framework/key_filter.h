@@ -76,7 +76,7 @@ private:
     UINT m_held = 0;     // the key that was pressed last, if the pane took it
     MousePress m_press;  // of the mouse, in any window of the thread
     Hook m_hook;
-    static CKeyFilter* s_current;  // a hook procedure is handed no object of ours
+    static CKeyFilter* s_current;  // a hook procedure has no parameter of ours
 };
 
 }  // namespace fw

@@ -9,7 +9,7 @@
 
 namespace fw {
 
-// A face of `points` at `dpi` dots per inch; the platform puts another in the place of a face that
+// A face of `points` at `dpi` dots per inch; the platform puts another for a face that
 // is not installed.
 inline Font pointFont(const std::string& face, int points, int dpi) {
     return Font(CreateFontA(-MulDiv(points, dpi, 72), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,

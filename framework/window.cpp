@@ -107,13 +107,13 @@ bool CWindow::dispatchMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESUL
 }
 
 bool CWindow::create(const WindowClass& windowClass, const char* text, DWORD style, DWORD exStyle,
-                     const RECT& place, HWND parent, UINT id) {
+                     const RECT& rect, HWND parent, UINT id) {
     if (m_handle != nullptr || !registerClass(windowClass, windowProc)) return false;
     const HMENU menu =
         (style & WS_CHILD) != 0 ? reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)) : nullptr;
-    return CreateWindowExA(exStyle, windowClass.name, text, style, place.left, place.top,
-                           place.right - place.left, place.bottom - place.top, parent, menu,
-                           module(), this) != nullptr;
+    return CreateWindowExA(exStyle, windowClass.name, text, style, rect.left, rect.top,
+                           rect.right - rect.left, rect.bottom - rect.top, parent, menu, module(),
+                           this) != nullptr;
 }
 
 bool CWindow::subclass(HWND control) {
@@ -136,6 +136,10 @@ LRESULT CWindow::controlDefault(UINT message, WPARAM wParam, LPARAM lParam) {
 LRESULT CWindow::reflectNotify(WPARAM wParam, LPARAM lParam) {
     return SendMessageA(reinterpret_cast<const NMHDR*>(lParam)->hwndFrom, kReflectedNotify, wParam,
                         lParam);
+}
+
+LRESULT CWindow::reflectDrawItem(const DRAWITEMSTRUCT& draw) {
+    return SendMessageA(draw.hwndItem, WM_DRAWITEM, draw.CtlID, reinterpret_cast<LPARAM>(&draw));
 }
 
 LRESULT CALLBACK CWindow::windowProc(HWND window, UINT message, WPARAM wParam,

@@ -64,7 +64,7 @@ protected:
 
     // Creates a window of `windowClass`, bound to this object. False when it cannot be made.
     bool create(const WindowClass& windowClass, const char* text, DWORD style, DWORD exStyle,
-                const RECT& place, HWND parent, UINT id);
+                const RECT& rect, HWND parent, UINT id);
 
     // Binds an existing control; its own procedure is the default.
     bool subclass(HWND control);
@@ -80,6 +80,8 @@ protected:
 
     // Hands a child's notification back to the child (kReflectedNotify).
     static LRESULT reflectNotify(WPARAM wParam, LPARAM lParam);
+    // Has an owner-drawn child draw itself: its parent is asked to.
+    static LRESULT reflectDrawItem(const DRAWITEMSTRUCT& draw);
 
     // Runs before any message is dispatched to a subclassed control.
     virtual void beforeMessage(UINT) {}

@@ -17,7 +17,7 @@ public:
     // Whether the host has the service that askPeerData() needs; asks it, but keeps nothing.
     bool checkPeerData();
 
-    // Looks up the tabbed log anew. Until then, and where the host has none, log lines go nowhere.
+    // Looks up the tabbed log again. Until then, and where the host has none, log lines go nowhere.
     void findTabbedLog();
 
     // Whether the host lets the user use a function; false when it cannot be asked.

@@ -7,12 +7,6 @@
 namespace mc {
 namespace {
 
-std::string lowered(std::string_view text) {
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(), lowerCase);
-    return result;
-}
-
 // Whether `text` in lower case is `pattern`, which is.
 bool same(std::string_view text, std::string_view pattern) {
     return std::equal(text.begin(), text.end(), pattern.begin(), pattern.end(),
@@ -57,7 +51,7 @@ FilterPattern::FilterPattern(std::string_view filterText, bool exact, FilterKind
     tidy();
 }
 
-// Sorts the alternatives. A beginning stands right before the longer ones that it covers.
+// Sorted, a beginning comes right before the longer ones that it covers.
 void FilterPattern::tidy() {
     const auto less = [](const Alternative& a, const Alternative& b) {
         return a.kind != b.kind ? a.kind < b.kind : a.text < b.text;

@@ -7,15 +7,16 @@
 //   >12.5   the cell reads as a number that is greater; <12.5: that is less
 //   text    the cell begins with it; so also ">" and "<" without a number behind them
 // Matched exactly, an alternative is the whole cell and these signs are plain text. A value is the
-// whole cell as it stands, separators included. An empty filter text matches every cell, one of
+// whole cell as it is, separators included. An empty filter text matches every cell, one of
 // separators alone none.
 #pragma once
 
-#include <cstdint>
 #include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "text/characters.h"
 
 namespace mc {
 
@@ -63,19 +64,5 @@ private:
     double m_above = kInfinity;
     double m_below = -kInfinity;
 };
-
-// The byte in lower case, ASCII only.
-constexpr char lowerCase(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-// The same for eight bytes: an upper case letter is one whose sum with 0x3F passes 0x80 and whose
-// sum with 0x25 doesn't.
-constexpr std::uint64_t lowerEight(std::uint64_t bytes) {
-    constexpr std::uint64_t kEach = 0x0101010101010101;
-    const std::uint64_t low = bytes & (kEach * 0x7F);
-    const std::uint64_t upper = (low + kEach * 0x3F) & ~(low + kEach * 0x25) & ~bytes;
-    return bytes | (upper & (kEach * 0x80)) >> 2;
-}
 
 }  // namespace mc

@@ -9,6 +9,8 @@
 #include <cstdlib>
 #include <limits>
 
+#include "text/characters.h"
+
 namespace mc {
 namespace {
 constexpr std::size_t kMaxDigits = 19;  // that 64 bits always hold
@@ -48,7 +50,7 @@ std::optional<double> readPlainNumber(std::string_view text) {
     std::uint64_t digits = 0;
     std::size_t at = 0;
     const auto takeDigits = [&] {
-        for (; at < text.size() && text[at] >= '0' && text[at] <= '9'; ++at)
+        for (; at < text.size() && isDigit(text[at]); ++at)
             digits = digits * 10 + static_cast<unsigned>(text[at] - '0');
     };
     takeDigits();

@@ -4,17 +4,10 @@
 #include <charconv>
 #include <limits>
 
+#include "text/characters.h"
+
 namespace mc {
 namespace {
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-std::string_view withoutBlanks(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
-    return text;
-}
 
 // Whether a number that is out of range is too large rather than too small: from its first digit
 // that counts to the point, and the exponent on top.
@@ -29,7 +22,7 @@ bool isLarge(std::string_view number) {
     return static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first) + exponent > 0;
 }
 
-// What an out-of-range number stands for: from_chars tells that it is, not on which side.
+// The value of an out-of-range number: from_chars says that it is one, not on which side.
 double endOfRange(std::string_view number) {
     const double size = isLarge(number) ? std::numeric_limits<double>::infinity() : 0.0;
     return number.front() == '-' ? -size : size;
@@ -37,7 +30,7 @@ double endOfRange(std::string_view number) {
 
 template <class Integer>
 Integer readInteger(std::string_view text) {
-    text = withoutBlanks(text);
+    text = withoutBlanksBefore(text);
     const bool negative = text.starts_with('-');
     if (text.starts_with("+-")) return 0;
     if (text.starts_with('+')) text.remove_prefix(1);
@@ -50,7 +43,7 @@ Integer readInteger(std::string_view text) {
 }  // namespace
 
 std::optional<double> readNumber(std::string_view text) {
-    text = withoutBlanks(text);
+    text = withoutBlanksBefore(text);
     if (text.starts_with("+-")) return {};
     if (text.starts_with('+')) text.remove_prefix(1);
     // from_chars would take words for infinity and for no number.

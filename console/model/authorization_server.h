@@ -5,7 +5,7 @@
 //   3. handle() a checker's requests; decideAs() plays another checker.
 //   4. deliverNext() hands out what all of these have queued, one message per call.
 //
-// Requests, told apart by field 0, and what answers them (the request's name in 32767, always):
+// Requests, distinguished by field 0, and what answers them (the request's name in 32767, always):
 //
 // clang-format off
 //   om_get_auth_user_details      54247 who asks, 51803 key. Answer: 51803, the id of whom the

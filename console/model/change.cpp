@@ -48,6 +48,13 @@ const ChangeCode& changeCode(std::string_view code) {
     return found != std::end(kCodes) ? *found : kUnknownCode;
 }
 
+const char* codeOf(ChangeKind kind, ChangeAction action) {
+    return std::ranges::find_if(
+               kCodes,
+               [&](const ChangeCode& each) { return each.kind == kind && each.action == action; })
+        ->code;
+}
+
 std::span<const Identification> identifications() {
     return kIdentifications;
 }

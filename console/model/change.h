@@ -55,7 +55,10 @@ std::span<const ChangeCode> changeCodes();
 // The entry of a code; unknown codes give one of ChangeKind::unknown.
 const ChangeCode& changeCode(std::string_view code);
 
-// One identification text: its field id, its word in scenario files, where it stands.
+// The code of a kind and an action that the table has.
+const char* codeOf(ChangeKind kind, ChangeAction action);
+
+// One identification text: its field id, its word in scenario files, its member.
 struct Identification {
     int field;
     const char* word;

@@ -21,7 +21,7 @@ struct Field {
     bool operator==(const Field&) const = default;
 };
 
-// In order of appending; an id stands once.
+// In order of appending; an id is there once.
 using Fields = std::vector<Field>;
 
 // The field with the id, or null.

@@ -23,8 +23,8 @@ template <class Visitor>
 void forEachOccurrence(void* message, Visitor visit) {
     std::unordered_map<int, int> seen;
     const int count = otp_field_count(message);
-    for (int place = 0; place < count; ++place) {
-        const int id = otp_field_at(message, place);
+    for (int index = 0; index < count; ++index) {
+        const int id = otp_field_at(message, index);
         const char* text = nullptr;
         if (otp_get_data_as_cstring(message, id, seen[id]++, &text, nullptr) == 0) text = nullptr;
         visit(id, text);

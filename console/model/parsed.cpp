@@ -1,13 +1,11 @@
 #include "console/model/parsed.h"
 
 #include <algorithm>
-#include <charconv>
 
 namespace zek {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view kBlanks = " \t";
 constexpr std::size_t kQuotedLength = 40;
 
 }  // namespace
@@ -33,24 +31,10 @@ std::string LineReader::error(std::string_view what) const {
     return m_file + ":" + std::to_string(m_line) + ": " + std::string(what);
 }
 
-std::string_view trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
 std::optional<Assignment> splitAssignment(std::string_view line) {
     const std::size_t sign = line.find('=');
     if (sign == std::string_view::npos) return std::nullopt;
     return Assignment{trimmed(line.substr(0, sign)), trimmed(line.substr(sign + 1))};
-}
-
-std::optional<int> toNumber(std::string_view text) {
-    int number = 0;
-    const char* end = text.data() + text.size();
-    const auto read = std::from_chars(text.data(), end, number);
-    if (text.empty() || read.ec != std::errc() || read.ptr != end) return std::nullopt;
-    return number;
 }
 
 std::string quoted(std::string_view text) {

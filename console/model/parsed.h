@@ -5,6 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "text/characters.h"
+#include "text/read_number.h"
+
 namespace zek {
 
 // What a parser yields. With an error, the value is not to be used.
@@ -34,7 +37,9 @@ private:
 };
 
 // Without the blanks and tabs around it.
-std::string_view trimmed(std::string_view text);
+inline std::string_view trimmed(std::string_view text) {
+    return mc::trimmed(text, " \t");
+}
 
 // "name = value" taken apart at the first '='; nullopt without one.
 struct Assignment {
@@ -43,7 +48,9 @@ struct Assignment {
 std::optional<Assignment> splitAssignment(std::string_view line);
 
 // The whole text as a decimal number.
-std::optional<int> toNumber(std::string_view text);
+inline std::optional<int> toNumber(std::string_view text) {
+    return mc::wholeInteger<int>(text);
+}
 
 // Text from a file as an error message may show it: short, and printable.
 std::string quoted(std::string_view text);

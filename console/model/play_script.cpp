@@ -193,18 +193,18 @@ std::size_t wordsMatched(std::string_view words, const std::vector<Token>& token
 }
 
 std::vector<std::string> argumentsOf(const Verb& verb, const std::vector<Token>& tokens,
-                                     std::size_t place) {
+                                     std::size_t index) {
     std::vector<std::string> arguments;
     std::string_view kinds = verb.arguments;
     std::string_view kind;
     while (nextWord(kinds, kind, ' ')) {
-        const std::size_t last = kind == "rows" ? std::max(tokens.size(), place + 1) : place + 1;
-        for (; place < last; ++place) {
-            if (place >= tokens.size()) throw SyntaxError{"too few arguments"};
-            arguments.push_back(argumentOf(kind, tokens[place]));
+        const std::size_t last = kind == "rows" ? std::max(tokens.size(), index + 1) : index + 1;
+        for (; index < last; ++index) {
+            if (index >= tokens.size()) throw SyntaxError{"too few arguments"};
+            arguments.push_back(argumentOf(kind, tokens[index]));
         }
     }
-    if (place < tokens.size()) throw SyntaxError{"too many arguments"};
+    if (index < tokens.size()) throw SyntaxError{"too many arguments"};
     return arguments;
 }
 
@@ -220,7 +220,8 @@ PlayStep stepOf(int line, const std::vector<Token>& tokens) {
 PlayRow rowOf(const std::string& argument) {
     if (argument.starts_with('"')) return {PlayRow::By::name, argument.substr(1), 0};
     if (argument.starts_with('#'))
-        return {PlayRow::By::place, {}, toNumber(std::string_view(argument).substr(1)).value_or(0)};
+        return {
+            PlayRow::By::position, {}, toNumber(std::string_view(argument).substr(1)).value_or(0)};
     return {PlayRow::By::key, argument, 0};
 }
 

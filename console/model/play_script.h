@@ -37,8 +37,9 @@
 //   close pane
 //   quit
 //
-// ROW is the key of a change (1001), a place in the list from 1 (#2), or an entity name in quotes
-// ("DLR101"). Inside quotes \" and \\ stand for a quote and a backslash. A '#' that begins a line
+// ROW is the key of a change (1001), a position in the list from 1 (#2), or an entity name in
+// quotes
+// ("DLR101"). Inside quotes \" and \\ mean a quote and a backslash. A '#' that begins a line
 // begins a comment.
 #pragma once
 
@@ -100,9 +101,9 @@ struct PlayStep {
 
 // Which row a ROW argument of a step means.
 struct PlayRow {
-    enum class By { key, place, name } by = By::key;
+    enum class By { key, position, name } by = By::key;
     std::string text;  // key or name
-    int place = 0;     // from 1
+    int position = 0;  // from 1
 
     bool operator==(const PlayRow&) const = default;
 };

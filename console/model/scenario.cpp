@@ -13,14 +13,14 @@ constexpr std::pair<char, char> kEscapes[] = {
 };
 constexpr std::string_view kUnreadable = "\\?";
 
-bool isBlankAt(std::string_view text, std::size_t place) {
-    return place >= text.size() || text[place] == ' ' || text[place] == '\t';
+bool isBlankAt(std::string_view text, std::size_t index) {
+    return index >= text.size() || text[index] == ' ' || text[index] == '\t';
 }
 
-// A bar with blanks, or the text's end, on both sides. Before the first character stands nothing:
-// place - 1 is then beyond every text.
-bool isLoneBar(std::string_view text, std::size_t place) {
-    return text[place] == '|' && isBlankAt(text, place - 1) && isBlankAt(text, place + 1);
+// A bar with blanks, or the text's end, on both sides. Before the first character is nothing:
+// index - 1 is then beyond every text.
+bool isLoneBar(std::string_view text, std::size_t index) {
+    return text[index] == '|' && isBlankAt(text, index - 1) && isBlankAt(text, index + 1);
 }
 
 // nullopt for an escape that does not exist.
@@ -39,16 +39,16 @@ std::optional<std::string> unescape(std::string_view written) {
     return text;
 }
 
-bool needsEscape(std::string_view text, std::size_t place) {
-    const bool atEnd = place == 0 || place + 1 == text.size();
-    switch (text[place]) {
+bool needsEscape(std::string_view text, std::size_t index) {
+    const bool atEnd = index == 0 || index + 1 == text.size();
+    switch (text[index]) {
         case '|':
-            return isLoneBar(text, place);
+            return isLoneBar(text, index);
         case ' ':
         case '=':
             return atEnd;
         default:
-            return std::string_view("\\\n\r\t").find(text[place]) != std::string_view::npos;
+            return std::string_view("\\\n\r\t").find(text[index]) != std::string_view::npos;
     }
 }
 

@@ -1,6 +1,6 @@
 // Scenarios: who exists, and the changes that makers ask for, as a text file.
 //
-//   # a comment stands on a line of its own
+//   # a comment is on a line of its own
 //   user MAKER01                      a section: user ID, client ID or change KIND
 //   broker = ZEKB                     its texts, by name
 //   change modify-user

@@ -11,7 +11,7 @@ namespace {
 // --- Believable texts ----------------------------------------------------------------------------
 
 // The standard library's distributions differ between platforms; a remainder does not. Nor may two
-// draws stand in one expression: which comes first is the compiler's choice.
+// draws are in one expression: which comes first is the compiler's choice.
 class Random {
 public:
     explicit Random(unsigned seed) : m_engine(seed) {}
@@ -161,17 +161,19 @@ private:
         return prefix + std::to_string(1000 + m_random.below(4000));
     }
 
-    Change start(const char* code);
-    Change userChange(const char* code, std::string id);
-    Change clientChange(const char* code, std::string id);
+    Change start(ChangeKind kind, ChangeAction action);
+    Change userChange(ChangeAction action, std::string id);
+    Change clientChange(ChangeAction action, std::string id);
     Change& with(Change& change, std::span<const FieldRecipe> recipes);
 
     std::vector<Change> addUser();
     std::vector<Change> modifyUser();
-    std::vector<Change> deleteUser() { return {userChange("365", knownId("DLR"))}; }
+    std::vector<Change> deleteUser() { return {userChange(ChangeAction::remove, knownId("DLR"))}; }
     std::vector<Change> addClient();
     std::vector<Change> modifyClient();
-    std::vector<Change> deleteClient() { return {clientChange("366", knownId("C"))}; }
+    std::vector<Change> deleteClient() {
+        return {clientChange(ChangeAction::remove, knownId("C"))};
+    }
     std::vector<Change> investorPair();
     std::vector<Change> limits();
 
@@ -180,7 +182,7 @@ private:
 };
 
 void Generator::appendTo(std::vector<Change>& changes) {
-    // A kind stands as often as it is likely.
+    // A kind is there as often as it is likely.
     static constexpr Recipe kRecipes[] = {
         &Generator::limits,       &Generator::limits,       &Generator::limits,
         &Generator::limits,       &Generator::modifyClient, &Generator::modifyClient,
@@ -191,15 +193,15 @@ void Generator::appendTo(std::vector<Change>& changes) {
     for (Change& change : (this->*m_random.oneOf(kRecipes))()) changes.push_back(std::move(change));
 }
 
-Change Generator::start(const char* code) {
+Change Generator::start(ChangeKind kind, ChangeAction action) {
     Change change;
-    change.code = code;
+    change.code = codeOf(kind, action);
     change.maker = m_random.oneOf(kMakers);
     return change;
 }
 
-Change Generator::userChange(const char* code, std::string id) {
-    Change change = start(code);
+Change Generator::userChange(ChangeAction action, std::string id) {
+    Change change = start(ChangeKind::user, action);
     change.type = m_random.oneOf(kTypes);
     change.broker = kBroker;
     change.branch = m_random.oneOf(kBranches);
@@ -207,8 +209,8 @@ Change Generator::userChange(const char* code, std::string id) {
     return change;
 }
 
-Change Generator::clientChange(const char* code, std::string id) {
-    Change change = start(code);
+Change Generator::clientChange(ChangeAction action, std::string id) {
+    Change change = start(ChangeKind::client, action);
     change.broker = kBroker;
     change.branch = m_random.oneOf(kBranches);
     change.group = m_random.oneOf(kGroups);
@@ -231,29 +233,29 @@ Change& Generator::with(Change& change, std::span<const FieldRecipe> recipes) {
 }
 
 std::vector<Change> Generator::addUser() {
-    Change change = userChange("339", newId("DLR"));
+    Change change = userChange(ChangeAction::add, newId("DLR"));
     return {with(change, kUserFields)};
 }
 
 std::vector<Change> Generator::modifyUser() {
-    Change change = userChange("340", knownId("DLR"));
+    Change change = userChange(ChangeAction::modify, knownId("DLR"));
     return {with(change, kUserFields)};
 }
 
 std::vector<Change> Generator::addClient() {
-    Change change = clientChange("353", newId("C"));
+    Change change = clientChange(ChangeAction::add, newId("C"));
     return {with(change, kClientFields)};
 }
 
 std::vector<Change> Generator::modifyClient() {
-    Change change = clientChange("354", knownId("C"));
+    Change change = clientChange(ChangeAction::modify, knownId("C"));
     return {with(change, kClientFields)};
 }
 
 std::vector<Change> Generator::investorPair() {
     const std::string id = newId("INV");
-    Change user = userChange("339", id);
-    Change client = clientChange("353", "C" + id);
+    Change user = userChange(ChangeAction::add, id);
+    Change client = clientChange(ChangeAction::add, "C" + id);
     user.type = client.type = kInvestorClient;
     client.user = id;
     client.maker = user.maker;
@@ -261,7 +263,7 @@ std::vector<Change> Generator::investorPair() {
 }
 
 std::vector<Change> Generator::limits() {
-    Change change = start("360");
+    Change change = start(ChangeKind::limits, ChangeAction::set);
     switch (m_random.below(8)) {
         case 0:
             change.broker = kBroker;

@@ -7,12 +7,12 @@
 namespace mc {
 namespace {
 
-// The parts in the order of the text; what stands before a part is its separator.
+// The parts in the order of the text, each with the separator before it.
 struct Part {
     int DateTimeParts::*member;
     char before;  // '\0' for the first
-    std::size_t leastDigits, mostDigits;
-    int least, most;
+    std::size_t minDigits, maxDigits;
+    int min, max;
 };
 constexpr std::array<Part, 6> kParts{{
     {&DateTimeParts::day, '\0', 1, 2, 1, 31},
@@ -32,11 +32,11 @@ bool take(std::string_view& text, const Part& part, DateTimeParts& parts) {
         text.remove_prefix(1);
     }
     const std::size_t digits = std::min(text.find_first_not_of("0123456789"), text.size());
-    if (digits < part.leastDigits || digits > part.mostDigits) return false;
+    if (digits < part.minDigits || digits > part.maxDigits) return false;
     int& value = parts.*part.member;
     std::from_chars(text.data(), text.data() + digits, value);
     text.remove_prefix(digits);
-    return value >= part.least && value <= part.most;
+    return value >= part.min && value <= part.max;
 }
 
 int daysIn(int month, int year) {
@@ -64,7 +64,7 @@ std::string dateTimeText(const DateTimeParts& parts, DateTimeForm form) {
     const std::size_t count = form == DateTimeForm::date ? kDateParts : kParts.size();
     for (std::size_t i = 0; i < count; ++i) {
         const std::string digits = std::to_string(parts.*kParts[i].member);
-        const std::size_t width = std::max<std::size_t>(kParts[i].leastDigits, 2);
+        const std::size_t width = std::max<std::size_t>(kParts[i].minDigits, 2);
         if (kParts[i].before != '\0') text += kParts[i].before;
         text.append(width - std::min(width, digits.size()), '0') += digits;
     }

@@ -5,9 +5,6 @@
 
 namespace mc {
 
-// Without the blanks at both ends.
-std::string_view trimmed(std::string_view text);
-
 // Whether the text is a plain decimal number: an optional sign, then digits with at most one point
 // among them, one digit at least, and blanks around it. No exponents, hexadecimal digits or words
 // ("1e5", "0x10", "inf"), and no commas.

@@ -9,17 +9,17 @@ using fw::Rect;
 namespace {
 
 std::vector<Rect> movedLeft(std::span<const Rect> own, int by) {
-    std::vector<Rect> places(own.begin(), own.end());
-    for (Rect& place : places) {
-        place.left -= by;
-        place.right -= by;
+    std::vector<Rect> rects(own.begin(), own.end());
+    for (Rect& rect : rects) {
+        rect.left -= by;
+        rect.right -= by;
     }
-    return places;
+    return rects;
 }
 
 std::vector<Rect> flowed(std::span<const Rect> own, int width, const RowMetrics& metrics) {
     const int room = std::max(width - 2 * metrics.margin, 0);
-    std::vector<Rect> places;
+    std::vector<Rect> rects;
     int left = metrics.margin, top = own.front().top, bottom = top;
     for (const Rect& each : own) {
         const int taken = std::min(each.width(), room);
@@ -27,11 +27,11 @@ std::vector<Rect> flowed(std::span<const Rect> own, int width, const RowMetrics&
             left = metrics.margin;
             top = bottom + metrics.gap;
         }
-        places.push_back({left, top, left + taken, top + each.height()});
+        rects.push_back({left, top, left + taken, top + each.height()});
         left += taken + metrics.gap;
-        bottom = std::max(bottom, places.back().bottom);
+        bottom = std::max(bottom, rects.back().bottom);
     }
-    return places;
+    return rects;
 }
 
 }  // namespace

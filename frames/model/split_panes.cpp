@@ -61,8 +61,8 @@ void SplitPanes::moveBar(std::size_t bar, int position) {
 void SplitPanes::moveBar(std::size_t bar, BarMove move, int step) {
     if (bar >= m_shares.size()) return;
     const int at = startOfBar(bar);
-    const int places[] = {at - step, at + step, 0, m_length};
-    moveBar(bar, places[static_cast<std::size_t>(move)]);
+    const int targets[] = {at - step, at + step, 0, m_length};
+    moveBar(bar, targets[static_cast<std::size_t>(move)]);
 }
 
 void SplitPanes::setSize(std::size_t pane, int size) {

@@ -1,7 +1,7 @@
 // Where panes that share a length begin and end, with a bar between each two. Pure arithmetic; the
 // holder frame (frames/holder_frame.h) moves the windows.
 //
-// A bar's place is kept as a share of the length, so that panes keep their proportions when the
+// A bar's position is kept as a share of the length, so that panes keep their proportions when the
 // frame is resized, and come back to them after it was too small for all.
 #pragma once
 

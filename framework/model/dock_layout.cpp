@@ -44,14 +44,14 @@ DockLayout layOut(Rect client, std::span<const DockedPane> panes, const DockMetr
     client.bottom = std::max(client.top, client.bottom);
     DockLayout layout;
     layout.inner = client;
-    layout.places.reserve(panes.size());
+    layout.docked.reserve(panes.size());
     for (const DockedPane& pane : panes) {
         Rect& room = layout.inner;
         const int across = acrossIsHeight(pane.side) ? room.height() : room.width();
-        DockPlace place;
-        place.pane = cut(room, pane.side, allowedExtent(room, pane, metrics));
-        place.sash = cut(room, pane.side, std::min(metrics.sash, across));
-        layout.places.push_back(place);
+        DockRects rects;
+        rects.pane = cut(room, pane.side, allowedExtent(room, pane, metrics));
+        rects.sash = cut(room, pane.side, std::min(metrics.sash, across));
+        layout.docked.push_back(rects);
     }
     return layout;
 }

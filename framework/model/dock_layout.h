@@ -28,13 +28,13 @@ struct DockedPane {
     int least = 0;  // extent of the pane's own least size
 };
 
-struct DockPlace {
+struct DockRects {
     Rect pane;
     Rect sash;  // the bar between the pane and the rest, by which the pane is resized
 };
 
 struct DockLayout {
-    std::vector<DockPlace> places;  // one per pane, in the panes' order
+    std::vector<DockRects> docked;  // one per pane, in the panes' order
     Rect inner;                     // what is left for the frame's own views
 };
 
@@ -49,7 +49,7 @@ struct DockMetrics {
 // Never yields a negative width or height, however small `client` is.
 DockLayout layOut(Rect client, std::span<const DockedPane> panes, const DockMetrics& metrics);
 
-// The side at whose edge of `client` the place lies, no further in than `band`; 0 when none. Near a
+// The side at whose edge of `client` (x, y) lies, no further in than `band`; 0 when none. Near a
 // corner the closer edge wins.
 unsigned sideAt(Rect client, int x, int y, int band);
 

@@ -7,12 +7,13 @@ namespace {
 
 constexpr Functionality kFunctionalities[] = {
     {kAddUser, "ADD USER", FunctionalityGroup::user, DetailKind::user, MNM_USER},
-    {"340", "MODIFY USER", FunctionalityGroup::user, DetailKind::user, MNM_USER},
+    {kModifyUser, "MODIFY USER", FunctionalityGroup::user, DetailKind::user, MNM_USER},
     {kAddClient, "ADD CLIENT", FunctionalityGroup::client, DetailKind::account, MNM_ACCOUNT_ID},
-    {"354", "MODIFY CLIENT", FunctionalityGroup::client, DetailKind::account, MNM_ACCOUNT_ID},
+    {kModifyClient, "MODIFY CLIENT", FunctionalityGroup::client, DetailKind::account,
+     MNM_ACCOUNT_ID},
     {kRmsLimits, "RMS Limits", FunctionalityGroup::limits, DetailKind::limits, 0},
-    {"365", "DELETE USER", FunctionalityGroup::user, DetailKind::none, 0},
-    {"366", "DELETE Account", FunctionalityGroup::client, DetailKind::none, 0},
+    {kDeleteUser, "DELETE USER", FunctionalityGroup::user, DetailKind::none, 0},
+    {kDeleteClient, "DELETE Account", FunctionalityGroup::client, DetailKind::none, 0},
 };
 
 }  // namespace

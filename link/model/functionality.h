@@ -25,7 +25,11 @@ const Functionality* findFunctionality(std::string_view code);
 inline constexpr std::string_view kInvestorClient = "INVESTOR_CLIENT";
 
 inline constexpr std::string_view kAddUser = "339";
+inline constexpr std::string_view kModifyUser = "340";
 inline constexpr std::string_view kAddClient = "353";
+inline constexpr std::string_view kModifyClient = "354";
 inline constexpr std::string_view kRmsLimits = "360";
+inline constexpr std::string_view kDeleteUser = "365";
+inline constexpr std::string_view kDeleteClient = "366";
 
 }  // namespace mc

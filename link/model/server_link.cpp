@@ -28,9 +28,7 @@ struct SubscriptionPair {
 constexpr SubscriptionPair kLevel0[] = {{MNM_BROKER, PairValue::any},
                                         {MNM_FUNCTIONALITY, PairValue::any},
                                         {MNM_AUTHORIZATION_KEY, PairValue::any}};
-// Levels 1 and 4 begin with a wildcard of a field that nobody ever chose; what goes out is the
-// functionality code, which stands at that place in the other levels. The server may match it
-// against nothing else than "any".
+// Levels 1 and 4 ask for any functionality, too: an empty value matches every change.
 constexpr SubscriptionPair kLevel1[] = {{MNM_FUNCTIONALITY, PairValue::any},
                                         {MNM_BROKER, PairValue::userId},
                                         {MNM_AUTHORIZATION_KEY, PairValue::any}};

@@ -32,8 +32,8 @@ LRESULT CColorButton::onDrawItem(const DRAWITEMSTRUCT& draw) {
     return TRUE;
 }
 
-void drawColor(HDC dc, const RECT& place, COLORREF color, COLORREF frame) {
-    RECT inner = place;
+void drawColor(HDC dc, const RECT& rect, COLORREF color, COLORREF frame) {
+    RECT inner = rect;
     SetBkColor(dc, frame);
     ExtTextOutA(dc, 0, 0, ETO_OPAQUE, &inner, nullptr, 0, nullptr);
     InflateRect(&inner, -1, -1);

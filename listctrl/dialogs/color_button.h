@@ -1,6 +1,6 @@
 // CColorButton: an owner-drawn button that shows a colour.
 //
-// Its parent hands WM_DRAWITEM back to it and is told of a press as by any button.
+// Its parent hands WM_DRAWITEM back to it; a press is notified as by any button.
 #pragma once
 
 #include "framework/window.h"
@@ -24,7 +24,7 @@ private:
     COLORREF m_color = 0;
 };
 
-// Fills `place` with a colour, in a thin frame.
-void drawColor(HDC dc, const RECT& place, COLORREF color, COLORREF frame);
+// Fills `rect` with a colour, in a thin frame.
+void drawColor(HDC dc, const RECT& rect, COLORREF color, COLORREF frame);
 
 }  // namespace mc

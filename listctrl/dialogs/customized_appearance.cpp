@@ -4,8 +4,10 @@
 #include <array>
 #include <utility>
 
+#include "framework/controls.h"
 #include "framework/dialog.h"
 #include "framework/point_font.h"
+#include "framework/tool_tip.h"
 #include "listctrl/dialogs/color_button.h"
 #include "listctrl/dialogs/font_setting.h"
 #include "listctrl/dialogs/keyword_list.h"
@@ -20,13 +22,13 @@ namespace {
 
 constexpr COLORREF kTipColor = 0xFF0000;  // blue
 
-// In the order in which they stand in the drop-down list.
+// In the order of the drop-down list.
 constexpr std::pair<const char*, ColorProperty> kProperties[] = {
     {"Text", ColorProperty::text},
     {"Background", ColorProperty::background},
 };
 
-// What shows for the text only, and what moves up when it does not.
+// Visible for the text only; the items below move up when they are hidden.
 constexpr int kKeywordItems[] = {
     IDC_KEYWORD_GROUP,         IDC_KEYWORD_COLUMN_LABEL, IDC_KEYWORD_COLUMN,
     IDC_KEYWORD_COLUMN_UNLOCK, IDC_KEYWORD_TEXT,         IDC_KEYWORD_TEXT_LABEL,
@@ -64,6 +66,7 @@ protected:
 private:
     LRESULT onInitDialog();
     LRESULT onDrawItem(const DRAWITEMSTRUCT& draw);
+    void onDestroy() { m_tips.destroy(); }
     void onPropertyChanged();
     void onColumnChanged();
     void onKeywordFocus() { setDefaultButton(IDC_KEYWORD_ADD); }
@@ -81,10 +84,7 @@ private:
     void showFont();
     void showKeywordGroup(bool shown);
     void addTips();
-    // What Enter presses.
-    void setDefaultButton(int id) {
-        SendMessageA(handle(), DM_SETDEFID, static_cast<WPARAM>(id), 0);
-    }
+    fw::Combo combo(int id) const { return fw::Combo(item(id)); }
     void enable(int id, bool on) { EnableWindow(item(id), on ? TRUE : FALSE); }
     ColorProperty property() const;
     LRESULT drawFont(const DRAWITEMSTRUCT& draw) const;
@@ -94,6 +94,7 @@ private:
     AppearanceEdit m_edit;
     CColorButton m_color;
     CKeywordList m_keywords;
+    fw::CToolTip m_tips;
     int m_groupHeight = 0;  // in pixels
     bool m_groupShown = true;
 };
@@ -102,6 +103,7 @@ const fw::MessageMap& CCustomizedAppearance::messageMap() const {
     static constexpr fw::MessageEntry entries[] = {
         fw::on<WM_INITDIALOG, &CCustomizedAppearance::onInitDialog>(),
         fw::on<WM_DRAWITEM, &CCustomizedAppearance::onDrawItem>(),
+        fw::observe<WM_DESTROY, &CCustomizedAppearance::onDestroy>(),
         fw::onCommand<IDC_APPEARANCE_PROPERTY, &CCustomizedAppearance::onPropertyChanged,
                       CBN_SELCHANGE>(),
         fw::onCommand<IDC_APPEARANCE_COLOR, &CCustomizedAppearance::onColor, BN_CLICKED>(),
@@ -125,18 +127,14 @@ const fw::MessageMap& CCustomizedAppearance::messageMap() const {
 
 LRESULT CCustomizedAppearance::onInitDialog() {
     if (!m_question.caption.empty()) SetWindowTextA(handle(), m_question.caption.c_str());
-    for (const auto& [text, value] : kProperties)
-        SendMessageA(item(IDC_APPEARANCE_PROPERTY), CB_ADDSTRING, 0,
-                     reinterpret_cast<LPARAM>(text));
-    SendMessageA(item(IDC_APPEARANCE_PROPERTY), CB_SETCURSEL, 1, 0);
+    for (const auto& [text, value] : kProperties) combo(IDC_APPEARANCE_PROPERTY).add(text);
+    combo(IDC_APPEARANCE_PROPERTY).select(1);
     m_color.attach(item(IDC_APPEARANCE_COLOR));
     m_keywords.attach(item(IDC_KEYWORD_LIST));
     for (const int id : kCustomizableItems) enable(id, m_question.customizable);
     if (!m_question.columns.empty()) fillColumns();
     m_keywords.show(m_edit.keywords());
-    RECT group{};
-    GetWindowRect(item(IDC_KEYWORD_GROUP), &group);
-    m_groupHeight = static_cast<int>(group.bottom - group.top);
+    m_groupHeight = fw::heightOf(fw::screenRect(item(IDC_KEYWORD_GROUP)));
     addTips();
     showFont();
     onPropertyChanged();
@@ -146,34 +144,22 @@ LRESULT CCustomizedAppearance::onInitDialog() {
 
 // The column is locked until the button beside it is pressed.
 void CCustomizedAppearance::fillColumns() {
-    const HWND combo = item(IDC_KEYWORD_COLUMN);
-    for (const std::string& caption : m_question.columns)
-        SendMessageA(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(caption.c_str()));
+    for (const std::string& caption : m_question.columns) combo(IDC_KEYWORD_COLUMN).add(caption);
     if (const auto column = m_edit.keywordColumn())
-        SendMessageA(combo, CB_SETCURSEL, toIndex(*column), 0);
+        combo(IDC_KEYWORD_COLUMN).select(toIndex(*column));
     enable(IDC_KEYWORD_COLUMN, false);
 }
 
 void CCustomizedAppearance::addTips() {
-    const HWND tips = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, "", WS_POPUP | TTS_ALWAYSTIP,
-                                      0, 0, 0, 0, handle(), nullptr, fw::module(), nullptr);
-    SendMessageA(tips, TTM_SETTIPTEXTCOLOR, kTipColor, 0);
-    for (const auto& [id, text] : kTips) {
-        TTTOOLINFOA tool{};
-        tool.cbSize = sizeof tool;
-        tool.uFlags = TTF_SUBCLASS | TTF_IDISHWND;
-        tool.hwnd = handle();
-        tool.uId = reinterpret_cast<UINT_PTR>(item(id));
-        tool.lpszText = const_cast<char*>(text);
-        SendMessageA(tips, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
-    }
+    m_tips.create(handle());
+    m_tips.setTextColor(kTipColor);
+    for (const auto& [id, text] : kTips) m_tips.add(handle(), item(id), text);
 }
 
 // ---- The property ----
 
 ColorProperty CCustomizedAppearance::property() const {
-    const auto selected = SendMessageA(item(IDC_APPEARANCE_PROPERTY), CB_GETCURSEL, 0, 0);
-    return kProperties[std::clamp<LRESULT>(selected, 0, std::size(kProperties) - 1)].second;
+    return kProperties[combo(IDC_APPEARANCE_PROPERTY).selected().value_or(0)].second;
 }
 
 void CCustomizedAppearance::onPropertyChanged() {
@@ -186,17 +172,9 @@ void CCustomizedAppearance::showKeywordGroup(bool shown) {
     if (m_groupShown == shown) return;
     m_groupShown = shown;
     const int down = shown ? m_groupHeight : -m_groupHeight;
-    RECT whole{};
-    GetWindowRect(handle(), &whole);
-    setHeight(static_cast<int>(whole.bottom - whole.top) + down);
+    setHeight(fw::heightOf(fw::screenRect(handle())) + down);
     for (const int id : kKeywordItems) ShowWindow(item(id), shown ? SW_SHOWNA : SW_HIDE);
-    for (const int id : kItemsBelow) {
-        RECT place{};
-        GetWindowRect(item(id), &place);
-        MapWindowPoints(nullptr, handle(), reinterpret_cast<POINT*>(&place), 2);
-        SetWindowPos(item(id), nullptr, place.left, place.top + down, 0, 0,
-                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-    }
+    moveItemsDown(kItemsBelow, down);
     InvalidateRect(handle(), nullptr, TRUE);
 }
 
@@ -225,7 +203,7 @@ void CCustomizedAppearance::onColor() {
 // ---- The font ----
 
 void CCustomizedAppearance::onFont() {
-    if (SendMessageA(item(IDC_APPEARANCE_PROPERTY), CB_GETCURSEL, 0, 0) < 0) return;
+    if (!combo(IDC_APPEARANCE_PROPERTY).selected()) return;
     CFontSettingDlg dialog(m_edit.fontFace(), m_edit.fontSize());
     if (!dialog.ask(handle())) return;
     m_edit.setFont(dialog.GetFontName(), dialog.GetFontSize());
@@ -240,27 +218,27 @@ void CCustomizedAppearance::showFont() {
 
 LRESULT CCustomizedAppearance::onDrawItem(const DRAWITEMSTRUCT& draw) {
     if (draw.CtlID == IDC_APPEARANCE_FONT) return drawFont(draw);
-    return SendMessageA(draw.hwndItem, WM_DRAWITEM, draw.CtlID, reinterpret_cast<LPARAM>(&draw));
+    return reflectDrawItem(draw);
 }
 
 // In the chosen colours, face and size; a size beyond the sample's own is cut to that.
 LRESULT CCustomizedAppearance::drawFont(const DRAWITEMSTRUCT& draw) const {
-    RECT place = draw.rcItem;
-    drawColor(draw.hDC, place, m_edit.color(ColorProperty::background), GetSysColor(COLOR_BTNTEXT));
-    InflateRect(&place, -2, -2);
+    RECT rect = draw.rcItem;
+    drawColor(draw.hDC, rect, m_edit.color(ColorProperty::background), GetSysColor(COLOR_BTNTEXT));
+    InflateRect(&rect, -2, -2);
     const int dpi = scaled(USER_DEFAULT_SCREEN_DPI);
-    const int most = MulDiv(static_cast<int>(place.bottom - place.top) * 3 / 4, 72, dpi);
+    const int most = MulDiv(fw::heightOf(rect) * 3 / 4, 72, dpi);
     const int points = fontPoints(m_edit.fontSize()).value_or(kStandardPoints);
     {
         const fw::Font font = fw::pointFont(m_edit.fontFace(), std::min(points, most), dpi);
         const fw::SelectScope select(draw.hDC, font.get());
         SetBkMode(draw.hDC, TRANSPARENT);
         SetTextColor(draw.hDC, m_edit.color(ColorProperty::text));
-        DrawTextA(draw.hDC, itemText(IDC_APPEARANCE_FONT).c_str(), -1, &place,
+        DrawTextA(draw.hDC, itemText(IDC_APPEARANCE_FONT).c_str(), -1, &rect,
                   DT_SINGLELINE | DT_CENTER | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     }
     if ((draw.itemState & (ODS_FOCUS | ODS_NOFOCUSRECT)) == ODS_FOCUS)
-        DrawFocusRect(draw.hDC, &place);
+        DrawFocusRect(draw.hDC, &rect);
     return TRUE;
 }
 
@@ -268,12 +246,12 @@ LRESULT CCustomizedAppearance::drawFont(const DRAWITEMSTRUCT& draw) const {
 
 void CCustomizedAppearance::onUnlock() {
     enable(IDC_KEYWORD_COLUMN, true);
-    SendMessageA(handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(item(IDC_KEYWORD_COLUMN)), TRUE);
+    focusItem(IDC_KEYWORD_COLUMN);
 }
 
 void CCustomizedAppearance::onColumnChanged() {
-    const auto selected = SendMessageA(item(IDC_KEYWORD_COLUMN), CB_GETCURSEL, 0, 0);
-    if (selected >= 0) m_edit.setKeywordColumn(toColumnId(static_cast<std::size_t>(selected)));
+    if (const auto selected = combo(IDC_KEYWORD_COLUMN).selected())
+        m_edit.setKeywordColumn(toColumnId(*selected));
 }
 
 void CCustomizedAppearance::onAdd() {
@@ -287,11 +265,11 @@ void CCustomizedAppearance::onAdd() {
 
 void CCustomizedAppearance::onKeywordKey(NMLVKEYDOWN& pressed) {
     if (pressed.wVKey != VK_DELETE) return;
-    const std::vector<std::size_t> places = m_keywords.selected();
-    if (places.empty()) return;
-    m_edit.removeKeywords(places);
+    const std::vector<std::size_t> indexes = m_keywords.selected();
+    if (indexes.empty()) return;
+    m_edit.removeKeywords(indexes);
     m_keywords.show(m_edit.keywords());
-    m_keywords.select(places.front());
+    m_keywords.select(indexes.front());
 }
 
 }  // namespace

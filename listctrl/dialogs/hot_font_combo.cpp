@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "framework/controls.h"
+#include "framework/hwnd.h"
 #include "framework/point_font.h"
 #include "listctrl/dialogs/model/appearance_edit.h"
 
@@ -28,22 +30,21 @@ int CALLBACK collectFamily(const LOGFONTA* font, const TEXTMETRICA*, DWORD, LPAR
 std::vector<std::string> screenFamilies() {
     std::vector<std::string> families;
     LOGFONTA all{};  // every face of character set 0
-    const HDC screen = GetDC(nullptr);
-    EnumFontFamiliesExA(screen, &all, collectFamily, reinterpret_cast<LPARAM>(&families), 0);
-    ReleaseDC(nullptr, screen);
+    const fw::DcScope screen(nullptr);
+    EnumFontFamiliesExA(screen.dc(), &all, collectFamily, reinterpret_cast<LPARAM>(&families), 0);
     return families;
 }
 
-void frameRect(HDC dc, RECT& place, int color) {
-    FrameRect(dc, &place, GetSysColorBrush(color));
-    InflateRect(&place, -1, -1);
+void frameRect(HDC dc, RECT& rect, int color) {
+    FrameRect(dc, &rect, GetSysColorBrush(color));
+    InflateRect(&rect, -1, -1);
 }
 
 }  // namespace
 
 bool CHotFontCombo::attach(HWND combo) {
     if (!subclass(combo)) return false;
-    SendMessageA(combo, CB_SETITEMHEIGHT, 0, scaled(22));
+    fw::Combo(combo).setEntryHeight(scaled(22));
     return true;
 }
 
@@ -60,29 +61,24 @@ const fw::MessageMap& CHotFontCombo::messageMap() const {
 
 void CHotFontCombo::fill(const std::string& preferred) {
     const fw::RedrawOffScope off(handle());
-    SendMessageA(handle(), CB_RESETCONTENT, 0, 0);
-    for (const std::string& family : fontChoices(screenFamilies()))
-        SendMessageA(handle(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(family.c_str()));
-    const auto found = SendMessageA(handle(), CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
-                                    reinterpret_cast<LPARAM>(preferred.c_str()));
-    SendMessageA(handle(), CB_SETCURSEL, static_cast<WPARAM>(found), 0);
+    const fw::Combo combo(handle());
+    combo.clear();
+    for (const std::string& family : fontChoices(screenFamilies())) combo.add(family);
+    combo.select(combo.find(preferred));
 }
 
 LRESULT CHotFontCombo::onDrawItem(const DRAWITEMSTRUCT& draw) {
     const bool selected = (draw.itemState & ODS_SELECTED) != 0;
-    RECT place = draw.rcItem;
-    FillRect(draw.hDC, &place, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
-    char face[LF_FACESIZE]{};
-    if (static_cast<int>(draw.itemID) < 0 ||
-        SendMessageA(handle(), CB_GETLBTEXTLEN, draw.itemID, 0) >= LF_FACESIZE)
-        return TRUE;
-    SendMessageA(handle(), CB_GETLBTEXT, draw.itemID, reinterpret_cast<LPARAM>(face));
+    RECT rect = draw.rcItem;
+    FillRect(draw.hDC, &rect, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+    const std::string face = fw::Combo(handle()).text(draw.itemID);
+    if (face.empty()) return TRUE;  // the box with nothing selected
     const fw::Font font = fw::pointFont(face, kEntryPoints, scaled(USER_DEFAULT_SCREEN_DPI));
     const fw::SelectScope select(draw.hDC, font.get());
     SetBkMode(draw.hDC, TRANSPARENT);
     SetTextColor(draw.hDC, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
-    place.left += scaled(4);
-    DrawTextA(draw.hDC, face, -1, &place,
+    rect.left += scaled(4);
+    DrawTextA(draw.hDC, face.c_str(), -1, &rect,
               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     return TRUE;
 }
@@ -91,9 +87,9 @@ void CHotFontCombo::onPaint() {
     controlDefault(WM_PAINT, 0, 0);
     const Frame& frame = m_hot || IsWindowEnabled(handle()) == 0 ? kLit : kFlat;
     const fw::WindowDcScope window(handle());
-    RECT place = clientRect();
-    frameRect(window.dc(), place, frame.outer);
-    frameRect(window.dc(), place, frame.inner);
+    RECT rect = clientRect();
+    frameRect(window.dc(), rect, frame.outer);
+    frameRect(window.dc(), rect, frame.inner);
 }
 
 void CHotFontCombo::onMouseMove(POINT) {
@@ -105,10 +101,9 @@ void CHotFontCombo::onMouseMove(POINT) {
 bool CHotFontCombo::onTimer(UINT_PTR id) {
     if (id != kHotTimer) return false;
     POINT cursor{};
-    RECT place{};
     GetCursorPos(&cursor);
-    GetWindowRect(handle(), &place);
-    if (PtInRect(&place, cursor) != 0) return true;
+    const RECT rect = fw::screenRect(handle());
+    if (PtInRect(&rect, cursor) != 0) return true;
     KillTimer(handle(), kHotTimer);
     setHot(false);
     return true;

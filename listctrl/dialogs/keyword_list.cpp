@@ -15,20 +15,19 @@ constexpr int kColorColumn = 1;
 
 void CKeywordList::attach(HWND list) {
     m_list = list;
-    SendMessageA(list, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
+    ListView_SetExtendedListViewStyleEx(list, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
     for (int column = 0; column < static_cast<int>(std::size(kCaptions)); ++column) {
         LVCOLUMNA info{};
         info.mask = LVCF_TEXT | LVCF_WIDTH;
         info.pszText = const_cast<char*>(kCaptions[column]);
         info.cx = fw::scaledFor(list, kColumnWidth);
-        SendMessageA(list, LVM_INSERTCOLUMNA, static_cast<WPARAM>(column),
-                     reinterpret_cast<LPARAM>(&info));
+        ListView_InsertColumn(list, column, &info);
     }
 }
 
-// The colour stands with the row.
+// Each row carries its colour.
 void CKeywordList::show(const std::vector<Keyword>& keywords) {
-    SendMessageA(m_list, LVM_DELETEALLITEMS, 0, 0);
+    ListView_DeleteAllItems(m_list);
     int row = 0;
     for (const Keyword& keyword : keywords) {
         LVITEMA item{};
@@ -36,25 +35,22 @@ void CKeywordList::show(const std::vector<Keyword>& keywords) {
         item.iItem = row++;
         item.pszText = const_cast<char*>(keyword.text.c_str());
         item.lParam = static_cast<LPARAM>(keyword.color);
-        SendMessageA(m_list, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
+        ListView_InsertItem(m_list, &item);
     }
 }
 
 std::vector<std::size_t> CKeywordList::selected() const {
-    std::vector<std::size_t> places;
-    for (LRESULT row = -1; (row = SendMessageA(m_list, LVM_GETNEXTITEM, static_cast<WPARAM>(row),
-                                               LVNI_SELECTED)) >= 0;)
-        places.push_back(static_cast<std::size_t>(row));
-    return places;
+    std::vector<std::size_t> indexes;
+    for (int row = -1; (row = ListView_GetNextItem(m_list, row, LVNI_SELECTED)) >= 0;)
+        indexes.push_back(static_cast<std::size_t>(row));
+    return indexes;
 }
 
-void CKeywordList::select(std::size_t place) {
-    const auto rows = static_cast<std::size_t>(SendMessageA(m_list, LVM_GETITEMCOUNT, 0, 0));
+void CKeywordList::select(std::size_t index) {
+    const int rows = ListView_GetItemCount(m_list);
     if (rows == 0) return;
-    LVITEMA item{};
-    item.state = item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-    SendMessageA(m_list, LVM_SETITEMSTATE, std::min(place, rows - 1),
-                 reinterpret_cast<LPARAM>(&item));
+    const int row = std::min(static_cast<int>(index), rows - 1);
+    ListView_SetItemState(m_list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
 }
 
 // The platform draws the row; the colour goes on top of its empty second cell.
@@ -63,9 +59,8 @@ LRESULT CKeywordList::onCustomDraw(NMLVCUSTOMDRAW& draw) {
     if (draw.nmcd.dwDrawStage == CDDS_ITEMPREPAINT) return CDRF_NOTIFYPOSTPAINT;
     if (draw.nmcd.dwDrawStage != CDDS_ITEMPOSTPAINT) return CDRF_DODEFAULT;
     RECT cell{};
-    cell.top = kColorColumn;
-    cell.left = LVIR_BOUNDS;
-    SendMessageA(m_list, LVM_GETSUBITEMRECT, draw.nmcd.dwItemSpec, reinterpret_cast<LPARAM>(&cell));
+    ListView_GetSubItemRect(m_list, static_cast<int>(draw.nmcd.dwItemSpec), kColorColumn,
+                            LVIR_BOUNDS, &cell);
     InflateRect(&cell, -fw::scaledFor(m_list, 6), -fw::scaledFor(m_list, 2));
     cell.right = std::min(cell.right, cell.left + fw::scaledFor(m_list, 60));
     if (cell.right > cell.left)

@@ -19,10 +19,10 @@ public:
     // Shows these keywords, in this order.
     void show(const std::vector<Keyword>& keywords);
 
-    // The places of the selected keywords, ascending.
+    // The indexes of the selected keywords, ascending.
     std::vector<std::size_t> selected() const;
-    // Selects the keyword at the place, else the last one.
-    void select(std::size_t place);
+    // Selects the keyword at the index, else the last one.
+    void select(std::size_t index);
 
     LRESULT onCustomDraw(NMLVCUSTOMDRAW& draw);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "editors/drag_list.h"
+#include "framework/controls.h"
 #include "framework/dialog.h"
 #include "framework/handles.h"
 #include "res/resource_ids.h"
@@ -23,18 +24,13 @@ constexpr int kSortGroupHeight = 36;  // dialog units, with the gap below
 
 Rows selectedRows(HWND list) {
     Rows rows;
-    const auto next = [list](LRESULT row) {
-        return SendMessageA(list, LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED);
-    };
-    for (auto row = next(-1); row >= 0; row = next(row)) rows.push_back(static_cast<size_t>(row));
+    for (int row = -1; (row = ListView_GetNextItem(list, row, LVNI_SELECTED)) >= 0;)
+        rows.push_back(static_cast<std::size_t>(row));
     return rows;
 }
 
-void setRowState(HWND list, int row, UINT state) {
-    LVITEMA item{};
-    item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-    item.state = state;
-    SendMessageA(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+void setRowState(HWND list, std::size_t row, UINT state) {
+    ListView_SetItemState(list, row, state, LVIS_SELECTED | LVIS_FOCUSED);
 }
 
 class CRepositionColumns final : public fw::CDialog, private DragListOwner {
@@ -74,12 +70,11 @@ private:
         m_shown.attach(item(IDC_CP_SHOWN));
         for (const int id : {IDC_CP_AVAILABLE, IDC_CP_SHOWN}) {
             LVCOLUMNA column{};
-            SendMessageA(item(id), LVM_INSERTCOLUMNA, 0, reinterpret_cast<LPARAM>(&column));
-            SendMessageA(item(id), LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT,
-                         LVS_EX_FULLROWSELECT);
+            ListView_InsertColumn(item(id), 0, &column);
+            ListView_SetExtendedListViewStyleEx(item(id), LVS_EX_FULLROWSELECT,
+                                                LVS_EX_FULLROWSELECT);
         }
-        for (const auto& sort : kSorts)
-            SendMessageA(item(IDC_CP_SORT), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(sort.text));
+        for (const auto& sort : kSorts) sorts().add(sort.text);
         if (!m_offersSort) leaveSortOut();
         fillAvailable({});
         fillShown({0});
@@ -93,34 +88,26 @@ private:
         RECT gone{0, 0, 0, kSortGroupHeight};
         MapDialogRect(handle(), &gone);
         for (const int id : kSortControls) ShowWindow(item(id), SW_HIDE);
-        for (const int id : kBottomButtons) {
-            RECT place{};
-            GetWindowRect(item(id), &place);
-            MapWindowPoints(nullptr, handle(), reinterpret_cast<POINT*>(&place), 2);
-            SetWindowPos(item(id), nullptr, place.left, place.top - gone.bottom, 0, 0,
-                         SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-        }
-        RECT own{};
-        GetWindowRect(handle(), &own);
-        setHeight(static_cast<int>(own.bottom - own.top - gone.bottom));
+        moveItemsDown(kBottomButtons, -fw::heightOf(gone));
+        setHeight(fw::heightOf(fw::screenRect(handle())) - fw::heightOf(gone));
     }
 
     // ---- The two lists ----
 
     void fill(HWND list, const std::vector<ColumnId>& columns, const Rows& selected) {
-        const auto top = static_cast<int>(SendMessageA(list, LVM_GETTOPINDEX, 0, 0));
+        const int top = ListView_GetTopIndex(list);
         m_filling = true;
         {
             const fw::RedrawOffScope off(list);
-            SendMessageA(list, LVM_DELETEALLITEMS, 0, 0);
+            ListView_DeleteAllItems(list);
             for (std::size_t row = 0; row < columns.size(); ++row) {
                 LVITEMA entry{};
                 entry.mask = LVIF_TEXT;
                 entry.iItem = static_cast<int>(row);
                 entry.pszText = const_cast<char*>(m_choice.caption(columns[row]).c_str());
-                SendMessageA(list, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&entry));
+                ListView_InsertItem(list, &entry);
             }
-            SendMessageA(list, LVM_SETCOLUMNWIDTH, 0, MAKELPARAM(LVSCW_AUTOSIZE_USEHEADER, 0));
+            ListView_SetColumnWidth(list, 0, LVSCW_AUTOSIZE_USEHEADER);
         }
         select(list, selected, top);
         m_filling = false;
@@ -128,13 +115,12 @@ private:
 
     // Selects the rows, and scrolls to them from where the list was.
     static void select(HWND list, const Rows& rows, int top) {
-        const auto page = static_cast<int>(SendMessageA(list, LVM_GETCOUNTPERPAGE, 0, 0));
-        SendMessageA(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(top + page - 1), FALSE);
-        for (const std::size_t row : rows) setRowState(list, static_cast<int>(row), LVIS_SELECTED);
+        ListView_EnsureVisible(list, top + ListView_GetCountPerPage(list) - 1, FALSE);
+        for (const std::size_t row : rows) setRowState(list, row, LVIS_SELECTED);
         if (rows.empty()) return;
-        setRowState(list, static_cast<int>(rows.front()), LVIS_SELECTED | LVIS_FOCUSED);
-        SendMessageA(list, LVM_ENSUREVISIBLE, rows.back(), FALSE);
-        SendMessageA(list, LVM_ENSUREVISIBLE, rows.front(), FALSE);
+        setRowState(list, rows.front(), LVIS_SELECTED | LVIS_FOCUSED);
+        ListView_EnsureVisible(list, rows.back(), FALSE);
+        ListView_EnsureVisible(list, rows.front(), FALSE);
     }
 
     void fillAvailable(const Rows& selected) {
@@ -191,6 +177,8 @@ private:
 
     // ---- The sort group ----
 
+    fw::Combo sorts() const { return fw::Combo(item(IDC_CP_SORT)); }
+
     // The column that the group is about: the first one selected.
     std::optional<ColumnId> sortColumn() const {
         const Rows rows = selectedRows(item(IDC_CP_SHOWN));
@@ -209,15 +197,14 @@ private:
         const auto ascending = column ? m_choice.ascending(*column) : std::nullopt;
         const auto* found = std::ranges::find_if(
             kSorts, [&](const auto& sort) { return sort.ascending == ascending; });
-        SendMessageA(item(IDC_CP_SORT), CB_SETCURSEL,
-                     static_cast<WPARAM>(found - std::begin(kSorts)), 0);
+        sorts().select(static_cast<std::size_t>(found - std::begin(kSorts)));
         EnableWindow(item(IDC_CP_SORT), column ? TRUE : FALSE);
     }
 
     void onSortChosen() {
-        const auto chosen = SendMessageA(item(IDC_CP_SORT), CB_GETCURSEL, 0, 0);
-        if (const auto column = sortColumn(); column && chosen != CB_ERR)
-            m_choice.setAscending(*column, kSorts[chosen].ascending);
+        const auto chosen = sorts().selected();
+        if (const auto column = sortColumn(); column && chosen)
+            m_choice.setAscending(*column, kSorts[*chosen].ascending);
     }
 
     // ---- The buttons below ----

@@ -1,5 +1,6 @@
 #include "listctrl/dialogs/user_defined_col.h"
 
+#include "framework/controls.h"
 #include "framework/dialog.h"
 #include "listctrl/dialogs/model/user_column.h"
 #include "res/resource_ids.h"
@@ -8,8 +9,8 @@ namespace mc {
 namespace {
 
 // A caption is read through a buffer of 256 bytes when lists are exported.
-constexpr WPARAM kLongestName = 255;
-constexpr WPARAM kLongestExpression = 1000;
+constexpr std::size_t kMaxName = 255;
+constexpr std::size_t kMaxExpression = 1000;
 
 constexpr int kAddControls[] = {
     IDC_UC_NAME_LABEL, IDC_UC_NAME, IDC_UC_COLUMNS_LABEL, IDC_UC_COLUMNS,
@@ -67,8 +68,8 @@ private:
         setItemText(IDOK, adds ? "Add" : "Delete");
         for (const int id : kAddControls) ShowWindow(item(id), adds ? SW_SHOW : SW_HIDE);
         for (const int id : kDeleteControls) ShowWindow(item(id), adds ? SW_HIDE : SW_SHOW);
-        SendMessageA(item(IDC_UC_NAME), EM_SETLIMITTEXT, kLongestName, 0);
-        SendMessageA(item(IDC_UC_EXPRESSION), EM_SETLIMITTEXT, kLongestExpression, 0);
+        fw::Edit(item(IDC_UC_NAME)).setLimit(kMaxName);
+        fw::Edit(item(IDC_UC_EXPRESSION)).setLimit(kMaxExpression);
         fill(IDC_UC_COLUMNS, columnsForExpressions(m_columns));
         fill(IDC_UC_DEFINED, userDefinedColumns(m_columns));
         centerOver(m_list);
@@ -78,20 +79,15 @@ private:
 
     // Each entry carries its column's id.
     void fill(int id, const std::vector<ColumnId>& columns) {
-        for (const ColumnId column : columns) {
-            const char* caption = m_columns.descriptor(column).caption.c_str();
-            const auto entry =
-                SendMessageA(item(id), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(caption));
-            SendMessageA(item(id), LB_SETITEMDATA, static_cast<WPARAM>(entry),
-                         static_cast<LPARAM>(column));
-        }
+        const fw::ListBox box(item(id));
+        for (const ColumnId column : columns)
+            box.add(m_columns.descriptor(column).caption, static_cast<int>(column));
     }
 
     std::optional<ColumnId> selectedIn(int id) const {
-        const auto entry = SendMessageA(item(id), LB_GETCURSEL, 0, 0);
-        if (entry == LB_ERR) return std::nullopt;
-        const auto data = SendMessageA(item(id), LB_GETITEMDATA, static_cast<WPARAM>(entry), 0);
-        return ColumnId{static_cast<int>(data)};
+        const auto number = fw::ListBox(item(id)).selectedNumber();
+        if (!number) return std::nullopt;
+        return ColumnId{*number};
     }
 
     template <std::size_t button>
@@ -114,9 +110,7 @@ private:
     void show(const char* message, const std::string& text) {
         if (message != nullptr) return fw::showMessageBox(message);
         setItemText(IDC_UC_EXPRESSION, text);
-        const auto end = static_cast<LPARAM>(text.size());
-        SendMessageA(item(IDC_UC_EXPRESSION), EM_SETSEL, static_cast<WPARAM>(end), end);
-        SendMessageA(item(IDC_UC_EXPRESSION), EM_SCROLLCARET, 0, 0);
+        fw::Edit(item(IDC_UC_EXPRESSION)).moveCaretToEnd();
     }
 
     void onDefinedSelected() {

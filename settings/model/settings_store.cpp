@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "text/read_number.h"
 #include "text/text_parts.h"
 
 namespace mc {
@@ -91,7 +92,7 @@ std::optional<int> CSettingsStore::restoreSplitterSize(const std::string& paneKe
     AccessUserSetting(kSettingRestore, kSplitterSection, paneKey, value, GetUserSettingPath(),
                       error);
     if (value.empty() || value == kNoProfile) return std::nullopt;
-    return std::max(leadingInteger(value), 0);
+    return std::max(integerOf(value), 0);
 }
 
 std::string barSizeText(BarSize size) {
@@ -101,7 +102,7 @@ std::string barSizeText(BarSize size) {
 std::optional<BarSize> readBarSize(std::string_view stored) {
     if (stored.empty() || stored == kNoBar) return kDefaultBarSize;
     const auto parts = splitAt(stored, ',');
-    const BarSize size{leadingInteger(parts[0]), parts.size() > 1 ? leadingInteger(parts[1]) : 0};
+    const BarSize size{integerOf(parts[0]), parts.size() > 1 ? integerOf(parts[1]) : 0};
     if (size.width < 1 || size.height < 1) return std::nullopt;
     return size;
 }

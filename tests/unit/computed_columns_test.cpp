@@ -83,7 +83,7 @@ std::vector<std::string> chain(std::size_t length, bool twice) {
 }
 
 TEST(ComputedColumnsTest, ChainsAreBoundedInDepthAndInCells) {
-    const std::size_t deepest = ComputedColumns::kDeepest;
+    const std::size_t deepest = ComputedColumns::kMaxDepth;
     CellsRow steps(chain(deepest + 1, false));
     EXPECT_EQ(steps.cell(deepest + 1), "102.00");
     EXPECT_EQ(steps.cell(deepest + 2), "old");
@@ -92,7 +92,7 @@ TEST(ComputedColumnsTest, ChainsAreBoundedInDepthAndInCells) {
     EXPECT_EQ(doubled.cell(2 + 12), "12288.00");
     EXPECT_EQ(doubled.cell(2 + 59), "old");
     EXPECT_EQ(doubled.outcome, CellOutcome::notFetched);
-    EXPECT_LT(doubled.fetched, 2 * ComputedColumns::kMostCells);
+    EXPECT_LT(doubled.fetched, 2 * ComputedColumns::kMaxCells);
 }
 
 }  // namespace

@@ -77,7 +77,7 @@ TEST(PlayScriptTest, RowsAreKeysPlacesOrNames) {
     const auto parsed = parsePlayScript("select 1001 #12 \"#3\" \"1001\"", "s");
     ASSERT_TRUE(parsed.ok()) << parsed.error;
     const PlayRow expected[] = {{PlayRow::By::key, "1001", 0},
-                                {PlayRow::By::place, "", 12},
+                                {PlayRow::By::position, "", 12},
                                 {PlayRow::By::name, "#3", 0},
                                 {PlayRow::By::name, "1001", 0}};
     for (std::size_t i = 0; i < 4; ++i)

@@ -65,9 +65,9 @@ TEST(DockLayout, PlacesOnePane) {
         SCOPED_TRACE(each.name);
         const DockedPane pane{each.side, each.extent};
         const DockLayout layout = layOut(kClient, {&pane, 1}, kMetrics);
-        ASSERT_EQ(layout.places.size(), 1u);
-        EXPECT_EQ(layout.places[0].pane, each.pane);
-        EXPECT_EQ(layout.places[0].sash, each.sash);
+        ASSERT_EQ(layout.docked.size(), 1u);
+        EXPECT_EQ(layout.docked[0].pane, each.pane);
+        EXPECT_EQ(layout.docked[0].sash, each.sash);
         EXPECT_EQ(layout.inner, each.inner);
     }
 }
@@ -76,26 +76,26 @@ TEST(DockLayout, KeepsToAPanesOwnLeastSize) {
     for (const int extent : {0, 150, 250, 300}) {
         const DockedPane pane{kDockTop, extent, 250};
         const DockLayout layout = layOut(kClient, {&pane, 1}, kMetrics);
-        EXPECT_EQ(layout.places[0].pane.height(), std::max(extent, 250));
+        EXPECT_EQ(layout.docked[0].pane.height(), std::max(extent, 250));
     }
     const DockedPane pane{kDockTop, 300, 250};
     const DockLayout small = layOut({0, 0, 400, 200}, {&pane, 1}, kMetrics);
-    EXPECT_EQ(small.places[0].pane.height(), 135) << "the rest comes first";
+    EXPECT_EQ(small.docked[0].pane.height(), 135) << "the rest comes first";
 }
 
 TEST(DockLayout, WithoutPanesTheInnerPartIsAll) {
     const DockLayout layout = layOut(kClient, {}, kMetrics);
-    EXPECT_TRUE(layout.places.empty());
+    EXPECT_TRUE(layout.docked.empty());
     EXPECT_EQ(layout.inner, kClient);
 }
 
 TEST(DockLayout, LaterPanesTakeFromWhatIsLeft) {
     const DockedPane panes[] = {{kDockBottom, 100}, {kDockLeft, 300}, {kDockBottom, 150}};
     const DockLayout layout = layOut(kClient, panes, kMetrics);
-    ASSERT_EQ(layout.places.size(), 3u);
-    EXPECT_EQ(layout.places[0].pane, (Rect{10, 520, 1010, 620}));
-    EXPECT_EQ(layout.places[1].pane, (Rect{10, 20, 310, 515}));
-    EXPECT_EQ(layout.places[2].pane, (Rect{315, 365, 1010, 515}));
+    ASSERT_EQ(layout.docked.size(), 3u);
+    EXPECT_EQ(layout.docked[0].pane, (Rect{10, 520, 1010, 620}));
+    EXPECT_EQ(layout.docked[1].pane, (Rect{10, 20, 310, 515}));
+    EXPECT_EQ(layout.docked[2].pane, (Rect{315, 365, 1010, 515}));
     EXPECT_EQ(layout.inner, (Rect{315, 20, 1010, 360}));
 }
 
@@ -108,8 +108,8 @@ TEST(DockLayout, ThePaneYieldsBeforeTheInnerPartDoes) {
                  {3, 0, 3, 0},      {0, 0, 0, 0},      {-7, 0, 0, 0}};
     for (const auto& each : cases) {
         const DockLayout layout = layOut({0, 0, each.width, 400}, {&pane, 1}, kMetrics);
-        EXPECT_EQ(layout.places[0].pane.width(), each.paneWidth) << each.width;
-        EXPECT_EQ(layout.places[0].sash.width(), each.sashWidth) << each.width;
+        EXPECT_EQ(layout.docked[0].pane.width(), each.paneWidth) << each.width;
+        EXPECT_EQ(layout.docked[0].sash.width(), each.sashWidth) << each.width;
         EXPECT_EQ(layout.inner.width(), each.innerWidth) << each.width;
     }
 }
@@ -130,9 +130,9 @@ TEST(DockLayout, TilesAnyClientArea) {
         for (DockedPane& pane : panes) pane = {sides[between(0, 3)], between(-50, 2500)};
 
         const DockLayout layout = layOut(client, panes, metrics);
-        ASSERT_EQ(layout.places.size(), panes.size());
+        ASSERT_EQ(layout.docked.size(), panes.size());
         std::vector<Rect> pieces{layout.inner};
-        for (const DockPlace& place : layout.places) {
+        for (const DockRects& place : layout.docked) {
             pieces.push_back(place.pane);
             pieces.push_back(place.sash);
         }

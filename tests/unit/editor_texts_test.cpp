@@ -4,6 +4,7 @@
 #include "editors/model/date_time_text.h"
 #include "editors/model/number_input.h"
 #include "editors/model/typed_text.h"
+#include "text/characters.h"
 
 using namespace mc;
 
@@ -16,8 +17,8 @@ TEST(EditorTexts, PlainDecimalNumbersOnly) {
     for (const char* other : {"", " ", "-", "+", ".", "-.", "1.2.3", "--1", "1-", "1 2", "- 1",
                               "12a", "1e5", "0x10", "inf", "nan", "1,000", "1,5", "\t1"})
         EXPECT_FALSE(isNumber(other)) << other;
-    EXPECT_EQ(trimmed("  1 2 "), "1 2");
-    EXPECT_EQ(trimmed("   "), "");
+    EXPECT_EQ(trimmed("  1 2 ", " "), "1 2");
+    EXPECT_EQ(trimmed("   ", " "), "");
 }
 
 TEST(EditorTexts, CharactersAndPastedText) {

@@ -3,28 +3,22 @@
 #include <algorithm>
 
 #include "settings/model/settings_store.h"
-#include "text/filter_pattern.h"
+#include "text/characters.h"
 
 namespace mc {
 namespace {
 
-constexpr std::size_t kLongestFace = 31;  // bytes of a face that a font can be made of
+constexpr std::size_t kMaxFace = 31;  // bytes of a face that a font can be made of
 constexpr ColumnId kLastColumn{9999};
 
-std::string lowered(std::string_view text) {
-    std::string lower(text);
-    std::ranges::transform(lower, lower.begin(), lowerCase);
-    return lower;
-}
-
 bool breaksTheStoredValue(char c) {
-    return c == ',' || static_cast<unsigned char>(c) < ' ';
+    return c == ',' || isControl(c);
 }
 
 // Whatever column, colours and font are chosen later.
 bool staysReadable(Appearance appearance) {
     appearance.background = appearance.text = 0xFFFFFF;
-    appearance.fontFace.resize(std::max(appearance.fontFace.size(), kLongestFace), ' ');
+    appearance.fontFace.resize(std::max(appearance.fontFace.size(), kMaxFace), ' ');
     appearance.fontSize.resize(std::max(appearance.fontSize.size(), std::size_t{2}), ' ');
     appearance.keywordColumn = kLastColumn;
     return appearanceText(appearance).size() <= kMaxValue;
@@ -53,26 +47,25 @@ void AppearanceEdit::setFont(std::string face, std::string size) {
 }
 
 const char* AppearanceEdit::addKeyword(std::string_view typed) {
-    if (typed.find_first_not_of(' ') == typed.npos)
-        return "Enter text to add a new keyword to list";
+    if (trimmed(typed, " ").empty()) return "Enter text to add a new keyword to list";
     if (std::ranges::any_of(typed, breaksTheStoredValue))
         return "A keyword cannot contain commas or control characters";
     Appearance changed = m_value;
     std::erase_if(changed.keywords, [lower = lowered(typed)](const Keyword& keyword) {
         return lowered(keyword.text) == lower;
     });
-    const auto place = std::ranges::find_if(changed.keywords, [&](const Keyword& keyword) {
+    const auto shorter = std::ranges::find_if(changed.keywords, [&](const Keyword& keyword) {
         return keyword.text.size() <= typed.size();
     });
-    changed.keywords.insert(place, {std::string(typed), m_value.text});
+    changed.keywords.insert(shorter, {std::string(typed), m_value.text});
     if (!staysReadable(changed)) return "There is no room for this keyword";
     m_value = std::move(changed);
     return nullptr;
 }
 
-void AppearanceEdit::removeKeywords(std::span<const std::size_t> places) {
-    for (auto place = places.rbegin(); place != places.rend(); ++place)
-        m_value.keywords.erase(m_value.keywords.begin() + static_cast<std::ptrdiff_t>(*place));
+void AppearanceEdit::removeKeywords(std::span<const std::size_t> indexes) {
+    for (auto index = indexes.rbegin(); index != indexes.rend(); ++index)
+        m_value.keywords.erase(m_value.keywords.begin() + static_cast<std::ptrdiff_t>(*index));
 }
 
 Appearance AppearanceEdit::applied() const {

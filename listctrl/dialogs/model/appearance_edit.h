@@ -1,7 +1,7 @@
 // What the appearance dialog edits: an Appearance under way, with the keywords as typed.
 //
-// Keywords stand longest first, a new one in front of those of its length, so that a keyword is
-// tried before a shorter one that it contains.
+// Keywords are ordered longest first, a new one in front of those of its length, so that a keyword
+// is tried before a shorter one that it contains.
 #pragma once
 
 #include <cstddef>
@@ -15,13 +15,13 @@
 
 namespace mc {
 
-// What the dialog shows and changes; its list of names begins with the last.
+// What the dialog shows and changes.
 enum class ColorProperty { background, text };
 
 class AppearanceEdit {
 public:
-    // `columns`: how many columns keywords can be sought in; 0 when keywords are not offered, which
-    // leaves them out. A keyword column beyond them is none.
+    // `columns`: how many columns keywords can be searched in; 0: keywords are not offered, and
+    // none is kept. A keyword column beyond them is none.
     AppearanceEdit(Appearance current, std::size_t columns);
 
     ColorValue color(ColorProperty property) const;
@@ -41,8 +41,8 @@ public:
     // that would make it longer than what the settings give back.
     const char* addKeyword(std::string_view typed);
 
-    // Removes the keywords at these places, which are ascending.
-    void removeKeywords(std::span<const std::size_t> places);
+    // Removes the keywords at these indexes, which are ascending.
+    void removeKeywords(std::span<const std::size_t> indexes);
 
     // What is applied and stored: keywords in lower case.
     Appearance applied() const;

@@ -4,7 +4,8 @@
 #include <set>
 
 #include "listctrl/model/expression/postfix_program.h"
-#include "text/text_parts.h"
+#include "text/characters.h"
+#include "text/read_number.h"
 
 namespace mc {
 namespace {
@@ -19,33 +20,15 @@ constexpr char kNameTaken[] =
     "This column name already present,Please choose different column Name";
 constexpr std::string_view kUnknownColumn = "-1";
 
-bool isControl(char c) {
-    return static_cast<unsigned char>(c) < ' ';
-}
-
-bool isBlank(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
-std::string_view trimmed(std::string_view text) {
-    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
-    return text;
-}
-
-bool isOperandCharacter(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '.';
-}
-
-// Characters that never run together with what stands beside them.
-bool standsAlone(char c) {
+// Characters that never run together with their neighbours.
+bool isSeparate(char c) {
     return c == '"' || c == '(' || c == ')';
 }
 
 // Whether a blank between the two holds them apart: 2 3 is not 23, and - - is not --.
 bool blankSeparates(char before, char behind) {
-    return !standsAlone(before) && !standsAlone(behind) &&
-           isOperandCharacter(before) == isOperandCharacter(behind);
+    return !isSeparate(before) && !isSeparate(behind) &&
+           continuesOperand(before) == continuesOperand(behind);
 }
 
 std::string quoted(std::string_view text) {
@@ -79,9 +62,9 @@ std::string takeReference(std::string_view& text, const ColumnModel& columns) {
     return quoted(std::to_string(toIndex(*id)));
 }
 
-// The infix text with the columns' positions in place of the columns. They count from 1, so that no
-// column is a zero that cannot divide. A blank stands beside each where an operand would run
-// together with it, as the cell's text would. Nothing where a column is not one of the list's.
+// The infix text with each column replaced by its position. Positions count from 1, so that none is
+// a zero that cannot divide. A blank keeps each apart from an operand beside it, as the cell's text
+// would be kept. Nothing where a column is not one of the list's.
 std::optional<std::string> withPositions(std::string_view internal, const ColumnModel& columns) {
     std::string infix;
     while (!internal.empty()) {
@@ -90,9 +73,9 @@ std::optional<std::string> withPositions(std::string_view internal, const Column
         internal.remove_prefix(open);
         if (internal.empty()) break;
         const auto close = internal.find('"', 1);
-        const ColumnId id{leadingInteger(internal.substr(1, close - 1))};
+        const ColumnId id{integerOf(internal.substr(1, close - 1))};
         if (!columns.has(id)) return std::nullopt;
-        if (!infix.empty() && isOperandCharacter(infix.back())) infix += ' ';
+        if (!infix.empty() && continuesOperand(infix.back())) infix += ' ';
         infix += std::to_string(toIndex(id) + 1) + ' ';
         internal.remove_prefix(close + 1);
     }
@@ -135,7 +118,7 @@ std::string internalExpression(std::string_view displayed, const ColumnModel& co
     bool blank = false;
     for (displayed = trimmed(displayed); !displayed.empty();) {
         const char next = displayed.front();
-        if (isBlank(next)) {
+        if (isWhiteSpace(next)) {
             blank = true;
             displayed.remove_prefix(1);
             continue;

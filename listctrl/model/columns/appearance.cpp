@@ -1,11 +1,12 @@
 #include "listctrl/model/columns/appearance.h"
 
 #include <algorithm>
-#include <charconv>
+#include <climits>
 #include <cstddef>
 #include <span>
 
-#include "text/filter_pattern.h"
+#include "text/characters.h"
+#include "text/read_number.h"
 #include "text/text_parts.h"
 
 namespace mc {
@@ -13,7 +14,7 @@ namespace {
 
 constexpr ColorValue kLastColor = 0xFFFFFF;
 constexpr std::size_t kFixedParts = 4;
-constexpr std::uint32_t kMostPoints = 144;
+constexpr std::uint32_t kMaxPoints = 144;
 
 std::string colorText(ColorValue color) {
     static constexpr char digits[] = "0123456789ABCDEF";
@@ -25,21 +26,18 @@ std::string colorText(ColorValue color) {
     return text;
 }
 
-// A number of the given base from the first to the last character, up to `last`.
-std::optional<std::uint32_t> readNumber(std::string_view text, int base, std::uint32_t last) {
-    std::uint32_t number = 0;
-    const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number, base);
-    if (error != std::errc() || stop != end || number > last) return std::nullopt;
-    return number;
+// Up to `last`.
+std::optional<std::uint32_t> readUpTo(std::uint32_t last, std::string_view text, int base) {
+    const auto number = wholeInteger<std::uint32_t>(text, base);
+    return number && *number <= last ? number : std::nullopt;
 }
 
 void readKeywords(std::span<const std::string_view> parts, Appearance& appearance) {
-    const auto column = readNumber(parts.front(), 10, INT_MAX);
+    const auto column = readUpTo(INT_MAX, parts.front(), 10);
     if (!column) return;
     appearance.keywordColumn = toColumnId(*column);
     for (std::size_t i = 1; i + 1 < parts.size(); i += 2) {
-        const auto color = readNumber(parts[i + 1], 16, kLastColor);
+        const auto color = readUpTo(kLastColor, parts[i + 1], 16);
         if (parts[i].empty() || !color) return;
         appearance.keywords.push_back({std::string(parts[i]), *color});
     }
@@ -60,8 +58,8 @@ std::string appearanceText(const Appearance& appearance) {
 std::optional<Appearance> readAppearance(std::string_view stored) {
     const auto parts = splitAt(stored, ',');
     if (parts.size() < kFixedParts || parts[2].empty() || parts[3].empty()) return std::nullopt;
-    const auto background = readNumber(parts[0], 16, kLastColor);
-    const auto text = readNumber(parts[1], 16, kLastColor);
+    const auto background = readUpTo(kLastColor, parts[0], 16);
+    const auto text = readUpTo(kLastColor, parts[1], 16);
     if (!background || !text) return std::nullopt;
     Appearance appearance{*background, *text, std::string(parts[2]), std::string(parts[3]), {}, {}};
     if (parts.size() > kFixedParts) readKeywords(std::span(parts).subspan(kFixedParts), appearance);
@@ -76,7 +74,7 @@ const Keyword* keywordIn(const Appearance& appearance, std::string_view text) {
 }
 
 std::optional<int> fontPoints(std::string_view size) {
-    const auto points = readNumber(size, 10, kMostPoints);
+    const auto points = readUpTo(kMaxPoints, size, 10);
     return points && *points > 0 ? std::optional(static_cast<int>(*points)) : std::nullopt;
 }
 

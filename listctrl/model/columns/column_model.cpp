@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "text/text_parts.h"
+#include "text/characters.h"
+#include "text/expression_pieces.h"
 
 namespace mc {
 namespace {
@@ -10,35 +11,13 @@ namespace {
 constexpr char kNoColumn[] = "-1";
 constexpr int kRightAligned = 1;
 
-// A piece of an expression and the quotes in front of it.
-struct Piece {
-    std::string_view quotes;
-    std::string_view text;
-    bool isReference;
-};
-
-// Pieces between runs of quotes are literal text and references by turns, and literal text comes
-// first even where the expression starts with a quote: exactly as the evaluator reads them.
-std::vector<Piece> piecesOf(std::string_view expression) {
-    std::vector<Piece> pieces;
-    for (bool isReference = false; !expression.empty(); isReference = !isReference) {
-        const auto start = std::min(expression.find_first_not_of('"'), expression.size());
-        const auto end = std::min(expression.find('"', start), expression.size());
-        pieces.push_back(
-            {expression.substr(0, start), expression.substr(start, end - start), isReference});
-        expression.remove_prefix(end);
-    }
-    if (!pieces.empty() && pieces.back().text.empty()) pieces.back().isReference = false;
-    return pieces;
-}
-
 // The expression with every reference that `map`, from its number to an optional id, changes.
 template <class Map>
 std::string mapReferences(std::string_view expression, Map map) {
     std::string mapped;
-    for (const Piece& piece : piecesOf(expression)) {
+    for (const ExpressionPiece& piece : expressionPieces(expression)) {
         mapped += piece.quotes;
-        const int number = piece.isReference ? leadingInteger(piece.text) : 0;
+        const int number = piece.isReference ? referencedColumn(piece.text) : 0;
         const std::optional<ColumnId> id = piece.isReference ? map(number) : ColumnId{};
         if (id && static_cast<int>(*id) == number)
             mapped += piece.text;
@@ -49,14 +28,10 @@ std::string mapReferences(std::string_view expression, Map map) {
 }
 
 bool refersWithin(std::string_view expression, std::size_t columns) {
-    const auto pieces = piecesOf(expression);
-    return std::all_of(pieces.begin(), pieces.end(), [&](const Piece& piece) {
-        return !piece.isReference || toIndex(ColumnId{leadingInteger(piece.text)}) < columns;
+    const auto pieces = expressionPieces(expression);
+    return std::ranges::all_of(pieces, [&](const ExpressionPiece& piece) {
+        return !piece.isReference || toIndex(ColumnId{referencedColumn(piece.text)}) < columns;
     });
-}
-
-bool isControl(char byte) {
-    return static_cast<unsigned char>(byte) < ' ';
 }
 
 bool fitsProfile(std::string_view text) {

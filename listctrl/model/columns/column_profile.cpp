@@ -1,5 +1,6 @@
 #include "listctrl/model/columns/column_profile.h"
 
+#include "text/read_number.h"
 #include "text/text_parts.h"
 
 namespace mc {
@@ -51,7 +52,7 @@ ColumnProfile readProfile(std::string_view text) {
         if (part.find(kInnerSeparator) != part.npos)
             readUserDefined(part, profile);
         else
-            numbers.push_back(leadingInteger(part));
+            numbers.push_back(integerOf(part));
     }
     for (std::size_t i = 0; i + 2 < numbers.size(); i += 3)
         profile.columns.push_back({numbers[i], numbers[i + 1], numbers[i + 2]});

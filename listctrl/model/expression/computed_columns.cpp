@@ -21,9 +21,9 @@ CellOutcome ComputedColumns::compute(std::size_t column, CellFetch fetchData,
 
 CellOutcome ComputedColumns::compute(std::size_t column, Request& request,
                                      std::string& text) const {
-    const std::size_t deepest = std::min(columns(), kDeepest);
+    const std::size_t deepest = std::min(columns(), kMaxDepth);
     if (column < m_dataColumns || column >= columns()) return CellOutcome::notFetched;
-    if (request.depth == deepest || request.cells == kMostCells) return CellOutcome::notFetched;
+    if (request.depth == deepest || request.cells == kMaxCells) return CellOutcome::notFetched;
     ++request.depth;
     ++request.cells;
     std::string nested;

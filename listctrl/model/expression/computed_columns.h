@@ -11,13 +11,13 @@
 namespace mc {
 
 // Computed columns may refer to each other, and by mistake to themselves. References nest no deeper
-// than there are columns (and never deeper than kDeepest), and one cell asks for kMostCells
+// than there are columns (and never deeper than kMaxDepth), and one cell asks for kMaxCells
 // computed cells at most; what is beyond cannot be fetched, and the cell that was asked for keeps
 // its text.
 class ComputedColumns {
 public:
-    static constexpr std::size_t kDeepest = 100;
-    static constexpr std::size_t kMostCells = 10'000;
+    static constexpr std::size_t kMaxDepth = 100;
+    static constexpr std::size_t kMaxCells = 10'000;
 
     // The columns from `dataColumns` on have these expressions.
     ComputedColumns(std::size_t dataColumns, std::span<const std::string> expressions);

@@ -1,11 +1,11 @@
 #include "listctrl/model/expression/expression.h"
 
-#include <algorithm>
 #include <array>
 #include <exception>
-#include <limits>
 #include <memory_resource>
+#include <utility>
 
+#include "text/expression_pieces.h"
 #include "text/number_text.h"
 #include "text/read_number.h"
 
@@ -32,39 +32,14 @@ std::string_view copyOf(std::string_view text, Memory& memory) {
 }
 }  // namespace
 
-std::vector<std::string_view> expressionPieces(std::string_view expression) {
-    std::vector<std::string_view> pieces;
-    std::size_t begin = expression.find_first_not_of('"');
-    while (begin != std::string_view::npos) {
-        const std::size_t end = std::min(expression.find('"', begin), expression.size());
-        pieces.push_back(expression.substr(begin, end - begin));
-        begin = expression.find_first_not_of('"', end);
-    }
-    return pieces;
-}
-
-int referencedColumn(std::string_view text) {
-    const auto number = std::ranges::find_if_not(text, isWhiteSpace);
-    text.remove_prefix(static_cast<std::size_t>(number - text.begin()));
-    const bool negative = text.starts_with('-');
-    if (negative || text.starts_with('+')) text.remove_prefix(1);
-    constexpr std::int64_t kLargest = std::numeric_limits<int>::max();
-    std::int64_t value = 0;
-    for (const char c : text) {
-        if (c < '0' || c > '9') break;
-        value = std::min(value * 10 + (c - '0'), kLargest);
-    }
-    return static_cast<int>(negative ? -value : value);
-}
-
 CheckedProgram::CheckedProgram(std::string_view infix, std::span<const std::size_t> slots)
     : m_whole(infix, slots) {
     const std::size_t slash = infix.find('/');
     if (slash != std::string_view::npos) m_divisor.emplace(infix, slots, slash + 1);
 }
 
-bool CheckedProgram::slotsStandAlone() const {
-    return m_whole.slotsStandAlone() && (!m_divisor || m_divisor->slotsStandAlone());
+bool CheckedProgram::slotsAreSeparate() const {
+    return m_whole.slotsAreSeparate() && (!m_divisor || m_divisor->slotsAreSeparate());
 }
 
 CellOutcome CheckedProgram::run(std::span<const double> values, std::string& text) const {
@@ -84,19 +59,20 @@ CellOutcome CheckedProgram::run(std::span<const double> values, std::string& tex
 }
 
 CompiledExpression::CompiledExpression(std::string_view expression) {
-    const auto pieces = expressionPieces(expression);
     std::string infix;
     std::vector<std::size_t> slots;
-    for (std::size_t i = 0; i + 1 < pieces.size(); i += 2) {
-        m_references.push_back({std::string(pieces[i]), referencedColumn(pieces[i + 1])});
-        infix += pieces[i];
-        slots.push_back(infix.size());
-        infix += '0';
+    for (const ExpressionPiece& piece : expressionPieces(expression)) {
+        if (piece.isReference) {
+            m_references.push_back({std::exchange(m_tail, {}), referencedColumn(piece.text)});
+            slots.push_back(infix.size());
+            infix += '0';
+        } else {
+            m_tail += piece.text;
+            infix += piece.text;
+        }
     }
-    if (pieces.size() % 2 == 1) m_tail = pieces.back();
-    infix += m_tail;
     m_steps.emplace(infix, slots);
-    if (!m_steps->slotsStandAlone()) m_steps.reset();
+    if (!m_steps->slotsAreSeparate()) m_steps.reset();
 }
 
 CellOutcome CompiledExpression::compute(CellFetch fetch, std::string& text) const try {

@@ -1,10 +1,6 @@
 // User-defined columns: a cell's text computed from other cells of its row.
 //
-// In an expression a column stands as its number between double quotes, the rest is taken
-// literally: ` "3"+"5"*2`. The text is split at the quotes; a run of quotes is one separator,
-// quotes at the very start separate nothing, and the pieces are in turn literal text and column. So
-// an expression that begins with a quote begins with literal text all the same: `"3"+"5"` is 3, the
-// column "+" (which is column 0), 5.
+// How an expression is written: text/expression_pieces.h.
 #pragma once
 
 #include <concepts>
@@ -23,9 +19,9 @@ namespace mc {
 enum class CellOutcome {
     produced,
     notFetched,  // a referenced cell could not be had; the cell keeps its text
-    unchanged,   // what stands right of the first "/" has no value; the cell keeps its text
-    invalid,  // the cell keeps its text; the user is to be told kInvalidExpression, by the caller
-              // and never while a list paints
+    unchanged,   // the text right of the first "/" has no value; the cell keeps its text
+    invalid,     // the cell keeps its text; the caller shows kInvalidExpression, never while a list
+                 // paints
 };
 
 inline constexpr const char* kInvalidExpression = "Invalid Expression,while calculating value";
@@ -52,11 +48,11 @@ private:
 };
 
 // A whole text, together with the test of its divisor: everything right of its first "/" is
-// computed alone and must not be zero. The test is coarse on purpose: 1/2+3 is tested with 2+3.
+// computed alone and must not be zero. The test is coarse: 1/2+3 is tested with 2+3.
 class CheckedProgram {
 public:
     explicit CheckedProgram(std::string_view infix, std::span<const std::size_t> slots = {});
-    bool slotsStandAlone() const;
+    bool slotsAreSeparate() const;
     CellOutcome run(std::span<const double> values, std::string& text) const;
 
 private:
@@ -66,10 +62,10 @@ private:
 
 // An expression, split and turned into steps once, for any number of rows.
 //
-// A cell is put into the text as it stands, or as "0" when it begins with no decimal number but 0.
-// A row whose cells are all plain numbers so (digits and points) runs the steps; any other cell can
-// change how the text falls into tokens (2 minus -5 becomes "2--5"), so such a row is read anew as
-// text. Both ways give the same result.
+// A cell goes into the text as it is, or as "0" when it begins with no decimal number but 0. A row
+// of plain numbers only (digits and points) runs the steps. Any other cell can change how the text
+// falls into tokens (2 minus -5 becomes "2--5"), so that row is read as text again. Both ways give
+// the same result.
 class CompiledExpression {
 public:
     explicit CompiledExpression(std::string_view expression);
@@ -89,12 +85,6 @@ private:
     std::string m_tail;                     // the literal text behind the last
     std::optional<CheckedProgram> m_steps;  // none: every row is read as text
 };
-
-// The pieces of an expression, in turn literal text and column; none is empty.
-std::vector<std::string_view> expressionPieces(std::string_view expression);
-
-// The column that a reference's text names: a decimal number, read as far as it goes, else 0.
-int referencedColumn(std::string_view text);
 
 // Computes one cell of an expression that is used once.
 CellOutcome computeCell(std::string_view expression, CellFetch fetch, std::string& text);

@@ -6,10 +6,12 @@
 #include <functional>
 #include <limits>
 
+#include "text/characters.h"
+
 namespace mc {
 namespace {
 constexpr std::string_view kOperatorCharacters = "<>=*/%+-^&|\\";
-constexpr std::size_t kLongestSpelling = 2;
+constexpr std::size_t kMaxSpelling = 2;
 
 // An operator that always has a result.
 template <auto Result>
@@ -77,20 +79,20 @@ constexpr std::array<Operator, 21> kOperators{{
     {"<=", 13, always<std::less_equal<>{}>},
 }};
 
-// Letters and digits of the C locale, whatever locale the host has set.
-bool continuesOperand(char c) {
-    return (c >= '0' && c <= '9') || c == '.' || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
 }  // namespace
+
+bool continuesOperand(char c) {
+    return isDigit(c) || c == '.' || (lowerCase(c) >= 'a' && lowerCase(c) <= 'z');
+}
 
 std::span<const Operator> operatorTable() {
     return kOperators;
 }
 
 const Operator* operatorAt(std::string_view text) {
-    // One character more than the longest spelling tells that a run is no operator; walking all of
+    // One character more than the longest spelling shows that a run is no operator; walking all of
     // a long run at each of its characters would take a time that grows with its square.
-    text = text.substr(0, kLongestSpelling + 1);
+    text = text.substr(0, kMaxSpelling + 1);
     const std::string_view run = text.substr(0, text.find_first_not_of(kOperatorCharacters));
     if (run.empty()) return nullptr;
     const auto found = std::ranges::find(kOperators, run, &Operator::spelling);
@@ -101,10 +103,6 @@ std::size_t operandLength(std::string_view text) {
     if (text.empty()) return 0;
     const auto end = std::find_if_not(text.begin() + 1, text.end(), continuesOperand);
     return static_cast<std::size_t>(end - text.begin());
-}
-
-bool isWhiteSpace(char character) {
-    return character == ' ' || (character >= '\t' && character <= '\r');
 }
 
 std::int32_t truncated(double value) {

@@ -16,7 +16,7 @@ struct Operator {
     bool (*apply)(double& a, double b);
 };
 
-// In the order of the look-up. Order and precedences are deliberate: "!&" stands behind "||" and
+// In the order of the look-up. Order and precedences are deliberate: "!&" comes after "||" and
 // binds like "&"; "^" is the exclusive or, not a power; "&&" and "||" bind tighter than
 // comparisons.
 std::span<const Operator> operatorTable();
@@ -26,12 +26,12 @@ std::span<const Operator> operatorTable();
 // are never found.
 const Operator* operatorAt(std::string_view text);
 
+// Letters and digits of the C locale, whatever locale the host has set, and the point.
+bool continuesOperand(char c);
+
 // The length of the operand that starts here: one character of any kind and all letters, digits
 // and points that follow at once. 0 only at the end of the text.
 std::size_t operandLength(std::string_view text);
-
-// The white space of the C locale.
-bool isWhiteSpace(char character);
 
 // Truncates towards zero. What has no 32-bit value (NaN, infinities, out of range) gives INT32_MIN,
 // as the processor's own conversion does.

@@ -4,6 +4,7 @@
 #include <array>
 #include <exception>
 
+#include "text/characters.h"
 #include "text/number_text.h"
 
 namespace mc {
@@ -83,7 +84,7 @@ private:
         } else if (text == "0" || text == "+0" || text == "-0") {
             m_program.push(text[0] == '-' ? -1.0 : 1.0, slot);
         } else {
-            m_program.m_slotsStandAlone = false;
+            m_program.m_slotsAreSeparate = false;
         }
         m_emitted = true;
         m_at = end - 1;
@@ -139,7 +140,7 @@ void PostfixProgram::push(double number, std::size_t slot) {
     m_deepest = std::max(m_deepest, ++m_depth);
 }
 
-// The first failure stands; what comes behind it is never reached.
+// Only the first failure counts: run() never gets beyond it.
 void PostfixProgram::endWith(EvaluationStatus status) {
     if (m_status == EvaluationStatus::success) m_status = status;
 }

@@ -26,21 +26,20 @@ struct Evaluation {
 // right. A sign in front of everything or behind another operator belongs to its operand; a sign
 // behind an opening parenthesis takes its operand from 0.
 //
-// A text may have slots: places of one digit "0" that stand for any plain operand (digits and
-// points), whose numbers are handed to run(). Characters fall into tokens by their kind only, so
-// the steps are those of the text with the operands themselves in it. Only a slot that is glued to
-// characters beside it (5"3" makes one operand of both) has no steps of its own.
+// A text may have slots: digits "0", each in place of a plain operand (digits and points) that is a
+// parameter of run(). How a text falls into tokens depends on the kinds of its characters only, so
+// the steps are the same as with the operands themselves in the text. The exception is a slot that
+// is joined to characters beside it (5"3" is one operand): such a program must not be run.
 //
 // Parentheses may be nested to any depth; time and room grow with the text only.
 class PostfixProgram {
 public:
-    // `slots`: the places of the slots in `infix`, ascending. What is in front of `from` is not
-    // part of the text.
+    // `slots`: the indexes of the slots in `infix`, ascending. The text begins at `from`.
     explicit PostfixProgram(std::string_view infix, std::span<const std::size_t> slots = {},
                             std::size_t from = 0);
 
-    // False: a slot is glued, and the program must not be run.
-    bool slotsStandAlone() const { return m_slotsStandAlone; }
+    // False: a slot is joined to its neighbours, and the program must not be run.
+    bool slotsAreSeparate() const { return m_slotsAreSeparate; }
 
     // `values`: one for each of the slots that the program was made with.
     Evaluation run(std::span<const double> values = {}) const;
@@ -49,8 +48,8 @@ private:
     friend class InfixReader;
     struct Step {
         bool (*apply)(double& a, double b);  // null: the step pushes a number
-        std::size_t slot;                    // kNoSlot: the number itself
-        double number;                       // else -1 or 1, its sign
+        std::size_t slot;                    // kNoSlot: the step pushes `number`
+        double number;                       // with a slot: -1 or 1, the sign of its value
     };
     static constexpr auto kNoSlot = static_cast<std::size_t>(-1);
 
@@ -63,7 +62,7 @@ private:
     EvaluationStatus m_status = EvaluationStatus::success;  // when all steps went well
     std::size_t m_depth = 0;
     std::size_t m_deepest = 0;
-    bool m_slotsStandAlone = true;
+    bool m_slotsAreSeparate = true;
 };
 
 // The value of an infix text without slots.

@@ -1,0 +1,36 @@
+// What any window can be asked, whoever made it.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace fw {
+
+// The window's own text: a caption, or what an edit holds.
+std::string textOf(HWND window);
+
+// Null: the system's.
+HFONT fontOf(HWND window) noexcept;
+void setFont(HWND window, HFONT font) noexcept;
+
+// Measures of a font on the window's screen.
+TEXTMETRICA metricsOf(HFONT font, HWND window) noexcept;
+
+// The whole window on the screen, and in its parent's client area.
+RECT screenRect(HWND window) noexcept;
+RECT rectInParent(HWND window) noexcept;
+
+inline int widthOf(const RECT& rect) noexcept {
+    return static_cast<int>(rect.right - rect.left);
+}
+inline int heightOf(const RECT& rect) noexcept {
+    return static_cast<int>(rect.bottom - rect.top);
+}
+
+// Whether `window` is `root` or lies in it.
+inline bool isWithin(HWND root, HWND window) noexcept {
+    return window != nullptr && (window == root || IsChild(root, window) != 0);
+}
+
+}  // namespace fw

@@ -1,0 +1,72 @@
+// Where a pane is: docked at a side of the frame, floating in a tool window, or hidden.
+//
+// A part of CPaneDialog, which describes the calls. Everything does nothing while the pane has no
+// window.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "framework/dock_frame.h"
+#include "framework/drop_preview.h"
+
+namespace fw {
+
+class CFloatFrame;
+class CPaneDialog;
+
+class PaneDocking {
+public:
+    explicit PaneDocking(CPaneDialog& pane);
+    ~PaneDocking();
+
+    // The pane's window is about to be made in `frame`; `side` is the first that it docks at.
+    void open(HWND frame, unsigned side);
+    // It goes, perhaps with the frame.
+    void close();
+
+    void allow(unsigned sides) { m_allowedSides = sides; }
+    bool allows(unsigned side) const { return (side & m_allowedSides) != 0; }
+
+    void dock() { dockAt(m_side); }
+    void dockAt(unsigned side);
+    void floatPane();
+    void show(bool activate);
+    void hide();
+    void destroyFloatFrame();
+
+    const DockFrame& frame() const { return m_frame; }
+    bool inFloatFrame() const;
+    std::optional<SIZE> lastFloatSize() const;
+
+    // While the pane is dragged by its caption: shows where it would be, at a side or floating.
+    void previewDrop(POINT screen);
+    void hidePreview() { m_preview.hide(); }
+    void dropAt(POINT screen);
+
+    // The float frame is dragged by the user; it was let go, elsewhere than before if `moved`.
+    void floatFrameDragged();
+    void floatFrameReleased(bool moved);
+
+private:
+    enum class Mode { docked, floating };
+
+    DockFrame::Target targetFor(POINT screen) const;  // side 0: floating
+    void leaveFrame();
+    void showFloating(bool activate);
+    RECT floatRectAt(POINT corner) const;
+    int presentExtent() const;
+
+    CPaneDialog& m_pane;
+    DockFrame m_frame;
+    unsigned m_allowedSides = 0;
+    unsigned m_side = 0;
+    int m_extent = 0;  // across the side, as last seen; 0 leaves it to the frame
+    Mode m_mode = Mode::docked;
+    bool m_hidden = true;
+    RECT m_floatRect{};  // screen; empty until it floated once
+    std::unique_ptr<CFloatFrame> m_float;
+    CDropPreview m_preview;
+};
+
+}  // namespace fw

@@ -1,0 +1,153 @@
+#include "workbench/checker_lists.h"
+
+#include <utility>
+
+#include "listctrl/list_colors.h"
+#include "res/resource_ids.h"
+#include "workbench/model/records/main_list.h"
+
+namespace mc {
+namespace {
+
+constexpr char kAllowedInValues[] =
+    "0123456789.-qwertyuiopasdfghjklzxcvbnmQWERTYUIOPASDFGHJKLZXCVBNM"
+    "!@#$%^&*()_`,./;':}{|~ ";
+
+constexpr std::size_t kDetailsView = 1;  // among those that the holder frame holds
+
+constexpr char kMainListName[] = "Maker checker List";
+constexpr char kMainTitle[] = "Maker-Checker";
+constexpr char kDetailsListName[] = "Maker Checker Details List";
+constexpr char kDetailsTitle[] = "Maker Checker Details";
+
+// White, unless the user's text is too light to be read on it.
+COLORREF detailsBackground() {
+    const COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
+    const bool light = GetRValue(text) + GetGValue(text) + GetBValue(text) > 3 * 128;
+    return light || highContrast() ? GetSysColor(COLOR_WINDOW) : RGB(255, 255, 255);
+}
+
+HeldView held(CFilterListCtrl& list, const char* title, const char* keyName) {
+    return {list.handle(), title, keyName, [&list] { list.command(kCustomizeCommand); }};
+}
+
+}  // namespace
+
+void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
+    m_main = std::make_unique<CFilterListCtrl>(m_services, changes.rows());
+    m_details = std::make_unique<CMultiLineEditListCtrl>(m_services, m_lines);
+    m_holder.create(pane, rect, IDC_HOLDER_FRAME);
+    m_main->create(m_holder.handle(), IDC_MAIN_LIST, kMainListName, kMainTitle);
+    m_details->create(m_holder.handle(), IDC_DETAILS_LIST, kDetailsListName, kDetailsTitle);
+    m_main->setEmptyText("No pending changes");
+    m_holder.setViews({held(*m_main, kMainTitle, kMainListName),
+                       held(*m_details, kDetailsTitle, kDetailsListName)});
+    m_main->setColumns(
+        kMainColumns,
+        [&changes](Slot change, ColumnId column) { return changes.cellText(change, column); },
+        kMandatoryMainColumns);
+    m_main->offerColumns(true, true);
+    m_main->storeChanged();
+    m_details->setDetailColumns();
+    m_details->offerColumns(false, false);
+    m_details->setBackground(detailsBackground());
+    m_details->setAllowedCharacters(kAllowedInValues);
+    m_details->setChoices({"E", "D"});
+}
+
+// ---- The windows ----
+
+void CheckerLists::move(const RECT& rect) {
+    if (m_holder.handle() != nullptr) m_holder.move(rect);
+}
+
+void CheckerLists::showWindows() {
+    for (const HWND window : {m_main->handle(), m_details->handle(), m_holder.handle()})
+        ShowWindow(window, SW_SHOWNA);
+}
+
+void CheckerLists::colorsChanged() {
+    m_details->setBackground(detailsBackground());
+    for (const HWND list : {m_main->handle(), m_details->handle()})
+        SendMessageA(list, WM_SYSCOLORCHANGE, 0, 0);
+}
+
+// ---- What the rules say ----
+
+void CheckerLists::rowsChanged() {
+    if (m_main != nullptr) m_main->storeChanged();
+}
+
+void CheckerLists::emptyDetails() {
+    if (m_details != nullptr) m_details->empty();
+}
+
+// Filters belong to the details they were typed for.
+void CheckerLists::showDetails(std::vector<DetailGroup> groups, bool anotherChange) {
+    if (m_details == nullptr) return;
+    if (anotherChange) m_details->resetFilters();
+    m_details->replace(std::move(groups));
+}
+
+void CheckerLists::editsSent() {
+    if (m_details != nullptr) m_details->editsSent();
+}
+
+void CheckerLists::editsDropped() {
+    if (m_details != nullptr) m_details->editsDropped();
+}
+
+void CheckerLists::captionDetails(const DetailsCaption& caption) {
+    if (m_details == nullptr) return;
+    m_details->setEmptyText(caption.emptyText);
+    m_details->setDimmed(caption.dimmed);
+    m_holder.setTitle(kDetailsView, caption.title);
+    SetWindowTextA(m_details->handle(), caption.title.c_str());  // what screen readers call it
+}
+
+// The row shows what the update will send, not what was typed. A value that will not be sent stays
+// as it was; a row without a field shows what was typed.
+void CheckerLists::takeEdit(const EndOfEdit& edit, const std::optional<std::string>& stored) {
+    if (edit.column != "Value" || (!stored && edit.row.mnemonic != 0)) return;
+    const std::string before = std::exchange(edit.row.value, stored.value_or(edit.typed));
+    if (!edit.row.edited) edit.row.received = before;
+    edit.row.edited = stored.has_value();
+}
+
+// ---- Keys ----
+
+// The filter row, the list below it, the bar, and the same for the details.
+std::vector<HWND> CheckerLists::tabStops() const {
+    std::vector<HWND> stops;
+    const auto append = [&stops](const CFilterListCtrl& list) {
+        const auto boxes = list.filterStops();
+        stops.insert(stops.end(), boxes.begin(), boxes.end());
+        stops.push_back(list.handle());
+    };
+    append(*m_main);
+    stops.push_back(m_holder.bar(0));
+    append(*m_details);
+    return stops;
+}
+
+bool CheckerLists::claims(HWND control, UINT key) const {
+    if (m_main == nullptr) return false;
+    return (control == m_main->handle() && m_main->claims(key)) ||
+           (control == m_details->handle() && m_details->claims(key));
+}
+
+// A key that is held since it was pressed in an editor never leaves the editors.
+CheckerLists::KeyUse CheckerLists::dialogKey(UINT key, bool repeated) {
+    if (m_main == nullptr) return KeyUse::taken;
+    const HWND focus = GetFocus();
+    const bool editing = m_details->editing(focus);
+    if (!repeated) m_heldInEditor = editing;
+    if (editing ? m_details->editorKey(key, repeated) : repeated && m_heldInEditor)
+        return KeyUse::taken;
+    if (repeated) return KeyUse::none;
+    if (m_main->dialogKey(focus, key) || m_details->dialogKey(focus, key)) return KeyUse::taken;
+    const bool inList = focus == m_main->handle() || focus == m_details->handle();
+    return key == VK_ESCAPE && inList ? KeyUse::dropsEdits : KeyUse::none;
+}
+
+}  // namespace mc

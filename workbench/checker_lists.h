@@ -1,0 +1,71 @@
+// The pane's two lists in their frame: the pending changes, and below them the details of the
+// change that is looked at. What the workbench's rules say about rows and details goes to them.
+//
+// Order of life: made with the pane; open() in its dialog; until then, and when the windows are
+// gone, nothing is shown and no key is taken.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "details/edit_messages.h"
+#include "details/multi_line_edit_list_ctrl.h"
+#include "frames/holder_frame.h"
+#include "listctrl/filter_list_ctrl.h"
+#include "workbench/model/workbench_view.h"
+
+namespace mc {
+
+class CheckerLists final : public WorkbenchView {
+public:
+    // The services must outlive the lists.
+    explicit CheckerLists(ListServices& services)
+        : m_services(services), m_holder(services.settings()) {}
+
+    // Creates the windows at `rect` of `pane`; `changes` must outlive them.
+    void open(HWND pane, const RECT& rect, PendingChanges& changes);
+
+    // Offers values for editing; the outcomes go to `owner` (details/edit_messages.h).
+    void offerEditing(HWND owner) { m_details->setEditOwner(owner); }
+
+    void move(const RECT& rect);
+    void layOut() { m_holder.layOut(); }  // what is in the frame: the dots per inch changed
+    void showWindows();
+    void colorsChanged();
+
+    HWND mainWindow() const { return m_main != nullptr ? m_main->handle() : nullptr; }
+
+    // Where Tab stops in the lists, in order.
+    std::vector<HWND> tabStops() const;
+    bool claims(HWND control, UINT key) const;
+    enum class KeyUse { none, taken, dropsEdits };
+    KeyUse dialogKey(UINT key, bool repeated);
+
+    // Ends an edit that is under way; false when its text is refused, and the editor stays open.
+    bool leaveEditor() { return m_details->leaveEditor(); }
+
+    // `stored` is what the update will send, if anything.
+    void takeEdit(const EndOfEdit& edit, const std::optional<std::string>& stored);
+
+    void applyMainFilter() { m_main->applyFilter(); }
+    void applyDetailsFilter() { m_details->applyFilter(); }
+
+    void rowsChanged() override;
+    void emptyDetails() override;
+    void showDetails(std::vector<DetailGroup> groups, bool anotherChange) override;
+    void editsSent() override;
+    void editsDropped() override;
+    void captionDetails(const DetailsCaption& caption) override;
+
+private:
+    ListServices& m_services;
+    CVTHolderFrame m_holder;
+    LineGroups m_lines;
+    std::unique_ptr<CFilterListCtrl> m_main;
+    std::unique_ptr<CMultiLineEditListCtrl> m_details;
+    bool m_heldInEditor = false;  // the last key was pressed in an editor of the details
+};
+
+}  // namespace mc
