@@ -118,10 +118,4 @@ TEST(ClientDetails, SaysWhenNothingIsModified) {
         EXPECT_NE(built(BuildClientDetails, {{MNM_ACCOUNT_ID, "C1"}, {field, "x"}}), kNothing);
 }
 
-// The presence of the id decides, not whether it can be read.
-TEST(ClientDetails, TakesAnIdThatCannotBeRead) {
-    EXPECT_EQ(built(BuildClientDetails, {{MNM_ACCOUNT_ID, kUnreadable}, {54002, "M"}}),
-              (DetailLines{"[General]", "Client Id: NA", "Client Name: M"}));
-}
-
 }  // namespace

@@ -64,34 +64,6 @@ TEST_F(ConnectvoskTest, ReadsFieldsAndOccurrencesAsAppended) {
     EXPECT_EQ(otp_field_at(m_message, -1), -1);
 }
 
-TEST_F(ConnectvoskTest, AFullBufferRefusesAndKeepsTheMessage) {
-    start(64);
-    EXPECT_TRUE(add(1, "fits"));
-    EXPECT_FALSE(add(2, std::string(64, 'x').c_str()));
-    EXPECT_EQ(count(2), -1);
-    EXPECT_EQ(otp_field_count(m_message), 1);
-    int added = 0;
-    while (add(1, "fits")) ++added;
-    EXPECT_EQ(added, 3);  // 4 bytes of length, then 13 for each field
-    EXPECT_EQ(text(1, added), "fits");
-}
-
-TEST_F(ConnectvoskTest, StartingAnewForgetsTheFields) {
-    start();
-    add(1, "old");
-    ASSERT_TRUE(otp_start_msg(m_message, m_scratch, nullptr));
-    EXPECT_EQ(count(1), -1);
-    EXPECT_EQ(otp_field_count(m_message), 0);
-    EXPECT_TRUE(add(2, "new"));
-    EXPECT_EQ(text(2), "new");
-}
-
-TEST_F(ConnectvoskTest, AHandleWithoutAMessageHasNoFields) {
-    EXPECT_FALSE(add(1, "text"));
-    EXPECT_EQ(count(1), -1);
-    EXPECT_EQ(otp_field_count(m_message), 0);
-}
-
 TEST_F(ConnectvoskTest, ReadsNumbersOnlyWhenTheWholeTextIsOne) {
     struct Row {
         const char* text;
@@ -127,36 +99,6 @@ TEST_F(ConnectvoskTest, ReadsNumbersOnlyWhenTheWholeTextIsOne) {
         EXPECT_EQ(wide, row.isLong ? static_cast<long long>(row.value) : 7);
         EXPECT_EQ(real, row.isDouble ? row.value : 7);
     }
-}
-
-TEST_F(ConnectvoskTest, NullHandlesFailAndWriteNothing) {
-    void* field = this;
-    int number = 7;
-    const char* text = "kept";
-    EXPECT_FALSE(otp_ctor_primecb(nullptr, nullptr));
-    EXPECT_FALSE(otp_open_scratch(nullptr, 16, nullptr));
-    EXPECT_FALSE(otp_open_scratch(&m_scratch, 0, nullptr));
-    EXPECT_FALSE(otp_start_msg(m_message, nullptr, nullptr));
-    EXPECT_FALSE(otp_dtor_primecb(nullptr, nullptr));
-    EXPECT_FALSE(otp_close_scratch(nullptr, nullptr));
-    EXPECT_FALSE(otp_add_data_as_cstring(nullptr, 1, 1, "x", nullptr));
-    EXPECT_FALSE(otp_get_field(nullptr, 1, &field, &number, nullptr));
-    EXPECT_FALSE(otp_get_data_as_cstring(nullptr, 1, 0, &text, nullptr));
-    EXPECT_FALSE(otp_get_data_as_int(nullptr, 1, 0, &number, nullptr));
-    EXPECT_EQ(otp_field_count(nullptr), 0);
-    EXPECT_EQ(field, this);
-    EXPECT_EQ(number, 7);
-    EXPECT_STREQ(text, "kept");
-}
-
-TEST_F(ConnectvoskTest, TheFaultSwitchFailsOneCallOnly) {
-    start();
-    otp_fail_call(2);
-    EXPECT_TRUE(add(1, "first"));
-    EXPECT_FALSE(add(2, "second"));
-    EXPECT_TRUE(add(3, "third"));
-    EXPECT_EQ(otp_fail_call(0), 3);
-    EXPECT_EQ(count(2), -1);
 }
 
 }  // namespace

@@ -22,12 +22,6 @@ constexpr char kProfiles[] =
     "restrict = 64169\n"
     "scenario = console/scenarios/users.txt\n";
 
-TEST(LoginProfileTest, TheDefaultsHoldWithoutFileAndArguments) {
-    const auto parsed = parseLogin("", "zek.ini", {});
-    ASSERT_TRUE(parsed.ok()) << parsed.error;
-    EXPECT_EQ(parsed.value, LoginProfile());
-}
-
 TEST(LoginProfileTest, TheFirstSectionCountsUnlessAProfileIsNamed) {
     LoginProfile senior;
     senior.user = "SENIOR";

@@ -146,17 +146,6 @@ TEST_F(ServerTest, AConnectionReceivesEachPublicationOnceUntilItUnsubscribes) {
     EXPECT_EQ(checker.published.size(), 2u);
 }
 
-TEST_F(ServerTest, ADisconnectedReceiverIsNeverCalled) {
-    server.submit(modifyUser());
-    server.disconnect(checker.connection);
-    checker.takeAll();
-    EXPECT_TRUE(checker.published.empty());
-    EXPECT_EQ(server.pendingDeliveries(), 0u);
-    EXPECT_EQ(server.handle(checker.connection, nullptr), 0);
-    EXPECT_EQ(server.subscribe(checker.connection, {}), 0);
-    EXPECT_FALSE(server.unsubscribe(checker.connection));
-}
-
 TEST_F(ServerTest, DetailsNameTheEntityThenCarryEveryOccurrence) {
     const std::string user = server.submit(modifyUser());
     checker.ask(fieldsOf({{0, "om_get_auth_user_details"}, {54247, "RISKADM1"}, {51803, user}}));
@@ -173,19 +162,6 @@ TEST_F(ServerTest, DetailsNameTheEntityThenCarryEveryOccurrence) {
     checker.ask(fieldsOf({{0, "om_get_auth_limits_details"}, {54247, "RISKADM1"}, {51803, key}}));
     EXPECT_EQ(findField(checker.answers.back(), 54001)->occurrences.size(), 2u);
     EXPECT_EQ(checker.answers.back().size(), 5u);
-}
-
-TEST_F(ServerTest, LimitsAreOfTheWidestLevelNamed) {
-    Change change = clientLimits();
-    const std::pair<std::string Change::*, int> levels[] = {{&Change::client, 54001},
-                                                            {&Change::user, 31003},
-                                                            {&Change::group, 64052},
-                                                            {&Change::branch, 64053},
-                                                            {&Change::broker, 64056}};
-    for (const auto& [text, id] : levels) {
-        change.*text = "X";
-        EXPECT_EQ(entityOf(change), (Entity{id, "X"}));
-    }
 }
 
 TEST_F(ServerTest, AcceptingAppliesTheChangeAndPublishesTheOutcome) {
@@ -221,30 +197,6 @@ TEST_F(ServerTest, RejectingKeepsTheStateAndTheReason) {
     EXPECT_EQ(checker.lastError(), "");
     EXPECT_EQ(textOf(checker.published.back(), field::kStatus), "rejected");
     EXPECT_EQ(server.decision(key), (Decision{false, "RISKADM1", "wrong branch"}));
-    EXPECT_EQ(server.registry().user("DLR101"), nullptr);
-}
-
-TEST_F(ServerTest, AddsAndDeletesUsersAndClients) {
-    Change user = modifyUser();
-    user.code = "339";
-    user.fields = {{63001, {"nse_cm", "nse_fo"}}};
-    Change client = user;
-    client.code = "353";
-    client.client = "C1";
-    client.group = "HNI";
-    server.registry().put(User{"DLR101", "OLDB", "", "", {{50110, {"was here before"}}}});
-    server.decideAs("OTHER", server.submit(user), true, "");
-    server.decideAs("OTHER", server.submit(client), true, "");
-    ASSERT_NE(server.registry().user("DLR101"), nullptr);
-    EXPECT_EQ(server.registry().user("DLR101")->fields, user.fields);  // in an addition all are new
-    EXPECT_EQ(*server.registry().client("C1"),
-              (Client{"C1", "DLR101", "ZEKB", "MUM01", "HNI", "DEALER", user.fields}));
-
-    user.code = "365";
-    client.code = "366";
-    server.decideAs("OTHER", server.submit(client), true, "");
-    server.decideAs("OTHER", server.submit(user), true, "");
-    EXPECT_EQ(server.registry().client("C1"), nullptr);
     EXPECT_EQ(server.registry().user("DLR101"), nullptr);
 }
 
@@ -340,45 +292,6 @@ TEST_F(ServerTest, RefusesWhatCannotBeMetAndChangesNothing) {
     EXPECT_EQ(server.pending(limits)->fields, clientLimits().fields);
     EXPECT_EQ(checker.published.size(), 4u);
     EXPECT_TRUE(server.registry().users().empty());
-}
-
-TEST_F(ServerTest, AReceiverMayAskAndDisconnectFromItsOwnCallback) {
-    int notices = 0;
-    server.setQueuedNotice([&] { ++notices; });
-    int own = 0;
-    std::vector<std::string> heard;
-    own = server.connect(
-        {[&](void* message) {
-             server.disconnect(own);
-             heard.push_back(*textOf(readFields(message), 32767));
-         },
-         [&](void*) {
-             heard.push_back("published");
-             const OwnedMessage request(fieldsOf({{0, kRecover}, {31003, "RISKADM1"}}));
-             server.handle(own, request.handle());
-         }});
-    server.subscribe(own, {{field::kKey, ""}});
-    server.unsubscribe(checker.connection);
-    server.submit(modifyUser());
-    int deliveries = 0;
-    while (server.deliverNext()) ++deliveries;
-    EXPECT_EQ(heard, (std::vector<std::string>{"published", kRecover}));
-    EXPECT_EQ(notices, deliveries);
-    EXPECT_EQ(notices, 2);
-}
-
-TEST_F(ServerTest, AStormIsDecidedToTheLast) {
-    const Scenario storm = makeStorm(20000, 7);
-    for (const Change& change : storm.changes) server.submit(change);
-    const std::vector<std::string> keys = server.pendingKeys();
-    ASSERT_EQ(keys.size(), 20000u);
-    EXPECT_EQ(std::set<std::string>(keys.begin(), keys.end()).size(), keys.size());
-    for (std::size_t i = 0; i < keys.size(); ++i)
-        EXPECT_EQ(server.decideAs("RISKADM1", keys[keys.size() - 1 - i], i % 3 != 0, "no"), "");
-    EXPECT_EQ(server.pendingCount(), 0u);
-    EXPECT_EQ(server.pendingDeliveries(), 40000u);
-    checker.takeAll();
-    EXPECT_EQ(textOf(checker.published.back(), field::kKey), keys.front());
 }
 
 }  // namespace

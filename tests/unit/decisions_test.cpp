@@ -164,15 +164,6 @@ TEST(Accept, PairsInvestorsUsersWithTheirClients) {
     }
 }
 
-TEST_F(Decisions, AcceptOnlyWhatIsSelected) {
-    list({user("1", "U"), plain("2"), client("3", "U"), plain("4")});
-    sMakeCheckStruct* const selected[] = {&changes.at(0), &changes.at(3)};
-    acceptSelected(selected, changes, requests, host);
-    EXPECT_EQ(decisions(), Lines{"accepted 4"});
-    ASSERT_EQ(host.said.size(), 3u);
-    EXPECT_EQ(host.said[1], "box Autenticate User and Account for  U");
-}
-
 TEST_F(Decisions, AFailingUserWithholdsItsClient) {
     list({user("1", "U"), client("2", "U")});
     host.control().works = false;
@@ -211,18 +202,6 @@ TEST_F(Decisions, AcceptSkipsWhatWasDecidedBehindAMessageBox) {
     EXPECT_EQ(decisions(), (Lines{"accepted 3", "accepted 4", "accepted 5"}));
     EXPECT_EQ(host.said[host.said.size() - 2], "box Autenticate User and Account for  X")
         << "what was decided is not named as left over";
-}
-
-TEST_F(Decisions, NamesUnpairedChangesThatWereDecidedBehindTheirMessageBox) {
-    list({user("1", "U"), user("2", "V")});
-    host.whileBoxIsOpen = [this] {
-        changes.removeRecord("1");
-        changes.removeRecord("2");
-    };
-    acceptAll();
-    EXPECT_EQ(host.said, (Lines{"box Autenticate User and Account for  V  U",
-                                "log Autenticate User and Account for  V  U"
-                                "For Investor client Autenticate User and Client Together"}));
 }
 
 TEST_F(Decisions, RejectSendsTheReasonInRowOrderWithoutPairing) {

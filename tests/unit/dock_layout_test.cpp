@@ -72,33 +72,6 @@ TEST(DockLayout, PlacesOnePane) {
     }
 }
 
-TEST(DockLayout, KeepsToAPanesOwnLeastSize) {
-    for (const int extent : {0, 150, 250, 300}) {
-        const DockedPane pane{kDockTop, extent, 250};
-        const DockLayout layout = layOut(kClient, {&pane, 1}, kMetrics);
-        EXPECT_EQ(layout.places[0].pane.height(), std::max(extent, 250));
-    }
-    const DockedPane pane{kDockTop, 300, 250};
-    const DockLayout small = layOut({0, 0, 400, 200}, {&pane, 1}, kMetrics);
-    EXPECT_EQ(small.places[0].pane.height(), 135) << "the rest comes first";
-}
-
-TEST(DockLayout, WithoutPanesTheInnerPartIsAll) {
-    const DockLayout layout = layOut(kClient, {}, kMetrics);
-    EXPECT_TRUE(layout.places.empty());
-    EXPECT_EQ(layout.inner, kClient);
-}
-
-TEST(DockLayout, LaterPanesTakeFromWhatIsLeft) {
-    const DockedPane panes[] = {{kDockBottom, 100}, {kDockLeft, 300}, {kDockBottom, 150}};
-    const DockLayout layout = layOut(kClient, panes, kMetrics);
-    ASSERT_EQ(layout.places.size(), 3u);
-    EXPECT_EQ(layout.places[0].pane, (Rect{10, 520, 1010, 620}));
-    EXPECT_EQ(layout.places[1].pane, (Rect{10, 20, 310, 515}));
-    EXPECT_EQ(layout.places[2].pane, (Rect{315, 365, 1010, 515}));
-    EXPECT_EQ(layout.inner, (Rect{315, 20, 1010, 360}));
-}
-
 TEST(DockLayout, ThePaneYieldsBeforeTheInnerPartDoes) {
     const DockedPane pane{kDockLeft, 200};
     const struct {
@@ -176,14 +149,6 @@ TEST(SideAt, IsTheNearestEdgeWithinTheBand) {
     };
     for (const auto& each : cases)
         EXPECT_EQ(sideAt(kClient, each.x, each.y, 30), each.side) << each.x << ", " << each.y;
-}
-
-TEST(ExtentTo, IsMeasuredFromThePanesOwnSide) {
-    EXPECT_EQ(extentTo(kClient, kDockLeft, 110, 400), 100);
-    EXPECT_EQ(extentTo(kClient, kDockRight, 910, 400), 100);
-    EXPECT_EQ(extentTo(kClient, kDockTop, 500, 120), 100);
-    EXPECT_EQ(extentTo(kClient, kDockBottom, 500, 520), 100);
-    EXPECT_EQ(extentTo(kClient, kDockLeft, -40, 400), -50);
 }
 
 }  // namespace

@@ -46,24 +46,4 @@ TEST(Exchanges, AnIdKeepsItselfOnTheWayThroughItsName) {
     EXPECT_EQ(std::size(kExchangeIds), 21u);
 }
 
-TEST(Captions, ALaterEntryWinsAndSpellingsStand) {
-    const std::pair<int, std::string_view> rows[] = {
-        {64211, "Buy Sec Limit"},
-        {64329, "Margin Sqr Off Perc Warn"},
-        {50110, "Email Add"},
-        {63212, "Access Type"},
-        {63220, "Access Type"},
-        {10025, "Rule"},
-        {31003, "Dealer ID"},
-        {64998, "Bank Address 6"},
-        {64935, "Client DOB"},
-        {31803, ""},
-        {0, ""},
-        {-1, ""},
-        {10024, ""},
-        {65000, ""},
-    };
-    for (const auto& [mnemonic, caption] : rows) EXPECT_EQ(captionOf(mnemonic), caption);
-}
-
 }  // namespace

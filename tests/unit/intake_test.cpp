@@ -125,23 +125,6 @@ TEST_F(IntakeTest, AsksForTheOneRightOfEachKind) {
     }
 }
 
-TEST_F(IntakeTest, ShowsANewChangeAndBeeps) {
-    take(publication(kPending, "1001", allFields("339", "DEALER")));
-    take(publication(kPending, "1002", allFields("360", "")));
-    EXPECT_EQ(view.events, (Lines{"rows", "rows"}));
-    EXPECT_EQ(host.beeps, 2);
-    EXPECT_EQ(changes.at(0).key, "1001");
-    EXPECT_EQ(changes.at(1).key, "1002");
-    EXPECT_EQ(host.said, Lines{});
-}
-
-TEST_F(IntakeTest, LosesAChangeWithoutItsRightSilently) {
-    host.roles = {};
-    take(publication(kPending, "1001", allFields("339", "DEALER")));
-    expectNothingHappened();
-    EXPECT_EQ(changes.findRecord("1001"), nullptr);
-}
-
 TEST_F(IntakeTest, IgnoresMessagesWithoutAKnownStatusAndAKey) {
     const std::optional<std::string> statuses[] = {"Auth Pending",
                                                    "auth pending ",
@@ -181,13 +164,6 @@ TEST_F(IntakeTest, IgnoresMessagesWithoutAKnownStatusAndAKey) {
     EXPECT_EQ(changes.size(), 1u);
     EXPECT_EQ(changes.at(0).functionalityCode, "339");
     EXPECT_EQ(listener.told, Lines{});
-}
-
-TEST_F(IntakeTest, LooksTheRightsServiceUpForEveryMessage) {
-    take(makeMessage({}));
-    take(publication("accepted", "1001"));
-    take(publication(kPending, "1001", allFields("360", "")));
-    EXPECT_EQ(host.menuItemLookups, 3);
 }
 
 TEST_F(IntakeTest, RefreshesAKnownChangeInPlace) {
@@ -244,29 +220,6 @@ TEST_F(IntakeTest, KeepsWhatARefreshDoesNotTell) {
             EXPECT_EQ(record.brokerId, "ZEKB");
             EXPECT_EQ(record.branchId, "MUM01");
         }
-    }
-}
-
-TEST_F(IntakeTest, NamesLimitsAfterTheFirstLevelGiven) {
-    // In another order than they count, and each missing from the next case on.
-    const struct {
-        FieldTexts fields;
-        std::string name;
-    } cases[] = {
-        {{{54001, "C"}, {31003, "D"}, {64052, "G"}, {64053, "B"}, {64056, "Z"}}, "Broker - Z"},
-        {{{54001, "C"}, {31003, "D"}, {64052, "G"}, {64053, "B"}}, "Branch - B"},
-        {{{54001, "C"}, {31003, "D"}, {64052, "G"}}, "Account Group - G"},
-        {{{54001, "C"}, {31003, "D"}}, "Dealer - D"},
-        {{{54001, "C"}}, "Client - C"},
-        {{}, ""},
-        {{{64056, kUnreadable}, {31003, "D"}, {64053, "B"}}, "Branch - B"},
-        {{{64056, ""}, {64053, "B"}}, "Broker - "},
-    };
-    for (const auto& each : cases) {
-        changes.clearAllRecords();
-        FieldTexts fields = each.fields;
-        fields.push_back({MNM_FUNCTIONALITY, "360"});
-        EXPECT_EQ(listed("1001", fields).entityName, each.name);
     }
 }
 
@@ -333,40 +286,6 @@ TEST_F(IntakeTest, RemovesADecidedChangeAndTellsOfItsEndListedOrNot) {
         EXPECT_EQ(changes.findRecord("1001"), nullptr);
         EXPECT_EQ(host.beeps, 0);
     }
-}
-
-TEST_F(IntakeTest, TakesTheFirstOfRepeatedFields) {
-    FieldTexts fields = allFields("339", "DEALER");
-    for (const auto& again : allFields("360", kInvestor)) fields.push_back(again);
-    fields.push_back({MNM_AUTHORIZATION_KEY, "1002"});
-    fields.push_back({MNM_PUBLICATION_STATUS, "rejected"});
-    const sMakeCheckStruct& record = listed("1001", fields);
-    EXPECT_EQ(record.functionalityCode, "339");
-    EXPECT_EQ(record.type, "DEALER");
-    EXPECT_EQ(changes.size(), 1u);
-}
-
-TEST_F(IntakeTest, CarriesTextsOfAnyLength) {
-    const std::string key(100000, 'k');
-    const std::string text(100000, 't');
-    FieldTexts fields = allFields("360", text);
-    for (auto& field : fields)
-        if (field.mnemonic != MNM_FUNCTIONALITY) field.text = text;
-    const sMakeCheckStruct& record = listed(key, fields);
-    EXPECT_EQ(record.entityName, "Broker - " + text);
-    EXPECT_EQ(record.makerId, text);
-    EXPECT_EQ(record.type, text);
-    take(publication("accepted", key.substr(1)));
-    EXPECT_EQ(changes.size(), 1u);
-    take(publication("accepted", key));
-    EXPECT_EQ(changes.size(), 0u);
-}
-
-TEST_F(IntakeTest, AnEmptyKeyIsAKey) {
-    listed("", allFields("339", "DEALER"));
-    EXPECT_EQ(changes.size(), 1u);
-    take(publication("accepted", ""));
-    EXPECT_EQ(view.events, Lines{"rows"});
 }
 
 }  // namespace

@@ -97,14 +97,4 @@ TEST(NumberTextTest, ReadsPlainNumbersAsTheLibraryDoes) {
     }
 }
 
-TEST(NumberTextTest, ReadsOtherNumbersWhole) {
-    for (const char* text : {"1,000", "1e", "-", "abc", " \t12 shares", "1.2.3"})
-        EXPECT_FALSE(readWholeNumber(text)) << text;
-    EXPECT_EQ(readWholeNumber("-5"), -5.0);
-    EXPECT_EQ(readWholeNumber("1e3"), 1000.0);
-    EXPECT_EQ(readWholeNumber("0x1F"), 31.0);
-    EXPECT_EQ(readWholeNumber("inf"), HUGE_VAL);
-    EXPECT_FALSE(readWholeNumber(std::string_view("1\0", 2)));
-}
-
 }  // namespace

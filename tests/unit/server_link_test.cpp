@@ -122,22 +122,6 @@ TEST(ServerLink, WithoutTheControlServiceSaysSoAndReleasesNothing) {
     EXPECT_EQ(host.takeSaid(), Lines{"log Destroying Quon Connection Failed"});
 }
 
-TEST(ServerLink, ReleasesNothingWhenTheControlServiceIsGone) {
-    FakeHost host;
-    AnswerRecorder answers;
-    std::optional<serverLink> link;
-    {
-        const HandlesMayStay mayStay;
-        link.emplace(host, answers);
-    }
-    host.hasControlService = false;
-    otp_fail_call(0);
-    link.reset();
-    EXPECT_EQ(otp_fail_call(0), 0) << "no handle is closed";
-    EXPECT_EQ(host.said, Lines{"log Destroying Quon Connection Failed"});
-    EXPECT_EQ(host.released, std::vector<int>{});
-}
-
 TEST(ServerLink, SubscribesToWhatThePrivilegeLevelMaySee) {
     const struct {
         int level;
@@ -164,23 +148,6 @@ TEST(ServerLink, SubscribesToWhatThePrivilegeLevelMaySee) {
         EXPECT_TRUE(host.controls.at(3)->subscriptions.empty());
         EXPECT_EQ(host.said, Lines{});
     }
-}
-
-TEST(ServerLink, ReportsAFailingSubscriptionAndUnsubscription) {
-    FakeHost host;
-    AnswerRecorder answers;
-    serverLink link(host, answers);
-    host.control().works = false;
-    EXPECT_EQ(link.subscribe(), 1);
-    EXPECT_EQ(host.takeSaid(), Lines{"log Failed to subscribe "});
-    EXPECT_EQ(link.unsubscribe(), 0);
-    EXPECT_EQ(host.takeSaid(), Lines{"log Failed to Unsubscribe"});
-
-    host.control().works = true;
-    EXPECT_EQ(link.unsubscribe(), 1);
-    EXPECT_EQ(host.control().unsubscribed, 1);
-    EXPECT_EQ(host.controls.at(3)->unsubscribed, 0);
-    EXPECT_EQ(host.said, Lines{});
 }
 
 }  // namespace

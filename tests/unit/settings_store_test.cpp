@@ -70,16 +70,6 @@ protected:
     std::string path = kPath;
 };
 
-TEST_F(SettingsStoreTest, BuildsThePathAndItsFolderOnEveryCall) {
-    EXPECT_EQ(store.GetUserSettingPath(), kPath);
-    files.roaming = "D:\\Elsewhere";
-    EXPECT_EQ(store.GetUserSettingPath(),
-              "D:\\Elsewhere\\Ostravine\\VoskTrader\\\\UserSetting.ini");
-    EXPECT_EQ(files.calls,
-              (std::vector<std::string>{std::string("folder ") + kFolder,
-                                        "folder D:\\Elsewhere\\Ostravine\\VoskTrader\\"}));
-}
-
 TEST_F(SettingsStoreTest, TheFirstWriteCreatesTheFile) {
     EXPECT_EQ(access(SETTING_READ), 0);
     EXPECT_EQ(value, "");
@@ -142,25 +132,6 @@ TEST_F(SettingsStoreTest, AWriteTriesTwoModes) {
         EXPECT_EQ(error, each.error);
         EXPECT_EQ(value, "before");
     }
-}
-
-TEST_F(SettingsStoreTest, NamesTheFileByWhatFollowsTheLastBackslash) {
-    for (const char* name : {"plain.ini", "C:\\dir/x.ini", "C:\\dir\\"}) {
-        path = name;
-        EXPECT_EQ(access(SETTING_READ), 0);
-        EXPECT_EQ(error, "Did not detect : " + path.substr(path.rfind('\\') + 1));
-    }
-}
-
-TEST_F(SettingsStoreTest, AnyOtherModeTouchesNothing) {
-    files.files.insert(kPath);
-    for (const int mode : {2, -1, 99}) {
-        EXPECT_EQ(access(mode), 0);
-        EXPECT_EQ(store.AccessColumnProfile(mode, "LIST", value), 0);
-    }
-    EXPECT_EQ(value, "before");
-    EXPECT_EQ(error, "untouched");
-    EXPECT_TRUE(files.calls.empty());
 }
 
 TEST_F(SettingsStoreTest, AColumnProfileStandsInTheSectionOfItsList) {

@@ -17,12 +17,6 @@ ColumnModel limits() {
     return model;
 }
 
-TEST(UserColumn, OffersEveryColumnThatCanHoldNumbers) {
-    EXPECT_EQ(columnsForExpressions(limits()),
-              (std::vector<ColumnId>{ColumnId{0}, ColumnId{1}, ColumnId{3}, ColumnId{4}}));
-    EXPECT_EQ(userDefinedColumns(limits()), std::vector<ColumnId>{ColumnId{4}});
-}
-
 TEST(UserColumn, ColumnsNeedCaptionsOfTheirOwn) {
     EXPECT_TRUE(canDefineColumns(limits()));
     EXPECT_FALSE(canDefineColumns({}));
@@ -119,12 +113,6 @@ TEST(UserColumn, ChecksInTheirOrder) {
             EXPECT_TRUE(columns.add(std::get<UserDefinedColumn>(made)));
         }
     }
-}
-
-TEST(UserColumn, IsMadeWithoutTheBlanksAroundIt) {
-    const auto made = newUserColumn("  Sum  ", " \"Key\" + \"Limit\" ", limits());
-    EXPECT_EQ(std::get<UserDefinedColumn>(made),
-              (UserDefinedColumn{"Sum", " \"0\"+\"1\"", "\"Key\" + \"Limit\""}));
 }
 
 }  // namespace

@@ -132,36 +132,6 @@ TEST(XlsxWriterTest, AnyTextBecomesMarkupInUtf8) {
     EXPECT_NE(sheet.find("<t>a b</t>"), sheet.npos);
 }
 
-TEST(XlsxWriterTest, NamesColumnsBeyondTheAlphabet) {
-    Table table{{std::vector<std::string>(704, "h")}, std::vector<int>(704, 3)};
-    const auto cells = readSheet(exported(table).at("xl/worksheets/sheet1.xml"));
-    EXPECT_EQ(cells.size(), 704u);
-    for (const char* name : {"A1", "Z1", "AA1", "AZ1", "BA1", "ZZ1", "AAA1", "AAB1"})
-        EXPECT_EQ(cells.count(name), 1u) << name;
-}
-
-TEST(XlsxWriterTest, RefusesWhatNoSheetHolds) {
-    Table table{{{"h"}}, {3}};
-    const auto refused = [](std::string_view) { return ADD_FAILURE() << "written", true; };
-    const std::pair<int, int> sizes[] = {{0, 1},  {1, 0},       {-1, 1},
-                                         {1, -1}, {1048577, 1}, {1, 16385}};
-    for (const auto& [rows, columns] : sizes)
-        EXPECT_FALSE(writeXlsx(rows, columns, &table, cellOf, refused)) << rows << " " << columns;
-    EXPECT_FALSE(writeXlsx(1, 1, &table, nullptr, refused));
-    EXPECT_EQ(table.asked, 0);
-}
-
-TEST(XlsxWriterTest, AFullDiskEndsTheAsking) {
-    std::mt19937 random(5);
-    Table table{{}, {3}};
-    for (int i = 0; i < 60'000; ++i) table.rows.push_back({std::to_string(random())});
-    int calls = 0;
-    EXPECT_FALSE(
-        writeXlsx(60'000, 1, &table, cellOf, [&](std::string_view) { return ++calls < 2; }));
-    EXPECT_EQ(calls, 2) << "the sink was called after it failed";
-    EXPECT_LT(table.asked, 60'000);
-}
-
 // Contents that reach across the window, with matches of every length and distance.
 TEST(ZipWriterTest, GivesBackWhatWasAdded) {
     std::mt19937 random(11);
