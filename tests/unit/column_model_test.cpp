@@ -49,18 +49,6 @@ protected:
     ColumnModel model;
 };
 
-TEST_F(ColumnModelTest, StartsWithEveryColumnAtItsOwnWidth) {
-    EXPECT_EQ(shownText(model), "Name:75 Key:60 Limit:90 ");
-    model.install(kColumns, 144);
-    EXPECT_EQ(shownText(model), "Name:113 Key:90 Limit:135 ");
-    EXPECT_EQ(model.find("Key"), ColumnId{1});
-    EXPECT_EQ(model.find("key"), std::nullopt);
-    model.install({});
-    EXPECT_TRUE(model.shown().empty());
-    load("0,0,75");
-    EXPECT_TRUE(model.shown().empty());
-}
-
 TEST_F(ColumnModelTest, ShowsWhatIsAskedAndWhatMust) {
     model.show(ids({2, 9, -1, 0, 2}));
     EXPECT_EQ(shownText(model), "Limit:90 Name:75 ");

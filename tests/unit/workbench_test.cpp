@@ -46,11 +46,9 @@ TEST_F(WorkbenchTest, ShowsOnlyAnswersForTheChangeThatIsLookedAt) {
         Lines events;  // of the last step
         std::string title;
     } cases[] = {
-        {"none is looked at", {}, "answer user", nothing, "Maker Checker Details"},
         {"its own", {"open 1001"}, "answer user 1001", shown, user1},
         {"without a key", {"open 1001"}, "answer user", shown, user1},
         {"late", {"open 1001", "open 1002"}, "answer user 1001", nothing, user2},
-        {"of another kind", {"open 1001"}, "answer limits 1001", nothing, user1},
         {"of another kind without a key", {"open 1001"}, "answer limits", nothing, user1},
         {"without a key, an older one is awaited",
          {"open 1001", "open 1002"},
@@ -67,25 +65,17 @@ TEST_F(WorkbenchTest, ShowsOnlyAnswersForTheChangeThatIsLookedAt) {
          "answer limits",
          shown,
          "Maker Checker Details: Dealer - DLR101, RMS Limits, 1003"},
-        {"without a key, opened twice", {"open 1001", "open 1001"}, "answer user", shown, user1},
         {"a second answer",
          {"open 1001", "answer user 1001"},
          "answer user 1001",
          {"show again"},
          user1},
-        {"an error",
-         {"open 1001"},
-         "error user 1001",
-         {"empty details"},
-         user1 + " (not shown: no such change)"},
         {"an error without a key",
          {"open 1001"},
          "error user",
          {"empty details"},
          user1 + " (not shown: no such change)"},
-        {"a late error", {"open 1001", "open 1002"}, "error user 1001", nothing, user2},
         {"an older error without a key", {"open 1001", "open 1002"}, "error user", nothing, user2},
-        {"an error of another kind", {"open 1001"}, "error limits", nothing, user1},
         {"an error of the first of two requests",
          {"open 1001", "open 1001"},
          "error user 1001",
@@ -106,7 +96,6 @@ TEST_F(WorkbenchTest, ShowsOnlyAnswersForTheChangeThatIsLookedAt) {
          "new answer user 1001",
          {"show again"},
          user1 + " (changed since you opened it)"},
-        {"another change again", {"open 1001", "answer user 1001"}, "again 1002", {"rows"}, user1},
         {"opened anew",
          {"open 1001", "answer user", "again 1001", "new answer user"},
          "open 1001",
@@ -198,22 +187,6 @@ TEST_F(WorkbenchTest, RecoveryEmptiesTheDetailsAndItsAnswersAreTakenIn) {
     answer("om_get_functionality_details", change);
     EXPECT_EQ(workbench->changes().size(), 2u);
     EXPECT_EQ(view.events, (Lines{"empty details", "rows"}));
-}
-
-TEST_F(WorkbenchTest, GoesWithItsRecordsThenItsDetailsThenItsLink) {
-    list("1001", "339");
-    list("1002", "360");
-    const Workbench& going = *workbench;
-    int emptied = 0;
-    view.whenDetailsEmpty = [&] {
-        ++emptied;
-        EXPECT_EQ(going.changes().size(), 0u);
-        EXPECT_TRUE(host.released.empty());
-    };
-    workbench->close();
-    workbench.reset();
-    EXPECT_EQ(emptied, 1);
-    EXPECT_EQ(host.released, (std::vector<int>{3, 0}));
 }
 
 // Behind the message box of a press that is under way.
