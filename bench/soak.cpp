@@ -17,8 +17,8 @@ constexpr std::size_t kMessages = 1'000'000;
 constexpr std::size_t kBlock = 10'000;
 constexpr std::size_t kTenth = kMessages / kBlock / 10;  // blocks
 constexpr std::size_t kStanding = 20'000;
-constexpr double kMostGrowth = 1.5;
-constexpr double kMostLeft = 1'000'000;  // bytes: a byte for each message
+constexpr double kMaxGrowth = 1.5;
+constexpr double kMaxLeft = 1'000'000;  // bytes: a byte for each message
 
 // What happens next, drawn at random: which change it is about, and what becomes of it.
 class Day {
@@ -73,5 +73,5 @@ int main() {
     const double left = static_cast<double>(privateBytes()) - start;
     std::printf("cost at the end %.2f of the start's, memory left behind %.0f bytes\n",
                 last / first, left);
-    return last <= kMostGrowth * first && left <= kMostLeft ? 0 : 1;
+    return last <= kMaxGrowth * first && left <= kMaxLeft ? 0 : 1;
 }

@@ -11,11 +11,11 @@
 
 namespace mc {
 namespace {
-constexpr std::size_t kMostDigits = 19;  // that 64 bits always hold
+constexpr std::size_t kMaxDigits = 19;  // that 64 bits always hold
 
-constexpr std::array<double, kMostDigits + 1> kPowersOfTen{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,
-                                                           1e7,  1e8,  1e9,  1e10, 1e11, 1e12, 1e13,
-                                                           1e14, 1e15, 1e16, 1e17, 1e18, 1e19};
+constexpr std::array<double, kMaxDigits + 1> kPowersOfTen{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,
+                                                          1e7,  1e8,  1e9,  1e10, 1e11, 1e12, 1e13,
+                                                          1e14, 1e15, 1e16, 1e17, 1e18, 1e19};
 
 constexpr int kFractionBits = 52;
 constexpr std::uint64_t kHiddenBit = std::uint64_t{1} << kFractionBits;
@@ -60,7 +60,7 @@ std::optional<double> readPlainNumber(std::string_view text) {
     if (at < text.size() || wholes + decimals == 0) return std::nullopt;
     // Up to here both operands of the division are exact, and so its result is the nearest double.
     constexpr std::uint64_t kExact = std::uint64_t{1} << std::numeric_limits<double>::digits;
-    if (text.size() > kMostDigits || digits > kExact)
+    if (text.size() > kMaxDigits || digits > kExact)
         return std::strtod(std::string(text).c_str(), nullptr);
     const auto value = static_cast<double>(digits);
     return decimals == 0 ? value : value / kPowersOfTen[decimals];

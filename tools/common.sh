@@ -24,11 +24,28 @@ need_packages() {
 build_packages=(cmake ninja-build g++ googletest libgtest-dev)
 windows_packages=(g++-mingw-w64-x86-64-posix wine wine64 xvfb fonts-wine fonts-liberation)
 
-# build PRESET [TARGET]: configures a preset and builds everything of it, or one target.
+# build PRESET [TARGET...]: configures a preset and builds everything of it, or some targets. Shows
+# how far it is: all the time on a terminal, every few seconds elsewhere.
 build() {
-    say "building preset $1"
-    cmake --preset "$1" >"build/$1.configure.log" 2>&1 || { cat "build/$1.configure.log"; return 1; }
-    cmake --build --preset "$1" --target "${2:-all}" -- --quiet
+    local preset=$1 targets=("${@:2}")
+    say "building preset $preset"
+    cmake --preset "$preset" >"build/$preset.configure.log" 2>&1 ||
+        { cat "build/$preset.configure.log"; return 1; }
+    if [ -t 1 ]; then
+        cmake --build --preset "$preset" --target "${targets[@]:-all}"
+    else
+        cmake --build --preset "$preset" --target "${targets[@]:-all}" | now_and_then
+    fi
+}
+
+# Passes on every line of a build, but its steps only every five seconds.
+now_and_then() {
+    local line next=0
+    while IFS= read -r line; do
+        [[ $line == \[* ]] && ((SECONDS < next)) && continue
+        printf '%s\n' "$line"
+        next=$((SECONDS + 5))
+    done
 }
 
 # What was started here ends here.

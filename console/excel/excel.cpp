@@ -13,7 +13,7 @@
 namespace {
 
 constexpr wchar_t kFolderVariable[] = L"ZEK_EXPORT_DIR";
-constexpr int kMostOfOneSecond = 100;
+constexpr int kMaxOfOneSecond = 100;
 
 struct Workbook {
     int rows;
@@ -54,7 +54,7 @@ public:
         if (folder.empty()) return false;
         const std::wstring name = folder + nameOfNow();
         bool taken = true;
-        for (int i = 1; taken && i <= kMostOfOneSecond; ++i) {
+        for (int i = 1; taken && i <= kMaxOfOneSecond; ++i) {
             m_path = name + (i > 1 ? L" (" + std::to_wstring(i) + L")" : L"") + L".xlsx";
             m_file = CreateFileW(m_path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                  FILE_ATTRIBUTE_NORMAL, nullptr);

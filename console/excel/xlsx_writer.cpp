@@ -5,8 +5,8 @@
 
 namespace {
 
-constexpr std::size_t kLongestCell = 32767;
-constexpr std::size_t kMostDigits = 15;  // that a number in a sheet keeps
+constexpr std::size_t kMaxCell = 32767;
+constexpr std::size_t kMaxDigits = 15;  // that a number in a sheet keeps
 
 #define SHEET_NAMESPACE "http://schemas.openxmlformats.org/spreadsheetml/2006/main"
 #define PACKAGE_NAMESPACE "http://schemas.openxmlformats.org/package/2006/"
@@ -134,7 +134,7 @@ bool isPlainNumber(std::string_view text) {
     return !whole.empty() && std::all_of(whole.begin(), whole.end(), isDigit) &&
            std::all_of(fraction.begin(), fraction.end(), isDigit) &&
            fraction.empty() == (point == text.size()) && (whole.size() == 1 || whole[0] != '0') &&
-           whole.size() + fraction.size() <= kMostDigits;
+           whole.size() + fraction.size() <= kMaxDigits;
 }
 
 bool isNumberType(int type) {
@@ -176,8 +176,7 @@ private:
     std::string_view ask(int row, std::size_t column, int& type) {
         const char* text = nullptr;
         m_cell(m_list, row, static_cast<int>(column), text, type);
-        return text != nullptr ? std::string_view(text).substr(0, kLongestCell)
-                               : std::string_view();
+        return text != nullptr ? std::string_view(text).substr(0, kMaxCell) : std::string_view();
     }
 
     void readHeader() {
@@ -232,7 +231,7 @@ private:
 }  // namespace
 
 bool writeXlsx(int rows, int columns, void* list, CellCallback* cell, ByteSink sink) {
-    if (rows < 1 || rows > kMostSheetRows || columns < 1 || columns > kMostSheetColumns ||
+    if (rows < 1 || rows > kMaxSheetRows || columns < 1 || columns > kMaxSheetColumns ||
         cell == nullptr)
         return false;
     ZipWriter zip(std::move(sink));

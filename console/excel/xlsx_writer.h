@@ -9,8 +9,8 @@
 #include "console/excel/zip_writer.h"
 #include "sdk/excel.h"
 
-inline constexpr int kMostSheetRows = 1048576;
-inline constexpr int kMostSheetColumns = 16384;
+inline constexpr int kMaxSheetRows = 1048576;
+inline constexpr int kMaxSheetColumns = 16384;
 
 // True when the file is complete. Asks for every cell once, row by row; stops asking when the sink
 // fails. False, before anything is asked or written, for a sheet of no or too many rows or columns.

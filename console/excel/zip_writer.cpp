@@ -6,7 +6,7 @@ namespace {
 
 constexpr std::size_t kSendSize = 65536;
 constexpr std::uint64_t kLimit = 0xFFFFFFFF;
-constexpr std::size_t kMostEntries = 0xFFFF;
+constexpr std::size_t kMaxEntries = 0xFFFF;
 
 constexpr auto kCrcTable = [] {
     std::array<std::uint32_t, 256> table{};
@@ -94,7 +94,7 @@ bool ZipWriter::finish() {
     put(m_out, end - directory, 4);
     put(m_out, directory, 4);
     put(m_out, 0, 2);
-    if (end > kLimit || m_entries.size() > kMostEntries) m_good = false;
+    if (end > kLimit || m_entries.size() > kMaxEntries) m_good = false;
     send(true);
     return m_good;
 }

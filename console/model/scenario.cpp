@@ -107,13 +107,13 @@ std::span<const Identification> wordsOf(const Change&) {
 
 // --- Reading -------------------------------------------------------------------------------------
 
-struct SyntaxError {
+struct ScenarioError {
     std::string what;
 };
 
 std::string unescapeOrFail(std::string_view written) {
     std::optional<std::string> text = unescape(written);
-    if (!text) throw SyntaxError{"unknown escape in " + quoted(written)};
+    if (!text) throw ScenarioError{"unknown escape in " + quoted(written)};
     return *std::move(text);
 }
 
@@ -125,7 +125,7 @@ Occurrence readOccurrence(std::string_view piece) {
 std::string codeOf(std::string_view written) {
     for (const ChangeCode& code : changeCodes())
         if (written == code.word) return code.code;
-    if (!toNumber(written)) throw SyntaxError{"unknown kind of change " + quoted(written)};
+    if (!toNumber(written)) throw ScenarioError{"unknown kind of change " + quoted(written)};
     return std::string(written);
 }
 
@@ -153,7 +153,7 @@ private:
 };
 
 void Reader::take(std::string_view line) {
-    if (line.find('\0') != std::string_view::npos) throw SyntaxError{"a zero byte"};
+    if (line.find('\0') != std::string_view::npos) throw ScenarioError{"a zero byte"};
     const std::size_t wordEnd = std::min(line.find_first_of(" \t="), line.size());
     const std::string_view word = line.substr(0, wordEnd);
     const std::string_view rest = trimmed(line.substr(wordEnd));
@@ -175,9 +175,9 @@ void Reader::open(std::string_view kind, std::string_view id) {
     } else if (kind == "change") {
         fill(scenario.changes.emplace_back()).code = codeOf(id);
     } else {
-        throw SyntaxError{"not a section and not an assignment: " + quoted(kind)};
+        throw ScenarioError{"not a section and not an assignment: " + quoted(kind)};
     }
-    if (id.empty()) throw SyntaxError{"what follows " + quoted(kind) + " is missing"};
+    if (id.empty()) throw ScenarioError{"what follows " + quoted(kind) + " is missing"};
 }
 
 template <class Entry>
@@ -191,18 +191,18 @@ Entry& Reader::fill(Entry& entry) {
 
 void Reader::assign(const Assignment& assignment) {
     const auto slot = std::ranges::find(m_slots, assignment.name, &Slot::word);
-    if (slot == m_slots.end()) throw SyntaxError{quoted(assignment.name) + " has no place here"};
+    if (slot == m_slots.end()) throw ScenarioError{quoted(assignment.name) + " has no place here"};
     if (std::exchange(slot->filled, true))
-        throw SyntaxError{quoted(assignment.name) + " stands twice"};
+        throw ScenarioError{quoted(assignment.name) + " stands twice"};
     *slot->text = unescapeOrFail(assignment.value);
 }
 
 void Reader::addField(std::string_view id, std::string_view value) {
     const std::optional<int> number = toNumber(id);
-    if (m_fields == nullptr) throw SyntaxError{"a field outside of a section"};
-    if (!number || *number < 0) throw SyntaxError{"not a field id: " + quoted(id)};
+    if (m_fields == nullptr) throw ScenarioError{"a field outside of a section"};
+    if (!number || *number < 0) throw ScenarioError{"not a field id: " + quoted(id)};
     if (findField(*m_fields, *number) != nullptr)
-        throw SyntaxError{"field " + std::to_string(*number) + " stands twice"};
+        throw ScenarioError{"field " + std::to_string(*number) + " stands twice"};
     Field field{*number, {}};
     for (const std::string_view piece : splitOccurrences(value))
         field.occurrences.push_back(readOccurrence(piece));
@@ -243,7 +243,7 @@ Parsed<Scenario> parseScenario(std::string_view text, std::string_view file) {
     Reader reader;
     try {
         while (const auto line = lines.next()) reader.take(*line);
-    } catch (const SyntaxError& error) {
+    } catch (const ScenarioError& error) {
         return {{}, lines.error(error.what)};
     }
     return {std::move(reader.scenario), {}};

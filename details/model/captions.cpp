@@ -13,7 +13,8 @@ struct Caption {
     std::string_view text;
 };
 
-// In order of entry: where an id stands twice, the later entry wins. Spellings are the field's own.
+// In order of entry: where an id occurs twice, the later entry counts. Spellings are the field's
+// own.
 constexpr Caption kCaptions[] = {
     {31003, "Dealer ID"},
     {64017, "Target UserID"},
@@ -257,7 +258,7 @@ constexpr Caption kCaptions[] = {
     {64935, "Client DOB"},
 };
 
-// What the search reads: the ids, ascending and each once, and beside them the captions that stand.
+// The ids, ascending and each once, and beside them their captions: what the search reads.
 struct Index {
     std::array<std::int32_t, std::size(kCaptions)> mnemonics{};
     std::array<std::string_view, std::size(kCaptions)> texts{};
@@ -266,14 +267,14 @@ struct Index {
 
 constexpr Index makeIndex() {
     std::array<std::size_t, std::size(kCaptions)> order{};
-    for (std::size_t place = 0; place < order.size(); ++place) order[place] = place;
+    for (std::size_t entry = 0; entry < order.size(); ++entry) order[entry] = entry;
     std::sort(order.begin(), order.end(), [](std::size_t a, std::size_t b) {
         const int first = kCaptions[a].mnemonic, second = kCaptions[b].mnemonic;
         return first != second ? first < second : a < b;
     });
     Index index;
-    for (const std::size_t place : order) {
-        const auto& [mnemonic, text] = kCaptions[place];
+    for (const std::size_t entry : order) {
+        const auto& [mnemonic, text] = kCaptions[entry];
         const bool again = index.size > 0 && index.mnemonics[index.size - 1] == mnemonic;
         if (!again) ++index.size;
         index.mnemonics[index.size - 1] = mnemonic;

@@ -10,7 +10,7 @@ namespace {
 
 constexpr Decoding kSor{{{"Y", "YES"}, {"N", "NO"}}, ""};
 
-constexpr FieldRow kGeneral[] = {
+constexpr FieldRow kClientGeneral[] = {
     {.mnemonic = MNM_ACCOUNT_ID, .counts = false},  // Client Id
     {54002},                                        // Client Name
     {64009},                                        // Exch Acct Id
@@ -49,7 +49,7 @@ constexpr FieldRow kGeneral[] = {
 };
 
 // Behind the client context.
-constexpr FieldRow kGeneralEnd[] = {
+constexpr FieldRow kClientGeneralEnd[] = {
     {MNM_SOR_ENABLED, kSor, kSor, "SOR Enabled"},  // has no caption in the table
     {64935},                                       // Client DOB
 };
@@ -134,14 +134,14 @@ constexpr struct {
 
 // What counts as a modification besides the fields of the tables of rows. The product codes of the
 // exchanges do not.
-constexpr int kOtherFields[] = {MNM_CLIENT_CONTEXT, 64955,       64839, 64832,
-                                MNM_SEGMENTS,       MNM_PRODUCTS};
+constexpr int kOtherClientFields[] = {MNM_CLIENT_CONTEXT, 64955,       64839, 64832,
+                                      MNM_SEGMENTS,       MNM_PRODUCTS};
 
-bool tellsNothing(const FieldReader& answer) {
+bool clientTellsNothing(const FieldReader& answer) {
     if (!answer.count(MNM_ACCOUNT_ID)) return true;
-    if (carriesAny(answer, kOtherFields)) return false;
-    const std::span<const FieldRow> tables[] = {kGeneral, kGeneralEnd, kBank, kOtherBanks,
-                                                kDepository};
+    if (carriesAny(answer, kOtherClientFields)) return false;
+    const std::span<const FieldRow> tables[] = {kClientGeneral, kClientGeneralEnd, kBank,
+                                                kOtherBanks, kDepository};
     return std::none_of(std::begin(tables), std::end(tables),
                         [&](const auto& table) { return carriesAny(answer, table); });
 }
@@ -170,9 +170,9 @@ void appendContext(DetailGroup& group, const FieldReader& answer) {
 }
 
 DetailGroup generalGroup(const FieldReader& answer) {
-    DetailGroup group = makeGroup("General", answer, kGeneral);
+    DetailGroup group = makeGroup("General", answer, kClientGeneral);
     appendContext(group, answer);
-    appendRows(group, answer, kGeneralEnd);
+    appendRows(group, answer, kClientGeneralEnd);
     return group;
 }
 
@@ -230,8 +230,8 @@ DetailGroup productCodesGroup(const FieldReader& answer) {
     return group;
 }
 
-// A changed list shows its old value only: that row stands in place of the new value's.
-DetailGroup productsGroup(const FieldReader& answer) {
+// A changed list shows its old value only: that row replaces the new value's.
+DetailGroup clientProducts(const FieldReader& answer) {
     DetailGroup group = makeGroup("Products Enabled");
     if (!answer.count(MNM_PRODUCTS)) return group;
     const auto old = answer.text(MNM_PRODUCTS, 1);
@@ -243,14 +243,14 @@ DetailGroup productsGroup(const FieldReader& answer) {
 }  // namespace
 
 DetailGroups BuildClientDetails(const FieldReader& answer) {
-    if (tellsNothing(answer)) return nothingModified();
+    if (clientTellsNothing(answer)) return nothingModified();
     DetailGroups groups;
     handOver(groups, generalGroup(answer));
     handOver(groups, bankGroup(answer));
     handOver(groups, makeGroup("DP Details", answer, kDepository));
     buildSegments(groups, answer);
     handOver(groups, productCodesGroup(answer));
-    handOver(groups, productsGroup(answer));
+    handOver(groups, clientProducts(answer));
     return groups;
 }
 

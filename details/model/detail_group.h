@@ -15,11 +15,11 @@ enum class RowAttribute : int {
 
 // What a change does to the field of a row, judged on the values as they were sent.
 enum class FieldChange {
-    none,     // nothing, or nothing that could be told: a member of a list
+    none,     // nothing, or not known: a member of a list
     changed,  // both values are there, and differ
     added,    // a new value only
     removed,  // an old value only
-    reset,    // a secret is set anew; neither value is shown
+    reset,    // a new secret; neither value is shown
 };
 
 struct sMCListStruct {

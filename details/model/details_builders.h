@@ -1,7 +1,7 @@
 // The builders: from the answer to a detail request to the groups of rows that the pane shows.
 //
-// Each is a table of fields, walked in order; groups stand in the order in which they are finished,
-// and one without rows is left out. An answer that tells nothing gives one group without rows,
+// Each is a table of fields, walked in order; groups keep the order in which they are finished,
+// and one without rows is dropped. An answer without any known field gives one group without rows,
 // "No Parameters are Modified". Nothing in an answer is an error: what is missing or unreadable
 // gives no row, or "NA".
 #pragma once

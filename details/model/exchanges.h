@@ -21,7 +21,7 @@ int ExchangeIdFromName(std::string_view name);
 std::string_view ExchangeNameFromId(int id);
 
 // The fields that carry a client's product code of each exchange, in the order of their rows. 64704
-// stands twice on purpose, for MCX and for MCXSX, which share it: its row is built twice.
+// occurs twice, for MCX and for MCXSX, which share it: its row is built twice.
 inline constexpr int kExchangeIds[] = {64700, 64703, 64701, 64705, 64702, 64704, 64707,
                                        64706, 64704, 64709, 64725, 64727, 64728, 64726,
                                        64708, 64729, 64730, 64731, 64741, 61625, 61626};

@@ -62,12 +62,12 @@ DetailGroup makeGroup(std::string_view heading, const FieldReader& answer,
 }
 
 int occurrencesOf(const FieldReader& answer, int mnemonic) {
-    return std::clamp(answer.count(mnemonic).value_or(0), 0, kMostOccurrences);
+    return std::clamp(answer.count(mnemonic).value_or(0), 0, kMaxOccurrences);
 }
 
 std::vector<sMCListStruct> repeatedRows(int count, const sMCListStruct& row) {
     const std::size_t each = row.caption.size() + row.value.size() + row.oldValue.size();
-    const std::size_t most = kMostRepeatedBytes / std::max<std::size_t>(each, 1);
+    const std::size_t most = kMaxRepeatedBytes / std::max<std::size_t>(each, 1);
     const auto wanted = static_cast<std::size_t>(std::max(count, 1));
     return std::vector(std::clamp<std::size_t>(most, 1, wanted), row);
 }

@@ -26,11 +26,11 @@ inline constexpr std::string_view kNothingModified = "No Parameters are Modified
 
 // A message claims how many occurrences a field has. Rows of a list end here, so that a false claim
 // costs some megabytes and not the memory; lists have a handful of members.
-inline constexpr int kMostOccurrences = 100'000;
+inline constexpr int kMaxOccurrences = 100'000;
 
 // Rows that all show the same texts end when these take so many bytes together: a long text in a
 // message that claims many occurrences would take gigabytes.
-inline constexpr std::size_t kMostRepeatedBytes = std::size_t{16} << 20;
+inline constexpr std::size_t kMaxRepeatedBytes = std::size_t{16} << 20;
 
 // How a field's text is shown: some texts as others, the rest as `rest` or, without one, as sent.
 // Whole texts are compared, exactly.
@@ -64,18 +64,18 @@ struct FieldRow {
     int mnemonic;
     const Decoding& value = kAsSent;  // how occurrence 0 is shown
     const Decoding& oldValue = kAsSent;
-    std::string_view caption = {};  // in place of the caption table's
+    std::string_view caption = {};  // instead of the caption table's
     int gate = 0;                   // the field whose presence makes the row, where it is another
     int unless = 0;                 // a field whose presence suppresses the row
     bool onlyWithoutOldValue = false;
-    bool secret = false;  // its values are not shown, only that it is set anew
+    bool secret = false;  // its values are not shown, only that it is new
     bool counts = true;   // false: an answer without other fields has nothing to show
 };
 
 // Appends the rows of those fields that the answer carries.
 void appendRows(DetailGroup& group, const FieldReader& answer, std::span<const FieldRow> fields);
 
-// A member of a list, or a setting that the answer repeats: nothing tells whether it changed.
+// A member of a list, or a setting that the answer repeats: whether it changed is not known.
 sMCListStruct makeRow(std::string_view caption, std::string_view value,
                       std::string_view oldValue = {});
 
@@ -88,10 +88,10 @@ DetailGroup makeGroup(std::string_view heading);
 DetailGroup makeGroup(std::string_view heading, const FieldReader& answer,
                       std::span<const FieldRow> fields);
 
-// How many occurrences of a field are walked: those it claims, kMostOccurrences at most.
+// How many occurrences of a field are walked: those it claims, kMaxOccurrences at most.
 int occurrencesOf(const FieldReader& answer, int mnemonic);
 
-// `count` times the same row, once at least and as far as kMostRepeatedBytes goes.
+// `count` times the same row, once at least and as far as kMaxRepeatedBytes goes.
 std::vector<sMCListStruct> repeatedRows(int count, const sMCListStruct& row);
 
 // The group of a field whose values are a list; no rows when the field is absent.
@@ -100,7 +100,7 @@ DetailGroup listGroup(const FieldReader& answer, int mnemonic);
 // Appends the group, unless it has no rows.
 void handOver(DetailGroups& groups, DetailGroup group);
 
-// What stands in place of the groups when there is nothing to show: a heading without rows.
+// Instead of the groups when there is nothing to show: a heading without rows.
 DetailGroups nothingModified();
 
 // True when the answer carries one of the fields; of rows only those that count.

@@ -7,7 +7,7 @@
 
 namespace mc {
 
-// What the intake tells of single changes. The workbench implements it, and the intake's tests.
+// Notified of single changes by the intake. The workbench implements it, and the intake's tests.
 class IntakeListener {
 public:
     // A listed change was published again; its record already holds what came.

@@ -105,7 +105,7 @@ constexpr LimitField kLimits[] = {
     {41336, text, text, Counts::forAll},  // Premium Net Limit
 };
 
-bool tellsNothing(const FieldReader& answer) {
+bool limitsTellNothing(const FieldReader& answer) {
     const bool belowBranches =
         answer.text(MNM_ACCOUNT_ID) || answer.text(MNM_USER) || answer.text(MNM_ACCOUNT_GROUP);
     const Counts least = belowBranches ? Counts::belowBranches : Counts::forAll;
@@ -132,7 +132,7 @@ void appendLimit(DetailGroup& group, const FieldReader& answer, const LimitField
 }  // namespace
 
 DetailGroups BuildLimitsDetails(const FieldReader& answer, bool mayModify) {
-    if (tellsNothing(answer)) return nothingModified();
+    if (limitsTellNothing(answer)) return nothingModified();
     DetailGroup group = makeGroup("RMS Limits");
     const std::string entity = limitsEntityName(answer);
     if (!entity.empty()) group.rows.push_back(makeRow("RMS Limit For", entity));

@@ -14,7 +14,7 @@ constexpr Decoding kExpiry{{{"0", "NA"}}, {}};
 constexpr Decoding kOrDefault{{{"-1", "Default"}}, {}};
 constexpr Decoding kRouted{{{"OK", "Yes"}}, "NO"};
 
-constexpr FieldRow kGeneral[] = {
+constexpr FieldRow kUserGeneral[] = {
     {.mnemonic = MNM_USER, .unless = MNM_EXCHANGE, .counts = false},  // Dealer ID
     {64017},                                                          // Target UserID
     {63248},                                                          // Max Portfolio Cnt
@@ -75,15 +75,16 @@ constexpr ExchangeField kOneExchange[] = {
 constexpr int kLists[] = {MNM_ATTRIBUTES, MNM_ACTIONS, MNM_ORDER_TYPES};
 
 // What counts as a modification besides the fields of the tables of rows.
-constexpr int kOtherFields[] = {MNM_ACCESS_TYPE,        MNM_ACCESS_TYPE_OTHER, MNM_EXCHANGE,
-                                MNM_EXCHANGE_EXPIRY,    MNM_EXCHANGE_STATUS,   MNM_EXCHANGE_USER_ID,
-                                MNM_EXCHANGE_USER_INFO, MNM_ROUTE_TO_RMS,      MNM_PRODUCTS,
-                                MNM_ATTRIBUTES,         MNM_ACTIONS,           MNM_ORDER_TYPES};
+constexpr int kOtherUserFields[] = {
+    MNM_ACCESS_TYPE,        MNM_ACCESS_TYPE_OTHER, MNM_EXCHANGE,
+    MNM_EXCHANGE_EXPIRY,    MNM_EXCHANGE_STATUS,   MNM_EXCHANGE_USER_ID,
+    MNM_EXCHANGE_USER_INFO, MNM_ROUTE_TO_RMS,      MNM_PRODUCTS,
+    MNM_ATTRIBUTES,         MNM_ACTIONS,           MNM_ORDER_TYPES};
 
-bool tellsNothing(const FieldReader& answer) {
+bool userTellsNothing(const FieldReader& answer) {
     return !answer.text(MNM_USER) ||
-           !(carriesAny(answer, kGeneral) || carriesAny(answer, kDetails) ||
-             carriesAny(answer, kOtherFields));
+           !(carriesAny(answer, kUserGeneral) || carriesAny(answer, kDetails) ||
+             carriesAny(answer, kOtherUserFields));
 }
 
 // As many rows as the field has values, and all alike: each shows occurrences 0 and 1.
@@ -138,7 +139,7 @@ void buildExchanges(DetailGroups& groups, const FieldReader& answer) {
         handOver(groups, oneExchangeGroup(answer));
 }
 
-DetailGroup productsGroup(const FieldReader& answer) {
+DetailGroup userProducts(const FieldReader& answer) {
     DetailGroup group = makeGroup(captionOf(MNM_PRODUCT_TYPES));
     if (!answer.count(MNM_PRODUCTS)) return group;
     group.rows.push_back(newValueRow({}, shownProducts(answer.text(MNM_PRODUCTS))));
@@ -150,13 +151,13 @@ DetailGroup productsGroup(const FieldReader& answer) {
 }  // namespace
 
 DetailGroups BuildUserDetails(const FieldReader& answer) {
-    if (tellsNothing(answer)) return nothingModified();
+    if (userTellsNothing(answer)) return nothingModified();
     DetailGroups groups;
-    handOver(groups, makeGroup("General", answer, kGeneral));
+    handOver(groups, makeGroup("General", answer, kUserGeneral));
     handOver(groups, accessGroup(answer));
     handOver(groups, makeGroup("Details", answer, kDetails));
     buildExchanges(groups, answer);
-    handOver(groups, productsGroup(answer));
+    handOver(groups, userProducts(answer));
     for (const int list : kLists) handOver(groups, listGroup(answer, list));
     return groups;
 }

@@ -8,7 +8,7 @@
 namespace mc {
 namespace {
 
-constexpr std::size_t kValueBuffer = kLongestValue + 1;
+constexpr std::size_t kValueBuffer = kMaxValue + 1;
 constexpr std::size_t kBarBuffer = 32;
 constexpr int kSettingRestore = 2;  // served by nobody
 constexpr char kNoKey[] = "Key not found";
@@ -27,7 +27,7 @@ std::string notDetected(const std::string& path) {
 }  // namespace
 
 // Where a value stands, and how a missing one reads.
-struct CSettingsStore::Place {
+struct CSettingsStore::Entry {
     const std::string& section;
     const std::string& key;
     const std::string& path;
@@ -44,39 +44,39 @@ std::string CSettingsStore::GetUserSettingPath() {
 int CSettingsStore::AccessUserSetting(int mode, const std::string& section, const std::string& key,
                                       std::string& value, const std::string& path,
                                       std::string& error) {
-    const Place place{section, key, path, kNoKey, true};
-    if (mode == SETTING_WRITE) return write(place, value, &error);
-    if (mode == SETTING_READ) return read(place, value, &error);
+    const Entry entry{section, key, path, kNoKey, true};
+    if (mode == SETTING_WRITE) return write(entry, value, &error);
+    if (mode == SETTING_READ) return read(entry, value, &error);
     return 0;
 }
 
 int CSettingsStore::AccessColumnProfile(int mode, const std::string& listName, std::string& value) {
     if (mode != SETTING_READ && mode != SETTING_WRITE) return 0;
     const std::string path = GetUserSettingPath();
-    const Place place{listName, kColumnProfileKey, path, kNoProfile, false};
-    return mode == SETTING_WRITE ? write(place, value, nullptr) : read(place, value, nullptr);
+    const Entry entry{listName, kColumnProfileKey, path, kNoProfile, false};
+    return mode == SETTING_WRITE ? write(entry, value, nullptr) : read(entry, value, nullptr);
 }
 
-int CSettingsStore::read(const Place& place, std::string& value, std::string* error) {
+int CSettingsStore::read(const Entry& entry, std::string& value, std::string* error) {
     value.clear();
-    if (!m_files.open(place.path, "r+t")) {
-        if (error != nullptr) *error = notDetected(place.path);
+    if (!m_files.open(entry.path, "r+t")) {
+        if (error != nullptr) *error = notDetected(entry.path);
         return 0;
     }
     const CloseAtEnd closing{m_files};
     std::array<char, kValueBuffer> buffer{};
-    const auto length = m_files.read(place.section, place.key, place.missing, buffer, place.path);
+    const auto length = m_files.read(entry.section, entry.key, entry.missing, buffer, entry.path);
     if (length > 0) value = buffer.data();
-    return length > 0 && value != place.missing ? 1 : 0;
+    return length > 0 && value != entry.missing ? 1 : 0;
 }
 
-int CSettingsStore::write(const Place& place, const std::string& value, std::string* error) {
-    if (!m_files.open(place.path, "a+") && !(place.retries && m_files.open(place.path, "w+"))) {
-        if (error != nullptr) *error = notDetected(place.path);
+int CSettingsStore::write(const Entry& entry, const std::string& value, std::string* error) {
+    if (!m_files.open(entry.path, "a+") && !(entry.retries && m_files.open(entry.path, "w+"))) {
+        if (error != nullptr) *error = notDetected(entry.path);
         return 0;
     }
     const CloseAtEnd closing{m_files};
-    return m_files.write(place.section, place.key, value, place.path) ? 1 : 0;
+    return m_files.write(entry.section, entry.key, value, entry.path) ? 1 : 0;
 }
 
 void CSettingsStore::saveSplitterSize(const std::string& paneKey, int pixels) {

@@ -7,11 +7,11 @@
 //   VOSK_DIALOG_BAR_SIZE           a bar's control id       width,height, pixels
 //
 // The file is UserSetting.ini in Ostravine\VoskTrader under the user's roaming application data.
-// Its path is built, and its folder created, anew on every access; the folder's parent never is, so
+// Its path is built, and its folder created, on every access; the folder's parent never is, so
 // where it is missing reads and writes fail and the callers' defaults stay in force.
 //
 // The accessors return 1 on success and 0 on failure and show nothing. Values are single-byte text
-// on one line; a value longer than kLongestValue is read back cut to that. The platform takes
+// on one line; a value longer than kMaxValue is read back cut to that. The platform takes
 // blanks around a value off, and one pair of quotes. Thread: the user-interface thread.
 #pragma once
 
@@ -27,7 +27,7 @@ namespace mc {
 inline constexpr int SETTING_READ = 0;
 inline constexpr int SETTING_WRITE = 1;
 
-inline constexpr std::size_t kLongestValue = 4095;  // bytes
+inline constexpr std::size_t kMaxValue = 4095;  // bytes
 
 inline constexpr char kColumnProfileKey[] = "COLUMNPROFILE";
 inline constexpr char kCustomizeListsSection[] = "CUSTOMIZE_LISTS";
@@ -109,9 +109,9 @@ public:
                                        int controlId);
 
 private:
-    struct Place;
-    int read(const Place& place, std::string& value, std::string* error);
-    int write(const Place& place, const std::string& value, std::string* error);
+    struct Entry;
+    int read(const Entry& entry, std::string& value, std::string* error);
+    int write(const Entry& entry, const std::string& value, std::string* error);
 
     SettingsFiles& m_files;
 };

@@ -25,7 +25,7 @@ void Filters::follow(Column& column, const Act& act, bool looped, const Box& box
     column.text = box.text;
     column.dropped = box.dropped;
     const Filter pattern{box.text, false}, chosen{box.text, true};
-    if (looped && changed) {
+    if (looped && changed && !closed) {
         column = {{pattern, chosen}, false, box.dropped, box.text};
     } else if (act.pause && !box.dropped) {  // nothing applies behind an open drop-down
         if (column.typing) column.possible.insert(pattern);

@@ -71,7 +71,7 @@ TEST(AppearanceEditTest, StoredValueComesBackWhole) {
     value.setFont(std::string(31, 'F'), "72");
     value.setKeywordColumn(ColumnId{9999});
     const std::string stored = appearanceText(value.applied());
-    EXPECT_LE(stored.size(), kLongestValue);
+    EXPECT_LE(stored.size(), kMaxValue);
     EXPECT_EQ(readAppearance(stored), value.applied());
 }
 

@@ -10,8 +10,8 @@ using namespace mc;
 namespace {
 
 // Two data columns, "3" and "4"; the computed ones begin with column 2.
-struct Row {
-    explicit Row(const std::vector<std::string>& expressions) : columns(2, expressions) {}
+struct CellsRow {
+    explicit CellsRow(const std::vector<std::string>& expressions) : columns(2, expressions) {}
 
     std::string cell(std::size_t column) {
         std::string text = "old";
@@ -29,20 +29,20 @@ struct Row {
 };
 
 TEST(ComputedColumnsTest, ComputedColumnsReferToOthers) {
-    Row row({R"( "0"*"1")", R"( "2"+"2")", R"( "3"/"0")"});
+    CellsRow row({R"( "0"*"1")", R"( "2"+"2")", R"( "3"/"0")"});
     EXPECT_EQ(row.columns.columns(), 5U);
     EXPECT_EQ(row.cell(2), "12.00");
     EXPECT_EQ(row.cell(3), "24.00");
     EXPECT_EQ(row.cell(4), "8.00");
 
     // Cells that are read as text, each fetched through the same buffer.
-    Row texts({R"(0-"0")", R"( "1"*2)", R"( "3"*("2"))", "2 3", R"( "3"+"5")"});
+    CellsRow texts({R"(0-"0")", R"( "1"*2)", R"( "3"*("2"))", "2 3", R"( "3"+"5")"});
     EXPECT_EQ(texts.cell(4), "-24.00");
     EXPECT_EQ(texts.cell(6), "8.00");
 }
 
 TEST(ComputedColumnsTest, OnlyColumnsThatExistAreFetched) {
-    Row row({R"( "0"+"3")", R"( "9")", R"( "-1")"});
+    CellsRow row({R"( "0"+"3")", R"( "9")", R"( "-1")"});
     for (const std::size_t column : {0U, 1U, 2U, 3U, 4U, 5U, 99U}) {
         EXPECT_EQ(row.cell(column), "old") << column;
         EXPECT_EQ(row.outcome, CellOutcome::notFetched) << column;
@@ -51,13 +51,13 @@ TEST(ComputedColumnsTest, OnlyColumnsThatExistAreFetched) {
 }
 
 TEST(ComputedColumnsTest, ColumnsThatReferToThemselvesKeepTheirText) {
-    Row row({R"( "2"+"2")", R"( "4"+"0")", R"( "0"+"3")", R"( "2"+1)"});
+    CellsRow row({R"( "2"+"2")", R"( "4"+"0")", R"( "0"+"3")", R"( "2"+1)"});
     for (std::size_t column = 2; column < 6; ++column) {
         EXPECT_EQ(row.cell(column), "old") << column;
         EXPECT_EQ(row.outcome, CellOutcome::notFetched) << column;
     }
     EXPECT_LT(row.fetched, 10U);
-    EXPECT_EQ(Row({"1+1"}).cell(2), "2.00");
+    EXPECT_EQ(CellsRow({"1+1"}).cell(2), "2.00");
 }
 
 // Each column asks for the one before it, once or twice.
@@ -72,11 +72,11 @@ std::vector<std::string> chain(std::size_t length, bool twice) {
 
 TEST(ComputedColumnsTest, ChainsAreBoundedInDepthAndInCells) {
     const std::size_t deepest = ComputedColumns::kDeepest;
-    Row steps(chain(deepest + 1, false));
+    CellsRow steps(chain(deepest + 1, false));
     EXPECT_EQ(steps.cell(deepest + 1), "102.00");
     EXPECT_EQ(steps.cell(deepest + 2), "old");
 
-    Row doubled(chain(60, true));
+    CellsRow doubled(chain(60, true));
     EXPECT_EQ(doubled.cell(2 + 12), "12288.00");
     EXPECT_EQ(doubled.cell(2 + 59), "old");
     EXPECT_EQ(doubled.outcome, CellOutcome::notFetched);

@@ -20,22 +20,22 @@ std::string valueOf(const SentMessage& message, int mnemonic) {
 }
 
 // A listed change.
-struct Row {
+struct PairRow {
     std::string key, code, type, entityName, linkedUser;
 };
 
-Row plain(const std::string& key) {
+PairRow plain(const std::string& key) {
     return {key, "354", "RETAIL", "CL" + key, ""};
 }
-Row user(const std::string& key, const std::string& name) {
+PairRow user(const std::string& key, const std::string& name) {
     return {key, "339", kInvestor, name, ""};
 }
-Row client(const std::string& key, const std::string& linkedUser) {
+PairRow client(const std::string& key, const std::string& linkedUser) {
     return {key, "353", kInvestor, "CL" + key, linkedUser};
 }
 
 struct DecisionsFixture {
-    void list(const Row& row) {
+    void list(const PairRow& row) {
         auto record = std::make_unique<PendingChanges::Entry>();
         record->key = row.key;
         record->functionalityCode = row.code;
@@ -44,8 +44,8 @@ struct DecisionsFixture {
         record->linkedUser = row.linkedUser;
         changes.addRecord(std::move(record));
     }
-    void list(const std::vector<Row>& rows) {
-        for (const Row& row : rows) list(row);
+    void list(const std::vector<PairRow>& rows) {
+        for (const PairRow& row : rows) list(row);
     }
 
     std::vector<sMakeCheckStruct*> allRows() {
@@ -81,7 +81,7 @@ class Decisions : public testing::Test, protected DecisionsFixture {};
 TEST(Accept, PairsInvestorsUsersWithTheirClients) {
     const struct {
         const char* name;
-        std::vector<Row> rows;
+        std::vector<PairRow> rows;
         Lines accepted;        // keys
         std::string unpaired;  // as the message box names them
     } cases[] = {

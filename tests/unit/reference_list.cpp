@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace reference {
+namespace mc::reference {
 
 namespace {
 
@@ -235,4 +235,4 @@ bool List::before(std::size_t a, std::size_t b) const {
                    store[b]->cells[column]) < 0;
 }
 
-}  // namespace reference
+}  // namespace mc::reference

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace reference {
+namespace mc::reference {
 
 struct Record {
     std::vector<std::string> cells;
@@ -78,4 +78,4 @@ private:
     Judge m_judge;  // of the last pass
 };
 
-}  // namespace reference
+}  // namespace mc::reference

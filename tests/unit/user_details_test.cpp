@@ -108,9 +108,9 @@ TEST(UserDetails, RepeatsLongTextsWithinBounds) {
         int claimed;
         std::size_t rows;
     } cases[] = {
-        {100, 60, kMostOccurrences, kMostOccurrences},
-        {100'000, 100'000, kMostOccurrences, kMostRepeatedBytes / 200'000},
-        {kMostRepeatedBytes + 1, 0, 3, 1},
+        {100, 60, kMaxOccurrences, kMaxOccurrences},
+        {100'000, 100'000, kMaxOccurrences, kMaxRepeatedBytes / 200'000},
+        {kMaxRepeatedBytes + 1, 0, 3, 1},
     };
     for (const auto& [value, old, claimed, rows] : cases) {
         auto answer = makeMessage({{MNM_USER, "U"},

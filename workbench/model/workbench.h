@@ -51,8 +51,8 @@ public:
     void selectionMoved();
 
     // The four buttons. `selected`, in row order, is what was selected at the press: a change that
-    // goes while a box is open is not decided, and none takes its place. Where edits are not sent,
-    // all but Update ask first; so do showDetails() and dropEdits().
+    // goes while a box is open is not decided, and none is decided instead. Where edits are not
+    // sent, all but Update ask first; so do showDetails() and dropEdits().
     void accept(SelectedRecords selected);
     // An empty reason rejects nothing.
     using AskReason = std::function<std::string()>;
@@ -63,9 +63,9 @@ public:
     // The edits that were not sent are given up.
     void dropEdits();
 
-    // A value of the limits on show was typed in, or chosen: it waits for the update, in place of
+    // A value of the visible limits was typed in, or chosen: it waits for the update, instead of
     // an earlier one of the same field. Returns the text that waits. None, and nothing is kept,
-    // when the row has no field (0), when no details are on show, or for a number that is too
+    // when the row has no field (0), when no details are visible, or for a number that is too
     // large.
     std::optional<std::string> valueEdited(int mnemonic, const std::string& typed);
     std::optional<std::string> choiceMade(int mnemonic, const std::string& chosen);

@@ -1,4 +1,4 @@
-// What the workbench's rules tell the window that shows them.
+// The view of the workbench: what its rules ask of the window that shows them.
 #pragma once
 
 #include <string>
@@ -12,7 +12,7 @@ namespace mc {
 // What the details list says about itself.
 struct DetailsCaption {
     std::string title;      // of its strip: whose details these are, and what happened to them
-    std::string emptyText;  // in place of rows: why there are none
+    std::string emptyText;  // instead of rows: why there are none
     bool dimmed = false;    // other changes are selected than theirs
 };
 
@@ -22,7 +22,7 @@ class WorkbenchView : public RecordsView {
 public:
     virtual void emptyDetails() = 0;  // no details are visible any more
 
-    // Shows these groups in place of those that are visible. `anotherChange`: the details visible
+    // Shows these groups instead of those that are visible. `anotherChange`: the details visible
     // last belonged to another change.
     virtual void showDetails(std::vector<DetailGroup> groups, bool anotherChange) = 0;
 

@@ -27,7 +27,7 @@ bool staysReadable(Appearance appearance) {
     appearance.fontFace.resize(std::max(appearance.fontFace.size(), kLongestFace), ' ');
     appearance.fontSize.resize(std::max(appearance.fontSize.size(), std::size_t{2}), ' ');
     appearance.keywordColumn = kLastColumn;
-    return appearanceText(appearance).size() <= kLongestValue;
+    return appearanceText(appearance).size() <= kMaxValue;
 }
 
 }  // namespace

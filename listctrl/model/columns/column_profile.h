@@ -22,7 +22,7 @@ namespace mc {
 inline constexpr int kHiddenPosition = -1;
 
 // The longest text that the settings file gives back; a longer one comes back cut.
-inline constexpr std::size_t kLongestProfile = kLongestValue;
+inline constexpr std::size_t kLongestProfile = kMaxValue;
 
 struct UserDefinedColumn {
     std::string caption;
