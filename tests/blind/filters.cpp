@@ -92,7 +92,7 @@ std::string Filters::complaint(const std::map<std::string, Change>& pending, con
                 if (std::ranges::all_of(guess, [&](const auto& each) {
                         const std::string cell = change.cell(each.first);
                         const Filter& filter = each.second;
-                        return reference::matches(cell, filter.text, all, filter.chosen);
+                        return mc::reference::matches(cell, filter.text, all, filter.chosen);
                     }))
                     expected.insert(key);
             if (expected == seen) {
