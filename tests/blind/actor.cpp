@@ -149,20 +149,12 @@ std::optional<POINT> Actor::inRow(const ListSight& list) {
 
 std::optional<POINT> Actor::inHeader(const Sight& sight) {
     const ListSight& list = m_dice.chance(70) ? sight.main : sight.details;
-    const auto header = reinterpret_cast<HWND>(SendMessageA(list.window, LVM_GETHEADER, 0, 0));
-    return inWindow(header);
+    return inWindow(header(list.window));
 }
 
 std::optional<POINT> Actor::atDivider(const Sight& sight) {
     const ListSight& list = m_dice.chance(60) ? sight.main : sight.details;
-    const auto header = reinterpret_cast<HWND>(SendMessageA(list.window, LVM_GETHEADER, 0, 0));
-    RECT item{};
-    SendMessageA(header, HDM_GETITEMRECT,
-                 static_cast<WPARAM>(m_dice.below(static_cast<int>(list.captions.size()))),
-                 reinterpret_cast<LPARAM>(&item));
-    POINT at{item.right - 1, item.top + 5};
-    ClientToScreen(header, &at);
-    return at;
+    return captionPoint(m_dice.below(static_cast<int>(list.captions.size())), list.window, 1);
 }
 
 std::optional<POINT> Actor::inBox(const Sight& sight) {
@@ -188,8 +180,8 @@ std::optional<POINT> Actor::inDropList(const Sight& sight) {
     return std::nullopt;
 }
 
-std::optional<POINT> Actor::inBar(const Sight& sight) {
-    return inWindow(descendant(sight.pane, "MakerChecker.SplitterBar", 0));
+std::optional<POINT> Actor::inBar(const Sight&) {
+    return inWindow(bar());
 }
 
 std::optional<POINT> Actor::inCaption(const Sight& sight) {

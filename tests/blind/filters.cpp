@@ -1,48 +1,10 @@
 #include "tests/blind/filters.h"
 
 #include <algorithm>
-#include <cctype>
-#include <cstdlib>
-#include <optional>
+
+#include "tests/unit/reference_list.h"
 
 namespace blind {
-namespace {
-
-std::string lower(std::string text) {
-    for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return text;
-}
-
-std::optional<double> number(const std::string& text) {
-    char* end = nullptr;
-    const double value = std::strtod(text.c_str(), &end);
-    return end != text.c_str() ? std::optional(value) : std::nullopt;
-}
-
-bool passesOne(const std::string& pattern, const std::string& cell) {
-    const bool star = pattern.starts_with('*');
-    if (star && pattern.size() > 1 && pattern.ends_with('*'))
-        return cell.find(pattern.substr(1, pattern.size() - 2)) != std::string::npos;
-    if (star) return cell.ends_with(pattern.substr(1));
-    const auto bound = number(pattern.substr(1)), value = number(cell);
-    if (pattern[0] == '>' && bound) return value && *value > *bound;
-    if (pattern[0] == '<' && bound) return value && *value < *bound;
-    return cell.starts_with(pattern);
-}
-
-}  // namespace
-
-bool passes(const std::string& filter, const std::string& cell, bool exact) {
-    if (filter.empty()) return true;
-    const std::string patterns = lower(filter), text = lower(cell);
-    for (std::size_t begin = 0; begin < patterns.size();) {
-        const std::size_t end = std::min(patterns.find('~', begin), patterns.size());
-        const std::string one = patterns.substr(begin, end - begin);
-        if (!one.empty() && (exact ? one == text : passesOne(one, text))) return true;
-        begin = end + 1;
-    }
-    return false;
-}
 
 void Filters::follow(const Act& act, bool looped, const Sight& before, const Sight& after) {
     std::map<std::string, Column> columns;
@@ -130,9 +92,7 @@ std::string Filters::complaint(const std::map<std::string, Change>& pending, con
                 if (std::ranges::all_of(guess, [&](const auto& each) {
                         const std::string cell = change.cell(each.first);
                         const Filter& filter = each.second;
-                        return filter.chosen && !filter.text.empty()
-                                   ? lower(filter.text) == lower(cell)
-                                   : passes(filter.text, cell, all);
+                        return mc::reference::matches(cell, filter.text, all, filter.chosen);
                     }))
                     expected.insert(key);
             if (expected == seen) {

@@ -10,9 +10,6 @@
 
 namespace blind {
 
-// Whether a cell passes a typed filter text.
-bool passes(const std::string& filter, const std::string& cell, bool exact);
-
 // Follows the boxes of the main list. A box that is being typed into filters by its last text until
 // Enter, a pause or a choice from its drop-down. Where input alone does not tell which of two
 // filters applies, both are kept until the rows tell.

@@ -3,52 +3,24 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <string_view>
 
 #include "tests/windows/test_host.h"
 
 namespace blind {
 namespace {
 
-HWND headerOf(HWND list) {
-    return reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
-}
-
-std::vector<std::string> captionsOf(HWND header) {
-    std::vector<std::string> captions;
-    const auto count = SendMessageA(header, HDM_GETITEMCOUNT, 0, 0);
-    for (WPARAM item = 0; static_cast<LRESULT>(item) < count; ++item) {
-        char text[256]{};
-        HDITEMA info{};
-        info.mask = HDI_TEXT;
-        info.pszText = text;
-        info.cchTextMax = sizeof text;
-        SendMessageA(header, HDM_GETITEMA, item, reinterpret_cast<LPARAM>(&info));
-        captions.emplace_back(text);
-    }
-    return captions;
-}
-
-// A box belongs to the caption above its middle.
-std::vector<Box> boxesOf(HWND header, const std::vector<std::string>& captions, HWND focus) {
-    std::vector<RECT> places(captions.size());
-    for (std::size_t item = 0; item < captions.size(); ++item)
-        SendMessageA(header, HDM_GETITEMRECT, item, reinterpret_cast<LPARAM>(&places[item]));
+// A box is named after its column by the label before it.
+std::vector<Box> boxesOf(HWND header, HWND focus) {
+    constexpr std::string_view kNameEnd = " filter";
     std::vector<Box> boxes;
     HWND combo = nullptr;
     while ((combo = FindWindowExA(header, combo, WC_COMBOBOXA, nullptr)) != nullptr) {
-        RECT place{};
-        GetWindowRect(combo, &place);
-        MapWindowPoints(nullptr, header, reinterpret_cast<POINT*>(&place), 2);
-        for (std::size_t item = 0; item < captions.size(); ++item) {
-            const RECT& caption = places[item];
-            const LONG middle = (place.left + place.right) / 2;
-            if (middle < caption.left || middle >= std::max(caption.right, caption.left + 1))
-                continue;
-            boxes.push_back({combo, captions[item], textOf(combo),
-                             SendMessageA(combo, CB_GETDROPPEDSTATE, 0, 0) != 0,
-                             combo == focus || IsChild(combo, focus) != 0});
-            break;
-        }
+        std::string column = textOf(GetWindow(combo, GW_HWNDPREV));
+        if (column.ends_with(kNameEnd)) column.resize(column.size() - kNameEnd.size());
+        boxes.push_back({combo, column, textOf(combo),
+                         SendMessageA(combo, CB_GETDROPPEDSTATE, 0, 0) != 0,
+                         combo == focus || IsChild(combo, focus) != 0});
     }
     return boxes;
 }
@@ -57,7 +29,7 @@ ListSight lookAt(HWND list, HWND focus, std::initializer_list<const char*> colum
     ListSight sight;
     sight.window = list;
     if (list == nullptr) return sight;
-    sight.captions = captionsOf(headerOf(list));
+    sight.captions = ::captions(list);
     sight.rows.resize(static_cast<std::size_t>(rowCount(list)));
     for (std::size_t row = 0; row < sight.rows.size(); ++row)
         for (const char* column : columns)
@@ -68,7 +40,7 @@ ListSight lookAt(HWND list, HWND focus, std::initializer_list<const char*> colum
     };
     for (int row = -1; (row = next(row, LVNI_SELECTED)) >= 0;) sight.selected.push_back(row);
     sight.focused = next(-1, LVNI_FOCUSED);
-    sight.boxes = boxesOf(headerOf(list), sight.captions, focus);
+    sight.boxes = boxesOf(header(list), focus);
     return sight;
 }
 
@@ -95,18 +67,6 @@ bool editorIsLeft(const Sight& last) {
 
 bool names(const std::string& strip, const std::string& key) {
     return strip.find(", " + key) != std::string::npos;
-}
-
-std::string classOf(HWND window) {
-    char name[64]{};
-    GetClassNameA(window, name, sizeof name);
-    return name;
-}
-
-std::string textOf(HWND window) {
-    char text[1024]{};
-    GetWindowTextA(window, text, sizeof text);
-    return text;
 }
 
 std::string stripText(HWND detailsList) {

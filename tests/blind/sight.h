@@ -48,9 +48,6 @@ struct Sight {
 // Windows that `last` saw and that still exist are not searched again.
 Sight look(const Sight& last);
 
-std::string classOf(HWND window);
-std::string textOf(HWND window);
-
 // Whether an editor is open that has not the focus.
 bool editorIsLeft(const Sight& last);
 

@@ -88,17 +88,4 @@ TEST(AppearanceEditTest, AppliesWhatWasChosen) {
     EXPECT_EQ(texts(value), (Texts{"SELL", "old"})) << "the list shows what was typed";
 }
 
-TEST(AppearanceEditTest, KeywordsNeedAColumnThatIsThere) {
-    const Appearance stored{0, 0, "Arial", "10", ColumnId{2}, {{"buy", 0xFF}}};
-    EXPECT_EQ(AppearanceEdit(stored, 3).applied(), stored);
-    EXPECT_EQ(AppearanceEdit(stored, 2).keywordColumn(), std::nullopt);
-    EXPECT_EQ(AppearanceEdit(stored, 2).keywords(), stored.keywords);
-    EXPECT_EQ(appearanceText(AppearanceEdit(stored, 0).applied()), "0,0,Arial,10");
-}
-
-TEST(AppearanceEditTest, OffersEachStorableFamilyOnce) {
-    EXPECT_EQ(fontChoices({"Arial", "@Batang", "Batang", "Arial", "A,B", ""}),
-              (Texts{"Arial", "Batang"}));
-}
-
 }  // namespace

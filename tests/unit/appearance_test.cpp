@@ -72,11 +72,4 @@ TEST(AppearanceTest, FindsTheFirstKeywordOfATextIgnoringCase) {
     }
 }
 
-TEST(AppearanceTest, ReadsPointsAsWholeNumbers) {
-    EXPECT_EQ(fontPoints("8"), 8);
-    EXPECT_EQ(fontPoints("144"), 144);
-    for (const char* text : {"", "0", "-8", "10.5", "8pt", "145", "99999999999"})
-        EXPECT_EQ(fontPoints(text), std::nullopt) << text;
-}
-
 }  // namespace

@@ -82,16 +82,4 @@ TEST(ColumnChoice, OneColumnHasTheDefaultSort) {
     EXPECT_EQ(choice.layout().sort, std::nullopt) << "hidden with its column";
 }
 
-TEST(ColumnChoice, TheDefaultIsAllColumnsAsTheyWere) {
-    ColumnChoice choice(five(), ColumnSort{ColumnId{0}, true});
-    choice.remove({1, 3});
-    choice.move({2}, 0);
-    EXPECT_FALSE(choice.layout().ownWidths);
-    choice.restoreDefault();
-    EXPECT_EQ(names(choice, choice.shown()), "ABCDE");
-    EXPECT_TRUE(choice.available().empty());
-    EXPECT_TRUE(choice.layout().ownWidths);
-    EXPECT_EQ(choice.layout().sort, std::nullopt);
-}
-
 }  // namespace

@@ -15,16 +15,6 @@ TEST(TextPartsTest, EmptyPartsCount) {
     EXPECT_EQ(splitAt(",a,,b", ','), (std::vector<std::string_view>{"", "a", "", "b"}));
 }
 
-TEST(ColumnProfileTest, TextAndProfileAreOne) {
-    const ColumnProfile plain{{{0, 0, 75}, {1, -1, 0}, {2, 1, 120}}, {}};
-    EXPECT_EQ(profileText(plain), "0,0,75,1,-1,0,2,1,120");
-    const ColumnProfile full{{{0, 1, 75}, {1, 0, 40}, {2, 2, 100}},
-                             {{"Sum", " \"0\"+\"1\"", "\"Key\" + \"Limit #2\""}, {"Two", "2", ""}}};
-    EXPECT_EQ(profileText(full),
-              "0,1,75,1,0,40,2,2,100,Sum# \"0\"+\"1\"#\"Key\" + \"Limit #2\",Two#2#");
-    for (const ColumnProfile& each : {plain, full}) EXPECT_EQ(readProfile(profileText(each)), each);
-}
-
 TEST(ColumnProfileTest, ReadsAnyText) {
     const ColumnProfile cut{{{0, 0, 75}}, {}, false};
     const struct {

@@ -50,18 +50,6 @@ TEST(ComputedColumnsTest, OnlyColumnsThatExistAreFetched) {
     EXPECT_EQ(row.fetched, 1U);
 }
 
-// A computed cell without a text is an empty cell to those that refer to it.
-TEST(ComputedColumnsTest, CellsWithoutATextCountAsZero) {
-    CellsRow row({"2 3", R"( "2"+"0")", "1/x", R"( "4"+"0")", "1/0", R"( "6"+"0")"});
-    EXPECT_EQ(row.cell(2), "old");
-    EXPECT_EQ(row.outcome, CellOutcome::invalid);
-    EXPECT_EQ(row.cell(3), "3.00");
-    EXPECT_EQ(row.cell(4), "old");
-    EXPECT_EQ(row.outcome, CellOutcome::unchanged);
-    EXPECT_EQ(row.cell(5), "3.00");
-    EXPECT_EQ(row.cell(7), "3.00");
-}
-
 TEST(ComputedColumnsTest, ColumnsThatReferToThemselvesKeepTheirText) {
     CellsRow row({R"( "2"+"2")", R"( "4"+"0")", R"( "0"+"3")", R"( "2"+1)"});
     for (std::size_t column = 2; column < 6; ++column) {

@@ -22,28 +22,6 @@ constexpr char kProfiles[] =
     "restrict = 64169\n"
     "scenario = console/scenarios/users.txt\n";
 
-TEST(LoginProfileTest, TheDefaultsHoldWithoutFileAndArguments) {
-    const auto parsed = parseLogin("", "zek.ini", {});
-    ASSERT_TRUE(parsed.ok()) << parsed.error;
-    EXPECT_EQ(parsed.value, LoginProfile());
-}
-
-TEST(LoginProfileTest, TheFirstSectionCountsUnlessAProfileIsNamed) {
-    LoginProfile senior;
-    senior.user = "SENIOR";
-    senior.broker = "ZEKC";
-    senior.level = 2;
-    EXPECT_EQ(parseLogin(kProfiles, "zek.ini", {}).value, senior);
-
-    LoginProfile junior;
-    junior.user = "JR01";
-    junior.roles = {60302, 60303};
-    junior.modifyRight = false;
-    junior.restricted = {64169};
-    junior.scenario = "console/scenarios/users.txt";
-    EXPECT_EQ(parseLogin(kProfiles, "zek.ini", {"--profile", "JUNIOR"}).value, junior);
-}
-
 TEST(LoginProfileTest, ArgumentsWinOverTheSectionWhereverTheyStand) {
     const Arguments arguments = {"--user",      "X",      "--no-modify", "--level",  "4",
                                  "--roles",     "",       "--profile",   "SENIOR",   "--storm",

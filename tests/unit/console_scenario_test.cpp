@@ -55,16 +55,10 @@ TEST(ScenarioTest, TellsWhereAndWhatIsWrong) {
         {"field 1 = x", "f:1: a field outside of a section"},
         {"user A\nowner = B", "f:2: \"owner\" has no place here"},
         {"user A\ntype = B\ntype = B", "f:3: \"type\" stands twice"},
-        {"user A\nfield 1 = x\nfield 1 = y", "f:3: field 1 stands twice"},
         {"user A\nfield x = 1", "f:2: not a field id: \"x\""},
-        {"user A\nfield -1 = 1", "f:2: not a field id: \"-1\""},
-        {"user A\nfield 99999999999 = 1", "f:2: not a field id: \"99999999999\""},
         {"user A\nfield 1 = a\\q", "f:2: unknown escape in \"a\\q\""},
-        {"user A\nfield 1 = a\\", "f:2: unknown escape in \"a\\\""},
-        {"user A\nfield 1 = \\?x", "f:2: unknown escape in \"\\?x\""},
         {"user", "f:1: what follows \"user\" is missing"},
         {"change steal-client", "f:1: unknown kind of change \"steal-client\""},
-        {"change", "f:1: unknown kind of change \"\""},
         {"hello world", "f:1: not a section and not an assignment: \"hello\""},
     };
     for (const auto& [text, error] : rows) EXPECT_EQ(parseScenario(text, "f").error, error) << text;
@@ -88,58 +82,6 @@ TEST(ScenarioTest, WhatIsWrittenReadsTheSame) {
     const auto parsed = parseScenario(text, "written");
     ASSERT_TRUE(parsed.ok()) << parsed.error;
     EXPECT_EQ(parsed.value, scenario) << text;
-}
-
-// Truncations, flipped bytes and noise: an error with a line, or a scenario, and never a crash.
-TEST(ScenarioTest, SurvivesHostileText) {
-    const std::string good = writeScenario(makeStorm(20, 3));
-    for (std::size_t length = 0; length < good.size(); length += 7) {
-        const auto cut = parseScenario(std::string_view(good).substr(0, length), "f");
-        EXPECT_TRUE(cut.ok() || cut.error.starts_with("f:")) << length;
-    }
-    unsigned noise = 12345;
-    for (int round = 0; round < 300; ++round) {
-        std::string bad = good;
-        for (int flips = 0; flips < 5; ++flips) {
-            noise = noise * 1664525u + 1013904223u;
-            bad[(noise >> 8) % bad.size()] = static_cast<char>(noise & 0xFF);
-        }
-        const auto parsed = parseScenario(bad, "f");
-        if (parsed.ok())
-            EXPECT_EQ(parseScenario(writeScenario(parsed.value), "f").value, parsed.value);
-        else
-            EXPECT_TRUE(parsed.error.starts_with("f:"));
-    }
-    const auto huge = parseScenario("user " + std::string(3'000'000, 'x') + "\n=\n", "f");
-    EXPECT_EQ(huge.error, "f:2: \"\" has no place here");
-    EXPECT_EQ(parseScenario(std::string_view("user A\0B", 8), "f").error, "f:1: a zero byte");
-    EXPECT_LT(parseScenario(std::string(100'000, '\x01'), "f").error.size(), 100u);
-}
-
-TEST(StormTest, IsTheSameForTheSameSeedAndHasEveryKind) {
-    const Scenario storm = makeStorm(1000, 1);
-    EXPECT_EQ(storm, makeStorm(1000, 1));
-    EXPECT_NE(storm, makeStorm(1000, 2));
-    EXPECT_EQ(makeStorm(0, 1).changes.size(), 0u);
-    EXPECT_EQ(makeStorm(-5, 1).changes.size(), 0u);
-    std::map<std::string, int> codes;
-    std::set<int> levels;
-    int pairs = 0;
-    for (std::size_t i = 0; i < storm.changes.size(); ++i) {
-        const Change& change = storm.changes[i];
-        ++codes[change.code];
-        EXPECT_FALSE(entityOf(change).id.empty());
-        if (change.code == "360") levels.insert(entityOf(change).field);
-        if (change.code != "353" || change.type != kInvestorClient) continue;
-        ++pairs;
-        EXPECT_EQ(storm.changes[i - 1].user, change.user);
-        EXPECT_EQ(storm.changes[i - 1].code, "339");
-    }
-    EXPECT_EQ(storm.changes.size(), 1000u);
-    EXPECT_EQ(codes.size(), changeCodes().size());
-    EXPECT_EQ(levels.size(), 5u);
-    EXPECT_GT(pairs, 20);
-    EXPECT_EQ(parseScenario(writeScenario(storm), "storm").value, storm);
 }
 
 // --- The shipped files ---------------------------------------------------------------------------
@@ -172,37 +114,7 @@ TEST(ShippedScenarioTest, EveryFileIsSubmittedAndAcceptedWhole) {
             EXPECT_EQ(server.decideAs("SOMEBODY", server.submit(change), true, ""), "");
         }
     }
-    EXPECT_EQ(files, 6);
-}
-
-// How many users wait for an account, and accounts for a user, as a checker would pair them.
-std::pair<std::size_t, std::size_t> unpaired(const Scenario& scenario) {
-    std::multiset<std::string> users, clients;
-    for (const Change& change : scenario.changes) {
-        if (change.type != kInvestorClient) continue;
-        if (change.code == "339") users.insert(change.user);
-        if (change.code == "353") clients.insert(change.user);
-    }
-    std::pair<std::size_t, std::size_t> halves{};
-    for (const std::string& id : users) halves.first += clients.contains(id) ? 0 : 1;
-    for (const std::string& id : clients) halves.second += users.contains(id) ? 0 : 1;
-    return halves;
-}
-
-TEST(ShippedScenarioTest, TheFilesHoldWhatTheirNamesPromise) {
-    using Halves = std::pair<std::size_t, std::size_t>;
-    EXPECT_EQ(unpaired(shipped(kScenarios / "investors.txt")), (Halves{1, 2}));
-    EXPECT_EQ(unpaired(shipped(kScenarios / "session.txt")), (Halves{1, 0}));
-    std::set<int> levels;
-    for (const Change& change : shipped(kScenarios / "limits.txt").changes)
-        levels.insert(entityOf(change).field);
-    EXPECT_EQ(levels, (std::set<int>{field::kBroker, field::kBranch, field::kGroup, field::kUser,
-                                     field::kClient}));
-    int own = 0;
-    for (const Change& change : shipped(kScenarios / "session.txt").changes)
-        own += change.maker == "RISKADM1" ? 1 : 0;
-    EXPECT_EQ(own, 1);
-    EXPECT_EQ(shipped(kScenarios / "storm.txt"), makeStorm(1000, 1));
+    EXPECT_EQ(files, 5);
 }
 
 }  // namespace

@@ -80,30 +80,6 @@ protected:
     Checker checker{server, {{field::kBroker, ""}, {field::kKey, ""}}};
 };
 
-TEST_F(ServerTest, PublishesExactlyWhatIsKnownOfAChange) {
-    const std::string first = server.submit(modifyUser());
-    const std::string second = server.submit(clientLimits());
-    EXPECT_EQ(server.pendingDeliveries(), 2u);
-    EXPECT_TRUE(checker.published.empty());
-    checker.takeAll();
-
-    ASSERT_EQ(checker.published.size(), 2u);
-    EXPECT_EQ(checker.published[0], fieldsOf({{54211, "auth pending"},
-                                              {51803, first},
-                                              {63713, "340"},
-                                              {54036, "DEALER"},
-                                              {54247, "MAKER01"},
-                                              {64056, "ZEKB"},
-                                              {64053, "MUM01"},
-                                              {31003, "DLR101"}}));
-    EXPECT_EQ(checker.published[1], fieldsOf({{54211, "auth pending"},
-                                              {51803, second},
-                                              {63713, "360"},
-                                              {54247, "MAKER02"},
-                                              {54001, "C10021"}}));
-    EXPECT_LT(std::stoi(first), std::stoi(second));
-}
-
 TEST_F(ServerTest, SubscriptionsFilterByExactValues) {
     struct Row {
         const char* what;
@@ -125,66 +101,6 @@ TEST_F(ServerTest, SubscriptionsFilterByExactValues) {
         other.takeAll();
         EXPECT_EQ(other.published.size(), row.receives ? 1u : 0u) << row.what;
         server.disconnect(other.connection);
-    }
-}
-
-TEST_F(ServerTest, AConnectionReceivesEachPublicationOnceUntilItUnsubscribes) {
-    server.subscribe(checker.connection, {{field::kBroker, "ZEKB"}});
-    server.submit(modifyUser());
-    checker.takeAll();
-    EXPECT_EQ(checker.published.size(), 1u);
-
-    server.submit(modifyUser());
-    EXPECT_TRUE(server.unsubscribe(checker.connection));
-    server.submit(modifyUser());
-    checker.takeAll();
-    EXPECT_EQ(checker.published.size(), 1u);  // what waited was dropped too
-
-    server.subscribe(checker.connection, {{field::kBroker, ""}});
-    server.submit(modifyUser());
-    checker.takeAll();
-    EXPECT_EQ(checker.published.size(), 2u);
-}
-
-TEST_F(ServerTest, ADisconnectedReceiverIsNeverCalled) {
-    server.submit(modifyUser());
-    server.disconnect(checker.connection);
-    checker.takeAll();
-    EXPECT_TRUE(checker.published.empty());
-    EXPECT_EQ(server.pendingDeliveries(), 0u);
-    EXPECT_EQ(server.handle(checker.connection, nullptr), 0);
-    EXPECT_EQ(server.subscribe(checker.connection, {}), 0);
-    EXPECT_FALSE(server.unsubscribe(checker.connection));
-}
-
-TEST_F(ServerTest, DetailsNameTheEntityThenCarryEveryOccurrence) {
-    const std::string user = server.submit(modifyUser());
-    checker.ask(fieldsOf({{0, "om_get_auth_user_details"}, {54247, "RISKADM1"}, {51803, user}}));
-    EXPECT_EQ(checker.answers.back(), (Fields{{32767, {"om_get_auth_user_details"}},
-                                              {51803, {user}},
-                                              {31003, {"DLR101"}},
-                                              {30001, {"Asha Iyer", "Asha Rao"}},
-                                              {44201, {"DAY", "IOC"}},
-                                              {64710, {std::nullopt}}}));
-
-    Change limits = clientLimits();
-    limits.fields.insert(limits.fields.begin(), {54001, {"C10021", "C10020"}});
-    const std::string key = server.submit(limits);
-    checker.ask(fieldsOf({{0, "om_get_auth_limits_details"}, {54247, "RISKADM1"}, {51803, key}}));
-    EXPECT_EQ(findField(checker.answers.back(), 54001)->occurrences.size(), 2u);
-    EXPECT_EQ(checker.answers.back().size(), 5u);
-}
-
-TEST_F(ServerTest, LimitsAreOfTheWidestLevelNamed) {
-    Change change = clientLimits();
-    const std::pair<std::string Change::*, int> levels[] = {{&Change::client, 54001},
-                                                            {&Change::user, 31003},
-                                                            {&Change::group, 64052},
-                                                            {&Change::branch, 64053},
-                                                            {&Change::broker, 64056}};
-    for (const auto& [text, id] : levels) {
-        change.*text = "X";
-        EXPECT_EQ(entityOf(change), (Entity{id, "X"}));
     }
 }
 
@@ -211,41 +127,6 @@ TEST_F(ServerTest, AcceptingAppliesTheChangeAndPublishesTheOutcome) {
                                                         {50110, {"asha@example.in"}},
                                                         {44201, {"DAY", "IOC"}},
                                                         {64710, {std::nullopt}}}}));
-}
-
-TEST_F(ServerTest, RejectingKeepsTheStateAndTheReason) {
-    const std::string key = server.submit(modifyUser());
-    Fields request = decisionOn(key, "340", "rejected");
-    request.push_back(makeField(field::kError, "wrong branch"));
-    checker.ask(request);
-    EXPECT_EQ(checker.lastError(), "");
-    EXPECT_EQ(textOf(checker.published.back(), field::kStatus), "rejected");
-    EXPECT_EQ(server.decision(key), (Decision{false, "RISKADM1", "wrong branch"}));
-    EXPECT_EQ(server.registry().user("DLR101"), nullptr);
-}
-
-TEST_F(ServerTest, AddsAndDeletesUsersAndClients) {
-    Change user = modifyUser();
-    user.code = "339";
-    user.fields = {{63001, {"nse_cm", "nse_fo"}}};
-    Change client = user;
-    client.code = "353";
-    client.client = "C1";
-    client.group = "HNI";
-    server.registry().put(User{"DLR101", "OLDB", "", "", {{50110, {"was here before"}}}});
-    server.decideAs("OTHER", server.submit(user), true, "");
-    server.decideAs("OTHER", server.submit(client), true, "");
-    ASSERT_NE(server.registry().user("DLR101"), nullptr);
-    EXPECT_EQ(server.registry().user("DLR101")->fields, user.fields);  // in an addition all are new
-    EXPECT_EQ(*server.registry().client("C1"),
-              (Client{"C1", "DLR101", "ZEKB", "MUM01", "HNI", "DEALER", user.fields}));
-
-    user.code = "365";
-    client.code = "366";
-    server.decideAs("OTHER", server.submit(client), true, "");
-    server.decideAs("OTHER", server.submit(user), true, "");
-    EXPECT_EQ(server.registry().client("C1"), nullptr);
-    EXPECT_EQ(server.registry().user("DLR101"), nullptr);
 }
 
 TEST_F(ServerTest, AnUpdateEditsTheNewValuesAndLeavesTheChangePending) {
@@ -312,19 +193,14 @@ TEST_F(ServerTest, RefusesWhatCannotBeMetAndChangesNothing) {
         {with(accept, 63713, "339"), "Change " + user + " has another functionality code"},
         {with(accept, 54294, "MAKER01"), "Change " + user + " is MAKER01's own"},
         {with(accept, 31003, "DLR102"), "Change " + user + " is about another entity"},
-        {with(accept, 54001, "C10021"), "Change " + user + " is about another entity"},
         {with(accept, 10303, "Accepted"), "No such decision: Accepted"},
         {with(accept, 10303, "rejected"), "Field 32766 is missing"},
         {with(accept, 64031, "1"), "Only a limits change that is accepted can be updated"},
         {with(with(with(decisionOn(limits, "360", "rejected"), 32766, "no"), 64031, "1"), 1, "2"),
          "Only a limits change that is accepted can be updated"},
         {fieldsOf({{0, kDecide}, {51803, user}}), "Field 10303 is missing"},
-        {fieldsOf({{0, kRecover}}), "Field 31003 is missing"},
-        {details, "Field 51803 is missing"},
         {with(details, 51803, limits), "Change " + limits + " has another functionality code"},
-        {with(details, 51803, done), "Change " + done + " is decided already"},
         {with(accept, 0, "om_place_order"), "Unknown request: om_place_order"},
-        {{{51803, {std::nullopt}}}, "Unknown request: "},
     };
     for (const auto& [request, error] : rows) {
         const std::size_t before = checker.answers.size();
@@ -340,45 +216,6 @@ TEST_F(ServerTest, RefusesWhatCannotBeMetAndChangesNothing) {
     EXPECT_EQ(server.pending(limits)->fields, clientLimits().fields);
     EXPECT_EQ(checker.published.size(), 4u);
     EXPECT_TRUE(server.registry().users().empty());
-}
-
-TEST_F(ServerTest, AReceiverMayAskAndDisconnectFromItsOwnCallback) {
-    int notices = 0;
-    server.setQueuedNotice([&] { ++notices; });
-    int own = 0;
-    std::vector<std::string> heard;
-    own = server.connect(
-        {[&](void* message) {
-             server.disconnect(own);
-             heard.push_back(*textOf(readFields(message), 32767));
-         },
-         [&](void*) {
-             heard.push_back("published");
-             const OwnedMessage request(fieldsOf({{0, kRecover}, {31003, "RISKADM1"}}));
-             server.handle(own, request.handle());
-         }});
-    server.subscribe(own, {{field::kKey, ""}});
-    server.unsubscribe(checker.connection);
-    server.submit(modifyUser());
-    int deliveries = 0;
-    while (server.deliverNext()) ++deliveries;
-    EXPECT_EQ(heard, (std::vector<std::string>{"published", kRecover}));
-    EXPECT_EQ(notices, deliveries);
-    EXPECT_EQ(notices, 2);
-}
-
-TEST_F(ServerTest, AStormIsDecidedToTheLast) {
-    const Scenario storm = makeStorm(20000, 7);
-    for (const Change& change : storm.changes) server.submit(change);
-    const std::vector<std::string> keys = server.pendingKeys();
-    ASSERT_EQ(keys.size(), 20000u);
-    EXPECT_EQ(std::set<std::string>(keys.begin(), keys.end()).size(), keys.size());
-    for (std::size_t i = 0; i < keys.size(); ++i)
-        EXPECT_EQ(server.decideAs("RISKADM1", keys[keys.size() - 1 - i], i % 3 != 0, "no"), "");
-    EXPECT_EQ(server.pendingCount(), 0u);
-    EXPECT_EQ(server.pendingDeliveries(), 40000u);
-    checker.takeAll();
-    EXPECT_EQ(textOf(checker.published.back(), field::kKey), keys.front());
 }
 
 }  // namespace

@@ -30,22 +30,4 @@ TEST(ControlPos, ButtonsStayThenMoveThenFlow) {
         EXPECT_EQ(placeRow(kButtons, each.width, kMetrics), each.places) << each.width;
 }
 
-TEST(ControlPos, NeverOverlapClipOrTurnNegative) {
-    for (int width = 0; width < 600; ++width) {
-        const auto places = placeRow(kButtons, width, kMetrics);
-        ASSERT_EQ(places.size(), kButtons.size());
-        for (std::size_t i = 0; i < places.size(); ++i) {
-            ASSERT_GE(places[i].width(), 0) << width;
-            ASSERT_EQ(places[i].height(), 23) << width;
-            ASSERT_TRUE(width < 10 || places[i].right <= width - kMetrics.margin) << width;
-            if (i == 0) continue;
-            const bool below = places[i].top >= places[i - 1].bottom;
-            const bool beside =
-                places[i].top == places[i - 1].top && places[i].left >= places[i - 1].right;
-            ASSERT_TRUE(below || beside) << width;
-        }
-    }
-    EXPECT_TRUE(placeRow({}, 100, kMetrics).empty());
-}
-
 }  // namespace

@@ -82,7 +82,6 @@ TEST(Accept, PairsInvestorsUsersWithTheirClients) {
         Lines accepted;        // keys
         std::string unpaired;  // as the message box names them
     } cases[] = {
-        {"nothing selected", {}, {}, ""},
         {"changes of others go at once",
          {{"1", "339", "DEALER", "U", ""},
           {"2", "353", "RETAIL", "C", "U"},
@@ -102,13 +101,10 @@ TEST(Accept, PairsInvestorsUsersWithTheirClients) {
          {client("1", "U"), plain("2"), user("3", "U"), plain("4")},
          {"2", "4", "3", "1"},
          ""},
-        {"a user alone", {user("1", "U")}, {}, "  U"},
-        {"a client alone", {client("1", "U")}, {}, "  CL1"},
         {"from the last to the first",
          {user("1", "U1"), user("2", "U2"), user("3", "U3")},
          {},
          "  U3  U2  U1"},
-        {"clients too", {client("1", "U1"), client("2", "U2")}, {}, "  CL2  CL1"},
         {"clients stay unnamed while a user is unpaired",
          {user("1", "U1"), client("2", "U2"), client("3", "U3")},
          {},
@@ -129,10 +125,6 @@ TEST(Accept, PairsInvestorsUsersWithTheirClients) {
          {user("1", "U"), user("2", "U"), client("3", "U")},
          {"2", "3", "1", "3"},
          ""},
-        {"the last of two clients takes the user",
-         {client("1", "U"), client("2", "U"), user("3", "U")},
-         {"3", "2"},
-         "  CL1"},
         {"the last of two clients takes both users",
          {client("1", "U"), client("2", "U"), user("3", "U"), user("4", "U"), plain("5")},
          {"5", "4", "2", "3", "2"},
@@ -159,15 +151,6 @@ TEST(Accept, PairsInvestorsUsersWithTheirClients) {
         EXPECT_EQ(f.host.said, said);
         EXPECT_EQ(f.changes.size(), each.rows.size()) << "no decision removes a row";
     }
-}
-
-TEST_F(Decisions, AcceptOnlyWhatIsSelected) {
-    list({user("1", "U"), plain("2"), client("3", "U"), plain("4")});
-    const PendingChange selected[] = {changes.at(0), changes.at(3)};
-    acceptSelected(selected, changes, requests, host);
-    EXPECT_EQ(decisions(), Lines{"accepted 4"});
-    ASSERT_EQ(host.said.size(), 3u);
-    EXPECT_EQ(host.said[1], "box Autenticate User and Account for  U");
 }
 
 TEST_F(Decisions, AFailingUserWithholdsItsClient) {
@@ -208,18 +191,6 @@ TEST_F(Decisions, AcceptSkipsWhatWasDecidedBehindAMessageBox) {
     EXPECT_EQ(decisions(), (Lines{"accepted 3", "accepted 4", "accepted 5"}));
     EXPECT_EQ(host.said[host.said.size() - 2], "box Autenticate User and Account for  X")
         << "what was decided is not named as left over";
-}
-
-TEST_F(Decisions, NamesUnpairedChangesThatWereDecidedBehindTheirMessageBox) {
-    list({user("1", "U"), user("2", "V")});
-    host.whileBoxIsOpen = [this] {
-        changes.removeRecord("1");
-        changes.removeRecord("2");
-    };
-    acceptAll();
-    EXPECT_EQ(host.said, (Lines{"box Autenticate User and Account for  V  U",
-                                "log Autenticate User and Account for  V  U"
-                                "For Investor client Autenticate User and Client Together"}));
 }
 
 TEST_F(Decisions, RejectSendsTheReasonInRowOrderWithoutPairing) {

@@ -13,22 +13,9 @@ TEST(Exchanges, ConvertBetweenTheirThreeNames) {
         std::string_view name, display;
         int id;
     } rows[] = {
-        {"nse_cm", "NSE", 64700},
-        {"NSE", "", 64700},
-        {"Nse", "", -1},
-        {" NSE", "", -1},
-        {"mcx_sx", "MCXSX", 64704},
-        {"MCX", "", 64704},
-        {"nse_slb", "SLBM", 64731},
-        {"SLBM", "", 64731},
-        {"binx_fo", "", 64741},
-        {"BINX", "", 64741},
-        {"nse_com", "NCO", 61626},
-        {"ncx_fo", "NCDEX", 64702},
-        {"nse_mf", "MFSS", -1},
-        {"MFSS", "", -1},
-        {"any", "ANY", -1},
-        {"", "", -1},
+        {"nse_cm", "NSE", 64700},   {"NSE", "", 64700},     {" NSE", "", -1},
+        {"mcx_sx", "MCXSX", 64704}, {"MCX", "", 64704},     {"nse_slb", "SLBM", 64731},
+        {"binx_fo", "", 64741},     {"nse_mf", "MFSS", -1}, {"", "", -1},
     };
     for (const auto& [name, display, id] : rows) {
         EXPECT_EQ(SegmentDisplayName(name), display) << name;
@@ -44,26 +31,6 @@ TEST(Exchanges, AnIdKeepsItselfOnTheWayThroughItsName) {
     for (const auto& [id, name] : rows) EXPECT_EQ(ExchangeNameFromId(id), name) << id;
     for (const int id : kExchangeIds) EXPECT_EQ(ExchangeIdFromName(ExchangeNameFromId(id)), id);
     EXPECT_EQ(std::size(kExchangeIds), 21u);
-}
-
-TEST(Captions, ALaterEntryWinsAndSpellingsStand) {
-    const std::pair<int, std::string_view> rows[] = {
-        {64211, "Buy Sec Limit"},
-        {64329, "Margin Sqr Off Perc Warn"},
-        {50110, "Email Add"},
-        {63212, "Access Type"},
-        {63220, "Access Type"},
-        {10025, "Rule"},
-        {31003, "Dealer ID"},
-        {64998, "Bank Address 6"},
-        {64935, "Client DOB"},
-        {31803, ""},
-        {0, ""},
-        {-1, ""},
-        {10024, ""},
-        {65000, ""},
-    };
-    for (const auto& [mnemonic, caption] : rows) EXPECT_EQ(captionOf(mnemonic), caption);
 }
 
 }  // namespace

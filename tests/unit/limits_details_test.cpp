@@ -61,14 +61,10 @@ TEST(LimitsDetails, WhatTellsSomethingDependsOnWhoseLimitsTheyAre) {
     };
     const Case cases[] = {
         {{{MNM_BROKER, "B"}, {64031, "1"}}, nullptr},
-        {{{MNM_BRANCH, "B"}, {64031, "1"}}, nullptr},
         {{{MNM_BROKER, "B"}, {64031, "1"}, {64420, "2"}}, "RMS Limit For: Broker - B"},
         {{{MNM_BRANCH, "B"}, {41282, "1"}}, "RMS Limit For: Branch - B"},
-        {{{MNM_ACCOUNT_GROUP, "G"}, {64031, "1"}}, "RMS Limit For: Account Group - G"},
-        {{{MNM_USER, "U"}, {64031, "1"}}, "RMS Limit For: Dealer - U"},
         {{{MNM_USER, "U"}, {MNM_BROKER, "B"}, {64031, "1"}}, "RMS Limit For: Broker - B"},
         {{{MNM_ACCOUNT_ID, "C"}, {41046, "1"}}, nullptr},
-        {{{MNM_ACCOUNT_ID, "C"}, {64174, "OK"}}, nullptr},
         {{{MNM_ACCOUNT_ID, "C"}, {64031, kUnreadable}, {64031, "1"}}, nullptr},
         {{{MNM_ACCOUNT_ID, kUnreadable}, {64031, "1"}}, nullptr},
         {{{41336, "1"}}, "Premium Net Limit: 1"},

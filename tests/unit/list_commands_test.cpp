@@ -11,35 +11,6 @@ namespace {
 using Menu = std::vector<ListMenuEntry>;
 const ListMenuEntry kSeparator{0, {}};
 
-TEST(ListMenus, OfferWhatTheListAndTheHostAllow) {
-    EXPECT_EQ(itemMenu({}), (Menu{{kGridLinesCommand, "Draw Grid Lines\tShift+G"}}));
-
-    ListOffers all;
-    all.reposition = all.customize = all.exportAllowed = all.filters = all.matchExactly = true;
-    all.exportEnabled = false;
-    EXPECT_EQ(itemMenu(all), (Menu{{kExportCommand, "Write to Excel\tShift+E", true},
-                                   {kGridLinesCommand, "Draw Grid Lines\tShift+G"},
-                                   {kCustomizeCommand, "Customize \t Ctrl+Shift+C"},
-                                   {kCopyCommand, "Copy to Clip Board\tCtrl+C"}}));
-    EXPECT_EQ(headerMenu(all), (Menu{{kRepositionCommand, "Reposition Columns"},
-                                     {kFitToDataCommand, "Fit to Data"},
-                                     {kFitToHeaderCommand, "Fit to Header"},
-                                     {kFitToWindowCommand, "Fit to Window"},
-                                     kSeparator,
-                                     {kResetFiltersCommand, "Reset Filters"},
-                                     {kMatchExactlyCommand, "Match Filter Exactly", false, true},
-                                     kSeparator}));
-    ListOffers userColumns;
-    userColumns.userColumns = true;
-    EXPECT_EQ(headerMenu(userColumns).at(4),
-              (ListMenuEntry{kDeleteColumnCommand, "Delete Custom Column...", true}));
-    userColumns.hasUserColumns = true;
-    EXPECT_FALSE(headerMenu(userColumns).at(4).greyed);
-    EXPECT_EQ(headerMenu({}), (Menu{{kFitToDataCommand, "Fit To Data"},
-                                    {kFitToHeaderCommand, "Fit to Header"},
-                                    {kFitToWindowCommand, "Fit to Window"}}));
-}
-
 TEST(ListKeys, RunTheirCommands) {
     ListOffers all;
     all.customize = all.exportAllowed = true;

@@ -36,29 +36,6 @@ TEST(AnswerError, IsReadFromItsField) {
     }
 }
 
-TEST(FieldReader, KeepsWhatItCannotReplace) {
-    const auto message = makeMessage({{1, "one"}, {2, kUnreadable}, {3, ""}});
-    const FieldReader reader(message.handle());
-    std::string value = "old";
-    EXPECT_FALSE(reader.read(2, value));
-    EXPECT_FALSE(reader.read(4, value));
-    EXPECT_EQ(value, "old");
-    EXPECT_TRUE(reader.read(3, value));
-    EXPECT_EQ(value, "");
-}
-
-TEST(FieldReader, ReadsOccurrences) {
-    const auto message = makeMessage({{1, "10"}, {2, "x"}, {1, "20"}, {1, kUnreadable}});
-    const FieldReader reader(message.handle());
-    EXPECT_EQ(reader.count(1), 3);
-    EXPECT_EQ(reader.text(1, 1), "20");
-    EXPECT_EQ(reader.integer(1, 1), 20);
-    EXPECT_EQ(reader.text(1, 2), std::nullopt);
-    EXPECT_EQ(reader.text(1, 3), std::nullopt);
-    EXPECT_EQ(reader.text(1, -1), std::nullopt);
-    EXPECT_EQ(reader.integer(2), std::nullopt);
-}
-
 TEST(FieldReader, ReadsNumbersThatAreNumbersAsAWhole) {
     const auto message = makeMessage({{1, "1e3"}, {1, "12 lots"}, {1, "-7"}, {1, ""}});
     const FieldReader reader(message.handle());
@@ -66,14 +43,6 @@ TEST(FieldReader, ReadsNumbersThatAreNumbersAsAWhole) {
     EXPECT_EQ(reader.longInteger(1), std::nullopt);
     EXPECT_EQ(reader.longInteger(1, 2), -7);
     for (const int none : {1, 3, 4, -1}) EXPECT_EQ(reader.number(1, none), std::nullopt) << none;
-}
-
-TEST(FieldReader, FindsNothingInANullMessage) {
-    const FieldReader reader(nullptr);
-    EXPECT_EQ(reader.text(1), std::nullopt);
-    EXPECT_EQ(reader.count(1), std::nullopt);
-    EXPECT_EQ(reader.integer(1), std::nullopt);
-    EXPECT_FALSE(answerError(reader).has_value());
 }
 
 }  // namespace

@@ -72,39 +72,4 @@ TEST(NumberTextTest, WritesTwoDecimalsAsTheLibraryDoes) {
     }
 }
 
-TEST(NumberTextTest, ReadsPlainNumbersOnly) {
-    for (const char* text :
-         {"", ".", "-1", "+1", " 1", "1 ", "1e3", "0x1", "1.2.3", "1,000", "inf"})
-        EXPECT_FALSE(readPlainNumber(text)) << text;
-    EXPECT_EQ(readPlainNumber("5."), 5.0);
-    EXPECT_EQ(readPlainNumber(".5"), 0.5);
-    EXPECT_EQ(readPlainNumber("007.250"), 7.25);
-    EXPECT_EQ(readPlainNumber(std::string(400, '9')), HUGE_VAL);
-    EXPECT_EQ(readPlainNumber(std::string(400, '0').insert(1, ".").append("1")), 0.0);
-    EXPECT_EQ(readPlainNumber(std::string(100'000, '0').append("1")), 1.0);
-}
-
-TEST(NumberTextTest, ReadsPlainNumbersAsTheLibraryDoes) {
-    std::mt19937_64 random(2);
-    std::string text;
-    for (int i = 0; i < 1'000'000; ++i) {
-        text = std::to_string(random());
-        text.resize(1 + random() % text.size());
-        text.insert(random() % (text.size() + 1), random() % 4 != 0 ? "." : "");
-        if (random() % 8 == 0) text += std::to_string(random());
-        if (text == ".") continue;
-        ASSERT_EQ(readPlainNumber(text), std::strtod(text.c_str(), nullptr)) << text;
-    }
-}
-
-TEST(NumberTextTest, ReadsOtherNumbersWhole) {
-    for (const char* text : {"1,000", "1e", "-", "abc", " \t12 shares", "1.2.3"})
-        EXPECT_FALSE(readWholeNumber(text)) << text;
-    EXPECT_EQ(readWholeNumber("-5"), -5.0);
-    EXPECT_EQ(readWholeNumber("1e3"), 1000.0);
-    EXPECT_EQ(readWholeNumber("0x1F"), 31.0);
-    EXPECT_EQ(readWholeNumber("inf"), HUGE_VAL);
-    EXPECT_FALSE(readWholeNumber(std::string_view("1\0", 2)));
-}
-
 }  // namespace

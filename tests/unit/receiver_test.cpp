@@ -43,19 +43,6 @@ TEST(Receiver, RoutesByTheRequestAnswered) {
     }
 }
 
-TEST(Receiver, IgnoresAnAnswerThatNamesNoRequest) {
-    EXPECT_EQ(routed({}), Lines{});
-    // The name in the request's own field does not make it an answer.
-    EXPECT_EQ(routed({{MNM_REQUEST_NAME, "om_get_auth_user_details"}}), Lines{});
-    EXPECT_EQ(routed({{MNM_ANSWERED_REQUEST, kUnreadable},
-                      {MNM_ANSWERED_REQUEST, "om_get_auth_user_details"}}),
-              Lines{});
-
-    AnswerRecorder handler;
-    CMCRxr(handler).onMessage(0, 0, nullptr, nullptr);
-    EXPECT_EQ(handler.taken, Lines{});
-}
-
 TEST(Receiver, LetsNoExceptionIntoTheHost) {
     AnswerRecorder handler;
     handler.throws = true;

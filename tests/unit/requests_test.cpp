@@ -199,63 +199,6 @@ TEST_P(EachRequest, EndsAtTheFirstFailingCallWithItsLine) {
     }
 }
 
-TEST_P(EachRequest, ReportsThatItCouldNotBeSent) {
-    {
-        RequestsFixture f;
-        const ModifiedValues edits = f.details.modifiedValues;
-        f.host.control().works = false;
-        EXPECT_FALSE(GetParam().send(f));
-        EXPECT_EQ(f.host.takeSaid(), Lines{GetParam().sendFailure});
-        EXPECT_EQ(f.details.modifiedValues, edits);
-
-        f.host.control().works = true;
-        EXPECT_TRUE(GetParam().send(f));
-    }
-    RequestsFixture withoutControl({3});
-    EXPECT_FALSE(GetParam().send(withoutControl));
-    EXPECT_EQ(withoutControl.host.said, Lines{GetParam().sendFailure});
-}
-
-// A field that does not fit the message buffer fails like one that the library refuses.
-TEST(Requests, ReportTheFieldThatIsTooLong) {
-    const std::string tooLong(5000, 'x');
-    const std::string half(3000, 'y');
-    sMakeCheckStruct longName = changeOf("353");
-    longName.entityName = tooLong;
-    sMakeCheckStruct longKey = changeOf("339");
-    longKey.key = tooLong;
-    sMakeCheckStruct longCode = changeOf(tooLong);
-    sMakeCheckStruct twoHalves = changeOf("340");
-    twoHalves.entityName = half;
-
-    const struct {
-        std::string line;
-        std::function<void(RequestsFixture&)> send;
-    } cases[] = {
-        {"error MNM_ACCOUNT_ID failed while sending om_authenticate_functionality",
-         [&](auto& f) { f.requests->sendAccept(longName); }},
-        {"error 51803 failed while sending om_authenticate_functionality",
-         [&](auto& f) { f.requests->sendAccept(longKey); }},
-        {"error 51803 Failed while sending om_authenticate_functionality",
-         [&](auto& f) { f.requests->sendReject(longKey, "no"); }},
-        {"log Request failure", [&](auto& f) { f.requests->sendAccept(longCode); }},
-        {"log Request failure", [&](auto& f) { f.requests->sendReject(twoHalves, half); }},
-        {"log Request failure", [&](auto& f) { f.requests->requestUserDetails(tooLong); }},
-        {"error MNM_STATUS failed while sending om_authenticate_functionality",
-         [&](auto& f) {
-             f.details.modifiedValues[64211] = tooLong;
-             f.requests->sendLimitsUpdate();
-         }},
-    };
-    for (const auto& each : cases) {
-        RequestsFixture f;
-        each.send(f);
-        EXPECT_EQ(f.host.takeSaid(), Lines{each.line});
-        EXPECT_TRUE(f.host.control().sent.empty());
-        EXPECT_EQ(f.requests->sendRecovery(), 1) << "the next message starts empty";
-    }
-}
-
 TEST(Requests, UpdateSendsNothingWithoutEdits) {
     RequestsFixture f;
     f.details.modifiedValues.clear();
@@ -288,14 +231,6 @@ TEST(Requests, DetailsAreOnShowFromJustBeforeTheyAreAskedFor) {
     EXPECT_EQ(f.requests->requestAccountDetails("1002"), 0);
     EXPECT_EQ(shownWhileSending, "1002");
     EXPECT_EQ(f.details.key, "1002");
-}
-
-TEST(Requests, KindNoneHasNoDetails) {
-    RequestsFixture f;
-    EXPECT_EQ(f.requests->requestDetails(DetailKind::none, "1002"), 0);
-    EXPECT_TRUE(f.host.control().sent.empty());
-    EXPECT_EQ(f.host.said, Lines{});
-    EXPECT_EQ(f.details.key, "shown before");
 }
 
 }  // namespace

@@ -82,28 +82,6 @@ TEST(ServerLink, BindsAReceiverToEachControlAndReleasesTheSecondFirst) {
     EXPECT_EQ(host.released, (std::vector<int>{3, 0}));
 }
 
-TEST(ServerLink, LivesWithoutAnyControlThatTheHostDoesNotMake) {
-    const struct {
-        std::set<int> made;
-        bool canSend;
-        std::vector<int> released;
-    } cases[] = {{{}, false, {}}, {{3}, false, {3}}, {{0}, true, {0}}};
-    for (const auto& each : cases) {
-        FakeHost host;
-        host.controlKinds = each.made;
-        AnswerRecorder answers;
-        {
-            serverLink link(host, answers);
-            EXPECT_EQ(canSend(link), each.canSend);
-            EXPECT_EQ(link.subscribe(), 1);
-            EXPECT_EQ(link.unsubscribe(), each.canSend ? 1 : 0);
-        }
-        const Lines failures{"log Failed to subscribe ", "log Failed to Unsubscribe"};
-        EXPECT_EQ(host.said, each.canSend ? Lines{} : failures);
-        EXPECT_EQ(host.released, each.released);
-    }
-}
-
 TEST(ServerLink, WithoutTheControlServiceSaysSoAndReleasesNothing) {
     FakeHost host;
     host.hasControlService = false;
@@ -120,22 +98,6 @@ TEST(ServerLink, WithoutTheControlServiceSaysSoAndReleasesNothing) {
     link.reset();
     EXPECT_EQ(otp_fail_call(0), 0) << "no handle is closed";
     EXPECT_EQ(host.takeSaid(), Lines{"log Destroying Quon Connection Failed"});
-}
-
-TEST(ServerLink, ReleasesNothingWhenTheControlServiceIsGone) {
-    FakeHost host;
-    AnswerRecorder answers;
-    std::optional<serverLink> link;
-    {
-        const HandlesMayStay mayStay;
-        link.emplace(host, answers);
-    }
-    host.hasControlService = false;
-    otp_fail_call(0);
-    link.reset();
-    EXPECT_EQ(otp_fail_call(0), 0) << "no handle is closed";
-    EXPECT_EQ(host.said, Lines{"log Destroying Quon Connection Failed"});
-    EXPECT_EQ(host.released, std::vector<int>{});
 }
 
 TEST(ServerLink, SubscribesToWhatThePrivilegeLevelMaySee) {
@@ -164,23 +126,6 @@ TEST(ServerLink, SubscribesToWhatThePrivilegeLevelMaySee) {
         EXPECT_TRUE(host.controls.at(3)->subscriptions.empty());
         EXPECT_EQ(host.said, Lines{});
     }
-}
-
-TEST(ServerLink, ReportsAFailingSubscriptionAndUnsubscription) {
-    FakeHost host;
-    AnswerRecorder answers;
-    serverLink link(host, answers);
-    host.control().works = false;
-    EXPECT_EQ(link.subscribe(), 1);
-    EXPECT_EQ(host.takeSaid(), Lines{"log Failed to subscribe "});
-    EXPECT_EQ(link.unsubscribe(), 0);
-    EXPECT_EQ(host.takeSaid(), Lines{"log Failed to Unsubscribe"});
-
-    host.control().works = true;
-    EXPECT_EQ(link.unsubscribe(), 1);
-    EXPECT_EQ(host.control().unsubscribed, 1);
-    EXPECT_EQ(host.controls.at(3)->unsubscribed, 0);
-    EXPECT_EQ(host.said, Lines{});
 }
 
 }  // namespace

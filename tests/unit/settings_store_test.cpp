@@ -70,30 +70,6 @@ protected:
     std::string path = kPath;
 };
 
-TEST_F(SettingsStoreTest, BuildsThePathAndItsFolderOnEveryCall) {
-    EXPECT_EQ(store.GetUserSettingPath(), kPath);
-    files.roaming = "D:\\Elsewhere";
-    EXPECT_EQ(store.GetUserSettingPath(),
-              "D:\\Elsewhere\\Ostravine\\VoskTrader\\\\UserSetting.ini");
-    EXPECT_EQ(files.calls,
-              (std::vector<std::string>{std::string("folder ") + kFolder,
-                                        "folder D:\\Elsewhere\\Ostravine\\VoskTrader\\"}));
-}
-
-TEST_F(SettingsStoreTest, TheFirstWriteCreatesTheFile) {
-    EXPECT_EQ(access(SETTING_READ), 0);
-    EXPECT_EQ(value, "");
-    EXPECT_EQ(error, "Did not detect : UserSetting.ini");
-
-    error = "untouched";
-    value = "stored";
-    EXPECT_EQ(access(SETTING_WRITE), 1);
-    value.clear();
-    EXPECT_EQ(access(SETTING_READ), 1);
-    EXPECT_EQ(value, "stored");
-    EXPECT_EQ(error, "untouched");
-}
-
 TEST_F(SettingsStoreTest, ReadsFailWithTheValueThatSaysWhy) {
     files.files.insert(kPath);
     const std::string longest(4095, 'x');
@@ -144,25 +120,6 @@ TEST_F(SettingsStoreTest, AWriteTriesTwoModes) {
     }
 }
 
-TEST_F(SettingsStoreTest, NamesTheFileByWhatFollowsTheLastBackslash) {
-    for (const char* name : {"plain.ini", "C:\\dir/x.ini", "C:\\dir\\"}) {
-        path = name;
-        EXPECT_EQ(access(SETTING_READ), 0);
-        EXPECT_EQ(error, "Did not detect : " + path.substr(path.rfind('\\') + 1));
-    }
-}
-
-TEST_F(SettingsStoreTest, AnyOtherModeTouchesNothing) {
-    files.files.insert(kPath);
-    for (const int mode : {2, -1, 99}) {
-        EXPECT_EQ(access(mode), 0);
-        EXPECT_EQ(store.AccessColumnProfile(mode, "LIST", value), 0);
-    }
-    EXPECT_EQ(value, "before");
-    EXPECT_EQ(error, "untouched");
-    EXPECT_TRUE(files.calls.empty());
-}
-
 TEST_F(SettingsStoreTest, AColumnProfileStandsInTheSectionOfItsList) {
     EXPECT_EQ(store.AccessColumnProfile(SETTING_READ, "LIST", value), 0);
     EXPECT_EQ(value, "");
@@ -188,22 +145,6 @@ TEST_F(SettingsStoreTest, SplitterSizesAreWrittenButDoNotComeBack) {
     const auto before = files.values;
     store.saveSplitterSize("", 240);
     EXPECT_EQ(files.values, before);
-}
-
-TEST_F(SettingsStoreTest, ABarKeepsItsSizeInTheFileThatItNames) {
-    EXPECT_EQ(store.loadBarSize("bar.ini", kDialogBarSection, 77), kDefaultBarSize);
-    store.saveBarSize("bar.ini", kDialogBarSection, 77, {640, 31});
-    EXPECT_EQ((files.values[{"bar.ini", "VOSK_DIALOG_BAR_SIZE", "77"}]), "640,31");
-    EXPECT_EQ(store.loadBarSize("bar.ini", kDialogBarSection, 77), (BarSize{640, 31}));
-
-    const auto before = files.values;
-    store.saveBarSize("", kDialogBarSection, 77, {1, 1});
-    EXPECT_EQ(store.loadBarSize("", kDialogBarSection, 77), std::nullopt);
-    EXPECT_EQ(files.values, before);
-    EXPECT_TRUE(files.calls.empty()) << "the bar's file is neither probed nor placed";
-
-    files.values[{"bar.ini", "VOSK_DIALOG_BAR_SIZE", "77"}] = "5," + std::string(40, '9');
-    EXPECT_EQ(store.loadBarSize("bar.ini", kDialogBarSection, 77), (BarSize{5, 2147483647}));
 }
 
 TEST(BarSizeTest, ReadsWhatItCanUse) {

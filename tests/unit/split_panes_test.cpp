@@ -51,37 +51,4 @@ TEST(SplitPanes, ABarStopsAtItsNeighboursLeastSizes) {
     EXPECT_EQ(sizes(panes), (std::vector<int>{200, 200, 200}));
 }
 
-TEST(SplitPanes, TakeAStoredSize) {
-    SplitPanes panes(2);
-    panes.setRoom(406, kMetrics);
-    panes.setSize(0, 120);
-    EXPECT_EQ(sizes(panes), (std::vector<int>{120, 280}));
-    panes.setSize(1, 90);
-    EXPECT_EQ(sizes(panes), (std::vector<int>{310, 90}));
-    panes.setSize(0, 0);
-    EXPECT_EQ(sizes(panes), (std::vector<int>{60, 340}));
-}
-
-TEST(SplitPanes, FillAnyRoomWhateverIsDone) {
-    std::mt19937 random(7);
-    const auto between = [&](int from, int to) {
-        return std::uniform_int_distribution(from, to)(random);
-    };
-    for (int round = 0; round < 2000; ++round) {
-        SplitPanes panes(static_cast<std::size_t>(between(1, 5)));
-        for (int step = 0; step < 6; ++step) {
-            const int room = between(0, step % 2 == 0 ? 40 : 1000);
-            panes.setRoom(room, {between(0, 8), between(0, 200)});
-            panes.moveBar(static_cast<std::size_t>(between(0, 5)), between(-100, 1100));
-            int end = 0;
-            for (std::size_t i = 0; i < panes.count(); ++i) {
-                ASSERT_GE(panes.sizeOf(i), 0);
-                ASSERT_GE(panes.startOf(i), end);
-                end = panes.startOf(i) + panes.sizeOf(i);
-            }
-            ASSERT_TRUE(room <= 40 || end == room);
-        }
-    }
-}
-
 }  // namespace

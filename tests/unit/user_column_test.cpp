@@ -17,45 +17,17 @@ ColumnModel limits() {
     return model;
 }
 
-TEST(UserColumn, OffersEveryColumnThatCanHoldNumbers) {
-    EXPECT_EQ(columnsForExpressions(limits()),
-              (std::vector<ColumnId>{ColumnId{0}, ColumnId{1}, ColumnId{3}, ColumnId{4}}));
-    EXPECT_EQ(userDefinedColumns(limits()), std::vector<ColumnId>{ColumnId{4}});
-}
-
-TEST(UserColumn, ColumnsNeedCaptionsOfTheirOwn) {
-    EXPECT_TRUE(canDefineColumns(limits()));
-    EXPECT_FALSE(canDefineColumns({}));
-    static constexpr sVoskColInfo twins[] = {{"A", 75, 1, ColumnType::text},
-                                             {"A", 75, 1, ColumnType::text}};
-    ColumnModel model;
-    model.install(twins);
-    EXPECT_FALSE(canDefineColumns(model));
-}
-
 TEST(UserColumn, ButtonsAppendToBothTexts) {
-    const struct {
-        const char *displayed, *internal, *displayedAlone, *internalAlone;
-    } expected[] = {
-        {"\"Limit\" + ", " \"1\"+", "+", " +"},       {"\"Limit\" - ", " \"1\"-", "-", " -"},
-        {"\"Limit\" * ", " \"1\"*", "*", " *"},       {"\"Limit\" / ", " \"1\"/", "/", " /"},
-        {"\"Limit\" ( ", " \"1\"(", "(", " ("},       {"\"Limit\" ) ", " \"1\")", ")", " )"},
-        {"\"Limit\" ^ 2 ", " \"1\"^2", "^ 2", " ^2"}, {"\"Limit\" ^ ", " \"1\"^", "^", " ^"},
-    };
     const ColumnModel columns = limits();
-    for (std::size_t i = 0; i < std::size(expected); ++i) {
-        std::string text, alone;
-        EXPECT_STREQ(pressButton(kExpressionButtons[i], false, {}, columns, text),
-                     "Please select a Column Name");
-        EXPECT_EQ(text, "");
-        EXPECT_EQ(pressButton(kExpressionButtons[i], false, ColumnId{1}, columns, text), nullptr);
-        EXPECT_EQ(pressButton(kExpressionButtons[i], true, {}, columns, alone), nullptr);
-        EXPECT_EQ(text, expected[i].displayed);
-        EXPECT_EQ(internalExpression(text, columns), expected[i].internal);
-        EXPECT_EQ(alone, expected[i].displayedAlone);
-        EXPECT_EQ(internalExpression(alone, columns), expected[i].internalAlone);
-    }
-    std::string text("2 * ");
+    const ExpressionButton& squared = kExpressionButtons[6];
+    std::string text, alone;
+    EXPECT_STREQ(pressButton(squared, false, {}, columns, text), "Please select a Column Name");
+    EXPECT_EQ(pressButton(squared, false, ColumnId{1}, columns, text), nullptr);
+    EXPECT_EQ(pressButton(squared, true, {}, columns, alone), nullptr);
+    EXPECT_EQ(text, "\"Limit\" ^ 2 ");
+    EXPECT_EQ(internalExpression(text, columns), " \"1\"^2");
+    EXPECT_EQ(alone, "^ 2");
+    text = "2 * ";
     EXPECT_STREQ(insertColumn({}, columns, text), "No column is selected");
     EXPECT_EQ(insertColumn(ColumnId{4}, columns, text), nullptr);
     EXPECT_EQ(text, "2 * \"Twice\"");
@@ -119,12 +91,6 @@ TEST(UserColumn, ChecksInTheirOrder) {
             EXPECT_TRUE(columns.add(std::get<UserDefinedColumn>(made)));
         }
     }
-}
-
-TEST(UserColumn, IsMadeWithoutTheBlanksAroundIt) {
-    const auto made = newUserColumn("  Sum  ", " \"Key\" + \"Limit\" ", limits());
-    EXPECT_EQ(std::get<UserDefinedColumn>(made),
-              (UserDefinedColumn{"Sum", " \"0\"+\"1\"", "\"Key\" + \"Limit\""}));
 }
 
 }  // namespace

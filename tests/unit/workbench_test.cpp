@@ -46,11 +46,9 @@ TEST_F(WorkbenchTest, ShowsOnlyAnswersForTheChangeThatIsLookedAt) {
         Lines events;  // of the last step
         std::string title;
     } cases[] = {
-        {"none is looked at", {}, "answer user", nothing, "Maker Checker Details"},
         {"its own", {"open 1001"}, "answer user 1001", shown, user1},
         {"without a key", {"open 1001"}, "answer user", shown, user1},
         {"late", {"open 1001", "open 1002"}, "answer user 1001", nothing, user2},
-        {"of another kind", {"open 1001"}, "answer limits 1001", nothing, user1},
         {"of another kind without a key", {"open 1001"}, "answer limits", nothing, user1},
         {"without a key, an older one is awaited",
          {"open 1001", "open 1002"},
@@ -67,25 +65,17 @@ TEST_F(WorkbenchTest, ShowsOnlyAnswersForTheChangeThatIsLookedAt) {
          "answer limits",
          shown,
          "Maker Checker Details: Dealer - DLR101, RMS Limits, 1003"},
-        {"without a key, opened twice", {"open 1001", "open 1001"}, "answer user", shown, user1},
         {"a second answer",
          {"open 1001", "answer user 1001"},
          "answer user 1001",
          {"show again"},
          user1},
-        {"an error",
-         {"open 1001"},
-         "error user 1001",
-         {"empty details"},
-         user1 + " (not shown: no such change)"},
         {"an error without a key",
          {"open 1001"},
          "error user",
          {"empty details"},
          user1 + " (not shown: no such change)"},
-        {"a late error", {"open 1001", "open 1002"}, "error user 1001", nothing, user2},
         {"an older error without a key", {"open 1001", "open 1002"}, "error user", nothing, user2},
-        {"an error of another kind", {"open 1001"}, "error limits", nothing, user1},
         {"an error of the first of two requests",
          {"open 1001", "open 1001"},
          "error user 1001",
@@ -106,7 +96,6 @@ TEST_F(WorkbenchTest, ShowsOnlyAnswersForTheChangeThatIsLookedAt) {
          "new answer user 1001",
          {"show again"},
          user1 + " (changed since you opened it)"},
-        {"another change again", {"open 1001", "answer user 1001"}, "again 1002", {"rows"}, user1},
         {"opened anew",
          {"open 1001", "answer user", "again 1001", "new answer user"},
          "open 1001",
@@ -200,28 +189,6 @@ TEST_F(WorkbenchTest, RecoveryEmptiesTheDetailsAndItsAnswersAreTakenIn) {
     EXPECT_EQ(view.events, (Lines{"empty details", "rows"}));
 }
 
-TEST_F(WorkbenchTest, IgnoresANullMessage) {
-    workbench->handlePublished(nullptr);
-    EXPECT_EQ(view.events, Lines{});
-    EXPECT_EQ(host.menuItemLookups, 0);
-}
-
-TEST_F(WorkbenchTest, GoesWithItsRecordsThenItsDetailsThenItsLink) {
-    list("1001", "339");
-    list("1002", "360");
-    const Workbench& going = *workbench;
-    int emptied = 0;
-    view.whenDetailsEmpty = [&] {
-        ++emptied;
-        EXPECT_EQ(going.changes().size(), 0u);
-        EXPECT_TRUE(host.released.empty());
-    };
-    workbench->close();
-    workbench.reset();
-    EXPECT_EQ(emptied, 1);
-    EXPECT_EQ(host.released, (std::vector<int>{3, 0}));
-}
-
 // Behind the message box of a press that is under way.
 TEST_F(WorkbenchTest, AClosedWorkbenchDecidesAndTakesInNothing) {
     for (const char* key : {"1001", "1002", "1003"}) list(key, "340");
@@ -244,133 +211,6 @@ TEST_F(WorkbenchTest, AClosedWorkbenchDecidesAndTakesInNothing) {
     workbench->update();
     workbench->recover();
     EXPECT_EQ(host.released, (std::vector<int>{3, 0}));
-}
-
-// A checker's workbench at the console's server.
-class WorkbenchAtServer : public WorkbenchTest {
-protected:
-    WorkbenchAtServer() {
-        FakeControl& control = host.control();
-        m_connection = server.connect(
-            {[&control](void* message) { control.receiver->onMessage(0, 0, message, nullptr); },
-             [this](void* message) { workbench->handlePublished(message); }});
-        control.delivered = [this](void* message) { server.handle(m_connection, message); };
-        workbench->subscribe();
-        std::vector<zek::SubscriptionPair> pairs;
-        for (const auto& [field, value] : control.subscriptions.at(0).pairs)
-            pairs.push_back({field, value});
-        server.subscribe(m_connection, pairs);
-    }
-
-    std::string submit(const std::string& code, const std::string& type, const std::string& user,
-                       const std::string& client = "") {
-        zek::Change change;
-        change.code = code;
-        change.type = type;
-        change.maker = "MAKER01";
-        change.broker = "ZEKB";
-        change.user = user;
-        change.client = client;
-        const std::string key = server.submit(change);
-        deliverAll();
-        return key;
-    }
-
-    void deliverAll() {
-        while (server.deliverNext()) {
-        }
-    }
-
-    std::vector<PendingChange> rows() const {
-        std::vector<PendingChange> all;
-        for (std::size_t i = 0; i < workbench->changes().size(); ++i)
-            all.push_back(workbench->changes().at(i));
-        return all;
-    }
-
-    zek::AuthorizationServer server;
-
-private:
-    int m_connection = 0;
-};
-
-TEST_F(WorkbenchAtServer, AnAcceptedChangeIsDecidedAndItsRowGoes) {
-    const std::string key = submit("340", "DEALER", "DLR101");
-    ASSERT_EQ(workbench->changes().size(), 1u);
-    workbench->accept(rows());
-    EXPECT_EQ(workbench->changes().size(), 1u) << "until the outcome is published";
-    deliverAll();
-    EXPECT_EQ(workbench->changes().size(), 0u);
-    EXPECT_EQ(server.decision(key), (zek::Decision{true, "CHECK01", ""}));
-}
-
-TEST_F(WorkbenchAtServer, ARejectionCarriesItsReason) {
-    const std::string key = submit("366", "RETAIL", "DLR101", "CL5");
-    workbench->reject(rows(), [] { return "not agreed"; });
-    deliverAll();
-    EXPECT_EQ(workbench->changes().size(), 0u);
-    EXPECT_EQ(server.decision(key), (zek::Decision{false, "CHECK01", "not agreed"}));
-}
-
-TEST_F(WorkbenchAtServer, AnInvestorsUserAndClientAreDecidedTogether) {
-    const std::string client = submit("353", "INVESTOR_CLIENT", "INV7", "CL7");
-    const std::string other = submit("353", "INVESTOR_CLIENT", "INV8", "CL8");
-    const std::string user = submit("339", "INVESTOR_CLIENT", "INV7");
-    workbench->accept(rows());
-    deliverAll();
-    ASSERT_EQ(workbench->changes().size(), 1u);
-    EXPECT_EQ(workbench->changes().at(0).key, other);
-    EXPECT_TRUE(server.decision(user)->accepted);
-    EXPECT_TRUE(server.decision(client)->accepted);
-    EXPECT_EQ(server.decision(other), std::nullopt);
-}
-
-TEST_F(WorkbenchAtServer, RecoveryBringsBackWhatWasMissed) {
-    host.roles = {};
-    const std::string first = submit("354", "RETAIL", "DLR101", "CL5");
-    const std::string second = submit("360", "", "DLR102");
-    ASSERT_EQ(workbench->changes().size(), 0u);
-    host.roles = {60302, 60304};
-    workbench->recover();
-    deliverAll();
-    ASSERT_EQ(workbench->changes().size(), 2u);
-    EXPECT_EQ(workbench->changes().at(0).key, first);
-    EXPECT_EQ(workbench->changes().at(1).key, second);
-    EXPECT_EQ(workbench->changes().at(1).entityName, "Broker - ZEKB");
-}
-
-TEST_F(WorkbenchAtServer, AnUpdateShowsInTheNextDetails) {
-    zek::Change change;
-    change.code = "360";
-    change.maker = "MAKER01";
-    change.client = "C1";
-    change.fields = {{64031, {"300000", "250000"}}, {64037, {"yes", "no"}}};
-    server.submit(change);
-    deliverAll();
-    const auto details = [&] {
-        workbench->showDetails(rows().front());
-        deliverAll();
-        return linesOf(view.shown);
-    };
-    EXPECT_EQ(details(), (Lines{"[RMS Limits]", "RMS Limit For: Client - C1",
-                                "Cash Margin: 300000.00 < 250000", "GroupWise Validation: E < D"}));
-    workbench->valueEdited(64031, "275000");
-    workbench->choiceMade(64037, "D");
-    workbench->update();
-    deliverAll();
-    EXPECT_EQ(details(), (Lines{"[RMS Limits]", "RMS Limit For: Client - C1",
-                                "Cash Margin: 275000.00 < 250000", "GroupWise Validation: D < D"}));
-}
-
-TEST_F(WorkbenchAtServer, DetailsOfAChangeDecidedMeanwhileAreRefused) {
-    const std::string key = submit("339", "DEALER", "DLR101");
-    const PendingChange record = rows().front();
-    server.decideAs("CHECK02", key, true, "");
-    workbench->showDetails(record);
-    view.events.clear();
-    deliverAll();
-    // The outcome comes first and takes the details with it; the refusal is then too late.
-    EXPECT_EQ(view.events, (Lines{"rows", "empty details"}));
 }
 
 }  // namespace

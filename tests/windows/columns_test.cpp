@@ -15,38 +15,15 @@ using Texts = std::vector<std::string>;
 
 constexpr char kAllColumns[] = "0,0,75,1,1,75,2,2,75,3,3,75,4,4,75,5,5,75";
 
-Texts captions() {
-    const auto header = reinterpret_cast<HWND>(SendMessageA(mainList(), LVM_GETHEADER, 0, 0));
-    const auto count = SendMessageA(header, HDM_GETITEMCOUNT, 0, 0);
-    Texts texts;
-    for (WPARAM item = 0; static_cast<LRESULT>(item) < count; ++item) {
-        char text[64]{};
-        HDITEMA info{};
-        info.mask = HDI_TEXT;
-        info.pszText = text;
-        info.cchTextMax = sizeof text;
-        SendMessageA(header, HDM_GETITEMA, item, reinterpret_cast<LPARAM>(&info));
-        texts.emplace_back(text);
-    }
-    return texts;
-}
-
-Texts column(int column) {
-    Texts texts;
-    for (int row = 0; row < rowCount(mainList()); ++row)
-        texts.push_back(rowTexts(mainList(), row, column + 1).back());
-    return texts;
-}
-
 // Runs a command of a list, does `work` with its dialog, and cancels that if it is still open.
 // Gives the texts of the message boxes.
-Texts inDialog(unsigned command, const std::function<void(HWND)>& work, HWND list = mainList()) {
+Texts inDialog(unsigned command, const std::function<void(HWND)>& work) {
     bool worked = false;
     DialogTrap boxes([&](HWND dialog) {
         if (!worked) work((worked = true, dialog));
     });
     boxes.pressed = IDCANCEL;
-    SendMessageA(list, WM_COMMAND, command, 0);
+    SendMessageA(mainList(), WM_COMMAND, command, 0);
     pump();
     EXPECT_TRUE(worked);
     if (worked) boxes.texts.erase(boxes.texts.begin());
@@ -63,17 +40,8 @@ void set(HWND dialog, int id, const char* text) {
 }
 
 std::string textOf(HWND dialog, int id) {
-    char text[512]{};
-    GetWindowTextA(GetDlgItem(dialog, id), text, sizeof text);
-    return text;
+    return ::textOf(GetDlgItem(dialog, id));
 }
-
-std::string captionOf(HWND dialog) {
-    char text[64]{};
-    GetWindowTextA(dialog, text, sizeof text);
-    return text;
-}
-
 void selectEntry(HWND dialog, int id, const char* text) {
     SendMessageA(GetDlgItem(dialog, id), LB_SELECTSTRING, static_cast<WPARAM>(-1),
                  reinterpret_cast<LPARAM>(text));
@@ -114,7 +82,7 @@ protected:
 
 TEST_F(Columns, AnAddedColumnIsComputedStoredAndBackAfterARestart) {
     const auto messages = inDialog(kAddColumnCommand, [](HWND dialog) {
-        EXPECT_EQ(captionOf(dialog), "Maker checker List: Add Custom Columns");
+        EXPECT_EQ(::textOf(dialog), "Maker checker List: Add Custom Columns");
         EXPECT_EQ(textOf(dialog, IDOK), "Add");
         click(dialog, IDC_UC_TIMES);
         set(dialog, IDC_UC_EXPRESSION, "2 * ");
@@ -135,49 +103,15 @@ TEST_F(Columns, AnAddedColumnIsComputedStoredAndBackAfterARestart) {
     }
 }
 
-TEST_F(Columns, EachButtonAddsItsSignWithAndWithoutCtrl) {
-    const struct {
-        int button;
-        const char *plain, *ctrl;
-    } cases[] = {
-        {IDC_UC_PLUS, "\"Key\" + ", "+"},        {IDC_UC_MINUS, "\"Key\" - ", "-"},
-        {IDC_UC_TIMES, "\"Key\" * ", "*"},       {IDC_UC_DIVIDE, "\"Key\" / ", "/"},
-        {IDC_UC_OPEN, "\"Key\" ( ", "("},        {IDC_UC_CLOSE, "\"Key\" ) ", ")"},
-        {IDC_UC_SQUARED, "\"Key\" ^ 2 ", "^ 2"}, {IDC_UC_POWER, "\"Key\" ^ ", "^"},
-    };
-    inDialog(kAddColumnCommand, [&](HWND dialog) {
-        selectEntry(dialog, IDC_UC_COLUMNS, "Key");
-        for (const auto& each : cases) {
-            click(dialog, each.button);
-            EXPECT_EQ(textOf(dialog, IDC_UC_EXPRESSION), each.plain);
-            click(dialog, IDC_UC_CLEAR);
-            BYTE before[256]{}, ctrl[256]{};
-            GetKeyboardState(before);
-            ctrl[VK_CONTROL] = 0x80;
-            SetKeyboardState(ctrl);
-            click(dialog, each.button);
-            SetKeyboardState(before);
-            EXPECT_EQ(textOf(dialog, IDC_UC_EXPRESSION), each.ctrl);
-            click(dialog, IDC_UC_CLEAR);
-        }
-    });
-}
-
 TEST_F(Columns, DeletingMovesFilterAndOrderAlong) {
     addColumn("First", "\"Key\" + 1");
     addColumn("Second", "\"Key\" + 2");
-    const auto header = reinterpret_cast<HWND>(SendMessageA(mainList(), LVM_GETHEADER, 0, 0));
-    const HWND filter = GetDlgItem(header, 5007);  // of "Second"
-    SetWindowTextA(filter, ">10");
-    SetFocus(FindWindowExA(filter, nullptr, "Edit", nullptr));
-    PostMessageA(GetFocus(), WM_KEYDOWN, VK_RETURN, 1);
-    pump();
-    NMLISTVIEW clicked{};
-    clicked.hdr = {mainList(), 4000, static_cast<UINT>(LVN_COLUMNCLICK)};
-    clicked.iSubItem = 7;
-    SendMessageA(GetParent(mainList()), WM_NOTIFY, 4000, reinterpret_cast<LPARAM>(&clicked));
+    hand::click(filterEdit(7));  // of "Second"
+    hand::type(">10");
+    hand::key(VK_RETURN);
+    hand::click(captionPoint(7));
     const auto messages = inDialog(kDeleteColumnCommand, [](HWND dialog) {
-        EXPECT_EQ(captionOf(dialog), "Maker checker List: Delete Custom Columns");
+        EXPECT_EQ(::textOf(dialog), "Maker checker List: Delete Custom Columns");
         click(dialog, IDOK);
         selectEntry(dialog, IDC_UC_DEFINED, "First");
         EXPECT_EQ(textOf(dialog, IDC_UC_SHOWN_EXPRESSION), "\"Key\" + 1");
@@ -196,23 +130,6 @@ TEST_F(Columns, DeletingMovesFilterAndOrderAlong) {
     });
     EXPECT_EQ(rowCount(mainList()), 4) << "its filter went with it";
     EXPECT_EQ(stored.text(), kAllColumns);
-}
-
-TEST_F(Columns, WhatIsComputedFromADeletedColumnIsInvalid) {
-    addColumn("First", "\"Key\" + 1");
-    addColumn("Second", "\"First\" + 2");
-    addColumn("Third", "\"Key\" + 3");
-    const auto messages = inDialog(kDeleteColumnCommand, [](HWND dialog) {
-        selectEntry(dialog, IDC_UC_DEFINED, "First");
-        click(dialog, IDOK);
-    });
-    const DialogTrap boxes;
-    EXPECT_EQ(column(6), (Texts{"", "", ""}));
-    EXPECT_EQ(column(7), (Texts{"33.00", "7.00", "103.00"}));
-    pump();
-    EXPECT_EQ(messages.size() + boxes.texts.size(), 1u) << "told once, not once per row";
-    EXPECT_EQ(stored.text().substr(stored.text().find(",7,7")),
-              ",7,7,100,Second# \"-1\"+2#\"First\" + 2,Third# \"2\"+3#\"Key\" + 3");
 }
 
 TEST_F(Columns, TheProfileIsViewedSavedAndSetBack) {
@@ -253,12 +170,7 @@ TEST_F(Columns, TheProfileIsViewedSavedAndSetBack) {
 
 TEST_F(Columns, SortingEndsWithItsColumn) {
     open->plugin.publish(pending("5", "340", {{54247, "ALAN"}}));
-    const HWND header = reinterpret_cast<HWND>(SendMessageA(mainList(), LVM_GETHEADER, 0, 0));
-    RECT maker{};
-    SendMessageA(header, HDM_GETITEMRECT, 3, reinterpret_cast<LPARAM>(&maker));
-    POINT caption{maker.left + 30, maker.top + 5};
-    ClientToScreen(header, &caption);
-    hand::click(caption);
+    hand::click(captionPoint(3));
     EXPECT_EQ(column(2), (Texts{"5", "30", "4", "100"}));
     inDialog(kRepositionCommand, [](HWND dialog) {
         selectRows(GetDlgItem(dialog, IDC_CP_SHOWN), {3});
@@ -266,15 +178,6 @@ TEST_F(Columns, SortingEndsWithItsColumn) {
         click(dialog, IDC_CP_VIEW);
     });
     EXPECT_EQ(column(2), (Texts{"30", "4", "100", "5"}));
-}
-
-TEST_F(Columns, WhatHasToStayStaysAndIsNamed) {
-    const auto messages = inDialog(kRepositionCommand, [](HWND dialog) {
-        selectRows(GetDlgItem(dialog, IDC_CP_SHOWN), {0, 2, 3});
-        click(dialog, IDC_CP_REMOVE);
-        EXPECT_EQ(names(dialog, IDC_CP_AVAILABLE), Texts{"Maker"});
-    });
-    EXPECT_EQ(messages, (Texts{"Entity Name cannot be removed", "Key cannot be removed"}));
 }
 
 TEST_F(Columns, ASaveThatFailsIsToldAndTheDialogStays) {
@@ -320,61 +223,6 @@ TEST_F(Columns, RowsAreDraggedAndMovedByKeys) {
         EXPECT_EQ(names(dialog, IDC_CP_SHOWN),
                   (Texts{"Maker", "Entity Name", "Key", "Auth Type", "Branch", "Broker"}));
     });
-}
-
-TEST(ColumnsProfile, ALongListScrollsWhileRowsAreDragged) {
-    std::string profile = kAllColumns, defined;
-    for (int id = 6; id < 40; ++id) {
-        const std::string number = std::to_string(id);
-        profile += "," + number + "," + number + ",50";
-        defined += ",C" + number + "#1#1";
-    }
-    const StoredProfile stored((profile + defined).c_str());
-    const OpenWorkbench open;
-    inDialog(kRepositionCommand, [](HWND dialog) {
-        const HWND list = GetDlgItem(dialog, IDC_CP_SHOWN);
-        const auto top = [list] { return SendMessageA(list, LVM_GETTOPINDEX, 0, 0); };
-        NMLISTVIEW drag{};
-        drag.hdr = {list, IDC_CP_SHOWN, static_cast<UINT>(LVN_BEGINDRAG)};
-        SendMessageA(dialog, WM_NOTIFY, IDC_CP_SHOWN, reinterpret_cast<LPARAM>(&drag));
-        const auto holdAt = [list](int y) {
-            SendMessageA(list, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(10, y));
-            for (int i = 0; i < 50; ++i) SendMessageA(list, WM_TIMER, 0xD4A6, 0);
-        };
-        holdAt(5000);
-        EXPECT_EQ(top(), 40 - SendMessageA(list, LVM_GETCOUNTPERPAGE, 0, 0));
-        holdAt(-50);
-        EXPECT_EQ(top(), 0);
-        holdAt(5000);
-        SendMessageA(list, WM_LBUTTONUP, 0, MAKELPARAM(10, 5000));
-        EXPECT_EQ(names(dialog, IDC_CP_SHOWN).back(), "Entity Name");
-    });
-}
-
-TEST_F(Columns, TheDetailsListHasNoDefaultSort) {
-    const HWND details = descendant(findPane(), WC_LISTVIEWA, 4001);
-    inDialog(
-        kRepositionCommand,
-        [](HWND dialog) {
-            const auto hidden = [&](int id) {
-                return (GetWindowLongA(GetDlgItem(dialog, id), GWL_STYLE) & WS_VISIBLE) == 0;
-            };
-            EXPECT_TRUE(hidden(IDC_CP_SORT_GROUP) && hidden(IDC_CP_SORT_FOR) &&
-                        hidden(IDC_CP_SORT));
-            EXPECT_EQ(names(dialog, IDC_CP_SHOWN), (Texts{"Field", "Value", "Old Value"}));
-        },
-        details);
-}
-
-TEST_F(Columns, AListThatGoesWhileItsDialogIsOpenIsLeftAlone) {
-    const HWND list = mainList();
-    inDialog(kRepositionCommand, [&](HWND dialog) {
-        open->plugin.exit();
-        EXPECT_EQ(IsWindow(list), 0);
-        click(dialog, IDC_CP_VIEW);
-        click(dialog, IDOK);
-    });
-    EXPECT_EQ(stored.text(), "");
 }
 
 }  // namespace

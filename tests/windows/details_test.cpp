@@ -12,10 +12,6 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-HWND details() {
-    return descendant(findPane(), WC_LISTVIEWA, 4001);
-}
-
 // The lines, as Field|Value|Old Value.
 Texts lines() {
     Texts all;
@@ -42,7 +38,7 @@ protected:
     void showLimits() {
         open = std::make_unique<OpenWorkbench>();
         open->plugin.publish(pending("7", "360", {{54001, "C1"}}));
-        doubleClick(mainList(), 0);
+        hand::doubleClickRow(mainList(), 0);
         answer(limitsAnswer("7"));
         host().sent.clear();
     }
@@ -63,41 +59,10 @@ TEST_F(Details, AnswerShowsGroupsAndALateOneNothing) {
     EXPECT_EQ(lines(), Texts{});
 }
 
-// The widest texts are the heading and the row's name behind its indent, and a value in bold.
-TEST_F(Details, FittingMeasuresWhatIsDrawn) {
-    showLimits();
-    SendMessageA(details(), WM_COMMAND, kFitToDataCommand, 0);
-    LOGFONTA plain{};
-    GetObjectA(reinterpret_cast<HFONT>(SendMessageA(details(), WM_GETFONT, 0, 0)), sizeof plain,
-               &plain);
-    const auto width = [&](const std::string& text, LONG weight) {
-        LOGFONTA wanted = plain;
-        wanted.lfWeight = weight;
-        const fw::Font font(CreateFontIndirectA(&wanted));
-        const HDC dc = GetDC(details());
-        const fw::SelectScope select(dc, font.get());
-        SIZE size{};
-        GetTextExtentPoint32A(dc, text.data(), static_cast<int>(text.size()), &size);
-        ReleaseDC(details(), dc);
-        return static_cast<LRESULT>(size.cx);
-    };
-    constexpr int kMargins = 2 * 6, kIndent = 16;
-    const auto fitted = [](WPARAM column) {
-        return SendMessageA(details(), LVM_GETCOLUMNWIDTH, column, 0);
-    };
-    EXPECT_EQ(fitted(0), kIndent + width("GroupWise Validation", plain.lfWeight) + kMargins);
-    answer({{32767, "om_get_auth_limits_details"},
-            {51803, "7"},
-            {54001, "C1"},
-            {64031, "123456789012"},
-            {64031, "1"}});
-    SendMessageA(details(), WM_COMMAND, kFitToDataCommand, 0);
-    EXPECT_EQ(rowTexts(details(), 2, 2)[1], "123456790528.00");
-    EXPECT_EQ(fitted(1), width("123456790528.00", FW_BOLD) + kMargins);
-}
-
 TEST_F(Details, HeadingsFoldByClickAndKeys) {
     showLimits();
+    hand::clickRow(details(), 0, hand::kCtrl);
+    EXPECT_EQ(rowCount(details()), 5) << "with Ctrl a click only selects";
     hand::clickRow(details(), 0);
     EXPECT_EQ(rowCount(details()), 1);
     hand::key(VK_RIGHT);
@@ -118,16 +83,6 @@ TEST_F(Details, WithoutTheRightNothingOpens) {
         EXPECT_EQ(GetFocus(), details());
     }
     host().mayModify = true;
-}
-
-TEST_F(Details, FilterKeepsTheHeadingOfAnyLineThatPasses) {
-    showLimits();
-    const auto header = reinterpret_cast<HWND>(SendMessageA(details(), LVM_GETHEADER, 0, 0));
-    const HWND box = FindWindowExA(GetDlgItem(header, 5000), nullptr, "Edit", nullptr);
-    hand::click(box);
-    hand::type("cash");
-    hand::key(VK_RETURN);
-    EXPECT_EQ(lines(), (Texts{"RMS Limits||", "Cash Margin|1500.00|1200"}));
 }
 
 }  // namespace

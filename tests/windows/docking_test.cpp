@@ -8,8 +8,7 @@
 namespace {
 
 RECT inFrame(const MainFrame& frame, HWND window) {
-    RECT place{};
-    GetWindowRect(window, &place);
+    RECT place = onScreen(window);
     MapWindowPoints(nullptr, frame.handle(), reinterpret_cast<POINT*>(&place), 2);
     return place;
 }
@@ -17,8 +16,7 @@ RECT inFrame(const MainFrame& frame, HWND window) {
 // Takes the pane by its caption strip and holds it over a place in the frame's client area.
 POINT holdPane(const MainFrame& frame, int x, int y) {
     const HWND pane = findPane();
-    RECT window{};
-    GetWindowRect(pane, &window);
+    const RECT window = onScreen(pane);
     const POINT grip{window.left + 100, window.top + 8};
     POINT target{x, y};
     ClientToScreen(frame.handle(), &target);
@@ -109,25 +107,6 @@ TEST(Docking, ADragShowsWhereThePaneWillBeAndEscForgetsIt) {
     }
 }
 
-TEST(Docking, StartingUpAgainKeepsThePanesSize) {
-    OpenWorkbench open;
-    const HWND frame = open.frame->handle();
-    const LONG bottom = inFrame(*open.frame, findPane()).bottom;
-    dragBar(*open.frame, -60);
-    const RECT before = inFrame(*open.frame, findPane());
-    EXPECT_EQ(before.bottom, bottom - 60);
-    open.plugin.init();
-    pump();
-    const RECT after = inFrame(*open.frame, findPane());
-    EXPECT_TRUE(EqualRect(&before, &after));
-
-    SendMessageA(frame, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(300, before.bottom + 2));
-    SendMessageA(frame, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(300, 10));
-    EXPECT_GE(inFrame(*open.frame, findPane()).bottom, 320) << "its own least size";
-    ReleaseCapture();  // what Esc does
-    EXPECT_EQ(inFrame(*open.frame, findPane()).bottom, before.bottom);
-}
-
 TEST(Docking, FloatsAndComesBack) {
     OpenWorkbench open;
     const MainFrame& frame = *open.frame;
@@ -171,20 +150,6 @@ TEST(Docking, ClosedItIsHiddenUntilTheHotKey) {
         EXPECT_EQ(rowCount(mainList()), floating ? 2 : 1);
     }
     EXPECT_EQ(host().subscriptions.size(), 1u);
-}
-
-TEST(Docking, IsResizedByTheBarAndFollowsTheFrame) {
-    const OpenWorkbench open;
-    const HWND frame = open.frame->handle();
-    const RECT before = inFrame(*open.frame, findPane());
-    dragBar(*open.frame, -98);
-    EXPECT_EQ(inFrame(*open.frame, findPane()).bottom, before.bottom - 98);
-
-    SetWindowPos(frame, nullptr, 0, 0, 700, 500, SWP_NOMOVE | SWP_NOZORDER);
-    EXPECT_EQ(inFrame(*open.frame, findPane()).right, open.frame->clientRect().right);
-    SetWindowPos(frame, nullptr, 0, 0, 120, 60, SWP_NOMOVE | SWP_NOZORDER);  // hardly any room
-    SetWindowPos(frame, nullptr, 0, 0, 900, 600, SWP_NOMOVE | SWP_NOZORDER);
-    EXPECT_EQ(inFrame(*open.frame, findPane()).right, open.frame->clientRect().right);
 }
 
 TEST(Docking, InAFrameWithoutASiteThePaneFloats) {

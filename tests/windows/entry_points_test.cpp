@@ -55,25 +55,6 @@ TEST(EntryPoints, TellWhatThePluginIs) {
     EXPECT_EQ(command(nullptr), 0);
 }
 
-TEST(StartUp, BeforeTheFrameLeavesThePaneToTheHotKey) {
-    LoadedPlugin plugin;
-    plugin.init();
-    EXPECT_EQ(findPane(), nullptr);
-    plugin.publish(pending("1", "339"));  // no workbench yet
-    const MainFrame frame;
-    plugin.hotKey();
-    ASSERT_NE(findPane(), nullptr);
-    ASSERT_EQ(host().subscriptions.size(), 1u);
-    EXPECT_EQ(host().subscriptions[0], (Fields{{64056, ""}, {63713, ""}, {51803, ""}}));
-    EXPECT_EQ(rowCount(mainList()), 0);
-
-    const HWND pane = findPane();
-    plugin.hotKey();
-    EXPECT_EQ(findPane(), pane);
-    EXPECT_EQ(host().subscriptions.size(), 1u) << "a hot key on an existing pane subscribed again";
-    EXPECT_EQ(host().controls.size(), 2u);
-}
-
 TEST(StartUp, AfterTheFrameMakesThePaneButDoesNotSubscribe) {
     LoadedPlugin plugin;
     const MainFrame frame;
@@ -90,10 +71,6 @@ TEST(StartUp, AfterTheFrameMakesThePaneButDoesNotSubscribe) {
     EXPECT_EQ(findPane(), pane);
     EXPECT_EQ(rowCount(mainList()), 1);
     EXPECT_TRUE(IsWindowVisible(mainList()));
-}
-
-HWND header() {
-    return reinterpret_cast<HWND>(SendMessageA(mainList(), LVM_GETHEADER, 0, 0));
 }
 
 // Of the first caption, which a click sorts by.
@@ -115,9 +92,7 @@ TEST(StartUp, ASecondOneKeepsThePaneAndMakesANewOneInANewFrame) {
     plugin.hotKey();
     plugin.publish(pending("1", "339", {{31003, "U1"}}));
     const auto plain = captionPixels();
-    POINT first{30, 8};
-    ClientToScreen(header(), &first);
-    hand::click(first);
+    hand::click(captionPoint(0));
     const auto sorted = captionPixels();
     EXPECT_NE(sorted, plain);
     plugin.init();
@@ -133,6 +108,20 @@ TEST(StartUp, ASecondOneKeepsThePaneAndMakesANewOneInANewFrame) {
     selectRows(mainList(), {0});
     press("Accept");
     EXPECT_EQ(host().sent.size(), 1u);
+}
+
+TEST(StartUp, TheHotKeySubscribesOnceForAPaneOfItsOwn) {
+    LoadedPlugin plugin;
+    plugin.init();
+    plugin.publish(pending("1", "339"));  // no workbench yet
+    const MainFrame frame;
+    plugin.hotKey();
+    const HWND pane = findPane();
+    ASSERT_NE(pane, nullptr);
+    plugin.hotKey();
+    EXPECT_EQ(findPane(), pane);
+    EXPECT_EQ(host().subscriptions, (std::vector<Fields>{{{64056, ""}, {63713, ""}, {51803, ""}}}));
+    EXPECT_EQ(rowCount(mainList()), 0);
 }
 
 // What else a host has on its thread comes and goes, and would take the pane along.
@@ -164,34 +153,12 @@ TEST(StartUp, TakesTheFrameAndNothingElse) {
     }
 }
 
-TEST(StartUp, SubscribesByPrivilegeLevel) {
-    const struct {
-        int level;
-        std::vector<Fields> subscriptions;
-    } cases[] = {
-        {1, {{{63713, ""}, {64056, "CHECKER1"}, {51803, ""}}}},
-        {2, {{{64056, "BRK1"}, {63713, ""}, {64053, "CHECKER1"}, {51803, ""}}}},
-        {3, {}},
-        {4, {{{63713, ""}, {31003, "CHECKER1"}, {51803, ""}}}},
-    };
-    for (const auto& each : cases) {
-        host() = HostState{};
-        host().level = each.level;
-        const OpenWorkbench open;
-        EXPECT_EQ(host().subscriptions, each.subscriptions) << "level " << each.level;
-    }
-}
-
 TEST(StartUp, APaneThatCannotBeMadeIsTriedAgainByTheNextHotKey) {
     LoadedPlugin plugin;
     plugin.init();
     const MainFrame frame;
     const auto refuse = [](int code, WPARAM wParam, LPARAM lParam) -> LRESULT {
-        char name[32]{};
-        if (code == HCBT_CREATEWND &&
-            GetClassNameA(reinterpret_cast<HWND>(wParam), name, sizeof name) != 0 &&
-            std::string(name) == "#32770")
-            return 1;
+        if (code == HCBT_CREATEWND && classOf(reinterpret_cast<HWND>(wParam)) == "#32770") return 1;
         return CallNextHookEx(nullptr, code, wParam, lParam);
     };
     const HHOOK hook = SetWindowsHookExA(WH_CBT, refuse, nullptr, GetCurrentThreadId());
@@ -224,13 +191,6 @@ TEST(MissingServices, WithoutIdentityThePluginStaysIdle) {
     plugin.hotKey();
     EXPECT_EQ(boxes.texts, std::vector<std::string>{"Exe is not compatible with ZEK"});
     EXPECT_EQ(findPane(), nullptr);
-}
-
-TEST(MissingServices, APrivilegeThatCannotBeAskedSubscribesToNothing) {
-    const HiddenExport hidden(kPuGetUserPrivilige);
-    const DialogTrap boxes;
-    const OpenWorkbench open;
-    EXPECT_TRUE(host().subscriptions.empty());
 }
 
 TEST(MissingServices, TheRestIsDoneWithout) {
@@ -297,17 +257,6 @@ TEST(ShutDown, AFrameThatGoesFirstTakesThePaneAlong) {
         plugin.publish(pending("2", "339"));
         EXPECT_EQ(plugin.exit(), 0);
     }
-}
-
-BOOL CALLBACK countWindow(HWND, LPARAM count) {
-    ++*reinterpret_cast<int*>(count);
-    return TRUE;
-}
-
-int threadWindows() {
-    int count = 0;
-    EnumThreadWindows(GetCurrentThreadId(), countWindow, reinterpret_cast<LPARAM>(&count));
-    return count;
 }
 
 TEST(ShutDown, ManyLoadsLeaveNothing) {

@@ -26,12 +26,8 @@ void acceptRows(int first, int last, bool sends) {
     clickButton("Accept");
 }
 void rightClick(HWND window, int x, int y) {
-    RECT place{};
-    GetWindowRect(window, &place);
+    const RECT place = onScreen(window);
     hand::click(POINT{place.left + x, place.top + y}, {}, hand::Button::right);
-}
-HWND header() {
-    return reinterpret_cast<HWND>(SendMessageA(mainList(), LVM_GETHEADER, 0, 0));
 }
 void command(unsigned id) {
     PostMessageA(mainList(), WM_COMMAND, id, 0);
@@ -45,7 +41,7 @@ void editLimit(const char* text) {
             {54001, "C1"},
             {64031, "1500"},
             {64164, "300"}});
-    hand::doubleClickRow(descendant(findPane(), WC_LISTVIEWA, 4001), 2, 1);
+    hand::doubleClickRow(details(), 2, 1);
     hand::type(text);
     hand::key(VK_RETURN);
 }
@@ -66,8 +62,7 @@ const struct Opening {
      1},
     {"an error box of Recover, floating",
      [] {
-         RECT pane{};
-         GetWindowRect(findPane(), &pane);
+         const RECT pane = onScreen(findPane());
          hand::doubleClick(POINT{pane.left + 200, pane.top + 8});
          host().sends = false;
          clickButton("Recover");
@@ -98,10 +93,8 @@ int visibleWindows(bool dialogsOnly = false) {
         int windows = 0;
     } count{dialogsOnly};
     const auto add = [](HWND window, LPARAM into) -> BOOL {
-        char text[32]{};
-        GetClassNameA(window, text, sizeof text);
         auto& counted = *reinterpret_cast<Count*>(into);
-        const std::string name = text;
+        const std::string name = classOf(window);
         if (IsWindowVisible(window) != 0 && name != "#32768" &&
             (!counted.dialogsOnly || name == "#32770"))
             ++counted.windows;
@@ -151,16 +144,6 @@ const struct Event {
 };
 
 // ---- What must hold ----
-
-int threadWindows() {
-    int count = 0;
-    const auto add = [](HWND, LPARAM into) -> BOOL {
-        ++*reinterpret_cast<int*>(into);
-        return TRUE;
-    };
-    EnumThreadWindows(GetCurrentThreadId(), add, reinterpret_cast<LPARAM>(&count));
-    return count;
-}
 
 bool pluginIsLoaded() {
     return GetModuleHandleA("MakerChecker.dll") != nullptr;

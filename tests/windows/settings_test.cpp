@@ -56,17 +56,6 @@ protected:
     std::string value, error;
 };
 
-// Only looks: the user's own settings are not touched.
-TEST_F(Settings, StandInTheUsersRoamingFolder) {
-    char roaming[MAX_PATH]{};
-    ASSERT_EQ(SHGetFolderPathA(nullptr, CSIDL_APPDATA, nullptr, 0, roaming), S_OK);
-    const auto parent = fs::path(roaming) / "Ostravine";
-    const bool hadParent = fs::exists(parent);
-    EXPECT_EQ(settingsStore().GetUserSettingPath(),
-              std::string(roaming) + "\\Ostravine\\VoskTrader\\\\UserSetting.ini");
-    EXPECT_EQ(fs::exists(parent), hadParent) << "the parent folder is the host's to make";
-}
-
 TEST_F(Settings, TheFirstWriteCreatesFolderAndFile) {
     EXPECT_EQ(read("LIST-1"), 0);
     EXPECT_EQ(error, "Did not detect : UserSetting.ini");
@@ -80,16 +69,6 @@ TEST_F(Settings, TheFirstWriteCreatesFolderAndFile) {
     EXPECT_EQ(write("LIST-2", ""), 1);
     EXPECT_EQ(read("LIST-2"), 0);
     EXPECT_EQ(value, "");
-}
-
-TEST_F(Settings, WithoutTheParentFolderNothingIsStored) {
-    fs::remove_all(files.root / "Ostravine");
-    EXPECT_EQ(write("LIST-1", "x"), 0);
-    EXPECT_EQ(error, "Did not detect : UserSetting.ini");
-    std::string profile = "0,0,75";
-    EXPECT_EQ(store.AccessColumnProfile(SETTING_WRITE, "LIST", profile), 0);
-    EXPECT_EQ(store.AccessColumnProfile(SETTING_READ, "LIST", profile), 0);
-    EXPECT_TRUE(fs::is_empty(files.root));
 }
 
 constexpr char kStored[] = "[LIST]\r\nCOLUMNPROFILE=0,0,75\r\n";
@@ -141,38 +120,6 @@ TEST_F(Settings, ReadsWhatTheServiceGives) {
         EXPECT_EQ(read(each.key), each.result) << each.key;
         EXPECT_EQ(value, each.value) << each.key;
     }
-}
-
-TEST_F(Settings, HugeAndBinaryFilesAreReadAndWritten) {
-    std::string huge;
-    while (huge.size() < 10'000'000)
-        huge += "[S" + std::to_string(huge.size()) + "]\r\nk=" + std::string(200, 'v') + "\r\n";
-    std::string binary(70'000, '\0');
-    std::mt19937 random(7);
-    for (char& byte : binary) byte = static_cast<char>(random());
-    for (const std::string& content : {huge, binary, "\xFF\xFE" + binary, std::string(999, '[')}) {
-        fill(content);
-        EXPECT_EQ(read("LIST-1"), 0) << value;
-        EXPECT_EQ(write("LIST-1", "FFFFFF,0,Arial,10"), 1);
-        EXPECT_EQ(read("LIST-1"), 1);
-        EXPECT_EQ(value, "FFFFFF,0,Arial,10");
-    }
-}
-
-TEST_F(Settings, AColumnModelComesBackThroughTheFile) {
-    constexpr sVoskColInfo columns[] = {{"Name", 75, 0, ColumnType::text},
-                                        {"Key", 60, 1, ColumnType::longInteger}};
-    ColumnModel model, other;
-    model.install(columns);
-    other.install(columns);
-    ASSERT_TRUE(model.add({"Twice", " \"1\"*2", " \"Key\" * 2 "}));
-    model.show(std::vector{ColumnId{2}, ColumnId{0}});
-    std::string text = profileText(model.profile()), stored;
-    ASSERT_EQ(store.AccessColumnProfile(SETTING_WRITE, "MAKERCHECKER", text), 1);
-    ASSERT_EQ(store.AccessColumnProfile(SETTING_READ, "MAKERCHECKER", stored), 1);
-    EXPECT_EQ(stored, text);
-    other.apply(readProfile(stored));
-    EXPECT_EQ(other.profile(), model.profile());
 }
 
 TEST_F(Settings, ABarsSizeIsCutAt31Bytes) {

@@ -11,14 +11,8 @@ using Texts = std::vector<std::string>;
 const std::string kStrip = "Maker Checker Details";
 const std::string kLimits = kStrip + ": Client - C1, RMS Limits, 7";
 
-HWND details() {
-    return descendant(findPane(), WC_LISTVIEWA, 4001);
-}
-
 std::string strip() {
-    char text[256]{};
-    GetWindowTextA(details(), text, sizeof text);
-    return text;
+    return textOf(details());
 }
 
 // Three changes are pending; the details of the limits are visible.
@@ -48,11 +42,6 @@ protected:
         hand::key(VK_F2);
         hand::type(text);
         hand::key(VK_RETURN);
-    }
-    static Texts sent() {
-        Texts names;
-        for (const Fields& message : host().sent) names.push_back(sentField(message, 0));
-        return names;
     }
     OpenWorkbench open;
 };
@@ -110,10 +99,10 @@ TEST_F(ShownDetails, WhatLeavesUnsentEditsBehindAsksFirst) {
         for (const WORD no : {WORD{VK_RETURN}, WORD{VK_ESCAPE}}) {
             hand::during(each.act, {[no] { hand::key(no); }});
             EXPECT_EQ(rowTexts(details(), 2, 2)[1], "2500.00");
-            EXPECT_EQ(sent(), Texts{});
+            EXPECT_EQ(takeSent(), Texts{});
         }
         hand::during(each.act, {[] { hand::key('Y'); }});
-        EXPECT_EQ(sent(), each.sent);
+        EXPECT_EQ(takeSent(), each.sent);
         EXPECT_EQ(strip() == kLimits + " - not selected, 1 unsent", !each.drops);
         open.plugin.publish(outcome("7", "rejected"));  // it ends with its change
         open.plugin.publish(outcome("8", "rejected"));
@@ -138,7 +127,7 @@ TEST_F(ShownDetails, ARepublishedChangeIsAskedForAgainAndKeepsWhatIsTyped) {
     hand::key(VK_F2);
     hand::type("77");
     open.plugin.publish(pending("7", "360", {{54001, "C1"}}));
-    EXPECT_EQ(sent(), Texts{"om_get_auth_limits_details"});
+    EXPECT_EQ(takeSent(), Texts{"om_get_auth_limits_details"});
     answer(limits("1600"));
     EXPECT_EQ(strip(), kLimits + " (changed since you opened it)");
     hand::key(VK_RETURN);

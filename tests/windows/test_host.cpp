@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "console/model/owned_message.h"
+#include "res/resource_ids.h"
 #include "sdk/connectvosk.h"
 #include "sdk/host_services.h"
 #include "sdk/host_text.h"
@@ -12,14 +14,16 @@ namespace {
 
 Fields readAll(void* message) {
     Fields fields;
-    std::map<int, int> seen;
-    for (int place = 0; place < otp_field_count(message); ++place) {
-        const int id = otp_field_at(message, place);
-        const char* text = nullptr;
-        otp_get_data_as_cstring(message, id, seen[id]++, &text, nullptr);
-        fields.emplace_back(id, text != nullptr ? text : "<unreadable>");
-    }
+    for (const zek::Field& field : zek::readFields(message))
+        for (const auto& text : field.occurrences)
+            fields.emplace_back(field.id, text.value_or("<unreadable>"));
     return fields;
+}
+
+zek::OwnedMessage makeMessage(const Fields& fields) {
+    zek::OwnedMessage message;
+    for (const auto& [id, text] : fields) message.add(id, text);
+    return message;
 }
 
 class TestControl final : public CQuonRxControl {
@@ -153,18 +157,7 @@ void LoadedPlugin::init() {
 }
 
 void LoadedPlugin::publish(const Fields& fields) {
-    void* message = nullptr;
-    void* scratch = nullptr;
-    std::size_t bytes = 64;
-    for (const auto& [id, text] : fields) bytes += text.size() + 16;
-    ASSERT_TRUE(otp_ctor_primecb(&message, nullptr));
-    ASSERT_TRUE(otp_open_scratch(&scratch, static_cast<int>(bytes), nullptr));
-    ASSERT_TRUE(otp_start_msg(message, scratch, nullptr));
-    for (const auto& [id, text] : fields)
-        ASSERT_TRUE(otp_add_data_as_cstring(message, id, 1, text.c_str(), nullptr));
-    m_publish(message);
-    otp_dtor_primecb(message, nullptr);
-    otp_close_scratch(scratch, nullptr);
+    m_publish(makeMessage(fields).handle());
 }
 
 MainFrame::MainFrame(bool docks) {
@@ -226,9 +219,7 @@ std::string staticText(HWND dialog) {
 
 LRESULT CALLBACK DialogTrap::hookProc(int code, WPARAM wParam, LPARAM lParam) {
     const HWND window = reinterpret_cast<HWND>(wParam);
-    char name[32]{};
-    if (code == HCBT_ACTIVATE && theTrap != nullptr &&
-        GetClassNameA(window, name, sizeof name) != 0 && std::string(name) == "#32770" &&
+    if (code == HCBT_ACTIVATE && theTrap != nullptr && classOf(window) == "#32770" &&
         GetPropA(window, "trapped") == nullptr) {
         SetPropA(window, "trapped", window);
         theTrap->texts.push_back(staticText(window));
@@ -293,54 +284,37 @@ bool pumpUntil(const std::function<bool()>& condition) {
     return false;
 }
 
-namespace {
-
-struct PaneSearch {
-    HWND found = nullptr;
-};
-
-BOOL CALLBACK matchPane(HWND window, LPARAM search) {
-    char text[64]{};
-    char name[32]{};
-    GetWindowTextA(window, text, sizeof text);
-    GetClassNameA(window, name, sizeof name);
-    if (std::string(text) != "Maker Checker" || std::string(name) != "#32770") return TRUE;
-    reinterpret_cast<PaneSearch*>(search)->found = window;
-    return FALSE;
+// The first window below `parent`, or of this thread, of which `fits` is true.
+HWND findWindow(HWND parent, const std::function<bool(HWND)>& fits) {
+    struct Search {
+        const std::function<bool(HWND)>& fits;
+        HWND found = nullptr;
+    } search{fits};
+    const auto look = [](HWND window, LPARAM into) -> BOOL {
+        auto& wanted = *reinterpret_cast<Search*>(into);
+        if (wanted.found == nullptr && wanted.fits(window)) wanted.found = window;
+        return wanted.found == nullptr;
+    };
+    if (parent != nullptr)
+        EnumChildWindows(parent, look, reinterpret_cast<LPARAM>(&search));
+    else
+        EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&search));
+    return search.found;
 }
-
-BOOL CALLBACK searchTopLevel(HWND window, LPARAM search) {
-    EnumChildWindows(window, matchPane, search);
-    return reinterpret_cast<PaneSearch*>(search)->found == nullptr;
-}
-
-struct ChildSearch {
-    const char* windowClass;
-    int id;
-    HWND found;
-};
-
-BOOL CALLBACK matchChild(HWND window, LPARAM search) {
-    auto& wanted = *reinterpret_cast<ChildSearch*>(search);
-    char name[64]{};
-    GetClassNameA(window, name, sizeof name);
-    if (std::string(name) != wanted.windowClass || GetDlgCtrlID(window) != wanted.id) return TRUE;
-    wanted.found = window;
-    return FALSE;
-}
-
-}  // namespace
 
 HWND findPane() {
-    PaneSearch search;
-    EnumThreadWindows(GetCurrentThreadId(), searchTopLevel, reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    const auto isPane = [](HWND window) {
+        return textOf(window) == "Maker Checker" && classOf(window) == "#32770";
+    };
+    HWND pane = nullptr;
+    findWindow(nullptr, [&](HWND top) { return (pane = findWindow(top, isPane)) != nullptr; });
+    return pane;
 }
 
 HWND descendant(HWND parent, const char* windowClass, int id) {
-    ChildSearch search{windowClass, id, nullptr};
-    EnumChildWindows(parent, matchChild, reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    return findWindow(parent, [&](HWND window) {
+        return GetDlgCtrlID(window) == id && classOf(window) == windowClass;
+    });
 }
 
 HWND button(const char* text) {
@@ -348,7 +322,109 @@ HWND button(const char* text) {
 }
 
 HWND mainList() {
-    return descendant(findPane(), WC_LISTVIEWA, 4000);
+    return descendant(findPane(), WC_LISTVIEWA, IDC_MAIN_LIST);
+}
+
+HWND details() {
+    return descendant(findPane(), WC_LISTVIEWA, IDC_DETAILS_LIST);
+}
+
+HWND bar() {
+    return descendant(findPane(), "MakerChecker.SplitterBar", 0);
+}
+
+HWND header(HWND list) {
+    return reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
+}
+
+RECT headerItem(int item, HWND list) {
+    RECT place{};
+    SendMessageA(header(list), HDM_GETITEMRECT, static_cast<WPARAM>(item),
+                 reinterpret_cast<LPARAM>(&place));
+    return place;
+}
+
+POINT captionPoint(int item, HWND list, int fromRight) {
+    const RECT place = headerItem(item, list);
+    POINT at{place.right - fromRight, place.top + 6};
+    ClientToScreen(header(list), &at);
+    return at;
+}
+
+HWND filterBox(int item, HWND list) {
+    return GetDlgItem(header(list), 5000 + item);
+}
+
+HWND filterEdit(int item, HWND list) {
+    return FindWindowExA(filterBox(item, list), nullptr, "Edit", nullptr);
+}
+
+HWND editor() {
+    const HWND open = FindWindowExA(details(), nullptr, "MakerChecker.CellEditor", nullptr);
+    return open != nullptr && IsWindowVisible(open) != 0 ? GetWindow(open, GW_CHILD) : nullptr;
+}
+
+std::string textOf(HWND window) {
+    char text[1024]{};
+    GetWindowTextA(window, text, sizeof text);
+    return text;
+}
+
+std::string classOf(HWND window) {
+    char name[64]{};
+    GetClassNameA(window, name, sizeof name);
+    return name;
+}
+
+RECT onScreen(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return place;
+}
+
+RECT inParent(HWND window) {
+    RECT place = onScreen(window);
+    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+std::vector<std::string> captions(HWND list) {
+    std::vector<std::string> texts;
+    const auto count = SendMessageA(header(list), HDM_GETITEMCOUNT, 0, 0);
+    for (WPARAM item = 0; static_cast<LRESULT>(item) < count; ++item) {
+        char text[256]{};
+        HDITEMA info{};
+        info.mask = HDI_TEXT;
+        info.pszText = text;
+        info.cchTextMax = sizeof text;
+        SendMessageA(header(list), HDM_GETITEMA, item, reinterpret_cast<LPARAM>(&info));
+        texts.emplace_back(text);
+    }
+    return texts;
+}
+
+std::vector<std::string> column(int column) {
+    std::vector<std::string> texts;
+    for (int row = 0; row < rowCount(mainList()); ++row)
+        texts.push_back(rowTexts(mainList(), row, column + 1).back());
+    return texts;
+}
+
+int threadWindows() {
+    int count = 0;
+    const auto add = [](HWND, LPARAM into) -> BOOL {
+        ++*reinterpret_cast<int*>(into);
+        return TRUE;
+    };
+    EnumThreadWindows(GetCurrentThreadId(), add, reinterpret_cast<LPARAM>(&count));
+    return count;
+}
+
+COLORREF pixel(HWND window, int x, int y) {
+    const HDC dc = GetDC(window);
+    const COLORREF color = GetPixel(dc, x, y);
+    ReleaseDC(window, dc);
+    return color;
 }
 
 std::vector<std::string> rowTexts(HWND list, int row, int columns) {
@@ -370,6 +446,14 @@ int rowCount(HWND list) {
     return static_cast<int>(SendMessageA(list, LVM_GETITEMCOUNT, 0, 0));
 }
 
+std::vector<int> selectedRows(HWND list) {
+    std::vector<int> rows;
+    for (int row = -1; (row = static_cast<int>(SendMessageA(
+                            list, LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED))) >= 0;)
+        rows.push_back(row);
+    return rows;
+}
+
 void selectRows(HWND list, const std::vector<int>& rows) {
     LVITEMA item{};
     item.stateMask = LVIS_SELECTED;
@@ -387,19 +471,6 @@ void press(const char* buttonText) {
     pump();
 }
 
-void doubleClick(HWND list, int row) {
-    RECT place{};
-    place.left = LVIR_LABEL;
-    SendMessageA(list, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
-    const LPARAM at = MAKELPARAM(place.left + 5, (place.top + place.bottom) / 2);
-    // The control looks for a drag in a loop of its own until it sees the button go up.
-    PostMessageA(list, WM_LBUTTONDOWN, MK_LBUTTON, at);
-    PostMessageA(list, WM_LBUTTONUP, 0, at);
-    PostMessageA(list, WM_LBUTTONDBLCLK, MK_LBUTTON, at);
-    PostMessageA(list, WM_LBUTTONUP, 0, at);
-    pump();
-}
-
 Fields pending(const std::string& key, const std::string& code, Fields more) {
     Fields fields{{54211, "auth pending"}, {51803, key}, {63713, code}};
     if (std::none_of(more.begin(), more.end(), [](const auto& f) { return f.first == 54247; }))
@@ -413,16 +484,7 @@ Fields outcome(const std::string& key, const std::string& status) {
 }
 
 void answer(const Fields& fields) {
-    void* message = nullptr;
-    void* scratch = nullptr;
-    otp_ctor_primecb(&message, nullptr);
-    otp_open_scratch(&scratch, 256, nullptr);
-    otp_start_msg(message, scratch, nullptr);
-    for (const auto& [id, text] : fields)
-        otp_add_data_as_cstring(message, id, 1, text.c_str(), nullptr);
-    host().receiver->onMessage(0, 0, message, nullptr);
-    otp_dtor_primecb(message, nullptr);
-    otp_close_scratch(scratch, nullptr);
+    host().receiver->onMessage(0, 0, makeMessage(fields).handle(), nullptr);
     pump();
 }
 
@@ -430,6 +492,13 @@ std::string sentField(const Fields& message, int mnemonic) {
     for (const auto& [id, text] : message)
         if (id == mnemonic) return text;
     return "<absent>";
+}
+
+std::vector<std::string> takeSent(int mnemonic) {
+    std::vector<std::string> texts;
+    for (const Fields& message : std::exchange(host().sent, {}))
+        texts.push_back(sentField(message, mnemonic));
+    return texts;
 }
 
 OpenWorkbench::OpenWorkbench() {

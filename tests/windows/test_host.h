@@ -158,15 +158,36 @@ bool pumpUntil(const std::function<bool()>& condition);
 
 // The pane: under the frame or in a floating window of this thread; null when there is none.
 HWND findPane();
+// The first window below `parent`, or of this thread, of which `fits` is true.
+HWND findWindow(HWND parent, const std::function<bool(HWND)>& fits);
 
 HWND descendant(HWND parent, const char* windowClass, int id);
 HWND button(const char* text);
 HWND mainList();
+HWND details();  // the list of them
+HWND bar();      // between the two lists
+HWND header(HWND list = mainList());
+RECT headerItem(int item, HWND list = mainList());
+// On a caption, `fromRight` pixels from its right end: 1 is the divider.
+POINT captionPoint(int item, HWND list = mainList(), int fromRight = 20);
+HWND filterBox(int item, HWND list = mainList());
+HWND filterEdit(int item, HWND list = mainList());
+// The control that a value is typed into; null when there is none.
+HWND editor();
+std::string textOf(HWND window);
+std::string classOf(HWND window);
+RECT onScreen(HWND window);
+RECT inParent(HWND window);
+std::vector<std::string> captions(HWND list = mainList());
+std::vector<std::string> column(int column);  // of the main list
+// The windows of this thread.
+int threadWindows();
+COLORREF pixel(HWND window, int x, int y);
 std::vector<std::string> rowTexts(HWND list, int row, int columns = 6);
 int rowCount(HWND list);
+std::vector<int> selectedRows(HWND list = mainList());
 void selectRows(HWND list, const std::vector<int>& rows);
 void press(const char* buttonText);
-void doubleClick(HWND list, int row);
 
 // A publication of a pending change.
 Fields pending(const std::string& key, const std::string& code, Fields more = {});
@@ -175,8 +196,10 @@ Fields outcome(const std::string& key, const std::string& status);
 // Hands the plug-in an answer to a request of its.
 void answer(const Fields& fields);
 
-// The values of a field in what was sent, in order.
+// A field of what was sent.
 std::string sentField(const Fields& message, int mnemonic);
+// A field of all that was sent since the last call: the requests' names, or the keys.
+std::vector<std::string> takeSent(int mnemonic = 0);
 
 // Loads the plug-in before the frame, makes the frame and presses the hot key.
 class OpenWorkbench {
