@@ -20,7 +20,7 @@ public:
     ShortText& operator=(std::string_view text) {
         std::string* const before = isLong() ? longText() : nullptr;
         if (text.size() <= kShort) {
-            std::memmove(m_bytes.data(), text.data(), text.size());
+            if (!text.empty()) std::memmove(m_bytes.data(), text.data(), text.size());
             m_bytes[kShort] = static_cast<char>(text.size());
         } else {
             const auto* const made = new std::string(text);
