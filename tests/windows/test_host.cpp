@@ -364,12 +364,6 @@ HWND editor() {
     return open != nullptr && IsWindowVisible(open) != 0 ? GetWindow(open, GW_CHILD) : nullptr;
 }
 
-std::string textOf(HWND window) {
-    char text[1024]{};
-    GetWindowTextA(window, text, sizeof text);
-    return text;
-}
-
 std::string classOf(HWND window) {
     char name[64]{};
     GetClassNameA(window, name, sizeof name);

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "framework/docking_site.h"
+#include "framework/hwnd.h"
 #include "framework/window.h"
 #include "sdk/plugin_exports.h"
 #include "sdk/receive_control.h"
@@ -174,7 +175,7 @@ HWND filterBox(int item, HWND list = mainList());
 HWND filterEdit(int item, HWND list = mainList());
 // The control that a value is typed into; null when there is none.
 HWND editor();
-std::string textOf(HWND window);
+using fw::textOf;
 std::string classOf(HWND window);
 RECT onScreen(HWND window);
 RECT inParent(HWND window);
