@@ -43,7 +43,7 @@ void CMultiLineListCtrl::fontChanged() {
 
 RECT CMultiLineListCtrl::bringValueIntoView(std::size_t row) {
     const fw::ListView view(handle());
-    const int item = static_cast<int>(*content().columns().placeOf(kValueColumn));
+    const int item = static_cast<int>(*content().columns().positionOf(kValueColumn));
     view.bringIntoView(row);
     const RECT client = clientRect();
     const RECT cell = header().rectOf({row, item});

@@ -27,7 +27,7 @@ public:
             kMandatoryDetailColumns);
     }
 
-    // Shows groups in place of those that are visible, folded and scrolled as these were.
+    // Shows groups instead of those that are visible, folded and scrolled as these were.
     virtual void replace(std::vector<DetailGroup> groups);
 
     // Removes and frees every group.

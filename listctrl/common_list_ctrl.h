@@ -78,7 +78,7 @@ public:
     void setBackground(COLORREF color) { m_appearance.setBackground(color); }
     // Whether the appearance dialog may change colours and keywords.
     void setCustomizable(bool customizable) { m_appearance.setCustomizable(customizable); }
-    // What is drawn in place of the rows when there is no record.
+    // What is drawn instead of the rows when there is no record.
     void setEmptyText(std::string text) { m_painter.setEmptyText(std::move(text)); }
 
 protected:

@@ -44,7 +44,7 @@ void CListHeader::showSort(const ColumnModel& columns, const std::optional<Colum
     m_changing = true;
     if (m_sorted) control().setImage(*m_sorted, std::nullopt);
     m_sorted.reset();
-    if (const auto position = sort ? columns.placeOf(sort->column) : std::nullopt) {
+    if (const auto position = sort ? columns.positionOf(sort->column) : std::nullopt) {
         m_sorted = static_cast<int>(*position);
         control().setImage(*m_sorted, sort->ascending ? kAscendingImage : kDescendingImage);
     }

@@ -26,7 +26,7 @@ public:
 
     // Without it every cell is a plain one. It must outlive the object.
     void setLooks(const CellLooks& looks) { m_looks = &looks; }
-    // What is drawn in place of the rows when there is no record.
+    // What is drawn instead of the rows when there is no record.
     void setEmptyText(std::string text);
     void fontChanged() { m_widths.fontChanged(); }
 

@@ -78,7 +78,7 @@ bool paneExists(const Plugin& self) {
     return self.workbench != nullptr && self.workbench->handle() != nullptr;
 }
 
-// A new pane in the frame, in place of one without a window; null when it cannot be made.
+// A new pane in the frame, instead of one without a window; null when it cannot be made.
 CMakerChecker* makePane(Plugin& self, HWND frame) {
     fw::retire(std::shared_ptr<CMakerChecker>(std::move(self.workbench)));
     if (!self.glyphs) self.glyphs = makeGlyphs();

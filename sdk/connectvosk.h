@@ -39,7 +39,7 @@ CONNECTVOSK_API int sys_close_time_hndl(void* timeHandle, void** error);
 // Starts a new, empty message in the buffer; what the handle held before is gone.
 CONNECTVOSK_API int otp_start_msg(void* message, void* scratch, void** error);
 
-// Appends `value` as one field; `count` is 1. An id that stands in the message already gets its
+// Appends `value` as one field; `count` is 1. An id that is in the message already gets its
 // next occurrence. A null `value` adds an occurrence that cannot be read. Fails, and leaves the
 // message as it was, when the buffer is full.
 CONNECTVOSK_API int otp_add_data_as_cstring(void* message, int mnemonic, int count,
@@ -50,8 +50,8 @@ CONNECTVOSK_API int otp_add_data_as_cstring(void* message, int mnemonic, int cou
 CONNECTVOSK_API int otp_get_field(void* message, int mnemonic, void** field, int* count,
                                   void** error);
 
-// Reads one occurrence. The text belongs to the message: it lives until the message is started anew
-// or destroyed.
+// Reads one occurrence. The text belongs to the message: it lives until the message is started
+// again or destroyed.
 CONNECTVOSK_API int otp_get_data_as_cstring(void* message, int mnemonic, int occurrence,
                                             const char** text, void** error);
 
@@ -65,10 +65,10 @@ CONNECTVOSK_API int otp_get_data_as_double(void* message, int mnemonic, int occu
                                            double* number, void** error);
 
 // For servers, tools and tests (not used by the plug-in): the number of occurrences in the message,
-// all fields together, and the mnemonic id at a place, in order of appending. A place outside gives
-// -1.
+// all fields together, and the mnemonic id at an index, in order of appending. An index outside
+// gives -1.
 CONNECTVOSK_API int otp_field_count(void* message);
-CONNECTVOSK_API int otp_field_at(void* message, int place);
+CONNECTVOSK_API int otp_field_at(void* message, int index);
 // How many handles are open: messages, buffers and time handles.
 CONNECTVOSK_API int otp_open_handles();
 

@@ -5,7 +5,7 @@
 // answers 0; the pane then stays a floating tool window owned by the frame, so it works in any
 // host.
 //
-// A pane keeps its own size and place while it floats and while it is hidden. A frame forgets a
+// A pane keeps its own size and position while it floats and while it is hidden. A frame forgets a
 // pane that is destroyed.
 #pragma once
 
@@ -31,7 +31,7 @@ struct DockRequest {
     void* pane;     // HWND of the pane
     unsigned side;  // in: one DockSide; out of kDockQuery: the side found
     int extent;  // pixels across the side wanted; 0 leaves it to the frame; the frame may give less
-    int x, y;    // kDockQuery only: a place on the screen
+    int x, y;    // kDockQuery only: a point on the screen
     DockRectangle place;  // out of kDockQuery: where the pane would dock
 };
 
@@ -46,7 +46,7 @@ inline constexpr char kDockAttachMessage[] = "ZekDock.Attach";
 inline constexpr char kDockDetachMessage[] = "ZekDock.Detach";
 
 // Where would a pane dropped at (x, y) dock? wParam 0, lParam DockRequest*; `side` and `place` are
-// filled. Result: non-zero when the place is a docking place, 0 when the pane would float there.
+// filled. Result: non-zero when it would dock there, 0 when the pane would float there.
 inline constexpr char kDockQueryMessage[] = "ZekDock.Query";
 
 // F6 was pressed in the pane (wParam 0), or Shift+F6 (1); lParam DockRequest*, of which only `pane`

@@ -23,7 +23,7 @@ extern "C" {
 
 // Asked for each cell once, row by row from the top, each row from the left; both are counted from
 // 0. Row 0 is the header: `text` is the caption and `type` the column's data type, 1 to 9 (which of
-// them are numbers stands at excel_write). Every other row has the type -1. `text` is single-byte
+// them are numbers is said at excel_write). Every other row has the type -1. `text` is single-byte
 // text (Windows-1252) that lives until the next call; null is an empty cell. Must not throw.
 using CellCallback = void(void* list, int row, int column, const char*& text, int& type);
 
@@ -32,7 +32,7 @@ using CellCallback = void(void* list, int row, int column, const char*& text, in
 EXCEL_API void* excel_create(int rows, int columns);
 
 // Writes a new .xlsx file and returns non-zero; 0 when it cannot, and then leaves no file. It
-// stands in the folder named by the environment variable ZEK_EXPORT_DIR, or else in the user's
+// is in the folder named by the environment variable ZEK_EXPORT_DIR, or else in the user's
 // documents, and is named after the local time; an existing file is never replaced.
 // Cells of columns of type 1, 2, 4, 5, 7 and 9 that hold a plain number are numbers in the sheet,
 // all others texts. `list` is handed to the callback.

@@ -1,7 +1,7 @@
 // The services that a host exports from its executable, by these names, for its plug-ins.
 //
 // The plug-in looks each service up among the exports of the process's main module at the moment
-// it needs it, so a host may lack any of them; what then happens stands with each. All are called
+// it needs it, so a host may lack any of them; what then happens is said at each. All are called
 // on the host's user-interface thread, with C linkage and the default x64 calling convention. None
 // may let an exception out.
 #pragma once

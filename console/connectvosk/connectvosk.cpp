@@ -7,7 +7,7 @@
 //              n bytes of text and a zero byte
 //
 // Fields follow one another without padding. The handle keeps a directory of where each occurrence
-// of each id stands, so a message of thousands of occurrences is read in one step each.
+// of each id is, so a message of thousands of occurrences is read in one step each.
 #include "sdk/connectvosk.h"
 
 #include <cerrno>
@@ -58,14 +58,14 @@ bool faulty() {
     return faultIn > 0 && --faultIn == 0;
 }
 
-std::int32_t wordAt(const unsigned char* place) {
+std::int32_t wordAt(const unsigned char* at) {
     std::int32_t word;
-    std::memcpy(&word, place, sizeof word);
+    std::memcpy(&word, at, sizeof word);
     return word;
 }
 
-void setWord(unsigned char* place, std::int32_t word) {
-    std::memcpy(place, &word, sizeof word);
+void setWord(unsigned char* at, std::int32_t word) {
+    std::memcpy(at, &word, sizeof word);
 }
 
 // Handles that were opened and not closed.
@@ -263,9 +263,9 @@ int otp_field_count(void* message) {
     return message != nullptr ? static_cast<int>(static_cast<Message*>(message)->order.size()) : 0;
 }
 
-int otp_field_at(void* message, int place) {
-    if (place < 0 || place >= otp_field_count(message)) return -1;
-    return static_cast<Message*>(message)->order[static_cast<std::size_t>(place)];
+int otp_field_at(void* message, int index) {
+    if (index < 0 || index >= otp_field_count(message)) return -1;
+    return static_cast<Message*>(message)->order[static_cast<std::size_t>(index)];
 }
 
 int otp_open_handles() {

@@ -9,7 +9,7 @@ namespace {
 constexpr std::size_t kReach = 32768;        // farthest distance of a match
 constexpr std::size_t kWindow = 4 * kReach;  // when it is full, its last kReach bytes are kept
 constexpr std::size_t kShortest = 4;
-constexpr std::size_t kLongest = 258;
+constexpr std::size_t kMaxLength = 258;
 constexpr int kHashBits = 15;
 constexpr int kTries = 8;
 constexpr unsigned kEndOfBlock = 256;
@@ -57,7 +57,7 @@ void Deflate::add(std::string_view bytes, std::string& out) {
         m_window += bytes.substr(0, part);
         bytes.remove_prefix(part);
         if (m_window.size() < kWindow) return;
-        compress(kWindow - kLongest, out);
+        compress(kWindow - kMaxLength, out);
         slide();
     }
 }
@@ -68,7 +68,7 @@ void Deflate::finish(std::string& out) {
     putBits(0, (8 - m_bitCount % 8) % 8, out);
 }
 
-// Compresses up to `end` or, where a match stands across it, up to 257 bytes farther.
+// Compresses up to `end` or, where a match lies across it, up to 257 bytes farther.
 void Deflate::compress(std::size_t end, std::string& out) {
     while (m_next < end) {
         const Match match = bestMatch(m_next);
@@ -86,8 +86,8 @@ void Deflate::slide() {
     m_next = kReach;
     m_before.erase(m_before.begin(), m_before.begin() + static_cast<std::ptrdiff_t>(gone));
     m_before.resize(kWindow);
-    const auto moved = [gone](std::uint32_t place) {
-        return place > gone ? static_cast<std::uint32_t>(place - gone) : 0;
+    const auto moved = [gone](std::uint32_t position) {
+        return position > gone ? static_cast<std::uint32_t>(position - gone) : 0;
     };
     std::transform(m_last.begin(), m_last.end(), m_last.begin(), moved);
     std::transform(m_before.begin(), m_before.end(), m_before.begin(), moved);
@@ -100,24 +100,25 @@ void Deflate::remember(std::size_t at) {
     last = static_cast<std::uint32_t>(at + 1);
 }
 
-// The longest of the last few places that may match; the nearest of equals. Length 0: none.
+// The longest of the last few positions that may match; the nearest of equals. Length 0: none.
 Deflate::Match Deflate::bestMatch(std::size_t at) const {
     Match best{0, 0};
     if (at + kShortest > m_window.size()) return best;
     const auto start = m_window.begin() + static_cast<std::ptrdiff_t>(at);
-    const auto end = start + static_cast<std::ptrdiff_t>(std::min(kLongest, m_window.size() - at));
-    std::size_t place = m_last[hashOf(&m_window[at])];
-    for (int tries = kTries; tries > 0 && place != 0 && at - (place - 1) <= kReach; --tries) {
-        const auto candidate = m_window.begin() + static_cast<std::ptrdiff_t>(place - 1);
+    const auto end =
+        start + static_cast<std::ptrdiff_t>(std::min(kMaxLength, m_window.size() - at));
+    std::size_t position = m_last[hashOf(&m_window[at])];
+    for (int tries = kTries; tries > 0 && position != 0 && at - (position - 1) <= kReach; --tries) {
+        const auto candidate = m_window.begin() + static_cast<std::ptrdiff_t>(position - 1);
         const auto length =
             static_cast<std::size_t>(std::mismatch(start, end, candidate).first - start);
-        if (length > best.length) best = {length, at - (place - 1)};
-        place = m_before[place - 1];
+        if (length > best.length) best = {length, at - (position - 1)};
+        position = m_before[position - 1];
     }
     return best.length < kShortest ? Match{0, 0} : best;
 }
 
-// Values stand with their lowest bit first.
+// Values are written with their lowest bit first.
 void Deflate::putBits(unsigned value, int count, std::string& out) {
     m_bits |= static_cast<std::uint64_t>(value) << m_bitCount;
     m_bitCount += count;
@@ -127,7 +128,7 @@ void Deflate::putBits(unsigned value, int count, std::string& out) {
     }
 }
 
-// Codes stand with their highest bit first.
+// Codes are written with their highest bit first.
 void Deflate::putCode(unsigned code, int count, std::string& out) {
     unsigned mirrored = 0;
     for (int i = 0; i < count; ++i) mirrored |= ((code >> i) & 1) << (count - 1 - i);

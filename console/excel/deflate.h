@@ -37,8 +37,8 @@ private:
     std::string m_window;    // what was compressed last, then what is still to be
     std::size_t m_next = 0;  // where in the window the latter starts
 
-    // Places in the window, plus 1, or 0 for none: the last one with a hash of four bytes, and for
-    // each place the one before it with the same hash.
+    // Positions in the window, plus 1, or 0 for none: the last one with a hash of four bytes, and
+    // for each position the one before it with the same hash.
     std::vector<std::uint32_t> m_last;
     std::vector<std::uint32_t> m_before;
 

@@ -18,7 +18,7 @@ Shown text(const FieldReader& answer, int mnemonic, int occurrence) {
     return sent ? Shown(*sent) : std::nullopt;
 }
 
-// Rounded through single precision, on purpose: 12345678.91 is shown as 12345679.00.
+// Rounded through single precision: 12345678.91 is shown as 12345679.00.
 Shown number(const FieldReader& answer, int mnemonic, int occurrence) {
     static_assert(std::numeric_limits<float>::is_iec559);  // what is too large becomes infinity
     const auto value = answer.number(mnemonic, occurrence);

@@ -56,7 +56,7 @@ public:
     // Takes over groups and shows them behind the others, open. Filters in force apply to them.
     void append(std::vector<DetailGroup> groups);
 
-    // Shows groups in place of all others: folds and the focus stay where their texts are.
+    // Shows groups instead of all others: folds and the focus stay where their texts are.
     void replace(std::vector<DetailGroup> groups);
 
     // Frees all groups.

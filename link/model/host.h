@@ -23,7 +23,7 @@ public:
     virtual const std::string& peerUserId() const = 0;
     virtual int privilegeLevel() const = 0;
 
-    // The services that are looked up anew each time; null when the host lacks them.
+    // The services that are looked up each time; null when the host lacks them.
     virtual PuGetFindMenuItemInRoles* menuItemService() = 0;
     virtual PuGetMakerCheckerModifyRight* modifyRightService() = 0;
     virtual GetQuonRxControlService* receiveControlService() = 0;
@@ -31,7 +31,7 @@ public:
     // Reports a line to the user, by level: above. Any other level logs an empty line.
     virtual void reportToUser(std::string_view text, int level) = 0;
 
-    // Shows `text` as it stands in a message box. Messages may come in while it is open.
+    // Shows `text` as it is in a message box. Messages may come in while it is open.
     virtual void showMessage(const std::string& text) = 0;
 
     // Asks the user a question that "No" answers by default. Messages may come in while it is open.

@@ -7,7 +7,7 @@
 
 namespace mc {
 
-// What a failing step reports; "%s" stands for the request's name. Level 0 reports nothing.
+// What a failing step reports; "%s" is the request's name. Level 0 reports nothing.
 struct Requests::Failure {
     std::string_view text;
     int level = 0;

@@ -27,7 +27,7 @@ inline constexpr char kGetFunctionalityDetails[] = "om_get_functionality_details
 // Limit values that the checker edited: mnemonic id to text, sent in ascending order of id.
 using ModifiedValues = std::map<int, std::string>;
 
-// What is on show in the details list.
+// What the details list shows.
 struct DetailsOnShow {
     std::optional<std::string> key;  // of the change whose details were asked for last
     ModifiedValues modifiedValues;   // edits of those details, not yet sent
@@ -39,7 +39,7 @@ public:
     Requests(Host& host, serverLink& link, DetailsOnShow& details)
         : m_host(host), m_link(link), m_details(details) {}
 
-    // Ask for the details of the change with `key`, which becomes the one on show just before the
+    // Ask for the details of the change with `key`, which becomes the visible one just before the
     // request leaves. Return 1 if sent, else 0. requestDetails of kind none sends nothing.
     int requestDetails(DetailKind kind, const std::string& key);
     int requestUserDetails(const std::string& key) { return requestDetails(DetailKind::user, key); }
@@ -54,7 +54,7 @@ public:
     int sendAccept(const sMakeCheckStruct& record);
     int sendReject(const sMakeCheckStruct& record, const std::string& reason);
 
-    // Sends the edited limits of the change on show and, when they have left, forgets them. Returns
+    // Sends the edited limits of the visible change and, when they have left, forgets them. Returns
     // 1 if sent, else 0. Without any it does nothing.
     int sendLimitsUpdate();
 

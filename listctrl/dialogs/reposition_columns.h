@@ -15,7 +15,7 @@ struct ColumnProfileActions {
     // Puts a layout in force.
     std::function<void(const ColumnLayout&)> apply;
 
-    // Stores what is in force. False when that failed, which it has told the user.
+    // Stores what is in force. False when that failed, which the user has been shown.
     std::function<bool()> save;
 };
 

@@ -11,7 +11,7 @@ std::optional<ColumnSort> afterRemoval(const std::optional<ColumnSort>& sort, Co
 }  // namespace
 
 void ListOrder::sort(ColumnSort sort) {
-    if (!m_columns.placeOf(sort.column)) return;
+    if (!m_columns.positionOf(sort.column)) return;
     m_current = sort;
     const auto type = static_cast<int>(m_columns.descriptor(sort.column).type);
     m_store.sort({sort.column, comparisonOf(type), sort.ascending ? -1 : 1});
@@ -29,9 +29,9 @@ void ListOrder::setStandard(std::optional<ColumnSort> sort) {
 }
 
 void ListOrder::columnsChanged() {
-    if (m_standard && !m_columns.placeOf(m_standard->column)) m_standard.reset();
+    if (m_standard && !m_columns.positionOf(m_standard->column)) m_standard.reset();
     if (!m_current) return;
-    if (m_columns.placeOf(m_current->column))
+    if (m_columns.positionOf(m_current->column))
         sort(*m_current);
     else
         end();

@@ -27,7 +27,7 @@ std::string notDetected(const std::string& path) {
 
 }  // namespace
 
-// Where a value stands, and how a missing one reads.
+// Where a value is stored, and how a missing one reads.
 struct CSettingsStore::Entry {
     const std::string& section;
     const std::string& key;

@@ -20,7 +20,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace {
 
-constexpr std::size_t kLongestInput = 600;
+constexpr std::size_t kMaxInput = 600;
 
 unsigned long g_seed = 0;
 bool g_running = true;
@@ -34,7 +34,7 @@ void nameSeed() {
 
 std::vector<std::uint8_t> inputOf(unsigned long seed) {
     std::mt19937 random(static_cast<std::mt19937::result_type>(seed));
-    std::vector<std::uint8_t> bytes(random() % kLongestInput);
+    std::vector<std::uint8_t> bytes(random() % kMaxInput);
     for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>(random());
     return bytes;
 }

@@ -53,9 +53,9 @@ TEST_F(ColumnModelTest, ShowsWhatIsAskedAndWhatMust) {
     model.show(ids({2, 9, -1, 0, 2}));
     EXPECT_EQ(shownText(model), "Limit:90 Name:75 ");
     EXPECT_EQ(model.width(ColumnId{1}), 100);
-    EXPECT_EQ(model.placeOf(ColumnId{0}), DisplayPlace{1});
-    EXPECT_EQ(model.placeOf(ColumnId{1}), std::nullopt);
-    EXPECT_EQ(model.at(DisplayPlace{0}), ColumnId{2});
+    EXPECT_EQ(model.positionOf(ColumnId{0}), DisplayPosition{1});
+    EXPECT_EQ(model.positionOf(ColumnId{1}), std::nullopt);
+    EXPECT_EQ(model.at(DisplayPosition{0}), ColumnId{2});
 
     model.setMandatory(ids({1, 7}));
     EXPECT_EQ(shownText(model), "Limit:90 Name:75 Key:100 ");

@@ -28,17 +28,18 @@ using Rows = std::vector<std::size_t>;  // ascending
 template <class Item>
 Rows moveRows(std::vector<Item>& items, const Rows& rows, std::size_t before) {
     std::vector<Item> moved, others;
-    std::size_t place = 0;  // of `before` among the others
+    std::size_t position = 0;  // of `before` among the others
     for (std::size_t i = 0, next = 0; i < items.size(); ++i) {
         const bool moves = next < rows.size() && rows[next] == i;
         if (moves) ++next;
-        if (!moves && i < before) ++place;
+        if (!moves && i < before) ++position;
         (moves ? moved : others).push_back(items[i]);
     }
-    others.insert(others.begin() + static_cast<std::ptrdiff_t>(place), moved.begin(), moved.end());
+    others.insert(others.begin() + static_cast<std::ptrdiff_t>(position), moved.begin(),
+                  moved.end());
     items = std::move(others);
     Rows now;
-    for (std::size_t i = 0; i < moved.size(); ++i) now.push_back(place + i);
+    for (std::size_t i = 0; i < moved.size(); ++i) now.push_back(position + i);
     return now;
 }
 
@@ -54,7 +55,7 @@ public:
     // Shows these available columns, behind the others. Gives their rows.
     Rows add(const Rows& availableRows);
 
-    // Hides these shown columns. Gives the columns that have to stay, to be told to the user.
+    // Hides these shown columns. Gives the columns that have to stay, to be named to the user.
     std::vector<ColumnId> remove(const Rows& shownRows);
 
     // Moves shown columns; gives their rows afterwards.

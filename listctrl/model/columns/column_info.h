@@ -6,12 +6,12 @@
 namespace mc {
 
 // Names a column of a list: data columns from 0, then the user-defined ones. Expressions and column
-// profiles refer to columns by it. It is not the position at which the column shows (DisplayPlace),
-// and a deleted user-defined column moves the ids behind it down by one.
+// profiles refer to columns by it. It is not the position at which the column shows
+// (DisplayPosition), and a deleted user-defined column moves the ids behind it down by one.
 enum class ColumnId : int {};
 
 // A column's position among the shown columns, from 0 at the left; so also its item of the header.
-enum class DisplayPlace : int {};
+enum class DisplayPosition : int {};
 
 constexpr std::size_t toIndex(ColumnId id) {
     return static_cast<std::size_t>(id);

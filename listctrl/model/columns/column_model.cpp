@@ -77,10 +77,10 @@ std::optional<ColumnId> ColumnModel::find(std::string_view caption) const {
     return std::nullopt;
 }
 
-std::optional<DisplayPlace> ColumnModel::placeOf(ColumnId id) const {
+std::optional<DisplayPosition> ColumnModel::positionOf(ColumnId id) const {
     const auto found = std::find(m_shown.begin(), m_shown.end(), id);
     if (found == m_shown.end()) return std::nullopt;
-    return static_cast<DisplayPlace>(found - m_shown.begin());
+    return static_cast<DisplayPosition>(found - m_shown.begin());
 }
 
 void ColumnModel::show(std::span<const ColumnId> order) {
@@ -142,10 +142,10 @@ bool ColumnModel::isValid(ColumnId id) const {
 ColumnProfile ColumnModel::profile() const {
     ColumnProfile profile;
     for (std::size_t i = 0; i < m_columns.size(); ++i) {
-        const auto place = placeOf(toColumnId(i));
+        const auto position = positionOf(toColumnId(i));
         profile.columns.push_back({static_cast<int>(i),
-                                   place ? static_cast<int>(*place) : kHiddenPosition,
-                                   place ? m_columns[i].width : 0});
+                                   position ? static_cast<int>(*position) : kHiddenPosition,
+                                   position ? m_columns[i].width : 0});
     }
     for (std::size_t i = m_dataSize; i < m_columns.size(); ++i) {
         const ColumnDescriptor& info = m_columns[i].info;

@@ -78,7 +78,7 @@ private:
         std::string literal;  // in front of it
         int column;
     };
-    // The whole text, with these parts in place of the references.
+    // The whole text, with these parts instead of the references.
     std::string substitute(std::span<const std::string_view> parts) const;
 
     std::vector<Reference> m_references;

@@ -26,7 +26,7 @@ struct Evaluation {
 // right. A sign in front of everything or behind another operator belongs to its operand; a sign
 // behind an opening parenthesis takes its operand from 0.
 //
-// A text may have slots: digits "0", each in place of a plain operand (digits and points) that is a
+// A text may have slots: digits "0", each instead of a plain operand (digits and points) that is a
 // parameter of run(). How a text falls into tokens depends on the kinds of its characters only, so
 // the steps are the same as with the operands themselves in the text. The exception is a slot that
 // is joined to characters beside it (5"3" is one operand): such a program must not be run.

@@ -51,11 +51,11 @@ int compareDates(std::string_view a, std::uint64_t keyA, std::string_view b, std
 
 // The moment a text names, as a number that grows with time and is 0 for none.
 //
-// Read are "dd/mm/yyyy" and "yyyy/mm/dd" (told apart by which part has four digits; "-" separates
-// as well; the month may be a name, of which three letters count; years of two digits are 1970 to
-// 2069), "hh:mm", "hh:mm:ss" with fractions, each with or without "AM" or "PM", and a date followed
-// by a time. A time before noon comes before one after, whatever its digits. Ranges are not
-// checked: "31/02" orders behind "30/02".
+// Read are "dd/mm/yyyy" and "yyyy/mm/dd" (distinguished by which part has four digits; "-"
+// separates as well; the month may be a name, of which three letters count; years of two digits are
+// 1970 to 2069), "hh:mm", "hh:mm:ss" with fractions, each with or without "AM" or "PM", and a date
+// followed by a time. A time before noon comes before one after, whatever its digits. Ranges are
+// not checked: "31/02" orders behind "30/02".
 std::uint64_t dateTimeKey(std::string_view text);
 
 }  // namespace mc
