@@ -1,5 +1,5 @@
-// Docking: every side, floating and back, hidden and back by the hot key, and a frame without a
-// site.
+// Docking: the drag with its preview, floating and back, hidden and back by the hot key, and a frame
+// without a site.
 #include <gtest/gtest.h>
 
 #include "sdk/docking.h"
@@ -46,34 +46,6 @@ HWND preview() {
 
 bool floats() {
     return (GetWindowLongPtrA(GetParent(findPane()), GWL_EXSTYLE) & WS_EX_TOOLWINDOW) != 0;
-}
-
-TEST(Docking, StartsAtTheTopAndDocksAtEverySide) {
-    const OpenWorkbench open;
-    const MainFrame& frame = *open.frame;
-    const RECT client = frame.clientRect();
-    EXPECT_EQ(GetParent(findPane()), frame.handle());
-    EXPECT_EQ(inFrame(frame, findPane()).top, 0);
-    EXPECT_EQ(inFrame(frame, findPane()).right, client.right);
-
-    const struct {
-        POINT drop;
-        LONG RECT::*edge;
-        LONG at;
-    } sides[] = {
-        {{3, client.bottom / 2}, &RECT::left, 0},
-        {{client.right - 3, client.bottom / 2}, &RECT::right, client.right},
-        {{client.right / 2, client.bottom - 3}, &RECT::bottom, client.bottom},
-        {{client.right / 2, 3}, &RECT::top, 0},
-    };
-    for (const auto& side : sides) {
-        dragPane(frame, side.drop.x, side.drop.y);
-        const RECT place = inFrame(frame, findPane());
-        EXPECT_EQ(place.*side.edge, side.at);
-        EXPECT_FALSE(floats());
-        const auto inner = frame.inner();
-        EXPECT_LT(static_cast<long>(inner.width()) * inner.height(), client.right * client.bottom);
-    }
 }
 
 TEST(Docking, ADragShowsWhereThePaneWillBeAndEscForgetsIt) {
