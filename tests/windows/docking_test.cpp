@@ -1,5 +1,4 @@
-// Docking: the drag with its preview, floating and back, hidden and back by the hot key, and a frame
-// without a site.
+// Docking: the drag with its preview, hidden and back by the hot key, and a frame without a site.
 #include <gtest/gtest.h>
 
 #include "sdk/docking.h"
@@ -77,30 +76,6 @@ TEST(Docking, ADragShowsWhereThePaneWillBeAndEscForgetsIt) {
         if (floats()) SendMessageA(GetParent(findPane()), WM_NCLBUTTONDBLCLK, HTCAPTION, 0);
         dragPane(frame, client.right / 2, 3);
     }
-}
-
-TEST(Docking, FloatsAndComesBack) {
-    OpenWorkbench open;
-    const MainFrame& frame = *open.frame;
-    dragPane(frame, 600, 400);
-    ASSERT_TRUE(floats());
-    EXPECT_EQ(frame.inner().height(), static_cast<int>(frame.clientRect().bottom));
-    const HWND floating = GetParent(findPane());
-    EXPECT_EQ(GetWindow(floating, GW_OWNER), frame.handle());
-    RECT pane{}, client{};
-    GetClientRect(findPane(), &pane);
-    GetClientRect(floating, &client);
-    EXPECT_TRUE(EqualRect(&pane, &client)) << "a floating pane has no caption strip of its own";
-    open.plugin.publish(pending("1", "339"));
-    EXPECT_EQ(rowCount(mainList()), 1);
-
-    SetFocus(mainList());
-    SendMessageA(floating, WM_NCLBUTTONDBLCLK, HTCAPTION, 0);
-    EXPECT_FALSE(floats());
-    EXPECT_EQ(GetFocus(), mainList());
-    EXPECT_FALSE(IsWindowVisible(floating));
-    EXPECT_EQ(GetParent(findPane()), frame.handle());
-    EXPECT_EQ(rowCount(mainList()), 1);
 }
 
 TEST(Docking, ClosedItIsHiddenUntilTheHotKey) {
