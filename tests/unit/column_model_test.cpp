@@ -119,6 +119,14 @@ TEST_F(ColumnModelTest, AnyStoredTextLeavesAUsableList) {
     EXPECT_EQ(shownText(model), "Limit:44 Key:100 ");
 }
 
+TEST_F(ColumnModelTest, RefusesWhatAProfileCannotHold) {
+    const UserDefinedColumn refused[] = {
+        {"", "1", ""},   {"Key", "1", ""},       {"a#b", "1", ""},      {"Sum", "1,2", ""},
+        {"Sum", "", ""}, {"Sum", "1+\"9\"", ""}, {"Sum", "1+\"3\"", ""}};  // itself
+    for (const auto& each : refused)
+        EXPECT_EQ(model.add(each), std::nullopt) << each.caption << " = " << each.expression;
+}
+
 TEST_F(ColumnModelTest, DeletingRenumbersAndNeverReadsAnotherColumn) {
     const ColumnId first = added("First", " \"1\"*2");
     added("Second", " \"2\"*2");

@@ -86,6 +86,12 @@ TEST(ExpressionTest, ComputesInfixTexts) {
         {"2*-3", "0.00"},    // "*-" is no operator
         {"2 3*-4", "2.00"},  // its "*" acts at once: 2 * 3 - 4
         {"2<= -3", "0.00"},  // "=" alone is no operator, so the sign is binary
+        // what is right of the first slash is tested
+        {"7/2", "3.50"},
+        {"4/(1-1)", "Divided by ZERO error"},
+        {"1/2-2", "Divided by ZERO error"},
+        {"6/3/0", "inf"},
+        {"4/abc", "old[unchanged]"},
         // status 1 and 3
         {"(2+3", "0.00"},
         {"5!=3", "0.00"},

@@ -48,6 +48,16 @@ TEST_F(Selecting, ByTheMouse) {
     EXPECT_EQ(store.selectedRows(), Rows{});
 }
 
+TEST_F(Selecting, WithoutAnAnchorOrFocus) {
+    rules.selectAll();
+    EXPECT_EQ(store.focusedRow(), 0u);
+    store.clearSelection();
+    store.setFocus(4);
+    rules.move(Move::down, 4, kShift);
+    rules.move(Move::down, 4, kShift);
+    EXPECT_EQ(store.selectedRows(), (Rows{4, 5, 6})) << "the focus is the anchor from then on";
+}
+
 TEST_F(Selecting, ByTheKeys) {
     EXPECT_EQ(rules.move(Move::down, 4, {}), 0u) << "the first key goes to the first row";
     EXPECT_EQ(rules.move(Move::up, 4, {}), 0u);
