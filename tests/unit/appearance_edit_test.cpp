@@ -60,21 +60,6 @@ TEST(AppearanceEditTest, RefusesWhatCannotBeStored) {
     }
 }
 
-// Until one is refused; the value then comes back whole, with any column, colours and font.
-TEST(AppearanceEditTest, StoredValueComesBackWhole) {
-    AppearanceEdit value = edit();
-    value.setColor(ColorProperty::text, 0xABCDEF);
-    int added = 0;
-    while (value.addKeyword("keyword" + std::to_string(added)) == nullptr) ++added;
-    EXPECT_GT(added, 150);
-    value.setColor(ColorProperty::background, 0xFEDCBA);
-    value.setFont(std::string(31, 'F'), "72");
-    value.setKeywordColumn(ColumnId{9999});
-    const std::string stored = appearanceText(value.applied());
-    EXPECT_LE(stored.size(), kMaxValue);
-    EXPECT_EQ(readAppearance(stored), value.applied());
-}
-
 TEST(AppearanceEditTest, AppliesWhatWasChosen) {
     AppearanceEdit value = edit({"old", "gone", "too"});
     value.removeKeywords(std::vector<std::size_t>{1, 2});

@@ -6,22 +6,6 @@ using namespace mc;
 
 namespace {
 
-TEST(AppearanceTest, TextAndValueAreOne) {
-    const struct {
-        Appearance appearance;
-        const char* text;
-    } cases[] = {
-        {{0xFFFFFF, 0, "Arial", "10", ColumnId{2}, {{"buy", 0xFF0000}, {"sell", 0xFF}}},
-         "FFFFFF,0,Arial,10,2,buy,FF0000,sell,FF,"},
-        {{0xABCDEF, 0x10, "Courier New", "8", std::nullopt, {}}, "ABCDEF,10,Courier New,8"},
-        {{0, 0, "Arial", "10", ColumnId{0}, {}}, "0,0,Arial,10,0,"},
-    };
-    for (const auto& each : cases) {
-        EXPECT_EQ(appearanceText(each.appearance), each.text);
-        EXPECT_EQ(readAppearance(each.text), each.appearance) << each.text;
-    }
-}
-
 TEST(AppearanceTest, AnUnusableValueIsNone) {
     for (const char* text :
          {"", ",,,", "FFFFFF", "FFFFFF,0,Arial", "FFFFFF,0,,10", "FFFFFF,0,Arial,",

@@ -26,18 +26,6 @@ std::string names(const ColumnChoice& choice, const std::vector<ColumnId>& colum
     return text;
 }
 
-TEST(ColumnChoice, ColumnsGoToAndFro) {
-    ColumnChoice choice(five(), std::nullopt);
-    EXPECT_EQ(names(choice, choice.remove({0, 2, 3})), "AC") << "these have to stay";
-    EXPECT_TRUE(choice.remove({}).empty());
-    EXPECT_TRUE(choice.remove({1}).empty());
-    EXPECT_EQ(names(choice, choice.shown()), "ACE");
-    EXPECT_EQ(names(choice, choice.available()), "BD");
-    EXPECT_EQ(choice.add({0, 1}), (Rows{3, 4}));
-    EXPECT_EQ(names(choice, choice.shown()), "ACEBD");
-    EXPECT_TRUE(choice.available().empty());
-}
-
 TEST(ColumnChoice, OneColumnStays) {
     ColumnModel model = five();
     model.setMandatory({});
@@ -68,18 +56,6 @@ TEST(ColumnChoice, RowsMoveTogether) {
     EXPECT_EQ(choice.moveUp({3}), Rows{2});
     EXPECT_EQ(choice.moveDown({2}), Rows{3});
     EXPECT_EQ(names(choice, choice.shown()), "ABCDE");
-}
-
-TEST(ColumnChoice, OneColumnHasTheDefaultSort) {
-    ColumnChoice choice(five(), ColumnSort{ColumnId{1}, false});
-    EXPECT_EQ(choice.ascending(ColumnId{1}), false);
-    choice.setAscending(ColumnId{0}, std::nullopt);
-    EXPECT_EQ(choice.ascending(ColumnId{1}), false) << "another column's is not ended";
-    choice.setAscending(ColumnId{3}, true);
-    EXPECT_EQ(choice.ascending(ColumnId{1}), std::nullopt);
-    EXPECT_EQ(choice.layout().sort, (ColumnSort{ColumnId{3}, true}));
-    choice.remove({3});
-    EXPECT_EQ(choice.layout().sort, std::nullopt) << "hidden with its column";
 }
 
 }  // namespace

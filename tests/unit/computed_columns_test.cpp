@@ -41,15 +41,6 @@ TEST(ComputedColumnsTest, ComputedColumnsReferToOthers) {
     EXPECT_EQ(texts.cell(6), "8.00");
 }
 
-TEST(ComputedColumnsTest, OnlyColumnsThatExistAreFetched) {
-    CellsRow row({R"( "0"+"3")", R"( "9")", R"( "-1")"});
-    for (const std::size_t column : {0U, 1U, 2U, 3U, 4U, 5U, 99U}) {
-        EXPECT_EQ(row.cell(column), "old") << column;
-        EXPECT_EQ(row.outcome, CellOutcome::notFetched) << column;
-    }
-    EXPECT_EQ(row.fetched, 1U);
-}
-
 TEST(ComputedColumnsTest, ColumnsThatReferToThemselvesKeepTheirText) {
     CellsRow row({R"( "2"+"2")", R"( "4"+"0")", R"( "0"+"3")", R"( "2"+1)"});
     for (std::size_t column = 2; column < 6; ++column) {

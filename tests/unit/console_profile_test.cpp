@@ -42,28 +42,5 @@ TEST(LoginProfileTest, ArgumentsWinOverTheSectionWhereverTheyStand) {
     EXPECT_EQ(parsed.value, expected);
 }
 
-TEST(LoginProfileTest, TellsWhatIsWrong) {
-    struct Row {
-        const char* ini;
-        Arguments arguments;
-        const char* error;
-    };
-    const Row rows[] = {
-        {"", {"--profile", "A"}, "there is no profile \"A\""},
-        {"", {"--user"}, "a value must follow \"--user\""},
-        {"", {"user", "A"}, "not an option: \"user\""},
-        {"", {"--colour", "red"}, "unknown option \"colour\""},
-        {"", {"--level", "two"}, "option level cannot be \"two\""},
-        {"", {"--roles", "1,,2"}, "option roles cannot be \"1,,2\""},
-        {"", {"--modify", "perhaps"}, "option modify cannot be \"perhaps\""},
-        {"[A]\nlevel = x\n", {}, "zek.ini:2: option level cannot be \"x\""},
-        {"[A]\n[B]\ncolour = red\n", {}, "zek.ini:3: unknown option \"colour\""},
-        {"[A]\nlevel 2\n", {}, "zek.ini:2: neither [profile] nor option = value"},
-        {"[A\n", {}, "zek.ini:1: neither [profile] nor option = value"},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(parseLogin(row.ini, "zek.ini", row.arguments).error, row.error);
-}
-
 }  // namespace
 }  // namespace zek

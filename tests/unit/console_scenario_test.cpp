@@ -49,21 +49,6 @@ TEST(ScenarioTest, ReadsSectionsTextsAndFields) {
     EXPECT_EQ(parsed.value, expected);
 }
 
-TEST(ScenarioTest, TellsWhereAndWhatIsWrong) {
-    const std::pair<std::string, std::string> rows[] = {
-        {"\n# x\nbroker = ZEKB", "f:3: \"broker\" has no place here"},
-        {"field 1 = x", "f:1: a field outside of a section"},
-        {"user A\nowner = B", "f:2: \"owner\" has no place here"},
-        {"user A\ntype = B\ntype = B", "f:3: \"type\" stands twice"},
-        {"user A\nfield x = 1", "f:2: not a field id: \"x\""},
-        {"user A\nfield 1 = a\\q", "f:2: unknown escape in \"a\\q\""},
-        {"user", "f:1: what follows \"user\" is missing"},
-        {"change steal-client", "f:1: unknown kind of change \"steal-client\""},
-        {"hello world", "f:1: not a section and not an assignment: \"hello\""},
-    };
-    for (const auto& [text, error] : rows) EXPECT_EQ(parseScenario(text, "f").error, error) << text;
-}
-
 TEST(ScenarioTest, WhatIsWrittenReadsTheSame) {
     const char* awkward[] = {"",      " ",      " x ", "|",       "| ",      " | ", "a|b",
                              "a | b", "a| b|",  "\\?", "\\",      "\\|",     "= x", "#",

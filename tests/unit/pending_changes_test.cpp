@@ -133,6 +133,9 @@ TEST_F(PendingChangesTest, KeepsRowsAndIndexInStep) {
         }
         ASSERT_EQ(changes.size(), expected.size());
         ASSERT_EQ(changes.rows().rowCount(), expected.size());
+        if (i % 500 == 0) {
+            for (const std::string& each : expected) ASSERT_EQ(changes.findRecord(each)->key, each);
+        }
         if (expected.empty()) continue;
         const std::size_t row = random() % expected.size();
         ASSERT_EQ(changes.at(row).key, expected[row]);

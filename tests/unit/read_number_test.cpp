@@ -40,30 +40,6 @@ TEST(ReadNumber, TakesTheNumberThatATextBeginsWith) {
     EXPECT_EQ(readNumber({}), std::nullopt);
 }
 
-TEST(ReadNumber, WholeNumbersStopAtTheEndsOfTheirType) {
-    const struct {
-        const char* text;
-        std::int32_t integer;
-        std::int64_t longInteger;
-    } cases[] = {
-        {"42", 42, 42},
-        {" -42abc", -42, -42},
-        {"+7", 7, 7},
-        {"+-7", 0, 0},
-        {"12.9", 12, 12},
-        {"", 0, 0},
-        {"-", 0, 0},
-        {"4000000000", INT32_MAX, 4000000000},
-        {"-4000000000", INT32_MIN, -4000000000},
-        {"99999999999999999999", INT32_MAX, INT64_MAX},
-        {"-99999999999999999999", INT32_MIN, INT64_MIN},
-    };
-    for (const auto& [text, integer, longInteger] : cases) {
-        EXPECT_EQ(integerOf(text), integer) << text;
-        EXPECT_EQ(longIntegerOf(text), longInteger) << text;
-    }
-}
-
 // Texts that are numbers, nearly numbers and at the ends of the range.
 std::string randomNumber(std::mt19937& random) {
     const auto below = [&](unsigned end) { return static_cast<unsigned>(random() % end); };

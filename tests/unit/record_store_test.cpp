@@ -33,12 +33,6 @@ protected:
     void append(std::initializer_list<const char*> texts) {
         for (const char* text : texts) insert(0, text);
     }
-    std::string shown() const {
-        std::string rows;
-        for (std::size_t row = 0; row < m_store.rowCount(); ++row)
-            rows += (row > 0 ? " " : "") + std::string(m_store.cellText(row, kColumn));
-        return rows;
-    }
     void filter(const char* text) {
         m_store.filters().set(kColumn, text);
         m_store.filter();
@@ -61,63 +55,6 @@ TEST_F(RecordStoreTest, WithoutDataTakesAndShowsNothing) {
     EXPECT_EQ(m_store.filter(), Outcome::nothingDone);
     EXPECT_EQ(m_store.cellText(0, kColumn), "no data descriptor initialised");
     EXPECT_TRUE(m_store.distinctValues(kColumn).values.empty());
-}
-
-TEST_F(RecordStoreTest, FiltersThatDontBelongTogetherFail) {
-    append({"a", "b"});
-    m_store.filters().setAll({kColumn, ColumnId{1}}, {ColumnFilter{"a"}});
-    EXPECT_STREQ(messageOf(m_store.filter()), "Error occured while filtering");
-    EXPECT_EQ(m_store.rowCount(), 2U);
-    EXPECT_STREQ(messageOf(m_store.deleteItem(1)), "Delete item: Item not found");
-    EXPECT_EQ(m_store.cellText(1, kColumn), "");
-    m_store.filters().clear();
-    EXPECT_EQ(m_store.filter(), Outcome::done);
-    EXPECT_EQ(shown(), "a b");
-}
-
-// Records that come or change later are judged by the value, too, and a pattern takes its place.
-TEST_F(RecordStoreTest, AValueStaysOneUntilThePatternChanges) {
-    append({"a~b", "a", "a~bc", "A~B"});
-    m_store.filters().set(kColumn, "a~b", FilterKind::value);
-    m_store.filter();
-    EXPECT_EQ(shown(), "a~b A~B");
-    insert(0, "b");
-    refresh(insert(0, "c"), "A~b");
-    EXPECT_EQ(shown(), "a~b A~B A~b");
-    filter("a~b");
-    EXPECT_EQ(shown(), "a~b a a~bc A~B b A~b");
-}
-
-TEST_F(RecordStoreTest, SelectionFocusAndAnchorBelongToRecords) {
-    append({"c", "b", "a", "d"});
-    m_store.select(0, true);
-    m_store.setFocus(1);
-    m_store.setAnchor(0);
-    m_store.sort({kColumn, Comparison::text, -1});
-    EXPECT_EQ(m_store.selectedRows(), std::vector<std::size_t>{2});
-    EXPECT_EQ(m_store.focusedRow(), 1U);
-    EXPECT_EQ(m_store.anchorRow(), 2U);
-
-    const Slot gone = m_store.slotAt(2);
-    m_store.deleteItem(2);  // the row after it takes its place
-    EXPECT_EQ(m_store.selectedRows(), std::vector<std::size_t>{2});
-    EXPECT_EQ(m_store.anchorRow(), 2U);
-    insert(0, "0", gone);  // the slot is given again, and with it nothing of the selection
-    EXPECT_EQ(m_store.selectedRows(), std::vector<std::size_t>{3});
-    EXPECT_EQ(m_store.anchorRow(), 3U);
-
-    m_store.deleteItem(3);  // the last row: none is selected
-    EXPECT_EQ(m_store.selectedCount(), 0U);
-    EXPECT_EQ(m_store.anchorRow(), 2U);
-    m_store.deleteItem(2);  // it had the focus and was the last
-    EXPECT_EQ(m_store.focusedRow(), 1U);
-
-    m_store.select(0, true);
-    filter("x");
-    filter("");
-    EXPECT_EQ(m_store.selectedCount(), 0U);
-    EXPECT_EQ(m_store.focusedRow(), std::nullopt);
-    EXPECT_EQ(m_store.anchorRow(), std::nullopt);
 }
 
 TEST_F(RecordStoreTest, DistinctValuesComeInOrderOfFirstAppearance) {

@@ -199,14 +199,6 @@ TEST_P(EachRequest, EndsAtTheFirstFailingCallWithItsLine) {
     }
 }
 
-TEST(Requests, UpdateSendsNothingWithoutEdits) {
-    RequestsFixture f;
-    f.details.modifiedValues.clear();
-    f.requests->sendLimitsUpdate();
-    EXPECT_TRUE(f.host.control().sent.empty());
-    EXPECT_EQ(f.host.said, Lines{});
-}
-
 TEST(Requests, UpdateSendsTheYesNoSettingAsAWord) {
     const struct {
         const char *typed, *sent;

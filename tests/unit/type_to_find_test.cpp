@@ -59,23 +59,4 @@ TEST_F(Finding, TypedLettersLeadFromRowToRow) {
     }
 }
 
-TEST_F(Finding, TypingLastsUntilAPauseOrSomethingElse) {
-    TypeToFind find;
-    EXPECT_FALSE(find.typing(0));
-    find.type('a', 10, rows, kFindColumn);
-    EXPECT_TRUE(find.typing(10 + TypeToFind::kPause - 1));
-    EXPECT_FALSE(find.typing(10 + TypeToFind::kPause));
-    find.end();
-    EXPECT_FALSE(find.typing(11));
-}
-
-TEST_F(Finding, OthersAskForAText) {
-    EXPECT_EQ(findRow(rows, kFindColumn, 0, {"ash"}), 1u);
-    EXPECT_EQ(findRow(rows, kFindColumn, 0, {"ashok", true}), 3u);
-    EXPECT_EQ(findRow(rows, kFindColumn, 0, {"ash", true}), std::nullopt);
-    EXPECT_EQ(findRow(rows, kFindColumn, 4, {"ash"}), 1u);
-    EXPECT_EQ(findRow(rows, kFindColumn, 4, {"ash", false, false}), std::nullopt);
-    EXPECT_EQ(findRow(rows, kFindColumn, 99, {"ash"}), 1u);
-}
-
 }  // namespace

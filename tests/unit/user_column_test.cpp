@@ -17,23 +17,6 @@ ColumnModel limits() {
     return model;
 }
 
-TEST(UserColumn, ButtonsAppendToBothTexts) {
-    const ColumnModel columns = limits();
-    const ExpressionButton& squared = kExpressionButtons[6];
-    std::string text, alone;
-    EXPECT_STREQ(pressButton(squared, false, {}, columns, text), "Please select a Column Name");
-    EXPECT_EQ(pressButton(squared, false, ColumnId{1}, columns, text), nullptr);
-    EXPECT_EQ(pressButton(squared, true, {}, columns, alone), nullptr);
-    EXPECT_EQ(text, "\"Limit\" ^ 2 ");
-    EXPECT_EQ(internalExpression(text, columns), " \"1\"^2");
-    EXPECT_EQ(alone, "^ 2");
-    text = "2 * ";
-    EXPECT_STREQ(insertColumn({}, columns, text), "No column is selected");
-    EXPECT_EQ(insertColumn(ColumnId{4}, columns, text), nullptr);
-    EXPECT_EQ(text, "2 * \"Twice\"");
-    EXPECT_EQ(internalExpression(text, columns), " 2*\"4\"");
-}
-
 TEST(UserColumn, WhatIsTypedIsReadAsShown) {
     ColumnModel columns = limits();
     columns.add({"A\"B", "1", ""});  // a caption may hold a quote

@@ -1,7 +1,6 @@
 // A workbench view that writes down what it is told.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -14,13 +13,9 @@ public:
     std::vector<std::string> events;  // "rows", "empty details", "show details", "show again" ...
     DetailsCaption caption;
     std::vector<DetailGroup> shown;
-    std::function<void()> whenDetailsEmpty = [] {};
 
     void rowsChanged() override { events.emplace_back("rows"); }
-    void emptyDetails() override {
-        events.emplace_back("empty details");
-        whenDetailsEmpty();
-    }
+    void emptyDetails() override { events.emplace_back("empty details"); }
     void showDetails(std::vector<DetailGroup> groups, bool anotherChange) override {
         events.emplace_back(anotherChange ? "show details" : "show again");
         shown = std::move(groups);

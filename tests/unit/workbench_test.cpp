@@ -160,15 +160,6 @@ TEST_F(WorkbenchTest, AsksTheModifyRightForEachAnswer) {
     }
 }
 
-TEST_F(WorkbenchTest, TheOutcomeOfTheChangeOnShowEmptiesTheDetails) {
-    workbench->showDetails(list("1001", "360"));
-    list("1002", "360");
-    workbench->handlePublished(publication("accepted", "1002").handle());
-    EXPECT_EQ(view.events, Lines{"rows"});
-    workbench->handlePublished(publication("rejected", "1001").handle());
-    EXPECT_EQ(view.events, (Lines{"rows", "rows", "empty details"}));
-}
-
 TEST_F(WorkbenchTest, RecoveryEmptiesTheDetailsAndItsAnswersAreTakenIn) {
     workbench->showDetails(list("1001", "339"));
     view.events.clear();

@@ -123,27 +123,4 @@ TEST(Appearance, AppliesToTheListIsStoredAndComesBack) {
     EXPECT_TRUE(shows(1, GetSysColor(COLOR_HIGHLIGHT)));
 }
 
-TEST(Appearance, ValuesThatCannotBeUsedLeaveTheListAsItIs) {
-    int plain = 0;
-    const struct {
-        const char* text;
-        bool customized;
-    } cases[] = {{nullptr, false},
-                 {"400000,FFFF", false},
-                 {"xyz,0,Tahoma,24", false},
-                 {"400000,0,No Such Face,8,99,buy,FF,", true},
-                 {"400000,0,Tahoma,big,0,buy", true}};
-    for (const auto& each : cases) {
-        const StoredSetting stored(kSection, kKey, each.text);
-        const AppearanceOfList list;
-        if (plain == 0) plain = rowHeight();
-        const auto background =
-            static_cast<COLORREF>(SendMessageA(mainList(), LVM_GETBKCOLOR, 0, 0));
-        EXPECT_EQ(background, each.customized ? RGB(0, 0, 64) : GetSysColor(COLOR_WINDOW))
-            << each.text;
-        EXPECT_NEAR(rowHeight(), plain, 6) << each.text;
-        EXPECT_FALSE(shows(1, RGB(255, 0, 0)));
-    }
-}
-
 }  // namespace

@@ -46,19 +46,6 @@ protected:
     std::unique_ptr<OpenWorkbench> open;
 };
 
-TEST_F(Details, AnswerShowsGroupsAndALateOneNothing) {
-    showLimits();
-    const Texts shown{"RMS Limits||", "RMS Limit For|Client - C1|", "Cash Margin|1500.00|1200",
-                      "Sell Sec Limit|10|", "GroupWise Validation|E|"};
-    EXPECT_EQ(lines(), shown);
-    answer(limitsAnswer("6"));
-    EXPECT_EQ(lines(), shown);
-    answer(limitsAnswer("7"));
-    EXPECT_EQ(lines(), shown) << "a second answer takes the place of the first";
-    open->plugin.publish(outcome("7", "accepted"));
-    EXPECT_EQ(lines(), Texts{});
-}
-
 TEST_F(Details, HeadingsFoldByClickAndKeys) {
     showLimits();
     hand::clickRow(details(), 0, hand::kCtrl);

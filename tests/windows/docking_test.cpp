@@ -1,5 +1,4 @@
-// Docking: every side, floating and back, hidden and back by the hot key, and a frame without a
-// site.
+// Docking: the drag with its preview, hidden and back by the hot key, and a frame without a site.
 #include <gtest/gtest.h>
 
 #include "sdk/docking.h"
@@ -48,34 +47,6 @@ bool floats() {
     return (GetWindowLongPtrA(GetParent(findPane()), GWL_EXSTYLE) & WS_EX_TOOLWINDOW) != 0;
 }
 
-TEST(Docking, StartsAtTheTopAndDocksAtEverySide) {
-    const OpenWorkbench open;
-    const MainFrame& frame = *open.frame;
-    const RECT client = frame.clientRect();
-    EXPECT_EQ(GetParent(findPane()), frame.handle());
-    EXPECT_EQ(inFrame(frame, findPane()).top, 0);
-    EXPECT_EQ(inFrame(frame, findPane()).right, client.right);
-
-    const struct {
-        POINT drop;
-        LONG RECT::*edge;
-        LONG at;
-    } sides[] = {
-        {{3, client.bottom / 2}, &RECT::left, 0},
-        {{client.right - 3, client.bottom / 2}, &RECT::right, client.right},
-        {{client.right / 2, client.bottom - 3}, &RECT::bottom, client.bottom},
-        {{client.right / 2, 3}, &RECT::top, 0},
-    };
-    for (const auto& side : sides) {
-        dragPane(frame, side.drop.x, side.drop.y);
-        const RECT place = inFrame(frame, findPane());
-        EXPECT_EQ(place.*side.edge, side.at);
-        EXPECT_FALSE(floats());
-        const auto inner = frame.inner();
-        EXPECT_LT(static_cast<long>(inner.width()) * inner.height(), client.right * client.bottom);
-    }
-}
-
 TEST(Docking, ADragShowsWhereThePaneWillBeAndEscForgetsIt) {
     const OpenWorkbench open;
     const MainFrame& frame = *open.frame;
@@ -105,30 +76,6 @@ TEST(Docking, ADragShowsWhereThePaneWillBeAndEscForgetsIt) {
         if (floats()) SendMessageA(GetParent(findPane()), WM_NCLBUTTONDBLCLK, HTCAPTION, 0);
         dragPane(frame, client.right / 2, 3);
     }
-}
-
-TEST(Docking, FloatsAndComesBack) {
-    OpenWorkbench open;
-    const MainFrame& frame = *open.frame;
-    dragPane(frame, 600, 400);
-    ASSERT_TRUE(floats());
-    EXPECT_EQ(frame.inner().height(), static_cast<int>(frame.clientRect().bottom));
-    const HWND floating = GetParent(findPane());
-    EXPECT_EQ(GetWindow(floating, GW_OWNER), frame.handle());
-    RECT pane{}, client{};
-    GetClientRect(findPane(), &pane);
-    GetClientRect(floating, &client);
-    EXPECT_TRUE(EqualRect(&pane, &client)) << "a floating pane has no caption strip of its own";
-    open.plugin.publish(pending("1", "339"));
-    EXPECT_EQ(rowCount(mainList()), 1);
-
-    SetFocus(mainList());
-    SendMessageA(floating, WM_NCLBUTTONDBLCLK, HTCAPTION, 0);
-    EXPECT_FALSE(floats());
-    EXPECT_EQ(GetFocus(), mainList());
-    EXPECT_FALSE(IsWindowVisible(floating));
-    EXPECT_EQ(GetParent(findPane()), frame.handle());
-    EXPECT_EQ(rowCount(mainList()), 1);
 }
 
 TEST(Docking, ClosedItIsHiddenUntilTheHotKey) {

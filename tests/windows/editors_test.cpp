@@ -91,36 +91,6 @@ protected:
     fw::CKeyFilter keys;
 };
 
-TEST_F(Editors, KeysEndTheEditOnce) {
-    const struct {
-        const char* before;
-        const char* typed;
-        WORD key;
-        hand::Keys keys;
-        const char* told;
-    } cases[] = {
-        {"old", "new", VK_RETURN, {}, "commit new"},
-        {"old", "new", VK_ESCAPE, {}, "cancel"},
-        {"old", "new", VK_TAB, {}, "next new"},
-        {"old", "new", VK_TAB, hand::kShift, "previous new"},
-        {"old", "", VK_RETURN, {}, "commit"},
-        {"old", "old", VK_TAB, {}, "next"},
-    };
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.told);
-        bed.open<CEditEditor>(each.before, "");
-        hand::type(each.typed);
-        hand::key(VK_LEFT);
-        EXPECT_TRUE(isOpen());
-        hand::key(each.key, each.keys);
-        EXPECT_EQ(bed.log, Log{each.told});
-        EXPECT_FALSE(isOpen());
-        EXPECT_EQ(GetFocus(), bed.list);
-        EXPECT_TRUE(bed.editor->leave());
-        EXPECT_EQ(bed.log.size(), 1u);
-    }
-}
-
 TEST_F(Editors, TakeTheirAllowedCharactersOnly) {
     const HWND edit = bed.open<CEditEditor>("5", kDigits);
     hand::type("1<2a3");
@@ -151,61 +121,6 @@ TEST_F(Editors, TakeTheirAllowedCharactersOnly) {
     hand::key(VK_RETURN);
     EXPECT_EQ(bed.log, Log{"\"7<8\" has characters that cannot be used here"});
     EXPECT_TRUE(isOpen());
-}
-
-TEST_F(Editors, ARefusedNumberStaysOpenAndIsSelected) {
-    const std::string refused = "\"12a\" is not a number";
-    const HWND edit = bed.open<CPriceEditor>("1500.00", "0123456789.-a");
-    hand::type("12a");
-    const struct {
-        const char* how;
-        std::function<void()> leave;
-    } cases[] = {
-        {"Enter", [] { hand::key(VK_RETURN); }},
-        {"Enter, held", [] { hand::hold(VK_RETURN, 5); }},
-        {"Tab", [] { hand::key(VK_TAB); }},
-        {"click", [this] { hand::click(bed.other); }},
-        {"focus", [this] { SetFocus(bed.other); }},
-        {"leave()", [this] { EXPECT_FALSE(bed.editor->leave()); }},
-    };
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.how);
-        bed.log.clear();
-        SendMessageA(edit, EM_SETSEL, 1, 1);
-        DialogTrap trap;
-        each.leave();
-        EXPECT_TRUE(pumpUntil([&] { return !trap.texts.empty() && GetFocus() == edit; }));
-        EXPECT_EQ(bed.log, Log{refused});
-        EXPECT_EQ(trap.texts, bed.log) << "told once";
-        EXPECT_TRUE(isOpen());
-        EXPECT_EQ(SendMessageA(edit, EM_GETSEL, 0, 0), MAKELRESULT(0, 3));
-    }
-    hand::wheel(edit, 1);
-    hand::type("-1.5");
-    hand::key(VK_UP);
-    hand::key(VK_RETURN);
-    EXPECT_EQ(bed.log.back(), "commit -1.5");
-}
-
-TEST_F(Editors, TheFocusGoingElsewhereCommits) {
-    const HWND edit = bed.open<CPriceEditor>("1", kDigits);
-    hand::type("2");
-    SetFocus(bed.other);
-    EXPECT_EQ(bed.log, Log{"commit 2"}) << "at once: a button may be on its way";
-    EXPECT_FALSE(isOpen());
-    EXPECT_EQ(GetFocus(), bed.other);
-    EXPECT_FALSE(IsWindowVisible(edit));
-
-    // Nothing is said inside the change of the focus, nor after the focus came back.
-    bed.open<CPriceEditor>("1", kDigits);
-    hand::type("-");
-    SetFocus(bed.other);
-    SetFocus(GetWindow(bed.editor->handle(), GW_CHILD));
-    pump();
-    EXPECT_TRUE(bed.log.empty() && isOpen());
-    EXPECT_FALSE(bed.editor->leave(false));
-    pump();
-    EXPECT_TRUE(bed.log.empty() && isOpen());
 }
 
 // While the mouse is held, or another program is in front, no message opens.

@@ -90,22 +90,6 @@ TEST_F(List, ExportsWhatItShows) {
     SetEnvironmentVariableA("ZEK_EXPORT_DIR", nullptr);
 }
 
-TEST(ListProfile, BringsColumnsBackWithWhatTheUserDefined) {
-    const StoredProfile stored(
-        "0,1,75,1,-1,0,2,0,120,3,-1,0,4,-1,0,5,-1,0,6,2,80,Twice#2*\"2\"#2 * Key");
-    OpenWorkbench open;
-    for (const char* key : {"30", "4", "100"})
-        open.plugin.publish(pending(key, "340", {{31003, std::string("U") + key}}));
-    EXPECT_EQ(captions(), (Texts{"Key", "Entity Name", "Twice"}));
-    EXPECT_EQ(SendMessageA(mainList(), LVM_GETCOLUMNWIDTH, 0, 0), 120);
-    hand::click(captionPoint(2));
-    EXPECT_EQ(column(2), (Texts{"8.00", "60.00", "200.00"}));
-    hand::click(filterEdit(2));
-    hand::type(">50");
-    hand::key(VK_RETURN);
-    EXPECT_EQ(column(1), (Texts{"U30", "U100"}));
-}
-
 TEST(ListProfile, AnInvalidExpressionIsToldOnceNotPerRow) {
     const StoredProfile stored(
         "0,0,75,1,1,75,2,2,75,3,3,75,4,4,75,5,5,75,6,6,80,Bad#2 \"2\"#2 Key");

@@ -30,27 +30,4 @@ TEST(Pane, HoldsItsButtonsAndTheMainListAboveTheDetails) {
     EXPECT_TRUE(EqualRect(&holder, &expected));
 }
 
-TEST(Pane, HidesUpdateWithoutTheModifyRight) {
-    host().mayModify = false;
-    const OpenWorkbench open;
-    EXPECT_FALSE(IsWindowVisible(button("Update")));
-    EXPECT_TRUE(IsWindowVisible(button("Recover")));
-}
-
-TEST(Pane, ListsWhatIsPublished) {
-    OpenWorkbench open;
-    open.plugin.publish(
-        pending("101", "339", {{31003, "TRADER7"}, {64056, "BRK1"}, {64053, "MUM"}}));
-    open.plugin.publish(pending("102", "360", {{64053, "MUM"}, {31003, "TRADER7"}}));
-    open.plugin.publish(pending("104", "353", {{54247, "CHECKER1"}}));  // his own
-    open.plugin.publishNull();
-    ASSERT_EQ(rowCount(mainList()), 2);
-    EXPECT_EQ(rowTexts(mainList(), 0),
-              (Texts{"TRADER7", "ADD USER", "101", "MAKER1", "MUM", "BRK1"}));
-    open.plugin.publish(pending("101", "340", {{31003, "TRADER8"}}));
-    EXPECT_EQ(rowTexts(mainList(), 0)[0], "TRADER8");
-    open.plugin.publish(outcome("101", "accepted"));
-    EXPECT_EQ(rowTexts(mainList(), 0)[0], "Branch - MUM");
-}
-
 }  // namespace

@@ -172,7 +172,7 @@ TEST_F(Selection, OthersAreAnswered) {
         LPARAM more;
         int answer;
     } cases[] = {
-        {LVM_GETNEXTITEM, 9, LVNI_ABOVE | LVNI_SELECTED, 7},
+        {LVM_GETNEXTITEM, 7, LVNI_ABOVE | LVNI_SELECTED, 2},
         {LVM_GETNEXTITEM, -1, LVNI_FOCUSED | LVNI_SELECTED, 7},
         {LVM_GETNEXTITEM, 4, LVNI_TOLEFT, -1},
         {LVM_GETSELECTIONMARK, 0, 0, 7},

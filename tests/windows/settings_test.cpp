@@ -100,28 +100,6 @@ TEST_F(Settings, AFileThatCannotBeWrittenIsLeftAlone) {
     }
 }
 
-TEST_F(Settings, ReadsWhatTheServiceGives) {
-    const std::string longText(5000, 'x');
-    fill("[CUSTOMIZE_LISTS]\r\nabsent=Key not found\r\nempty=\r\nlong=" + longText +
-         "\r\nblanks=  a b  \r\nquoted=\"a, b\"\r\nno value\r\n=no key\r\n");
-    const struct {
-        const char* key;
-        int result;
-        std::string value;
-    } cases[] = {
-        {"absent", 0, "Key not found"},
-        {"empty", 0, ""},
-        {"long", 1, longText.substr(0, 4095)},
-        {"blanks", 1, "a b"},
-        {"quoted", 1, "a, b"},
-        {"LONG", 1, longText.substr(0, 4095)},
-    };
-    for (const auto& each : cases) {
-        EXPECT_EQ(read(each.key), each.result) << each.key;
-        EXPECT_EQ(value, each.value) << each.key;
-    }
-}
-
 TEST_F(Settings, ABarsSizeIsCutAt31Bytes) {
     fill("");
     const std::string path = store.GetUserSettingPath();

@@ -46,32 +46,6 @@ protected:
     OpenWorkbench open;
 };
 
-TEST_F(ShownDetails, TheStripNamesTheirChangeAndTheyGoWithItsSelection) {
-    const struct {
-        const char* what;
-        std::function<void()> act;
-        std::string strip;
-        int lines;
-    } steps[] = {
-        {"opened", [] {}, kLimits, 4},
-        {"a row is added", [] { hand::clickRow(mainList(), 0, hand::kCtrl); }, kLimits, 4},
-        {"another change arrives", [&] { open.plugin.publish(pending("9", "340")); }, kLimits, 4},
-        {"another row alone", [] { hand::clickRow(mainList(), 0); }, kStrip, 0},
-        {"a kind without details", [] { hand::doubleClickRow(mainList(), 2); },
-         kStrip + ": DLR8, DELETE USER, 8", 0},
-        {"by keys", [&] { hand::key(VK_UP), hand::key(VK_RETURN), answer(limits("1")); }, kLimits,
-         4},
-        {"and away", [] { hand::key(VK_DOWN, hand::kShift), hand::key(VK_DOWN); }, kStrip, 0},
-    };
-    for (const auto& each : steps) {
-        SCOPED_TRACE(each.what);
-        each.act();
-        pump();
-        EXPECT_EQ(strip(), each.strip);
-        EXPECT_EQ(rowCount(details()), each.lines);
-    }
-}
-
 TEST_F(ShownDetails, WhatLeavesUnsentEditsBehindAsksFirst) {
     const Texts decision{"om_authenticate_functionality"};
     const struct {
@@ -109,16 +83,6 @@ TEST_F(ShownDetails, WhatLeavesUnsentEditsBehindAsksFirst) {
         open.plugin.publish(pending("7", "360", {{54001, "C1"}}));
         EXPECT_EQ(strip().find("unsent"), std::string::npos);
     }
-}
-
-TEST_F(ShownDetails, UpdateSendsTheEditsOfTheChangeThatTheStripNames) {
-    editMargin("2500");
-    hand::clickRow(mainList(), 0);
-    hand::key('U', hand::kCtrlShift);
-    ASSERT_EQ(host().sent.size(), 1u);
-    EXPECT_EQ(sentField(host().sent[0], 51803), "7");
-    EXPECT_EQ(sentField(host().sent[0], 64031), "2500.00");
-    EXPECT_EQ(strip(), kStrip);
 }
 
 TEST_F(ShownDetails, ARepublishedChangeIsAskedForAgainAndKeepsWhatIsTyped) {

@@ -70,7 +70,6 @@ public:
     void init();
     void hotKey() { m_hotKey(nullptr, 0, 0, nullptr); }
     void publish(const Fields& fields);
-    void publishNull() { m_publish(nullptr); }
     int exit() { return m_exit(); }
     void free();  // FreeLibrary, as a host does after exit(); no call is made any more
     HMODULE module() const { return m_module; }
