@@ -11,7 +11,7 @@ using namespace mc;
 
 namespace {
 
-constexpr char kInvestor[] = "INVESTOR_CLIENT";
+constexpr char kInvestorType[] = "INVESTOR_CLIENT";
 
 std::string valueOf(const SentMessage& message, int mnemonic) {
     for (const auto& [id, text] : message)
@@ -28,10 +28,10 @@ PairRow plain(const std::string& key) {
     return {key, "354", "RETAIL", "CL" + key, ""};
 }
 PairRow user(const std::string& key, const std::string& name) {
-    return {key, "339", kInvestor, name, ""};
+    return {key, "339", kInvestorType, name, ""};
 }
 PairRow client(const std::string& key, const std::string& linkedUser) {
-    return {key, "353", kInvestor, "CL" + key, linkedUser};
+    return {key, "353", kInvestorType, "CL" + key, linkedUser};
 }
 
 struct DecisionsFixture {
@@ -89,12 +89,12 @@ TEST(Accept, PairsInvestorsUsersWithTheirClients) {
          {"1", "2", "3"},
          ""},
         {"so do an investor's other changes",
-         {{"1", "340", kInvestor, "U", ""},
-          {"2", "354", kInvestor, "C", "U"},
-          {"3", "365", kInvestor, "U", ""},
-          {"4", "366", kInvestor, "C", "U"},
-          {"5", "360", kInvestor, "", ""},
-          {"6", "777", kInvestor, "", ""}},
+         {{"1", "340", kInvestorType, "U", ""},
+          {"2", "354", kInvestorType, "C", "U"},
+          {"3", "365", kInvestorType, "U", ""},
+          {"4", "366", kInvestorType, "C", "U"},
+          {"5", "360", kInvestorType, "", ""},
+          {"6", "777", kInvestorType, "", ""}},
          {"1", "2", "3", "4", "5", "6"},
          ""},
         {"the user first, after all others",
