@@ -53,6 +53,7 @@ public:
     void applyDetailsFilter() { m_details->applyFilter(); }
 
     void rowsChanged() override;
+    void statesChanged() override { rowsChanged(); }
     void emptyDetails() override;
     void showDetails(std::vector<DetailGroup> groups, bool anotherChange) override;
     void editsSent() override;
