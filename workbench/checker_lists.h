@@ -13,8 +13,8 @@
 #include "details/edit_messages.h"
 #include "details/multi_line_edit_list_ctrl.h"
 #include "frames/holder_frame.h"
-#include "listctrl/filter_list_ctrl.h"
 #include "workbench/model/workbench_view.h"
+#include "workbench/pending_list.h"
 
 namespace mc {
 
@@ -64,7 +64,7 @@ private:
     ListServices& m_services;
     CVTHolderFrame m_holder;
     LineGroups m_lines;
-    std::unique_ptr<CFilterListCtrl> m_main;
+    std::unique_ptr<CPendingList> m_main;
     std::unique_ptr<CMultiLineEditListCtrl> m_details;
     bool m_heldInEditor = false;  // the last key was pressed in an editor of the details
 };
