@@ -135,7 +135,7 @@ TEST_F(Filters, ABoxSaysWhatIsFiltered) {
         {"", {"(F4)", "r0", "(line 1)"}, "MAKER05", "MAKER05"},
         {"", {"(F4)", "akeR", "(down)", "(down)", "(enter)"}, "MAKER10", "MAKER10"},
         {"", {"(F4)", "MAKER0", "(enter)"}, "MAKER0", "MAKER05"},
-        {"RMS", {"(F4)", "MA", "(esc)"}, "MA", "RMS"},
+        {"RMS", {"(F4)", "MA", "(esc)"}, "RMSMA", "RMS"},
         {"", {"(F4)", "RMS", "(pause)", "(F4)"}, "RMS", "RMS"},
         // "--ALL-- " empties the box, and a text goes in as it is typed.
         {"RMS", {"(arrow)", "(line 0)"}, "", kAll},
