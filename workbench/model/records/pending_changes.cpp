@@ -101,18 +101,23 @@ void PendingChanges::write(Slot slot, const ChangeTexts& texts) {
     OwnTexts& own = m_own[slot];
     if (texts.entityName) own.entityName = *texts.entityName;
     if (texts.linkedUser) own.linkedUser = *texts.linkedUser;
+    bool otherKind = false;
     for (std::size_t i = 0; i < kCodedCount; ++i)
-        if (const auto& text = texts.*kCodedFields[i].given) m_coded[i].set(slot, *text);
-    if (!texts.functionalityCode) return;
+        if (const auto& text = texts.*kCodedFields[i].given; text && m_coded[i].set(slot, *text))
+            otherKind |= kCodedFields[i].given == &ChangeTexts::functionalityCode;
+    if (!otherKind) return;
     const Functionality* const kind = findFunctionality(*texts.functionalityCode);
     m_kinds.set(slot, kind != nullptr ? kind->displayName : std::string_view());
 }
 
-// Of the slot's last change nothing is left.
+// All texts of the slot are empty: a new one's are, and of a used one's last change nothing is
+// left.
 Slot PendingChanges::takeSlot() {
     if (m_free.empty()) {
-        m_free.push_back(static_cast<Slot>(m_own.size()));
         m_own.emplace_back();
+        for (ColumnTexts& column : m_coded) column.grow(m_own.size());
+        m_kinds.grow(m_own.size());
+        return static_cast<Slot>(m_own.size() - 1);
     }
     const Slot slot = m_free.back();
     m_free.pop_back();
