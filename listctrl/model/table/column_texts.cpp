@@ -10,12 +10,9 @@
 namespace mc {
 
 bool ColumnTexts::set(Slot slot, std::string_view text) {
-    if (slot == m_codes.size())
-        m_codes.push_back(0);
-    else if (slot > m_codes.size())
-        grow(slot + std::size_t{1});
+    grow(slot + std::size_t{1});
     const Code before = m_codes[slot];
-    if (m_table.text(before) == text) return false;
+    if (before == 0 ? text.empty() : m_table.text(before) == text) return false;
     const Code code = m_table.add(text);
     m_codes[slot] = code;
     if (code == m_uses.size())
