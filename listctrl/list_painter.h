@@ -50,7 +50,8 @@ private:
     void drawCell(HDC dc, ListCell cell, const RECT& rect, bool ownLooks) const;
     void drawText(HDC dc, ListCell cell, const RECT& rect, const CellLook& look) const;
     bool isCutOff(ListCell cell) const;
-    int drawnWidth(ListCell cell) const;
+    int drawnWidth(ListCell cell, const CellLook& look) const;
+    int roomIn(const RECT& cell) const;
     int margin() const { return m_list.scaled(6); }  // at both sides of a cell
 
     const fw::CWindow& m_list;

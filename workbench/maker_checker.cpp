@@ -24,6 +24,11 @@ constexpr fw::ActionKey kActionKeys[] = {
 
 constexpr int kButtons[] = {IDC_ACCEPT, IDC_REJECT, IDC_UPDATE, IDC_RECOVER};
 
+PaneCommand commandOf(UINT key) {
+    const Modifiers keys = modifiersDown();
+    return paneCommand(key, keys.ctrl, keys.shift);
+}
+
 void showRow(Workbench& workbench, std::size_t row) {
     if (auto change = workbench.changes().recordAt(row)) workbench.showDetails(std::move(*change));
 }
@@ -136,7 +141,15 @@ std::vector<HWND> CMakerChecker::tabStops() const {
     return stops;
 }
 
+bool CMakerChecker::controlClaims(HWND control, UINT key) const {
+    return m_lists.claims(control, key) || commandOf(key) != PaneCommand::none;
+}
+
 void CMakerChecker::onDialogKey(UINT key, bool repeated) {
+    if (const PaneCommand command = commandOf(key); command != PaneCommand::none) {
+        if (!repeated) run(command);
+        return;
+    }
     switch (m_lists.dialogKey(key, repeated)) {
         case CheckerLists::KeyUse::none:
             return CPaneDialog::onDialogKey(key, repeated);
@@ -145,6 +158,26 @@ void CMakerChecker::onDialogKey(UINT key, bool repeated) {
         case CheckerLists::KeyUse::dropsEdits:
             return decide([](Workbench& workbench) { workbench.dropEdits(); });
     }
+}
+
+void CMakerChecker::run(PaneCommand command) {
+    if (m_workbench == nullptr) return;
+    switch (command) {
+        case PaneCommand::none:
+            break;
+        case PaneCommand::nextQuickFilter:
+        case PaneCommand::quickFilterBack:
+        case PaneCommand::quickFilterOff:
+            return chooseQuickFilter(command);
+    }
+}
+
+void CMakerChecker::chooseQuickFilter(PaneCommand command) {
+    QuickFilter& filter = m_workbench->changes().quickFilter();
+    if (command == PaneCommand::nextQuickFilter) filter.next();
+    if (command == PaneCommand::quickFilterBack) filter.back();
+    if (command == PaneCommand::quickFilterOff) filter.choose(QuickFilter::Kind::off);
+    applyMainFilter();
 }
 
 void CMakerChecker::layOutAgain() {
@@ -186,7 +219,7 @@ void CMakerChecker::onRecover() {
     decide([](Workbench& workbench) { workbench.recover(); });
 }
 
-void CMakerChecker::onMainFilterChanged(NMHDR&) {
+void CMakerChecker::applyMainFilter() {
     m_lists.applyMainFilter();
     if (m_workbench != nullptr) m_workbench->selectionMoved();
 }

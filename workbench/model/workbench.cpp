@@ -30,6 +30,12 @@ void Workbench::handlePublished(void* message) {
     if (message != nullptr && !m_link.closed()) m_intake.handle(FieldReader(message));
 }
 
+int Workbench::subscribe() {
+    const int result = m_link.subscribe();
+    if (m_link.subscribed()) m_changes.states().subscribed();
+    return result;
+}
+
 // ---- Details ----
 
 // The one way in which details leave the screen: whose they were is forgotten with them, and so are

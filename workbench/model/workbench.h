@@ -34,7 +34,7 @@ public:
     PendingChanges& changes() { return m_changes; }
     const PendingChanges& changes() const { return m_changes; }
 
-    int subscribe() { return m_link.subscribe(); }
+    int subscribe();
     int unsubscribe() { return m_link.unsubscribe(); }
 
     // Takes in a published message; null is ignored.

@@ -21,7 +21,10 @@ constexpr PendingChanges::CodedField PendingChanges::kCodedFields[kCodedCount] =
     {&ChangeTexts::type, &sMakeCheckStruct::type, std::nullopt},
 };
 
-PendingChanges::PendingChanges(RecordsView& view) : m_view(view), m_states(m_rows, view) {
+PendingChanges::PendingChanges(RecordsView& view)
+    : m_view(view),
+      m_states(m_rows, view),
+      m_quickFilter(m_rows, m_states, [this](Slot slot) { return isHalf(slot); }) {
     m_rows.setCellReader([this](Slot slot, ColumnId column) { return cellText(slot, column); });
     m_rows.shareColumn(kKindColumn, m_kinds);
     for (std::size_t i = 0; i < kCodedCount; ++i)
@@ -80,6 +83,13 @@ Slot PendingChanges::find(std::string_view key) const {
 std::string_view PendingChanges::text(Slot slot, CodedText which) const {
     if (slot == kNoSlot) return {};
     return m_coded[static_cast<std::size_t>(which)].text(slot);
+}
+
+// Of an investor, whose new user and new client are accepted together.
+bool PendingChanges::isHalf(Slot slot) const {
+    const std::string_view code = text(slot, CodedText::functionality);
+    return text(slot, CodedText::type) == kInvestorClient &&
+           (code == kAddUser || code == kAddClient);
 }
 
 bool PendingChanges::isPending(const PendingChange& change) const {

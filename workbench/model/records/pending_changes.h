@@ -21,6 +21,7 @@
 #include "listctrl/model/table/record_store.h"
 #include "workbench/model/records/change_states.h"
 #include "workbench/model/records/key_index.h"
+#include "workbench/model/records/quick_filter.h"
 #include "workbench/model/records/records_view.h"
 #include "workbench/model/records/short_text.h"
 
@@ -57,6 +58,9 @@ public:
     // What was done with the changes, by slot.
     ChangeStates& states() { return m_states; }
     const ChangeStates& states() const { return m_states; }
+
+    QuickFilter& quickFilter() { return m_quickFilter; }
+    const QuickFilter& quickFilter() const { return m_quickFilter; }
 
     // The change in a row of the main list; none beyond the end.
     std::optional<PendingChange> recordAt(std::size_t row) const;
@@ -133,6 +137,7 @@ private:
     bool write(Slot slot, const ChangeTexts& texts);
     Slot takeSlot();
     void freeSlots();
+    bool isHalf(Slot slot) const;
 
     RecordsView& m_view;
     std::deque<OwnTexts> m_own;                    // by slot
@@ -145,6 +150,7 @@ private:
     KeyIndex<KeyOf> m_index{KeyOf{m_own}};
     RecordStore m_rows;
     ChangeStates m_states;
+    QuickFilter m_quickFilter;
     std::vector<Slot> m_free;  // slots without a change
     std::vector<Slot> m_gone;  // those that went while there is a Hold
     int m_holds = 0;
