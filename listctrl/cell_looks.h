@@ -13,9 +13,9 @@ namespace mc {
 struct CellLook {
     int indent = 0;                      // pixels
     HFONT font = nullptr;                // null: the list's
-    bool fontYields = false;             // to the list's, where the text does not fit in its own
     std::optional<COLORREF> background;  // none: the row's; both colours give way to a selection
     std::optional<COLORREF> text;
+    bool fontYields = false;  // to the list's, where the text does not fit in its own
 };
 
 // Asked by the painter for every cell that it draws or measures; each kind of list has its own.
