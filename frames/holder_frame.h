@@ -23,6 +23,7 @@ struct HeldView {
     std::string title;
     std::string keyName;                        // of its size in the settings; empty: not stored
     std::function<void()> openAppearance = {};  // colours and font; empty: not offered
+    HWND foot = nullptr;                        // a line of text below the view; null: none
 };
 
 class CVTHolderFrame : public fw::CWindow {
@@ -65,6 +66,7 @@ private:
     HFONT font() const;
     int lineHeight() const;
     void makeBar(std::size_t index);
+    int footHeight(const RECT& view) const;
     void evenOut();
     void restoreSizes();
     void showMenu(std::size_t view, POINT screen);

@@ -22,6 +22,8 @@ constexpr fw::ActionKey kActionKeys[] = {
     {VK_F5, false, IDC_RECOVER, "Ask for everything that is pending (F5)"},
 };
 
+constexpr UINT kNeighbourKey = VK_F8;
+
 constexpr int kButtons[] = {IDC_ACCEPT, IDC_REJECT, IDC_UPDATE, IDC_RECOVER};
 
 void showRow(Workbench& workbench, std::size_t row) {
@@ -136,7 +138,13 @@ std::vector<HWND> CMakerChecker::tabStops() const {
     return stops;
 }
 
+bool CMakerChecker::controlClaims(HWND control, UINT key) const {
+    const Modifiers keys = modifiersDown();
+    return (key == kNeighbourKey && !keys.ctrl && !keys.shift) || m_lists.claims(control, key);
+}
+
 void CMakerChecker::onDialogKey(UINT key, bool repeated) {
+    if (key == kNeighbourKey) return repeated ? void() : onNextNeighbour();
     switch (m_lists.dialogKey(key, repeated)) {
         case CheckerLists::KeyUse::none:
             return CPaneDialog::onDialogKey(key, repeated);
@@ -218,6 +226,18 @@ void CMakerChecker::onShowSelected(NMHDR&) {
 void CMakerChecker::onShowFocused(NMHDR&) {
     decide([](Workbench& workbench) {
         if (const auto row = workbench.changes().rows().focusedRow()) showRow(workbench, *row);
+    });
+}
+
+// The neighbour takes over the selection of a change that was selected alone, so that what is read
+// is what is decided; any other selection stays.
+void CMakerChecker::onNextNeighbour() {
+    decide([this](Workbench& workbench) {
+        const auto shown = workbench.shownKey();
+        const PendingChanges& changes = workbench.changes();
+        const bool alone = shown && changes.rows().selectedCount() == 1 && changes.selected(*shown);
+        const auto next = workbench.showNeighbour();
+        if (next && alone) m_lists.selectChange(next->slot);
     });
 }
 

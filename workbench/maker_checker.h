@@ -38,9 +38,7 @@ protected:
     HWND initialFocus() const override { return m_lists.mainWindow(); }
     void onDialogKey(UINT key, bool repeated) override;
     std::vector<HWND> tabStops() const override;
-    bool controlClaims(HWND control, UINT key) const override {
-        return m_lists.claims(control, key);
-    }
+    bool controlClaims(HWND control, UINT key) const override;
     std::span<const fw::ActionKey> actionKeys() const override;
     SIZE leastSize() const override { return {scaled(220), scaled(320)}; }
     SIZE firstFloatSize() const override { return {m_bar.size().width, m_bar.size().height}; }
@@ -58,6 +56,7 @@ private:
     void onCancel() {}
     void onShowSelected(NMHDR& header);
     void onShowFocused(NMHDR& header);
+    void onNextNeighbour();
     void onSelectionMade(NMHDR& header);
     void onMainFilterChanged(NMHDR&);
     void onDetailsFilterChanged(NMHDR&) { m_lists.applyDetailsFilter(); }

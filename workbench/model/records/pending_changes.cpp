@@ -1,6 +1,9 @@
 #include "workbench/model/records/pending_changes.h"
 
+#include <algorithm>
+
 #include "link/model/functionality.h"
+#include "text/read_number.h"
 #include "workbench/model/records/main_list.h"
 
 namespace mc {
@@ -42,13 +45,17 @@ PendingChange PendingChanges::read(Slot slot) const {
 }
 
 std::string_view PendingChanges::cellText(Slot slot, ColumnId column) const {
+    return wholeText(slot, column).substr(0, kCellBytes - 1);
+}
+
+std::string_view PendingChanges::wholeText(Slot slot, ColumnId column) const {
     std::string_view text;
     if (column == kEntityColumn) text = m_own[slot].entityName.view();
     if (column == kKeyColumn) text = m_own[slot].key.view();
     if (column == kKindColumn) text = m_kinds.text(slot);
     for (std::size_t i = 0; i < kCodedCount; ++i)
         if (kCodedFields[i].column == column) text = m_coded[i].text(slot);
-    return text.substr(0, kCellBytes - 1);
+    return text;
 }
 
 std::optional<PendingChange> PendingChanges::recordAt(std::size_t row) const {
@@ -95,6 +102,45 @@ bool PendingChanges::selected(std::string_view key) const {
     return row && m_rows.selected(*row);
 }
 
+// ---- What they are about ----
+
+Entity PendingChanges::EntitiesOf::own(Slot slot) const {
+    return entityOf(changes.text(slot, CodedText::functionality),
+                    changes.m_own[slot].entityName.view());
+}
+
+Entity PendingChanges::EntitiesOf::linked(Slot slot) const {
+    return linkedEntityOf(changes.text(slot, CodedText::functionality),
+                          changes.text(slot, CodedText::type),
+                          changes.m_own[slot].linkedUser.view());
+}
+
+std::vector<PendingChange> PendingChanges::aboutTheSame(const PendingChange& change) const {
+    std::vector<PendingChange> found;
+    for (const Slot slot :
+         m_byEntity.find({entityOf(change.functionalityCode, change.entityName),
+                          linkedEntityOf(change.functionalityCode, change.type, change.linkedUser)},
+                         kMaxAbout))
+        found.push_back(read(slot));
+    std::ranges::stable_sort(found, {}, [](const PendingChange& each) {
+        return std::pair(longIntegerOf(each.key), each.slot);
+    });
+    const auto again = std::ranges::unique(found, {}, &PendingChange::slot);
+    found.erase(again.begin(), again.end());
+    return found;
+}
+
+// Whether what the change in the slot is about may be another with these texts.
+bool PendingChanges::renames(Slot slot, const ChangeTexts& texts) const {
+    const auto differs = [](const ChangeTexts::Text& given, std::string_view now) {
+        return given && *given != now;
+    };
+    return differs(texts.entityName, m_own[slot].entityName.view()) ||
+           differs(texts.linkedUser, m_own[slot].linkedUser.view()) ||
+           differs(texts.functionalityCode, text(slot, CodedText::functionality)) ||
+           differs(texts.type, text(slot, CodedText::type));
+}
+
 // ---- Changes that come, change and go ----
 
 void PendingChanges::write(Slot slot, const ChangeTexts& texts) {
@@ -130,7 +176,10 @@ void PendingChanges::addRecord(std::string_view key, const ChangeTexts& texts) {
     m_own[slot].key = key;
     const bool added = m_index.insert(key, slot);
     if (added) write(slot, texts);
-    if (added && m_rows.insertItem(m_rows.storedCount(), slot)) return m_view.rowsChanged();
+    if (added && m_rows.insertItem(m_rows.storedCount(), slot)) {
+        m_byEntity.insert(slot);
+        return m_view.rowsChanged();
+    }
     if (added) m_index.erase(key);  // a list without a reader takes in nothing
     m_free.push_back(slot);
 }
@@ -138,6 +187,7 @@ void PendingChanges::addRecord(std::string_view key, const ChangeTexts& texts) {
 void PendingChanges::removeRecord(std::string_view key) {
     const Slot slot = m_index.erase(key);
     if (slot == kNoSlot) return;
+    m_byEntity.erase(slot);
     m_rows.deleteRecord(slot);
     m_gone.push_back(slot);
     if (m_holds == 0) freeSlots();
@@ -145,9 +195,12 @@ void PendingChanges::removeRecord(std::string_view key) {
 }
 
 bool PendingChanges::rewriteRecord(Slot slot, const ChangeTexts& texts) {
-    const bool pending = m_rows.stores(slot);
-    if (pending) write(slot, texts);
-    return pending;
+    if (!m_rows.stores(slot)) return false;
+    const bool renamed = renames(slot, texts);
+    if (renamed) m_byEntity.erase(slot);
+    write(slot, texts);
+    if (renamed) m_byEntity.insert(slot);
+    return true;
 }
 
 void PendingChanges::refreshRecord(Slot slot, const ChangeTexts& texts) {
@@ -160,6 +213,7 @@ void PendingChanges::clearAllRecords() {
     for (std::size_t i = 0; i < size() && m_holds > 0; ++i) m_gone.push_back(m_rows.storedAt(i));
     m_rows.reset();
     m_index.clear();
+    m_byEntity.clear();
     if (m_holds > 0) return;
     m_own.clear();
     m_free.clear();
