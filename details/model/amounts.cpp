@@ -96,14 +96,6 @@ std::optional<Decimal> amountOf(std::string_view text) {
     return readDecimal(trimmed(text));
 }
 
-std::string slipOf(const sMCListStruct& row) {
-    const auto change = amountChange(row);
-    std::string slip = change ? slipBetween(change->old, change->now) : "";
-    if (!slip.empty() || !row.edited || !row.sent) return slip;
-    const auto asked = amountOf(row.sent->value), typed = amountOf(row.value);
-    return asked && typed ? slipBetween(*asked, *typed, "what the maker asked for") : "";
-}
-
 std::string stepText(const AmountChange& change) {
     const Decimal step = difference(change.now, change.old);
     if (step.isZero()) return "the same amount";
@@ -184,6 +176,15 @@ std::optional<AmountChange> amountChange(const sMCListStruct& row) {
     return now && old ? std::optional(AmountChange{*now, *old}) : std::nullopt;
 }
 
+std::string slipOf(const sMCListStruct& row) {
+    if (!row.sent) return {};
+    const auto change = amountChange(row);
+    std::string slip = change ? slipBetween(change->old, change->now) : "";
+    if (!slip.empty() || !row.edited) return slip;
+    const auto asked = amountOf(row.sent->value), typed = amountOf(row.value);
+    return asked && typed ? slipBetween(*asked, *typed, "what the maker asked for") : "";
+}
+
 AboutLine lineAbout(const sMCListStruct& row) {
     if (!row.sent) return {lineAboutText(row)};
     const auto now = amountOf(row.edited ? row.value : row.sent->value);
@@ -191,7 +192,7 @@ AboutLine lineAbout(const sMCListStruct& row) {
 }
 
 void SlipsOf::add(const sMCListStruct& row) {
-    const std::string slip = row.sent ? slipOf(row) : "";
+    const std::string slip = slipOf(row);
     if (!slip.empty() && m_count++ < kMaxNamedSlips)
         append(m_named, row.caption + " (" + slip + ")");
 }

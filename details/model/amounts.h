@@ -32,6 +32,10 @@ struct AmountChange {
 };
 std::optional<AmountChange> amountChange(const sMCListStruct& row);
 
+// What looks like a slip in a row: between its values, or between what the maker asked for and an
+// edit. Empty: nothing does, or it is no amount.
+std::string slipOf(const sMCListStruct& row);
+
 // A line about one row, or about all of them.
 struct AboutLine {
     std::string text;   // empty: there is nothing to say
