@@ -5,9 +5,7 @@
 // click on a caption sorts nothing. How they look is DetailLooks'.
 #pragma once
 
-#include <functional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "details/detail_looks.h"
@@ -35,9 +33,6 @@ public:
     // Removes and frees every group.
     virtual void empty();
 
-    // Called when the list shows present rows: some changed, or the focus went to another.
-    void setUpdated(std::function<void()> updated) { m_updated = std::move(updated); }
-
     // Draws the lines fainter: they are not about what is selected elsewhere.
     void setDimmed(bool dimmed);
 
@@ -53,9 +48,6 @@ protected:
     const fw::MessageMap& messageMap() const override { return baseMap(); }
     static const fw::MessageMap& baseMap();
     void fontChanged() override;
-    void updated() override {
-        if (m_updated) m_updated();
-    }
     // Both values of a row with two.
     std::vector<NamedText> wholeTexts(std::size_t row, ColumnId column) const override;
 
@@ -70,7 +62,6 @@ private:
 
     LineGroups& m_lines;
     DetailLooks m_looks;
-    std::function<void()> m_updated;
 };
 
 }  // namespace mc

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "text/text_difference.h"
@@ -29,13 +30,15 @@ struct CellLook {
     std::optional<COLORREF> runColor = {};
 };
 
-// Asked by the painter for every cell that it draws or measures; the details implement it. `item`
-// is the header item above the cell.
+// Asked by the painter for every cell that it draws or measures; each kind of list has its own.
+// `item` is the header item above the cell.
 class CellLooks {
 public:
     virtual CellLook look(std::size_t row, int item) const = 0;
     // Draws what goes over the text, in the colours that `dc` has.
     virtual void drawOver(HDC dc, std::size_t row, int item, const RECT& cell) const = 0;
+    // What the tip of a cell says beside its text.
+    virtual std::string tip(std::size_t, int) const { return {}; }
 
 protected:
     ~CellLooks() = default;

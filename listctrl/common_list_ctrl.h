@@ -21,6 +21,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -74,6 +75,9 @@ public:
     // checker.
     std::optional<std::size_t> rowOf(Slot record) const { return store().rowOf(record); }
     void goTo(std::size_t row) { m_input.goTo(row); }
+    // `updated` is called whenever the control has been brought up to date with the store, and may
+    // call nothing that sends the list a message.
+    void onUpdate(std::function<void()> updated) { m_updated = std::move(updated); }
 
     // What the menus and keys do (ListCommand).
     void command(unsigned command) { m_commands.run(command); }
@@ -118,6 +122,7 @@ private:
     void onInvalidExpression() { m_services.showMessage(kInvalidExpression); }
 
     ListServices& m_services;
+    std::function<void()> m_updated;
     ListContent m_content;
     CellReader m_wholeReader;
     CListUpdate m_update;

@@ -29,8 +29,6 @@ public:
     // A user-defined column went, and the ids behind it moved down (idAfterRemoval). The header
     // is built again after this.
     virtual void columnRemoved(ColumnId) {}
-    // The control shows the present rows: some changed, or the focus went to another.
-    virtual void updated() {}
     // What the whole-text window shows for a cell: the cell's text, or more of its row.
     virtual std::vector<NamedText> wholeTexts(std::size_t row, ColumnId column) const = 0;
     // The list has another font.

@@ -10,8 +10,9 @@
 namespace mc {
 namespace {
 
-// No screen is wider than this many characters.
+// No screen is wider than this many characters, and this many fill one.
 constexpr std::size_t kMaxDrawn = 4096;
+constexpr std::size_t kMaxTip = 1000;
 
 void fill(HDC dc, const RECT& rect, COLORREF color) {
     SetBkColor(dc, color);
@@ -167,6 +168,15 @@ bool CListPainter::isCutOff(ListCell cell) const {
     const int room = static_cast<int>(rect.right - rect.left) - 2 * margin();
     const bool outside = rect.right > m_list.clientRect().right || rect.left < 0;
     return outside || drawnWidth(cell) > room;
+}
+
+std::string CListPainter::tipOf(ListCell cell) const {
+    std::string tip;
+    if (isCutOff(cell))
+        tip = m_content.text(cell.row, m_content.columnAt(cell.item)).substr(0, kMaxTip);
+    const std::string more = m_looks != nullptr ? m_looks->tip(cell.row, cell.item) : "";
+    if (!tip.empty() && !more.empty()) tip += "\r\n";
+    return tip + more;
 }
 
 }  // namespace mc

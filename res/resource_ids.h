@@ -89,6 +89,7 @@
 #define IDC_CP_SORT 1742
 #define IDC_CP_VIEW 1743
 #define IDC_CP_DEFAULT 1744
+#define IDC_CP_SORT_KEPT 1745
 
 // The whole text of a cell.
 #define IDD_WHOLE_TEXT 1750

@@ -34,7 +34,7 @@ HeldView held(CFilterListCtrl& list, const char* title, const char* keyName, HWN
 }  // namespace
 
 void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
-    m_main = std::make_unique<CFilterListCtrl>(m_services, changes.rows());
+    m_main = std::make_unique<CPendingList>(m_services, changes);
     m_details = std::make_unique<CMultiLineEditListCtrl>(m_services, m_lines);
     m_holder.create(pane, rect, IDC_HOLDER_FRAME);
     m_main->create(m_holder.handle(), IDC_MAIN_LIST, kMainListName, kMainTitle);
@@ -52,7 +52,7 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
     m_main->offerColumns(true, true);
     m_main->storeChanged();
     m_details->setDetailColumns();
-    m_details->setUpdated([this] { m_line.update(); });
+    m_details->onUpdate([this] { m_line.update(); });
     m_details->offerColumns(false, false);
     m_details->setBackground(detailsBackground());
     m_details->setAllowedCharacters(kAllowedInValues);

@@ -14,8 +14,8 @@
 #include "details/edit_messages.h"
 #include "details/multi_line_edit_list_ctrl.h"
 #include "frames/holder_frame.h"
-#include "listctrl/filter_list_ctrl.h"
 #include "workbench/model/workbench_view.h"
+#include "workbench/pending_list.h"
 
 namespace mc {
 
@@ -57,6 +57,7 @@ public:
     void selectChange(Slot change);
 
     void rowsChanged() override;
+    void statesChanged() override { rowsChanged(); }
     void emptyDetails() override;
     void showDetails(std::vector<DetailGroup> groups, bool anotherChange) override;
     void editsSent() override;
@@ -67,7 +68,7 @@ private:
     ListServices& m_services;
     CVTHolderFrame m_holder;
     LineGroups m_lines;
-    std::unique_ptr<CFilterListCtrl> m_main;
+    std::unique_ptr<CPendingList> m_main;
     std::unique_ptr<CMultiLineEditListCtrl> m_details;
     CDetailLine m_line{m_lines};  // below the details
     DetailsCaption m_caption;
