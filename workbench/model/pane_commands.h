@@ -4,10 +4,10 @@
 
 namespace mc {
 
-enum class PaneCommand { none, nextQuickFilter, quickFilterBack, quickFilterOff };
+enum class PaneCommand { none, nextQuickFilter, quickFilterBack, quickFilterOff, nextNeighbour };
 
 inline PaneCommand paneCommand(unsigned virtualKey, bool ctrl, bool shift) {
-    constexpr unsigned kF7 = 0x76;
+    constexpr unsigned kF7 = 0x76, kF8 = 0x77;
     constexpr struct {
         unsigned key;
         bool ctrl, shift;
@@ -16,6 +16,7 @@ inline PaneCommand paneCommand(unsigned virtualKey, bool ctrl, bool shift) {
         {kF7, false, false, PaneCommand::nextQuickFilter},
         {kF7, false, true, PaneCommand::quickFilterBack},
         {kF7, true, false, PaneCommand::quickFilterOff},
+        {kF8, false, false, PaneCommand::nextNeighbour},
     };
     for (const auto& line : table)
         if (line.key == virtualKey && line.ctrl == ctrl && line.shift == shift) return line.command;
