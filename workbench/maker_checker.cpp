@@ -24,6 +24,11 @@ constexpr fw::ActionKey kActionKeys[] = {
 
 constexpr int kButtons[] = {IDC_ACCEPT, IDC_REJECT, IDC_UPDATE, IDC_RECOVER};
 
+PaneCommand commandOf(UINT key) {
+    const Modifiers keys = modifiersDown();
+    return paneCommand(key, keys.ctrl, keys.shift);
+}
+
 void showRow(Workbench& workbench, std::size_t row) {
     if (auto change = workbench.changes().recordAt(row)) workbench.showDetails(std::move(*change));
 }
@@ -140,7 +145,15 @@ std::vector<HWND> CMakerChecker::tabStops() const {
     return stops;
 }
 
+bool CMakerChecker::controlClaims(HWND control, UINT key) const {
+    return m_lists.claims(control, key) || commandOf(key) != PaneCommand::none;
+}
+
 void CMakerChecker::onDialogKey(UINT key, bool repeated) {
+    if (const PaneCommand command = commandOf(key); command != PaneCommand::none) {
+        if (!repeated) run(command);
+        return;
+    }
     switch (m_lists.dialogKey(key, repeated)) {
         case CheckerLists::KeyUse::none:
             return CPaneDialog::onDialogKey(key, repeated);
@@ -149,6 +162,28 @@ void CMakerChecker::onDialogKey(UINT key, bool repeated) {
         case CheckerLists::KeyUse::dropsEdits:
             return decide([](Workbench& workbench) { workbench.dropEdits(); });
     }
+}
+
+void CMakerChecker::run(PaneCommand command) {
+    if (m_workbench == nullptr) return;
+    switch (command) {
+        case PaneCommand::none:
+            break;
+        case PaneCommand::nextNeighbour:
+            return onNextNeighbour();
+        case PaneCommand::nextQuickFilter:
+        case PaneCommand::quickFilterBack:
+        case PaneCommand::quickFilterOff:
+            return chooseQuickFilter(command);
+    }
+}
+
+void CMakerChecker::chooseQuickFilter(PaneCommand command) {
+    QuickFilter& filter = m_workbench->changes().quickFilter();
+    if (command == PaneCommand::nextQuickFilter) filter.next();
+    if (command == PaneCommand::quickFilterBack) filter.back();
+    if (command == PaneCommand::quickFilterOff) filter.choose(QuickFilter::Kind::off);
+    applyMainFilter();
 }
 
 void CMakerChecker::layOutAgain() {
@@ -190,7 +225,7 @@ void CMakerChecker::onRecover() {
     decide([](Workbench& workbench) { workbench.recover(); });
 }
 
-void CMakerChecker::onMainFilterChanged(NMHDR&) {
+void CMakerChecker::applyMainFilter() {
     m_lists.applyMainFilter();
     if (m_workbench != nullptr) m_workbench->selectionMoved();
 }
@@ -222,6 +257,18 @@ void CMakerChecker::onShowSelected(NMHDR&) {
 void CMakerChecker::onShowFocused(NMHDR&) {
     decide([](Workbench& workbench) {
         if (const auto row = workbench.changes().rows().focusedRow()) showRow(workbench, *row);
+    });
+}
+
+// The neighbour takes over the selection of a change that was selected alone, so that what is read
+// is what is decided; any other selection stays.
+void CMakerChecker::onNextNeighbour() {
+    decide([this](Workbench& workbench) {
+        const auto shown = workbench.shownKey();
+        const PendingChanges& changes = workbench.changes();
+        const bool alone = shown && changes.rows().selectedCount() == 1 && changes.selected(*shown);
+        const auto next = workbench.showNeighbour();
+        if (next && alone) m_lists.selectChange(next->slot);
     });
 }
 

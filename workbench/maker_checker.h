@@ -12,6 +12,7 @@
 #include "framework/pane_dialog.h"
 #include "link/model/host.h"
 #include "workbench/checker_lists.h"
+#include "workbench/model/pane_commands.h"
 #include "workbench/model/workbench.h"
 
 namespace mc {
@@ -38,9 +39,7 @@ protected:
     HWND initialFocus() const override { return m_lists.mainWindow(); }
     void onDialogKey(UINT key, bool repeated) override;
     std::vector<HWND> tabStops() const override;
-    bool controlClaims(HWND control, UINT key) const override {
-        return m_lists.claims(control, key);
-    }
+    bool controlClaims(HWND control, UINT key) const override;
     std::span<const fw::ActionKey> actionKeys() const override;
     void onHidden() override { keepFloatSize(); }
     SIZE leastSize() const override { return {scaled(220), scaled(320)}; }
@@ -60,12 +59,17 @@ private:
     void onCancel() {}
     void onShowSelected(NMHDR& header);
     void onShowFocused(NMHDR& header);
+    void onNextNeighbour();
     void onSelectionMade(NMHDR& header);
-    void onMainFilterChanged(NMHDR&);
+    void onMainFilterChanged(NMHDR&) { applyMainFilter(); }
+    void applyMainFilter();
     void onDetailsFilterChanged(NMHDR&) { m_lists.applyDetailsFilter(); }
     void onEditorClosed();
     void onEndOfEdit(const EndOfEdit& edit);
     void onEndOfChoice(const EndOfEdit& edit);
+
+    void run(PaneCommand command);
+    void chooseQuickFilter(PaneCommand command);
 
     template <class Decision>
     void decide(Decision decision);

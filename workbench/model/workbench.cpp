@@ -27,7 +27,15 @@ void Workbench::close() {
 }
 
 void Workbench::handlePublished(void* message) {
-    if (message != nullptr && !m_link.closed()) m_intake.handle(FieldReader(message));
+    if (message == nullptr || m_link.closed()) return;
+    m_intake.handle(FieldReader(message));
+    neighboursMoved();
+}
+
+int Workbench::subscribe() {
+    const int result = m_link.subscribe();
+    if (m_link.subscribed()) m_changes.states().subscribed();
+    return result;
 }
 
 // ---- Details ----
@@ -60,6 +68,28 @@ void Workbench::showDetails(PendingChange change) {
         m_changes.states().lookedAt(change.slot);
 }
 
+std::optional<PendingChange> Workbench::showNeighbour() {
+    if (!m_details.key()) return std::nullopt;
+    const auto next = nextNeighbour(m_changes, *m_details.key());
+    if (!next) return std::nullopt;
+    showDetails(*next);
+    return m_details.key() == next->key ? next : std::nullopt;
+}
+
+void Workbench::caption() {
+    const auto& key = m_details.key();
+    m_neighbours = key ? alsoPending(m_changes, m_seenFields, *key) : "";
+    DetailsCaption now = m_details.caption();
+    now.neighbours = m_neighbours;
+    m_view.captionDetails(now);
+}
+
+// A change came, changed or went: it may be about what is looked at.
+void Workbench::neighboursMoved() {
+    if (m_link.closed() || !m_details.key()) return;
+    if (alsoPending(m_changes, m_seenFields, *m_details.key()) != m_neighbours) caption();
+}
+
 void Workbench::askForDetails() {
     m_details.requested();
     caption();
@@ -76,6 +106,7 @@ void Workbench::details(DetailKind kind, const FieldReader& answer) {
                                           ? BuildClientDetails(answer)
                                           : BuildLimitsDetails(answer, mayModify());
     const bool another = m_details.shown(groups);
+    if (m_details.key()) m_seenFields.seen(*m_details.key(), groups);
     m_view.showDetails(std::move(groups), another);
     const Slot slot = m_changes.states().shown();
     if (slot != kNoSlot && !m_details.askAgain()) m_changes.states().lookedAt(slot);
@@ -92,7 +123,9 @@ void Workbench::detailsRefused(DetailKind kind, const FieldReader& answer) {
 }
 
 void Workbench::recovered(const FieldReader& answer) {
-    if (!m_link.closed()) m_intake.handle(answer, Intake::Origin::recovered);
+    if (m_link.closed()) return;
+    m_intake.handle(answer, Intake::Origin::recovered);
+    neighboursMoved();
 }
 
 void Workbench::publishedAgain(const std::string& key) {
@@ -107,6 +140,7 @@ void Workbench::publishedAgain(const std::string& key) {
 }
 
 void Workbench::changeEnded(const std::string& key) {
+    m_seenFields.ended(key);
     if (m_details.key() == key)
         emptyDetails();
     else

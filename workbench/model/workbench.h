@@ -11,6 +11,7 @@
 #include "link/model/requests.h"
 #include "link/model/server_link.h"
 #include "workbench/model/decisions.h"
+#include "workbench/model/neighbours.h"
 #include "workbench/model/records/pending_changes.h"
 #include "workbench/model/shown_details.h"
 #include "workbench/model/workbench_view.h"
@@ -34,7 +35,7 @@ public:
     PendingChanges& changes() { return m_changes; }
     const PendingChanges& changes() const { return m_changes; }
 
-    int subscribe() { return m_link.subscribe(); }
+    int subscribe();
     int unsubscribe() { return m_link.unsubscribe(); }
 
     // Takes in a published message; null is ignored.
@@ -42,6 +43,13 @@ public:
 
     // Empties the details and asks for those of `change`, where its kind has any.
     void showDetails(PendingChange change);
+
+    // The key of the change whose details are looked at.
+    const std::optional<std::string>& shownKey() const { return m_details.key(); }
+
+    // Does the same for the next pending change about the same as the one that is looked at, and
+    // returns it; none, and nothing happens, when there is none or the edits stay.
+    std::optional<PendingChange> showNeighbour();
 
     // The checker's hand changed the selection. Details of a change that is not among the selected
     // do not stay beside them, unless they hold unsent edits: then they are dimmed.
@@ -82,7 +90,8 @@ private:
     void emptyDetails();
     void askForDetails();
     bool mayLeaveEdits(const std::string& question);
-    void caption() { m_view.captionDetails(m_details.caption()); }
+    void caption();
+    void neighboursMoved();
     bool mayModify() const;
     std::optional<std::string> keepEdit(int mnemonic, std::optional<std::string> value);
 
@@ -90,6 +99,8 @@ private:
     WorkbenchView& m_view;
     PendingChanges m_changes;
     ShownDetails m_details;
+    SeenFields m_seenFields;
+    std::string m_neighbours;  // as they were said last
     Intake m_intake;
     serverLink m_link;
     Requests m_requests;

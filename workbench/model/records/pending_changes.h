@@ -20,7 +20,9 @@
 #include "link/model/pending_record.h"
 #include "listctrl/model/table/record_store.h"
 #include "workbench/model/records/change_states.h"
+#include "workbench/model/records/entity_index.h"
 #include "workbench/model/records/key_index.h"
+#include "workbench/model/records/quick_filter.h"
 #include "workbench/model/records/records_view.h"
 #include "workbench/model/records/short_text.h"
 
@@ -58,6 +60,9 @@ public:
     ChangeStates& states() { return m_states; }
     const ChangeStates& states() const { return m_states; }
 
+    QuickFilter& quickFilter() { return m_quickFilter; }
+    const QuickFilter& quickFilter() const { return m_quickFilter; }
+
     // The change in a row of the main list; none beyond the end.
     std::optional<PendingChange> recordAt(std::size_t row) const;
 
@@ -67,6 +72,14 @@ public:
     // The text of a cell of the main list, cut to kCellBytes; empty where there is no column. Lives
     // until the next change comes or changes.
     std::string_view cellText(Slot change, ColumnId column) const;
+
+    // The whole text of a cell, not cut. Lives as long.
+    std::string_view wholeText(Slot change, ColumnId column) const;
+
+    // The pending changes about the same entity as `change`, itself included if it is pending, in
+    // the order of their keys; kMaxAbout at most. Costs a look at each.
+    static constexpr std::size_t kMaxAbout = 64;
+    std::vector<PendingChange> aboutTheSame(const PendingChange& change) const;
 
     // The change under `key`.
     std::optional<PendingChange> findRecord(std::string_view key) const;
@@ -131,8 +144,11 @@ private:
 
     PendingChange read(Slot slot) const;
     bool write(Slot slot, const ChangeTexts& texts);
+    bool renames(Slot slot, const ChangeTexts& texts) const;
     Slot takeSlot();
     void freeSlots();
+    bool isHalf(Slot slot) const;
+    QuickFilter::IsOne sameAs(Slot slot) const;
 
     RecordsView& m_view;
     std::deque<OwnTexts> m_own;                    // by slot
@@ -143,8 +159,15 @@ private:
         std::string_view operator()(Slot slot) const { return own[slot].key.view(); }
     };
     KeyIndex<KeyOf> m_index{KeyOf{m_own}};
+    struct EntitiesOf {
+        const PendingChanges& changes;
+        Entity own(Slot slot) const;
+        Entity linked(Slot slot) const;
+    };
+    EntityIndex<EntitiesOf> m_byEntity{EntitiesOf{*this}};
     RecordStore m_rows;
     ChangeStates m_states;
+    QuickFilter m_quickFilter;
     std::vector<Slot> m_free;  // slots without a change
     std::vector<Slot> m_gone;  // those that went while there is a Hold
     int m_holds = 0;
