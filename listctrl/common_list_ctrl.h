@@ -20,6 +20,7 @@
 // (CWindow::reflectNotify, and WM_DRAWITEM to the list itself).
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 
@@ -62,6 +63,9 @@ public:
 
     // The store changed. Costs one invalidation, however often it is called before the next paint.
     void storeChanged() { m_update.storeChanged(); }
+
+    // The row that the keys act on.
+    std::optional<std::size_t> focusedRow() const { return store().focusedRow(); }
 
     // What the menus and keys do (ListCommand).
     void command(unsigned command) { m_commands.run(command); }

@@ -17,6 +17,8 @@
 #define IDC_HOLDER_FRAME 1024
 #define IDC_MAIN_LIST 4000
 #define IDC_DETAILS_LIST 4001
+#define IDC_DECISIONS_FRAME 1025
+#define IDC_DECISIONS_LIST 4002
 
 // The rejection dialog.
 #define IDD_REJECTION 322

@@ -22,6 +22,9 @@ constexpr fw::ActionKey kActionKeys[] = {
     {VK_F5, false, IDC_RECOVER, "Ask for everything that is pending (F5)"},
 };
 
+// Shows and hides the list of the session's own decisions.
+constexpr fw::ActionKey kDecisionsKey{VK_F9, false, 0, ""};
+
 constexpr int kButtons[] = {IDC_ACCEPT, IDC_REJECT, IDC_UPDATE, IDC_RECOVER};
 
 void showRow(Workbench& workbench, std::size_t row) {
@@ -31,7 +34,7 @@ void showRow(Workbench& workbench, std::size_t row) {
 }  // namespace
 
 CMakerChecker::CMakerChecker(Host& host, ListServices& lists)
-    : m_host(host), m_bar(lists.settings(), IDD_MAKER_CHECKER), m_lists(lists) {
+    : m_host(host), m_bar(lists.settings(), IDD_MAKER_CHECKER), m_lists(lists), m_decisions(lists) {
     m_bar.setPath(lists.settings().GetUserSettingPath());
     m_bar.load();
 }
@@ -60,6 +63,8 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
                      &CMakerChecker::onSelectionMade>(),
         fw::onNotify<IDC_MAIN_LIST, HDN_FILTERCHANGE, &CMakerChecker::onMainFilterChanged>(),
         fw::onNotify<IDC_DETAILS_LIST, HDN_FILTERCHANGE, &CMakerChecker::onDetailsFilterChanged>(),
+        fw::onNotify<IDC_DECISIONS_LIST, HDN_FILTERCHANGE,
+                     &CMakerChecker::onDecisionsFilterChanged>(),
         fw::on<kEndOfEdit, &CMakerChecker::onEndOfEdit>(),
         fw::on<kEndOfChoice, &CMakerChecker::onEndOfChoice>(),
         fw::on<kEditorClosed, &CMakerChecker::onEditorClosed>(),
@@ -98,6 +103,7 @@ RECT CMakerChecker::listsRect() const {
 void CMakerChecker::onDpiChanged() {
     layOut();
     m_lists.layOut();
+    m_decisions.layOut();
 }
 
 void CMakerChecker::keepFloatSize() {
@@ -134,13 +140,46 @@ std::span<const fw::ActionKey> CMakerChecker::actionKeys() const {
 std::vector<HWND> CMakerChecker::tabStops() const {
     std::vector<HWND> stops;
     for (const int id : kButtons) stops.push_back(GetDlgItem(handle(), id));
-    const auto lists = m_lists.tabStops();
-    stops.insert(stops.end(), lists.begin(), lists.end());
+    for (const auto& more : {m_lists.tabStops(), m_decisions.tabStops()})
+        stops.insert(stops.end(), more.begin(), more.end());
     std::erase_if(stops, [](HWND stop) { return IsWindowVisible(stop) == 0; });
     return stops;
 }
 
+bool CMakerChecker::isDecisionsKey(UINT key) {
+    return fw::isPressed(kDecisionsKey, key);
+}
+
+// Opens at the newest decision about the change that the main list is at, or at the newest of all.
+void CMakerChecker::toggleDecisions() {
+    if (m_workbench == nullptr) return;
+    const bool hadFocus = m_decisions.hasFocus();
+    if (m_decisions.isOpen()) {
+        m_decisions.close();
+        if (hadFocus) SetFocus(initialFocus());
+        return layOut();
+    }
+    DecisionLog& log = m_workbench->decisionLog();
+    const auto row = m_workbench->changes().rows().focusedRow();
+    const auto change = row ? m_workbench->changes().recordAt(*row) : std::nullopt;
+    const Slot about = change ? log.newestAbout(change->key) : kNoSlot;
+    m_decisions.open(handle(), log, about != kNoSlot ? about : log.newest());
+    layOut();
+}
+
 void CMakerChecker::onDialogKey(UINT key, bool repeated) {
+    if (isDecisionsKey(key)) {
+        if (!repeated) toggleDecisions();
+        return;
+    }
+    switch (m_decisions.dialogKey(key, repeated)) {
+        case DecisionsPanel::KeyUse::none:
+            break;
+        case DecisionsPanel::KeyUse::taken:
+            return;
+        case DecisionsPanel::KeyUse::closes:
+            return toggleDecisions();
+    }
     switch (m_lists.dialogKey(key, repeated)) {
         case CheckerLists::KeyUse::none:
             return CPaneDialog::onDialogKey(key, repeated);

@@ -12,6 +12,7 @@
 #include "framework/pane_dialog.h"
 #include "link/model/host.h"
 #include "workbench/checker_lists.h"
+#include "workbench/decisions_panel.h"
 #include "workbench/model/workbench.h"
 
 namespace mc {
@@ -39,7 +40,8 @@ protected:
     void onDialogKey(UINT key, bool repeated) override;
     std::vector<HWND> tabStops() const override;
     bool controlClaims(HWND control, UINT key) const override {
-        return m_lists.claims(control, key);
+        return isDecisionsKey(key) || m_lists.claims(control, key) ||
+               m_decisions.claims(control, key);
     }
     std::span<const fw::ActionKey> actionKeys() const override;
     void onHidden() override { keepFloatSize(); }
@@ -50,7 +52,10 @@ private:
     LRESULT onInitDialog();
     void onSize(int, int) { layOut(); }
     void onDpiChanged();
-    void onColorsChanged() { m_lists.colorsChanged(); }
+    void onColorsChanged() {
+        m_lists.colorsChanged();
+        m_decisions.colorsChanged();
+    }
     void onDestroy();
     void keepFloatSize();
     void onAccept();
@@ -63,6 +68,7 @@ private:
     void onSelectionMade(NMHDR& header);
     void onMainFilterChanged(NMHDR&);
     void onDetailsFilterChanged(NMHDR&) { m_lists.applyDetailsFilter(); }
+    void onDecisionsFilterChanged(NMHDR&) { m_decisions.applyFilter(); }
     void onEditorClosed();
     void onEndOfEdit(const EndOfEdit& edit);
     void onEndOfChoice(const EndOfEdit& edit);
@@ -70,13 +76,16 @@ private:
     template <class Decision>
     void decide(Decision decision);
     RECT listsRect() const;
-    void layOut() { m_lists.move(listsRect()); }
+    void layOut() { m_lists.move(m_decisions.takeRoom(listsRect())); }
+    static bool isDecisionsKey(UINT key);
+    void toggleDecisions();
 
     Host& m_host;
     CControlPos m_buttons;
     CVoskDialogBar m_bar;  // the pane while it floats
     std::unique_ptr<Workbench> m_workbench;
     CheckerLists m_lists;           // on the rows of the workbench, and so behind it here
+    DecisionsPanel m_decisions;     // likewise
     bool m_selectionWaits = false;  // for the end of an edit, with what it does to the details
     bool m_deciding = false;        // a button's work is under way, perhaps behind a message box
 };
