@@ -20,9 +20,11 @@
 // (CWindow::reflectNotify, and WM_DRAWITEM to the list itself).
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 
 #include "framework/window.h"
 #include "listctrl/cell_tip.h"
@@ -67,6 +69,10 @@ public:
     // The row that the keys act on.
     std::optional<std::size_t> focusedRow() const { return store().focusedRow(); }
 
+    // `updated` is called whenever the control has been brought up to date with the store, and may
+    // call nothing that sends the list a message.
+    void onUpdate(std::function<void()> updated) { m_updated = std::move(updated); }
+
     // What the menus and keys do (ListCommand).
     void command(unsigned command) { m_commands.run(command); }
 
@@ -109,6 +115,7 @@ private:
     void onInvalidExpression() { m_services.showMessage(kInvalidExpression); }
 
     ListServices& m_services;
+    std::function<void()> m_updated;
     ListContent m_content;
     CListUpdate m_update;
     CListHeader m_header;

@@ -34,7 +34,7 @@ HeldView held(CFilterListCtrl& list, const char* title, const char* keyName) {
 }  // namespace
 
 void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
-    m_main = std::make_unique<CFilterListCtrl>(m_services, changes.rows());
+    m_main = std::make_unique<CPendingList>(m_services, changes);
     m_details = std::make_unique<CMultiLineEditListCtrl>(m_services, m_lines);
     m_holder.create(pane, rect, IDC_HOLDER_FRAME);
     m_main->create(m_holder.handle(), IDC_MAIN_LIST, kMainListName, kMainTitle);
@@ -53,6 +53,7 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
     m_details->setBackground(detailsBackground());
     m_details->setAllowedCharacters(kAllowedInValues);
     m_details->setChoices({"E", "D"});
+    captionDetails(m_caption);
 }
 
 // ---- The windows ----
@@ -97,7 +98,9 @@ void CheckerLists::editsDropped() {
     if (m_details != nullptr) m_details->editsDropped();
 }
 
+// The workbench says its first caption before the lists have windows.
 void CheckerLists::captionDetails(const DetailsCaption& caption) {
+    m_caption = caption;
     if (m_details == nullptr) return;
     m_details->setEmptyText(caption.emptyText);
     m_details->setDimmed(caption.dimmed);

@@ -13,8 +13,8 @@
 #include "details/edit_messages.h"
 #include "details/multi_line_edit_list_ctrl.h"
 #include "frames/holder_frame.h"
-#include "listctrl/filter_list_ctrl.h"
 #include "workbench/model/workbench_view.h"
+#include "workbench/pending_list.h"
 
 namespace mc {
 
@@ -53,6 +53,7 @@ public:
     void applyDetailsFilter() { m_details->applyFilter(); }
 
     void rowsChanged() override;
+    void statesChanged() override { rowsChanged(); }
     void emptyDetails() override;
     void showDetails(std::vector<DetailGroup> groups, bool anotherChange) override;
     void editsSent() override;
@@ -63,8 +64,9 @@ private:
     ListServices& m_services;
     CVTHolderFrame m_holder;
     LineGroups m_lines;
-    std::unique_ptr<CFilterListCtrl> m_main;
+    std::unique_ptr<CPendingList> m_main;
     std::unique_ptr<CMultiLineEditListCtrl> m_details;
+    DetailsCaption m_caption;
     bool m_heldInEditor = false;  // the last key was pressed in an editor of the details
 };
 

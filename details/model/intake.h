@@ -32,13 +32,17 @@ public:
     Intake(Host& host, PendingChanges& changes, IntakeListener& listener)
         : m_host(host), m_changes(changes), m_listener(listener) {}
 
-    // Takes in one published message. "auth pending" creates or refreshes the record, if the
-    // checker may see the change and did not make it himself; "accepted" and "rejected" remove it.
-    // Without a status or a key, or with another status, nothing happens.
-    void handle(const FieldReader& message);
+    using Origin = PendingChanges::Origin;
+
+    // Takes in one published message, or an answer to a Recover. "auth pending" creates or
+    // refreshes the record, if the checker may see the change and did not make it himself;
+    // "accepted" and "rejected" remove it. Without a status or a key, or with another status,
+    // nothing happens.
+    void handle(const FieldReader& message, Origin origin = Origin::published);
 
 private:
-    void takePending(const FieldReader& message, PuGetFindMenuItemInRoles* holdsMenuItem);
+    void takePending(const FieldReader& message, Origin origin,
+                     PuGetFindMenuItemInRoles* holdsMenuItem);
     void takeDecided(const FieldReader& message, std::string_view outcome);
     void discardListed(const std::string& key);
 

@@ -38,6 +38,7 @@ void Workbench::handlePublished(void* message) {
 // the edits that were not sent. An edit never outlives the sight of its value.
 void Workbench::emptyDetails() {
     m_details.forget();
+    m_changes.states().opened(kNoSlot);
     m_view.emptyDetails();
     caption();
 }
@@ -51,10 +52,14 @@ void Workbench::showDetails(PendingChange change) {
         change = std::move(*now);
     }
     m_details.open(change);
+    m_changes.states().opened(change.slot);
     m_details.setDimmed(unselected());
     m_view.emptyDetails();
     caption();
-    if (m_details.kind() != DetailKind::none) askForDetails();
+    if (m_details.kind() != DetailKind::none)
+        askForDetails();
+    else
+        m_changes.states().lookedAt(change.slot);
 }
 
 void Workbench::askForDetails() {
@@ -74,6 +79,8 @@ void Workbench::details(DetailKind kind, const FieldReader& answer) {
                                           : BuildLimitsDetails(answer, mayModify());
     const bool another = m_details.shown(groups);
     m_view.showDetails(std::move(groups), another);
+    const Slot slot = m_changes.states().shown();
+    if (slot != kNoSlot && !m_details.askAgain()) m_changes.states().lookedAt(slot);
     caption();
     if (m_details.askAgain()) askForDetails();
 }
@@ -87,7 +94,7 @@ void Workbench::detailsRefused(DetailKind kind, const FieldReader& answer) {
 }
 
 void Workbench::recovered(const FieldReader& answer) {
-    if (!m_link.closed()) m_intake.handle(answer);
+    if (!m_link.closed()) m_intake.handle(answer, Intake::Origin::recovered);
 }
 
 void Workbench::publishedAgain(const std::string& key) {
@@ -159,7 +166,9 @@ void Workbench::reject(SelectedRecords selected, const AskReason& askReason) {
 }
 
 void Workbench::update() {
+    const Slot slot = m_changes.states().shown();
     if (m_requests.sendLimitsUpdate() == 0) return;
+    if (slot != kNoSlot) m_changes.states().sent(slot, SentDecision::update);
     m_details.editsEnded();
     m_view.editsSent();
     caption();
@@ -169,7 +178,7 @@ void Workbench::update() {
 void Workbench::recover() {
     if (!mayLeaveEdits("Recover and drop them?")) return;
     emptyDetails();
-    m_requests.sendRecovery();
+    if (m_requests.sendRecovery() != 0) m_changes.states().recoverSent();
 }
 
 void Workbench::dropEdits() {

@@ -9,13 +9,10 @@
 
 namespace mc {
 
-void ColumnTexts::set(Slot slot, std::string_view text) {
-    if (slot == m_codes.size())
-        m_codes.push_back(0);
-    else if (slot > m_codes.size())
-        grow(slot + std::size_t{1});
+bool ColumnTexts::set(Slot slot, std::string_view text) {
+    grow(slot + std::size_t{1});
     const Code before = m_codes[slot];
-    if (m_table.text(before) == text) return;
+    if (before == 0 ? text.empty() : m_table.text(before) == text) return false;
     const Code code = m_table.add(text);
     m_codes[slot] = code;
     if (code == m_uses.size())
@@ -24,6 +21,7 @@ void ColumnTexts::set(Slot slot, std::string_view text) {
         --m_unused;
     if (before != 0 && --m_uses[before] == 0) ++m_unused;
     if (worn()) dropUnused();
+    return true;
 }
 
 // More than half of the texts, and enough of them that a pass over all slots is cheap for each.

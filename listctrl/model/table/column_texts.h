@@ -21,12 +21,16 @@ namespace mc {
 
 class ColumnTexts {
 public:
-    // Makes room for slots below `slots`, which is no fewer than before; their texts are empty.
-    void grow(std::size_t slots) { m_codes.resize(slots, 0); }
+    // Makes room for slots below `slots`, and for as many more, so that it seldom has to; their
+    // texts are empty.
+    void grow(std::size_t slots) {
+        if (slots > m_codes.size()) m_codes.resize(2 * slots, 0);
+    }
 
-    // Sets a slot's text, making room if there is none. Costs a look-up among the different texts.
-    // Now and then, when most of these belong to no slot any longer, one pass lets them go.
-    void set(Slot slot, std::string_view text);
+    // Sets a slot's text, making room if there is none; returns whether it was another. Costs a
+    // look-up among the different texts. Now and then, when most of these belong to no slot any
+    // longer, one pass lets them go.
+    bool set(Slot slot, std::string_view text);
 
     // The slot's text; it lives until the next set().
     std::string_view text(Slot slot) const { return m_table.text(m_codes[slot]); }

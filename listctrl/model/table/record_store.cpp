@@ -53,6 +53,7 @@ void RecordStore::deleteRecord(Slot slot) {
 
 void RecordStore::removeRow(Slot slot, std::size_t row) {
     handOn(slot, row);
+    m_changes.selection |= m_selection.forget(slot);
     hide(slot);
     release(slot);
 }
@@ -64,6 +65,7 @@ void RecordStore::reset() {
     }
     m_endSlot = 0;
     m_selection.reset();
+    m_deselectedByFilter = 0;
     m_countedAt.reset();
     m_texts.drop();
     m_rowCount = 0;
@@ -75,7 +77,9 @@ void RecordStore::refresh(Slot slot) {
     m_texts.reread(slot);
     const bool shown = m_visible.contains(slot);
     if (!passes(slot)) {
-        if (shown) hide(slot);
+        if (!shown) return;
+        deselectFiltered(slot);
+        hide(slot);
     } else if (!shown) {
         show(slot, m_order ? sortedRow(slot) : storedRow(slot));
     } else {
@@ -85,10 +89,13 @@ void RecordStore::refresh(Slot slot) {
 
 void RecordStore::refreshShown(Slot slot) {
     m_texts.reread(slot);
-    if (m_visible.contains(slot)) {
-        const std::size_t row = m_visible.rowOf(slot);
-        rowsChanged(row, row + 1);
-    }
+    touch(slot);
+}
+
+void RecordStore::touch(Slot slot) {
+    if (slot >= m_endSlot || !m_visible.contains(slot)) return;
+    const std::size_t row = m_visible.rowOf(slot);
+    rowsChanged(row, row + 1);
 }
 
 void RecordStore::growTo(Slot slot) {
@@ -169,8 +176,10 @@ std::vector<Slot>& RecordStore::passing(std::optional<ColumnId> unfiltered) {
 
 void RecordStore::replaceRows(const std::vector<Slot>& slots) {
     m_visible.assign(slots);
-    for (Slot slot = 0; slot < m_endSlot && m_selection.any(); ++slot)
-        if (!m_visible.contains(slot)) m_changes.selection |= m_selection.forget(slot);
+    std::vector<Slot> held = m_selection.slots();
+    held.insert(held.end(), {m_selection.focus(), m_selection.anchor()});
+    for (const Slot slot : held)
+        if (slot != kNoSlot && !m_visible.contains(slot)) deselectFiltered(slot);
     rowsChanged(0, RowChanges::kToTheEnd);
 }
 
@@ -274,11 +283,16 @@ void RecordStore::show(Slot slot, std::size_t mapRow) {
 }
 
 void RecordStore::hide(Slot slot) {
-    m_changes.selection |= m_selection.forget(slot);
     const std::size_t mapRow = m_visible.remove(slot);
     --m_rowCount;
     m_changes.count = true;
     rowsChanged(mapRow, RowChanges::kToTheEnd);
+}
+
+// A stored record is out of sight: nothing of the selection is left with it.
+void RecordStore::deselectFiltered(Slot slot) {
+    if (m_selection.selected(slot)) ++m_deselectedByFilter;
+    m_changes.selection |= m_selection.forget(slot);
 }
 
 // A shown record changed: moves it if the order wants it.
@@ -296,7 +310,7 @@ void RecordStore::moveIntoOrder(Slot slot, std::size_t mapRow) {
 void RecordStore::handOn(Slot slot, std::size_t row) {
     const Slot after = slotAt(row + 1);
     if (after != kNoSlot && m_selection.selected(slot))
-        m_changes.selection |= m_selection.select(after, true);
+        m_changes.selection |= m_selection.select(after, true, RowSelection::By::list);
     const Slot heir = after != kNoSlot || row == 0 ? after : slotAt(row - 1);
     m_changes.selection |= m_selection.handOn(slot, heir);
 }
@@ -319,15 +333,21 @@ RowChanges RecordStore::takeChanges() {
 
 void RecordStore::select(std::size_t row, bool on) {
     const Slot slot = slotAt(row);
-    if (slot != kNoSlot) m_changes.selection |= m_selection.select(slot, on);
+    if (slot != kNoSlot) selectionMade(m_selection.select(slot, on));
 }
 
 void RecordStore::selectAll() {
-    m_visible.forEach([&](Slot slot) { m_changes.selection |= m_selection.select(slot, true); });
+    m_visible.forEach([&](Slot slot) { selectionMade(m_selection.select(slot, true)); });
 }
 
 void RecordStore::clearSelection() {
-    m_changes.selection |= m_selection.clear();
+    selectionMade(m_selection.clear());
+}
+
+void RecordStore::selectionMade(bool changed) {
+    if (!changed) return;
+    m_changes.selection = true;
+    m_deselectedByFilter = 0;
 }
 
 bool RecordStore::selected(std::size_t row) const {
@@ -341,6 +361,11 @@ const std::vector<std::size_t>& RecordStore::selectedRows() const {
     m_selectedRows.clear();
     if (m_selection.count() == 0) return m_selectedRows;
     m_selectedRows.reserve(m_selection.count());
+    if (m_selection.count() < m_visible.size() / 64) {
+        for (const Slot slot : m_selection.slots()) m_selectedRows.push_back(*rowOf(slot));
+        std::sort(m_selectedRows.begin(), m_selectedRows.end());
+        return m_selectedRows;
+    }
     std::size_t at = 0;
     m_visible.forEach([&](Slot slot) {
         if (m_selection.selected(slot)) m_selectedRows.push_back(mapRow(at));

@@ -90,6 +90,10 @@ public:
     // The same, but a visible row stays visible, where it is.
     void refreshShown(Slot slot);
 
+    // The record looks different, though its texts are the same: its row is painted again.
+    void touch(Slot slot);
+    void touchAll() { rowsChanged(0, RowChanges::kToTheEnd); }
+
     std::size_t storedCount() const { return m_stored.size(); }
     bool stores(Slot slot) const { return slot < m_endSlot && m_stored.contains(slot); }
     Slot storedAt(std::size_t position) const { return m_stored.at(position); }
@@ -105,6 +109,12 @@ public:
 
     // The row of the record; none while it is filtered out, or when there is no such record.
     std::optional<std::size_t> rowOf(Slot slot) const;
+
+    // Calls `visit` with the record of every visible row; it must not change the store.
+    template <class Visit>
+    void forEachVisible(Visit visit) const {
+        m_visible.forEach(visit);
+    }
 
     // The text of a row's cell, as the reader gives it and as long as that lives; empty beyond the
     // end, "no data descriptor initialised" without a reader.
@@ -154,8 +164,15 @@ public:
     void clearSelection();
     bool selected(std::size_t row) const;
     std::size_t selectedCount() const { return m_selection.count(); }
-    // Ascending. Counted when first asked for after a change; valid until the next one.
+    // Ascending. Counted when first asked for after a change, in a time that grows with the number
+    // of selected rows, or with all when they are many; valid until the next change.
     const std::vector<std::size_t>& selectedRows() const;
+    // The selected records, in no order; valid until the next change.
+    const std::vector<Slot>& selectedSlots() const { return m_selection.slots(); }
+    // Whether the list selected the record by itself, after a removal, and the hand has not since.
+    bool chosenByList(Slot slot) const { return stores(slot) && m_selection.chosenByList(slot); }
+    // How many rows filters have deselected since the hand last selected.
+    std::size_t deselectedByFilter() const { return m_deselectedByFilter; }
     // Another value after every change of which records are selected.
     std::uint64_t selectionRevision() const { return m_selection.revision(); }
 
@@ -205,6 +222,8 @@ private:
     void moveIntoOrder(Slot slot, std::size_t mapRow);
     void show(Slot slot, std::size_t mapRow);
     void hide(Slot slot);
+    void deselectFiltered(Slot slot);
+    void selectionMade(bool changed);
     void removeRow(Slot slot, std::size_t row);
     void handOn(Slot slot, std::size_t row);
     void rowsChanged(std::size_t first, std::size_t last);
@@ -219,6 +238,7 @@ private:
 
     Slot m_endSlot = 0;  // behind the largest slot there has been
     RowSelection m_selection;
+    std::size_t m_deselectedByFilter = 0;
     // The selected rows as last counted, and at which revision of the selection.
     mutable std::vector<std::size_t> m_selectedRows;
     mutable std::optional<std::uint64_t> m_countedAt;

@@ -21,7 +21,7 @@ constexpr PendingChanges::CodedField PendingChanges::kCodedFields[kCodedCount] =
     {&ChangeTexts::type, &sMakeCheckStruct::type, std::nullopt},
 };
 
-PendingChanges::PendingChanges(RecordsView& view) : m_view(view) {
+PendingChanges::PendingChanges(RecordsView& view) : m_view(view), m_states(m_rows, view) {
     m_rows.setCellReader([this](Slot slot, ColumnId column) { return cellText(slot, column); });
     m_rows.shareColumn(kKindColumn, m_kinds);
     for (std::size_t i = 0; i < kCodedCount; ++i)
@@ -97,22 +97,36 @@ bool PendingChanges::selected(std::string_view key) const {
 
 // ---- Changes that come, change and go ----
 
-void PendingChanges::write(Slot slot, const ChangeTexts& texts) {
+// Returns whether a text is another one than before.
+bool PendingChanges::write(Slot slot, const ChangeTexts& texts) {
     OwnTexts& own = m_own[slot];
-    if (texts.entityName) own.entityName = *texts.entityName;
-    if (texts.linkedUser) own.linkedUser = *texts.linkedUser;
+    bool different = false, otherKind = false;
+    const auto writeOwn = [&](ShortText& text, const ChangeTexts::Text& given) {
+        if (!given || text.view() == *given) return;
+        text = *given;
+        different = true;
+    };
+    writeOwn(own.entityName, texts.entityName);
+    writeOwn(own.linkedUser, texts.linkedUser);
     for (std::size_t i = 0; i < kCodedCount; ++i)
-        if (const auto& text = texts.*kCodedFields[i].given) m_coded[i].set(slot, *text);
-    if (!texts.functionalityCode) return;
+        if (const auto& text = texts.*kCodedFields[i].given; text && m_coded[i].set(slot, *text)) {
+            different = true;
+            otherKind |= kCodedFields[i].given == &ChangeTexts::functionalityCode;
+        }
+    if (!otherKind) return different;
     const Functionality* const kind = findFunctionality(*texts.functionalityCode);
     m_kinds.set(slot, kind != nullptr ? kind->displayName : std::string_view());
+    return different;
 }
 
-// Of the slot's last change nothing is left.
+// All texts of the slot are empty: a new one's are, and of a used one's last change nothing is
+// left.
 Slot PendingChanges::takeSlot() {
     if (m_free.empty()) {
-        m_free.push_back(static_cast<Slot>(m_own.size()));
         m_own.emplace_back();
+        for (ColumnTexts& column : m_coded) column.grow(m_own.size());
+        m_kinds.grow(m_own.size());
+        return static_cast<Slot>(m_own.size() - 1);
     }
     const Slot slot = m_free.back();
     m_free.pop_back();
@@ -125,19 +139,24 @@ void PendingChanges::freeSlots() {
     m_gone.clear();
 }
 
-void PendingChanges::addRecord(std::string_view key, const ChangeTexts& texts) {
+void PendingChanges::addRecord(std::string_view key, const ChangeTexts& texts, Origin origin) {
     const Slot slot = takeSlot();
     m_own[slot].key = key;
     const bool added = m_index.insert(key, slot);
-    if (added) write(slot, texts);
-    if (added && m_rows.insertItem(m_rows.storedCount(), slot)) return m_view.rowsChanged();
-    if (added) m_index.erase(key);  // a list without a reader takes in nothing
+    if (added) {
+        write(slot, texts);
+        m_states.came(slot, origin);
+        if (m_rows.insertItem(m_rows.storedCount(), slot)) return m_view.rowsChanged();
+        m_states.ended(slot);  // a list without a reader takes in nothing
+        m_index.erase(key);
+    }
     m_free.push_back(slot);
 }
 
 void PendingChanges::removeRecord(std::string_view key) {
     const Slot slot = m_index.erase(key);
     if (slot == kNoSlot) return;
+    m_states.ended(slot);
     m_rows.deleteRecord(slot);
     m_gone.push_back(slot);
     if (m_holds == 0) freeSlots();
@@ -146,7 +165,7 @@ void PendingChanges::removeRecord(std::string_view key) {
 
 bool PendingChanges::rewriteRecord(Slot slot, const ChangeTexts& texts) {
     const bool pending = m_rows.stores(slot);
-    if (pending) write(slot, texts);
+    if (pending) m_states.cameAgain(slot, write(slot, texts));
     return pending;
 }
 
@@ -159,6 +178,7 @@ void PendingChanges::refreshRecord(Slot slot, const ChangeTexts& texts) {
 void PendingChanges::clearAllRecords() {
     for (std::size_t i = 0; i < size() && m_holds > 0; ++i) m_gone.push_back(m_rows.storedAt(i));
     m_rows.reset();
+    m_states.clear();
     m_index.clear();
     if (m_holds > 0) return;
     m_own.clear();

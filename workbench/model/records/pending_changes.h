@@ -3,7 +3,7 @@
 //
 // Texts that differ from change to change are kept with the change; those with few different values
 // (maker, branch, broker, kind ...) are coded once, when they come, in columns that the list's
-// filters and sorts work on. So a change takes about 130 bytes, and the first filter of such a
+// filters and sorts work on. So a change takes about 140 bytes, and the first filter of such a
 // column reads no change. What is read out is a copy: it stays as it was, whatever comes meanwhile.
 //
 // Calls cost the logarithm of the number of changes at most, where nothing else is said. One
@@ -19,19 +19,12 @@
 
 #include "link/model/pending_record.h"
 #include "listctrl/model/table/record_store.h"
+#include "workbench/model/records/change_states.h"
 #include "workbench/model/records/key_index.h"
+#include "workbench/model/records/records_view.h"
 #include "workbench/model/records/short_text.h"
 
 namespace mc {
-
-// Notified of the rows that come, change and go. Implemented by the view of the workbench.
-class RecordsView {
-public:
-    virtual void rowsChanged() = 0;
-
-protected:
-    ~RecordsView() = default;
-};
 
 // A change as it was read out. Its slot tells it from a later change of the same key: see Hold.
 struct PendingChange : sMakeCheckStruct {
@@ -60,6 +53,10 @@ public:
     // The rows of the main list: which changes show, in which order, and which are selected.
     RecordStore& rows() { return m_rows; }
     const RecordStore& rows() const { return m_rows; }
+
+    // What was done with the changes, by slot.
+    ChangeStates& states() { return m_states; }
+    const ChangeStates& states() const { return m_states; }
 
     // The change in a row of the main list; none beyond the end.
     std::optional<PendingChange> recordAt(std::size_t row) const;
@@ -91,7 +88,9 @@ public:
 
     // Indexes the change under its key and appends its row; a key that is indexed already adds
     // nothing.
-    void addRecord(std::string_view key, const ChangeTexts& texts);
+    using Origin = ChangeStates::Origin;
+    void addRecord(std::string_view key, const ChangeTexts& texts,
+                   Origin origin = Origin::published);
 
     // Removes the change under the key and its row. Changes nothing when the key is not indexed.
     void removeRecord(std::string_view key);
@@ -131,7 +130,7 @@ private:
     static constexpr std::size_t kCodedCount = 5;
 
     PendingChange read(Slot slot) const;
-    void write(Slot slot, const ChangeTexts& texts);
+    bool write(Slot slot, const ChangeTexts& texts);
     Slot takeSlot();
     void freeSlots();
 
@@ -145,6 +144,7 @@ private:
     };
     KeyIndex<KeyOf> m_index{KeyOf{m_own}};
     RecordStore m_rows;
+    ChangeStates m_states;
     std::vector<Slot> m_free;  // slots without a change
     std::vector<Slot> m_gone;  // those that went while there is a Hold
     int m_holds = 0;

@@ -1,0 +1,27 @@
+// CPendingList: the main list, a filter list whose rows show the states of their changes.
+#pragma once
+
+#include "listctrl/filter_list_ctrl.h"
+#include "workbench/change_looks.h"
+
+namespace mc {
+
+class CPendingList final : public CFilterListCtrl {
+public:
+    // Both must outlive the list.
+    CPendingList(ListServices& services, PendingChanges& changes)
+        : CFilterListCtrl(services, changes.rows()), m_looks(*this, changes) {
+        painter().setLooks(m_looks);
+    }
+
+protected:
+    void fontChanged() override {
+        m_looks.fontChanged();
+        CFilterListCtrl::fontChanged();
+    }
+
+private:
+    ChangeLooks m_looks;
+};
+
+}  // namespace mc
