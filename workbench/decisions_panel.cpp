@@ -39,13 +39,9 @@ bool DecisionsPanel::create(HWND pane, DecisionLog& log) {
     return true;
 }
 
-// A list that is not being read keeps its newest row in sight.
-void DecisionsPanel::logChanged(DecisionLog& log) {
+void DecisionsPanel::logChanged(const DecisionLog& log) {
     m_list->storeChanged();
-    if (m_frame.handle() == nullptr) return;
-    m_frame.setTitle(0, titleOf(log));
-    const std::size_t rows = log.rows().rowCount();
-    if (isOpen() && !hasFocus() && rows > 0) fw::ListView(m_list->handle()).bringIntoView(rows - 1);
+    if (m_frame.handle() != nullptr) m_frame.setTitle(0, titleOf(log));
 }
 
 void DecisionsPanel::open(HWND pane, DecisionLog& log, Slot decision) {

@@ -42,7 +42,7 @@ public:
 
 private:
     bool create(HWND pane, DecisionLog& log);
-    void logChanged(DecisionLog& log);
+    void logChanged(const DecisionLog& log);
 
     ListServices& m_services;
     CVTHolderFrame m_frame;
