@@ -12,6 +12,7 @@
 #include "framework/pane_dialog.h"
 #include "link/model/host.h"
 #include "workbench/checker_lists.h"
+#include "workbench/decisions_panel.h"
 #include "workbench/model/pane_commands.h"
 #include "workbench/model/workbench.h"
 
@@ -49,7 +50,10 @@ private:
     LRESULT onInitDialog();
     void onSize(int, int) { layOut(); }
     void onDpiChanged();
-    void onColorsChanged() { m_lists.colorsChanged(); }
+    void onColorsChanged() {
+        m_lists.colorsChanged();
+        m_decisions.colorsChanged();
+    }
     void onDestroy();
     void keepFloatSize();
     void onAccept();
@@ -64,6 +68,7 @@ private:
     void onMainFilterChanged(NMHDR&) { applyMainFilter(); }
     void applyMainFilter();
     void onDetailsFilterChanged(NMHDR&) { m_lists.applyDetailsFilter(); }
+    void onDecisionsFilterChanged(NMHDR&) { m_decisions.applyFilter(); }
     void onEditorClosed();
     void onEndOfEdit(const EndOfEdit& edit);
     void onEndOfChoice(const EndOfEdit& edit);
@@ -74,13 +79,15 @@ private:
     template <class Decision>
     void decide(Decision decision);
     RECT listsRect() const;
-    void layOut() { m_lists.move(listsRect()); }
+    void layOut() { m_lists.move(m_decisions.takeRoom(listsRect())); }
+    void toggleDecisions();
 
     Host& m_host;
     CControlPos m_buttons;
     CVoskDialogBar m_bar;  // the pane while it floats
     std::unique_ptr<Workbench> m_workbench;
     CheckerLists m_lists;           // on the rows of the workbench, and so behind it here
+    DecisionsPanel m_decisions;     // likewise
     bool m_selectionWaits = false;  // for the end of an edit, with what it does to the details
     bool m_deciding = false;        // a button's work is under way, perhaps behind a message box
 };

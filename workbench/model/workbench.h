@@ -10,6 +10,7 @@
 #include "link/model/receiver.h"
 #include "link/model/requests.h"
 #include "link/model/server_link.h"
+#include "workbench/model/decision_log.h"
 #include "workbench/model/decisions.h"
 #include "workbench/model/neighbours.h"
 #include "workbench/model/records/pending_changes.h"
@@ -34,6 +35,9 @@ public:
 
     PendingChanges& changes() { return m_changes; }
     const PendingChanges& changes() const { return m_changes; }
+
+    // What the checker decided in this session.
+    DecisionLog& decisionLog() { return m_log; }
 
     int subscribe();
     int unsubscribe() { return m_link.unsubscribe(); }
@@ -85,6 +89,8 @@ public:
 private:
     void publishedAgain(const std::string& key) override;
     void changeEnded(const std::string& key) override;
+    void outcomeCame(const std::string& key, std::string_view status) override;
+    void noteTried(const TriedRequest& tried);
 
     bool unselected() const;
     void emptyDetails();
@@ -98,6 +104,7 @@ private:
     Host& m_host;
     WorkbenchView& m_view;
     PendingChanges m_changes;
+    DecisionLog m_log;
     ShownDetails m_details;
     SeenFields m_seenFields;
     std::string m_neighbours;  // as they were said last
