@@ -6,6 +6,7 @@
 #include "details/model/limit_edits.h"
 #include "link/model/functionality.h"
 #include "link/model/mnemonics.h"
+#include "workbench/model/press_line.h"
 
 namespace mc {
 
@@ -138,16 +139,32 @@ bool Workbench::mayLeaveEdits(const std::string& question) {
                           question);
 }
 
+// The opposite of a decision whose outcome is awaited may be a slip.
+bool Workbench::mayDecideAgain(const PressPlan& plan) {
+    if (plan.opposite == 0) return true;
+    const bool accepts = plan.button == PressButton::accept;
+    const bool one = plan.leaving.size() == 1;
+    const auto change = m_changes.recordIn(plan.leaving.front());
+    return m_host.confirm(
+        (one && change ? pressName(*change) + " was "
+                       : std::to_string(plan.opposite) + " of these changes were ") +
+        (accepts ? "rejected" : "accepted") + " and the outcome is awaited.\n\n" +
+        (accepts ? "Accept" : "Reject") + (one ? " it all the same?" : " them all the same?"));
+}
+
+// A question dispatches messages: what is executed is the plan made after it.
 void Workbench::accept(SelectedRecords selected) {
     const PendingChanges::Hold hold(m_changes);
-    if (!selected.empty() && mayLeaveEdits("Accept without sending?"))
-        acceptSelected(selected, m_changes, m_requests, m_host);
+    const auto plan = [&] { return planPress(PressButton::accept, selected, m_changes, edits()); };
+    if (!selected.empty() && mayLeaveEdits("Accept without sending?") && mayDecideAgain(plan()))
+        acceptSelected(plan(), m_changes, m_requests, m_host);
 }
 
 void Workbench::reject(SelectedRecords selected, const AskReason& askReason) {
     const PendingChanges::Hold hold(m_changes);
-    if (selected.empty() || mayLeaveEdits("Reject without sending?"))
-        rejectSelected(selected, askReason(), m_changes, m_requests);
+    const PressPlan plan = planPress(PressButton::reject, selected, m_changes, edits());
+    if ((selected.empty() || mayLeaveEdits("Reject without sending?")) && mayDecideAgain(plan))
+        rejectSelected(plan, askReason(), m_changes, m_requests);
 }
 
 void Workbench::update() {

@@ -11,6 +11,7 @@
 #include "link/model/requests.h"
 #include "link/model/server_link.h"
 #include "workbench/model/decisions.h"
+#include "workbench/model/press_plan.h"
 #include "workbench/model/records/pending_changes.h"
 #include "workbench/model/shown_details.h"
 #include "workbench/model/workbench_view.h"
@@ -50,9 +51,15 @@ public:
     // The selection changed otherwise: rows went, or a filter hid some. Nothing is emptied.
     void selectionMoved();
 
+    // What a press of the button would do now, with what is selected now.
+    PressPlan plan(PressButton button) const {
+        return planPress(button, m_changes.selectedRecords(), m_changes, edits());
+    }
+
     // The four buttons. `selected`, in row order, is what was selected at the press: a change that
     // goes while a box is open is not decided, and none is decided instead. Where edits are not
-    // sent, all but Update ask first; so do showDetails() and dropEdits().
+    // sent, all but Update ask first; so do showDetails() and dropEdits(). Accept and Reject
+    // ask before they decide otherwise than a decision that was sent, whose outcome is awaited.
     void accept(SelectedRecords selected);
     // An empty reason rejects nothing.
     using AskReason = std::function<std::string()>;
@@ -82,6 +89,8 @@ private:
     void emptyDetails();
     void askForDetails();
     bool mayLeaveEdits(const std::string& question);
+    bool mayDecideAgain(const PressPlan& plan);
+    const DetailsOnShow& edits() const { return m_details.asked(); }
     void caption() { m_view.captionDetails(m_details.caption()); }
     bool mayModify() const;
     std::optional<std::string> keepEdit(int mnemonic, std::optional<std::string> value);

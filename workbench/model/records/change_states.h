@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <ctime>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -81,7 +82,7 @@ public:
     Slot shown() const { return m_shown; }
     bool recovered() const { return m_recovered; }  // a Recover has left in this session
 
-    StateCounts ofSelected() const;  // one pass over the selected changes
+    StateCounts count(std::span<const Slot> slots) const;  // one pass over them
     // Of the visible rows: one pass over these where filters hide some.
     std::size_t notLookedAtVisible() const;
 

@@ -56,11 +56,8 @@ std::optional<PendingChange> PendingChanges::recordAt(std::size_t row) const {
     return slot != kNoSlot ? std::optional(read(slot)) : std::nullopt;
 }
 
-std::vector<PendingChange> PendingChanges::selectedRecords() const {
-    std::vector<PendingChange> changes;
-    changes.reserve(m_rows.selectedCount());
-    for (const std::size_t row : m_rows.selectedRows()) changes.push_back(read(m_rows.slotAt(row)));
-    return changes;
+std::optional<PendingChange> PendingChanges::recordIn(Slot slot) const {
+    return isPending(slot) ? std::optional(read(slot)) : std::nullopt;
 }
 
 std::optional<PendingChange> PendingChanges::findRecord(std::string_view key) const {
@@ -95,6 +92,33 @@ bool PendingChanges::selected(std::string_view key) const {
     return row && m_rows.selected(*row);
 }
 
+// ---- Investors' pairs ----
+
+PendingChanges::Half PendingChanges::halfOf(Slot slot) const {
+    if (text(slot, CodedText::type) != kInvestorClient) return Half::none;
+    const std::string_view code = text(slot, CodedText::functionality);
+    return code == kAddUser ? Half::user : code == kAddClient ? Half::client : Half::none;
+}
+
+std::string_view PendingChanges::userOf(Slot slot) const {
+    const OwnTexts& own = m_own[slot];
+    return (halfOf(slot) == Half::user ? own.entityName : own.linkedUser).view();
+}
+
+std::optional<PairIndex::Hash> PendingChanges::pairHash(Slot slot) const {
+    if (halfOf(slot) == Half::none) return std::nullopt;
+    return static_cast<PairIndex::Hash>(std::hash<std::string_view>()(userOf(slot)));
+}
+
+Slot PendingChanges::otherHalf(Slot slot) const {
+    const auto hash = pairHash(slot);
+    if (!hash) return kNoSlot;
+    return m_pairs.find(*hash, [&](Slot each) {
+        return !m_rows.isSelected(each) && halfOf(each) != halfOf(slot) &&
+               userOf(each) == userOf(slot);
+    });
+}
+
 // ---- Changes that come, change and go ----
 
 // Returns whether a text is another one than before.
@@ -111,6 +135,7 @@ bool PendingChanges::write(Slot slot, const ChangeTexts& texts) {
     for (std::size_t i = 0; i < kCodedCount; ++i)
         if (const auto& text = texts.*kCodedFields[i].given)
             different |= m_coded[i].set(slot, *text);
+    m_pairs.set(slot, pairHash(slot));
     if (!texts.functionalityCode) return different;
     const Functionality* const kind = findFunctionality(*texts.functionalityCode);
     m_kinds.set(slot, kind != nullptr ? kind->displayName : std::string_view());
@@ -142,6 +167,7 @@ void PendingChanges::addRecord(std::string_view key, const ChangeTexts& texts, O
         write(slot, texts);
         m_states.came(slot, origin);
         if (m_rows.insertItem(m_rows.storedCount(), slot)) return m_view.rowsChanged();
+        m_pairs.set(slot, std::nullopt);
         m_states.ended(slot);  // a list without a reader takes in nothing
         m_index.erase(key);
     }
@@ -151,6 +177,7 @@ void PendingChanges::addRecord(std::string_view key, const ChangeTexts& texts, O
 void PendingChanges::removeRecord(std::string_view key) {
     const Slot slot = m_index.erase(key);
     if (slot == kNoSlot) return;
+    m_pairs.set(slot, std::nullopt);
     m_states.ended(slot);
     m_rows.deleteRecord(slot);
     m_gone.push_back(slot);
@@ -175,6 +202,7 @@ void PendingChanges::clearAllRecords() {
     m_rows.reset();
     m_states.clear();
     m_index.clear();
+    m_pairs.clear();
     if (m_holds > 0) return;
     m_own.clear();
     m_free.clear();
