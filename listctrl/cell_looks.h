@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 
 namespace mc {
 
@@ -12,17 +13,20 @@ namespace mc {
 struct CellLook {
     int indent = 0;                      // pixels
     HFONT font = nullptr;                // null: the list's
+    bool fontYields = false;             // to the list's, where the text does not fit in its own
     std::optional<COLORREF> background;  // none: the row's; both colours give way to a selection
     std::optional<COLORREF> text;
 };
 
-// Asked by the painter for every cell that it draws or measures; the details implement it. `item`
-// is the header item above the cell.
+// Asked by the painter for every cell that it draws or measures; each kind of list has its own.
+// `item` is the header item above the cell.
 class CellLooks {
 public:
     virtual CellLook look(std::size_t row, int item) const = 0;
     // Draws what goes over the text, in the colours that `dc` has.
     virtual void drawOver(HDC dc, std::size_t row, int item, const RECT& cell) const = 0;
+    // What the tip of a cell says beside its text.
+    virtual std::string tip(std::size_t, int) const { return {}; }
 
 protected:
     ~CellLooks() = default;

@@ -22,7 +22,7 @@ CCommonListCtrl::CCommonListCtrl(ListServices& services, RecordStore& store)
       m_header(*this),
       m_appearance(*this, services, *this),
       m_painter(*this, m_content, m_header, m_appearance),
-      m_cellTip(*this, m_content, m_header, m_painter),
+      m_cellTip(*this, m_header, m_painter),
       m_input(*this, m_content, m_header, m_update),
       m_answers(store, m_input),
       m_columns(*this, services, *this, {m_content, m_header, m_update, m_painter}),
@@ -69,6 +69,7 @@ void CCommonListCtrl::beforeMessage(UINT message) {
     if (!m_update.isDue(message) || m_header.isChanging()) return;
     m_update.run();
     m_cellTip.forget();
+    if (m_updated) m_updated();
 }
 
 // Widths are in the font, and so is the header's height.

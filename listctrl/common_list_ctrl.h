@@ -20,8 +20,10 @@
 // (CWindow::reflectNotify, and WM_DRAWITEM to the list itself).
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string>
+#include <utility>
 
 #include "framework/window.h"
 #include "listctrl/cell_tip.h"
@@ -62,6 +64,10 @@ public:
 
     // The store changed. Costs one invalidation, however often it is called before the next paint.
     void storeChanged() { m_update.storeChanged(); }
+
+    // `updated` is called whenever the control has been brought up to date with the store, and may
+    // call nothing that sends the list a message.
+    void onUpdate(std::function<void()> updated) { m_updated = std::move(updated); }
 
     // What the menus and keys do (ListCommand).
     void command(unsigned command) { m_commands.run(command); }
@@ -105,6 +111,7 @@ private:
     void onInvalidExpression() { m_services.showMessage(kInvalidExpression); }
 
     ListServices& m_services;
+    std::function<void()> m_updated;
     ListContent m_content;
     CListUpdate m_update;
     CListHeader m_header;

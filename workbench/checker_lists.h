@@ -5,6 +5,7 @@
 // gone, nothing is shown and no key is taken.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -13,8 +14,8 @@
 #include "details/edit_messages.h"
 #include "details/multi_line_edit_list_ctrl.h"
 #include "frames/holder_frame.h"
-#include "listctrl/filter_list_ctrl.h"
 #include "workbench/model/workbench_view.h"
+#include "workbench/pending_list.h"
 
 namespace mc {
 
@@ -34,6 +35,14 @@ public:
     void layOut() { m_holder.layOut(); }  // what is in the frame: the dots per inch changed
     void showWindows();
     void colorsChanged();
+
+    // What is called when rows, their selection or states, or unsent edits may have changed. It
+    // must not call the workbench.
+    void onNews(std::function<void()> news) { m_news = std::move(news); }
+
+    // Takes every filter off the main list, and brings a row of it into view.
+    void resetMainFilters() { m_main->command(kResetFiltersCommand); }
+    void bringIntoView(std::size_t mainRow) const;
 
     HWND mainWindow() const { return m_main != nullptr ? m_main->handle() : nullptr; }
 
@@ -64,8 +73,9 @@ private:
     ListServices& m_services;
     CVTHolderFrame m_holder;
     LineGroups m_lines;
-    std::unique_ptr<CFilterListCtrl> m_main;
+    std::unique_ptr<CPendingList> m_main;
     std::unique_ptr<CMultiLineEditListCtrl> m_details;
+    std::function<void()> m_news = [] {};
     bool m_heldInEditor = false;  // the last key was pressed in an editor of the details
 };
 

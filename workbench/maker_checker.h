@@ -1,8 +1,8 @@
 // CMakerChecker: the checker's workbench, one docking pane in the host's main frame.
 //
-// A row of decision buttons lies above two lists: one row per pending change, and below it the
-// details of the change that is looked at. The pane draws, asks the Workbench and tells it what the
-// checker did; every rule is there.
+// A row of decision buttons, and the line that says what a press would do, lie above two lists: one
+// row per pending change, and below it the details of the change that is looked at. The pane draws,
+// asks the Workbench and tells it what the checker did; every rule is there.
 #pragma once
 
 #include <memory>
@@ -12,7 +12,9 @@
 #include "framework/pane_dialog.h"
 #include "link/model/host.h"
 #include "workbench/checker_lists.h"
+#include "workbench/model/pane_commands.h"
 #include "workbench/model/workbench.h"
+#include "workbench/press_line_window.h"
 
 namespace mc {
 
@@ -38,9 +40,7 @@ protected:
     HWND initialFocus() const override { return m_lists.mainWindow(); }
     void onDialogKey(UINT key, bool repeated) override;
     std::vector<HWND> tabStops() const override;
-    bool controlClaims(HWND control, UINT key) const override {
-        return m_lists.claims(control, key);
-    }
+    bool controlClaims(HWND control, UINT key) const override;
     std::span<const fw::ActionKey> actionKeys() const override;
     SIZE leastSize() const override { return {scaled(220), scaled(320)}; }
     SIZE firstFloatSize() const override { return {m_bar.size().width, m_bar.size().height}; }
@@ -49,7 +49,7 @@ private:
     LRESULT onInitDialog();
     void onSize(int, int) { layOut(); }
     void onDpiChanged();
-    void onColorsChanged() { m_lists.colorsChanged(); }
+    void onColorsChanged();
     void onDestroy();
     void onAccept();
     void onReject();
@@ -59,21 +59,32 @@ private:
     void onShowSelected(NMHDR& header);
     void onShowFocused(NMHDR& header);
     void onSelectionMade(NMHDR& header);
-    void onMainFilterChanged(NMHDR&);
+    void onMainFilterChanged(NMHDR&) { applyMainFilter(); }
+    void applyMainFilter();
     void onDetailsFilterChanged(NMHDR&) { m_lists.applyDetailsFilter(); }
     void onEditorClosed();
     void onEndOfEdit(const EndOfEdit& edit);
     void onEndOfChoice(const EndOfEdit& edit);
 
+    void run(PaneCommand command);
+    void chooseQuickFilter(PaneCommand command);
+
+    void selectPair();
+    void openNext();
+
     template <class Decision>
     void decide(Decision decision);
-    RECT listsRect() const;
+    template <class Decision>
+    void press(PressButton button, Decision decision);
+    PressLine describe(PressButton button) const;
+    RECT listsRect();
     void layOut() { m_lists.move(listsRect()); }
 
     Host& m_host;
     CControlPos m_buttons;
     CVoskDialogBar m_bar;  // the pane while it floats
     std::unique_ptr<Workbench> m_workbench;
+    CPressLine m_line{[this](PressButton button) { return describe(button); }};
     CheckerLists m_lists;           // on the rows of the workbench, and so behind it here
     bool m_selectionWaits = false;  // for the end of an edit, with what it does to the details
     bool m_deciding = false;        // a button's work is under way, perhaps behind a message box

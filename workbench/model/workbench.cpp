@@ -6,6 +6,7 @@
 #include "details/model/limit_edits.h"
 #include "link/model/functionality.h"
 #include "link/model/mnemonics.h"
+#include "listctrl/model/table/selection_rules.h"
 #include "workbench/model/press_line.h"
 
 namespace mc {
@@ -29,6 +30,12 @@ void Workbench::close() {
 
 void Workbench::handlePublished(void* message) {
     if (message != nullptr && !m_link.closed()) m_intake.handle(FieldReader(message));
+}
+
+int Workbench::subscribe() {
+    const int result = m_link.subscribe();
+    if (m_link.subscribed()) m_changes.states().subscribed();
+    return result;
 }
 
 // ---- Details ----
@@ -127,6 +134,46 @@ void Workbench::selectionMade() {
 
 void Workbench::selectionMoved() {
     if (m_details.setDimmed(unselected())) caption();
+}
+
+// ---- The next row, and the other half of a pair ----
+
+bool Workbench::openNext() {
+    const PendingChanges::Hold hold(m_changes);
+    RecordStore& rows = m_changes.rows();
+    const auto sent = [&](std::size_t row) {
+        return m_changes.states().of(rows.slotAt(row)).sent != SentDecision::none;
+    };
+    std::size_t row = rows.focusedRow().value_or(0);
+    while (row < rows.rowCount() && sent(row)) ++row;
+    const auto change = m_changes.recordAt(row);
+    if (!change) return false;
+    showDetails(*change);
+    const auto now = rows.rowOf(change->slot);
+    if (m_details.key() != change->key || !now) return false;
+    if (rows.isSelected(change->slot))
+        rows.setFocus(*now);
+    else
+        SelectionRules(rows).goTo(*now);
+    selectionMade();
+    m_view.rowsChanged();
+    return true;
+}
+
+std::vector<Slot> Workbench::missingHalves() const {
+    std::vector<Slot> missing;
+    const PressPlan now = plan(PressButton::accept);
+    for (const auto* halves : {&now.users, &now.clients})
+        for (const PressPlan::Half& half : *halves)
+            if (half.other != kNoSlot) missing.push_back(half.other);
+    return missing;
+}
+
+void Workbench::selectHalves(const std::vector<Slot>& halves) {
+    for (const Slot half : halves)
+        if (const auto row = m_changes.rows().rowOf(half)) m_changes.rows().select(*row, true);
+    selectionMade();
+    m_view.rowsChanged();
 }
 
 // ---- Decisions ----

@@ -35,7 +35,7 @@ public:
     PendingChanges& changes() { return m_changes; }
     const PendingChanges& changes() const { return m_changes; }
 
-    int subscribe() { return m_link.subscribe(); }
+    int subscribe();
     int unsubscribe() { return m_link.unsubscribe(); }
 
     // Takes in a published message; null is ignored.
@@ -43,6 +43,16 @@ public:
 
     // Empties the details and asks for those of `change`, where its kind has any.
     void showDetails(PendingChange change);
+
+    // Opens the details of the focused row, or of the next row below it whose decision was not sent
+    // yet, and selects that row alone if it was not selected. Returns whether there is one, and
+    // unsent edits were not kept for it.
+    bool openNext();
+
+    // The other halves of pairs that a press of Accept lacks, and selecting them too, those whose
+    // rows are visible.
+    std::vector<Slot> missingHalves() const;
+    void selectHalves(const std::vector<Slot>& halves);
 
     // The checker's hand changed the selection. Details of a change that is not among the selected
     // do not stay beside them, unless they hold unsent edits: then they are dimmed.

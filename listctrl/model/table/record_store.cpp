@@ -75,6 +75,10 @@ void RecordStore::reset() {
 void RecordStore::refresh(Slot slot) {
     if (!m_texts.hasReader()) return;
     m_texts.reread(slot);
+    filterAgain(slot);
+}
+
+void RecordStore::filterAgain(Slot slot) {
     const bool shown = m_visible.contains(slot);
     if (!passes(slot)) {
         if (!shown) return;
@@ -93,6 +97,7 @@ void RecordStore::refreshShown(Slot slot) {
 }
 
 void RecordStore::touch(Slot slot) {
+    if (m_judge && stores(slot)) return filterAgain(slot);
     if (slot >= m_endSlot || !m_visible.contains(slot)) return;
     const std::size_t row = m_visible.rowOf(slot);
     rowsChanged(row, row + 1);
@@ -149,7 +154,8 @@ RecordStore::Outcome RecordStore::filter() {
 
 bool RecordStore::passes(Slot slot) const {
     const auto& active = m_filters.active();
-    return std::all_of(active.begin(), active.end(),
+    return (!m_judge || m_judge(slot)) &&
+           std::all_of(active.begin(), active.end(),
                        [&](const ActiveFilter& filter) { return passes(slot, filter); });
 }
 
@@ -170,6 +176,7 @@ std::vector<Slot>& RecordStore::passing() {
         else
             m_texts.column(filter.column, m_stored).keepMatching(filter.pattern, slots);
     }
+    if (m_judge) std::erase_if(slots, [this](Slot slot) { return !m_judge(slot); });
     return slots;
 }
 

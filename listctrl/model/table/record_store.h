@@ -20,6 +20,7 @@
 #include <limits>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "listctrl/model/table/cell_texts.h"
@@ -90,7 +91,7 @@ public:
     // The same, but a visible row stays visible, where it is.
     void refreshShown(Slot slot);
 
-    // The record looks different, though its texts are the same: its row is painted again.
+    // The record is as it was but for what the judge looks at: it is judged and painted again.
     void touch(Slot slot);
     void touchAll() { rowsChanged(0, RowChanges::kToTheEnd); }
 
@@ -139,6 +140,11 @@ public:
     // pass. Nothing happens without a reader; filtersUneven leaves rows without records. Costs one
     // pass over the slots, and over the different texts of the filtered columns.
     Outcome filter();
+
+    // What else a record must satisfy to have a row; an empty function ends it. It counts from the
+    // next pass on, and for each record that comes, changes or is touched.
+    using Judge = std::function<bool(Slot)>;
+    void setJudge(Judge judge) { m_judge = std::move(judge); }
 
     // What has the last word in a filter pass: it is given the records that pass, in stored order,
     // and may take some away or add others. Records that come between passes are not arranged.
@@ -206,6 +212,7 @@ private:
 
     void growTo(Slot slot);
     void release(Slot slot);
+    void filterAgain(Slot slot);
 
     void sortRows(std::vector<Slot>& rows, const SortOrder& order);
     bool passes(Slot slot) const;
@@ -231,6 +238,7 @@ private:
 
     CellTexts m_texts;
     RowFilters m_filters;
+    Judge m_judge;
     Arrange m_arrange;
     SlotSequence m_stored;
     SlotSequence m_visible;

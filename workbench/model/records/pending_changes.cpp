@@ -21,7 +21,10 @@ constexpr PendingChanges::CodedField PendingChanges::kCodedFields[kCodedCount] =
     {&ChangeTexts::type, &sMakeCheckStruct::type, std::nullopt},
 };
 
-PendingChanges::PendingChanges(RecordsView& view) : m_view(view), m_states(m_rows, view) {
+PendingChanges::PendingChanges(RecordsView& view)
+    : m_view(view),
+      m_states(m_rows, view),
+      m_quickFilter(m_rows, m_states, [this](Slot slot) { return halfOf(slot) != Half::none; }) {
     m_rows.setCellReader([this](Slot slot, ColumnId column) { return cellText(slot, column); });
     m_rows.shareColumn(kKindColumn, m_kinds);
     for (std::size_t i = 0; i < kCodedCount; ++i)
@@ -79,6 +82,7 @@ std::string_view PendingChanges::text(Slot slot, CodedText which) const {
     return m_coded[static_cast<std::size_t>(which)].text(slot);
 }
 
+// Of an investor, whose new user and new client are accepted together.
 bool PendingChanges::isPending(const PendingChange& change) const {
     return m_rows.stores(change.slot) && m_own[change.slot].key.view() == change.key;
 }

@@ -22,6 +22,7 @@
 #include "workbench/model/records/change_states.h"
 #include "workbench/model/records/key_index.h"
 #include "workbench/model/records/pair_index.h"
+#include "workbench/model/records/quick_filter.h"
 #include "workbench/model/records/records_view.h"
 #include "workbench/model/records/short_text.h"
 
@@ -58,6 +59,9 @@ public:
     // What was done with the changes, by slot.
     ChangeStates& states() { return m_states; }
     const ChangeStates& states() const { return m_states; }
+
+    QuickFilter& quickFilter() { return m_quickFilter; }
+    const QuickFilter& quickFilter() const { return m_quickFilter; }
 
     // The change in a row of the main list; none beyond the end.
     std::optional<PendingChange> recordAt(std::size_t row) const;
@@ -162,6 +166,7 @@ private:
     PairIndex m_pairs;  // of the pending halves
     RecordStore m_rows;
     ChangeStates m_states;
+    QuickFilter m_quickFilter;
     std::vector<Slot> m_free;  // slots without a change
     std::vector<Slot> m_gone;  // those that went while there is a Hold
     int m_holds = 0;

@@ -1,4 +1,5 @@
-// Notified of the rows that come, change and go, and of what was done with their changes. Implemented by the view of the workbench.
+// Notified of the rows that come, change and go, and of what is done with their changes.
+// Implemented by the view of the workbench.
 #pragma once
 
 namespace mc {
