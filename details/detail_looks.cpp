@@ -7,10 +7,11 @@
 namespace mc {
 namespace {
 
-constexpr int kIndent = 16;                             // of a row below its heading
-constexpr int kFoldMarkWidth = 14;                      // in front of a heading
-constexpr COLORREF kChangedColor = RGB(255, 222, 120);  // behind a value that changed
-constexpr COLORREF kEditedColor = RGB(0, 72, 168);      // of a value that has not been sent
+constexpr int kIndent = 16;                              // of a row below its heading
+constexpr int kFoldMarkWidth = 14;                       // in front of a heading
+constexpr COLORREF kChangedColor = RGB(255, 222, 120);   // behind a value that changed
+constexpr COLORREF kDifferenceColor = RGB(255, 150, 0);  // behind the characters that differ
+constexpr COLORREF kEditedColor = RGB(0, 72, 168);       // of a value that has not been sent
 
 // In front of a row: what the change does to its field.
 constexpr struct {
@@ -29,6 +30,12 @@ const char* markOf(FieldChange change) {
 
 bool isHighlighted(const sMCListStruct& row) {
     return row.change == FieldChange::changed || row.change == FieldChange::reset;
+}
+
+// Where bytes are parts of letters, signs are plain ones.
+const UnseenSigns& signsOfSystem() {
+    CPINFO page{};
+    return GetCPInfo(CP_ACP, &page) != 0 && page.MaxCharSize > 1 ? kAsciiSigns : kUnseenSigns;
 }
 
 using Triangle = std::array<POINT, 3>;
@@ -54,6 +61,9 @@ Triangle pointingRight(POINT at, LONG size) {
 
 }  // namespace
 
+DetailLooks::DetailLooks(const fw::CWindow& list, const ListContent& content, LineGroups& lines)
+    : m_list(list), m_content(content), m_lines(lines), m_signs(signsOfSystem()) {}
+
 // ---- Fonts and colours ----
 
 HFONT DetailLooks::boldFont() const {
@@ -67,12 +77,13 @@ HFONT DetailLooks::boldFont() const {
 }
 
 CellLook DetailLooks::look(std::size_t row, int item) const {
-    const LineGroups::Line* line = m_lines.lineAt(row);
+    LineGroups::Line* line = m_lines.lineAt(row);
     if (line == nullptr) return {};
     CellLook look =
-        line->isHeading() ? headingLook(item) : rowLook(*line->row, m_content.columnAt(item));
+        line->isHeading() ? headingLook(item) : rowLook(*line, m_content.columnAt(item));
     if (m_dimmed) {
         look.background.reset();
+        look.runColor.reset();
         look.text = GetSysColor(COLOR_GRAYTEXT);
     }
     return look;
@@ -83,10 +94,18 @@ CellLook DetailLooks::headingLook(int item) const {
             GetSysColor(COLOR_BTNTEXT)};
 }
 
-CellLook DetailLooks::rowLook(const sMCListStruct& row, ColumnId column) const {
+CellLook DetailLooks::rowLook(LineGroups::Line& line, ColumnId column) const {
     CellLook look;
-    if (column == kFieldColumn) look.indent = m_list.scaled(kIndent);
-    if (column != kValueColumn) return look;
+    if (column == kValueColumn) look = valueLook(*line.row);
+    if (column == kFieldColumn)
+        look.indent = m_list.scaled(kIndent);
+    else
+        addMarks(look, line, column);
+    return look;
+}
+
+CellLook DetailLooks::valueLook(const sMCListStruct& row) const {
+    CellLook look;
     if (isHighlighted(row)) {
         look.background = mixed(kChangedColor, GetSysColor(COLOR_WINDOW), 150);
         look.text = GetSysColor(COLOR_WINDOWTEXT);  // whatever the list's own colours are
@@ -94,6 +113,15 @@ CellLook DetailLooks::rowLook(const sMCListStruct& row, ColumnId column) const {
     if (row.edited) look.text = kEditedColor;
     if (isHighlighted(row) || row.edited) look.font = boldFont();
     return look;
+}
+
+void DetailLooks::addMarks(CellLook& look, LineGroups::Line& line, ColumnId column) const {
+    const ValueMarks& marks = m_lines.marks(line, m_signs);
+    const CellMarks& cell = column == kValueColumn ? marks.value : marks.old;
+    look.shown = cell.shown;
+    look.runs = cell.runs;
+    look.runColor = kDifferenceColor;
+    if (marks.kind == DifferenceKind::alike) look.mark = CellLook::Mark::frame;
 }
 
 // ---- Marks ----

@@ -5,7 +5,11 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
+#include <string_view>
+
+#include "text/text_difference.h"
 
 namespace mc {
 
@@ -16,6 +20,15 @@ struct CellLook {
     bool fontYields = false;             // to the list's, where the text does not fit in its own
     std::optional<COLORREF> background;  // none: the row's; both colours give way to a selection
     std::optional<COLORREF> text;
+
+    // Drawn and measured instead of the cell's text, of the same length. Empty: the text itself.
+    std::string_view shown = {};
+    // Characters that are marked: by a line below or a frame around them, and, unless the row is
+    // selected, by this colour mixed into the background. They live as long as the look's cell.
+    enum class Mark { underline, frame };
+    std::span<const TextRun> runs = {};
+    Mark mark = Mark::underline;
+    std::optional<COLORREF> runColor = {};
 };
 
 // Asked by the painter for every cell that it draws or measures; each kind of list has its own.

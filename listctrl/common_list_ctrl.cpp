@@ -113,6 +113,10 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::onNotify<0, HDN_ITEMCHANGINGW, &C::m_columns, &CListColumns::onItemChanging>(),
         fw::onNotify<0, HDN_ITEMCHANGEDA, &C::m_columns, &CListColumns::onItemChanged>(),
         fw::onNotify<0, HDN_ITEMCHANGEDW, &C::m_columns, &CListColumns::onItemChanged>(),
+        fw::onNotify<0, HDN_ENDTRACKA, &C::m_columns, &CListColumns::onDividerDone>(),
+        fw::onNotify<0, HDN_ENDTRACKW, &C::m_columns, &CListColumns::onDividerDone>(),
+        fw::onNotify<0, HDN_DIVIDERDBLCLICKA, &C::m_columns, &CListColumns::onDividerDone>(),
+        fw::onNotify<0, HDN_DIVIDERDBLCLICKW, &C::m_columns, &CListColumns::onDividerDone>(),
         fw::onNotify<0, static_cast<UINT>(NM_RCLICK), &C::m_commands,
                      &CListCommands::onHeaderRightClick>(),
         fw::onAnyCommand<&C::m_commands, &CListCommands::onMenuCommand>(),
@@ -144,6 +148,7 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::on<LVM_FINDITEMA, &C::m_answers, &CSelectionAnswers::onFindItem>(),
         fw::on<LVM_FINDITEMW, &C::m_answers, &CSelectionAnswers::onFindItem>(),
         fw::on<kHeaderMoved, &C::m_columns, &CListColumns::onHeaderMoved>(),
+        fw::on<kKeepWidth, &C::m_columns, &CListColumns::onKeepWidth>(),
         fw::on<kInvalidFound, &C::onInvalidExpression>(),
     };
     static constexpr fw::MessageMap map{nullptr, entries};

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "framework/handles.h"
+#include "listctrl/marked_text.h"
 #include "listctrl/model/empty_text.h"
 
 namespace mc {
@@ -60,6 +61,7 @@ CellLook CListPainter::lookOf(std::size_t row, int item) const {
 void CListPainter::drawCell(HDC dc, ListCell cell, const RECT& rect, bool ownLooks) const {
     CellLook look = lookOf(cell.row, cell.item);
     if (look.fontYields && drawnWidth(cell, look) > roomIn(rect)) look.font = nullptr;
+    if (!ownLooks) look.runColor.reset();
     if (ownLooks && look.background) fill(dc, rect, *look.background);
     const COLORREF rowText = GetTextColor(dc);
     if (ownLooks && look.text) SetTextColor(dc, *look.text);
@@ -68,9 +70,14 @@ void CListPainter::drawCell(HDC dc, ListCell cell, const RECT& rect, bool ownLoo
     if (m_looks != nullptr) m_looks->drawOver(dc, cell.row, cell.item, rect);
 }
 
+std::string_view CListPainter::textOf(ListCell cell, const CellLook& look) const {
+    return look.shown.empty() ? m_content.text(cell.row, m_content.columnAt(cell.item))
+                              : look.shown;
+}
+
 void CListPainter::drawText(HDC dc, ListCell cell, const RECT& rect, const CellLook& look) const {
     const ColumnId column = m_content.columnAt(cell.item);
-    const std::string_view text = m_content.text(cell.row, column);
+    const std::string_view text = textOf(cell, look);
     RECT inside{rect.left + margin() + look.indent, rect.top, rect.right - margin(), rect.bottom};
     if (text.empty() || inside.right <= inside.left) return;
     // The platform aligns the first column of a list, and its caption, to the left.
@@ -82,11 +89,15 @@ void CListPainter::drawText(HDC dc, ListCell cell, const RECT& rect, const CellL
     std::optional<fw::SelectScope> font;
     if (look.font != nullptr) font.emplace(dc, look.font);
     if (spare >= 0) {  // fits, which is quick to draw
-        const int shift = flag == 1 ? spare : flag == 2 ? spare / 2 : 0;
-        ExtTextOutA(dc, static_cast<int>(inside.left) + shift, inside.top, 0, nullptr, text.data(),
+        inside.left += flag == 1 ? spare : flag == 2 ? spare / 2 : 0;
+        if (!look.runs.empty())
+            return drawMarkedText(dc, {text, look, m_widths, m_list.scaled(2)}, inside);
+        ExtTextOutA(dc, static_cast<int>(inside.left), inside.top, 0, nullptr, text.data(),
                     static_cast<UINT>(size), nullptr);
         return;
     }
+    if (!look.runs.empty())
+        return drawMarkedText(dc, {text, look, m_widths, m_list.scaled(2)}, inside);
     static constexpr UINT alignments[] = {DT_LEFT, DT_RIGHT, DT_CENTER};
     DrawTextA(dc, text.data(), size, &inside,
               DT_SINGLELINE | DT_END_ELLIPSIS | DT_NOPREFIX | alignments[flag % 3]);
@@ -146,8 +157,7 @@ int CListPainter::captionWidth(ColumnId column) const {
 
 // Without the margins.
 int CListPainter::drawnWidth(ListCell cell, const CellLook& look) const {
-    const std::string_view text = m_content.text(cell.row, m_content.columnAt(cell.item));
-    return look.indent + m_widths.widthOf(text, look.font);
+    return look.indent + m_widths.widthOf(textOf(cell, look), look.font);
 }
 
 int CListPainter::dataWidth(int item) const {

@@ -48,6 +48,7 @@ private:
     CellLook lookOf(std::size_t row, int item) const;
     RowColors colorsOf(std::size_t row) const;
     void drawCell(HDC dc, ListCell cell, const RECT& rect, bool ownLooks) const;
+    std::string_view textOf(ListCell cell, const CellLook& look) const;
     void drawText(HDC dc, ListCell cell, const RECT& rect, const CellLook& look) const;
     bool isCutOff(ListCell cell) const;
     int drawnWidth(ListCell cell, const CellLook& look) const;

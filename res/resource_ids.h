@@ -89,3 +89,4 @@
 #define IDC_CP_SORT 1742
 #define IDC_CP_VIEW 1743
 #define IDC_CP_DEFAULT 1744
+#define IDC_CP_SORT_KEPT 1745

@@ -75,6 +75,7 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
     m_details->setBackground(detailsBackground());
     m_details->setAllowedCharacters(kAllowedInValues);
     m_details->setChoices({"E", "D"});
+    captionDetails(m_caption);
 }
 
 // ---- The windows ----
@@ -124,7 +125,9 @@ void CheckerLists::editsDropped() {
     if (m_details != nullptr) m_details->editsDropped();
 }
 
+// The workbench says its first caption before the lists have windows.
 void CheckerLists::captionDetails(const DetailsCaption& caption) {
+    m_caption = caption;
     if (m_details == nullptr) return;
     m_details->setEmptyText(caption.emptyText);
     m_details->setDimmed(caption.dimmed);

@@ -75,6 +75,7 @@ private:
     LineGroups m_lines;
     std::unique_ptr<CPendingList> m_main;
     std::unique_ptr<CMultiLineEditListCtrl> m_details;
+    DetailsCaption m_caption;
     std::function<void()> m_news = [] {};
     bool m_heldInEditor = false;  // the last key was pressed in an editor of the details
 };

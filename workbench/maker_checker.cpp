@@ -122,11 +122,15 @@ void CMakerChecker::onDpiChanged() {
     m_lists.layOut();
 }
 
+void CMakerChecker::keepFloatSize() {
+    const auto floated = lastFloatSize();
+    if (!floated) return;
+    m_bar.setSize({static_cast<int>(floated->cx), static_cast<int>(floated->cy)});
+    m_bar.save();
+}
+
 void CMakerChecker::onDestroy() {
-    if (const auto floated = lastFloatSize()) {
-        m_bar.setSize({static_cast<int>(floated->cx), static_cast<int>(floated->cy)});
-        m_bar.save();
-    }
+    keepFloatSize();
     if (m_workbench != nullptr) m_workbench->close();
 }
 

@@ -42,6 +42,7 @@ protected:
     std::vector<HWND> tabStops() const override;
     bool controlClaims(HWND control, UINT key) const override;
     std::span<const fw::ActionKey> actionKeys() const override;
+    void onHidden() override { keepFloatSize(); }
     SIZE leastSize() const override { return {scaled(220), scaled(320)}; }
     SIZE firstFloatSize() const override { return {m_bar.size().width, m_bar.size().height}; }
 
@@ -51,6 +52,7 @@ private:
     void onDpiChanged();
     void onColorsChanged();
     void onDestroy();
+    void keepFloatSize();
     void onAccept();
     void onReject();
     void onUpdate();

@@ -9,11 +9,13 @@
 
 #include <cstddef>
 #include <deque>
+#include <memory>
 #include <optional>
 #include <string_view>
 #include <vector>
 
 #include "details/model/detail_group.h"
+#include "details/model/value_marks.h"
 #include "listctrl/model/columns/column_info.h"
 #include "listctrl/model/table/record_store.h"
 
@@ -43,6 +45,7 @@ public:
         Group* group;
         sMCListStruct* row;
         Slot slot;
+        std::unique_ptr<const ValueMarks> marks = {};  // once they were asked for
         bool isHeading() const { return slot == group->heading; }
     };
 
@@ -66,6 +69,9 @@ public:
 
     // The line in a row; null beyond the end. Lives until clear().
     Line* lineAt(std::size_t row);
+
+    // What is marked in the line's values. Worked out once, when it is first asked for.
+    const ValueMarks& marks(Line& line, const UnseenSigns& signs) const;
 
     // The row of a line; none while it is not visible.
     std::optional<std::size_t> rowOf(const Line& line) const { return m_rows.rowOf(line.slot); }

@@ -118,9 +118,16 @@ public:
     const Homes& homes() const { return m_homes; }
 
 private:
+    // Items are numbers: those that were appended in turn lie at their distance from the block's
+    // first, or a little before that where some have gone since.
     static std::size_t offsetOf(const Block& block, const Item& item) {
-        return static_cast<std::size_t>(std::find(block.items.begin(), block.items.end(), item) -
-                                        block.items.begin());
+        const auto& items = block.items;
+        const std::size_t likely = std::min<std::size_t>(item - items.front(), items.size() - 1);
+        std::size_t at = likely;
+        while (at > 0 && items[at] != item) --at;
+        if (items[at] != item)
+            for (at = likely + 1; items[at] != item;) ++at;
+        return at;
     }
 
     void put(Block& block, std::size_t offset, const Item& item) {

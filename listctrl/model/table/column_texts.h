@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -20,10 +21,13 @@ namespace mc {
 
 class ColumnTexts {
 public:
-    // Makes room for slots below `slots`, which is no fewer than before; their texts are empty.
-    void grow(std::size_t slots) { m_codes.resize(slots, 0); }
+    // Makes room for slots below `slots`, and for as many more, so that it seldom has to; their
+    // texts are empty.
+    void grow(std::size_t slots) {
+        if (slots > m_codes.size()) m_codes.resize(2 * slots, 0);
+    }
 
-    // Sets a slot's text, making room if there is none; returns whether it is another one. Costs a
+    // Sets a slot's text, making room if there is none; returns whether it was another. Costs a
     // look-up among the different texts. Now and then, when most of these belong to no slot any
     // longer, one pass lets them go.
     bool set(Slot slot, std::string_view text);
@@ -42,8 +46,10 @@ public:
     // Sorts slots by the column; those that compare equal keep their order.
     void sort(std::vector<Slot>& slots, Comparison comparison, int direction);
 
-    // The different texts of these slots.
-    DistinctValues distinct(const SlotSequence& slots, std::size_t limit) const;
+    // The different texts of all `stored` slots, each with how many of `counted` hold it. One pass
+    // over both, and one over the different texts.
+    DistinctValues distinct(const SlotSequence& stored, std::span<const Slot> counted,
+                            ValueOrder order) const;
 
 private:
     using Code = TextTable::Code;

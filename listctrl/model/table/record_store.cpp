@@ -130,9 +130,9 @@ void RecordStore::dropTexts() {
     m_passing = {};
 }
 
-DistinctValues RecordStore::distinctValues(ColumnId column, std::size_t limit) {
+DistinctValues RecordStore::distinctValues(ColumnId column, ValueOrder order) {
     if (!m_texts.hasReader()) return {};
-    return m_texts.column(column, m_stored).distinct(m_stored, limit);
+    return m_texts.column(column, m_stored).distinct(m_stored, passing(column), order);
 }
 
 // ---- Filters ----
@@ -144,7 +144,6 @@ RecordStore::Outcome RecordStore::filter() {
         return Outcome::filtersUneven;
     }
     std::vector<Slot>& rows = passing();
-    if (m_arrange) m_arrange(rows);
     if (m_order) sortRows(rows, *m_order);
     replaceRows(rows);
     m_rowCount = m_visible.size();
@@ -163,11 +162,12 @@ bool RecordStore::passes(Slot slot, const ActiveFilter& filter) const {
     return filter.pattern.matches(text(slot, filter.column));
 }
 
-std::vector<Slot>& RecordStore::passing() {
+// The records that filters and arrangement let through, as if one column had no filter.
+std::vector<Slot>& RecordStore::passing(std::optional<ColumnId> unfiltered) {
     std::vector<Slot>& slots = m_passing;
     m_stored.copyTo(slots);
     for (const ActiveFilter& filter : m_filters.active()) {
-        if (filter.pattern.matchesEverything()) continue;
+        if (filter.pattern.matchesEverything() || filter.column == unfiltered) continue;
         // A few that are left are tried one by one rather than all texts of the column; more of
         // them when those would have to be read first.
         const std::size_t share = m_texts.keeps(filter.column) ? 512 : 16;
@@ -177,6 +177,7 @@ std::vector<Slot>& RecordStore::passing() {
             m_texts.column(filter.column, m_stored).keepMatching(filter.pattern, slots);
     }
     if (m_judge) std::erase_if(slots, [this](Slot slot) { return !m_judge(slot); });
+    if (m_arrange) m_arrange(slots);
     return slots;
 }
 

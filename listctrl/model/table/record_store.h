@@ -146,8 +146,9 @@ public:
     using Judge = std::function<bool(Slot)>;
     void setJudge(Judge judge) { m_judge = std::move(judge); }
 
-    // What has the last word in a filter pass: it is given the records that pass, in stored order,
-    // and may take some away or add others. Records that come between passes are not arranged.
+    // What has the last word in a filter pass, and in what distinctValues() counts: it is given the
+    // records that pass, in stored order, and may take some away or add others. Records that come
+    // between passes are not arranged.
     using Arrange = std::function<void(std::vector<Slot>& passing)>;
     void setArrange(Arrange arrange) { m_arrange = std::move(arrange); }
 
@@ -193,8 +194,9 @@ public:
 
     // ---- Columns ----
 
-    // The choices of a column over all records, filtered out or not, in one pass.
-    DistinctValues distinctValues(ColumnId column, std::size_t limit = 10'000);
+    // The choices of a column over all records, filtered out or not, with how many rows each would
+    // have under the other filters of the last pass. Costs as much as a filter pass.
+    DistinctValues distinctValues(ColumnId column, ValueOrder order = ValueOrder::mostFrequent);
 
     // The column's texts changed for all records (an expression did): forgets the kept ones. The
     // rows change with the next pass.
@@ -217,7 +219,7 @@ private:
     void sortRows(std::vector<Slot>& rows, const SortOrder& order);
     bool passes(Slot slot) const;
     bool passes(Slot slot, const ActiveFilter& filter) const;
-    std::vector<Slot>& passing();
+    std::vector<Slot>& passing(std::optional<ColumnId> unfiltered = {});
     void replaceRows(const std::vector<Slot>& slots);
 
     // Rows of the visible map: as shown, unless the list is reversed.

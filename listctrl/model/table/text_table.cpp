@@ -34,28 +34,27 @@ std::uint32_t hashOf(std::string_view text) {
 }  // namespace
 
 TextTable::TextTable()
-    : m_texts(2 * kMargin), m_lowered(2 * kMargin), m_begins{kMargin, kMargin}, m_buckets(64) {}
+    : m_texts(2 * kMargin), m_lowered(2 * kMargin), m_begins{kMargin, kMargin}, m_buckets(64) {
+    m_texts.reserve(1024);
+    m_lowered.reserve(1024);
+    m_begins.reserve(64);
+}
 
 TextTable::Code TextTable::add(std::string_view text) {
     if (text.empty()) return 0;
     if (size() > m_buckets.size() / 2) grow();
     const std::uint32_t hash = hashOf(text);
-    Bucket& bucket = m_buckets[bucketOf(text, hash)];
-    if (bucket.code == 0) {
-        bucket = {hash, static_cast<Code>(size())};
-        append(text);
-    }
-    return bucket.code;
-}
-
-// The bucket of the text, or the empty one at which the search for it ends.
-std::size_t TextTable::bucketOf(std::string_view text, std::uint32_t hash) const {
     const std::size_t mask = m_buckets.size() - 1;
-    std::size_t at = hash & mask;
-    while (m_buckets[at].code != 0 &&
-           (m_buckets[at].hash != hash || this->text(m_buckets[at].code) != text))
-        at = (at + 1) & mask;
-    return at;
+    for (std::size_t at = hash & mask;; at = (at + 1) & mask) {
+        Bucket& bucket = m_buckets[at];
+        if (bucket.code == 0) {
+            bucket = {hash, static_cast<Code>(size())};
+            append(text);
+        } else if (bucket.hash != hash || this->text(bucket.code) != text) {
+            continue;
+        }
+        return bucket.code;
+    }
 }
 
 void TextTable::append(std::string_view text) {

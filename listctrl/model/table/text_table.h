@@ -44,7 +44,6 @@ private:
         Code code = 0;  // 0: the bucket is empty, as the empty text needs none
     };
 
-    std::size_t bucketOf(std::string_view text, std::uint32_t hash) const;
     void append(std::string_view text);
     void grow();
 

@@ -128,7 +128,7 @@ Slot PendingChanges::otherHalf(Slot slot) const {
 // Returns whether a text is another one than before.
 bool PendingChanges::write(Slot slot, const ChangeTexts& texts) {
     OwnTexts& own = m_own[slot];
-    bool different = false;
+    bool different = false, otherKind = false;
     const auto writeOwn = [&](ShortText& text, const ChangeTexts::Text& given) {
         if (!given || text.view() == *given) return;
         text = *given;
@@ -137,20 +137,25 @@ bool PendingChanges::write(Slot slot, const ChangeTexts& texts) {
     writeOwn(own.entityName, texts.entityName);
     writeOwn(own.linkedUser, texts.linkedUser);
     for (std::size_t i = 0; i < kCodedCount; ++i)
-        if (const auto& text = texts.*kCodedFields[i].given)
-            different |= m_coded[i].set(slot, *text);
-    m_pairs.set(slot, pairHash(slot));
-    if (!texts.functionalityCode) return different;
+        if (const auto& text = texts.*kCodedFields[i].given; text && m_coded[i].set(slot, *text)) {
+            different = true;
+            otherKind |= kCodedFields[i].given == &ChangeTexts::functionalityCode;
+        }
+    if (different) m_pairs.set(slot, pairHash(slot));
+    if (!otherKind) return different;
     const Functionality* const kind = findFunctionality(*texts.functionalityCode);
     m_kinds.set(slot, kind != nullptr ? kind->displayName : std::string_view());
     return different;
 }
 
-// Of the slot's last change nothing is left.
+// All texts of the slot are empty: a new one's are, and of a used one's last change nothing is
+// left.
 Slot PendingChanges::takeSlot() {
     if (m_free.empty()) {
-        m_free.push_back(static_cast<Slot>(m_own.size()));
         m_own.emplace_back();
+        for (ColumnTexts& column : m_coded) column.grow(m_own.size());
+        m_kinds.grow(m_own.size());
+        return static_cast<Slot>(m_own.size() - 1);
     }
     const Slot slot = m_free.back();
     m_free.pop_back();
