@@ -124,12 +124,26 @@ void CVTHolderFrame::layOut() {
     };
     for (std::size_t i = 0; i < m_views.size(); ++i) {
         m_frames[i].setRect(part(m_split.startOf(i), m_split.sizeOf(i)), lineHeight() + scaled(6));
-        moveTo(m_views[i].window, m_frames[i].view());
+        RECT view = m_frames[i].view();
+        if (const HWND foot = m_views[i].foot) {
+            const LONG bottom = view.bottom;
+            view.bottom -= footHeight(view);
+            moveTo(foot, {view.left, view.bottom, view.right, bottom});
+        }
+        moveTo(m_views[i].window, view);
     }
     for (std::size_t i = 0; i < m_bars.size(); ++i)
         moveTo(m_bars[i]->handle(), part(m_split.startOfBar(i), scaled(kBarThickness)));
     InvalidateRect(handle(), nullptr, FALSE);
     UpdateWindow(handle());
+}
+
+// Two lines of text where one is short; none where the view has little room itself.
+int CVTHolderFrame::footHeight(const RECT& view) const {
+    constexpr int kWideEnough = 760, kLeastLines = 6;
+    const int lines = fw::widthOf(view) < scaled(kWideEnough) ? 2 : 1;
+    const int height = lines * lineHeight() + scaled(4);
+    return fw::heightOf(view) - height < kLeastLines * lineHeight() ? 0 : height;
 }
 
 HFONT CVTHolderFrame::font() const {

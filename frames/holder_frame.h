@@ -24,6 +24,7 @@ struct HeldView {
     std::string keyName;                        // of its size in the settings; empty: not stored
     std::function<void()> openAppearance = {};  // colours and font; empty: not offered
     std::function<std::string()> note = {};     // what follows the title; asked by each paint
+    HWND foot = nullptr;                        // a line of text below the view; null: none
 };
 
 class CVTHolderFrame : public fw::CWindow {
@@ -70,6 +71,7 @@ private:
     HFONT font() const;
     int lineHeight() const;
     void makeBar(std::size_t index);
+    int footHeight(const RECT& view) const;
     void evenOut();
     void restoreSizes();
     void showMenu(std::size_t view, POINT screen);

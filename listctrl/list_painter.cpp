@@ -60,8 +60,8 @@ CellLook CListPainter::lookOf(std::size_t row, int item) const {
 
 void CListPainter::drawCell(HDC dc, ListCell cell, const RECT& rect, bool ownLooks) const {
     CellLook look = lookOf(cell.row, cell.item);
-    if (look.fontYields && drawnWidth(cell, look) > roomIn(rect)) look.font = nullptr;
     if (!ownLooks) look.runColor.reset();
+    if (look.fontYields && drawnWidth(cell, look) > roomIn(rect)) look.font = nullptr;
     if (ownLooks && look.background) fill(dc, rect, *look.background);
     const COLORREF rowText = GetTextColor(dc);
     if (ownLooks && look.text) SetTextColor(dc, *look.text);

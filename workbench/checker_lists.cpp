@@ -32,9 +32,9 @@ COLORREF detailsBackground() {
 }
 
 HeldView held(CFilterListCtrl& list, const char* title, const char* keyName,
-              std::function<std::string()> note) {
-    return {list.handle(), title, keyName, [&list] { list.command(kCustomizeCommand); },
-            std::move(note)};
+              std::function<std::string()> note, HWND foot = nullptr) {
+    return {list.handle(),   title, keyName, [&list] { list.command(kCustomizeCommand); },
+            std::move(note), foot};
 }
 
 // Folds hide lines too, and are no news.
@@ -60,17 +60,22 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
         m_news();
     });
     m_details->onUpdate([this] { m_holder.noteChanged(kDetailsView); });
+    m_line.create(m_holder.handle(), IDC_DETAIL_LINE);
     m_holder.setViews({held(*m_main, kMainTitle, kMainListName,
                             [&changes] { return summaryText(queueSummary(changes)); }),
-                       held(*m_details, kDetailsTitle, kDetailsListName,
-                            [this] { return noteOf(m_lines.rows()); })});
+                       held(
+                           *m_details, kDetailsTitle, kDetailsListName,
+                           [this] { return noteOf(m_lines.rows()); }, m_line.handle())});
     m_main->setColumns(
         kMainColumns,
         [&changes](Slot change, ColumnId column) { return changes.cellText(change, column); },
         kMandatoryMainColumns);
+    m_main->setWholeReader(
+        [&changes](Slot change, ColumnId column) { return changes.wholeText(change, column); });
     m_main->offerColumns(true, true);
     m_main->storeChanged();
     m_details->setDetailColumns();
+    m_details->onUpdate([this] { m_line.update(); });
     m_details->offerColumns(false, false);
     m_details->setBackground(detailsBackground());
     m_details->setAllowedCharacters(kAllowedInValues);
@@ -85,7 +90,8 @@ void CheckerLists::move(const RECT& rect) {
 }
 
 void CheckerLists::showWindows() {
-    for (const HWND window : {m_main->handle(), m_details->handle(), m_holder.handle()})
+    for (const HWND window :
+         {m_main->handle(), m_details->handle(), m_line.handle(), m_holder.handle()})
         ShowWindow(window, SW_SHOWNA);
 }
 
@@ -106,22 +112,31 @@ void CheckerLists::rowsChanged() {
     m_news();
 }
 
+void CheckerLists::selectChange(Slot change) {
+    if (m_main == nullptr) return;
+    if (const auto row = m_main->rowOf(change)) m_main->goTo(*row);
+}
+
 void CheckerLists::emptyDetails() {
+    m_line.valuesChanged();
     if (m_details != nullptr) m_details->empty();
 }
 
 // Filters belong to the details they were typed for.
 void CheckerLists::showDetails(std::vector<DetailGroup> groups, bool anotherChange) {
     if (m_details == nullptr) return;
+    m_line.valuesChanged();
     if (anotherChange) m_details->resetFilters();
     m_details->replace(std::move(groups));
 }
 
 void CheckerLists::editsSent() {
+    m_line.valuesChanged();
     if (m_details != nullptr) m_details->editsSent();
 }
 
 void CheckerLists::editsDropped() {
+    m_line.valuesChanged();
     if (m_details != nullptr) m_details->editsDropped();
 }
 
@@ -132,14 +147,17 @@ void CheckerLists::captionDetails(const DetailsCaption& caption) {
     m_details->setEmptyText(caption.emptyText);
     m_details->setDimmed(caption.dimmed);
     m_news();
-    m_holder.setTitle(kDetailsView, caption.title);
-    SetWindowTextA(m_details->handle(), caption.title.c_str());  // what screen readers call it
+    std::string title = caption.title;
+    if (!caption.neighbours.empty()) title += " - " + caption.neighbours;
+    m_holder.setTitle(kDetailsView, title);
+    SetWindowTextA(m_details->handle(), title.c_str());  // what screen readers call it
 }
 
 // The row shows what the update will send, not what was typed. A value that will not be sent stays
 // as it was; a row without a field shows what was typed.
 void CheckerLists::takeEdit(const EndOfEdit& edit, const std::optional<std::string>& stored) {
     if (edit.column != "Value" || (!stored && edit.row.mnemonic != 0)) return;
+    m_line.valuesChanged();
     const std::string before = std::exchange(edit.row.value, stored.value_or(edit.typed));
     if (!edit.row.edited) edit.row.received = before;
     edit.row.edited = stored.has_value();

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "details/detail_line.h"
 #include "details/edit_messages.h"
 #include "details/multi_line_edit_list_ctrl.h"
 #include "frames/holder_frame.h"
@@ -61,6 +62,9 @@ public:
     void applyMainFilter() { m_main->applyFilter(); }
     void applyDetailsFilter() { m_details->applyFilter(); }
 
+    // Selects the row of a change alone, if it has one, and scrolls it into view.
+    void selectChange(Slot change);
+
     void rowsChanged() override;
     void statesChanged() override { rowsChanged(); }
     void emptyDetails() override;
@@ -75,6 +79,7 @@ private:
     LineGroups m_lines;
     std::unique_ptr<CPendingList> m_main;
     std::unique_ptr<CMultiLineEditListCtrl> m_details;
+    CDetailLine m_line{m_lines};  // below the details
     DetailsCaption m_caption;
     std::function<void()> m_news = [] {};
     bool m_heldInEditor = false;  // the last key was pressed in an editor of the details

@@ -186,6 +186,8 @@ void CMakerChecker::run(PaneCommand command) {
     switch (command) {
         case PaneCommand::none:
             break;
+        case PaneCommand::nextNeighbour:
+            return onNextNeighbour();
         case PaneCommand::nextQuickFilter:
         case PaneCommand::quickFilterBack:
         case PaneCommand::quickFilterOff:
@@ -315,6 +317,18 @@ void CMakerChecker::onShowSelected(NMHDR&) {
 void CMakerChecker::onShowFocused(NMHDR&) {
     decide([](Workbench& workbench) {
         if (const auto row = workbench.changes().rows().focusedRow()) showRow(workbench, *row);
+    });
+}
+
+// The neighbour takes over the selection of a change that was selected alone, so that what is read
+// is what is decided; any other selection stays.
+void CMakerChecker::onNextNeighbour() {
+    decide([this](Workbench& workbench) {
+        const auto shown = workbench.shownKey();
+        const PendingChanges& changes = workbench.changes();
+        const bool alone = shown && changes.rows().selectedCount() == 1 && changes.selected(*shown);
+        const auto next = workbench.showNeighbour();
+        if (next && alone) m_lists.selectChange(next->slot);
     });
 }
 

@@ -60,6 +60,7 @@ private:
     void onCancel() {}
     void onShowSelected(NMHDR& header);
     void onShowFocused(NMHDR& header);
+    void onNextNeighbour();
     void onSelectionMade(NMHDR& header);
     void onMainFilterChanged(NMHDR&) { applyMainFilter(); }
     void applyMainFilter();

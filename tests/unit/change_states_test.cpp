@@ -28,7 +28,7 @@ protected:
     }
 
     // Beside what take() does: "list KEY", "list KEY CODE", "found KEY" (an answer to Recover),
-    // "other KEY" (published again with another maker), "pair KEY" (as an investor's half), "own
+    // "other KEY" (published again with another maker), "pair KEY" (an investor's half), "own
     // KEY" (by the checker himself, so), "end KEY", "select KEY" (and no other), "accept",
     // "reject", "update", "recover".
     void run(const std::string& steps) {
@@ -47,7 +47,10 @@ protected:
         if (verb == "list") return void(list(key, code));
         if (verb == "other") return publish("auth pending", {{MNM_REQUESTING_USER, "MK2"}});
         if (verb == "own") return publish("auth pending", {{MNM_REQUESTING_USER, host.userId}});
-        if (verb == "pair") return publish("auth pending", {{MNM_TYPE, "INVESTOR_CLIENT"}});
+        if (verb == "pair")
+            return publish(
+                "auth pending",
+                {{MNM_TYPE, "INVESTOR_CLIENT"}, {MNM_FUNCTIONALITY, "339"}, {MNM_USER, "INV1"}});
         if (verb == "end") return publish("accepted", {});
         if (verb == "found")
             return answer(kGetFunctionalityDetails, {{MNM_PUBLICATION_STATUS, "auth pending"},
@@ -145,7 +148,7 @@ TEST_F(ChangeStatesTest, CountsTheSelectedAndTheVisible) {
 TEST_F(ChangeStatesTest, TheQuickFilterShowsOneStateAndTheChangeThatIsRead) {
     // Three dealers, of whom one was looked at and one changed after that, and an investor's half.
     const char* const kBefore =
-        "list 5,list 6,list 7,list 8,pair 8,open 5,answer user 5,open 6,answer user 6,open 7,other "
+        "list 5,list 6,list 7,pair 8,open 5,answer user 5,open 6,answer user 6,open 7,other "
         "6";
     const struct {
         int keys;  // F7 is pressed so often, then the steps are taken
@@ -160,8 +163,9 @@ TEST_F(ChangeStatesTest, TheQuickFilterShowsOneStateAndTheChangeThatIsRead) {
         {1, "only not looked at", "open 8,answer user 8,end 8,list 9", "7,9,"},
         {2, "only changed since", "other 5", "5,6,"},
         {3, "only mine to pair", "", "8,"},
-        {4, "", "", "5,6,7,8,"},
-        {-1, "only mine to pair", "", "8,"},
+        {4, "only neighbours", "", "5,6,7,"},
+        {5, "", "", "5,6,7,8,"},
+        {-1, "only neighbours", "end 7,list 9", "5,6,9,"},
     };
     for (const auto& each : cases) {
         restart();

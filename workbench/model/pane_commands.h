@@ -9,12 +9,13 @@ enum class PaneCommand {
     nextQuickFilter,
     quickFilterBack,
     quickFilterOff,
+    nextNeighbour,
     selectPair,
     openNext,
 };
 
 inline PaneCommand paneCommand(unsigned virtualKey, bool ctrl, bool shift) {
-    constexpr unsigned kF7 = 0x76, kEnter = 0x0D;
+    constexpr unsigned kF7 = 0x76, kF8 = 0x77, kEnter = 0x0D;
     constexpr struct {
         unsigned key;
         bool ctrl, shift;
@@ -23,6 +24,7 @@ inline PaneCommand paneCommand(unsigned virtualKey, bool ctrl, bool shift) {
         {kF7, false, false, PaneCommand::nextQuickFilter},
         {kF7, false, true, PaneCommand::quickFilterBack},
         {kF7, true, false, PaneCommand::quickFilterOff},
+        {kF8, false, false, PaneCommand::nextNeighbour},
         {'P', true, true, PaneCommand::selectPair},
         {kEnter, true, true, PaneCommand::openNext},
     };

@@ -29,7 +29,9 @@ void Workbench::close() {
 }
 
 void Workbench::handlePublished(void* message) {
-    if (message != nullptr && !m_link.closed()) m_intake.handle(FieldReader(message));
+    if (message == nullptr || m_link.closed()) return;
+    m_intake.handle(FieldReader(message));
+    neighboursMoved();
 }
 
 int Workbench::subscribe() {
@@ -68,6 +70,28 @@ void Workbench::showDetails(PendingChange change) {
         m_changes.states().lookedAt(change.slot);
 }
 
+std::optional<PendingChange> Workbench::showNeighbour() {
+    if (!m_details.key()) return std::nullopt;
+    const auto next = nextNeighbour(m_changes, *m_details.key());
+    if (!next) return std::nullopt;
+    showDetails(*next);
+    return m_details.key() == next->key ? next : std::nullopt;
+}
+
+void Workbench::caption() {
+    const auto& key = m_details.key();
+    m_neighbours = key ? alsoPending(m_changes, m_seenFields, *key) : "";
+    DetailsCaption now = m_details.caption();
+    now.neighbours = m_neighbours;
+    m_view.captionDetails(now);
+}
+
+// A change came, changed or went: it may be about what is looked at.
+void Workbench::neighboursMoved() {
+    if (m_link.closed() || !m_details.key()) return;
+    if (alsoPending(m_changes, m_seenFields, *m_details.key()) != m_neighbours) caption();
+}
+
 void Workbench::askForDetails() {
     m_details.requested();
     caption();
@@ -84,6 +108,7 @@ void Workbench::details(DetailKind kind, const FieldReader& answer) {
                                           ? BuildClientDetails(answer)
                                           : BuildLimitsDetails(answer, mayModify());
     const bool another = m_details.shown(groups);
+    if (m_details.key()) m_seenFields.seen(*m_details.key(), groups);
     m_view.showDetails(std::move(groups), another);
     const Slot slot = m_changes.states().shown();
     if (slot != kNoSlot && !m_details.askAgain()) m_changes.states().lookedAt(slot);
@@ -100,7 +125,9 @@ void Workbench::detailsRefused(DetailKind kind, const FieldReader& answer) {
 }
 
 void Workbench::recovered(const FieldReader& answer) {
-    if (!m_link.closed()) m_intake.handle(answer, Intake::Origin::recovered);
+    if (m_link.closed()) return;
+    m_intake.handle(answer, Intake::Origin::recovered);
+    neighboursMoved();
 }
 
 void Workbench::publishedAgain(const std::string& key) {
@@ -115,6 +142,7 @@ void Workbench::publishedAgain(const std::string& key) {
 }
 
 void Workbench::changeEnded(const std::string& key) {
+    m_seenFields.ended(key);
     if (m_details.key() == key)
         emptyDetails();
     else
@@ -164,8 +192,9 @@ std::vector<Slot> Workbench::missingHalves() const {
     std::vector<Slot> missing;
     const PressPlan now = plan(PressButton::accept);
     for (const auto* halves : {&now.users, &now.clients})
-        for (const PressPlan::Half& half : *halves)
-            if (half.other != kNoSlot) missing.push_back(half.other);
+        for (const Slot half : *halves)
+            if (const Slot other = m_changes.otherHalf(half); other != kNoSlot)
+                missing.push_back(other);
     return missing;
 }
 

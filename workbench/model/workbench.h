@@ -11,6 +11,7 @@
 #include "link/model/requests.h"
 #include "link/model/server_link.h"
 #include "workbench/model/decisions.h"
+#include "workbench/model/neighbours.h"
 #include "workbench/model/press_plan.h"
 #include "workbench/model/records/pending_changes.h"
 #include "workbench/model/shown_details.h"
@@ -53,6 +54,12 @@ public:
     // rows are visible.
     std::vector<Slot> missingHalves() const;
     void selectHalves(const std::vector<Slot>& halves);
+    // The key of the change whose details are looked at.
+    const std::optional<std::string>& shownKey() const { return m_details.key(); }
+
+    // Does the same for the next pending change about the same as the one that is looked at, and
+    // returns it; none, and nothing happens, when there is none or the edits stay.
+    std::optional<PendingChange> showNeighbour();
 
     // The checker's hand changed the selection. Details of a change that is not among the selected
     // do not stay beside them, unless they hold unsent edits: then they are dimmed.
@@ -101,7 +108,8 @@ private:
     bool mayLeaveEdits(const std::string& question);
     bool mayDecideAgain(const PressPlan& plan);
     const DetailsOnShow& edits() const { return m_details.asked(); }
-    void caption() { m_view.captionDetails(m_details.caption()); }
+    void caption();
+    void neighboursMoved();
     bool mayModify() const;
     std::optional<std::string> keepEdit(int mnemonic, std::optional<std::string> value);
 
@@ -109,6 +117,8 @@ private:
     WorkbenchView& m_view;
     PendingChanges m_changes;
     ShownDetails m_details;
+    SeenFields m_seenFields;
+    std::string m_neighbours;  // as they were said last
     Intake m_intake;
     serverLink m_link;
     Requests m_requests;

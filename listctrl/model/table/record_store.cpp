@@ -93,11 +93,15 @@ void RecordStore::filterAgain(Slot slot) {
 
 void RecordStore::refreshShown(Slot slot) {
     m_texts.reread(slot);
-    touch(slot);
+    repaint(slot);
 }
 
 void RecordStore::touch(Slot slot) {
     if (m_judge && stores(slot)) return filterAgain(slot);
+    repaint(slot);
+}
+
+void RecordStore::repaint(Slot slot) {
     if (slot >= m_endSlot || !m_visible.contains(slot)) return;
     const std::size_t row = m_visible.rowOf(slot);
     rowsChanged(row, row + 1);

@@ -215,6 +215,7 @@ private:
     void growTo(Slot slot);
     void release(Slot slot);
     void filterAgain(Slot slot);
+    void repaint(Slot slot);
 
     void sortRows(std::vector<Slot>& rows, const SortOrder& order);
     bool passes(Slot slot) const;

@@ -3,7 +3,7 @@
 //
 // Texts that differ from change to change are kept with the change; those with few different values
 // (maker, branch, broker, kind ...) are coded once, when they come, in columns that the list's
-// filters and sorts work on. So a change takes about 145 bytes, and the first filter of such a
+// filters and sorts work on. So a change takes about 150 bytes, and the first filter of such a
 // column reads no change. What is read out is a copy: it stays as it was, whatever comes meanwhile.
 //
 // Calls cost the logarithm of the number of changes at most, where nothing else is said. One
@@ -20,8 +20,8 @@
 #include "link/model/pending_record.h"
 #include "listctrl/model/table/record_store.h"
 #include "workbench/model/records/change_states.h"
+#include "workbench/model/records/entity_index.h"
 #include "workbench/model/records/key_index.h"
-#include "workbench/model/records/pair_index.h"
 #include "workbench/model/records/quick_filter.h"
 #include "workbench/model/records/records_view.h"
 #include "workbench/model/records/short_text.h"
@@ -79,12 +79,20 @@ public:
     std::string_view userOf(Slot slot) const;
 
     // A pending change that is the other half of the pair and not selected; kNoSlot when there is
-    // none. Costs a step for each half with the same user id before it.
+    // none. Costs a look at the changes that are about the same user.
     Slot otherHalf(Slot slot) const;
 
     // The text of a cell of the main list, cut to kCellBytes; empty where there is no column. Lives
     // until the next change comes or changes.
     std::string_view cellText(Slot change, ColumnId column) const;
+
+    // The whole text of a cell, not cut. Lives as long.
+    std::string_view wholeText(Slot change, ColumnId column) const;
+
+    // The pending changes about the same entity as `change`, itself included if it is pending, in
+    // the order of their keys; kMaxAbout at most. Costs a look at each.
+    static constexpr std::size_t kMaxAbout = 64;
+    std::vector<PendingChange> aboutTheSame(const PendingChange& change) const;
 
     // The change under `key`.
     std::optional<PendingChange> findRecord(std::string_view key) const;
@@ -149,10 +157,11 @@ private:
     static constexpr std::size_t kCodedCount = 5;
 
     PendingChange read(Slot slot) const;
-    std::optional<PairIndex::Hash> pairHash(Slot slot) const;
     bool write(Slot slot, const ChangeTexts& texts);
+    bool renames(Slot slot, const ChangeTexts& texts) const;
     Slot takeSlot();
     void freeSlots();
+    QuickFilter::IsOne sameAs(Slot slot) const;
 
     RecordsView& m_view;
     std::deque<OwnTexts> m_own;                    // by slot
@@ -163,7 +172,12 @@ private:
         std::string_view operator()(Slot slot) const { return own[slot].key.view(); }
     };
     KeyIndex<KeyOf> m_index{KeyOf{m_own}};
-    PairIndex m_pairs;  // of the pending halves
+    struct EntitiesOf {
+        const PendingChanges& changes;
+        Entity own(Slot slot) const;
+        Entity linked(Slot slot) const;
+    };
+    EntityIndex<EntitiesOf> m_byEntity{EntitiesOf{*this}};
     RecordStore m_rows;
     ChangeStates m_states;
     QuickFilter m_quickFilter;

@@ -9,9 +9,6 @@ constexpr int kKinds = 5;
 
 }  // namespace
 
-QuickFilter::QuickFilter(RecordStore& rows, const ChangeStates& states, IsOne isHalf)
-    : m_rows(rows), m_states(states), m_isHalf(std::move(isHalf)) {}
-
 std::string_view QuickFilter::words() const {
     return kWords[static_cast<std::size_t>(m_kind)];
 }
@@ -32,7 +29,7 @@ void QuickFilter::step(int by) {
 }
 
 bool QuickFilter::possible(Kind kind) const {
-    return kind != Kind::neighbours || (m_neighboursOf && m_states.openedLast() != kNoSlot);
+    return kind != Kind::neighbours || m_states.openedLast() != kNoSlot;
 }
 
 void QuickFilter::choose(Kind kind) {

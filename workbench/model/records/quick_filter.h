@@ -21,14 +21,17 @@ public:
     using IsOne = std::function<bool(Slot)>;
     using NeighboursOf = std::function<IsOne(Slot)>;
 
-    // `isHalf` says whether a change is one of an investor's two. All must outlive the object.
-    QuickFilter(RecordStore& rows, const ChangeStates& states, IsOne isHalf);
+    // `isHalf` says whether a change is one of an investor's two, `neighboursOf` which changes are
+    // about the same as one, itself included. All must outlive the object.
+    QuickFilter(RecordStore& rows, const ChangeStates& states, IsOne isHalf,
+                NeighboursOf neighboursOf)
+        : m_rows(rows),
+          m_states(states),
+          m_isHalf(std::move(isHalf)),
+          m_neighboursOf(std::move(neighboursOf)) {}
 
-    // What says which changes are about the same entity as one, itself included. Without it, and
-    // while no change was opened, the key leaves the neighbours out.
-    void setNeighboursOf(NeighboursOf neighboursOf) { m_neighboursOf = std::move(neighboursOf); }
-
-    // Each counts from the next filter pass on.
+    // Each counts from the next filter pass on. While no change was opened, next() and back() leave
+    // the neighbours out.
     void next();
     void back();
     void choose(Kind kind);
