@@ -31,10 +31,10 @@ private:
 
     // Names halves that stay, the last first, but for what was decided behind an earlier message
     // box of this press. False when there is none.
-    bool warnOf(const std::vector<PressPlan::Half>& halves) {
+    bool warnOf(const std::vector<Slot>& halves) {
         std::string names;
         for (auto half = halves.rbegin(); half != halves.rend(); ++half)
-            if (const auto now = m_changes.recordIn(half->slot))
+            if (const auto now = m_changes.recordIn(*half))
                 names.append("  ").append(now->entityName);
         if (names.empty()) return false;
         const std::string text = "Autenticate User and Account for" + names;

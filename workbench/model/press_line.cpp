@@ -144,10 +144,7 @@ private:
     }
 
     std::string missing() {
-        Slot first = kNoSlot;
-        for (const auto* halvesOf : {&m_plan.users, &m_plan.clients})
-            for (const PressPlan::Half& half : *halvesOf)
-                if (first == kNoSlot) first = half.other;
+        const Slot first = m_plan.missing;
         if (first == kNoSlot) return "no other half is pending";
         m_line.offersPair = true;
         return name(first) +

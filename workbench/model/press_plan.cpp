@@ -34,20 +34,20 @@ private:
         m_heads.assign(std::bit_ceil(m_plan.users.size() + 1), kEnd);
         m_next.assign(m_plan.users.size(), kEnd);
         for (std::size_t user = 0; user < m_plan.users.size(); ++user)
-            m_next[user] = std::exchange(headOf(m_changes.userOf(m_plan.users[user].slot)), user);
+            m_next[user] = std::exchange(headOf(m_changes.userOf(m_plan.users[user])), user);
     }
 
     void pair(std::size_t at) {
-        const Slot client = m_plan.clients[at].slot;
+        const Slot client = m_plan.clients[at];
         const std::string_view name = m_changes.userOf(client);
         for (std::size_t* link = &headOf(name); *link != kEnd;) {
-            PressPlan::Half& user = m_plan.users[*link];
-            if (m_changes.userOf(user.slot) != name) {
+            Slot& user = m_plan.users[*link];
+            if (m_changes.userOf(user) != name) {
                 link = &m_next[*link];
                 continue;
             }
-            m_plan.pairs.push_back({user.slot, client});
-            user.slot = m_plan.clients[at].slot = kNoSlot;
+            m_plan.pairs.push_back({user, client});
+            user = m_plan.clients[at] = kNoSlot;
             *link = m_next[*link];
         }
     }
@@ -65,11 +65,12 @@ void planAccept(PressPlan& plan, SelectedRecords selected, const PendingChanges&
         if (half == Half::none)
             plan.single.push_back(slot);
         else
-            (half == Half::user ? plan.users : plan.clients).push_back({slot, kNoSlot});
+            (half == Half::user ? plan.users : plan.clients).push_back(slot);
     }
     if (!plan.users.empty() && !plan.clients.empty()) Pairing(plan, changes).run();
-    for (auto* halves : {&plan.users, &plan.clients})
-        for (PressPlan::Half& half : *halves) half.other = changes.otherHalf(half.slot);
+    for (const auto* halves : {&plan.users, &plan.clients})
+        for (auto half = halves->begin(); half != halves->end() && plan.missing == kNoSlot; ++half)
+            plan.missing = changes.otherHalf(*half);
 }
 
 void countStates(PressPlan& plan, const ChangeStates& states) {

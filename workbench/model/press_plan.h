@@ -21,11 +21,6 @@ struct PressPlan {
     struct Pair {
         Slot user, client;
     };
-    // A half that stays, as its pair is not selected.
-    struct Half {
-        Slot slot;
-        Slot other;  // its pending other half, which is not selected; kNoSlot when there is none
-    };
 
     PressButton button = PressButton::accept;
 
@@ -33,7 +28,8 @@ struct PressPlan {
     // client and neither without the other. A client is in as many pairs as users have its id.
     std::vector<Slot> single;
     std::vector<Pair> pairs;
-    std::vector<Half> users, clients;  // in row order
+    std::vector<Slot> users, clients;  // halves that stay, in row order: their pairs are not whole
+    Slot missing = kNoSlot;            // pending and not selected: the other half of one of these
     std::vector<Slot> leaving;         // those of `single` and `pairs`, each once
     StateCounts states;                // of those that leave
     std::size_t again = 0;             // of them, this decision was sent and its outcome is awaited
@@ -46,9 +42,10 @@ struct PressPlan {
     std::string key = {};
 };
 
-// The one plan of a press. It takes one pass over the selected changes, and finds each half without
-// a partner among them by its user id. Valid until the next change comes, changes or goes, or for
-// the time of a PendingChanges::Hold, with changes in it that may have gone.
+// The one plan of a press. It takes one pass over the selected changes, and looks for the other
+// half of one that stays after the other, by its user id, until it finds one. Valid until the next
+// change comes, changes or goes, or for the time of a PendingChanges::Hold, with changes in it that
+// may have gone.
 PressPlan planPress(PressButton button, SelectedRecords selected, const PendingChanges& changes,
                     const DetailsOnShow& details);
 

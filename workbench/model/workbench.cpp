@@ -207,8 +207,9 @@ std::vector<Slot> Workbench::missingHalves() const {
     std::vector<Slot> missing;
     const PressPlan now = plan(PressButton::accept);
     for (const auto* halves : {&now.users, &now.clients})
-        for (const PressPlan::Half& half : *halves)
-            if (half.other != kNoSlot) missing.push_back(half.other);
+        for (const Slot half : *halves)
+            if (const Slot other = m_changes.otherHalf(half); other != kNoSlot)
+                missing.push_back(other);
     return missing;
 }
 

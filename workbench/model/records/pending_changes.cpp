@@ -105,6 +105,27 @@ bool PendingChanges::selected(std::string_view key) const {
     return row && m_rows.selected(*row);
 }
 
+// ---- Investors' pairs ----
+
+PendingChanges::Half PendingChanges::halfOf(Slot slot) const {
+    if (text(slot, CodedText::type) != kInvestorClient) return Half::none;
+    const std::string_view code = text(slot, CodedText::functionality);
+    return code == kAddUser ? Half::user : code == kAddClient ? Half::client : Half::none;
+}
+
+std::string_view PendingChanges::userOf(Slot slot) const {
+    const OwnTexts& own = m_own[slot];
+    return (halfOf(slot) == Half::user ? own.entityName : own.linkedUser).view();
+}
+
+Slot PendingChanges::otherHalf(Slot slot) const {
+    const Half half = halfOf(slot), other = half == Half::user ? Half::client : Half::user;
+    if (half == Half::none) return kNoSlot;
+    return m_byEntity.findIf({EntityKind::user, userOf(slot)}, [&](Slot each) {
+        return halfOf(each) == other && !m_rows.isSelected(each);
+    });
+}
+
 // ---- What they are about ----
 
 Entity PendingChanges::EntitiesOf::own(Slot slot) const {
@@ -159,33 +180,6 @@ bool PendingChanges::renames(Slot slot, const ChangeTexts& texts) const {
            differs(texts.type, text(slot, CodedText::type));
 }
 
-// ---- Investors' pairs ----
-
-PendingChanges::Half PendingChanges::halfOf(Slot slot) const {
-    if (text(slot, CodedText::type) != kInvestorClient) return Half::none;
-    const std::string_view code = text(slot, CodedText::functionality);
-    return code == kAddUser ? Half::user : code == kAddClient ? Half::client : Half::none;
-}
-
-std::string_view PendingChanges::userOf(Slot slot) const {
-    const OwnTexts& own = m_own[slot];
-    return (halfOf(slot) == Half::user ? own.entityName : own.linkedUser).view();
-}
-
-std::optional<PairIndex::Hash> PendingChanges::pairHash(Slot slot) const {
-    if (halfOf(slot) == Half::none) return std::nullopt;
-    return static_cast<PairIndex::Hash>(std::hash<std::string_view>()(userOf(slot)));
-}
-
-Slot PendingChanges::otherHalf(Slot slot) const {
-    const auto hash = pairHash(slot);
-    if (!hash) return kNoSlot;
-    return m_pairs.find(*hash, [&](Slot each) {
-        return !m_rows.isSelected(each) && halfOf(each) != halfOf(slot) &&
-               userOf(each) == userOf(slot);
-    });
-}
-
 // ---- Changes that come, change and go ----
 
 // Returns whether a text is another one than before.
@@ -204,7 +198,6 @@ bool PendingChanges::write(Slot slot, const ChangeTexts& texts) {
             different = true;
             otherKind |= kCodedFields[i].given == &ChangeTexts::functionalityCode;
         }
-    if (different) m_pairs.set(slot, pairHash(slot));
     if (!otherKind) return different;
     const Functionality* const kind = findFunctionality(*texts.functionalityCode);
     m_kinds.set(slot, kind != nullptr ? kind->displayName : std::string_view());
@@ -242,7 +235,6 @@ void PendingChanges::addRecord(std::string_view key, const ChangeTexts& texts, O
             m_byEntity.insert(slot);
             return m_view.rowsChanged();
         }
-        m_pairs.set(slot, std::nullopt);
         m_states.ended(slot);  // a list without a reader takes in nothing
         m_index.erase(key);
     }
@@ -253,7 +245,6 @@ void PendingChanges::removeRecord(std::string_view key) {
     const Slot slot = m_index.erase(key);
     if (slot == kNoSlot) return;
     m_byEntity.erase(slot);
-    m_pairs.set(slot, std::nullopt);
     m_states.ended(slot);
     m_rows.deleteRecord(slot);
     m_gone.push_back(slot);
@@ -282,7 +273,6 @@ void PendingChanges::clearAllRecords() {
     m_states.clear();
     m_index.clear();
     m_byEntity.clear();
-    m_pairs.clear();
     if (m_holds > 0) return;
     m_own.clear();
     m_free.clear();

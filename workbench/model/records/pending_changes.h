@@ -3,7 +3,7 @@
 //
 // Texts that differ from change to change are kept with the change; those with few different values
 // (maker, branch, broker, kind ...) are coded once, when they come, in columns that the list's
-// filters and sorts work on. So a change takes about 145 bytes, and the first filter of such a
+// filters and sorts work on. So a change takes about 150 bytes, and the first filter of such a
 // column reads no change. What is read out is a copy: it stays as it was, whatever comes meanwhile.
 //
 // Calls cost the logarithm of the number of changes at most, where nothing else is said. One
@@ -22,7 +22,6 @@
 #include "workbench/model/records/change_states.h"
 #include "workbench/model/records/entity_index.h"
 #include "workbench/model/records/key_index.h"
-#include "workbench/model/records/pair_index.h"
 #include "workbench/model/records/quick_filter.h"
 #include "workbench/model/records/records_view.h"
 #include "workbench/model/records/short_text.h"
@@ -80,7 +79,7 @@ public:
     std::string_view userOf(Slot slot) const;
 
     // A pending change that is the other half of the pair and not selected; kNoSlot when there is
-    // none. Costs a step for each half with the same user id before it.
+    // none. Costs a look at the changes that are about the same user.
     Slot otherHalf(Slot slot) const;
 
     // The text of a cell of the main list, cut to kCellBytes; empty where there is no column. Lives
@@ -158,7 +157,6 @@ private:
     static constexpr std::size_t kCodedCount = 5;
 
     PendingChange read(Slot slot) const;
-    std::optional<PairIndex::Hash> pairHash(Slot slot) const;
     bool write(Slot slot, const ChangeTexts& texts);
     bool renames(Slot slot, const ChangeTexts& texts) const;
     Slot takeSlot();
@@ -180,7 +178,6 @@ private:
         Entity linked(Slot slot) const;
     };
     EntityIndex<EntitiesOf> m_byEntity{EntitiesOf{*this}};
-    PairIndex m_pairs;  // of the pending halves
     RecordStore m_rows;
     ChangeStates m_states;
     QuickFilter m_quickFilter;
