@@ -4,10 +4,19 @@
 
 namespace mc {
 
-enum class PaneCommand { none, nextQuickFilter, quickFilterBack, quickFilterOff, nextNeighbour };
+enum class PaneCommand {
+    none,
+    nextQuickFilter,
+    quickFilterBack,
+    quickFilterOff,
+    nextNeighbour,
+    decisions,
+    selectPair,
+    openNext,
+};
 
 inline PaneCommand paneCommand(unsigned virtualKey, bool ctrl, bool shift) {
-    constexpr unsigned kF7 = 0x76, kF8 = 0x77;
+    constexpr unsigned kF7 = 0x76, kF8 = 0x77, kF9 = 0x78, kEnter = 0x0D;
     constexpr struct {
         unsigned key;
         bool ctrl, shift;
@@ -17,6 +26,9 @@ inline PaneCommand paneCommand(unsigned virtualKey, bool ctrl, bool shift) {
         {kF7, false, true, PaneCommand::quickFilterBack},
         {kF7, true, false, PaneCommand::quickFilterOff},
         {kF8, false, false, PaneCommand::nextNeighbour},
+        {kF9, false, false, PaneCommand::decisions},
+        {'P', true, true, PaneCommand::selectPair},
+        {kEnter, true, true, PaneCommand::openNext},
     };
     for (const auto& line : table)
         if (line.key == virtualKey && line.ctrl == ctrl && line.shift == shift) return line.command;

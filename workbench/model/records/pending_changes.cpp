@@ -28,7 +28,7 @@ PendingChanges::PendingChanges(RecordsView& view)
     : m_view(view),
       m_states(m_rows, view),
       m_quickFilter(
-          m_rows, m_states, [this](Slot slot) { return isHalf(slot); },
+          m_rows, m_states, [this](Slot slot) { return halfOf(slot) != Half::none; },
           [this](Slot slot) { return sameAs(slot); }) {
     m_rows.setCellReader([this](Slot slot, ColumnId column) { return cellText(slot, column); });
     m_rows.shareColumn(kKindColumn, m_kinds);
@@ -68,11 +68,8 @@ std::optional<PendingChange> PendingChanges::recordAt(std::size_t row) const {
     return slot != kNoSlot ? std::optional(read(slot)) : std::nullopt;
 }
 
-std::vector<PendingChange> PendingChanges::selectedRecords() const {
-    std::vector<PendingChange> changes;
-    changes.reserve(m_rows.selectedCount());
-    for (const std::size_t row : m_rows.selectedRows()) changes.push_back(read(m_rows.slotAt(row)));
-    return changes;
+std::optional<PendingChange> PendingChanges::recordIn(Slot slot) const {
+    return isPending(slot) ? std::optional(read(slot)) : std::nullopt;
 }
 
 std::optional<PendingChange> PendingChanges::findRecord(std::string_view key) const {
@@ -95,12 +92,6 @@ std::string_view PendingChanges::text(Slot slot, CodedText which) const {
 }
 
 // Of an investor, whose new user and new client are accepted together.
-bool PendingChanges::isHalf(Slot slot) const {
-    const std::string_view code = text(slot, CodedText::functionality);
-    return text(slot, CodedText::type) == kInvestorClient &&
-           (code == kAddUser || code == kAddClient);
-}
-
 bool PendingChanges::isPending(const PendingChange& change) const {
     return m_rows.stores(change.slot) && m_own[change.slot].key.view() == change.key;
 }
@@ -168,6 +159,33 @@ bool PendingChanges::renames(Slot slot, const ChangeTexts& texts) const {
            differs(texts.type, text(slot, CodedText::type));
 }
 
+// ---- Investors' pairs ----
+
+PendingChanges::Half PendingChanges::halfOf(Slot slot) const {
+    if (text(slot, CodedText::type) != kInvestorClient) return Half::none;
+    const std::string_view code = text(slot, CodedText::functionality);
+    return code == kAddUser ? Half::user : code == kAddClient ? Half::client : Half::none;
+}
+
+std::string_view PendingChanges::userOf(Slot slot) const {
+    const OwnTexts& own = m_own[slot];
+    return (halfOf(slot) == Half::user ? own.entityName : own.linkedUser).view();
+}
+
+std::optional<PairIndex::Hash> PendingChanges::pairHash(Slot slot) const {
+    if (halfOf(slot) == Half::none) return std::nullopt;
+    return static_cast<PairIndex::Hash>(std::hash<std::string_view>()(userOf(slot)));
+}
+
+Slot PendingChanges::otherHalf(Slot slot) const {
+    const auto hash = pairHash(slot);
+    if (!hash) return kNoSlot;
+    return m_pairs.find(*hash, [&](Slot each) {
+        return !m_rows.isSelected(each) && halfOf(each) != halfOf(slot) &&
+               userOf(each) == userOf(slot);
+    });
+}
+
 // ---- Changes that come, change and go ----
 
 // Returns whether a text is another one than before.
@@ -186,6 +204,7 @@ bool PendingChanges::write(Slot slot, const ChangeTexts& texts) {
             different = true;
             otherKind |= kCodedFields[i].given == &ChangeTexts::functionalityCode;
         }
+    if (different) m_pairs.set(slot, pairHash(slot));
     if (!otherKind) return different;
     const Functionality* const kind = findFunctionality(*texts.functionalityCode);
     m_kinds.set(slot, kind != nullptr ? kind->displayName : std::string_view());
@@ -223,6 +242,7 @@ void PendingChanges::addRecord(std::string_view key, const ChangeTexts& texts, O
             m_byEntity.insert(slot);
             return m_view.rowsChanged();
         }
+        m_pairs.set(slot, std::nullopt);
         m_states.ended(slot);  // a list without a reader takes in nothing
         m_index.erase(key);
     }
@@ -233,6 +253,7 @@ void PendingChanges::removeRecord(std::string_view key) {
     const Slot slot = m_index.erase(key);
     if (slot == kNoSlot) return;
     m_byEntity.erase(slot);
+    m_pairs.set(slot, std::nullopt);
     m_states.ended(slot);
     m_rows.deleteRecord(slot);
     m_gone.push_back(slot);
@@ -261,6 +282,7 @@ void PendingChanges::clearAllRecords() {
     m_states.clear();
     m_index.clear();
     m_byEntity.clear();
+    m_pairs.clear();
     if (m_holds > 0) return;
     m_own.clear();
     m_free.clear();
