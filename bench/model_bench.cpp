@@ -66,6 +66,7 @@ private:
 
 class QuietView final : public RecordsView {
     void rowsChanged() override {}
+    void statesChanged() override {}
 };
 
 // One message, its fields read by both sides.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "console/docking_file.h"
 #include "console/files.h"
 #include "console/model/server_state.h"
 #include "console/play_driver.h"
@@ -140,6 +141,9 @@ void Console::makeFrame() {
                        [this] { showStatus(); }};
     m_frame = std::make_unique<CMainFrame>(std::move(events), m_exchange, m_log);
     if (!m_frame->create("ZEK Console - " + m_profile.user)) fail("The main frame cannot be made");
+    std::string docking = m_options.dockingFile;
+    if (docking.empty() && !m_isScripted) docking = programFolder() + "zek-docking.ini";
+    if (!docking.empty()) m_frame->setDockMemory(dockingFile(docking));
     m_frame->setProfiles(m_profileNames, m_profileName);
     showStatus();
 }

@@ -9,10 +9,9 @@ constexpr struct {
     std::string_view name;
     std::string ConsoleOptions::*text;
 } kTexts[] = {
-    {"--log", &ConsoleOptions::logFile},
-    {"--state", &ConsoleOptions::stateFile},
-    {"--shots", &ConsoleOptions::shotsFolder},
-    {"--ini", &ConsoleOptions::iniFile},
+    {"--log", &ConsoleOptions::logFile},         {"--state", &ConsoleOptions::stateFile},
+    {"--shots", &ConsoleOptions::shotsFolder},   {"--ini", &ConsoleOptions::iniFile},
+    {"--docking", &ConsoleOptions::dockingFile},
 };
 
 }  // namespace

@@ -4,6 +4,9 @@
 //   --state FILE    writes the server's state at the end
 //   --shots FOLDER  where a play script asks for its pictures
 //   --ini FILE      the profiles, instead of zek.ini beside the program
+//   --docking FILE  where panes were docked, instead of zek-docking.ini beside the program; a
+//   session
+//                   that plays a script keeps them nowhere else, so that each begins alike
 //   --frame-first   makes the main frame before the plug-in is started, not after
 #pragma once
 
@@ -19,6 +22,7 @@ struct ConsoleOptions {
     std::string stateFile;
     std::string shotsFolder;
     std::string iniFile;
+    std::string dockingFile;
     bool frameFirst = false;
     std::vector<std::string> login;  // what is left, for parseLogin()
 };

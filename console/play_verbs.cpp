@@ -334,7 +334,7 @@ void CPlayDriver::movePane(HWND pane, const std::string& side) {
 // when the picture is taken. The first tries give the windows time to reach the screen.
 CPlayDriver::Outcome CPlayDriver::screenshot() {
     if (m_shotsFolder.empty()) {
-        if (m_tries == 1) printLine("screenshot " + argument() + " left out: no --shots folder");
+        if (m_tries == 1) printLine("screenshot " + argument() + ": no picture without a --shots folder");
         return {};
     }
     constexpr int kTriesBefore = 10;

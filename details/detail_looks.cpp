@@ -1,16 +1,18 @@
 #include "details/detail_looks.h"
 
 #include <array>
+#include <string>
 
 #include "listctrl/list_colors.h"
 
 namespace mc {
 namespace {
 
-constexpr int kIndent = 16;                             // of a row below its heading
-constexpr int kFoldMarkWidth = 14;                      // in front of a heading
-constexpr COLORREF kChangedColor = RGB(255, 222, 120);  // behind a value that changed
-constexpr COLORREF kEditedColor = RGB(0, 72, 168);      // of a value that has not been sent
+constexpr int kIndent = 16;                              // of a row below its heading
+constexpr int kFoldMarkWidth = 14;                       // in front of a heading
+constexpr COLORREF kChangedColor = RGB(255, 222, 120);   // behind a value that changed
+constexpr COLORREF kDifferenceColor = RGB(255, 150, 0);  // behind the characters that differ
+constexpr COLORREF kEditedColor = RGB(0, 72, 168);       // of a value that has not been sent
 
 // In front of a row: what the change does to its field.
 constexpr struct {
@@ -29,6 +31,12 @@ const char* markOf(FieldChange change) {
 
 bool isHighlighted(const sMCListStruct& row) {
     return row.change == FieldChange::changed || row.change == FieldChange::reset;
+}
+
+// Where bytes are parts of letters, signs are plain ones.
+const UnseenSigns& signsOfSystem() {
+    CPINFO page{};
+    return GetCPInfo(CP_ACP, &page) != 0 && page.MaxCharSize > 1 ? kAsciiSigns : kUnseenSigns;
 }
 
 using Triangle = std::array<POINT, 3>;
@@ -54,6 +62,9 @@ Triangle pointingRight(POINT at, LONG size) {
 
 }  // namespace
 
+DetailLooks::DetailLooks(const fw::CWindow& list, const ListContent& content, LineGroups& lines)
+    : m_list(list), m_content(content), m_lines(lines), m_signs(signsOfSystem()) {}
+
 // ---- Fonts and colours ----
 
 HFONT DetailLooks::boldFont() const {
@@ -67,12 +78,13 @@ HFONT DetailLooks::boldFont() const {
 }
 
 CellLook DetailLooks::look(std::size_t row, int item) const {
-    const LineGroups::Line* line = m_lines.lineAt(row);
+    LineGroups::Line* line = m_lines.lineAt(row);
     if (line == nullptr) return {};
     CellLook look =
-        line->isHeading() ? headingLook(item) : rowLook(*line->row, m_content.columnAt(item));
+        line->isHeading() ? headingLook(item) : rowLook(*line, m_content.columnAt(item));
     if (m_dimmed) {
         look.background.reset();
+        look.runColor.reset();
         look.text = GetSysColor(COLOR_GRAYTEXT);
     }
     return look;
@@ -83,10 +95,18 @@ CellLook DetailLooks::headingLook(int item) const {
             GetSysColor(COLOR_BTNTEXT)};
 }
 
-CellLook DetailLooks::rowLook(const sMCListStruct& row, ColumnId column) const {
+CellLook DetailLooks::rowLook(LineGroups::Line& line, ColumnId column) const {
     CellLook look;
-    if (column == kFieldColumn) look.indent = m_list.scaled(kIndent);
-    if (column != kValueColumn) return look;
+    if (column == kValueColumn) look = valueLook(*line.row);
+    if (column == kFieldColumn)
+        look.indent = m_list.scaled(kIndent);
+    else
+        addMarks(look, line, column);
+    return look;
+}
+
+CellLook DetailLooks::valueLook(const sMCListStruct& row) const {
+    CellLook look;
     if (isHighlighted(row)) {
         look.background = mixed(kChangedColor, GetSysColor(COLOR_WINDOW), 150);
         look.text = GetSysColor(COLOR_WINDOWTEXT);  // whatever the list's own colours are
@@ -96,10 +116,19 @@ CellLook DetailLooks::rowLook(const sMCListStruct& row, ColumnId column) const {
     return look;
 }
 
+void DetailLooks::addMarks(CellLook& look, LineGroups::Line& line, ColumnId column) const {
+    const ValueMarks& marks = m_lines.marks(line, m_signs);
+    const CellMarks& cell = column == kValueColumn ? marks.value : marks.old;
+    look.shown = cell.shown;
+    look.runs = cell.runs;
+    look.runColor = kDifferenceColor;
+    if (marks.kind == DifferenceKind::alike) look.mark = CellLook::Mark::frame;
+}
+
 // ---- Marks ----
 
 void DetailLooks::drawOver(HDC dc, std::size_t row, int item, const RECT& cell) const {
-    const LineGroups::Line* line = m_lines.lineAt(row);
+    LineGroups::Line* line = m_lines.lineAt(row);
     if (line == nullptr) return;
     if (item == 0) drawFront(dc, *line, cell);
     if (m_content.columnAt(item) != kValueColumn) return;
@@ -107,7 +136,7 @@ void DetailLooks::drawOver(HDC dc, std::size_t row, int item, const RECT& cell) 
     drawValue(dc, *line, {cell.left + margin, cell.top, cell.right - margin, cell.bottom});
 }
 
-void DetailLooks::drawFront(HDC dc, const LineGroups::Line& line, const RECT& cell) const {
+void DetailLooks::drawFront(HDC dc, LineGroups::Line& line, const RECT& cell) const {
     if (line.isHeading()) {
         const bool folded = m_lines.folded(line);
         if (!line.group->content.rows.empty()) drawFoldMark(dc, folded, cell);
@@ -115,7 +144,8 @@ void DetailLooks::drawFront(HDC dc, const LineGroups::Line& line, const RECT& ce
         return;
     }
     RECT mark{cell.left, cell.top, cell.left + m_list.scaled(kIndent), cell.bottom};
-    DrawTextA(dc, markOf(line.row->change), -1, &mark,
+    const std::string slip = m_lines.marks(line, m_signs).slip ? "?" : "";
+    DrawTextA(dc, (markOf(line.row->change) + slip).c_str(), -1, &mark,
               DT_SINGLELINE | DT_VCENTER | DT_CENTER | DT_NOPREFIX);
 }
 

@@ -1,8 +1,9 @@
 // DetailLooks: how the lines of the details look, and the marks that are drawn on them.
 //
 // Headings are bold, with a mark that says whether the group is folded. A value that changed is
-// highlighted, and a mark in front of its row says how. A value that can be edited has a frame, an
-// unsent edit a folded corner.
+// highlighted, with the characters that differ marked in it and in its old value, and a mark in
+// front of its row says how. Blanks that do not show as one have signs. A value that can be edited
+// has a frame, an unsent edit a folded corner.
 #pragma once
 
 #include <functional>
@@ -18,8 +19,7 @@ namespace mc {
 class DetailLooks final : public CellLooks {
 public:
     // All must outlive the object.
-    DetailLooks(const fw::CWindow& list, const ListContent& content, LineGroups& lines)
-        : m_list(list), m_content(content), m_lines(lines) {}
+    DetailLooks(const fw::CWindow& list, const ListContent& content, LineGroups& lines);
 
     // Which values can be edited; none until this is called.
     void setEditable(std::function<bool(const LineGroups::Line&)> editable) {
@@ -37,9 +37,11 @@ public:
 
 private:
     CellLook headingLook(int item) const;
-    CellLook rowLook(const sMCListStruct& row, ColumnId column) const;
+    CellLook rowLook(LineGroups::Line& line, ColumnId column) const;
+    CellLook valueLook(const sMCListStruct& row) const;
+    void addMarks(CellLook& look, LineGroups::Line& line, ColumnId column) const;
     HFONT boldFont() const;
-    void drawFront(HDC dc, const LineGroups::Line& line, const RECT& cell) const;
+    void drawFront(HDC dc, LineGroups::Line& line, const RECT& cell) const;
     void drawValue(HDC dc, const LineGroups::Line& line, const RECT& frame) const;
     void drawFoldMark(HDC dc, bool folded, const RECT& cell) const;
     void drawFrame(HDC dc, RowAttribute attribute, const RECT& frame) const;
@@ -48,6 +50,7 @@ private:
     const fw::CWindow& m_list;
     const ListContent& m_content;
     LineGroups& m_lines;  // only read
+    const UnseenSigns& m_signs;
     std::function<bool(const LineGroups::Line&)> m_editable;
     bool m_dimmed = false;
     mutable fw::Font m_bold;  // made when first asked for; none after the list's font changed

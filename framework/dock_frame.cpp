@@ -28,6 +28,12 @@ void DockFrame::detach(HWND pane) const {
     ask(m_messages.detach, request);
 }
 
+std::optional<DockFrame::Dock> DockFrame::recall(HWND pane) const {
+    DockRequest request = requestOf(pane);
+    if (ask(m_messages.recall, request) == 0) return std::nullopt;
+    return Dock{request.side, request.extent};
+}
+
 std::optional<DockFrame::Target> DockFrame::targetAt(HWND pane, POINT screen, int extent) const {
     DockRequest request = requestOf(pane);
     request.x = screen.x;

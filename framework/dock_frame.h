@@ -15,8 +15,9 @@ struct DockMessages {
         : attach(RegisterWindowMessageA(kDockAttachMessage)),
           detach(RegisterWindowMessageA(kDockDetachMessage)),
           query(RegisterWindowMessageA(kDockQueryMessage)),
-          nextPart(RegisterWindowMessageA(kDockNextPartMessage)) {}
-    UINT attach, detach, query, nextPart;
+          nextPart(RegisterWindowMessageA(kDockNextPartMessage)),
+          recall(RegisterWindowMessageA(kDockRecallMessage)) {}
+    UINT attach, detach, query, nextPart, recall;
 };
 
 // A frame that knows nothing of docking refuses everything.
@@ -34,6 +35,12 @@ public:
     // An extent of 0 leaves it to the frame.
     bool attach(HWND pane, unsigned side, int extent) const;
     void detach(HWND pane) const;
+    // Where the pane was docked last, when the frame knows.
+    struct Dock {
+        unsigned side;
+        int extent;
+    };
+    std::optional<Dock> recall(HWND pane) const;
     std::optional<Target> targetAt(HWND pane, POINT screen, int extent) const;
 
     // Moves the focus to the frame's next or previous part, or else to the frame.

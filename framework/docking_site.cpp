@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "framework/hwnd.h"
 #include "framework/window.h"
 
 namespace fw {
@@ -80,8 +81,9 @@ bool CDockingSite::handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& r
 }
 
 bool CDockingSite::answerDocking(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    const auto& [attachId, detachId, queryId, nextPartId] = m_messages;
-    if (message != attachId && message != detachId && message != queryId && message != nextPartId)
+    const auto& [attachId, detachId, queryId, nextPartId, recallId] = m_messages;
+    if (message != attachId && message != detachId && message != queryId && message != nextPartId &&
+        message != recallId)
         return false;
     auto* request = reinterpret_cast<DockRequest*>(lParam);
     result = 0;
@@ -89,6 +91,7 @@ bool CDockingSite::answerDocking(UINT message, WPARAM wParam, LPARAM lParam, LRE
     if (message == attachId) result = attach(*request);
     if (message == detachId) result = remove(static_cast<HWND>(request->pane));
     if (message == queryId) result = query(*request);
+    if (message == recallId) result = recall(*request);
     if (message == nextPartId) {
         focusNext(wParam != 0);
         result = 1;
@@ -101,7 +104,21 @@ LRESULT CDockingSite::attach(DockRequest& request) {
     if (IsWindow(pane) == 0) return 0;
     if (GetParent(pane) != m_frame) SetParent(pane, m_frame);
     dock(pane, request.side, request.extent);
+    keep(*docked(pane));
     return 1;
+}
+
+LRESULT CDockingSite::recall(DockRequest& request) const {
+    const auto place =
+        m_memory.recall ? m_memory.recall(textOf(static_cast<HWND>(request.pane))) : std::nullopt;
+    if (!place) return 0;
+    request.side = place->side;
+    request.extent = place->extent;
+    return 1;
+}
+
+void CDockingSite::keep(const Docked& held) const {
+    if (m_memory.keep) m_memory.keep(textOf(held.window), {held.pane.side, held.pane.extent});
 }
 
 LRESULT CDockingSite::query(DockRequest& request) {
@@ -163,9 +180,7 @@ bool CDockingSite::answerMouse(UINT message, WPARAM wParam, LPARAM lParam, LRESU
                 setExtent(*held, extentTo(held->rects.pane, held->pane.side, at.x, at.y));
             return m_dragged != nullptr;
         case WM_LBUTTONUP:
-            if (std::exchange(m_dragged, nullptr) == nullptr) return false;
-            ReleaseCapture();
-            return true;
+            return releaseSash();
         case WM_CAPTURECHANGED:  // taken away: a bar that was let go is not dragged any more
             if (Docked* held = docked(std::exchange(m_dragged, nullptr)))
                 setExtent(*held, m_extentBefore);
@@ -173,6 +188,14 @@ bool CDockingSite::answerMouse(UINT message, WPARAM wParam, LPARAM lParam, LRESU
         default:
             return false;
     }
+}
+
+bool CDockingSite::releaseSash() {
+    const Docked* const held = docked(std::exchange(m_dragged, nullptr));
+    if (held == nullptr) return false;
+    keep(*held);
+    ReleaseCapture();
+    return true;
 }
 
 bool CDockingSite::showSashCursor(LRESULT& result) {

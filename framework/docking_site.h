@@ -8,6 +8,9 @@
 #include <windows.h>
 
 #include <functional>
+#include <optional>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "framework/dock_frame.h"
@@ -15,10 +18,26 @@
 
 namespace fw {
 
+// Where a pane is docked.
+struct DockPlace {
+    unsigned side = 0;
+    int extent = 0;  // pixels across the side
+};
+
+// What a frame keeps of its panes, by name, from one session to the next.
+struct DockMemory {
+    std::function<std::optional<DockPlace>(const std::string& pane)> recall;
+    std::function<void(const std::string& pane, DockPlace place)> keep;
+};
+
 class CDockingSite {
 public:
     // `relayout` is called when the room taken changed: the frame calls layOut() in it.
     CDockingSite(HWND frame, std::function<void()> relayout);
+
+    // Panes that dock from now on are kept in mind: where they dock, and the extent that their bar
+    // is dragged to.
+    void setMemory(DockMemory memory) { m_memory = std::move(memory); }
 
     // Docks a window of the frame's own, with `extent` pixels across `side`. Windows docked
     // earlier lie further out.
@@ -51,6 +70,9 @@ private:
     bool answerDocking(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     LRESULT attach(DockRequest& request);
     LRESULT query(DockRequest& request);
+    LRESULT recall(DockRequest& request) const;
+    void keep(const Docked& held) const;
+    bool releaseSash();
     bool answerMouse(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     bool showSashCursor(LRESULT& result);
     bool takeSash(POINT client);
@@ -68,6 +90,7 @@ private:
     HWND m_dragged = nullptr;  // the window whose bar is held
     int m_extentBefore = 0;    // of that window
     DockMessages m_messages;
+    DockMemory m_memory;  // empty functions: none
 };
 
 }  // namespace fw

@@ -81,6 +81,9 @@ public:
     // The least size at which the pane is of use, in pixels.
     virtual SIZE leastSize() const { return {scaled(160), scaled(120)}; }
 
+    // The user closed the pane: it was hidden.
+    virtual void onHidden() {}
+
     // The size in which the pane floats for the first time, in pixels.
     virtual SIZE firstFloatSize() const { return {scaled(500), scaled(300)}; }
 

@@ -1,6 +1,7 @@
 #include "framework/pane_docking.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "framework/float_frame.h"
 #include "framework/hwnd.h"
@@ -25,6 +26,15 @@ void PaneDocking::close() {
 }
 
 // ---- Docked, floating, hidden ----
+
+void PaneDocking::dock() {
+    if (!std::exchange(m_recalled, true))
+        if (const auto last = m_frame.recall(m_pane.handle()); last && allows(last->side)) {
+            m_side = last->side;
+            m_extent = last->extent;
+        }
+    dockAt(m_side);
+}
 
 void PaneDocking::dockAt(unsigned side) {
     const HWND pane = m_pane.handle();
@@ -74,6 +84,7 @@ void PaneDocking::hide() {
     }
     m_hidden = true;
     if (hadFocus) SetFocus(m_frame.window());
+    m_pane.onHidden();
 }
 
 void PaneDocking::leaveFrame() {

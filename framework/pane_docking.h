@@ -28,7 +28,8 @@ public:
     void allow(unsigned sides) { m_allowedSides = sides; }
     bool allows(unsigned side) const { return (side & m_allowedSides) != 0; }
 
-    void dock() { dockAt(m_side); }
+    // The first time where the frame says that the pane was docked last.
+    void dock();
     void dockAt(unsigned side);
     void floatPane();
     void show(bool activate);
@@ -64,7 +65,8 @@ private:
     int m_extent = 0;  // across the side, as last seen; 0 leaves it to the frame
     Mode m_mode = Mode::docked;
     bool m_hidden = true;
-    RECT m_floatRect{};  // screen; empty until it floated once
+    bool m_recalled = false;  // the frame was asked where the pane was
+    RECT m_floatRect{};       // screen; empty until it floated once
     std::unique_ptr<CFloatFrame> m_float;
     CDropPreview m_preview;
 };

@@ -7,8 +7,7 @@ namespace mc {
 namespace {
 
 constexpr UINT_PTR kTool = 1;
-constexpr std::size_t kMaxText = 1000;  // about a screenful
-constexpr int kMaxWidth = 480;          // pixels at 96 dots per inch; longer texts wrap
+constexpr int kMaxWidth = 480;  // pixels at 96 dots per inch; longer texts wrap
 
 }  // namespace
 
@@ -17,7 +16,7 @@ void CCellTip::onMouseMove(POINT client) {
     if (cell == m_hovered) return;
     m_hovered = cell;
     hide();
-    if (cell && m_painter.isCutOff(*cell)) show(*cell);
+    if (cell) show(*cell);
 }
 
 void CCellTip::forget() {
@@ -26,11 +25,11 @@ void CCellTip::forget() {
 }
 
 void CCellTip::show(ListCell cell) {
+    const std::string text = m_painter.tipOf(cell);
+    if (text.empty()) return;
     if (!m_tip.created()) m_tip.create(m_list.handle());
     m_tip.setMaxWidth(m_list.scaled(kMaxWidth));
-    const std::string_view text = m_content.text(cell.row, m_content.columnAt(cell.item));
-    m_shown = m_tip.add(m_list.handle(), kTool, m_header.rectOf(cell),
-                        std::string(text.substr(0, kMaxText)));
+    m_shown = m_tip.add(m_list.handle(), kTool, m_header.rectOf(cell), text);
 }
 
 void CCellTip::hide() {

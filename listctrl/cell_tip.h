@@ -1,4 +1,5 @@
-// CCellTip: shows the whole text of a cell that is cut off, while the mouse is over it.
+// CCellTip: shows the whole text of a cell that is cut off, and what else there is to say of it,
+// while the mouse is over it.
 #pragma once
 
 #include <optional>
@@ -7,16 +8,14 @@
 #include "framework/window.h"
 #include "listctrl/list_header.h"
 #include "listctrl/list_painter.h"
-#include "listctrl/model/list_content.h"
 
 namespace mc {
 
 class CCellTip {
 public:
     // All must outlive the object.
-    CCellTip(const fw::CWindow& list, const ListContent& content, const CListHeader& header,
-             const CListPainter& painter)
-        : m_list(list), m_content(content), m_header(header), m_painter(painter) {}
+    CCellTip(const fw::CWindow& list, const CListHeader& header, const CListPainter& painter)
+        : m_list(list), m_header(header), m_painter(painter) {}
 
     void onMouseMove(POINT client);
 
@@ -28,7 +27,6 @@ private:
     void hide();
 
     const fw::CWindow& m_list;
-    const ListContent& m_content;
     const CListHeader& m_header;
     const CListPainter& m_painter;
     fw::CToolTip m_tip;

@@ -22,7 +22,7 @@ CCommonListCtrl::CCommonListCtrl(ListServices& services, RecordStore& store)
       m_header(*this),
       m_appearance(*this, services, *this),
       m_painter(*this, m_content, m_header, m_appearance),
-      m_cellTip(*this, m_content, m_header, m_painter),
+      m_cellTip(*this, m_header, m_painter),
       m_input(*this, m_content, m_header, m_update),
       m_answers(store, m_input),
       m_columns(*this, services, *this, {m_content, m_header, m_update, m_painter}),
@@ -69,6 +69,14 @@ void CCommonListCtrl::beforeMessage(UINT message) {
     if (!m_update.isDue(message) || m_header.isChanging()) return;
     m_update.run();
     m_cellTip.forget();
+    if (m_updated) m_updated();
+}
+
+std::vector<NamedText> CCommonListCtrl::wholeTexts(std::size_t row, ColumnId column) const {
+    const std::string_view text = m_wholeReader && toIndex(column) < m_content.columns().dataSize()
+                                      ? m_wholeReader(store().slotAt(row), column)
+                                      : m_content.text(row, column);
+    return {{m_content.columns().descriptor(column).caption, std::string(text)}};
 }
 
 // Widths are in the font, and so is the header's height.
@@ -112,6 +120,10 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::onNotify<0, HDN_ITEMCHANGINGW, &C::m_columns, &CListColumns::onItemChanging>(),
         fw::onNotify<0, HDN_ITEMCHANGEDA, &C::m_columns, &CListColumns::onItemChanged>(),
         fw::onNotify<0, HDN_ITEMCHANGEDW, &C::m_columns, &CListColumns::onItemChanged>(),
+        fw::onNotify<0, HDN_ENDTRACKA, &C::m_columns, &CListColumns::onDividerDone>(),
+        fw::onNotify<0, HDN_ENDTRACKW, &C::m_columns, &CListColumns::onDividerDone>(),
+        fw::onNotify<0, HDN_DIVIDERDBLCLICKA, &C::m_columns, &CListColumns::onDividerDone>(),
+        fw::onNotify<0, HDN_DIVIDERDBLCLICKW, &C::m_columns, &CListColumns::onDividerDone>(),
         fw::onNotify<0, static_cast<UINT>(NM_RCLICK), &C::m_commands,
                      &CListCommands::onHeaderRightClick>(),
         fw::onAnyCommand<&C::m_commands, &CListCommands::onMenuCommand>(),
@@ -143,6 +155,7 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::on<LVM_FINDITEMA, &C::m_answers, &CSelectionAnswers::onFindItem>(),
         fw::on<LVM_FINDITEMW, &C::m_answers, &CSelectionAnswers::onFindItem>(),
         fw::on<kHeaderMoved, &C::m_columns, &CListColumns::onHeaderMoved>(),
+        fw::on<kKeepWidth, &C::m_columns, &CListColumns::onKeepWidth>(),
         fw::on<kInvalidFound, &C::onInvalidExpression>(),
     };
     static constexpr fw::MessageMap map{nullptr, entries};

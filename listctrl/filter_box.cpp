@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "framework/handles.h"
+#include "listctrl/list_colors.h"
+#include "text/count_text.h"
 
 namespace mc {
 namespace {
@@ -55,16 +57,31 @@ bool CFilterBox::create(HWND header, UINT id, const std::string& name, HFONT fon
     // Never seen: a box's name, for screen readers, is the label before it.
     m_label = CreateWindowExA(0, WC_STATICA, name.c_str(), WS_CHILD, 0, 0, 0, 0, header, nullptr,
                               fw::module(), nullptr);
-    const HWND combo = CreateWindowExA(
-        0, WC_COMBOBOXA, "", WS_CHILD | WS_VISIBLE | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL, 0,
-        0, 60, fw::scaledFor(header, kDropHeight), header, reinterpret_cast<HMENU>(UINT_PTR{id}),
-        fw::module(), nullptr);
+    const HWND combo =
+        CreateWindowExA(0, WC_COMBOBOXA, "",
+                        WS_CHILD | WS_VISIBLE | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL |
+                            CBS_OWNERDRAWFIXED | CBS_HASSTRINGS,
+                        0, 0, 60, fw::scaledFor(header, kDropHeight), header,
+                        reinterpret_cast<HMENU>(UINT_PTR{id}), fw::module(), nullptr);
     if (combo == nullptr || !subclass(combo)) return false;
     if (!m_edit.subclass(FindWindowExA(combo, nullptr, WC_EDITA, nullptr))) return false;
     SendMessageA(combo, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    takeHeights(font);
     m_box = FilterBox(std::move(filter));
     show();
     return true;
+}
+
+// A box whose lines are drawn by its owner does not follow the font: it takes the heights of one
+// that does.
+void CFilterBox::takeHeights(HFONT font) {
+    const HWND plain = CreateWindowExA(0, WC_COMBOBOXA, "", WS_CHILD | CBS_DROPDOWN, 0, 0, 60, 60,
+                                       GetParent(handle()), nullptr, fw::module(), nullptr);
+    SendMessageA(plain, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    for (const WPARAM part : {static_cast<WPARAM>(-1), WPARAM{0}})
+        SendMessageA(handle(), CB_SETITEMHEIGHT, part,
+                     SendMessageA(plain, CB_GETITEMHEIGHT, part, 0));
+    DestroyWindow(plain);
 }
 
 int CFilterBox::height() const {
@@ -87,7 +104,7 @@ void CFilterBox::moveTo(int left, int top, int width) {
                  SWP_NOZORDER | SWP_NOACTIVATE | (resized ? 0U : SWP_NOSIZE));
     if (!resized) return;
     SendMessageA(edit(), EM_SETSEL, first, static_cast<LPARAM>(last));
-    SendMessageA(handle(), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(std::max(width, scaled(160))),
+    SendMessageA(handle(), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(std::max(width, scaled(200))),
                  0);
 }
 
@@ -96,6 +113,7 @@ const fw::MessageMap& CFilterBox::messageMap() const {
         {WM_MOUSEWHEEL, 0, fw::kAnyCode, wheelOverBox},
         fw::offer<WM_TIMER, &CFilterBox::onTimer>(),
         fw::on<kSettle, &CFilterBox::onSettle>(),
+        fw::on<WM_DRAWITEM, &CFilterBox::onDrawItem>(),
     };
     static constexpr fw::MessageMap map{nullptr, entries};
     return map;
@@ -190,14 +208,15 @@ void CFilterBox::toggle() {
 }
 
 // The first step into a list without a selected line goes to the first line that begins with the
-// text.
+// text, or the first of those that typing has left.
 bool CFilterBox::stepIn() {
     if (line()) return false;
     const std::string& text = m_box.shown().text;
     const auto found = SendMessageA(handle(), CB_FINDSTRING, static_cast<WPARAM>(-1),
                                     reinterpret_cast<LPARAM>(text.c_str()));
     m_showing = true;
-    SendMessageA(handle(), CB_SETCURSEL, static_cast<WPARAM>(std::max<LRESULT>(found, 0)), 0);
+    const LRESULT first = m_box.isNarrowed() && m_box.lineCount() > 1 ? 1 : 0;
+    SendMessageA(handle(), CB_SETCURSEL, static_cast<WPARAM>(found >= 0 ? found : first), 0);
     m_showing = false;
     return true;
 }
@@ -222,6 +241,7 @@ void CFilterBox::onNotification(UINT code) {
         case CBN_EDITCHANGE:
             if (m_showing) return;
             m_box.typed(windowText(edit()));
+            if (m_box.isOpen()) fill();
             SetTimer(handle(), kPauseTimer, kPauseMilliseconds, nullptr);
             return;
         case CBN_SELENDOK:
@@ -237,19 +257,30 @@ void CFilterBox::onNotification(UINT code) {
 }
 
 void CFilterBox::onDropped() {
-    const auto& lines = m_box.dropped(m_owner.filterChoices(m_item));
+    const bool byName = isDown(VK_CONTROL);
+    m_box.dropped(m_owner.filterChoices(
+        m_item, byName ? ValueOrder::alphabetical : ValueOrder::mostFrequent));
+    fill();
+    show();
+    PostMessageA(handle(), kSettle, 0, 0);
+}
+
+// By messages to the list itself: the control's own would empty the edit, and with it what is being
+// typed.
+void CFilterBox::fill() {
     COMBOBOXINFO parts{};
     parts.cbSize = sizeof parts;
     GetComboBoxInfo(handle(), &parts);
-    const fw::RedrawOffScope off(parts.hwndList);
-    m_showing = true;
-    SendMessageA(handle(), CB_RESETCONTENT, 0, 0);
-    SendMessageA(handle(), CB_INITSTORAGE, lines.size(), static_cast<LPARAM>(lines.size() * 16));
-    for (const std::string& line : lines)
-        SendMessageA(handle(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
-    m_showing = false;
-    show();
-    PostMessageA(handle(), kSettle, 0, 0);
+    const std::size_t lines = m_box.lineCount();
+    {
+        const fw::RedrawOffScope off(parts.hwndList);
+        SendMessageA(parts.hwndList, LB_RESETCONTENT, 0, 0);
+        SendMessageA(parts.hwndList, LB_INITSTORAGE, lines, static_cast<LPARAM>(lines * 16));
+        for (FilterBox::Line line = 0; line < lines; ++line)
+            SendMessageA(parts.hwndList, LB_ADDSTRING, 0,
+                         reinterpret_cast<LPARAM>(m_box.lineText(line).c_str()));
+    }
+    InvalidateRect(parts.hwndList, nullptr, TRUE);
 }
 
 // The control has finished with a drop or a close.
@@ -272,6 +303,33 @@ bool CFilterBox::onTimer(UINT_PTR id) {
     KillTimer(handle(), kPauseTimer);
     if (m_box.paused()) apply();
     return true;
+}
+
+// ---- Drawing ----
+
+// A line of the drop-down: the value, and at the right how many rows it would leave.
+LRESULT CFilterBox::onDrawItem(const DRAWITEMSTRUCT& draw) {
+    const bool selected = (draw.itemState & ODS_SELECTED) != 0;
+    const COLORREF ground = GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW);
+    const COLORREF words = GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT);
+    SetBkColor(draw.hDC, ground);
+    ExtTextOutA(draw.hDC, 0, 0, ETO_OPAQUE, &draw.rcItem, nullptr, 0, nullptr);
+    if (static_cast<int>(draw.itemID) < 0) return TRUE;
+    SetBkMode(draw.hDC, TRANSPARENT);
+    RECT rest = draw.rcItem;
+    InflateRect(&rest, -scaled(3), 0);
+    constexpr UINT kLine = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
+    if (const auto rows = m_box.lineRows(draw.itemID)) {
+        const std::string count = countText(*rows);
+        SIZE size{};
+        GetTextExtentPoint32A(draw.hDC, count.c_str(), static_cast<int>(count.size()), &size);
+        SetTextColor(draw.hDC, selected || highContrast() ? words : mixed(words, ground, 150));
+        DrawTextA(draw.hDC, count.c_str(), -1, &rest, kLine | DT_RIGHT);
+        rest.right -= size.cx + scaled(8);
+    }
+    SetTextColor(draw.hDC, words);
+    DrawTextA(draw.hDC, m_box.lineText(draw.itemID).c_str(), -1, &rest, kLine | DT_END_ELLIPSIS);
+    return TRUE;
 }
 
 // ---- Results ----

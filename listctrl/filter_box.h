@@ -5,6 +5,9 @@
 // keys and the wheel, and later writes the selected line of its list into the edit. So a closed box
 // has no lines, its keys are handled here, and after each drop and close the box shows its own text
 // again, when the control has finished with the message.
+//
+// The drop-down draws its lines itself: beside each value stands how many rows it would leave. The
+// values come by that number, or by name when the list is opened with Ctrl down.
 #pragma once
 
 #include <string>
@@ -17,7 +20,7 @@ namespace mc {
 // What the boxes ask the list that they belong to, and report to it. An item is a shown column.
 class FilterHeaderOwner {
 public:
-    virtual DistinctValues filterChoices(int item) = 0;
+    virtual DistinctValues filterChoices(int item, ValueOrder order) = 0;
     // Another filter applies. Called last: the box may be gone when it returns.
     virtual void filterChanged() = 0;
     // A part of the list, such as a box, got the focus or lost it.
@@ -81,6 +84,9 @@ private:
     bool onTimer(UINT_PTR id);
     void onSettle();
     void onDropped();
+    LRESULT onDrawItem(const DRAWITEMSTRUCT& draw);
+    void takeHeights(HFONT font);
+    void fill();
 
     bool dropped() const { return SendMessageA(handle(), CB_GETDROPPEDSTATE, 0, 0) != 0; }
     std::optional<FilterBox::Line> line() const;  // that the open list is on

@@ -41,6 +41,7 @@ const fw::MessageMap& CFilterHeader::messageMap() const {
         fw::on<WM_ERASEBKGND, &CFilterHeader::onErase>(),
         fw::observe<WM_SIZE, &CFilterHeader::onSize>(),
         fw::onAnyCommand<&CFilterHeader::onBoxCommand>(),
+        fw::on<WM_DRAWITEM, &CFilterHeader::onDrawItem>(),
     };
     static constexpr fw::MessageMap map{nullptr, entries};
     return map;

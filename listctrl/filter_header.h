@@ -52,6 +52,7 @@ private:
     LRESULT onErase(HDC) { return TRUE; }
     void onSize(int, int) { layOutBoxes(); }
     void onBoxCommand(UINT id, UINT code);
+    LRESULT onDrawItem(const DRAWITEMSTRUCT& draw) { return reflectDrawItem(draw); }
     void dropBoxes();
     void drawItem(HDC dc, int item) const;
     fw::Header control() const { return fw::Header(handle()); }

@@ -87,9 +87,9 @@ void CFilterListCtrl::resetFilters() {
     applyFilter();
 }
 
-DistinctValues CFilterListCtrl::filterChoices(int item) {
+DistinctValues CFilterListCtrl::filterChoices(int item, ValueOrder order) {
     const fw::WaitCursorScope wait;
-    return store().distinctValues(m_boxColumns[static_cast<std::size_t>(item)]);
+    return store().distinctValues(m_boxColumns[static_cast<std::size_t>(item)], order);
 }
 
 void CFilterListCtrl::filterChanged() {

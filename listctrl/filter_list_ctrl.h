@@ -36,7 +36,7 @@ protected:
     void partFocusChanged() override;
 
 private:
-    DistinctValues filterChoices(int item) override;
+    DistinctValues filterChoices(int item, ValueOrder order) override;
     void filterChanged() override;
 
     CFilterHeader m_filters{*this};

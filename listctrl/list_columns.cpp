@@ -62,6 +62,17 @@ void CListColumns::onHeaderMoved() {
     InvalidateRect(m_list.handle(), nullptr, FALSE);
 }
 
+LRESULT CListColumns::onDividerDone(NMHEADERA& info) {
+    const LRESULT result = handOn(m_list, info);
+    if (info.iItem >= 0 && info.iItem < m_parts.content.shownCount())
+        PostMessageA(m_list.handle(), kKeepWidth, toIndex(m_parts.content.columnAt(info.iItem)), 0);
+    return result;
+}
+
+void CListColumns::onKeepWidth(ColumnId column) {
+    if (m_parts.content.columns().has(column)) keepWidths({&column, 1});
+}
+
 void CListColumns::onCaptionClick(NMLISTVIEW& click) {
     if (click.iSubItem < 0 || click.iSubItem >= m_parts.content.shownCount()) return;
     if (!m_hooks.beforeCellsMove()) return;
@@ -85,6 +96,7 @@ void CListColumns::fit(unsigned command) {
     }
     m_parts.header.measure();
     m_hooks.headerBuilt();
+    keepWidths(m_parts.content.columns().shown());
 }
 
 // ---- The profile ----
@@ -104,6 +116,21 @@ bool CListColumns::saveProfile() {
         return true;
     m_services.showMessage("Error while saving column profile");
     return false;
+}
+
+// In the stored profile, whatever columns show and in whichever order at the moment; without one,
+// in that of all columns in their first order. A failure is no reason to disturb the user.
+void CListColumns::keepWidths(std::span<const ColumnId> columns) {
+    const ColumnModel& model = m_parts.content.columns();
+    std::string text;
+    const bool any = m_services.settings().AccessColumnProfile(SETTING_READ, m_name, text) != 0;
+    ColumnModel first = model;
+    first.reset();
+    ColumnProfile stored = any && !text.empty() ? readProfile(text) : first.profile();
+    if (!model.putWidths(columns, stored)) return;
+    text = profileText(stored);
+    if (text.size() <= kMaxProfile)
+        m_services.settings().AccessColumnProfile(SETTING_WRITE, m_name, text);
 }
 
 // ---- The dialogs ----

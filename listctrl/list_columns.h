@@ -36,7 +36,7 @@ public:
     // Stores the profile. A failure is shown, and false.
     bool saveProfile();
 
-    // Gives every column a new width (kFitTo...Command). Costs a look at every cell.
+    // Gives every column a new width (kFitTo...Command), which is kept. Costs a look at every cell.
     void fit(unsigned command);
 
     // The dialogs. Messages come in while one is open, so that the list's window may be gone when
@@ -48,12 +48,17 @@ public:
     void onCaptionClick(NMLISTVIEW& click);
     LRESULT onItemChanging(NMHEADERA& info);
     LRESULT onItemChanged(NMHEADERA& info);
+    // The user is done with a divider: the width that its column has by now is kept. The control
+    // changes it behind the notification only.
+    LRESULT onDividerDone(NMHEADERA& info);
+    void onKeepWidth(ColumnId column);
     void onHeaderMoved();
 
 private:
     void columnsChanged();
     void applyLayout(const ColumnLayout& layout);
     void showOrder();
+    void keepWidths(std::span<const ColumnId> columns);
     bool isWidthChange(const NMHEADERA& info) const;
 
     const fw::CWindow& m_list;

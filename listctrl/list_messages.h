@@ -6,6 +6,7 @@
 #include <string>
 
 #include "framework/message_map.h"
+#include "listctrl/model/columns/column_info.h"
 
 namespace mc {
 
@@ -18,9 +19,21 @@ inline constexpr UINT kInvalidFound = WM_APP + 0x1C50;
 // width before it has moved the items behind it. wParam, lParam and result are not used.
 inline constexpr UINT kHeaderMoved = WM_APP + 0x1C54;
 
+// Posted by a list to itself when the user is done with a divider. wParam is the id of its column;
+// lParam and result are not used.
+inline constexpr UINT kKeepWidth = WM_APP + 0x1C5C;
+
 }  // namespace mc
 
 namespace fw {
+
+template <>
+struct Crack<mc::kKeepWidth> {  // (ColumnId)
+    template <class Handler>
+    static decltype(auto) with(Handler handler, WPARAM w, LPARAM) {
+        return handler(mc::toColumnId(w));
+    }
+};
 
 // A row, or all of them (-1).
 inline std::optional<std::size_t> rowParameter(WPARAM w) {

@@ -2,15 +2,18 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "framework/handles.h"
+#include "listctrl/marked_text.h"
 #include "listctrl/model/empty_text.h"
 
 namespace mc {
 namespace {
 
-// No screen is wider than this many characters.
+// No screen is wider than this many characters, and this many fill one.
 constexpr std::size_t kMaxDrawn = 4096;
+constexpr std::size_t kMaxTip = 1000;
 
 void fill(HDC dc, const RECT& rect, COLORREF color) {
     SetBkColor(dc, color);
@@ -31,12 +34,15 @@ LRESULT CListPainter::onDrawItem(const DRAWITEMSTRUCT& draw) {
     const bool focused = GetFocus() == m_list.handle();
     const bool selected = store.selected(row);
     const RowColors colors = selected ? selectionColors(focused) : colorsOf(row);
-    fill(draw.hDC, draw.rcItem, colors.background);
+    const std::vector<RECT> cells = m_header.cellsOf(draw.rcItem);
+    RECT whole = draw.rcItem;  // which may begin behind the first cell's edge
+    if (!cells.empty()) whole.left = std::min(whole.left, cells.front().left);
+    fill(draw.hDC, whole, colors.background);
     SetTextColor(draw.hDC, colors.text);
     SetBkMode(draw.hDC, TRANSPARENT);
     const bool ownLooks = !selected && !highContrast();
     int item = 0;
-    for (const RECT& cell : m_header.cellsOf(draw.rcItem))
+    for (const RECT& cell : cells)
         if (item < m_content.shownCount()) drawCell(draw.hDC, {row, item++}, cell, ownLooks);
     if (focused && store.focusedRow() == row) DrawFocusRect(draw.hDC, &draw.rcItem);
     return TRUE;
@@ -53,7 +59,9 @@ CellLook CListPainter::lookOf(std::size_t row, int item) const {
 }
 
 void CListPainter::drawCell(HDC dc, ListCell cell, const RECT& rect, bool ownLooks) const {
-    const CellLook look = lookOf(cell.row, cell.item);
+    CellLook look = lookOf(cell.row, cell.item);
+    if (!ownLooks) look.runColor.reset();
+    if (look.fontYields && drawnWidth(cell, look) > roomIn(rect)) look.font = nullptr;
     if (ownLooks && look.background) fill(dc, rect, *look.background);
     const COLORREF rowText = GetTextColor(dc);
     if (ownLooks && look.text) SetTextColor(dc, *look.text);
@@ -62,9 +70,14 @@ void CListPainter::drawCell(HDC dc, ListCell cell, const RECT& rect, bool ownLoo
     if (m_looks != nullptr) m_looks->drawOver(dc, cell.row, cell.item, rect);
 }
 
+std::string_view CListPainter::textOf(ListCell cell, const CellLook& look) const {
+    return look.shown.empty() ? m_content.text(cell.row, m_content.columnAt(cell.item))
+                              : look.shown;
+}
+
 void CListPainter::drawText(HDC dc, ListCell cell, const RECT& rect, const CellLook& look) const {
     const ColumnId column = m_content.columnAt(cell.item);
-    const std::string_view text = m_content.text(cell.row, column);
+    const std::string_view text = textOf(cell, look);
     RECT inside{rect.left + margin() + look.indent, rect.top, rect.right - margin(), rect.bottom};
     if (text.empty() || inside.right <= inside.left) return;
     // The platform aligns the first column of a list, and its caption, to the left.
@@ -76,11 +89,15 @@ void CListPainter::drawText(HDC dc, ListCell cell, const RECT& rect, const CellL
     std::optional<fw::SelectScope> font;
     if (look.font != nullptr) font.emplace(dc, look.font);
     if (spare >= 0) {  // fits, which is quick to draw
-        const int shift = flag == 1 ? spare : flag == 2 ? spare / 2 : 0;
-        ExtTextOutA(dc, static_cast<int>(inside.left) + shift, inside.top, 0, nullptr, text.data(),
+        inside.left += flag == 1 ? spare : flag == 2 ? spare / 2 : 0;
+        if (!look.runs.empty())
+            return drawMarkedText(dc, {text, look, m_widths, m_list.scaled(2)}, inside);
+        ExtTextOutA(dc, static_cast<int>(inside.left), inside.top, 0, nullptr, text.data(),
                     static_cast<UINT>(size), nullptr);
         return;
     }
+    if (!look.runs.empty())
+        return drawMarkedText(dc, {text, look, m_widths, m_list.scaled(2)}, inside);
     static constexpr UINT alignments[] = {DT_LEFT, DT_RIGHT, DT_CENTER};
     DrawTextA(dc, text.data(), size, &inside,
               DT_SINGLELINE | DT_END_ELLIPSIS | DT_NOPREFIX | alignments[flag % 3]);
@@ -139,24 +156,36 @@ int CListPainter::captionWidth(ColumnId column) const {
 }
 
 // Without the margins.
-int CListPainter::drawnWidth(ListCell cell) const {
-    const CellLook look = lookOf(cell.row, cell.item);
-    const std::string_view text = m_content.text(cell.row, m_content.columnAt(cell.item));
-    return look.indent + m_widths.widthOf(text, look.font);
+int CListPainter::drawnWidth(ListCell cell, const CellLook& look) const {
+    return look.indent + m_widths.widthOf(textOf(cell, look), look.font);
 }
 
 int CListPainter::dataWidth(int item) const {
     int widest = 0;
     for (std::size_t row = 0; row < m_content.store().rowCount(); ++row)
-        widest = std::max(widest, drawnWidth({row, item}));
+        widest = std::max(widest, drawnWidth({row, item}, lookOf(row, item)));
     return widest + 2 * margin();
+}
+
+int CListPainter::roomIn(const RECT& cell) const {
+    return static_cast<int>(cell.right - cell.left) - 2 * margin();
 }
 
 bool CListPainter::isCutOff(ListCell cell) const {
     const RECT rect = m_header.rectOf(cell);
-    const int room = static_cast<int>(rect.right - rect.left) - 2 * margin();
     const bool outside = rect.right > m_list.clientRect().right || rect.left < 0;
-    return outside || drawnWidth(cell) > room;
+    CellLook look = lookOf(cell.row, cell.item);
+    if (look.fontYields) look.font = nullptr;
+    return outside || drawnWidth(cell, look) > roomIn(rect);
+}
+
+std::string CListPainter::tipOf(ListCell cell) const {
+    std::string tip;
+    if (isCutOff(cell))
+        tip = m_content.text(cell.row, m_content.columnAt(cell.item)).substr(0, kMaxTip);
+    const std::string more = m_looks != nullptr ? m_looks->tip(cell.row, cell.item) : "";
+    if (!tip.empty() && !more.empty()) tip += "\r\n";
+    return tip + more;
 }
 
 }  // namespace mc

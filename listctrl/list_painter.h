@@ -40,15 +40,19 @@ public:
     int captionWidth(ColumnId column) const;
     // What the widest text of an item's column needs. Costs a look at every row.
     int dataWidth(int item) const;
-    // Whether not all of a cell's text shows.
-    bool isCutOff(ListCell cell) const;
+    // What the tip of a cell says: its text, up to a screenful, when not all of it shows, and what
+    // the list's looks add. Empty: there is none.
+    std::string tipOf(ListCell cell) const;
 
 private:
     CellLook lookOf(std::size_t row, int item) const;
     RowColors colorsOf(std::size_t row) const;
     void drawCell(HDC dc, ListCell cell, const RECT& rect, bool ownLooks) const;
+    std::string_view textOf(ListCell cell, const CellLook& look) const;
     void drawText(HDC dc, ListCell cell, const RECT& rect, const CellLook& look) const;
-    int drawnWidth(ListCell cell) const;
+    bool isCutOff(ListCell cell) const;
+    int drawnWidth(ListCell cell, const CellLook& look) const;
+    int roomIn(const RECT& cell) const;
     int margin() const { return m_list.scaled(6); }  // at both sides of a cell
 
     const fw::CWindow& m_list;

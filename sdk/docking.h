@@ -1,6 +1,6 @@
 // How a plug-in's pane docks in the host's main frame.
 //
-// The pane asks the frame with four registered window messages (RegisterWindowMessageA of the
+// The pane asks the frame with five registered window messages (RegisterWindowMessageA of the
 // names below), sent, never posted, on the user-interface thread. A frame that does not know them
 // answers 0; the pane then stays a floating tool window owned by the frame, so it works in any
 // host.
@@ -39,6 +39,12 @@ struct DockRequest {
 // hidden). wParam 0, lParam DockRequest*. The frame becomes its parent, gives it room and shows it.
 // Result: non-zero when docked.
 inline constexpr char kDockAttachMessage[] = "ZekDock.Attach";
+
+// Where was the pane docked last, perhaps in an earlier session? Asked once, before a pane docks
+// for the first time. wParam 0, lParam DockRequest*, of which `pane` counts, whose window text is
+// its name; `side` and `extent` (0: as the frame likes) are filled. Result: non-zero when the frame
+// knows. One that keeps nothing answers 0, and the pane docks at its own first side.
+inline constexpr char kDockRecallMessage[] = "ZekDock.Recall";
 
 // The pane leaves: it is about to float or to be hidden. wParam 0, lParam DockRequest*, of which
 // only `pane` counts. The frame takes the room back; the pane is still its child and sees to its

@@ -10,11 +10,12 @@
 #include <string>
 #include <vector>
 
+#include "details/detail_line.h"
 #include "details/edit_messages.h"
 #include "details/multi_line_edit_list_ctrl.h"
 #include "frames/holder_frame.h"
-#include "listctrl/filter_list_ctrl.h"
 #include "workbench/model/workbench_view.h"
+#include "workbench/pending_list.h"
 
 namespace mc {
 
@@ -52,7 +53,11 @@ public:
     void applyMainFilter() { m_main->applyFilter(); }
     void applyDetailsFilter() { m_details->applyFilter(); }
 
+    // Selects the row of a change alone, if it has one, and scrolls it into view.
+    void selectChange(Slot change);
+
     void rowsChanged() override;
+    void statesChanged() override { rowsChanged(); }
     void emptyDetails() override;
     void showDetails(std::vector<DetailGroup> groups, bool anotherChange) override;
     void editsSent() override;
@@ -63,8 +68,10 @@ private:
     ListServices& m_services;
     CVTHolderFrame m_holder;
     LineGroups m_lines;
-    std::unique_ptr<CFilterListCtrl> m_main;
+    std::unique_ptr<CPendingList> m_main;
     std::unique_ptr<CMultiLineEditListCtrl> m_details;
+    CDetailLine m_line{m_lines};  // below the details
+    DetailsCaption m_caption;
     bool m_heldInEditor = false;  // the last key was pressed in an editor of the details
 };
 

@@ -24,6 +24,11 @@ constexpr fw::ActionKey kActionKeys[] = {
 
 constexpr int kButtons[] = {IDC_ACCEPT, IDC_REJECT, IDC_UPDATE, IDC_RECOVER};
 
+PaneCommand commandOf(UINT key) {
+    const Modifiers keys = modifiersDown();
+    return paneCommand(key, keys.ctrl, keys.shift);
+}
+
 void showRow(Workbench& workbench, std::size_t row) {
     if (auto change = workbench.changes().recordAt(row)) workbench.showDetails(std::move(*change));
 }
@@ -31,7 +36,7 @@ void showRow(Workbench& workbench, std::size_t row) {
 }  // namespace
 
 CMakerChecker::CMakerChecker(Host& host, ListServices& lists)
-    : m_host(host), m_bar(lists.settings(), IDD_MAKER_CHECKER), m_lists(lists) {
+    : m_host(host), m_bar(lists.settings(), IDD_MAKER_CHECKER), m_lists(lists), m_decisions(lists) {
     m_bar.setPath(lists.settings().GetUserSettingPath());
     m_bar.load();
 }
@@ -60,6 +65,8 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
                      &CMakerChecker::onSelectionMade>(),
         fw::onNotify<IDC_MAIN_LIST, HDN_FILTERCHANGE, &CMakerChecker::onMainFilterChanged>(),
         fw::onNotify<IDC_DETAILS_LIST, HDN_FILTERCHANGE, &CMakerChecker::onDetailsFilterChanged>(),
+        fw::onNotify<IDC_DECISIONS_LIST, HDN_FILTERCHANGE,
+                     &CMakerChecker::onDecisionsFilterChanged>(),
         fw::on<kEndOfEdit, &CMakerChecker::onEndOfEdit>(),
         fw::on<kEndOfChoice, &CMakerChecker::onEndOfChoice>(),
         fw::on<kEditorClosed, &CMakerChecker::onEditorClosed>(),
@@ -98,13 +105,18 @@ RECT CMakerChecker::listsRect() const {
 void CMakerChecker::onDpiChanged() {
     layOut();
     m_lists.layOut();
+    m_decisions.layOut();
+}
+
+void CMakerChecker::keepFloatSize() {
+    const auto floated = lastFloatSize();
+    if (!floated) return;
+    m_bar.setSize({static_cast<int>(floated->cx), static_cast<int>(floated->cy)});
+    m_bar.save();
 }
 
 void CMakerChecker::onDestroy() {
-    if (const auto floated = lastFloatSize()) {
-        m_bar.setSize({static_cast<int>(floated->cx), static_cast<int>(floated->cy)});
-        m_bar.save();
-    }
+    keepFloatSize();
     if (m_workbench != nullptr) m_workbench->close();
 }
 
@@ -130,13 +142,46 @@ std::span<const fw::ActionKey> CMakerChecker::actionKeys() const {
 std::vector<HWND> CMakerChecker::tabStops() const {
     std::vector<HWND> stops;
     for (const int id : kButtons) stops.push_back(GetDlgItem(handle(), id));
-    const auto lists = m_lists.tabStops();
-    stops.insert(stops.end(), lists.begin(), lists.end());
+    for (const auto& more : {m_lists.tabStops(), m_decisions.tabStops()})
+        stops.insert(stops.end(), more.begin(), more.end());
     std::erase_if(stops, [](HWND stop) { return IsWindowVisible(stop) == 0; });
     return stops;
 }
 
+bool CMakerChecker::controlClaims(HWND control, UINT key) const {
+    return m_lists.claims(control, key) || m_decisions.claims(control, key) ||
+           commandOf(key) != PaneCommand::none;
+}
+
+// Opens at the newest decision about the change that the main list is at, or at the newest of all.
+void CMakerChecker::toggleDecisions() {
+    const bool hadFocus = m_decisions.hasFocus();
+    if (m_decisions.isOpen()) {
+        m_decisions.close();
+        if (hadFocus) SetFocus(initialFocus());
+        return layOut();
+    }
+    DecisionLog& log = m_workbench->decisionLog();
+    const auto row = m_workbench->changes().rows().focusedRow();
+    const auto change = row ? m_workbench->changes().recordAt(*row) : std::nullopt;
+    const Slot about = change ? log.newestAbout(change->key) : kNoSlot;
+    m_decisions.open(handle(), log, about != kNoSlot ? about : log.newest());
+    layOut();
+}
+
 void CMakerChecker::onDialogKey(UINT key, bool repeated) {
+    if (const PaneCommand command = commandOf(key); command != PaneCommand::none) {
+        if (!repeated) run(command);
+        return;
+    }
+    switch (m_decisions.dialogKey(key, repeated)) {
+        case DecisionsPanel::KeyUse::none:
+            break;
+        case DecisionsPanel::KeyUse::taken:
+            return;
+        case DecisionsPanel::KeyUse::closes:
+            return run(PaneCommand::decisions);
+    }
     switch (m_lists.dialogKey(key, repeated)) {
         case CheckerLists::KeyUse::none:
             return CPaneDialog::onDialogKey(key, repeated);
@@ -145,6 +190,30 @@ void CMakerChecker::onDialogKey(UINT key, bool repeated) {
         case CheckerLists::KeyUse::dropsEdits:
             return decide([](Workbench& workbench) { workbench.dropEdits(); });
     }
+}
+
+void CMakerChecker::run(PaneCommand command) {
+    if (m_workbench == nullptr) return;
+    switch (command) {
+        case PaneCommand::none:
+            break;
+        case PaneCommand::nextNeighbour:
+            return onNextNeighbour();
+        case PaneCommand::decisions:
+            return toggleDecisions();
+        case PaneCommand::nextQuickFilter:
+        case PaneCommand::quickFilterBack:
+        case PaneCommand::quickFilterOff:
+            return chooseQuickFilter(command);
+    }
+}
+
+void CMakerChecker::chooseQuickFilter(PaneCommand command) {
+    QuickFilter& filter = m_workbench->changes().quickFilter();
+    if (command == PaneCommand::nextQuickFilter) filter.next();
+    if (command == PaneCommand::quickFilterBack) filter.back();
+    if (command == PaneCommand::quickFilterOff) filter.choose(QuickFilter::Kind::off);
+    applyMainFilter();
 }
 
 void CMakerChecker::layOutAgain() {
@@ -186,7 +255,7 @@ void CMakerChecker::onRecover() {
     decide([](Workbench& workbench) { workbench.recover(); });
 }
 
-void CMakerChecker::onMainFilterChanged(NMHDR&) {
+void CMakerChecker::applyMainFilter() {
     m_lists.applyMainFilter();
     if (m_workbench != nullptr) m_workbench->selectionMoved();
 }
@@ -218,6 +287,18 @@ void CMakerChecker::onShowSelected(NMHDR&) {
 void CMakerChecker::onShowFocused(NMHDR&) {
     decide([](Workbench& workbench) {
         if (const auto row = workbench.changes().rows().focusedRow()) showRow(workbench, *row);
+    });
+}
+
+// The neighbour takes over the selection of a change that was selected alone, so that what is read
+// is what is decided; any other selection stays.
+void CMakerChecker::onNextNeighbour() {
+    decide([this](Workbench& workbench) {
+        const auto shown = workbench.shownKey();
+        const PendingChanges& changes = workbench.changes();
+        const bool alone = shown && changes.rows().selectedCount() == 1 && changes.selected(*shown);
+        const auto next = workbench.showNeighbour();
+        if (next && alone) m_lists.selectChange(next->slot);
     });
 }
 

@@ -12,6 +12,8 @@
 #include "framework/pane_dialog.h"
 #include "link/model/host.h"
 #include "workbench/checker_lists.h"
+#include "workbench/decisions_panel.h"
+#include "workbench/model/pane_commands.h"
 #include "workbench/model/workbench.h"
 
 namespace mc {
@@ -38,10 +40,9 @@ protected:
     HWND initialFocus() const override { return m_lists.mainWindow(); }
     void onDialogKey(UINT key, bool repeated) override;
     std::vector<HWND> tabStops() const override;
-    bool controlClaims(HWND control, UINT key) const override {
-        return m_lists.claims(control, key);
-    }
+    bool controlClaims(HWND control, UINT key) const override;
     std::span<const fw::ActionKey> actionKeys() const override;
+    void onHidden() override { keepFloatSize(); }
     SIZE leastSize() const override { return {scaled(220), scaled(320)}; }
     SIZE firstFloatSize() const override { return {m_bar.size().width, m_bar.size().height}; }
 
@@ -49,8 +50,12 @@ private:
     LRESULT onInitDialog();
     void onSize(int, int) { layOut(); }
     void onDpiChanged();
-    void onColorsChanged() { m_lists.colorsChanged(); }
+    void onColorsChanged() {
+        m_lists.colorsChanged();
+        m_decisions.colorsChanged();
+    }
     void onDestroy();
+    void keepFloatSize();
     void onAccept();
     void onReject();
     void onUpdate();
@@ -58,23 +63,31 @@ private:
     void onCancel() {}
     void onShowSelected(NMHDR& header);
     void onShowFocused(NMHDR& header);
+    void onNextNeighbour();
     void onSelectionMade(NMHDR& header);
-    void onMainFilterChanged(NMHDR&);
+    void onMainFilterChanged(NMHDR&) { applyMainFilter(); }
+    void applyMainFilter();
     void onDetailsFilterChanged(NMHDR&) { m_lists.applyDetailsFilter(); }
+    void onDecisionsFilterChanged(NMHDR&) { m_decisions.applyFilter(); }
     void onEditorClosed();
     void onEndOfEdit(const EndOfEdit& edit);
     void onEndOfChoice(const EndOfEdit& edit);
 
+    void run(PaneCommand command);
+    void chooseQuickFilter(PaneCommand command);
+
     template <class Decision>
     void decide(Decision decision);
     RECT listsRect() const;
-    void layOut() { m_lists.move(listsRect()); }
+    void layOut() { m_lists.move(m_decisions.takeRoom(listsRect())); }
+    void toggleDecisions();
 
     Host& m_host;
     CControlPos m_buttons;
     CVoskDialogBar m_bar;  // the pane while it floats
     std::unique_ptr<Workbench> m_workbench;
     CheckerLists m_lists;           // on the rows of the workbench, and so behind it here
+    DecisionsPanel m_decisions;     // likewise
     bool m_selectionWaits = false;  // for the end of an edit, with what it does to the details
     bool m_deciding = false;        // a button's work is under way, perhaps behind a message box
 };

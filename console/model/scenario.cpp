@@ -193,7 +193,7 @@ void Reader::assign(const Assignment& assignment) {
     const auto slot = std::ranges::find(m_slots, assignment.name, &Slot::word);
     if (slot == m_slots.end()) throw ScenarioError{quoted(assignment.name) + " has no place here"};
     if (std::exchange(slot->filled, true))
-        throw ScenarioError{quoted(assignment.name) + " stands twice"};
+        throw ScenarioError{quoted(assignment.name) + " is given twice"};
     *slot->text = unescapeOrFail(assignment.value);
 }
 
@@ -202,7 +202,7 @@ void Reader::addField(std::string_view id, std::string_view value) {
     if (m_fields == nullptr) throw ScenarioError{"a field outside of a section"};
     if (!number || *number < 0) throw ScenarioError{"not a field id: " + quoted(id)};
     if (findField(*m_fields, *number) != nullptr)
-        throw ScenarioError{"field " + std::to_string(*number) + " stands twice"};
+        throw ScenarioError{"field " + std::to_string(*number) + " is given twice"};
     Field field{*number, {}};
     for (const std::string_view piece : splitOccurrences(value))
         field.occurrences.push_back(readOccurrence(piece));

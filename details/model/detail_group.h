@@ -1,6 +1,7 @@
 // Rows of details under headings: what the builders make and the multi-line lists show.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,11 @@ enum class FieldChange {
     reset,    // a new secret; neither value is shown
 };
 
+// A limit as it was sent: what is shown may be rounded.
+struct SentAmount {
+    std::string value, old;  // `old` is empty where none was sent
+};
+
 struct sMCListStruct {
     std::string caption;   // the Field column
     std::string value;     // the Value column: the new value
@@ -32,6 +38,7 @@ struct sMCListStruct {
     bool edited = false;        // the value was typed in and has not been sent
     bool overOlder = false;     // and was typed over another value than the one received last
     std::string received = {};  // of an edited row: the value that came with the details
+    std::shared_ptr<const SentAmount> sent = {};  // of a limit; null: no amount
 };
 
 struct DetailGroup {

@@ -34,18 +34,19 @@ void nameEntity(FunctionalityGroup group, bool investor, const FieldReader& mess
 
 }  // namespace
 
-void Intake::handle(const FieldReader& message) {
+void Intake::handle(const FieldReader& message, Origin origin) {
     const PendingChanges::Hold hold(m_changes);  // the host may end the plug-in inside a service
     PuGetFindMenuItemInRoles* const holdsMenuItem = m_host.menuItemService();
     const auto status = message.text(MNM_PUBLICATION_STATUS);
     if (!status) return;
     if (*status == "auth pending")
-        takePending(message, holdsMenuItem);
+        takePending(message, origin, holdsMenuItem);
     else if (*status == "accepted" || *status == "rejected")
-        takeDecided(message);
+        takeDecided(message, *status);
 }
 
-void Intake::takePending(const FieldReader& message, PuGetFindMenuItemInRoles* holdsMenuItem) {
+void Intake::takePending(const FieldReader& message, Origin origin,
+                         PuGetFindMenuItemInRoles* holdsMenuItem) {
     const auto key = message.text(MNM_AUTHORIZATION_KEY);
     if (!key) return;
     const Slot listed = m_changes.find(*key);
@@ -84,14 +85,15 @@ void Intake::takePending(const FieldReader& message, PuGetFindMenuItemInRoles* h
         m_changes.refreshRecord(listed, texts);
         m_listener.publishedAgain(std::string(*key));
     } else {
-        m_changes.addRecord(*key, texts);
+        m_changes.addRecord(*key, texts, origin);
     }
     m_host.beep();
 }
 
-void Intake::takeDecided(const FieldReader& message) {
+void Intake::takeDecided(const FieldReader& message, std::string_view outcome) {
     const auto key = message.text(MNM_AUTHORIZATION_KEY);
     if (!key) return;
+    m_listener.outcomeCame(std::string(*key), outcome);
     discardListed(std::string(*key));
 }
 

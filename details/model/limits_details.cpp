@@ -1,5 +1,6 @@
 // The details of limits, whose values are numbers formatted here and can be edited.
 #include <limits>
+#include <memory>
 
 #include "details/model/captions.h"
 #include "details/model/details_builders.h"
@@ -127,6 +128,10 @@ void appendLimit(DetailGroup& group, const FieldReader& answer, const LimitField
     const bool numeric = field.value == number || field.value == count;
     row.change = fieldChange(answer.text(field.mnemonic), answer.text(field.mnemonic, 1),
                              numeric ? CompareAs::number : CompareAs::text);
+    if (!field.attribute && field.mnemonic != MNM_LIMIT_REMARKS)
+        row.sent =
+            std::make_shared<SentAmount>(std::string(answer.text(field.mnemonic).value_or("")),
+                                         std::string(answer.text(field.mnemonic, 1).value_or("")));
 }
 
 }  // namespace

@@ -93,7 +93,14 @@ void LineGroups::setFolded(const Line& line, bool folded) {
     m_rows.filter();
 }
 
+const ValueMarks& LineGroups::marks(Line& line, const UnseenSigns& signs) const {
+    if (line.marks == nullptr)
+        line.marks = std::make_unique<const ValueMarks>(marksOf(*line.row, signs));
+    return *line.marks;
+}
+
 void LineGroups::rowChanged(Line& line) {
+    line.marks.reset();
     std::erase(m_edited, &line);
     if (line.row->edited) m_edited.push_back(&line);
     m_rows.refreshShown(line.slot);
@@ -109,6 +116,7 @@ bool LineGroups::endEdits(bool restore) {
         sMCListStruct& row = *line->row;
         if (restore) row.value = std::move(row.received);
         row.edited = row.overOlder = false;
+        line->marks.reset();
         m_rows.refreshShown(line->slot);
     }
     const bool any = !m_edited.empty();

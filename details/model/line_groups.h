@@ -9,11 +9,13 @@
 
 #include <cstddef>
 #include <deque>
+#include <memory>
 #include <optional>
 #include <string_view>
 #include <vector>
 
 #include "details/model/detail_group.h"
+#include "details/model/value_marks.h"
 #include "listctrl/model/columns/column_info.h"
 #include "listctrl/model/table/record_store.h"
 
@@ -27,6 +29,7 @@ inline constexpr sVoskColInfo kDetailColumns[] = {
 };
 inline constexpr ColumnId kFieldColumn{0};
 inline constexpr ColumnId kValueColumn{1};
+inline constexpr ColumnId kOldValueColumn{2};
 
 // A value is never visible without its name, nor a name without its value.
 inline constexpr ColumnId kMandatoryDetailColumns[] = {kFieldColumn, kValueColumn};
@@ -43,6 +46,7 @@ public:
         Group* group;
         sMCListStruct* row;
         Slot slot;
+        std::unique_ptr<const ValueMarks> marks = {};  // once they were asked for
         bool isHeading() const { return slot == group->heading; }
     };
 
@@ -62,10 +66,20 @@ public:
     // Frees all groups.
     void clear();
 
+    // Hands every row to `visit`, headings excepted.
+    template <class Visit>
+    void forEachRow(Visit visit) const {
+        for (const Group& group : m_groups)
+            for (const sMCListStruct& row : group.content.rows) visit(row);
+    }
+
     std::size_t groupCount() const { return m_groups.size(); }
 
     // The line in a row; null beyond the end. Lives until clear().
     Line* lineAt(std::size_t row);
+
+    // What is marked in the line's values. Worked out once, when it is first asked for.
+    const ValueMarks& marks(Line& line, const UnseenSigns& signs) const;
 
     // The row of a line; none while it is not visible.
     std::optional<std::size_t> rowOf(const Line& line) const { return m_rows.rowOf(line.slot); }

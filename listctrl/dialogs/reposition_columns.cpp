@@ -17,8 +17,8 @@ constexpr struct {
     std::optional<bool> ascending;
 } kSorts[] = {{"None", std::nullopt}, {"Ascending", true}, {"Descending", false}};
 
-constexpr int kSortControls[] = {IDC_CP_SORT_GROUP, IDC_CP_SORT_FOR, IDC_CP_SORT_LABEL,
-                                 IDC_CP_SORT};
+constexpr int kSortControls[] = {IDC_CP_SORT_GROUP, IDC_CP_SORT_FOR, IDC_CP_SORT_LABEL, IDC_CP_SORT,
+                                 IDC_CP_SORT_KEPT};
 constexpr int kBottomButtons[] = {IDC_CP_VIEW, IDOK, IDC_CP_DEFAULT, IDCANCEL};
 constexpr int kSortGroupHeight = 36;  // dialog units, with the gap below
 

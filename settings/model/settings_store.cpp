@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t kValueBuffer = kMaxValue + 1;
 constexpr std::size_t kBarBuffer = 32;
-constexpr int kSettingRestore = 2;  // served by nobody
+constexpr int kSettingRestore = 2;  // AccessUserSetting does nothing for it: no size comes back
 constexpr char kNoKey[] = "Key not found";
 constexpr char kNoProfile[] = "Settings not found";
 constexpr char kNoBar[] = "Not Found";

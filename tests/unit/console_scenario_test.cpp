@@ -61,7 +61,7 @@ TEST(ShippedScenarioTest, EveryFileIsSubmittedAndAcceptedWhole) {
             EXPECT_EQ(server.decideAs("SOMEBODY", server.submit(change), true, ""), "");
         }
     }
-    EXPECT_EQ(files, 5);
+    EXPECT_EQ(files, 6);
 }
 
 }  // namespace

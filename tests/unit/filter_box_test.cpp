@@ -13,6 +13,8 @@ std::string told(const ColumnFilter& filter) {
     return filter.kind == FilterKind::value ? "=" + filter.text : filter.text;
 }
 
+const DistinctValues kChoices{{{"--ALL-- ", 3}, {"MAKER1", 2}, {"<none>", 1}, {"a~b", 0}}, 6};
+
 // Each step is an event: "pause", "enter", "esc", "drop", "close"; "line N" takes line N, "on N"
 // presses Enter on it; anything else is typed. Gives how often the list is filtered.
 int play(FilterBox& box, const Texts& steps) {
@@ -26,7 +28,7 @@ int play(FilterBox& box, const Texts& steps) {
         else if (step == "esc")
             filtered += box.escaped();
         else if (step == "drop")
-            box.dropped({{"--ALL-- ", "MAKER1", "<none>", "a~b"}, 7});
+            box.dropped(kChoices);
         else if (step == "close")
             box.closed();
         else if (step.starts_with("line "))
@@ -71,6 +73,10 @@ TEST(FilterBoxTest, OnlyEnterThePauseAndATakenLineApply) {
         // The first and the counting line are no filter, whatever their text; values may be alike.
         {{"RMS"}, {"drop", "line 0"}, "", "", 1},
         {{"RMS"}, {"drop", "line 5"}, "", "", 1},
+        // Typing in an open one leaves the values that fit; the text itself waits as ever.
+        {{}, {"drop", "ake", "line 1"}, "=MAKER1", "=MAKER1", 1},
+        {{}, {"drop", "ake", "esc"}, "ake", "", 0},
+        {{"RMS"}, {"drop", "ake", "line 2"}, "", "", 1},
         {{}, {"drop", "line 1"}, "=--ALL-- ", "=--ALL-- ", 1},
         // A closed one has no lines.
         {{"RMS"}, {"line 2"}, "RMS", "RMS", 0},
@@ -88,17 +94,57 @@ TEST(FilterBoxTest, OnlyEnterThePauseAndATakenLineApply) {
     }
 }
 
-TEST(FilterBoxTest, TheDropDownHeadsCountsAndKnowsItsOwnLine) {
+Texts linesOf(const FilterBox& box) {
+    Texts lines;
+    for (FilterBox::Line line = 0; line < box.lineCount(); ++line) {
+        const auto rows = box.lineRows(line);
+        lines.push_back(box.lineText(line) + (rows ? "|" + std::to_string(*rows) : ""));
+    }
+    return lines;
+}
+
+TEST(FilterBoxTest, TypingLeavesTheLinesThatFit) {
+    const struct {
+        const char* typed;
+        Texts lines;  // without the first
+    } cases[] = {
+        {"", {"--ALL-- |3", "MAKER1|2", "<none>|1", "a~b|0"}},
+        {"A", {"--ALL-- |3", "MAKER1|2", "a~b|0"}},
+        {"r1", {"MAKER1|2"}},
+        {"x", {}},
+        {"*1~a~", {"MAKER1|2", "a~b|0"}},  // as the pattern that it would filter by
+        {"<n", {"<none>|1"}},
+    };
     FilterBox box;
-    EXPECT_EQ(box.dropped({{"b", "a"}, 0}), (Texts{"--ALL-- ", "b", "a"}));
-    EXPECT_EQ(box.shownLine(), 0u);
-    EXPECT_EQ(box.dropped({{"b", "a"}, 12}), (Texts{"--ALL-- ", "b", "a", "--AND 12 MORE-- "}));
-    box.taken(2);
+    EXPECT_EQ(box.lineCount(), 0u);
+    for (const auto& each : cases) {
+        box.dropped(kChoices);
+        box.typed("MAKER1");
+        box.typed(each.typed);
+        Texts lines = linesOf(box);
+        EXPECT_EQ(lines.front(), "--ALL-- |6");
+        lines.erase(lines.begin());
+        EXPECT_EQ(lines, each.lines) << each.typed;
+        EXPECT_EQ(box.isNarrowed(), lines.size() < 4) << each.typed;
+    }
+}
+
+TEST(FilterBoxTest, KnowsItsOwnLineAndCountsThoseBeyondTheBound) {
+    FilterBox box({"b", FilterKind::value});
+    box.dropped({{{"a", 2}, {"b", 1}}, 3});
     EXPECT_EQ(box.shownLine(), 2u);
-    box.typed("a");
+    box.typed("b");
     EXPECT_EQ(box.shownLine(), std::nullopt) << "a typed text is none of the lines";
-    EXPECT_EQ(FilterBox({"gone", FilterKind::value}).shownLine(), std::nullopt);
-    EXPECT_EQ(box.dropped({}), Texts{"--ALL-- "});
+    box.typed("");
+    EXPECT_EQ(box.shownLine(), 0u);
+    DistinctValues many;
+    for (int i = 0; i < 10'012; ++i) many.values.push_back({std::to_string(i), 1});
+    box.dropped(many);
+    EXPECT_EQ(box.lineCount(), 10'002u);
+    EXPECT_EQ(box.lineText(10'001), "--AND 12 MORE-- ");
+    EXPECT_EQ(box.lineRows(10'001), std::nullopt);
+    box.typed("10011");
+    EXPECT_EQ(linesOf(box), (Texts{"--ALL-- |0", "10011|1"})) << "found beyond the bound";
 }
 
 }  // namespace

@@ -75,7 +75,7 @@ TEST_F(PendingChangesTest, FiltersByTheTextsAsTheyAreNow) {
     EXPECT_EQ(changes.at(0).entityName, "name") << "what is not given stays";
     EXPECT_EQ(changes.rows().rowCount(), 1u);
     EXPECT_EQ(changes.rows().distinctValues(kMakerColumn).values,
-              std::vector<std::string>{"MAKER02"});
+              (std::vector<DistinctValue>{{"MAKER02", 1}}));
     changes.clearAllRecords();
     add("1001");
     EXPECT_TRUE(changes.rows().distinctValues(kMakerColumn).values.empty());

@@ -32,7 +32,7 @@ public:
             &Pair::append,  &Pair::deleteRow,   &Pair::deleteStored, &Pair::refresh,
             &Pair::refresh, &Pair::setFilter,   &Pair::filter,       &Pair::sort,
             &Pair::select,  &Pair::select,      &Pair::focus,        &Pair::anchor,
-            &Pair::rarely,  &Pair::switchFlags,
+            &Pair::rarely,  &Pair::switchFlags, &Pair::countValues,
         };
         const auto change = kSteps[below(std::size(kSteps))];
         (this->*change)();
@@ -179,6 +179,18 @@ private:
                 m_store.setReversed(on), m_reference.reversed = on;
                 break;
         }
+    }
+
+    void countValues() {
+        const int column = static_cast<int>(below(kColumns));
+        const auto order = below(2) == 0 ? ValueOrder::mostFrequent : ValueOrder::alphabetical;
+        const auto values = m_store.distinctValues(ColumnId{column}, order).values;
+        std::map<std::string, std::size_t> counts;
+        for (const DistinctValue& value : values) counts.emplace(value.text, value.rows);
+        EXPECT_EQ(counts, m_reference.counts(column));
+        EXPECT_TRUE(std::ranges::is_sorted(values, [order](const auto& a, const auto& b) {
+            return order == ValueOrder::mostFrequent ? a.rows > b.rows : a.text < b.text;
+        }));
     }
 
     void rarely() {

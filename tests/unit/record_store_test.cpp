@@ -57,14 +57,17 @@ TEST_F(RecordStoreTest, WithoutDataTakesAndShowsNothing) {
     EXPECT_TRUE(m_store.distinctValues(kColumn).values.empty());
 }
 
-TEST_F(RecordStoreTest, DistinctValuesComeInOrderOfFirstAppearance) {
-    append({"b", "", "a", "b", "B", "a", "c"});
+TEST_F(RecordStoreTest, DistinctValuesComeWithTheirRows) {
+    append({"b", "", "a", "c", "B", "a", "c"});
     filter("zzz");
+    using Values = std::vector<DistinctValue>;
     EXPECT_EQ(m_store.distinctValues(kColumn).values,
-              (std::vector<std::string>{"b", "a", "B", "c"}));
-    const DistinctValues some = m_store.distinctValues(kColumn, 3);
-    EXPECT_EQ(some.values.size(), 3U);
-    EXPECT_EQ(some.beyond, 1U);
+              (Values{{"a", 2}, {"c", 2}, {"b", 1}, {"B", 1}}));
+    EXPECT_EQ(m_store.distinctValues(kColumn, ValueOrder::alphabetical).values,
+              (Values{{"B", 1}, {"a", 2}, {"b", 1}, {"c", 2}}));
+    EXPECT_EQ(m_store.distinctValues(kColumn).rows, 7U) << "those without a text are no choice";
+    m_store.setArrange([](std::vector<Slot>& passing) { passing.pop_back(); });
+    EXPECT_EQ(m_store.distinctValues(kColumn).values.front(), (DistinctValue{"a", 2}));
     m_store.reset();
     append({"", ""});
     EXPECT_TRUE(m_store.distinctValues(kColumn).values.empty());

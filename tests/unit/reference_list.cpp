@@ -205,9 +205,19 @@ Record* List::at(std::size_t row) const {
     return store[map[mirrored(row)]];
 }
 
-bool List::passes(const Record& record) const {
+std::map<std::string, std::size_t> List::counts(int column) const {
+    std::map<std::string, std::size_t> found;
+    for (const Record* record : store) {
+        const std::string& text = record->cells[static_cast<std::size_t>(column)];
+        if (!text.empty()) found[text] += passes(*record, column) ? 1U : 0U;
+    }
+    return found;
+}
+
+bool List::passes(const Record& record, int butColumn) const {
     for (std::size_t i = 0; i < m_judge.columns.size(); ++i)
-        if (!matches(record.cells[static_cast<std::size_t>(m_judge.columns[i])], m_judge.texts[i],
+        if (m_judge.columns[i] != butColumn &&
+            !matches(record.cells[static_cast<std::size_t>(m_judge.columns[i])], m_judge.texts[i],
                      m_judge.exact, m_judge.isValue[i]))
             return false;
     return true;

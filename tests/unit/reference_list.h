@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -45,6 +46,8 @@ public:
     void select(std::size_t row, bool on);
 
     Record* at(std::size_t row) const;
+    // Each text of a column, with how many records hold it that pass the filters of the others.
+    std::map<std::string, std::size_t> counts(int column) const;
     std::size_t mirrored(std::size_t row) const { return reversed ? itemCount - 1 - row : row; }
 
     std::vector<Record*> store;
@@ -70,7 +73,7 @@ private:
         bool exact = false;
     };
 
-    bool passes(const Record& record) const;
+    bool passes(const Record& record, int butColumn = -1) const;
     void deselectHidden();
     void showSorted(std::size_t stored);
     bool before(std::size_t a, std::size_t b) const;

@@ -15,6 +15,7 @@ public:
     std::vector<DetailGroup> shown;
 
     void rowsChanged() override { events.emplace_back("rows"); }
+    void statesChanged() override {}
     void emptyDetails() override { events.emplace_back("empty details"); }
     void showDetails(std::vector<DetailGroup> groups, bool anotherChange) override {
         events.emplace_back(anotherChange ? "show details" : "show again");

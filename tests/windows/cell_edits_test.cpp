@@ -42,6 +42,7 @@ protected:
         hand::type(text);
     }
     static int last() { return rowCount(details()) - 1; }
+    const StoredDetailsProfile profile;  // widths are dragged
     OpenWorkbench open;
 };
 

@@ -168,6 +168,32 @@ TEST_F(Columns, TheProfileIsViewedSavedAndSetBack) {
     EXPECT_EQ(column(2), (Texts{"30", "4", "100"}));
 }
 
+// Whatever shows at the moment, the stored positions stay.
+TEST_F(Columns, AWidthIsKeptAtTheEndOfItsDrag) {
+    const auto dragDivider = [](int item, int by) {
+        const POINT from = captionPoint(item, mainList(), 1);
+        hand::drag(from, {from.x + by, from.y});
+        pump();
+    };
+    dragDivider(0, 20);
+    EXPECT_EQ(stored.text(), "0,0,95,1,1,75,2,2,75,3,3,75,4,4,75,5,5,75");
+    inDialog(kRepositionCommand, [](HWND dialog) {
+        selectRows(GetDlgItem(dialog, IDC_CP_SHOWN), {5});
+        click(dialog, IDC_CP_REMOVE);
+        click(dialog, IDC_CP_VIEW);
+    });
+    ASSERT_EQ(captions().size(), 5u);
+    dragDivider(1, -10);
+    EXPECT_EQ(stored.text(), "0,0,95,1,1,65,2,2,75,3,3,75,4,4,75,5,5,75");
+    start();
+    EXPECT_EQ(captions().size(), 6u);
+    EXPECT_EQ(headerItem(1).right - headerItem(1).left, 65);
+    hand::doubleClick(captionPoint(0, mainList(), 1));
+    pump();
+    EXPECT_EQ(stored.text(), "0,0," + std::to_string(headerItem(0).right - headerItem(0).left) +
+                                 ",1,1,65,2,2,75,3,3,75,4,4,75,5,5,75");
+}
+
 TEST_F(Columns, SortingEndsWithItsColumn) {
     open->plugin.publish(pending("5", "340", {{54247, "ALAN"}}));
     hand::click(captionPoint(3));

@@ -65,6 +65,7 @@ TEST(Docking, ClosedItIsHiddenUntilTheHotKey) {
     OpenWorkbench open;
     for (const bool floating : {false, true}) {
         if (floating) hand::drag(grip(), onFrame(*open.frame, 600, 400));
+        const StoredSetting size("VOSK_DIALOG_BAR_SIZE", "1000", nullptr);
         if (floating)
             SendMessageA(GetParent(findPane()), WM_CLOSE, 0, 0);
         else
@@ -72,6 +73,7 @@ TEST(Docking, ClosedItIsHiddenUntilTheHotKey) {
         ASSERT_NE(findPane(), nullptr);
         EXPECT_FALSE(IsWindowVisible(findPane()));
         EXPECT_EQ(open.frame->inner().height(), static_cast<int>(open.frame->clientRect().bottom));
+        EXPECT_EQ(size.text().empty(), !floating) << "the floating size is kept when it closes";
         open.plugin.publish(pending(floating ? "2" : "1", "339"));
         open.plugin.hotKey();
         pump();
@@ -80,6 +82,29 @@ TEST(Docking, ClosedItIsHiddenUntilTheHotKey) {
         EXPECT_EQ(rowCount(mainList()), floating ? 2 : 1);
     }
     EXPECT_EQ(host().subscriptions.size(), 1u);
+}
+
+// A frame that keeps where panes were gives it back to the first that docks.
+TEST(Docking, TheFrameRemembersTheSide) {
+    std::optional<fw::DockPlace> kept;
+    for (const unsigned side : {kDockTop, kDockRight}) {
+        LoadedPlugin plugin;
+        plugin.init();
+        MainFrame frame;
+        frame.remember(kept);
+        plugin.hotKey();
+        pump();
+        ASSERT_TRUE(kept);
+        EXPECT_EQ(kept->side, side);
+        const RECT client = frame.clientRect();
+        if (side == kDockTop) {
+            dragPane(frame, client.right - 3, client.bottom / 2);
+            EXPECT_EQ(kept->side, kDockRight);
+            kept->extent = 400;
+        } else {
+            EXPECT_EQ(client.right - inFrame(frame, findPane()).left, 400);
+        }
+    }
 }
 
 TEST(Docking, InAFrameWithoutASiteThePaneFloats) {

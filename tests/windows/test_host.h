@@ -92,6 +92,11 @@ public:
     explicit MainFrame(bool docks = true);
 
     fw::Rect inner() const { return m_inner; }
+    // Keeps in `place` where the pane docks, and recalls it from there.
+    void remember(std::optional<fw::DockPlace>& place) {
+        m_site->setMemory({[&place](const std::string&) { return place; },
+                           [&place](const std::string&, fw::DockPlace now) { place = now; }});
+    }
 
 protected:
     const fw::MessageMap& messageMap() const override;
@@ -145,6 +150,11 @@ private:
 struct StoredProfile : StoredSetting {
     explicit StoredProfile(const char* text = nullptr)
         : StoredSetting("Maker checker List", "COLUMNPROFILE", text) {}
+};
+
+struct StoredDetailsProfile : StoredSetting {
+    StoredDetailsProfile()
+        : StoredSetting("Maker Checker Details List", "COLUMNPROFILE", nullptr) {}
 };
 
 // What the host's loop does with a message.

@@ -36,7 +36,9 @@ private:
     // A change that was decided while a message box was open is pending no more.
     bool send(const PendingChange& change) {
         const auto now = m_changes.current(change);
-        return now && m_requests.sendAccept(*now) != 0;
+        if (!now || m_requests.sendAccept(*now) == 0) return false;
+        m_changes.states().sent(now->slot, SentDecision::accept);
+        return true;
     }
 
     // From the last to the first on both sides. The pass over the users goes on after a match, so a
@@ -93,8 +95,11 @@ void rejectSelected(SelectedRecords selected, const std::string& reason, Pending
                     Requests& requests) {
     if (reason.empty()) return;
     const PendingChanges::Hold hold(changes);
-    for (const PendingChange& change : selected)
-        if (const auto now = changes.current(change)) requests.sendReject(*now, reason);
+    for (const PendingChange& change : selected) {
+        const auto now = changes.current(change);
+        if (now && requests.sendReject(*now, reason) != 0)
+            changes.states().sent(now->slot, SentDecision::reject);
+    }
 }
 
 }  // namespace mc

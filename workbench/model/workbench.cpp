@@ -1,5 +1,6 @@
 #include "workbench/model/workbench.h"
 
+#include <ctime>
 #include <utility>
 
 #include "details/model/details_builders.h"
@@ -16,6 +17,7 @@ Workbench::Workbench(Host& host, WorkbenchView& view)
       m_intake(host, m_changes, *this),
       m_link(host, *this),
       m_requests(host, m_link, m_details.asked()) {
+    m_requests.setTriedListener([this](const TriedRequest& tried) { noteTried(tried); });
     caption();
 }
 
@@ -27,7 +29,15 @@ void Workbench::close() {
 }
 
 void Workbench::handlePublished(void* message) {
-    if (message != nullptr && !m_link.closed()) m_intake.handle(FieldReader(message));
+    if (message == nullptr || m_link.closed()) return;
+    m_intake.handle(FieldReader(message));
+    neighboursMoved();
+}
+
+int Workbench::subscribe() {
+    const int result = m_link.subscribe();
+    if (m_link.subscribed()) m_changes.states().subscribed();
+    return result;
 }
 
 // ---- Details ----
@@ -36,6 +46,7 @@ void Workbench::handlePublished(void* message) {
 // the edits that were not sent. An edit never outlives the sight of its value.
 void Workbench::emptyDetails() {
     m_details.forget();
+    m_changes.states().opened(kNoSlot);
     m_view.emptyDetails();
     caption();
 }
@@ -49,10 +60,36 @@ void Workbench::showDetails(PendingChange change) {
         change = std::move(*now);
     }
     m_details.open(change);
+    m_changes.states().opened(change.slot);
     m_details.setDimmed(unselected());
     m_view.emptyDetails();
     caption();
-    if (m_details.kind() != DetailKind::none) askForDetails();
+    if (m_details.kind() != DetailKind::none)
+        askForDetails();
+    else
+        m_changes.states().lookedAt(change.slot);
+}
+
+std::optional<PendingChange> Workbench::showNeighbour() {
+    if (!m_details.key()) return std::nullopt;
+    const auto next = nextNeighbour(m_changes, *m_details.key());
+    if (!next) return std::nullopt;
+    showDetails(*next);
+    return m_details.key() == next->key ? next : std::nullopt;
+}
+
+void Workbench::caption() {
+    const auto& key = m_details.key();
+    m_neighbours = key ? alsoPending(m_changes, m_seenFields, *key) : "";
+    DetailsCaption now = m_details.caption();
+    now.neighbours = m_neighbours;
+    m_view.captionDetails(now);
+}
+
+// A change came, changed or went: it may be about what is looked at.
+void Workbench::neighboursMoved() {
+    if (m_link.closed() || !m_details.key()) return;
+    if (alsoPending(m_changes, m_seenFields, *m_details.key()) != m_neighbours) caption();
 }
 
 void Workbench::askForDetails() {
@@ -71,7 +108,10 @@ void Workbench::details(DetailKind kind, const FieldReader& answer) {
                                           ? BuildClientDetails(answer)
                                           : BuildLimitsDetails(answer, mayModify());
     const bool another = m_details.shown(groups);
+    if (m_details.key()) m_seenFields.seen(*m_details.key(), groups);
     m_view.showDetails(std::move(groups), another);
+    const Slot slot = m_changes.states().shown();
+    if (slot != kNoSlot && !m_details.askAgain()) m_changes.states().lookedAt(slot);
     caption();
     if (m_details.askAgain()) askForDetails();
 }
@@ -85,7 +125,9 @@ void Workbench::detailsRefused(DetailKind kind, const FieldReader& answer) {
 }
 
 void Workbench::recovered(const FieldReader& answer) {
-    if (!m_link.closed()) m_intake.handle(answer);
+    if (m_link.closed()) return;
+    m_intake.handle(answer, Intake::Origin::recovered);
+    neighboursMoved();
 }
 
 void Workbench::publishedAgain(const std::string& key) {
@@ -100,10 +142,24 @@ void Workbench::publishedAgain(const std::string& key) {
 }
 
 void Workbench::changeEnded(const std::string& key) {
+    m_seenFields.ended(key);
     if (m_details.key() == key)
         emptyDetails();
     else
         selectionMoved();
+}
+
+void Workbench::outcomeCame(const std::string& key, std::string_view status) {
+    m_log.outcomeCame(key, status, std::time(nullptr));
+}
+
+// An update names its change by key only; one that went meanwhile is noted without its texts.
+void Workbench::noteTried(const TriedRequest& tried) {
+    sMakeCheckStruct change;
+    change.key = tried.key;
+    if (tried.change == nullptr)
+        if (auto listed = m_changes.findRecord(tried.key)) change = std::move(*listed);
+    m_log.note(tried, tried.change != nullptr ? *tried.change : change, std::time(nullptr));
 }
 
 // Whether other changes are selected than the one that is looked at.
@@ -144,7 +200,9 @@ void Workbench::reject(SelectedRecords selected, const AskReason& askReason) {
 }
 
 void Workbench::update() {
+    const Slot slot = m_changes.states().shown();
     if (m_requests.sendLimitsUpdate() == 0) return;
+    if (slot != kNoSlot) m_changes.states().sent(slot, SentDecision::update);
     m_details.editsEnded();
     m_view.editsSent();
     caption();
@@ -154,7 +212,7 @@ void Workbench::update() {
 void Workbench::recover() {
     if (!mayLeaveEdits("Recover and drop them?")) return;
     emptyDetails();
-    m_requests.sendRecovery();
+    if (m_requests.sendRecovery() != 0) m_changes.states().recoverSent();
 }
 
 void Workbench::dropEdits() {

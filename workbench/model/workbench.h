@@ -10,7 +10,9 @@
 #include "link/model/receiver.h"
 #include "link/model/requests.h"
 #include "link/model/server_link.h"
+#include "workbench/model/decision_log.h"
 #include "workbench/model/decisions.h"
+#include "workbench/model/neighbours.h"
 #include "workbench/model/records/pending_changes.h"
 #include "workbench/model/shown_details.h"
 #include "workbench/model/workbench_view.h"
@@ -34,7 +36,10 @@ public:
     PendingChanges& changes() { return m_changes; }
     const PendingChanges& changes() const { return m_changes; }
 
-    int subscribe() { return m_link.subscribe(); }
+    // What the checker decided in this session.
+    DecisionLog& decisionLog() { return m_log; }
+
+    int subscribe();
     int unsubscribe() { return m_link.unsubscribe(); }
 
     // Takes in a published message; null is ignored.
@@ -42,6 +47,13 @@ public:
 
     // Empties the details and asks for those of `change`, where its kind has any.
     void showDetails(PendingChange change);
+
+    // The key of the change whose details are looked at.
+    const std::optional<std::string>& shownKey() const { return m_details.key(); }
+
+    // Does the same for the next pending change about the same as the one that is looked at, and
+    // returns it; none, and nothing happens, when there is none or the edits stay.
+    std::optional<PendingChange> showNeighbour();
 
     // The checker's hand changed the selection. Details of a change that is not among the selected
     // do not stay beside them, unless they hold unsent edits: then they are dimmed.
@@ -77,19 +89,25 @@ public:
 private:
     void publishedAgain(const std::string& key) override;
     void changeEnded(const std::string& key) override;
+    void outcomeCame(const std::string& key, std::string_view status) override;
+    void noteTried(const TriedRequest& tried);
 
     bool unselected() const;
     void emptyDetails();
     void askForDetails();
     bool mayLeaveEdits(const std::string& question);
-    void caption() { m_view.captionDetails(m_details.caption()); }
+    void caption();
+    void neighboursMoved();
     bool mayModify() const;
     std::optional<std::string> keepEdit(int mnemonic, std::optional<std::string> value);
 
     Host& m_host;
     WorkbenchView& m_view;
     PendingChanges m_changes;
+    DecisionLog m_log;
     ShownDetails m_details;
+    SeenFields m_seenFields;
+    std::string m_neighbours;  // as they were said last
     Intake m_intake;
     serverLink m_link;
     Requests m_requests;

@@ -154,6 +154,17 @@ ColumnProfile ColumnModel::profile() const {
     return profile;
 }
 
+bool ColumnModel::putWidths(std::span<const ColumnId> columns, ColumnProfile& stored) const {
+    if (stored.columns.size() != m_columns.size() ||
+        stored.dataColumns() != static_cast<int>(m_dataSize))
+        return false;
+    for (const ColumnId id : columns) {
+        StoredColumn& column = stored.columns[toIndex(id)];
+        if (column.position >= 0) column.width = width(id);
+    }
+    return true;
+}
+
 void ColumnModel::apply(const ColumnProfile& profile) {
     m_columns.resize(m_dataSize);
     for (const UserDefinedColumn& column : profile.userDefined) addUnchecked(column);

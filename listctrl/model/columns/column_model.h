@@ -88,6 +88,10 @@ public:
 
     ColumnProfile profile() const;
 
+    // Gives the columns that show in a stored profile their present widths, and leaves all else in
+    // it as it is. False, and nothing is changed, when it is of other columns than these.
+    bool putWidths(std::span<const ColumnId> columns, ColumnProfile& stored) const;
+
     // Puts the profile in force instead of all user-defined columns and of what shows. A column
     // without a position in the profile is hidden; a profile without any position is ignored. The
     // data columns may be others than when it was written: user-defined columns keep their

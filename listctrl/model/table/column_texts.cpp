@@ -72,19 +72,27 @@ void ColumnTexts::sort(std::vector<Slot>& slots, Comparison comparison, int dire
     });
 }
 
-DistinctValues ColumnTexts::distinct(const SlotSequence& slots, std::size_t limit) const {
-    DistinctValues found;
+DistinctValues ColumnTexts::distinct(const SlotSequence& stored, std::span<const Slot> counted,
+                                     ValueOrder order) const {
+    std::vector<std::size_t> rows(m_table.size());
+    for (const Slot slot : counted) ++rows[m_codes[slot]];
+    const bool ranked = order == ValueOrder::alphabetical;
+    const std::vector<std::uint64_t> ranks =
+        ranked ? ranksOf(m_table) : std::vector<std::uint64_t>();
     std::vector<bool> seen(m_table.size());
     seen[0] = true;
-    slots.forEach([&](Slot slot) {
+    std::vector<Keyed> items;
+    stored.forEach([&](Slot slot) {
         const Code code = m_codes[slot];
-        if (seen[code]) return;
+        if (!seen[code]) items.push_back({ranked ? ranks[code] : ~std::uint64_t{rows[code]}, code});
         seen[code] = true;
-        if (found.values.size() < limit)
-            found.values.emplace_back(m_table.text(code));
-        else
-            ++found.beyond;
     });
+    std::vector<Keyed> scratch(items.size());
+    sortByKey(items, scratch);
+    DistinctValues found{{}, counted.size()};
+    found.values.reserve(items.size());
+    for (const Keyed& item : items)
+        found.values.push_back({std::string(m_table.text(item.value)), rows[item.value]});
     return found;
 }
 

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -45,8 +46,10 @@ public:
     // Sorts slots by the column; those that compare equal keep their order.
     void sort(std::vector<Slot>& slots, Comparison comparison, int direction);
 
-    // The different texts of these slots.
-    DistinctValues distinct(const SlotSequence& slots, std::size_t limit) const;
+    // The different texts of all `stored` slots, each with how many of `counted` hold it. One pass
+    // over both, and one over the different texts.
+    DistinctValues distinct(const SlotSequence& stored, std::span<const Slot> counted,
+                            ValueOrder order) const;
 
 private:
     using Code = TextTable::Code;

@@ -7,9 +7,21 @@
 
 namespace mc {
 
+// Values that are equal in what they are ordered by come in order of first appearance.
+enum class ValueOrder {
+    mostFrequent,  // among the rows that the other filters leave
+    alphabetical,  // byte by byte, as the column sorts as text
+};
+
+struct DistinctValue {
+    std::string text;
+    std::size_t rows = 0;  // that hold it, of those that the other filters leave
+    bool operator==(const DistinctValue&) const = default;
+};
+
 struct DistinctValues {
-    std::vector<std::string> values;  // in order of first appearance; without the empty one
-    std::size_t beyond = 0;           // how many more there are than were asked for
+    std::vector<DistinctValue> values;  // of all records, without the empty one
+    std::size_t rows = 0;               // that the other filters leave
 };
 
 }  // namespace mc

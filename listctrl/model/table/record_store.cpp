@@ -53,6 +53,7 @@ void RecordStore::deleteRecord(Slot slot) {
 
 void RecordStore::removeRow(Slot slot, std::size_t row) {
     handOn(slot, row);
+    m_changes.selection |= m_selection.forget(slot);
     hide(slot);
     release(slot);
 }
@@ -64,6 +65,7 @@ void RecordStore::reset() {
     }
     m_endSlot = 0;
     m_selection.reset();
+    m_deselectedByFilter = 0;
     m_countedAt.reset();
     m_texts.drop();
     m_rowCount = 0;
@@ -73,9 +75,15 @@ void RecordStore::reset() {
 void RecordStore::refresh(Slot slot) {
     if (!m_texts.hasReader()) return;
     m_texts.reread(slot);
+    filterAgain(slot);
+}
+
+void RecordStore::filterAgain(Slot slot) {
     const bool shown = m_visible.contains(slot);
     if (!passes(slot)) {
-        if (shown) hide(slot);
+        if (!shown) return;
+        deselectFiltered(slot);
+        hide(slot);
     } else if (!shown) {
         show(slot, m_order ? sortedRow(slot) : storedRow(slot));
     } else {
@@ -85,10 +93,18 @@ void RecordStore::refresh(Slot slot) {
 
 void RecordStore::refreshShown(Slot slot) {
     m_texts.reread(slot);
-    if (m_visible.contains(slot)) {
-        const std::size_t row = m_visible.rowOf(slot);
-        rowsChanged(row, row + 1);
-    }
+    repaint(slot);
+}
+
+void RecordStore::touch(Slot slot) {
+    if (m_judge && stores(slot)) return filterAgain(slot);
+    repaint(slot);
+}
+
+void RecordStore::repaint(Slot slot) {
+    if (slot >= m_endSlot || !m_visible.contains(slot)) return;
+    const std::size_t row = m_visible.rowOf(slot);
+    rowsChanged(row, row + 1);
 }
 
 void RecordStore::growTo(Slot slot) {
@@ -118,9 +134,9 @@ void RecordStore::dropTexts() {
     m_passing = {};
 }
 
-DistinctValues RecordStore::distinctValues(ColumnId column, std::size_t limit) {
+DistinctValues RecordStore::distinctValues(ColumnId column, ValueOrder order) {
     if (!m_texts.hasReader()) return {};
-    return m_texts.column(column, m_stored).distinct(m_stored, limit);
+    return m_texts.column(column, m_stored).distinct(m_stored, passing(column), order);
 }
 
 // ---- Filters ----
@@ -132,7 +148,6 @@ RecordStore::Outcome RecordStore::filter() {
         return Outcome::filtersUneven;
     }
     std::vector<Slot>& rows = passing();
-    if (m_arrange) m_arrange(rows);
     if (m_order) sortRows(rows, *m_order);
     replaceRows(rows);
     m_rowCount = m_visible.size();
@@ -142,7 +157,8 @@ RecordStore::Outcome RecordStore::filter() {
 
 bool RecordStore::passes(Slot slot) const {
     const auto& active = m_filters.active();
-    return std::all_of(active.begin(), active.end(),
+    return (!m_judge || m_judge(slot)) &&
+           std::all_of(active.begin(), active.end(),
                        [&](const ActiveFilter& filter) { return passes(slot, filter); });
 }
 
@@ -150,11 +166,12 @@ bool RecordStore::passes(Slot slot, const ActiveFilter& filter) const {
     return filter.pattern.matches(text(slot, filter.column));
 }
 
-std::vector<Slot>& RecordStore::passing() {
+// The records that filters and arrangement let through, as if one column had no filter.
+std::vector<Slot>& RecordStore::passing(std::optional<ColumnId> unfiltered) {
     std::vector<Slot>& slots = m_passing;
     m_stored.copyTo(slots);
     for (const ActiveFilter& filter : m_filters.active()) {
-        if (filter.pattern.matchesEverything()) continue;
+        if (filter.pattern.matchesEverything() || filter.column == unfiltered) continue;
         // A few that are left are tried one by one rather than all texts of the column; more of
         // them when those would have to be read first.
         const std::size_t share = m_texts.keeps(filter.column) ? 512 : 16;
@@ -163,13 +180,17 @@ std::vector<Slot>& RecordStore::passing() {
         else
             m_texts.column(filter.column, m_stored).keepMatching(filter.pattern, slots);
     }
+    if (m_judge) std::erase_if(slots, [this](Slot slot) { return !m_judge(slot); });
+    if (m_arrange) m_arrange(slots);
     return slots;
 }
 
 void RecordStore::replaceRows(const std::vector<Slot>& slots) {
     m_visible.assign(slots);
-    for (Slot slot = 0; slot < m_endSlot && m_selection.any(); ++slot)
-        if (!m_visible.contains(slot)) m_changes.selection |= m_selection.forget(slot);
+    std::vector<Slot> held = m_selection.slots();
+    held.insert(held.end(), {m_selection.focus(), m_selection.anchor()});
+    for (const Slot slot : held)
+        if (slot != kNoSlot && !m_visible.contains(slot)) deselectFiltered(slot);
     rowsChanged(0, RowChanges::kToTheEnd);
 }
 
@@ -273,11 +294,16 @@ void RecordStore::show(Slot slot, std::size_t mapRow) {
 }
 
 void RecordStore::hide(Slot slot) {
-    m_changes.selection |= m_selection.forget(slot);
     const std::size_t mapRow = m_visible.remove(slot);
     --m_rowCount;
     m_changes.count = true;
     rowsChanged(mapRow, RowChanges::kToTheEnd);
+}
+
+// A stored record is out of sight: nothing of the selection is left with it.
+void RecordStore::deselectFiltered(Slot slot) {
+    if (m_selection.selected(slot)) ++m_deselectedByFilter;
+    m_changes.selection |= m_selection.forget(slot);
 }
 
 // A shown record changed: moves it if the order wants it.
@@ -295,7 +321,7 @@ void RecordStore::moveIntoOrder(Slot slot, std::size_t mapRow) {
 void RecordStore::handOn(Slot slot, std::size_t row) {
     const Slot after = slotAt(row + 1);
     if (after != kNoSlot && m_selection.selected(slot))
-        m_changes.selection |= m_selection.select(after, true);
+        m_changes.selection |= m_selection.select(after, true, RowSelection::By::list);
     const Slot heir = after != kNoSlot || row == 0 ? after : slotAt(row - 1);
     m_changes.selection |= m_selection.handOn(slot, heir);
 }
@@ -318,15 +344,21 @@ RowChanges RecordStore::takeChanges() {
 
 void RecordStore::select(std::size_t row, bool on) {
     const Slot slot = slotAt(row);
-    if (slot != kNoSlot) m_changes.selection |= m_selection.select(slot, on);
+    if (slot != kNoSlot) selectionMade(m_selection.select(slot, on));
 }
 
 void RecordStore::selectAll() {
-    m_visible.forEach([&](Slot slot) { m_changes.selection |= m_selection.select(slot, true); });
+    m_visible.forEach([&](Slot slot) { selectionMade(m_selection.select(slot, true)); });
 }
 
 void RecordStore::clearSelection() {
-    m_changes.selection |= m_selection.clear();
+    selectionMade(m_selection.clear());
+}
+
+void RecordStore::selectionMade(bool changed) {
+    if (!changed) return;
+    m_changes.selection = true;
+    m_deselectedByFilter = 0;
 }
 
 bool RecordStore::selected(std::size_t row) const {
@@ -340,6 +372,11 @@ const std::vector<std::size_t>& RecordStore::selectedRows() const {
     m_selectedRows.clear();
     if (m_selection.count() == 0) return m_selectedRows;
     m_selectedRows.reserve(m_selection.count());
+    if (m_selection.count() < m_visible.size() / 64) {
+        for (const Slot slot : m_selection.slots()) m_selectedRows.push_back(*rowOf(slot));
+        std::sort(m_selectedRows.begin(), m_selectedRows.end());
+        return m_selectedRows;
+    }
     std::size_t at = 0;
     m_visible.forEach([&](Slot slot) {
         if (m_selection.selected(slot)) m_selectedRows.push_back(mapRow(at));

@@ -20,6 +20,7 @@
 #include <limits>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "listctrl/model/table/cell_texts.h"
@@ -90,6 +91,10 @@ public:
     // The same, but a visible row stays visible, where it is.
     void refreshShown(Slot slot);
 
+    // The record is as it was but for what the judge looks at: it is judged and painted again.
+    void touch(Slot slot);
+    void touchAll() { rowsChanged(0, RowChanges::kToTheEnd); }
+
     std::size_t storedCount() const { return m_stored.size(); }
     bool stores(Slot slot) const { return slot < m_endSlot && m_stored.contains(slot); }
     Slot storedAt(std::size_t position) const { return m_stored.at(position); }
@@ -105,6 +110,12 @@ public:
 
     // The row of the record; none while it is filtered out, or when there is no such record.
     std::optional<std::size_t> rowOf(Slot slot) const;
+
+    // Calls `visit` with the record of every visible row; it must not change the store.
+    template <class Visit>
+    void forEachVisible(Visit visit) const {
+        m_visible.forEach(visit);
+    }
 
     // The text of a row's cell, as the reader gives it and as long as that lives; empty beyond the
     // end, "no data descriptor initialised" without a reader.
@@ -130,8 +141,14 @@ public:
     // pass over the slots, and over the different texts of the filtered columns.
     Outcome filter();
 
-    // What has the last word in a filter pass: it is given the records that pass, in stored order,
-    // and may take some away or add others. Records that come between passes are not arranged.
+    // What else a record must satisfy to have a row; an empty function ends it. It counts from the
+    // next pass on, and for each record that comes, changes or is touched.
+    using Judge = std::function<bool(Slot)>;
+    void setJudge(Judge judge) { m_judge = std::move(judge); }
+
+    // What has the last word in a filter pass, and in what distinctValues() counts: it is given the
+    // records that pass, in stored order, and may take some away or add others. Records that come
+    // between passes are not arranged.
     using Arrange = std::function<void(std::vector<Slot>& passing)>;
     void setArrange(Arrange arrange) { m_arrange = std::move(arrange); }
 
@@ -153,8 +170,15 @@ public:
     void clearSelection();
     bool selected(std::size_t row) const;
     std::size_t selectedCount() const { return m_selection.count(); }
-    // Ascending. Counted when first asked for after a change; valid until the next one.
+    // Ascending. Counted when first asked for after a change, in a time that grows with the number
+    // of selected rows, or with all when they are many; valid until the next change.
     const std::vector<std::size_t>& selectedRows() const;
+    // The selected records, in no order; valid until the next change.
+    const std::vector<Slot>& selectedSlots() const { return m_selection.slots(); }
+    // Whether the list selected the record by itself, after a removal, and the hand has not since.
+    bool chosenByList(Slot slot) const { return stores(slot) && m_selection.chosenByList(slot); }
+    // How many rows filters have deselected since the hand last selected.
+    std::size_t deselectedByFilter() const { return m_deselectedByFilter; }
     // Another value after every change of which records are selected.
     std::uint64_t selectionRevision() const { return m_selection.revision(); }
 
@@ -167,8 +191,9 @@ public:
 
     // ---- Columns ----
 
-    // The choices of a column over all records, filtered out or not, in one pass.
-    DistinctValues distinctValues(ColumnId column, std::size_t limit = 10'000);
+    // The choices of a column over all records, filtered out or not, with how many rows each would
+    // have under the other filters of the last pass. Costs as much as a filter pass.
+    DistinctValues distinctValues(ColumnId column, ValueOrder order = ValueOrder::mostFrequent);
 
     // The column's texts changed for all records (an expression did): forgets the kept ones. The
     // rows change with the next pass.
@@ -186,11 +211,13 @@ private:
 
     void growTo(Slot slot);
     void release(Slot slot);
+    void filterAgain(Slot slot);
+    void repaint(Slot slot);
 
     void sortRows(std::vector<Slot>& rows, const SortOrder& order);
     bool passes(Slot slot) const;
     bool passes(Slot slot, const ActiveFilter& filter) const;
-    std::vector<Slot>& passing();
+    std::vector<Slot>& passing(std::optional<ColumnId> unfiltered = {});
     void replaceRows(const std::vector<Slot>& slots);
 
     // Rows of the visible map: as shown, unless the list is reversed.
@@ -203,12 +230,15 @@ private:
     void moveIntoOrder(Slot slot, std::size_t mapRow);
     void show(Slot slot, std::size_t mapRow);
     void hide(Slot slot);
+    void deselectFiltered(Slot slot);
+    void selectionMade(bool changed);
     void removeRow(Slot slot, std::size_t row);
     void handOn(Slot slot, std::size_t row);
     void rowsChanged(std::size_t first, std::size_t last);
 
     CellTexts m_texts;
     RowFilters m_filters;
+    Judge m_judge;
     Arrange m_arrange;
     SlotSequence m_stored;
     SlotSequence m_visible;
@@ -217,6 +247,7 @@ private:
 
     Slot m_endSlot = 0;  // behind the largest slot there has been
     RowSelection m_selection;
+    std::size_t m_deselectedByFilter = 0;
     // The selected rows as last counted, and at which revision of the selection.
     mutable std::vector<std::size_t> m_selectedRows;
     mutable std::optional<std::uint64_t> m_countedAt;

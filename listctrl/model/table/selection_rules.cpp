@@ -5,10 +5,8 @@
 namespace mc {
 
 void SelectionRules::selectOnly(std::size_t row) {
-    if (m_store.selectedCount() != 1 || !m_store.selected(row)) {
-        m_store.clearSelection();
-        m_store.select(row, true);
-    }
+    if (m_store.selectedCount() != 1 || !m_store.selected(row)) m_store.clearSelection();
+    m_store.select(row, true);
     m_store.setAnchor(row);
 }
 

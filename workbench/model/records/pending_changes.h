@@ -3,7 +3,7 @@
 //
 // Texts that differ from change to change are kept with the change; those with few different values
 // (maker, branch, broker, kind ...) are coded once, when they come, in columns that the list's
-// filters and sorts work on. So a change takes about 130 bytes, and the first filter of such a
+// filters and sorts work on. So a change takes about 140 bytes, and the first filter of such a
 // column reads no change. What is read out is a copy: it stays as it was, whatever comes meanwhile.
 //
 // Calls cost the logarithm of the number of changes at most, where nothing else is said. One
@@ -19,19 +19,14 @@
 
 #include "link/model/pending_record.h"
 #include "listctrl/model/table/record_store.h"
+#include "workbench/model/records/change_states.h"
+#include "workbench/model/records/entity_index.h"
 #include "workbench/model/records/key_index.h"
+#include "workbench/model/records/quick_filter.h"
+#include "workbench/model/records/records_view.h"
 #include "workbench/model/records/short_text.h"
 
 namespace mc {
-
-// Notified of the rows that come, change and go. Implemented by the view of the workbench.
-class RecordsView {
-public:
-    virtual void rowsChanged() = 0;
-
-protected:
-    ~RecordsView() = default;
-};
 
 // A change as it was read out. Its slot tells it from a later change of the same key: see Hold.
 struct PendingChange : sMakeCheckStruct {
@@ -61,6 +56,13 @@ public:
     RecordStore& rows() { return m_rows; }
     const RecordStore& rows() const { return m_rows; }
 
+    // What was done with the changes, by slot.
+    ChangeStates& states() { return m_states; }
+    const ChangeStates& states() const { return m_states; }
+
+    QuickFilter& quickFilter() { return m_quickFilter; }
+    const QuickFilter& quickFilter() const { return m_quickFilter; }
+
     // The change in a row of the main list; none beyond the end.
     std::optional<PendingChange> recordAt(std::size_t row) const;
 
@@ -70,6 +72,14 @@ public:
     // The text of a cell of the main list, cut to kCellBytes; empty where there is no column. Lives
     // until the next change comes or changes.
     std::string_view cellText(Slot change, ColumnId column) const;
+
+    // The whole text of a cell, not cut. Lives as long.
+    std::string_view wholeText(Slot change, ColumnId column) const;
+
+    // The pending changes about the same entity as `change`, itself included if it is pending, in
+    // the order of their keys; kMaxAbout at most. Costs a look at each.
+    static constexpr std::size_t kMaxAbout = 64;
+    std::vector<PendingChange> aboutTheSame(const PendingChange& change) const;
 
     // The change under `key`.
     std::optional<PendingChange> findRecord(std::string_view key) const;
@@ -91,7 +101,9 @@ public:
 
     // Indexes the change under its key and appends its row; a key that is indexed already adds
     // nothing.
-    void addRecord(std::string_view key, const ChangeTexts& texts);
+    using Origin = ChangeStates::Origin;
+    void addRecord(std::string_view key, const ChangeTexts& texts,
+                   Origin origin = Origin::published);
 
     // Removes the change under the key and its row. Changes nothing when the key is not indexed.
     void removeRecord(std::string_view key);
@@ -131,9 +143,12 @@ private:
     static constexpr std::size_t kCodedCount = 5;
 
     PendingChange read(Slot slot) const;
-    void write(Slot slot, const ChangeTexts& texts);
+    bool write(Slot slot, const ChangeTexts& texts);
+    bool renames(Slot slot, const ChangeTexts& texts) const;
     Slot takeSlot();
     void freeSlots();
+    bool isHalf(Slot slot) const;
+    QuickFilter::IsOne sameAs(Slot slot) const;
 
     RecordsView& m_view;
     std::deque<OwnTexts> m_own;                    // by slot
@@ -144,7 +159,15 @@ private:
         std::string_view operator()(Slot slot) const { return own[slot].key.view(); }
     };
     KeyIndex<KeyOf> m_index{KeyOf{m_own}};
+    struct EntitiesOf {
+        const PendingChanges& changes;
+        Entity own(Slot slot) const;
+        Entity linked(Slot slot) const;
+    };
+    EntityIndex<EntitiesOf> m_byEntity{EntitiesOf{*this}};
     RecordStore m_rows;
+    ChangeStates m_states;
+    QuickFilter m_quickFilter;
     std::vector<Slot> m_free;  // slots without a change
     std::vector<Slot> m_gone;  // those that went while there is a Hold
     int m_holds = 0;

@@ -1,0 +1,30 @@
+// BoldFont: the bold face of a list's font.
+#pragma once
+
+#include <windows.h>
+
+#include "framework/handles.h"
+
+namespace mc {
+
+class BoldFont {
+public:
+    // Made when first asked for; null when it cannot be made.
+    HFONT of(HWND list) const {
+        if (m_font) return m_font.get();
+        const auto font = reinterpret_cast<HFONT>(SendMessageA(list, WM_GETFONT, 0, 0));
+        LOGFONTA bold{};
+        if (GetObjectA(font, sizeof bold, &bold) == 0) return nullptr;
+        bold.lfWeight = FW_BOLD;
+        m_font.reset(CreateFontIndirectA(&bold));
+        return m_font.get();
+    }
+
+    // The list has another font.
+    void reset() { m_font.reset(); }
+
+private:
+    mutable fw::Font m_font;
+};
+
+}  // namespace mc

@@ -1,0 +1,90 @@
+#include "workbench/change_looks.h"
+
+#include <algorithm>
+
+namespace mc {
+namespace {
+
+// A mark is made of dots, one pixel each at 96 dots per inch. It is no wider than a margin.
+constexpr std::string_view kChanged[] = {"#   ", "##  ", "### ", "####", "### ", "##  ", "#   "};
+constexpr std::string_view kNew[] = {"  #  ", "  #  ", "#####", "  #  ", "  #  "};
+constexpr std::string_view kDoubtful[] = {" ### ", "#   #", "    #", "   # ",
+                                          "  #  ", "     ", "  #  "};
+constexpr std::string_view kAccept[] = {"    #", "    #", "   # ", "#  # ",
+                                        "## # ", " ##  ", " ##  "};
+constexpr std::string_view kReject[] = {"#   #", "## ##", " ### ", "  #  ",
+                                        " ### ", "## ##", "#   #"};
+constexpr std::string_view kUpdate[] = {"  #  ", " ### ", "#####", "  #  ",
+                                        "  #  ", "  #  ", "  #  "};
+
+// Pixels at 96 dots per inch; a cell has a margin at both sides.
+constexpr int kMargin = 6;
+constexpr int kBarWidth = 3;
+constexpr int kBesideBar = 2;
+constexpr int kBeforeText = 1;
+
+std::span<const std::string_view> markOf(SentDecision sent) {
+    switch (sent) {
+        case SentDecision::accept:
+            return kAccept;
+        case SentDecision::reject:
+            return kReject;
+        case SentDecision::update:
+            return kUpdate;
+        case SentDecision::none:
+            break;
+    }
+    return {};
+}
+
+void fillWithText(HDC dc, const RECT& rect) {
+    SetDCBrushColor(dc, GetTextColor(dc));
+    FillRect(dc, &rect, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+}
+
+}  // namespace
+
+// From `left` to the right, in the middle between top and bottom of the cell.
+void ChangeLooks::drawMark(HDC dc, Mark mark, LONG left, const RECT& cell) const {
+    const LONG top = (cell.top + cell.bottom - m_list.scaled(static_cast<int>(mark.size()))) / 2;
+    int y = 0;
+    for (const std::string_view dots : mark) {
+        const LONG above = top + m_list.scaled(y), below = top + m_list.scaled(++y);
+        for (std::size_t end, x = dots.find('#'); x < dots.size(); x = dots.find('#', end)) {
+            end = std::min(dots.find(' ', x), dots.size());
+            fillWithText(dc, {left + m_list.scaled(static_cast<int>(x)), above,
+                              left + m_list.scaled(static_cast<int>(end)), below});
+        }
+    }
+}
+
+void ChangeLooks::drawOver(HDC dc, std::size_t row, int item, const RECT& cell) const {
+    if (item > 1) return;
+    const ChangeState state = stateOf(row);
+    if (item == 1)
+        return drawMark(dc, markOf(state.sent), cell.left + m_list.scaled(kBeforeText), cell);
+    if (state.shown)
+        fillWithText(dc, {cell.left, cell.top, cell.left + m_list.scaled(kBarWidth), cell.bottom});
+    if (state.reading == Reading::changedSince)
+        drawMark(dc, kChanged, cell.left + m_list.scaled(kBesideBar), cell);
+    const LONG right = cell.right - m_list.scaled(kMargin);
+    if (state.doubtful) drawMark(dc, kDoubtful, right, cell);
+    if (state.newByRecover) drawMark(dc, kNew, right, cell);
+}
+
+ChangeState ChangeLooks::stateOf(std::size_t row) const {
+    return m_changes.states().of(m_changes.rows().slotAt(row));
+}
+
+CellLook ChangeLooks::look(std::size_t row, int) const {
+    CellLook look;
+    look.fontYields = true;
+    if (stateOf(row).reading != Reading::lookedAt) look.font = m_bold.of(m_list.handle());
+    return look;
+}
+
+std::string ChangeLooks::tip(std::size_t row, int item) const {
+    return item == 0 ? wordsOf(stateOf(row)) : std::string();
+}
+
+}  // namespace mc
