@@ -59,6 +59,11 @@ void CVTHolderFrame::setViews(std::vector<HeldView> views) {
 void CVTHolderFrame::setTitle(std::size_t view, const std::string& title) {
     if (view >= m_views.size() || m_views[view].title == title) return;
     m_views[view].title = title;
+    noteChanged(view);
+}
+
+void CVTHolderFrame::noteChanged(std::size_t view) {
+    if (view >= m_frames.size()) return;
     const RECT strip = m_frames[view].strip();
     InvalidateRect(handle(), &strip, FALSE);
 }
@@ -206,6 +211,11 @@ void CVTHolderFrame::showMenu(std::size_t view, POINT screen) {
     if (chosen == kAppearance && openAppearance) openAppearance();
 }
 
+std::string CVTHolderFrame::titleOf(const HeldView& view) const {
+    const std::string note = view.note ? view.note() : "";
+    return note.empty() ? view.title : view.title + " - " + note;
+}
+
 void CVTHolderFrame::onPaint() {
     const fw::PaintScope paint(handle());
     const RECT client = clientRect();
@@ -214,7 +224,8 @@ void CVTHolderFrame::onPaint() {
     const HWND focus = GetFocus();
     for (std::size_t i = 0; i < m_views.size(); ++i) {
         const HWND view = m_views[i].window;
-        m_frames[i].draw(paint.dc(), m_views[i].title, focus == view || IsChild(view, focus) != 0);
+        m_frames[i].draw(paint.dc(), titleOf(m_views[i]),
+                         focus == view || IsChild(view, focus) != 0);
     }
 }
 

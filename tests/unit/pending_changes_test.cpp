@@ -51,28 +51,6 @@ TEST_F(PendingChangesTest, KeepsEveryTextAndShowsItByColumn) {
     }
 }
 
-TEST_F(PendingChangesTest, NamesTheKindOfChange) {
-    const struct {
-        const char *code, *text;
-    } cases[] = {{"339", "ADD USER"},
-                 {"340", "MODIFY USER"},
-                 {"353", "ADD CLIENT"},
-                 {"354", "MODIFY CLIENT"},
-                 {"360", "RMS Limits"},
-                 {"365", "DELETE USER"},
-                 {"366", "DELETE Account"},
-                 {"341", ""},
-                 {"", ""},
-                 {"339 ", ""},
-                 {"0339", ""}};
-    add("1001");
-    for (const auto& each : cases) {
-        EXPECT_TRUE(changes.rewriteRecord(changes.find("1001"), {.functionalityCode = each.code}));
-        EXPECT_EQ(cell(kKindColumn), each.text) << each.code;
-        EXPECT_EQ(changes.at(0).functionalityCode, each.code);
-    }
-}
-
 TEST_F(PendingChangesTest, AKeyIsAddedOnceAndRemovedOnce) {
     add("1001", "first");
     add("1001", "second");

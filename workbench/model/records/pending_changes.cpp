@@ -24,7 +24,12 @@ constexpr PendingChanges::CodedField PendingChanges::kCodedFields[kCodedCount] =
     {&ChangeTexts::type, &sMakeCheckStruct::type, std::nullopt},
 };
 
-PendingChanges::PendingChanges(RecordsView& view) : m_view(view), m_states(m_rows, view) {
+PendingChanges::PendingChanges(RecordsView& view)
+    : m_view(view),
+      m_states(m_rows, view),
+      m_quickFilter(
+          m_rows, m_states, [this](Slot slot) { return halfOf(slot) != Half::none; },
+          [this](Slot slot) { return sameAs(slot); }) {
     m_rows.setCellReader([this](Slot slot, ColumnId column) { return cellText(slot, column); });
     m_rows.shareColumn(kKindColumn, m_kinds);
     for (std::size_t i = 0; i < kCodedCount; ++i)
@@ -63,11 +68,8 @@ std::optional<PendingChange> PendingChanges::recordAt(std::size_t row) const {
     return slot != kNoSlot ? std::optional(read(slot)) : std::nullopt;
 }
 
-std::vector<PendingChange> PendingChanges::selectedRecords() const {
-    std::vector<PendingChange> changes;
-    changes.reserve(m_rows.selectedCount());
-    for (const std::size_t row : m_rows.selectedRows()) changes.push_back(read(m_rows.slotAt(row)));
-    return changes;
+std::optional<PendingChange> PendingChanges::recordIn(Slot slot) const {
+    return isPending(slot) ? std::optional(read(slot)) : std::nullopt;
 }
 
 std::optional<PendingChange> PendingChanges::findRecord(std::string_view key) const {
@@ -89,6 +91,7 @@ std::string_view PendingChanges::text(Slot slot, CodedText which) const {
     return m_coded[static_cast<std::size_t>(which)].text(slot);
 }
 
+// Of an investor, whose new user and new client are accepted together.
 bool PendingChanges::isPending(const PendingChange& change) const {
     return m_rows.stores(change.slot) && m_own[change.slot].key.view() == change.key;
 }
@@ -102,6 +105,27 @@ bool PendingChanges::selected(std::string_view key) const {
     return row && m_rows.selected(*row);
 }
 
+// ---- Investors' pairs ----
+
+PendingChanges::Half PendingChanges::halfOf(Slot slot) const {
+    if (text(slot, CodedText::type) != kInvestorClient) return Half::none;
+    const std::string_view code = text(slot, CodedText::functionality);
+    return code == kAddUser ? Half::user : code == kAddClient ? Half::client : Half::none;
+}
+
+std::string_view PendingChanges::userOf(Slot slot) const {
+    const OwnTexts& own = m_own[slot];
+    return (halfOf(slot) == Half::user ? own.entityName : own.linkedUser).view();
+}
+
+Slot PendingChanges::otherHalf(Slot slot) const {
+    const Half half = halfOf(slot), other = half == Half::user ? Half::client : Half::user;
+    if (half == Half::none) return kNoSlot;
+    return m_byEntity.findIf({EntityKind::user, userOf(slot)}, [&](Slot each) {
+        return halfOf(each) == other && !m_rows.isSelected(each);
+    });
+}
+
 // ---- What they are about ----
 
 Entity PendingChanges::EntitiesOf::own(Slot slot) const {
@@ -113,6 +137,21 @@ Entity PendingChanges::EntitiesOf::linked(Slot slot) const {
     return linkedEntityOf(changes.text(slot, CodedText::functionality),
                           changes.text(slot, CodedText::type),
                           changes.m_own[slot].linkedUser.view());
+}
+
+// Holds a copy, as the change may be gone when it is asked.
+QuickFilter::IsOne PendingChanges::sameAs(Slot slot) const {
+    return [this, change = read(slot)](Slot other) {
+        const Entity entities[] = {
+            entityOf(change.functionalityCode, change.entityName),
+            linkedEntityOf(change.functionalityCode, change.type, change.linkedUser)};
+        const auto isOne = [&entities](const Entity& entity) {
+            return entity.kind != EntityKind::none &&
+                   std::ranges::find(entities, entity) != std::end(entities);
+        };
+        const EntitiesOf about{*this};
+        return isOne(about.own(other)) || isOne(about.linked(other));
+    };
 }
 
 std::vector<PendingChange> PendingChanges::aboutTheSame(const PendingChange& change) const {
