@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "framework/list_view.h"
 #include "listctrl/list_colors.h"
 #include "res/resource_ids.h"
 #include "workbench/model/queue_words.h"
@@ -56,6 +57,7 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
     m_main->onUpdate([this, &changes] {
         m_main->setEmptyText(emptyQueueText(changes.states()));
         m_holder.noteChanged(kMainView);
+        m_news();
     });
     m_details->onUpdate([this] { m_holder.noteChanged(kDetailsView); });
     m_line.create(m_holder.handle(), IDC_DETAIL_LINE);
@@ -99,10 +101,15 @@ void CheckerLists::colorsChanged() {
         SendMessageA(list, WM_SYSCOLORCHANGE, 0, 0);
 }
 
+void CheckerLists::bringIntoView(std::size_t mainRow) const {
+    fw::ListView(m_main->handle()).bringIntoView(mainRow);
+}
+
 // ---- What the rules say ----
 
 void CheckerLists::rowsChanged() {
     if (m_main != nullptr) m_main->storeChanged();
+    m_news();
 }
 
 void CheckerLists::selectChange(Slot change) {
@@ -143,6 +150,7 @@ void CheckerLists::captionDetails(const DetailsCaption& caption) {
     if (!caption.neighbours.empty()) title += " - " + caption.neighbours;
     m_holder.setTitle(kDetailsView, title);
     SetWindowTextA(m_details->handle(), title.c_str());  // what screen readers call it
+    m_news();
 }
 
 // The row shows what the update will send, not what was typed. A value that will not be sent stays

@@ -5,6 +5,7 @@
 // gone, nothing is shown and no key is taken.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -35,6 +36,14 @@ public:
     void layOut() { m_holder.layOut(); }  // what is in the frame: the dots per inch changed
     void showWindows();
     void colorsChanged();
+
+    // What is called when rows, their selection or states, or unsent edits may have changed. It
+    // must not call the workbench.
+    void onNews(std::function<void()> news) { m_news = std::move(news); }
+
+    // Takes every filter off the main list, and brings a row of it into view.
+    void resetMainFilters() { m_main->command(kResetFiltersCommand); }
+    void bringIntoView(std::size_t mainRow) const;
 
     HWND mainWindow() const { return m_main != nullptr ? m_main->handle() : nullptr; }
 
@@ -72,6 +81,7 @@ private:
     std::unique_ptr<CMultiLineEditListCtrl> m_details;
     CDetailLine m_line{m_lines};  // below the details
     DetailsCaption m_caption;
+    std::function<void()> m_news = [] {};
     bool m_heldInEditor = false;  // the last key was pressed in an editor of the details
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "framework/hwnd.h"
 #include "res/resource_ids.h"
 #include "workbench/rejection_dialog.h"
 
@@ -22,7 +23,7 @@ constexpr fw::ActionKey kActionKeys[] = {
     {VK_F5, false, IDC_RECOVER, "Ask for everything that is pending (F5)"},
 };
 
-constexpr int kButtons[] = {IDC_ACCEPT, IDC_REJECT, IDC_UPDATE, IDC_RECOVER};
+constexpr int kButtons[] = {IDC_ACCEPT, IDC_REJECT, IDC_UPDATE, IDC_RECOVER};  // of PressButton
 
 PaneCommand commandOf(UINT key) {
     const Modifiers keys = modifiersDown();
@@ -59,6 +60,7 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
         fw::onCommand<IDC_UPDATE, &CMakerChecker::onUpdate, BN_CLICKED>(),
         fw::onCommand<IDC_RECOVER, &CMakerChecker::onRecover, BN_CLICKED>(),
         fw::onCommand<IDC_CANCEL, &CMakerChecker::onCancel>(),
+        fw::onCommand<IDC_PRESS_LINE, &CMakerChecker::selectPair, BN_CLICKED>(),
         fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(NM_DBLCLK), &CMakerChecker::onShowSelected>(),
         fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(NM_RETURN), &CMakerChecker::onShowFocused>(),
         fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(LVN_ITEMCHANGED),
@@ -77,6 +79,8 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
 
 LRESULT CMakerChecker::onInitDialog() {
     m_workbench = std::make_unique<Workbench>(m_host, m_lists);
+    m_line.create(handle(), IDC_PRESS_LINE);
+    m_lists.onNews([this] { m_line.stale(); });
     m_lists.open(handle(), listsRect(), m_workbench->changes());
 
     // Without the right nothing is offered for editing that could not be sent.
@@ -85,20 +89,34 @@ LRESULT CMakerChecker::onInitDialog() {
         ShowWindow(GetDlgItem(handle(), IDC_UPDATE), SW_HIDE);
     else
         m_lists.offerEditing(handle());
-    for (const int id : kButtons) m_buttons.add(GetDlgItem(handle(), id));
+    for (std::size_t i = 0; i < std::size(kButtons); ++i) {
+        const HWND button = GetDlgItem(handle(), kButtons[i]);
+        m_buttons.add(button);
+        m_line.watch(button, static_cast<PressButton>(i));
+    }
     return FALSE;
 }
 
 // ---- Lay-out ----
 
-// The lists take what the buttons leave.
-RECT CMakerChecker::listsRect() const {
+// The press line lies under the buttons, and the lists take what is left.
+RECT CMakerChecker::listsRect() {
     RECT rect = clientRect();
+    const int width = static_cast<int>(rect.right);
+    const int line = m_buttons.arrange(width) + scaled(3), height = m_line.heightFor(width);
     rect.left += scaled(5);
-    rect.top = std::max(scaled(55), m_buttons.arrange(static_cast<int>(rect.right)) + scaled(4));
     rect.right -= scaled(5);
     rect.bottom -= scaled(5);
+    rect.top = std::max(scaled(55), line + height + scaled(3));
+    SetWindowPos(m_line.handle(), nullptr, rect.left, line, std::max<int>(fw::widthOf(rect), 0),
+                 height, SWP_NOZORDER | SWP_NOACTIVATE);
     return rect;
+}
+
+void CMakerChecker::onColorsChanged() {
+    m_lists.colorsChanged();
+    m_decisions.colorsChanged();
+    m_line.stale();
 }
 
 // The frame's own size may have stayed, and what is in it has not.
@@ -205,6 +223,10 @@ void CMakerChecker::run(PaneCommand command) {
         case PaneCommand::quickFilterBack:
         case PaneCommand::quickFilterOff:
             return chooseQuickFilter(command);
+        case PaneCommand::selectPair:
+            return selectPair();
+        case PaneCommand::openNext:
+            return openNext();
     }
 }
 
@@ -237,22 +259,61 @@ void CMakerChecker::decide(Decision decision) {
     decision(*m_workbench);
 }
 
+// The line is about this button from the press to its end, and says what the press does.
+template <class Decision>
+void CMakerChecker::press(PressButton button, Decision decision) {
+    decide([&](Workbench& workbench) {
+        struct Scope {
+            CPressLine& line;
+            ~Scope() { line.end(); }
+        } const scope(m_line);
+        m_line.begin(button);
+        decision(workbench);
+    });
+}
+
+PressLine CMakerChecker::describe(PressButton button) const {
+    if (m_workbench == nullptr) return {};
+    return describePress(m_workbench->plan(button), m_workbench->changes());
+}
+
 void CMakerChecker::onAccept() {
-    decide([](Workbench& workbench) { workbench.accept(workbench.changes().selectedRecords()); });
+    press(PressButton::accept,
+          [](Workbench& workbench) { workbench.accept(workbench.changes().selectedRecords()); });
 }
 
 void CMakerChecker::onReject() {
-    decide([](Workbench& workbench) {
+    press(PressButton::reject, [](Workbench& workbench) {
         workbench.reject(workbench.changes().selectedRecords(), askRejectionReason);
     });
 }
 
 void CMakerChecker::onUpdate() {
-    decide([](Workbench& workbench) { workbench.update(); });
+    press(PressButton::update, [](Workbench& workbench) { workbench.update(); });
 }
 
 void CMakerChecker::onRecover() {
-    decide([](Workbench& workbench) { workbench.recover(); });
+    press(PressButton::recover, [](Workbench& workbench) { workbench.recover(); });
+}
+
+// Filters that hide a half are taken off.
+void CMakerChecker::selectPair() {
+    decide([this](Workbench& workbench) {
+        const std::vector<Slot> halves = workbench.missingHalves();
+        const RecordStore& rows = workbench.changes().rows();
+        const auto hidden = [&rows](Slot slot) { return !rows.rowOf(slot); };
+        if (std::ranges::any_of(halves, hidden)) m_lists.resetMainFilters();
+        if (halves.empty()) return;
+        workbench.selectHalves(halves);
+        if (const auto row = rows.rowOf(halves.front())) m_lists.bringIntoView(*row);
+    });
+}
+
+void CMakerChecker::openNext() {
+    decide([this](Workbench& workbench) {
+        if (!workbench.openNext()) return;
+        if (const auto row = workbench.changes().rows().focusedRow()) m_lists.bringIntoView(*row);
+    });
 }
 
 void CMakerChecker::applyMainFilter() {

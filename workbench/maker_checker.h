@@ -1,8 +1,8 @@
 // CMakerChecker: the checker's workbench, one docking pane in the host's main frame.
 //
-// A row of decision buttons lies above two lists: one row per pending change, and below it the
-// details of the change that is looked at. The pane draws, asks the Workbench and tells it what the
-// checker did; every rule is there.
+// A row of decision buttons, and the line that says what a press would do, lie above two lists: one
+// row per pending change, and below it the details of the change that is looked at. The pane draws,
+// asks the Workbench and tells it what the checker did; every rule is there.
 #pragma once
 
 #include <memory>
@@ -15,6 +15,7 @@
 #include "workbench/decisions_panel.h"
 #include "workbench/model/pane_commands.h"
 #include "workbench/model/workbench.h"
+#include "workbench/press_line_window.h"
 
 namespace mc {
 
@@ -50,10 +51,7 @@ private:
     LRESULT onInitDialog();
     void onSize(int, int) { layOut(); }
     void onDpiChanged();
-    void onColorsChanged() {
-        m_lists.colorsChanged();
-        m_decisions.colorsChanged();
-    }
+    void onColorsChanged();
     void onDestroy();
     void keepFloatSize();
     void onAccept();
@@ -76,9 +74,15 @@ private:
     void run(PaneCommand command);
     void chooseQuickFilter(PaneCommand command);
 
+    void selectPair();
+    void openNext();
+
     template <class Decision>
     void decide(Decision decision);
-    RECT listsRect() const;
+    template <class Decision>
+    void press(PressButton button, Decision decision);
+    PressLine describe(PressButton button) const;
+    RECT listsRect();
     void layOut() { m_lists.move(m_decisions.takeRoom(listsRect())); }
     void toggleDecisions();
 
@@ -86,6 +90,7 @@ private:
     CControlPos m_buttons;
     CVoskDialogBar m_bar;  // the pane while it floats
     std::unique_ptr<Workbench> m_workbench;
+    CPressLine m_line{[this](PressButton button) { return describe(button); }};
     CheckerLists m_lists;           // on the rows of the workbench, and so behind it here
     DecisionsPanel m_decisions;     // likewise
     bool m_selectionWaits = false;  // for the end of an edit, with what it does to the details

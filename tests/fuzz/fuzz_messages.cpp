@@ -174,11 +174,12 @@ private:
             m_workbench.choiceMade(field, typed.c_str());
     }
 
-    std::vector<PendingChange> selection() {
+    std::vector<Slot> selection() {
         const std::size_t which = m_input.below(4);
-        std::vector<PendingChange> rows;
+        std::vector<Slot> rows;
         for (std::size_t row = 0; row < m_workbench.changes().size(); ++row)
-            if (which == 0 || m_input.below(2) == 0) rows.push_back(m_workbench.changes().at(row));
+            if (which == 0 || m_input.below(2) == 0)
+                rows.push_back(m_workbench.changes().at(row).slot);
         return rows;
     }
 

@@ -90,7 +90,7 @@ TEST_F(ChangeStatesTest, SaysWhatWasDoneWithAChange) {
         {"list 7,open 7,other 7,answer user 7", "not looked at; its details are open"},
         {"list 7,open 7,answer user 7,end 7,list 7", "not looked at"},
         {"list 7,list 8,select 7,accept", "not looked at; accept sent at 9:14:05, outcome awaited"},
-        {"list 7,select 7,accept,reject", "not looked at; reject sent at 9:14:05, outcome awaited"},
+        {"list 7,select 7,accept,reject", "not looked at; accept sent at 9:14:05, outcome awaited"},
         {"list 7,select 7,accept,again 7",
          "not looked at; accept sent at 9:14:05, outcome awaited"},
         {"list 7,select 7,accept,other 7", "not looked at"},
@@ -127,7 +127,7 @@ TEST_F(ChangeStatesTest, OnlyWhatLeftIsSent) {
 TEST_F(ChangeStatesTest, CountsTheSelectedAndTheVisible) {
     run("list 5,list 6,list 7,list 8,open 5,answer user 5,select 7,accept,select 5,end 5,recover");
     rows().select(2, true);
-    const StateCounts counts = states().ofSelected();
+    const StateCounts counts = states().count(rows().selectedSlots());
     EXPECT_EQ(counts.changes, 2u);
     EXPECT_EQ(counts.notLookedAt, 2u);
     EXPECT_EQ(counts.doubtful, 2u);

@@ -51,6 +51,7 @@ TEST(Neighbours, AreChangesAboutTheSame) {
 
 struct NoView final : RecordsView {
     void rowsChanged() override {}
+    void statesChanged() override {}
 };
 
 // Against a look at every pair, while changes come, go and become others.

@@ -157,8 +157,8 @@ TEST_F(WorkbenchTest, RecoveryEmptiesTheDetailsAndItsAnswersAreTakenIn) {
 // Behind the message box of a press that is under way.
 TEST_F(WorkbenchTest, AClosedWorkbenchDecidesAndTakesInNothing) {
     for (const char* key : {"1001", "1002", "1003"}) list(key, "340");
-    std::vector<PendingChange> rows;
-    for (std::size_t i = 0; i < 3; ++i) rows.push_back(workbench->changes().at(i));
+    std::vector<Slot> rows;
+    for (std::size_t i = 0; i < 3; ++i) rows.push_back(workbench->changes().at(i).slot);
     host.control().works = false;
     std::size_t sent = 1;
     host.whileBoxIsOpen = [&] {

@@ -10,11 +10,13 @@ enum class PaneCommand {
     quickFilterBack,
     quickFilterOff,
     nextNeighbour,
-    decisions
+    decisions,
+    selectPair,
+    openNext,
 };
 
 inline PaneCommand paneCommand(unsigned virtualKey, bool ctrl, bool shift) {
-    constexpr unsigned kF7 = 0x76, kF8 = 0x77, kF9 = 0x78;
+    constexpr unsigned kF7 = 0x76, kF8 = 0x77, kF9 = 0x78, kEnter = 0x0D;
     constexpr struct {
         unsigned key;
         bool ctrl, shift;
@@ -25,6 +27,8 @@ inline PaneCommand paneCommand(unsigned virtualKey, bool ctrl, bool shift) {
         {kF7, true, false, PaneCommand::quickFilterOff},
         {kF8, false, false, PaneCommand::nextNeighbour},
         {kF9, false, false, PaneCommand::decisions},
+        {'P', true, true, PaneCommand::selectPair},
+        {kEnter, true, true, PaneCommand::openNext},
     };
     for (const auto& line : table)
         if (line.key == virtualKey && line.ctrl == ctrl && line.shift == shift) return line.command;

@@ -386,6 +386,21 @@ const std::vector<std::size_t>& RecordStore::selectedRows() const {
     return m_selectedRows;
 }
 
+// Finding the record of each of many rows would take longer than going over them all.
+std::vector<Slot> RecordStore::selectedInOrder() const {
+    std::vector<Slot> slots;
+    slots.reserve(m_selection.count());
+    if (m_selection.count() < m_visible.size() / 64) {
+        for (const std::size_t row : selectedRows()) slots.push_back(slotAt(row));
+        return slots;
+    }
+    forEachVisible([&](Slot slot) {
+        if (m_selection.selected(slot)) slots.push_back(slot);
+    });
+    if (m_reversed) std::reverse(slots.begin(), slots.end());
+    return slots;
+}
+
 void RecordStore::setFocus(std::size_t row) {
     m_changes.selection |= m_selection.setFocus(slotAt(row));
 }

@@ -169,12 +169,15 @@ public:
     void selectAll();
     void clearSelection();
     bool selected(std::size_t row) const;
+    bool isSelected(Slot slot) const { return stores(slot) && m_selection.selected(slot); }
     std::size_t selectedCount() const { return m_selection.count(); }
     // Ascending. Counted when first asked for after a change, in a time that grows with the number
     // of selected rows, or with all when they are many; valid until the next change.
     const std::vector<std::size_t>& selectedRows() const;
     // The selected records, in no order; valid until the next change.
     const std::vector<Slot>& selectedSlots() const { return m_selection.slots(); }
+    // The same in row order, at the cost of selectedRows().
+    std::vector<Slot> selectedInOrder() const;
     // Whether the list selected the record by itself, after a removal, and the hand has not since.
     bool chosenByList(Slot slot) const { return stores(slot) && m_selection.chosenByList(slot); }
     // How many rows filters have deselected since the hand last selected.

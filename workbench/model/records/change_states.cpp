@@ -133,9 +133,9 @@ ChangeState ChangeStates::of(Slot slot) const {
             .chosenByList = m_rows.chosenByList(slot)};
 }
 
-StateCounts ChangeStates::ofSelected() const {
+StateCounts ChangeStates::count(std::span<const Slot> slots) const {
     StateCounts counts;
-    for (const Slot slot : m_rows.selectedSlots()) {
+    for (const Slot slot : slots) {
         const ChangeState state = of(slot);
         ++counts.changes;
         counts.notLookedAt += state.reading == Reading::notLookedAt;

@@ -10,6 +10,7 @@
 #include <ctime>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -87,7 +88,7 @@ public:
     bool anyCame() const { return m_anyCame; }      // in this session
     bool recovered() const { return m_recovered; }  // a Recover has left in this session
 
-    StateCounts ofSelected() const;  // one pass over the selected changes
+    StateCounts count(std::span<const Slot> slots) const;  // one pass over them
     // Of the visible rows: one pass over these where filters hide some.
     std::size_t notLookedAtVisible() const;
 

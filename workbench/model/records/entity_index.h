@@ -66,6 +66,21 @@ public:
         return found;
     }
 
+    // The first slot of a change about the entity that `accept(slot)` takes; kNoSlot when none is.
+    template <class Accept>
+    Slot findIf(const Entity& entity, Accept accept) const {
+        const std::size_t hash = hashOf(entity);
+        const Slot first = m_size != 0 ? m_first[hash & (m_first.size() - 1)] : kNoSlot;
+        for (Slot slot = first; slot != kNoSlot;) {
+            if (m_entities.own(slot) == entity && accept(slot)) return slot;
+            slot = m_links[slot].next != first ? m_links[slot].next : kNoSlot;
+        }
+        for (auto at = m_linked.lower_bound({hash, 0}); at != m_linked.end() && at->first == hash;
+             ++at)
+            if (m_entities.linked(at->second) == entity && accept(at->second)) return at->second;
+        return kNoSlot;
+    }
+
     void clear() {
         m_first = {};
         m_links.clear();

@@ -28,7 +28,7 @@ PendingChanges::PendingChanges(RecordsView& view)
     : m_view(view),
       m_states(m_rows, view),
       m_quickFilter(
-          m_rows, m_states, [this](Slot slot) { return isHalf(slot); },
+          m_rows, m_states, [this](Slot slot) { return halfOf(slot) != Half::none; },
           [this](Slot slot) { return sameAs(slot); }) {
     m_rows.setCellReader([this](Slot slot, ColumnId column) { return cellText(slot, column); });
     m_rows.shareColumn(kKindColumn, m_kinds);
@@ -68,11 +68,8 @@ std::optional<PendingChange> PendingChanges::recordAt(std::size_t row) const {
     return slot != kNoSlot ? std::optional(read(slot)) : std::nullopt;
 }
 
-std::vector<PendingChange> PendingChanges::selectedRecords() const {
-    std::vector<PendingChange> changes;
-    changes.reserve(m_rows.selectedCount());
-    for (const std::size_t row : m_rows.selectedRows()) changes.push_back(read(m_rows.slotAt(row)));
-    return changes;
+std::optional<PendingChange> PendingChanges::recordIn(Slot slot) const {
+    return isPending(slot) ? std::optional(read(slot)) : std::nullopt;
 }
 
 std::optional<PendingChange> PendingChanges::findRecord(std::string_view key) const {
@@ -95,12 +92,6 @@ std::string_view PendingChanges::text(Slot slot, CodedText which) const {
 }
 
 // Of an investor, whose new user and new client are accepted together.
-bool PendingChanges::isHalf(Slot slot) const {
-    const std::string_view code = text(slot, CodedText::functionality);
-    return text(slot, CodedText::type) == kInvestorClient &&
-           (code == kAddUser || code == kAddClient);
-}
-
 bool PendingChanges::isPending(const PendingChange& change) const {
     return m_rows.stores(change.slot) && m_own[change.slot].key.view() == change.key;
 }
@@ -112,6 +103,27 @@ std::optional<PendingChange> PendingChanges::current(const PendingChange& change
 bool PendingChanges::selected(std::string_view key) const {
     const auto row = m_rows.rowOf(m_index.find(key));
     return row && m_rows.selected(*row);
+}
+
+// ---- Investors' pairs ----
+
+PendingChanges::Half PendingChanges::halfOf(Slot slot) const {
+    if (text(slot, CodedText::type) != kInvestorClient) return Half::none;
+    const std::string_view code = text(slot, CodedText::functionality);
+    return code == kAddUser ? Half::user : code == kAddClient ? Half::client : Half::none;
+}
+
+std::string_view PendingChanges::userOf(Slot slot) const {
+    const OwnTexts& own = m_own[slot];
+    return (halfOf(slot) == Half::user ? own.entityName : own.linkedUser).view();
+}
+
+Slot PendingChanges::otherHalf(Slot slot) const {
+    const Half half = halfOf(slot), other = half == Half::user ? Half::client : Half::user;
+    if (half == Half::none) return kNoSlot;
+    return m_byEntity.findIf({EntityKind::user, userOf(slot)}, [&](Slot each) {
+        return halfOf(each) == other && !m_rows.isSelected(each);
+    });
 }
 
 // ---- What they are about ----

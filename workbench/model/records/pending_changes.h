@@ -3,7 +3,7 @@
 //
 // Texts that differ from change to change are kept with the change; those with few different values
 // (maker, branch, broker, kind ...) are coded once, when they come, in columns that the list's
-// filters and sorts work on. So a change takes about 140 bytes, and the first filter of such a
+// filters and sorts work on. So a change takes about 150 bytes, and the first filter of such a
 // column reads no change. What is read out is a copy: it stays as it was, whatever comes meanwhile.
 //
 // Calls cost the logarithm of the number of changes at most, where nothing else is said. One
@@ -66,8 +66,21 @@ public:
     // The change in a row of the main list; none beyond the end.
     std::optional<PendingChange> recordAt(std::size_t row) const;
 
-    // The changes whose rows are selected, in row order: one pass over the rows.
-    std::vector<PendingChange> selectedRecords() const;
+    // The change in a slot; none when no pending one has it.
+    std::optional<PendingChange> recordIn(Slot slot) const;
+
+    // The slots of the changes whose rows are selected, in row order: one pass over the rows.
+    std::vector<Slot> selectedRecords() const { return m_rows.selectedInOrder(); }
+
+    // Which half of an investor's new user and client a change is, and the id of that user, until
+    // the next change comes or changes. Of a slot that it has, or had while there is a Hold.
+    enum class Half : std::uint8_t { none, user, client };
+    Half halfOf(Slot slot) const;
+    std::string_view userOf(Slot slot) const;
+
+    // A pending change that is the other half of the pair and not selected; kNoSlot when there is
+    // none. Costs a look at the changes that are about the same user.
+    Slot otherHalf(Slot slot) const;
 
     // The text of a cell of the main list, cut to kCellBytes; empty where there is no column. Lives
     // until the next change comes or changes.
@@ -90,8 +103,9 @@ public:
     enum class CodedText { maker, branch, broker, functionality, type };
     std::string_view text(Slot slot, CodedText which) const;
 
-    // Whether it is still pending, though perhaps with other texts.
+    // Whether it is still pending, though perhaps with other texts. By slot: while there is a Hold.
     bool isPending(const PendingChange& change) const;
+    bool isPending(Slot slot) const { return m_rows.stores(slot); }
 
     // The same change as it is now; none when it is no longer pending.
     std::optional<PendingChange> current(const PendingChange& change) const;
@@ -147,7 +161,6 @@ private:
     bool renames(Slot slot, const ChangeTexts& texts) const;
     Slot takeSlot();
     void freeSlots();
-    bool isHalf(Slot slot) const;
     QuickFilter::IsOne sameAs(Slot slot) const;
 
     RecordsView& m_view;
