@@ -98,7 +98,7 @@ TEST(Docking, TheFrameRemembersTheSide) {
         EXPECT_EQ(kept->side, side);
         const RECT client = frame.clientRect();
         if (side == kDockTop) {
-            dragPane(frame, client.right - 3, client.bottom / 2);
+            hand::drag(grip(), onFrame(frame, client.right - 3, client.bottom / 2));
             EXPECT_EQ(kept->side, kDockRight);
             kept->extent = 400;
         } else {
