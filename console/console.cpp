@@ -143,7 +143,7 @@ void Console::makeFrame() {
     if (!m_frame->create("ZEK Console - " + m_profile.user)) fail("The main frame cannot be made");
     std::string docking = m_options.dockingFile;
     if (docking.empty() && !m_isScripted) docking = programFolder() + "zek-docking.ini";
-    if (m_exitCode == 0 && !docking.empty()) m_frame->setDockMemory(dockingFile(docking));
+    if (!docking.empty()) m_frame->setDockMemory(dockingFile(docking));
     m_frame->setProfiles(m_profileNames, m_profileName);
     showStatus();
 }

@@ -29,7 +29,9 @@ public:
     bool create(const std::string& title);
 
     // Where panes that dock from now on are kept in mind.
-    void setDockMemory(fw::DockMemory memory) { m_site->setMemory(std::move(memory)); }
+    void setDockMemory(fw::DockMemory memory) {
+        if (m_site != nullptr) m_site->setMemory(std::move(memory));
+    }
 
     // The parts of the status bar, from the left.
     void setStatus(const std::vector<std::string>& parts);

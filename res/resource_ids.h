@@ -19,6 +19,8 @@
 #define IDC_MAIN_LIST 4000
 #define IDC_DETAILS_LIST 4001
 #define IDC_DETAIL_LINE 4002
+#define IDC_DECISIONS_FRAME 1025
+#define IDC_DECISIONS_LIST 4003
 
 // The rejection dialog.
 #define IDD_REJECTION 322

@@ -59,7 +59,10 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
         m_holder.noteChanged(kMainView);
         m_news();
     });
-    m_details->onUpdate([this] { m_holder.noteChanged(kDetailsView); });
+    m_details->onUpdate([this] {
+        m_holder.noteChanged(kDetailsView);
+        m_line.update();
+    });
     m_line.create(m_holder.handle(), IDC_DETAIL_LINE);
     m_holder.setViews({held(*m_main, kMainTitle, kMainListName,
                             [&changes] { return summaryText(queueSummary(changes)); }),
@@ -75,7 +78,6 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
     m_main->offerColumns(true, true);
     m_main->storeChanged();
     m_details->setDetailColumns();
-    m_details->onUpdate([this] { m_line.update(); });
     m_details->offerColumns(false, false);
     m_details->setBackground(detailsBackground());
     m_details->setAllowedCharacters(kAllowedInValues);
@@ -146,11 +148,11 @@ void CheckerLists::captionDetails(const DetailsCaption& caption) {
     if (m_details == nullptr) return;
     m_details->setEmptyText(caption.emptyText);
     m_details->setDimmed(caption.dimmed);
-    m_news();
     std::string title = caption.title;
     if (!caption.neighbours.empty()) title += " - " + caption.neighbours;
     m_holder.setTitle(kDetailsView, title);
     SetWindowTextA(m_details->handle(), title.c_str());  // what screen readers call it
+    m_news();
 }
 
 // The row shows what the update will send, not what was typed. A value that will not be sent stays

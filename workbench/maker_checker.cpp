@@ -37,7 +37,7 @@ void showRow(Workbench& workbench, std::size_t row) {
 }  // namespace
 
 CMakerChecker::CMakerChecker(Host& host, ListServices& lists)
-    : m_host(host), m_bar(lists.settings(), IDD_MAKER_CHECKER), m_lists(lists) {
+    : m_host(host), m_bar(lists.settings(), IDD_MAKER_CHECKER), m_lists(lists), m_decisions(lists) {
     m_bar.setPath(lists.settings().GetUserSettingPath());
     m_bar.load();
 }
@@ -67,6 +67,8 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
                      &CMakerChecker::onSelectionMade>(),
         fw::onNotify<IDC_MAIN_LIST, HDN_FILTERCHANGE, &CMakerChecker::onMainFilterChanged>(),
         fw::onNotify<IDC_DETAILS_LIST, HDN_FILTERCHANGE, &CMakerChecker::onDetailsFilterChanged>(),
+        fw::onNotify<IDC_DECISIONS_LIST, HDN_FILTERCHANGE,
+                     &CMakerChecker::onDecisionsFilterChanged>(),
         fw::on<kEndOfEdit, &CMakerChecker::onEndOfEdit>(),
         fw::on<kEndOfChoice, &CMakerChecker::onEndOfChoice>(),
         fw::on<kEditorClosed, &CMakerChecker::onEditorClosed>(),
@@ -113,6 +115,7 @@ RECT CMakerChecker::listsRect() {
 
 void CMakerChecker::onColorsChanged() {
     m_lists.colorsChanged();
+    m_decisions.colorsChanged();
     m_line.stale();
 }
 
@@ -120,6 +123,7 @@ void CMakerChecker::onColorsChanged() {
 void CMakerChecker::onDpiChanged() {
     layOut();
     m_lists.layOut();
+    m_decisions.layOut();
 }
 
 void CMakerChecker::keepFloatSize() {
@@ -156,20 +160,45 @@ std::span<const fw::ActionKey> CMakerChecker::actionKeys() const {
 std::vector<HWND> CMakerChecker::tabStops() const {
     std::vector<HWND> stops;
     for (const int id : kButtons) stops.push_back(GetDlgItem(handle(), id));
-    const auto lists = m_lists.tabStops();
-    stops.insert(stops.end(), lists.begin(), lists.end());
+    for (const auto& more : {m_lists.tabStops(), m_decisions.tabStops()})
+        stops.insert(stops.end(), more.begin(), more.end());
     std::erase_if(stops, [](HWND stop) { return IsWindowVisible(stop) == 0; });
     return stops;
 }
 
 bool CMakerChecker::controlClaims(HWND control, UINT key) const {
-    return m_lists.claims(control, key) || commandOf(key) != PaneCommand::none;
+    return m_lists.claims(control, key) || m_decisions.claims(control, key) ||
+           commandOf(key) != PaneCommand::none;
+}
+
+// Opens at the newest decision about the change that the main list is at, or at the newest of all.
+void CMakerChecker::toggleDecisions() {
+    const bool hadFocus = m_decisions.hasFocus();
+    if (m_decisions.isOpen()) {
+        m_decisions.close();
+        if (hadFocus) SetFocus(initialFocus());
+        return layOut();
+    }
+    DecisionLog& log = m_workbench->decisionLog();
+    const auto row = m_workbench->changes().rows().focusedRow();
+    const auto change = row ? m_workbench->changes().recordAt(*row) : std::nullopt;
+    const Slot about = change ? log.newestAbout(change->key) : kNoSlot;
+    m_decisions.open(handle(), log, about != kNoSlot ? about : log.newest());
+    layOut();
 }
 
 void CMakerChecker::onDialogKey(UINT key, bool repeated) {
     if (const PaneCommand command = commandOf(key); command != PaneCommand::none) {
         if (!repeated) run(command);
         return;
+    }
+    switch (m_decisions.dialogKey(key, repeated)) {
+        case DecisionsPanel::KeyUse::none:
+            break;
+        case DecisionsPanel::KeyUse::taken:
+            return;
+        case DecisionsPanel::KeyUse::closes:
+            return run(PaneCommand::decisions);
     }
     switch (m_lists.dialogKey(key, repeated)) {
         case CheckerLists::KeyUse::none:
@@ -188,6 +217,8 @@ void CMakerChecker::run(PaneCommand command) {
             break;
         case PaneCommand::nextNeighbour:
             return onNextNeighbour();
+        case PaneCommand::decisions:
+            return toggleDecisions();
         case PaneCommand::nextQuickFilter:
         case PaneCommand::quickFilterBack:
         case PaneCommand::quickFilterOff:

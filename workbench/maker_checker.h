@@ -12,6 +12,7 @@
 #include "framework/pane_dialog.h"
 #include "link/model/host.h"
 #include "workbench/checker_lists.h"
+#include "workbench/decisions_panel.h"
 #include "workbench/model/pane_commands.h"
 #include "workbench/model/workbench.h"
 #include "workbench/press_line_window.h"
@@ -65,6 +66,7 @@ private:
     void onMainFilterChanged(NMHDR&) { applyMainFilter(); }
     void applyMainFilter();
     void onDetailsFilterChanged(NMHDR&) { m_lists.applyDetailsFilter(); }
+    void onDecisionsFilterChanged(NMHDR&) { m_decisions.applyFilter(); }
     void onEditorClosed();
     void onEndOfEdit(const EndOfEdit& edit);
     void onEndOfChoice(const EndOfEdit& edit);
@@ -81,7 +83,8 @@ private:
     void press(PressButton button, Decision decision);
     PressLine describe(PressButton button) const;
     RECT listsRect();
-    void layOut() { m_lists.move(listsRect()); }
+    void layOut() { m_lists.move(m_decisions.takeRoom(listsRect())); }
+    void toggleDecisions();
 
     Host& m_host;
     CControlPos m_buttons;
@@ -89,6 +92,7 @@ private:
     std::unique_ptr<Workbench> m_workbench;
     CPressLine m_line{[this](PressButton button) { return describe(button); }};
     CheckerLists m_lists;           // on the rows of the workbench, and so behind it here
+    DecisionsPanel m_decisions;     // likewise
     bool m_selectionWaits = false;  // for the end of an edit, with what it does to the details
     bool m_deciding = false;        // a button's work is under way, perhaps behind a message box
 };

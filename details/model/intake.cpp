@@ -42,7 +42,7 @@ void Intake::handle(const FieldReader& message, Origin origin) {
     if (*status == "auth pending")
         takePending(message, origin, holdsMenuItem);
     else if (*status == "accepted" || *status == "rejected")
-        takeDecided(message);
+        takeDecided(message, *status);
 }
 
 void Intake::takePending(const FieldReader& message, Origin origin,
@@ -90,9 +90,10 @@ void Intake::takePending(const FieldReader& message, Origin origin,
     m_host.beep();
 }
 
-void Intake::takeDecided(const FieldReader& message) {
+void Intake::takeDecided(const FieldReader& message, std::string_view outcome) {
     const auto key = message.text(MNM_AUTHORIZATION_KEY);
     if (!key) return;
+    m_listener.outcomeCame(std::string(*key), outcome);
     discardListed(std::string(*key));
 }
 

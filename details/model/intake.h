@@ -1,6 +1,9 @@
 // The intake: keeps the pending changes and their rows in step with what the server publishes.
 #pragma once
 
+#include <string>
+#include <string_view>
+
 #include "link/model/host.h"
 #include "link/model/message.h"
 #include "workbench/model/records/pending_changes.h"
@@ -12,6 +15,9 @@ class IntakeListener {
 public:
     // A listed change was published again; its texts are those that came.
     virtual void publishedAgain(const std::string& key) = 0;
+
+    // The outcome of a change, listed or not: "accepted" or "rejected". Comes before changeEnded().
+    virtual void outcomeCame(const std::string&, std::string_view) {}
 
     // The change was decided, or its record went; whether or not it was listed.
     virtual void changeEnded(const std::string& key) = 0;
@@ -37,7 +43,7 @@ public:
 private:
     void takePending(const FieldReader& message, Origin origin,
                      PuGetFindMenuItemInRoles* holdsMenuItem);
-    void takeDecided(const FieldReader& message);
+    void takeDecided(const FieldReader& message, std::string_view outcome);
     void discardListed(const std::string& key);
 
     Host& m_host;

@@ -70,6 +70,11 @@ bool Requests::deliver(const Form& form) {
     return true;
 }
 
+int Requests::tried(const TriedRequest& request) const {
+    if (m_tried) m_tried(request);
+    return request.left ? 1 : 0;
+}
+
 int Requests::requestDetails(DetailKind kind, const std::string& key) {
     constexpr Failure failure{"Request failure", kReportMessage};
     constexpr Failure start{"Messaging failure.", kReportMessage};
@@ -123,7 +128,8 @@ int Requests::sendAccept(const sMakeCheckStruct& record) {
          {MNM_AUTHORIZATION_KEY, &record.key, {"51803 failed while sending %s", kReportError}},
          {MNM_FUNCTIONALITY, &record.functionalityCode, {"Request failure", kReportMessage}},
          {MNM_STATUS, &kAccepted, {"MNM_STATUS failed while sending %s", kReportError}}});
-    return build(form, steps) && deliver(form) ? 1 : 0;
+    const bool left = build(form, steps) && deliver(form);
+    return tried({RequestKind::accept, left, record.key, &record});
 }
 
 // A reject sends code and key the other way round, and its failures have spellings of their own:
@@ -141,7 +147,8 @@ int Requests::sendReject(const sMakeCheckStruct& record, const std::string& reas
          {MNM_FUNCTIONALITY, &record.functionalityCode, {"Request failure", kReportMessage}},
          {MNM_AUTHORIZATION_KEY, &record.key, {"51803 Failed while sending %s", kReportError}},
          {MNM_STATUS, &kRejected, {"MNM_STATUS Failed while sending %s", kReportError}}});
-    return build(form, steps) && deliver(form) ? 1 : 0;
+    const bool left = build(form, steps) && deliver(form);
+    return tried({RequestKind::reject, left, record.key, &record, reason});
 }
 
 int Requests::sendLimitsUpdate() {
@@ -165,9 +172,9 @@ int Requests::sendLimitsUpdate() {
         {MNM_STATUS, &kAccepted, status}};
     // Whichever limit fails, the log names the status field.
     for (const auto& [mnemonic, value] : outgoing) steps.push_back({mnemonic, &value, status});
-    if (!build(form, steps) || !deliver(form)) return 0;
-    m_details.modifiedValues.clear();
-    return 1;
+    const bool left = build(form, steps) && deliver(form);
+    if (left) m_details.modifiedValues.clear();
+    return tried({RequestKind::update, left, key, nullptr, {}, outgoing.size()});
 }
 
 int Requests::sendRecovery() {
@@ -179,7 +186,7 @@ int Requests::sendRecovery() {
                                {"Failed while sending %s", kReportError},
                                "Request sent to Recovery"};
     const Step steps[] = {{MNM_USER, &m_host.peerUserId(), user}};
-    return build(form, steps) && deliver(form) ? 1 : 0;
+    return tried({RequestKind::recover, build(form, steps) && deliver(form)});
 }
 
 }  // namespace mc

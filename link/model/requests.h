@@ -4,11 +4,14 @@
 // the request: it is reported, nothing is sent, and no record changes. No request is retried.
 #pragma once
 
+#include <functional>
 #include <initializer_list>
 #include <map>
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "link/model/functionality.h"
@@ -33,11 +36,28 @@ struct DetailsOnShow {
     ModifiedValues modifiedValues;   // edits of those details, not yet sent
 };
 
+enum class RequestKind { accept, reject, update, recover };
+
+// A request that decides, or asks for what is to be decided, and has left or failed to.
+struct TriedRequest {
+    RequestKind kind;
+    bool left;
+    std::string_view key = {};                 // of the change; a recovery has none
+    const sMakeCheckStruct* change = nullptr;  // of an acceptance or a rejection, as it was sent
+    std::string_view reason = {};              // of a rejection
+    std::size_t values = 0;                    // how many limits an update sends
+};
+
 class Requests {
 public:
     // All three must outlive the object.
     Requests(Host& host, serverLink& link, DetailsOnShow& details)
         : m_host(host), m_link(link), m_details(details) {}
+
+    // Called after each try, before the call that made it returns; one listener at most. What it is
+    // given lives as long as the call.
+    using TriedListener = std::function<void(const TriedRequest&)>;
+    void setTriedListener(TriedListener listener) { m_tried = std::move(listener); }
 
     // Ask for the details of the change with `key`, which becomes the visible one just before the
     // request leaves. Return 1 if sent, else 0. requestDetails of kind none sends nothing.
@@ -71,10 +91,12 @@ private:
     bool build(const Form& form, std::span<const Step> steps);
     bool deliver(const Form& form);
     bool fail(const Form& form, const Failure& failure);
+    int tried(const TriedRequest& request) const;
 
     Host& m_host;
     serverLink& m_link;
     DetailsOnShow& m_details;
+    TriedListener m_tried;
 };
 
 }  // namespace mc

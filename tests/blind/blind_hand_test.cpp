@@ -84,6 +84,7 @@ protected:
     }
 
     const StoredProfile profile;
+    const StoredDetailsProfile detailsProfile;
     OpenWorkbench open;
     Watch watch;
     const unsigned seed = static_cast<unsigned>(std::stoul(setting("MC_HAND_SEED", "1")));

@@ -177,6 +177,27 @@ TEST_F(ColumnModelTest, AProfileOfAnOlderColumnSetKeepsItsMeaning) {
     EXPECT_EQ(expression(4), "1+\"-1\"");
 }
 
+TEST_F(ColumnModelTest, PutsWidthsIntoAStoredProfileOfItsOwnColumns) {
+    const struct {
+        const char* stored;
+        const char* after;  // null: not of these columns
+    } cases[] = {
+        {"0,2,75,1,-1,0,2,0,33", "0,2,50,1,-1,0,2,0,33"},  // positions stay, hidden ones too
+        {"0,0,75,1,1,60", nullptr},
+        {"0,0,75,1,1,60,2,2,90,3,3,100,A#1#", nullptr},
+        {"0,0,75,1,1,60,2,2", nullptr},
+    };
+    model.show(ids({1, 0}));
+    model.setWidth(ColumnId{0}, 50);
+    model.setWidth(ColumnId{1}, 51);
+    for (const auto& each : cases) {
+        ColumnProfile stored = readProfile(each.stored);
+        EXPECT_EQ(model.putWidths(ids({0, 1}), stored), each.after != nullptr) << each.stored;
+        if (each.after == nullptr) continue;
+        EXPECT_EQ(profileText(stored), each.after);
+    }
+}
+
 TEST_F(ColumnModelTest, StoredColumnsWithUnusableNamesGoWithoutShiftingTheOthers) {
     load(
         "0,0,75,1,1,60,2,2,90,3,3,50,4,4,51,5,5,52,6,6,53,"

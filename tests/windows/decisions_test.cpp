@@ -1,4 +1,4 @@
-// What only a dialog or a message box can do to a decision.
+// What only a dialog or a message box can do to a decision, and the list of the session's own.
 #include <gtest/gtest.h>
 
 #include "res/resource_ids.h"
@@ -46,6 +46,57 @@ TEST(Decisions, RejectSendsTheReasonThatOkConfirms) {
     }
     EXPECT_EQ(host().log,
               Texts{"Maker Checker Zek Message : Request sent to Reject Authentication"});
+}
+
+HWND ownDecisions() {
+    const HWND list = descendant(findPane(), WC_LISTVIEWA, IDC_DECISIONS_LIST);
+    return IsWindowVisible(list) != 0 ? list : nullptr;
+}
+
+// One key shows them at the focused change's own, beside the lists that a press is about.
+TEST(Decisions, OneKeyListsTheSessionsOwn) {
+    const StoredSetting noProfile("Maker Checker Decisions List", "COLUMNPROFILE", nullptr);
+    OpenWorkbench open;
+    for (const char* key : {"1", "2", "3"})
+        open.plugin.publish(pending(key, "340", {{31003, "U"}}));
+    for (const int row : {1, 0}) {
+        hand::clickRow(mainList(), row);
+        hand::key('Y', hand::kCtrlShift);
+    }
+    hand::clickRow(mainList(), 1);
+    const RECT before = onScreen(details());
+    hand::key(VK_F9);
+    const HWND list = ownDecisions();
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(GetFocus(), list);
+    EXPECT_EQ(selectedRows(list), std::vector<int>{0}) << "the decision about change 2";
+    EXPECT_EQ(rowCount(list), 2);
+    EXPECT_EQ(rowTexts(list, 0, 7)[2], "2");
+    EXPECT_EQ(rowTexts(list, 0, 7)[6], "awaited");
+    RECT shared{};
+    const RECT mine = onScreen(list), main = onScreen(mainList()), now = onScreen(details());
+    EXPECT_FALSE(IntersectRect(&shared, &mine, &main) || IntersectRect(&shared, &mine, &now));
+    open.plugin.publish(outcome("2", "rejected"));
+    pump();
+    EXPECT_TRUE(rowTexts(list, 0, 7)[6].starts_with("rejected "));
+
+    takeSent();
+    hand::key(VK_TAB);
+    EXPECT_NE(GetFocus(), list);
+    hand::key(VK_TAB, hand::kShift);
+    EXPECT_EQ(GetFocus(), list);
+    hand::key(VK_ESCAPE);
+    EXPECT_EQ(ownDecisions(), nullptr);
+    EXPECT_EQ(GetFocus(), mainList());
+    const RECT after = onScreen(details());
+    EXPECT_TRUE(EqualRect(&before, &after));
+    hand::click(filterEdit(0));
+    hand::key(VK_F9);
+    EXPECT_NE(ownDecisions(), nullptr);
+    hand::click(filterEdit(0));
+    hand::key(VK_F9);
+    EXPECT_EQ(ownDecisions(), nullptr);
+    EXPECT_TRUE(takeSent().empty());
 }
 
 }  // namespace

@@ -55,7 +55,7 @@ const std::map<std::string, std::function<void()>>& steps() {
         {"(held esc)", [] { hand::hold(VK_ESCAPE, 5); }},
         {"(held enter)", [] { hand::hold(VK_RETURN, 5); }},
         {"(F4)", [] { hand::key(VK_F4); }},
-        {"(Ctrl+F4)", [] { hand::key(VK_F4, hand::kCtrl); }},
+        {"(Ctrl+down)", [] { hand::key(VK_DOWN, hand::kCtrl); }},
         {"(down)", [] { hand::key(VK_DOWN); }},
         {"(tab)", [] { hand::key(VK_TAB); }},
         {"(wheel)", [] { hand::wheel(filterEdit(0), -1); }},
@@ -130,7 +130,7 @@ TEST_F(Filters, ABoxSaysWhatIsFiltered) {
         {"", {"(F4)", "(line 2)", "(other box)"}, "MAKER10", "MAKER10"},
         {"", {"(F4)", "(line 2)", "MAKER1", "(enter)"}, "MAKER1", "MAKER1 MAKER10"},
         // With Ctrl by name.
-        {"", {"(Ctrl+F4)", "(line 2)"}, "<none>", "<none>"},
+        {"", {"(Ctrl+down)", "(line 2)"}, "<none>", "<none>"},
         // Typing in an open list leaves the lines that fit, and applies nothing by itself.
         {"", {"(F4)", "r0", "(line 1)"}, "MAKER05", "MAKER05"},
         {"", {"(F4)", "akeR", "(down)", "(down)", "(enter)"}, "MAKER10", "MAKER10"},

@@ -92,6 +92,11 @@ public:
     explicit MainFrame(bool docks = true);
 
     fw::Rect inner() const { return m_inner; }
+    // Keeps in `place` where the pane docks, and recalls it from there.
+    void remember(std::optional<fw::DockPlace>& place) {
+        m_site->setMemory({[&place](const std::string&) { return place; },
+                           [&place](const std::string&, fw::DockPlace now) { place = now; }});
+    }
 
 protected:
     const fw::MessageMap& messageMap() const override;
@@ -147,6 +152,11 @@ struct StoredProfile : StoredSetting {
         : StoredSetting("Maker checker List", "COLUMNPROFILE", text) {}
 };
 
+struct StoredDetailsProfile : StoredSetting {
+    StoredDetailsProfile()
+        : StoredSetting("Maker Checker Details List", "COLUMNPROFILE", nullptr) {}
+};
+
 // What the host's loop does with a message.
 void dispatch(MSG& message);
 
@@ -187,7 +197,6 @@ std::vector<std::string> rowTexts(HWND list, int row, int columns = 6);
 int rowCount(HWND list);
 std::vector<int> selectedRows(HWND list = mainList());
 void selectRows(HWND list, const std::vector<int>& rows);
-void press(const char* buttonText);
 
 // A publication of a pending change.
 Fields pending(const std::string& key, const std::string& code, Fields more = {});
@@ -195,6 +204,9 @@ Fields outcome(const std::string& key, const std::string& status);
 
 // Hands the plug-in an answer to a request of its.
 void answer(const Fields& fields);
+
+// An answer with limits of client C1: two numbers and, last, a choice.
+Fields limitsAnswer(const std::string& key, const std::string& margin = "1500");
 
 // A field of what was sent.
 std::string sentField(const Fields& message, int mnemonic);

@@ -10,12 +10,13 @@ enum class PaneCommand {
     quickFilterBack,
     quickFilterOff,
     nextNeighbour,
+    decisions,
     selectPair,
     openNext,
 };
 
 inline PaneCommand paneCommand(unsigned virtualKey, bool ctrl, bool shift) {
-    constexpr unsigned kF7 = 0x76, kF8 = 0x77, kEnter = 0x0D;
+    constexpr unsigned kF7 = 0x76, kF8 = 0x77, kF9 = 0x78, kEnter = 0x0D;
     constexpr struct {
         unsigned key;
         bool ctrl, shift;
@@ -25,6 +26,7 @@ inline PaneCommand paneCommand(unsigned virtualKey, bool ctrl, bool shift) {
         {kF7, false, true, PaneCommand::quickFilterBack},
         {kF7, true, false, PaneCommand::quickFilterOff},
         {kF8, false, false, PaneCommand::nextNeighbour},
+        {kF9, false, false, PaneCommand::decisions},
         {'P', true, true, PaneCommand::selectPair},
         {kEnter, true, true, PaneCommand::openNext},
     };

@@ -1,5 +1,6 @@
 #include "workbench/model/workbench.h"
 
+#include <ctime>
 #include <utility>
 
 #include "details/model/details_builders.h"
@@ -18,6 +19,7 @@ Workbench::Workbench(Host& host, WorkbenchView& view)
       m_intake(host, m_changes, *this),
       m_link(host, *this),
       m_requests(host, m_link, m_details.asked()) {
+    m_requests.setTriedListener([this](const TriedRequest& tried) { noteTried(tried); });
     caption();
 }
 
@@ -147,6 +149,19 @@ void Workbench::changeEnded(const std::string& key) {
         emptyDetails();
     else
         selectionMoved();
+}
+
+void Workbench::outcomeCame(const std::string& key, std::string_view status) {
+    m_log.outcomeCame(key, status, std::time(nullptr));
+}
+
+// An update names its change by key only; one that went meanwhile is noted without its texts.
+void Workbench::noteTried(const TriedRequest& tried) {
+    sMakeCheckStruct change;
+    change.key = tried.key;
+    if (tried.change == nullptr)
+        if (auto listed = m_changes.findRecord(tried.key)) change = std::move(*listed);
+    m_log.note(tried, tried.change != nullptr ? *tried.change : change, std::time(nullptr));
 }
 
 // Whether other changes are selected than the one that is looked at.

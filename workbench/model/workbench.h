@@ -10,6 +10,7 @@
 #include "link/model/receiver.h"
 #include "link/model/requests.h"
 #include "link/model/server_link.h"
+#include "workbench/model/decision_log.h"
 #include "workbench/model/decisions.h"
 #include "workbench/model/neighbours.h"
 #include "workbench/model/press_plan.h"
@@ -36,6 +37,9 @@ public:
     PendingChanges& changes() { return m_changes; }
     const PendingChanges& changes() const { return m_changes; }
 
+    // What the checker decided in this session.
+    DecisionLog& decisionLog() { return m_log; }
+
     int subscribe();
     int unsubscribe() { return m_link.unsubscribe(); }
 
@@ -45,6 +49,12 @@ public:
     // Empties the details and asks for those of `change`, where its kind has any.
     void showDetails(PendingChange change);
 
+    // The key of the change whose details are looked at.
+    const std::optional<std::string>& shownKey() const { return m_details.key(); }
+
+    // Does the same for the next pending change about the same as the one that is looked at, and
+    // returns it; none, and nothing happens, when there is none or the edits stay.
+    std::optional<PendingChange> showNeighbour();
     // Opens the details of the focused row, or of the next row below it whose decision was not sent
     // yet, and selects that row alone if it was not selected. Returns whether there is one, and
     // unsent edits were not kept for it.
@@ -54,12 +64,6 @@ public:
     // rows are visible.
     std::vector<Slot> missingHalves() const;
     void selectHalves(const std::vector<Slot>& halves);
-    // The key of the change whose details are looked at.
-    const std::optional<std::string>& shownKey() const { return m_details.key(); }
-
-    // Does the same for the next pending change about the same as the one that is looked at, and
-    // returns it; none, and nothing happens, when there is none or the edits stay.
-    std::optional<PendingChange> showNeighbour();
 
     // The checker's hand changed the selection. Details of a change that is not among the selected
     // do not stay beside them, unless they hold unsent edits: then they are dimmed.
@@ -101,6 +105,8 @@ public:
 private:
     void publishedAgain(const std::string& key) override;
     void changeEnded(const std::string& key) override;
+    void outcomeCame(const std::string& key, std::string_view status) override;
+    void noteTried(const TriedRequest& tried);
 
     bool unselected() const;
     void emptyDetails();
@@ -116,6 +122,7 @@ private:
     Host& m_host;
     WorkbenchView& m_view;
     PendingChanges m_changes;
+    DecisionLog m_log;
     ShownDetails m_details;
     SeenFields m_seenFields;
     std::string m_neighbours;  // as they were said last
