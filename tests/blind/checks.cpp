@@ -75,6 +75,7 @@ std::vector<std::string> Checks::after(const Story& story) {
         {"opened", &Checks::opened},       {"owner", &Checks::owner},
         {"edits", &Checks::edits},         {"filters", &Checks::filters},
         {"editor", &Checks::editor},       {"rows", &Checks::rows},
+        {"line", &Checks::line},
     };
     std::vector<std::string> complaints;
     for (const auto& each : checks) {
@@ -122,6 +123,28 @@ std::string Checks::decisions(const Story& story) {
                    joined(each.expected);
     }
     return "";
+}
+
+// Before every action the line said what a press would send: how many changes, or which; of a pair,
+// which first. What a press does send is compared with the same keys (decisions()).
+std::string Checks::line(const Story& story) {
+    const std::string& said = story.before.line;
+    const bool accepts = said.find("Accept") != std::string::npos;
+    if (!keysOf(story, Kind::update).empty() && said.starts_with("Update nothing")) return said;
+    if (!accepts && said.find("Reject") == std::string::npos) return "";
+    const Keys keys = accepts ? m_accepts : story.before.selectedKeys();
+    const std::size_t count = std::set<std::string>(keys.begin(), keys.end()).size();
+    const std::string verb = accepts ? "Accept " : "Reject ";
+    const auto says = [&said](const std::string& text) {
+        return said.find(text) != std::string::npos;
+    };
+    const bool right = count == 0 ? says("nothing")
+                       : count == 1
+                           ? says(verb + keys.front())
+                           : says(verb + std::to_string(count) + " changes") ||
+                                 (count == 2 && says(verb + keys.back() + " ADD CLIENT ") &&
+                                  says(" (" + keys.front() + "), user first"));
+    return right ? "" : "'" + said + "' was said of " + joined(keys);
 }
 
 Texts Checks::editsOf(const Sight& sight) const {

@@ -39,6 +39,7 @@ private:
     using Check = std::string (Checks::*)(const Story&);
     std::string requests(const Story& story);
     std::string decisions(const Story& story);
+    std::string line(const Story& story);
     std::string updates(const Story& story);
     std::string opened(const Story& story);
     std::string owner(const Story& story);

@@ -137,6 +137,7 @@ Sight look(const Sight& last) {
     sight.details = lookAt(same ? last.details.window : descendant(sight.pane, WC_LISTVIEWA, 4001),
                            sight.focus, {"Field", "Value"});
     sight.strip = stripText(sight.details.window);
+    sight.line = textOf(FindWindowExA(sight.pane, nullptr, "MakerChecker.PressLine", nullptr));
     findTag(sight, last);
     sight.editor = FindWindowExA(sight.details.window, nullptr, "MakerChecker.CellEditor", nullptr);
     if (sight.editor != nullptr && IsWindowVisible(sight.editor) != 0) {

@@ -37,6 +37,7 @@ struct Sight {
     RECT editorPlace{};
     std::string editedField;  // the caption of the row that had the focus, while an editor is open
     std::string strip;        // of the details
+    std::string line;         // what a press would do
 
     std::vector<std::string> selectedKeys() const;
     std::string focusedKey() const;

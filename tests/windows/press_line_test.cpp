@@ -1,0 +1,105 @@
+// What the press line says of the buttons, its action, and opening the next change in one stroke.
+#include <gtest/gtest.h>
+
+#include "tests/windows/hand.h"
+#include "tests/windows/test_host.h"
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+HWND line() {
+    return FindWindowExA(findPane(), nullptr, "MakerChecker.PressLine", nullptr);
+}
+
+Fields half(const char* key, const char* code, Fields more) {
+    more.insert(more.begin(), {54036, "INVESTOR_CLIENT"});
+    return pending(key, code, more);
+}
+
+TEST(PressLine, FollowsSelectionMouseAndFocus) {
+    OpenWorkbench open;
+    open.plugin.publish(pending("1", "340", {{31003, "U"}}));
+    open.plugin.publish(pending("2", "354", {{54001, "C"}}));
+    pump();
+    EXPECT_EQ(textOf(line()), "Accept nothing: no change is selected");
+    const RECT buttons = onScreen(button("Accept")), list = onScreen(header());
+    EXPECT_GE(onScreen(line()).top, buttons.bottom);
+    EXPECT_LE(onScreen(line()).bottom, list.top);
+    hand::clickRow(mainList(), 0);
+    EXPECT_EQ(textOf(line()), "Accept 1 MODIFY USER U, not looked at");
+    hand::moveTo(hand::middle(button("Reject")));
+    EXPECT_EQ(textOf(line()), "Reject 1 MODIFY USER U, not looked at");
+    hand::moveTo(hand::middle(details()));
+    EXPECT_TRUE(hand::waitUntil([] { return textOf(line()).starts_with("Accept"); }));
+    SetFocus(button("Recover"));
+    EXPECT_EQ(textOf(line()), "Recover: asks for everything that is pending");
+    SetFocus(mainList());
+    open.plugin.publish(outcome("1", "accepted"));
+    EXPECT_EQ(textOf(line()),
+              "Selected by the list, not looked at: Accept 2 MODIFY CLIENT C, not looked at");
+}
+
+// The other half is hidden by a filter, which goes for it.
+TEST(PressLine, SelectsTheOtherHalf) {
+    OpenWorkbench open;
+    open.plugin.publish(half("1", "339", {{31003, "INV1"}}));
+    open.plugin.publish(half("2", "353", {{54001, "CL1"}, {31003, "INV1"}}));
+    pump();
+    hand::click(filterEdit(0));
+    hand::type("INV");
+    hand::key(VK_RETURN);
+    hand::clickRow(mainList(), 0);
+    EXPECT_EQ(textOf(line()),
+              "Accept: half of a pair: 2 ADD CLIENT CL1 is hidden by a filter, nothing will leave"
+              "  Select pair");
+    hand::key('P', hand::kCtrlShift);
+    EXPECT_EQ(selectedRows(), (std::vector<int>{0, 1}));
+    EXPECT_EQ(textOf(line()),
+              "Accept 2 ADD CLIENT CL1 and its user INV1 (1), user first; 2 not looked at");
+    hand::clickRow(mainList(), 1);
+    UpdateWindow(line());
+    const RECT rect = onScreen(line());
+    // The action is the last of the line: from the right, the first pixel that is a link.
+    LONG x = rect.right - rect.left - 1;
+    const int y = static_cast<int>(rect.bottom - rect.top) / 2;
+    const auto cursorAt = [&](LONG at) {
+        hand::moveTo({rect.left + at, rect.top + y});
+        return GetCursor() == LoadCursorA(nullptr, IDC_HAND);
+    };
+    while (x > 0 && !cursorAt(x)) x -= 12;
+    ASSERT_GT(x, 0);
+    hand::click({rect.left + x, rect.top + y});
+    EXPECT_EQ(selectedRows(), (std::vector<int>{0, 1}));
+}
+
+// Decided, and not yet gone: the next one below is read, and decided by the next press.
+TEST(PressLine, OneStrokeOpensTheNextChange) {
+    OpenWorkbench open;
+    for (const char* key : {"1", "2", "3"})
+        open.plugin.publish(pending(key, "340", {{31003, "U"}}));
+    hand::clickRow(mainList(), 0);
+    hand::key('Y', hand::kCtrlShift);
+    hand::key(VK_RETURN, hand::kCtrlShift);
+    hand::key('Y', hand::kCtrlShift);
+    open.plugin.publish(outcome("2", "accepted"));
+    hand::click(filterEdit(0));
+    hand::hold(VK_RETURN, 3, hand::kCtrlShift);
+    EXPECT_EQ(takeSent(51803), (Texts{"1", "2", "2", "3"}));
+    EXPECT_EQ(selectedRows(), std::vector<int>{1});
+}
+
+TEST(PressLine, TheOppositeOfWhatWasSentAsks) {
+    OpenWorkbench open;
+    open.plugin.publish(pending("1", "340", {{31003, "U"}}));
+    hand::clickRow(mainList(), 0);
+    hand::key('Y', hand::kCtrlShift);
+    EXPECT_TRUE(textOf(line()).ends_with(", again, sent 0 s ago") ||
+                textOf(line()).ends_with(", again, sent 1 s ago"))
+        << textOf(line());
+    takeSent();
+    hand::during([] { hand::key('N', hand::kCtrlShift); }, {[] { hand::key(VK_RETURN); }});
+    EXPECT_EQ(takeSent(51803), Texts{}) << "No is the default";
+}
+
+}  // namespace
