@@ -18,6 +18,7 @@
 #include "bench/sides.h"
 #include "details/model/intake.h"
 #include "sdk/connectvosk.h"
+#include "workbench/model/press_line.h"
 #include "workbench/model/records/pending_changes.h"
 
 using namespace mc;
@@ -265,6 +266,36 @@ void removal(benchmark::State& state) {
 BENCHMARK(removal)
     ->ArgsProduct({{1000, 10000, 100000}, {arrival, reverse, shuffled}})
     ->ArgNames({"rows", "order"});
+
+// The plan and the line of a press with every row selected; of the changes, a half are those of
+// pairs, or halves whose other half is not selected. Its goal is 5 ms.
+enum Halves { noHalves, wholePairs, lonelyHalves };
+void planOfAPress(benchmark::State& state) {
+    const auto count = static_cast<std::size_t>(state.range(0));
+    QuietView view;
+    PendingChanges changes(view);
+    for (std::size_t key = 0; key < count; ++key) {
+        const bool half = state.range(1) != noHalves && key % 2 == 0, client = key % 4 == 0;
+        const std::string user = "INV" + std::to_string(key / 4);
+        changes.addRecord(std::to_string(1000000 + key),
+                          {.entityName = client ? "C" + user : user,
+                           .functionalityCode = client ? "353" : "339",
+                           .linkedUser = user,
+                           .type = half ? "INVESTOR_CLIENT" : "DEALER"});
+    }
+    RecordStore& rows = changes.rows();
+    for (std::size_t row = 0; row < count; ++row)
+        if (state.range(1) != lonelyHalves || row % 4 != 0) rows.select(row, true);
+    for (auto _ : state) {
+        const auto selected = changes.selectedRecords();
+        const PressPlan plan = planPress(PressButton::accept, selected, changes, {});
+        benchmark::DoNotOptimize(describePress(plan, changes));
+    }
+}
+BENCHMARK(planOfAPress)
+    ->ArgsProduct({{1, 100000}, {noHalves, wholePairs, lonelyHalves}})
+    ->ArgNames({"rows", "halves"})
+    ->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 

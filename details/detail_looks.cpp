@@ -1,6 +1,7 @@
 #include "details/detail_looks.h"
 
 #include <array>
+#include <string>
 
 #include "listctrl/list_colors.h"
 
@@ -127,7 +128,7 @@ void DetailLooks::addMarks(CellLook& look, LineGroups::Line& line, ColumnId colu
 // ---- Marks ----
 
 void DetailLooks::drawOver(HDC dc, std::size_t row, int item, const RECT& cell) const {
-    const LineGroups::Line* line = m_lines.lineAt(row);
+    LineGroups::Line* line = m_lines.lineAt(row);
     if (line == nullptr) return;
     if (item == 0) drawFront(dc, *line, cell);
     if (m_content.columnAt(item) != kValueColumn) return;
@@ -135,7 +136,7 @@ void DetailLooks::drawOver(HDC dc, std::size_t row, int item, const RECT& cell) 
     drawValue(dc, *line, {cell.left + margin, cell.top, cell.right - margin, cell.bottom});
 }
 
-void DetailLooks::drawFront(HDC dc, const LineGroups::Line& line, const RECT& cell) const {
+void DetailLooks::drawFront(HDC dc, LineGroups::Line& line, const RECT& cell) const {
     if (line.isHeading()) {
         const bool folded = m_lines.folded(line);
         if (!line.group->content.rows.empty()) drawFoldMark(dc, folded, cell);
@@ -143,7 +144,8 @@ void DetailLooks::drawFront(HDC dc, const LineGroups::Line& line, const RECT& ce
         return;
     }
     RECT mark{cell.left, cell.top, cell.left + m_list.scaled(kIndent), cell.bottom};
-    DrawTextA(dc, markOf(line.row->change), -1, &mark,
+    const std::string slip = m_lines.marks(line, m_signs).slip ? "?" : "";
+    DrawTextA(dc, (markOf(line.row->change) + slip).c_str(), -1, &mark,
               DT_SINGLELINE | DT_VCENTER | DT_CENTER | DT_NOPREFIX);
 }
 

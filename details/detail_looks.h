@@ -41,7 +41,7 @@ private:
     CellLook valueLook(const sMCListStruct& row) const;
     void addMarks(CellLook& look, LineGroups::Line& line, ColumnId column) const;
     HFONT boldFont() const;
-    void drawFront(HDC dc, const LineGroups::Line& line, const RECT& cell) const;
+    void drawFront(HDC dc, LineGroups::Line& line, const RECT& cell) const;
     void drawValue(HDC dc, const LineGroups::Line& line, const RECT& frame) const;
     void drawFoldMark(HDC dc, bool folded, const RECT& cell) const;
     void drawFrame(HDC dc, RowAttribute attribute, const RECT& frame) const;

@@ -55,6 +55,18 @@ RECT CMultiLineListCtrl::bringValueIntoView(std::size_t row) {
     return visible;
 }
 
+std::vector<NamedText> CMultiLineListCtrl::wholeTexts(std::size_t row, ColumnId column) const {
+    const LineGroups::Line* const line = m_lines.lineAt(row);
+    if (line == nullptr || line->isHeading() || line->row->oldValue.empty())
+        return CFilterListCtrl::wholeTexts(
+            row, line == nullptr || line->isHeading() ? column : kValueColumn);
+    std::vector<NamedText> texts;
+    for (const ColumnId each : {kValueColumn, kOldValueColumn})
+        texts.push_back({line->row->caption + ", " + kDetailColumns[toIndex(each)].name,
+                         std::string(content().text(row, each))});
+    return texts;
+}
+
 // ---- Folding ----
 
 void CMultiLineListCtrl::setFolded(const LineGroups::Line& line, bool folded) {

@@ -48,6 +48,8 @@ protected:
     const fw::MessageMap& messageMap() const override { return baseMap(); }
     static const fw::MessageMap& baseMap();
     void fontChanged() override;
+    // Both values of a row with two.
+    std::vector<NamedText> wholeTexts(std::size_t row, ColumnId column) const override;
 
     LineGroups& lines() const { return m_lines; }
     DetailLooks& looks() { return m_looks; }

@@ -59,6 +59,11 @@ void CVTHolderFrame::setViews(std::vector<HeldView> views) {
 void CVTHolderFrame::setTitle(std::size_t view, const std::string& title) {
     if (view >= m_views.size() || m_views[view].title == title) return;
     m_views[view].title = title;
+    noteChanged(view);
+}
+
+void CVTHolderFrame::noteChanged(std::size_t view) {
+    if (view >= m_frames.size()) return;
     const RECT strip = m_frames[view].strip();
     InvalidateRect(handle(), &strip, FALSE);
 }
@@ -119,12 +124,26 @@ void CVTHolderFrame::layOut() {
     };
     for (std::size_t i = 0; i < m_views.size(); ++i) {
         m_frames[i].setRect(part(m_split.startOf(i), m_split.sizeOf(i)), lineHeight() + scaled(6));
-        moveTo(m_views[i].window, m_frames[i].view());
+        RECT view = m_frames[i].view();
+        if (const HWND foot = m_views[i].foot) {
+            const LONG bottom = view.bottom;
+            view.bottom -= footHeight(view);
+            moveTo(foot, {view.left, view.bottom, view.right, bottom});
+        }
+        moveTo(m_views[i].window, view);
     }
     for (std::size_t i = 0; i < m_bars.size(); ++i)
         moveTo(m_bars[i]->handle(), part(m_split.startOfBar(i), scaled(kBarThickness)));
     InvalidateRect(handle(), nullptr, FALSE);
     UpdateWindow(handle());
+}
+
+// Two lines of text where one is short; none where the view has little room itself.
+int CVTHolderFrame::footHeight(const RECT& view) const {
+    constexpr int kWideEnough = 760, kLeastLines = 6;
+    const int lines = fw::widthOf(view) < scaled(kWideEnough) ? 2 : 1;
+    const int height = lines * lineHeight() + scaled(4);
+    return fw::heightOf(view) - height < kLeastLines * lineHeight() ? 0 : height;
 }
 
 HFONT CVTHolderFrame::font() const {
@@ -192,6 +211,11 @@ void CVTHolderFrame::showMenu(std::size_t view, POINT screen) {
     if (chosen == kAppearance && openAppearance) openAppearance();
 }
 
+std::string CVTHolderFrame::titleOf(const HeldView& view) const {
+    const std::string note = view.note ? view.note() : "";
+    return note.empty() ? view.title : view.title + " - " + note;
+}
+
 void CVTHolderFrame::onPaint() {
     const fw::PaintScope paint(handle());
     const RECT client = clientRect();
@@ -200,7 +224,8 @@ void CVTHolderFrame::onPaint() {
     const HWND focus = GetFocus();
     for (std::size_t i = 0; i < m_views.size(); ++i) {
         const HWND view = m_views[i].window;
-        m_frames[i].draw(paint.dc(), m_views[i].title, focus == view || IsChild(view, focus) != 0);
+        m_frames[i].draw(paint.dc(), titleOf(m_views[i]),
+                         focus == view || IsChild(view, focus) != 0);
     }
 }
 

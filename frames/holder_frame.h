@@ -23,6 +23,8 @@ struct HeldView {
     std::string title;
     std::string keyName;                        // of its size in the settings; empty: not stored
     std::function<void()> openAppearance = {};  // colours and font; empty: not offered
+    std::function<std::string()> note = {};     // what follows the title; asked by each paint
+    HWND foot = nullptr;                        // a line of text below the view; null: none
 };
 
 class CVTHolderFrame : public fw::CWindow {
@@ -40,6 +42,9 @@ public:
 
     // Another title for a view.
     void setTitle(std::size_t view, const std::string& title);
+
+    // The note of a view may be another one now. Costs one invalidation.
+    void noteChanged(std::size_t view);
 
     void move(const RECT& rect);
 
@@ -62,9 +67,11 @@ private:
     void onRightUp(POINT client);
     void onPaint();
 
+    std::string titleOf(const HeldView& view) const;
     HFONT font() const;
     int lineHeight() const;
     void makeBar(std::size_t index);
+    int footHeight(const RECT& view) const;
     void evenOut();
     void restoreSizes();
     void showMenu(std::size_t view, POINT screen);

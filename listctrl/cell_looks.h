@@ -19,6 +19,7 @@ struct CellLook {
     HFONT font = nullptr;                // null: the list's
     std::optional<COLORREF> background;  // none: the row's; both colours give way to a selection
     std::optional<COLORREF> text;
+    bool fontYields = false;  // to the list's, where the text does not fit in its own
 
     // Drawn and measured instead of the cell's text, of the same length. Empty: the text itself.
     std::string_view shown = {};

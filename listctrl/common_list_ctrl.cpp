@@ -72,6 +72,13 @@ void CCommonListCtrl::beforeMessage(UINT message) {
     if (m_updated) m_updated();
 }
 
+std::vector<NamedText> CCommonListCtrl::wholeTexts(std::size_t row, ColumnId column) const {
+    const std::string_view text = m_wholeReader && toIndex(column) < m_content.columns().dataSize()
+                                      ? m_wholeReader(store().slotAt(row), column)
+                                      : m_content.text(row, column);
+    return {{m_content.columns().descriptor(column).caption, std::string(text)}};
+}
+
 // Widths are in the font, and so is the header's height.
 void CCommonListCtrl::fontChanged() {
     m_painter.fontChanged();

@@ -20,11 +20,13 @@
 // (CWindow::reflectNotify, and WM_DRAWITEM to the list itself).
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <span>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "framework/window.h"
 #include "listctrl/cell_tip.h"
@@ -58,6 +60,9 @@ public:
     void setColumns(std::span<const sVoskColInfo> columns, CellReader reader,
                     std::span<const ColumnId> mandatory = {});
 
+    // What reads the whole texts of cells, where the columns' reader cuts them.
+    void setWholeReader(CellReader reader) { m_wholeReader = std::move(reader); }
+
     // What the header menu offers for the columns; nothing before.
     void offerColumns(bool defaultSort, bool userColumns) {
         m_commands.offerColumns(defaultSort, userColumns);
@@ -66,8 +71,11 @@ public:
     // The store changed. Costs one invalidation, however often it is called before the next paint.
     void storeChanged() { m_update.storeChanged(); }
 
-    // The row that the keys act on.
+    // The row of a record; none while it is not visible. The row that the keys act on. goTo() selects
+    // a row alone, for the checker.
+    std::optional<std::size_t> rowOf(Slot record) const { return store().rowOf(record); }
     std::optional<std::size_t> focusedRow() const { return store().focusedRow(); }
+    void goTo(std::size_t row) { m_input.goTo(row); }
 
     // `updated` is called whenever the control has been brought up to date with the store, and may
     // call nothing that sends the list a message.
@@ -99,6 +107,7 @@ protected:
     // Each overrider calls these first.
     void columnRemoved(ColumnId removed) override { m_appearance.columnRemoved(removed); }
     void fontChanged() override;
+    std::vector<NamedText> wholeTexts(std::size_t row, ColumnId column) const override;
 
     ListServices& services() const { return m_services; }
     RecordStore& store() const { return m_content.store(); }
@@ -117,6 +126,7 @@ private:
     ListServices& m_services;
     std::function<void()> m_updated;
     ListContent m_content;
+    CellReader m_wholeReader;
     CListUpdate m_update;
     CListHeader m_header;
     CListAppearance m_appearance;

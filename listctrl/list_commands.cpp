@@ -6,6 +6,7 @@
 #include "framework/dialog.h"
 #include "framework/handles.h"
 #include "framework/list_view.h"
+#include "listctrl/dialogs/whole_text.h"
 
 namespace mc {
 
@@ -23,6 +24,7 @@ constexpr CListCommands::Command CListCommands::kCommands[] = {
     {kAddColumnCommand, [](CListCommands& c) { c.m_parts.columns.addUserColumn(); }},
     {kDeleteColumnCommand, [](CListCommands& c) { c.m_parts.columns.deleteUserColumn(); }},
     {kSelectAllCommand, [](CListCommands& c) { c.m_parts.input.selectAll(); }},
+    {kWholeTextCommand, [](CListCommands& c) { c.showWholeText(); }},
 };
 
 void CListCommands::run(unsigned command) {
@@ -77,6 +79,14 @@ bool CListCommands::onKeyDown(UINT key, bool) {
     if (!found.commands.empty()) m_parts.input.keyTaken();
     for (const unsigned each : found.commands) run(each);
     return found.consumed;
+}
+
+// Of the focused row, in the column that was clicked last.
+void CListCommands::showWholeText() {
+    const auto row = m_parts.content.store().focusedRow();
+    if (!row) return;
+    mc::showWholeText(m_hooks.wholeTexts(*row, m_parts.input.clickedColumn()),
+                      m_services.mayExport(), m_list.handle());
 }
 
 void CListCommands::toggleGridLines() {

@@ -51,6 +51,7 @@ private:
 
     void showMenu(const std::vector<ListMenuEntry>& entries);
     void toggleGridLines();
+    void showWholeText();
 
     const fw::CWindow& m_list;
     ListServices& m_services;

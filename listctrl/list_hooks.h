@@ -2,8 +2,12 @@
 // parts as this.
 #pragma once
 
+#include <cstddef>
+#include <vector>
+
 #include "listctrl/model/columns/column_info.h"
 #include "listctrl/model/list_commands.h"
+#include "listctrl/model/whole_text.h"
 
 namespace mc {
 
@@ -25,6 +29,8 @@ public:
     // A user-defined column went, and the ids behind it moved down (idAfterRemoval). The header
     // is built again after this.
     virtual void columnRemoved(ColumnId) {}
+    // What the whole-text window shows for a cell: the cell's text, or more of its row.
+    virtual std::vector<NamedText> wholeTexts(std::size_t row, ColumnId column) const = 0;
     // The list has another font.
     virtual void fontChanged() {}
 

@@ -62,6 +62,7 @@ bool CListInput::press(POINT client) {
     SetFocus(m_list.handle());  // an editor that loses it may ask the user
     if (m_list.handle() == nullptr) return false;
     m_find.end();
+    if (const auto cell = m_header.cellAt(client)) m_clicked = m_content.columnAt(cell->item);
     return select([&] { m_rules.click(m_header.rowAt(client), modifiersDown()); });
 }
 
@@ -125,6 +126,12 @@ bool CListInput::selectByKey(UINT key, Modifiers keys) {
 ColumnId CListInput::findColumn() const {
     const auto& sort = m_content.order().current();
     return sort ? sort->column : m_content.columnAt(0);
+}
+
+ColumnId CListInput::clickedColumn() const {
+    const ColumnModel& columns = m_content.columns();
+    const bool shown = m_clicked && columns.has(*m_clicked) && columns.positionOf(*m_clicked);
+    return shown ? *m_clicked : m_content.columnAt(0);
 }
 
 void CListInput::onCharacter(UINT character) {

@@ -47,6 +47,9 @@ public:
     // The column whose first letters are typed to find a row: the sorted, else the first one.
     ColumnId findColumn() const;
 
+    // The column that was clicked last, while it is shown; else the first one.
+    ColumnId clickedColumn() const;
+
     void onButtonDown(POINT client) { press(client); }
     void onButtonUp(POINT client);
     void onDoubleClick(POINT client) { pressTwice(client); }
@@ -67,6 +70,7 @@ private:
     CListUpdate& m_update;
     SelectionRules m_rules;
     TypeToFind m_find;
+    std::optional<ColumnId> m_clicked;
     bool m_keyTaken = false;
 };
 

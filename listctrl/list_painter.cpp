@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "framework/handles.h"
 #include "listctrl/marked_text.h"
@@ -33,12 +34,15 @@ LRESULT CListPainter::onDrawItem(const DRAWITEMSTRUCT& draw) {
     const bool focused = GetFocus() == m_list.handle();
     const bool selected = store.selected(row);
     const RowColors colors = selected ? selectionColors(focused) : colorsOf(row);
-    fill(draw.hDC, draw.rcItem, colors.background);
+    const std::vector<RECT> cells = m_header.cellsOf(draw.rcItem);
+    RECT whole = draw.rcItem;  // which may begin behind the first cell's edge
+    if (!cells.empty()) whole.left = std::min(whole.left, cells.front().left);
+    fill(draw.hDC, whole, colors.background);
     SetTextColor(draw.hDC, colors.text);
     SetBkMode(draw.hDC, TRANSPARENT);
     const bool ownLooks = !selected && !highContrast();
     int item = 0;
-    for (const RECT& cell : m_header.cellsOf(draw.rcItem))
+    for (const RECT& cell : cells)
         if (item < m_content.shownCount()) drawCell(draw.hDC, {row, item++}, cell, ownLooks);
     if (focused && store.focusedRow() == row) DrawFocusRect(draw.hDC, &draw.rcItem);
     return TRUE;
@@ -57,6 +61,7 @@ CellLook CListPainter::lookOf(std::size_t row, int item) const {
 void CListPainter::drawCell(HDC dc, ListCell cell, const RECT& rect, bool ownLooks) const {
     CellLook look = lookOf(cell.row, cell.item);
     if (!ownLooks) look.runColor.reset();
+    if (look.fontYields && drawnWidth(cell, look) > roomIn(rect)) look.font = nullptr;
     if (ownLooks && look.background) fill(dc, rect, *look.background);
     const COLORREF rowText = GetTextColor(dc);
     if (ownLooks && look.text) SetTextColor(dc, *look.text);
@@ -151,23 +156,27 @@ int CListPainter::captionWidth(ColumnId column) const {
 }
 
 // Without the margins.
-int CListPainter::drawnWidth(ListCell cell) const {
-    const CellLook look = lookOf(cell.row, cell.item);
+int CListPainter::drawnWidth(ListCell cell, const CellLook& look) const {
     return look.indent + m_widths.widthOf(textOf(cell, look), look.font);
 }
 
 int CListPainter::dataWidth(int item) const {
     int widest = 0;
     for (std::size_t row = 0; row < m_content.store().rowCount(); ++row)
-        widest = std::max(widest, drawnWidth({row, item}));
+        widest = std::max(widest, drawnWidth({row, item}, lookOf(row, item)));
     return widest + 2 * margin();
+}
+
+int CListPainter::roomIn(const RECT& cell) const {
+    return static_cast<int>(cell.right - cell.left) - 2 * margin();
 }
 
 bool CListPainter::isCutOff(ListCell cell) const {
     const RECT rect = m_header.rectOf(cell);
-    const int room = static_cast<int>(rect.right - rect.left) - 2 * margin();
     const bool outside = rect.right > m_list.clientRect().right || rect.left < 0;
-    return outside || drawnWidth(cell) > room;
+    CellLook look = lookOf(cell.row, cell.item);
+    if (look.fontYields) look.font = nullptr;
+    return outside || drawnWidth(cell, look) > roomIn(rect);
 }
 
 std::string CListPainter::tipOf(ListCell cell) const {

@@ -51,7 +51,8 @@ private:
     std::string_view textOf(ListCell cell, const CellLook& look) const;
     void drawText(HDC dc, ListCell cell, const RECT& rect, const CellLook& look) const;
     bool isCutOff(ListCell cell) const;
-    int drawnWidth(ListCell cell) const;
+    int drawnWidth(ListCell cell, const CellLook& look) const;
+    int roomIn(const RECT& cell) const;
     int margin() const { return m_list.scaled(6); }  // at both sides of a cell
 
     const fw::CWindow& m_list;

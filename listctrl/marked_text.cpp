@@ -47,6 +47,15 @@ void paintBehind(HDC dc, const std::vector<RECT>& rects, COLORREF color) {
     SetBkColor(dc, paper);
 }
 
+// Character by character where the widths say, so that the marks lie under theirs.
+void drawLetters(HDC dc, const MarkedText& marked, const std::string& text, const RECT& rect) {
+    std::vector<INT> steps;
+    for (const char& letter : text)
+        steps.push_back(marked.widths.widthOf({&letter, 1}, marked.look.font));
+    ExtTextOutA(dc, static_cast<int>(rect.left), static_cast<int>(rect.top), ETO_CLIPPED, &rect,
+                text.data(), static_cast<UINT>(text.size()), steps.data());
+}
+
 // In the text's colour, which is readable wherever the text is.
 void drawMark(HDC dc, const RECT& run, CellLook::Mark mark, int lineHeight) {
     SetDCBrushColor(dc, GetTextColor(dc));
@@ -77,8 +86,7 @@ void drawMarkedText(HDC dc, const MarkedText& marked, const RECT& rect) {
                 {end, rect.top, std::min(end + widthOf(kDots), rect.right), rect.bottom});
     }
     if (marked.look.runColor) paintBehind(dc, runs, *marked.look.runColor);
-    ExtTextOutA(dc, static_cast<int>(rect.left), static_cast<int>(rect.top), ETO_CLIPPED, &rect,
-                drawn.data(), static_cast<UINT>(drawn.size()), nullptr);
+    drawLetters(dc, marked, drawn, rect);
     for (const RECT& each : runs) drawMark(dc, each, marked.look.mark, marked.lineHeight);
 }
 

@@ -14,11 +14,13 @@
 #define IDC_REJECT 1963
 #define IDC_UPDATE 1000
 #define IDC_RECOVER 1001
+#define IDC_PRESS_LINE 1002
 #define IDC_HOLDER_FRAME 1024
 #define IDC_MAIN_LIST 4000
 #define IDC_DETAILS_LIST 4001
+#define IDC_DETAIL_LINE 4002
 #define IDC_DECISIONS_FRAME 1025
-#define IDC_DECISIONS_LIST 4002
+#define IDC_DECISIONS_LIST 4003
 
 // The rejection dialog.
 #define IDD_REJECTION 322
@@ -91,3 +93,7 @@
 #define IDC_CP_VIEW 1743
 #define IDC_CP_DEFAULT 1744
 #define IDC_CP_SORT_KEPT 1745
+
+// The whole text of a cell.
+#define IDD_WHOLE_TEXT 1750
+#define IDC_WHOLE_TEXT 1751

@@ -19,7 +19,7 @@ constexpr std::string_view kUpdate[] = {"  #  ", " ### ", "#####", "  #  ",
 
 // Pixels at 96 dots per inch; a cell has a margin at both sides.
 constexpr int kMargin = 6;
-constexpr int kBarWidth = 2;
+constexpr int kBarWidth = 3;
 constexpr int kBesideBar = 2;
 constexpr int kBeforeText = 1;
 
@@ -78,6 +78,7 @@ ChangeState ChangeLooks::stateOf(std::size_t row) const {
 
 CellLook ChangeLooks::look(std::size_t row, int) const {
     CellLook look;
+    look.fontYields = true;
     if (stateOf(row).reading != Reading::lookedAt) look.font = m_bold.of(m_list.handle());
     return look;
 }

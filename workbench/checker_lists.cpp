@@ -2,8 +2,10 @@
 
 #include <utility>
 
+#include "framework/list_view.h"
 #include "listctrl/list_colors.h"
 #include "res/resource_ids.h"
+#include "workbench/model/queue_words.h"
 #include "workbench/model/records/main_list.h"
 
 namespace mc {
@@ -13,7 +15,9 @@ constexpr char kAllowedInValues[] =
     "0123456789.-qwertyuiopasdfghjklzxcvbnmQWERTYUIOPASDFGHJKLZXCVBNM"
     "!@#$%^&*()_`,./;':}{|~ ";
 
-constexpr std::size_t kDetailsView = 1;  // among those that the holder frame holds
+// Among the views that the holder frame holds.
+constexpr std::size_t kMainView = 0;
+constexpr std::size_t kDetailsView = 1;
 
 constexpr char kMainListName[] = "Maker checker List";
 constexpr char kMainTitle[] = "Maker-Checker";
@@ -27,8 +31,18 @@ COLORREF detailsBackground() {
     return light || highContrast() ? GetSysColor(COLOR_WINDOW) : RGB(255, 255, 255);
 }
 
-HeldView held(CFilterListCtrl& list, const char* title, const char* keyName) {
-    return {list.handle(), title, keyName, [&list] { list.command(kCustomizeCommand); }};
+HeldView held(CFilterListCtrl& list, const char* title, const char* keyName,
+              std::function<std::string()> note, HWND foot = nullptr) {
+    return {list.handle(),   title, keyName, [&list] { list.command(kCustomizeCommand); },
+            std::move(note), foot};
+}
+
+// Folds hide lines too, and are no news.
+std::string noteOf(const RecordStore& lines) {
+    const std::size_t filters = lines.filters().columns().size();
+    if (filters == 0) return {};
+    return summaryText(
+        {.rows = lines.rowCount(), .records = lines.storedCount(), .filters = filters});
 }
 
 }  // namespace
@@ -39,13 +53,28 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
     m_holder.create(pane, rect, IDC_HOLDER_FRAME);
     m_main->create(m_holder.handle(), IDC_MAIN_LIST, kMainListName, kMainTitle);
     m_details->create(m_holder.handle(), IDC_DETAILS_LIST, kDetailsListName, kDetailsTitle);
-    m_main->setEmptyText("No pending changes");
-    m_holder.setViews({held(*m_main, kMainTitle, kMainListName),
-                       held(*m_details, kDetailsTitle, kDetailsListName)});
+    m_main->setEmptyText(emptyQueueText(changes.states()));
+    m_main->onUpdate([this, &changes] {
+        m_main->setEmptyText(emptyQueueText(changes.states()));
+        m_holder.noteChanged(kMainView);
+        m_news();
+    });
+    m_details->onUpdate([this] {
+        m_holder.noteChanged(kDetailsView);
+        m_line.update();
+    });
+    m_line.create(m_holder.handle(), IDC_DETAIL_LINE);
+    m_holder.setViews({held(*m_main, kMainTitle, kMainListName,
+                            [&changes] { return summaryText(queueSummary(changes)); }),
+                       held(
+                           *m_details, kDetailsTitle, kDetailsListName,
+                           [this] { return noteOf(m_lines.rows()); }, m_line.handle())});
     m_main->setColumns(
         kMainColumns,
         [&changes](Slot change, ColumnId column) { return changes.cellText(change, column); },
         kMandatoryMainColumns);
+    m_main->setWholeReader(
+        [&changes](Slot change, ColumnId column) { return changes.wholeText(change, column); });
     m_main->offerColumns(true, true);
     m_main->storeChanged();
     m_details->setDetailColumns();
@@ -63,7 +92,8 @@ void CheckerLists::move(const RECT& rect) {
 }
 
 void CheckerLists::showWindows() {
-    for (const HWND window : {m_main->handle(), m_details->handle(), m_holder.handle()})
+    for (const HWND window :
+         {m_main->handle(), m_details->handle(), m_line.handle(), m_holder.handle()})
         ShowWindow(window, SW_SHOWNA);
 }
 
@@ -73,28 +103,42 @@ void CheckerLists::colorsChanged() {
         SendMessageA(list, WM_SYSCOLORCHANGE, 0, 0);
 }
 
+void CheckerLists::bringIntoView(std::size_t mainRow) const {
+    fw::ListView(m_main->handle()).bringIntoView(mainRow);
+}
+
 // ---- What the rules say ----
 
 void CheckerLists::rowsChanged() {
     if (m_main != nullptr) m_main->storeChanged();
+    m_news();
+}
+
+void CheckerLists::selectChange(Slot change) {
+    if (m_main == nullptr) return;
+    if (const auto row = m_main->rowOf(change)) m_main->goTo(*row);
 }
 
 void CheckerLists::emptyDetails() {
+    m_line.valuesChanged();
     if (m_details != nullptr) m_details->empty();
 }
 
 // Filters belong to the details they were typed for.
 void CheckerLists::showDetails(std::vector<DetailGroup> groups, bool anotherChange) {
     if (m_details == nullptr) return;
+    m_line.valuesChanged();
     if (anotherChange) m_details->resetFilters();
     m_details->replace(std::move(groups));
 }
 
 void CheckerLists::editsSent() {
+    m_line.valuesChanged();
     if (m_details != nullptr) m_details->editsSent();
 }
 
 void CheckerLists::editsDropped() {
+    m_line.valuesChanged();
     if (m_details != nullptr) m_details->editsDropped();
 }
 
@@ -104,14 +148,18 @@ void CheckerLists::captionDetails(const DetailsCaption& caption) {
     if (m_details == nullptr) return;
     m_details->setEmptyText(caption.emptyText);
     m_details->setDimmed(caption.dimmed);
-    m_holder.setTitle(kDetailsView, caption.title);
-    SetWindowTextA(m_details->handle(), caption.title.c_str());  // what screen readers call it
+    std::string title = caption.title;
+    if (!caption.neighbours.empty()) title += " - " + caption.neighbours;
+    m_holder.setTitle(kDetailsView, title);
+    SetWindowTextA(m_details->handle(), title.c_str());  // what screen readers call it
+    m_news();
 }
 
 // The row shows what the update will send, not what was typed. A value that will not be sent stays
 // as it was; a row without a field shows what was typed.
 void CheckerLists::takeEdit(const EndOfEdit& edit, const std::optional<std::string>& stored) {
     if (edit.column != "Value" || (!stored && edit.row.mnemonic != 0)) return;
+    m_line.valuesChanged();
     const std::string before = std::exchange(edit.row.value, stored.value_or(edit.typed));
     if (!edit.row.edited) edit.row.received = before;
     edit.row.edited = stored.has_value();

@@ -5,11 +5,13 @@
 // gone, nothing is shown and no key is taken.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "details/detail_line.h"
 #include "details/edit_messages.h"
 #include "details/multi_line_edit_list_ctrl.h"
 #include "frames/holder_frame.h"
@@ -35,6 +37,14 @@ public:
     void showWindows();
     void colorsChanged();
 
+    // What is called when rows, their selection or states, or unsent edits may have changed. It
+    // must not call the workbench.
+    void onNews(std::function<void()> news) { m_news = std::move(news); }
+
+    // Takes every filter off the main list, and brings a row of it into view.
+    void resetMainFilters() { m_main->command(kResetFiltersCommand); }
+    void bringIntoView(std::size_t mainRow) const;
+
     HWND mainWindow() const { return m_main != nullptr ? m_main->handle() : nullptr; }
 
     // Where Tab stops in the lists, in order.
@@ -52,6 +62,9 @@ public:
     void applyMainFilter() { m_main->applyFilter(); }
     void applyDetailsFilter() { m_details->applyFilter(); }
 
+    // Selects the row of a change alone, if it has one, and scrolls it into view.
+    void selectChange(Slot change);
+
     void rowsChanged() override;
     void statesChanged() override { rowsChanged(); }
     void emptyDetails() override;
@@ -66,7 +79,9 @@ private:
     LineGroups m_lines;
     std::unique_ptr<CPendingList> m_main;
     std::unique_ptr<CMultiLineEditListCtrl> m_details;
+    CDetailLine m_line{m_lines};  // below the details
     DetailsCaption m_caption;
+    std::function<void()> m_news = [] {};
     bool m_heldInEditor = false;  // the last key was pressed in an editor of the details
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "framework/hwnd.h"
 #include "res/resource_ids.h"
 #include "workbench/rejection_dialog.h"
 
@@ -22,10 +23,12 @@ constexpr fw::ActionKey kActionKeys[] = {
     {VK_F5, false, IDC_RECOVER, "Ask for everything that is pending (F5)"},
 };
 
-// Shows and hides the list of the session's own decisions.
-constexpr fw::ActionKey kDecisionsKey{VK_F9, false, 0, ""};
+constexpr int kButtons[] = {IDC_ACCEPT, IDC_REJECT, IDC_UPDATE, IDC_RECOVER};  // of PressButton
 
-constexpr int kButtons[] = {IDC_ACCEPT, IDC_REJECT, IDC_UPDATE, IDC_RECOVER};
+PaneCommand commandOf(UINT key) {
+    const Modifiers keys = modifiersDown();
+    return paneCommand(key, keys.ctrl, keys.shift);
+}
 
 void showRow(Workbench& workbench, std::size_t row) {
     if (auto change = workbench.changes().recordAt(row)) workbench.showDetails(std::move(*change));
@@ -57,6 +60,7 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
         fw::onCommand<IDC_UPDATE, &CMakerChecker::onUpdate, BN_CLICKED>(),
         fw::onCommand<IDC_RECOVER, &CMakerChecker::onRecover, BN_CLICKED>(),
         fw::onCommand<IDC_CANCEL, &CMakerChecker::onCancel>(),
+        fw::onCommand<IDC_PRESS_LINE, &CMakerChecker::selectPair, BN_CLICKED>(),
         fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(NM_DBLCLK), &CMakerChecker::onShowSelected>(),
         fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(NM_RETURN), &CMakerChecker::onShowFocused>(),
         fw::onNotify<IDC_MAIN_LIST, static_cast<UINT>(LVN_ITEMCHANGED),
@@ -75,6 +79,8 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
 
 LRESULT CMakerChecker::onInitDialog() {
     m_workbench = std::make_unique<Workbench>(m_host, m_lists);
+    m_line.create(handle(), IDC_PRESS_LINE);
+    m_lists.onNews([this] { m_line.stale(); });
     m_lists.open(handle(), listsRect(), m_workbench->changes());
 
     // Without the right nothing is offered for editing that could not be sent.
@@ -83,20 +89,34 @@ LRESULT CMakerChecker::onInitDialog() {
         ShowWindow(GetDlgItem(handle(), IDC_UPDATE), SW_HIDE);
     else
         m_lists.offerEditing(handle());
-    for (const int id : kButtons) m_buttons.add(GetDlgItem(handle(), id));
+    for (std::size_t i = 0; i < std::size(kButtons); ++i) {
+        const HWND button = GetDlgItem(handle(), kButtons[i]);
+        m_buttons.add(button);
+        m_line.watch(button, static_cast<PressButton>(i));
+    }
     return FALSE;
 }
 
 // ---- Lay-out ----
 
-// The lists take what the buttons leave.
-RECT CMakerChecker::listsRect() const {
+// The press line lies under the buttons, and the lists take what is left.
+RECT CMakerChecker::listsRect() {
     RECT rect = clientRect();
+    const int width = static_cast<int>(rect.right);
+    const int line = m_buttons.arrange(width) + scaled(3), height = m_line.heightFor(width);
     rect.left += scaled(5);
-    rect.top = std::max(scaled(55), m_buttons.arrange(static_cast<int>(rect.right)) + scaled(4));
     rect.right -= scaled(5);
     rect.bottom -= scaled(5);
+    rect.top = std::max(scaled(55), line + height + scaled(3));
+    SetWindowPos(m_line.handle(), nullptr, rect.left, line, std::max<int>(fw::widthOf(rect), 0),
+                 height, SWP_NOZORDER | SWP_NOACTIVATE);
     return rect;
+}
+
+void CMakerChecker::onColorsChanged() {
+    m_lists.colorsChanged();
+    m_decisions.colorsChanged();
+    m_line.stale();
 }
 
 // The frame's own size may have stayed, and what is in it has not.
@@ -146,13 +166,13 @@ std::vector<HWND> CMakerChecker::tabStops() const {
     return stops;
 }
 
-bool CMakerChecker::isDecisionsKey(UINT key) {
-    return fw::isPressed(kDecisionsKey, key);
+bool CMakerChecker::controlClaims(HWND control, UINT key) const {
+    return m_lists.claims(control, key) || m_decisions.claims(control, key) ||
+           commandOf(key) != PaneCommand::none;
 }
 
 // Opens at the newest decision about the change that the main list is at, or at the newest of all.
 void CMakerChecker::toggleDecisions() {
-    if (m_workbench == nullptr) return;
     const bool hadFocus = m_decisions.hasFocus();
     if (m_decisions.isOpen()) {
         m_decisions.close();
@@ -168,8 +188,8 @@ void CMakerChecker::toggleDecisions() {
 }
 
 void CMakerChecker::onDialogKey(UINT key, bool repeated) {
-    if (isDecisionsKey(key)) {
-        if (!repeated) toggleDecisions();
+    if (const PaneCommand command = commandOf(key); command != PaneCommand::none) {
+        if (!repeated) run(command);
         return;
     }
     switch (m_decisions.dialogKey(key, repeated)) {
@@ -178,7 +198,7 @@ void CMakerChecker::onDialogKey(UINT key, bool repeated) {
         case DecisionsPanel::KeyUse::taken:
             return;
         case DecisionsPanel::KeyUse::closes:
-            return toggleDecisions();
+            return run(PaneCommand::decisions);
     }
     switch (m_lists.dialogKey(key, repeated)) {
         case CheckerLists::KeyUse::none:
@@ -188,6 +208,34 @@ void CMakerChecker::onDialogKey(UINT key, bool repeated) {
         case CheckerLists::KeyUse::dropsEdits:
             return decide([](Workbench& workbench) { workbench.dropEdits(); });
     }
+}
+
+void CMakerChecker::run(PaneCommand command) {
+    if (m_workbench == nullptr) return;
+    switch (command) {
+        case PaneCommand::none:
+            break;
+        case PaneCommand::nextNeighbour:
+            return onNextNeighbour();
+        case PaneCommand::decisions:
+            return toggleDecisions();
+        case PaneCommand::nextQuickFilter:
+        case PaneCommand::quickFilterBack:
+        case PaneCommand::quickFilterOff:
+            return chooseQuickFilter(command);
+        case PaneCommand::selectPair:
+            return selectPair();
+        case PaneCommand::openNext:
+            return openNext();
+    }
+}
+
+void CMakerChecker::chooseQuickFilter(PaneCommand command) {
+    QuickFilter& filter = m_workbench->changes().quickFilter();
+    if (command == PaneCommand::nextQuickFilter) filter.next();
+    if (command == PaneCommand::quickFilterBack) filter.back();
+    if (command == PaneCommand::quickFilterOff) filter.choose(QuickFilter::Kind::off);
+    applyMainFilter();
 }
 
 void CMakerChecker::layOutAgain() {
@@ -211,25 +259,64 @@ void CMakerChecker::decide(Decision decision) {
     decision(*m_workbench);
 }
 
+// The line is about this button from the press to its end, and says what the press does.
+template <class Decision>
+void CMakerChecker::press(PressButton button, Decision decision) {
+    decide([&](Workbench& workbench) {
+        struct Scope {
+            CPressLine& line;
+            ~Scope() { line.end(); }
+        } const scope(m_line);
+        m_line.begin(button);
+        decision(workbench);
+    });
+}
+
+PressLine CMakerChecker::describe(PressButton button) const {
+    if (m_workbench == nullptr) return {};
+    return describePress(m_workbench->plan(button), m_workbench->changes());
+}
+
 void CMakerChecker::onAccept() {
-    decide([](Workbench& workbench) { workbench.accept(workbench.changes().selectedRecords()); });
+    press(PressButton::accept,
+          [](Workbench& workbench) { workbench.accept(workbench.changes().selectedRecords()); });
 }
 
 void CMakerChecker::onReject() {
-    decide([](Workbench& workbench) {
+    press(PressButton::reject, [](Workbench& workbench) {
         workbench.reject(workbench.changes().selectedRecords(), askRejectionReason);
     });
 }
 
 void CMakerChecker::onUpdate() {
-    decide([](Workbench& workbench) { workbench.update(); });
+    press(PressButton::update, [](Workbench& workbench) { workbench.update(); });
 }
 
 void CMakerChecker::onRecover() {
-    decide([](Workbench& workbench) { workbench.recover(); });
+    press(PressButton::recover, [](Workbench& workbench) { workbench.recover(); });
 }
 
-void CMakerChecker::onMainFilterChanged(NMHDR&) {
+// Filters that hide a half are taken off.
+void CMakerChecker::selectPair() {
+    decide([this](Workbench& workbench) {
+        const std::vector<Slot> halves = workbench.missingHalves();
+        const RecordStore& rows = workbench.changes().rows();
+        const auto hidden = [&rows](Slot slot) { return !rows.rowOf(slot); };
+        if (std::ranges::any_of(halves, hidden)) m_lists.resetMainFilters();
+        if (halves.empty()) return;
+        workbench.selectHalves(halves);
+        if (const auto row = rows.rowOf(halves.front())) m_lists.bringIntoView(*row);
+    });
+}
+
+void CMakerChecker::openNext() {
+    decide([this](Workbench& workbench) {
+        if (!workbench.openNext()) return;
+        if (const auto row = workbench.changes().rows().focusedRow()) m_lists.bringIntoView(*row);
+    });
+}
+
+void CMakerChecker::applyMainFilter() {
     m_lists.applyMainFilter();
     if (m_workbench != nullptr) m_workbench->selectionMoved();
 }
@@ -261,6 +348,18 @@ void CMakerChecker::onShowSelected(NMHDR&) {
 void CMakerChecker::onShowFocused(NMHDR&) {
     decide([](Workbench& workbench) {
         if (const auto row = workbench.changes().rows().focusedRow()) showRow(workbench, *row);
+    });
+}
+
+// The neighbour takes over the selection of a change that was selected alone, so that what is read
+// is what is decided; any other selection stays.
+void CMakerChecker::onNextNeighbour() {
+    decide([this](Workbench& workbench) {
+        const auto shown = workbench.shownKey();
+        const PendingChanges& changes = workbench.changes();
+        const bool alone = shown && changes.rows().selectedCount() == 1 && changes.selected(*shown);
+        const auto next = workbench.showNeighbour();
+        if (next && alone) m_lists.selectChange(next->slot);
     });
 }
 

@@ -1,8 +1,8 @@
 // CMakerChecker: the checker's workbench, one docking pane in the host's main frame.
 //
-// A row of decision buttons lies above two lists: one row per pending change, and below it the
-// details of the change that is looked at. The pane draws, asks the Workbench and tells it what the
-// checker did; every rule is there.
+// A row of decision buttons, and the line that says what a press would do, lie above two lists: one
+// row per pending change, and below it the details of the change that is looked at. The pane draws,
+// asks the Workbench and tells it what the checker did; every rule is there.
 #pragma once
 
 #include <memory>
@@ -13,7 +13,9 @@
 #include "link/model/host.h"
 #include "workbench/checker_lists.h"
 #include "workbench/decisions_panel.h"
+#include "workbench/model/pane_commands.h"
 #include "workbench/model/workbench.h"
+#include "workbench/press_line_window.h"
 
 namespace mc {
 
@@ -39,10 +41,7 @@ protected:
     HWND initialFocus() const override { return m_lists.mainWindow(); }
     void onDialogKey(UINT key, bool repeated) override;
     std::vector<HWND> tabStops() const override;
-    bool controlClaims(HWND control, UINT key) const override {
-        return isDecisionsKey(key) || m_lists.claims(control, key) ||
-               m_decisions.claims(control, key);
-    }
+    bool controlClaims(HWND control, UINT key) const override;
     std::span<const fw::ActionKey> actionKeys() const override;
     void onHidden() override { keepFloatSize(); }
     SIZE leastSize() const override { return {scaled(220), scaled(320)}; }
@@ -52,10 +51,7 @@ private:
     LRESULT onInitDialog();
     void onSize(int, int) { layOut(); }
     void onDpiChanged();
-    void onColorsChanged() {
-        m_lists.colorsChanged();
-        m_decisions.colorsChanged();
-    }
+    void onColorsChanged();
     void onDestroy();
     void keepFloatSize();
     void onAccept();
@@ -65,25 +61,36 @@ private:
     void onCancel() {}
     void onShowSelected(NMHDR& header);
     void onShowFocused(NMHDR& header);
+    void onNextNeighbour();
     void onSelectionMade(NMHDR& header);
-    void onMainFilterChanged(NMHDR&);
+    void onMainFilterChanged(NMHDR&) { applyMainFilter(); }
+    void applyMainFilter();
     void onDetailsFilterChanged(NMHDR&) { m_lists.applyDetailsFilter(); }
     void onDecisionsFilterChanged(NMHDR&) { m_decisions.applyFilter(); }
     void onEditorClosed();
     void onEndOfEdit(const EndOfEdit& edit);
     void onEndOfChoice(const EndOfEdit& edit);
 
+    void run(PaneCommand command);
+    void chooseQuickFilter(PaneCommand command);
+
+    void selectPair();
+    void openNext();
+
     template <class Decision>
     void decide(Decision decision);
-    RECT listsRect() const;
+    template <class Decision>
+    void press(PressButton button, Decision decision);
+    PressLine describe(PressButton button) const;
+    RECT listsRect();
     void layOut() { m_lists.move(m_decisions.takeRoom(listsRect())); }
-    static bool isDecisionsKey(UINT key);
     void toggleDecisions();
 
     Host& m_host;
     CControlPos m_buttons;
     CVoskDialogBar m_bar;  // the pane while it floats
     std::unique_ptr<Workbench> m_workbench;
+    CPressLine m_line{[this](PressButton button) { return describe(button); }};
     CheckerLists m_lists;           // on the rows of the workbench, and so behind it here
     DecisionsPanel m_decisions;     // likewise
     bool m_selectionWaits = false;  // for the end of an edit, with what it does to the details

@@ -10,17 +10,22 @@ class CPendingList final : public CFilterListCtrl {
 public:
     // Both must outlive the list.
     CPendingList(ListServices& services, PendingChanges& changes)
-        : CFilterListCtrl(services, changes.rows()), m_looks(*this, changes) {
+        : CFilterListCtrl(services, changes.rows()), m_changes(changes), m_looks(*this, changes) {
         painter().setLooks(m_looks);
     }
 
 protected:
+    bool runOwnCommand(unsigned command) override {
+        if (command == kResetFiltersCommand) m_changes.quickFilter().choose(QuickFilter::Kind::off);
+        return CFilterListCtrl::runOwnCommand(command);
+    }
     void fontChanged() override {
         m_looks.fontChanged();
         CFilterListCtrl::fontChanged();
     }
 
 private:
+    PendingChanges& m_changes;
     ChangeLooks m_looks;
 };
 

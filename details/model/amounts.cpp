@@ -1,6 +1,7 @@
 #include "details/model/amounts.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "text/characters.h"
 #include "text/text_difference.h"
@@ -95,14 +96,6 @@ std::optional<Decimal> amountOf(std::string_view text) {
     return readDecimal(trimmed(text));
 }
 
-std::string slipOf(const sMCListStruct& row) {
-    const auto change = amountChange(row);
-    std::string slip = change ? slipBetween(change->old, change->now) : "";
-    if (!slip.empty() || !row.edited || !row.sent) return slip;
-    const auto asked = amountOf(row.sent->value), typed = amountOf(row.value);
-    return asked && typed ? slipBetween(*asked, *typed, "what the maker asked for") : "";
-}
-
 std::string stepText(const AmountChange& change) {
     const Decimal step = difference(change.now, change.old);
     if (step.isZero()) return "the same amount";
@@ -117,7 +110,7 @@ std::string behindTheText(const sMCListStruct& row) {
     return sent == amountOf(row.value) ? "" : "sent as " + row.sent->value + ", shown rounded";
 }
 
-std::string lineAboutAmount(const sMCListStruct& row, const Decimal& now) {
+AboutLine lineAboutAmount(const sMCListStruct& row, const Decimal& now) {
     const auto change = amountChange(row);
     std::string line = row.caption + ": ";
     const std::string exact = row.edited ? row.value : row.sent->value;
@@ -126,10 +119,10 @@ std::string lineAboutAmount(const sMCListStruct& row, const Decimal& now) {
     append(line, inLakhAndCrore(now));
     append(line, behindTheText(row), "; ");
     const std::string slip = slipOf(row);
-    if (slip.empty()) return line;
+    if (slip.empty()) return {line};
     std::string first = slip;
     first[0] = static_cast<char>(first[0] - 'a' + 'A');
-    return first + ". " + line;
+    return {first + ". " + line, true};
 }
 
 std::string lineAboutText(const sMCListStruct& row) {
@@ -183,24 +176,32 @@ std::optional<AmountChange> amountChange(const sMCListStruct& row) {
     return now && old ? std::optional(AmountChange{*now, *old}) : std::nullopt;
 }
 
-std::string lineAbout(const sMCListStruct& row) {
-    if (!row.sent) return lineAboutText(row);
-    const auto now = amountOf(row.edited ? row.value : row.sent->value);
-    return now ? lineAboutAmount(row, *now) : lineAboutText(row);
+std::string slipOf(const sMCListStruct& row) {
+    if (!row.sent) return {};
+    const auto change = amountChange(row);
+    std::string slip = change ? slipBetween(change->old, change->now) : "";
+    if (!slip.empty() || !row.edited) return slip;
+    const auto asked = amountOf(row.sent->value), typed = amountOf(row.value);
+    return asked && typed ? slipBetween(*asked, *typed, "what the maker asked for") : "";
 }
 
-std::string lineAbout(const std::vector<DetailGroup>& groups) {
-    std::string named;
-    std::size_t slips = 0;
-    for (const DetailGroup& group : groups)
-        for (const sMCListStruct& row : group.rows) {
-            const std::string slip = row.sent ? slipOf(row) : "";
-            if (!slip.empty() && slips++ < kMaxNamedSlips)
-                append(named, row.caption + " (" + slip + ")");
-        }
-    if (slips == 0) return {};
-    if (slips > kMaxNamedSlips) named += " and " + std::to_string(slips - kMaxNamedSlips) + " more";
-    return (slips == 1 ? "Perhaps a slip: " : "Perhaps slips: ") + named;
+AboutLine lineAbout(const sMCListStruct& row) {
+    if (!row.sent) return {lineAboutText(row)};
+    const auto now = amountOf(row.edited ? row.value : row.sent->value);
+    return now ? lineAboutAmount(row, *now) : AboutLine{lineAboutText(row)};
+}
+
+void SlipsOf::add(const sMCListStruct& row) {
+    const std::string slip = slipOf(row);
+    if (!slip.empty() && m_count++ < kMaxNamedSlips)
+        append(m_named, row.caption + " (" + slip + ")");
+}
+
+AboutLine SlipsOf::line() const {
+    if (m_count == 0) return {};
+    const std::string begin = m_count == 1 ? "Perhaps a slip: " : "Perhaps slips: ";
+    const std::size_t more = m_count - std::min(m_count, kMaxNamedSlips);
+    return {begin + m_named + (more != 0 ? " and " + std::to_string(more) + " more" : ""), true};
 }
 
 }  // namespace mc

@@ -4,10 +4,10 @@
 // too long or too fine.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "details/model/detail_group.h"
 #include "text/decimal.h"
@@ -32,12 +32,30 @@ struct AmountChange {
 };
 std::optional<AmountChange> amountChange(const sMCListStruct& row);
 
-// The line about one row: its slip first, then old and new value, difference and per cent, the
-// words, the exact text behind a rounded value, and what an update sends for an edited one. Of a
-// row that is no amount: what cannot be seen in its texts. Empty when there is nothing to say.
-std::string lineAbout(const sMCListStruct& row);
+// What looks like a slip in a row: between its values, or between what the maker asked for and an
+// edit. Empty: nothing does, or it is no amount.
+std::string slipOf(const sMCListStruct& row);
 
-// The line about all rows together: the slips among them. Empty when there is none.
-std::string lineAbout(const std::vector<DetailGroup>& groups);
+// A line about one row, or about all of them.
+struct AboutLine {
+    std::string text;   // empty: there is nothing to say
+    bool slip = false;  // it names one
+};
+
+// About one row: its slip first, then old and new value, difference and per cent, the words, the
+// exact text behind a rounded value, and what an update sends for an edited one. Of a row that is
+// no amount: what cannot be seen in its texts.
+AboutLine lineAbout(const sMCListStruct& row);
+
+// About rows together: the slips among them.
+class SlipsOf {
+public:
+    void add(const sMCListStruct& row);
+    AboutLine line() const;
+
+private:
+    std::string m_named;
+    std::size_t m_count = 0;
+};
 
 }  // namespace mc

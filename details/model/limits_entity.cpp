@@ -1,5 +1,6 @@
 #include "details/model/limits_entity.h"
 
+#include "link/model/entity.h"
 #include "link/model/mnemonics.h"
 
 namespace mc {
@@ -7,13 +8,13 @@ namespace {
 
 constexpr struct {
     int mnemonic;
-    std::string_view prefix;
+    EntityKind kind;
 } kLimitsEntities[] = {
-    {MNM_BROKER, "Broker - "},
-    {MNM_BRANCH, "Branch - "},
-    {MNM_ACCOUNT_GROUP, "Account Group - "},
-    {MNM_USER, "Dealer - "},
-    {MNM_ACCOUNT_ID, "Client - "},
+    {MNM_BROKER, EntityKind::broker},
+    {MNM_BRANCH, EntityKind::branch},
+    {MNM_ACCOUNT_GROUP, EntityKind::accountGroup},
+    {MNM_USER, EntityKind::user},
+    {MNM_ACCOUNT_ID, EntityKind::client},
 };
 
 }  // namespace
@@ -21,7 +22,7 @@ constexpr struct {
 std::string limitsEntityName(const FieldReader& message) {
     for (const auto& entity : kLimitsEntities)
         if (const auto id = message.text(entity.mnemonic))
-            return std::string(entity.prefix).append(*id);
+            return std::string(limitsPrefix(entity.kind)).append(*id);
     return {};
 }
 

@@ -29,6 +29,7 @@ inline constexpr sVoskColInfo kDetailColumns[] = {
 };
 inline constexpr ColumnId kFieldColumn{0};
 inline constexpr ColumnId kValueColumn{1};
+inline constexpr ColumnId kOldValueColumn{2};
 
 // A value is never visible without its name, nor a name without its value.
 inline constexpr ColumnId kMandatoryDetailColumns[] = {kFieldColumn, kValueColumn};
@@ -64,6 +65,13 @@ public:
 
     // Frees all groups.
     void clear();
+
+    // Hands every row to `visit`, headings excepted.
+    template <class Visit>
+    void forEachRow(Visit visit) const {
+        for (const Group& group : m_groups)
+            for (const sMCListStruct& row : group.content.rows) visit(row);
+    }
 
     std::size_t groupCount() const { return m_groups.size(); }
 

@@ -17,6 +17,7 @@ ValueMarks marksOf(const sMCListStruct& row, const UnseenSigns& signs) {
     ValueMarks marks;
     marks.value.shown = shownAs(row.value, signs);
     marks.old.shown = shownAs(row.oldValue, signs);
+    marks.slip = !slipOf(row).empty();
     if (row.change != FieldChange::changed || amountChange(row)) return marks;
     TextDifference found = differenceOf(row.value, row.oldValue);
     marks.kind = found.kind;

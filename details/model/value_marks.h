@@ -19,6 +19,7 @@ struct CellMarks {
 struct ValueMarks {
     CellMarks value, old;
     DifferenceKind kind = DifferenceKind::none;
+    bool slip = false;  // an amount that looks like a slip
 };
 
 // Amounts have no runs: two numbers do not differ by characters, and the line below the list says

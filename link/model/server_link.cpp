@@ -124,6 +124,8 @@ int serverLink::subscribe() {
         m_controlA->subscribe(subscriptionId, mnemonics.data(), values.data(),
                               static_cast<int>(pairs.size()), m_controlA, 0, 0, 1, &error) == 0)
         m_host.reportToUser("Failed to subscribe ", kReportMessage);
+    else
+        m_subscribed = true;
     return 1;
 }
 

@@ -35,6 +35,7 @@ public:
     // Subscribes to the authorization traffic that the checker's privilege level may see; a level
     // without a subscription is not subscribed. Returns 1 in every case; a failure is reported.
     int subscribe();
+    bool subscribed() const { return m_subscribed; }
 
     // Ends the subscription. Returns 1, or 0 after reporting the failure.
     int unsubscribe();
@@ -49,6 +50,7 @@ private:
     Host& m_host;
     std::vector<const char*> m_failures;
     bool m_closed = false;
+    bool m_subscribed = false;
     void* m_message = nullptr;
     void* m_timeHandle = nullptr;
     void* m_buffer = nullptr;

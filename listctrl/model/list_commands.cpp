@@ -83,8 +83,11 @@ struct KeyLine {
     bool (*offered)(const ListOffers&);
 };
 
+constexpr unsigned kF3 = 0x72;  // the platform's number
+
 // Ctrl+Shift+C copies as well as customises: the copy is tested first and does not ask for Shift.
 constexpr KeyLine kKeys[] = {
+    {kF3, false, Shift::any, kWholeTextCommand, true, always},
     {'A', true, Shift::any, kSelectAllCommand, true, always},
     {'C', true, Shift::any, kCopyCommand, false, exportAllowed},
     {'C', true, Shift::down, kCustomizeCommand, false, customizeOffered},

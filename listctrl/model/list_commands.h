@@ -20,6 +20,7 @@ enum ListCommand : unsigned {
     kDeleteColumnCommand = 4012,
     kResetFiltersCommand = 33078,
     kSelectAllCommand = 1,  // by key only
+    kWholeTextCommand = 2,  // by key only
 };
 
 // What a list offers at the moment.

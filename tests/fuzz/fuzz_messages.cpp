@@ -67,55 +67,22 @@ constexpr std::array kWords{"339", "340",     "353",     "354",   "360", "365",
 constexpr std::array kRequests{"om_get_auth_limits_details", "om_get_auth_user_details",
                                "om_get_auth_account_details", "om_get_functionality_details",
                                "om_authenticate_functionality"};
-constexpr int kMnemonics[] = {MNM_REQUEST_NAME,
-                              MNM_STATUS,
-                              MNM_USER,
-                              MNM_ERROR,
-                              MNM_ANSWERED_REQUEST,
-                              MNM_AUTHORIZATION_KEY,
-                              MNM_ACCOUNT_ID,
-                              MNM_TYPE,
-                              MNM_PUBLICATION_STATUS,
-                              MNM_REQUESTING_USER,
-                              MNM_FUNCTIONALITY,
-                              MNM_ACCOUNT_GROUP,
-                              MNM_BRANCH,
-                              MNM_BROKER,
-                              MNM_GROUPWISE_VALIDATION};
+constexpr auto numbers(auto... each) {
+    return std::array{each...};
+}
+constexpr auto kMnemonics = numbers(
+    MNM_REQUEST_NAME, MNM_STATUS, MNM_USER, MNM_ERROR, MNM_ANSWERED_REQUEST, MNM_AUTHORIZATION_KEY,
+    MNM_ACCOUNT_ID, MNM_TYPE, MNM_PUBLICATION_STATUS, MNM_REQUESTING_USER, MNM_FUNCTIONALITY,
+    MNM_ACCOUNT_GROUP, MNM_BRANCH, MNM_BROKER, MNM_GROUPWISE_VALIDATION);
 
 // Fields of details: lists, exchanges, gates and their neighbours, and a limit of each kind.
-constexpr int kDetailFields[] = {MNM_ACCOUNT_ID,
-                                 MNM_USER,
-                                 MNM_ACCOUNT_GROUP,
-                                 MNM_BROKER,
-                                 MNM_PASSWORD,
-                                 MNM_CLIENT_OVERVIEW,
-                                 MNM_USER_IP,
-                                 MNM_ACCESS_TYPE,
-                                 MNM_EXCHANGE,
-                                 MNM_EXCHANGE_EXPIRY,
-                                 MNM_EXCHANGE_STATUS,
-                                 MNM_EXCHANGE_USER_ID,
-                                 MNM_ROUTE_TO_RMS,
-                                 MNM_PRODUCTS,
-                                 MNM_ATTRIBUTES,
-                                 MNM_ORDER_TYPES,
-                                 MNM_CLIENT_STATUS,
-                                 MNM_CLIENT_CONTEXT,
-                                 MNM_SOR_ENABLED,
-                                 MNM_PAYMENT_MODE,
-                                 MNM_BRANCH_NAME_2,
-                                 MNM_SEGMENTS,
-                                 MNM_ADHOC_COUNTS,
-                                 MNM_CATEGORY,
-                                 MNM_GROUPWISE_VALIDATION,
-                                 MNM_ORDER_QUANTITY_LIMIT,
-                                 MNM_LIMIT_REMARKS,
-                                 64031,
-                                 64158,
-                                 64704,
-                                 64832,
-                                 41336};
+constexpr auto kDetailFields = numbers(
+    MNM_ACCOUNT_ID, MNM_USER, MNM_ACCOUNT_GROUP, MNM_BROKER, MNM_PASSWORD, MNM_CLIENT_OVERVIEW,
+    MNM_USER_IP, MNM_ACCESS_TYPE, MNM_EXCHANGE, MNM_EXCHANGE_EXPIRY, MNM_EXCHANGE_STATUS,
+    MNM_EXCHANGE_USER_ID, MNM_ROUTE_TO_RMS, MNM_PRODUCTS, MNM_ATTRIBUTES, MNM_ORDER_TYPES,
+    MNM_CLIENT_STATUS, MNM_CLIENT_CONTEXT, MNM_SOR_ENABLED, MNM_PAYMENT_MODE, MNM_BRANCH_NAME_2,
+    MNM_SEGMENTS, MNM_ADHOC_COUNTS, MNM_CATEGORY, MNM_GROUPWISE_VALIDATION,
+    MNM_ORDER_QUANTITY_LIMIT, MNM_LIMIT_REMARKS, 64031, 64158, 64704, 64832, 41336);
 constexpr std::array kDetailTexts{
     "ML",  "|ML|ML",      "A|MLB|ML", "nse_cm|mcx_sx||any|", "Y",      "OK",  "-1",
     "0",   "yes",         "NEFT",     "Online-Sqroff",       "nse_fo", "1e9", "1e999",
@@ -207,11 +174,12 @@ private:
             m_workbench.choiceMade(field, typed.c_str());
     }
 
-    std::vector<PendingChange> selection() {
+    std::vector<Slot> selection() {
         const std::size_t which = m_input.below(4);
-        std::vector<PendingChange> rows;
+        std::vector<Slot> rows;
         for (std::size_t row = 0; row < m_workbench.changes().size(); ++row)
-            if (which == 0 || m_input.below(2) == 0) rows.push_back(m_workbench.changes().at(row));
+            if (which == 0 || m_input.below(2) == 0)
+                rows.push_back(m_workbench.changes().at(row).slot);
         return rows;
     }
 

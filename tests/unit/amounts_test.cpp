@@ -97,7 +97,7 @@ TEST(Amounts, TheLineSaysWhatTheFocusedRowDoes) {
         {"", "inf", "inf", nullptr, ""},
     };
     for (const auto& [old, sent, shown, typed, line] : cases)
-        EXPECT_EQ(lineAbout(limit(old, sent, shown, typed)), line);
+        EXPECT_EQ(lineAbout(limit(old, sent, shown, typed)).text, line);
 }
 
 TEST(Amounts, TheLineOfATextSaysWhatDoesNotShow) {
@@ -113,7 +113,7 @@ TEST(Amounts, TheLineOfATextSaysWhatDoesNotShow) {
     for (const auto& [value, old, line] : cases) {
         sMCListStruct row{"Name", value, old};
         row.change = FieldChange::changed;
-        EXPECT_EQ(lineAbout(row), line);
+        EXPECT_EQ(lineAbout(row).text, line);
     }
 }
 
@@ -132,10 +132,16 @@ TEST(Amounts, SlipsAmongTheLimitsOfAnAnswerAreNamedTogether) {
                                      {41336, "-4"},
                                      {41336, "4"}});
     const FieldReader fields(answer.handle());
-    EXPECT_EQ(lineAbout(BuildLimitsDetails(fields, true)),
+    const auto slips = [](const DetailGroups& groups) {
+        SlipsOf found;
+        for (const DetailGroup& group : groups)
+            for (const sMCListStruct& row : group.rows) found.add(row);
+        return found.line().text;
+    };
+    EXPECT_EQ(slips(BuildLimitsDetails(fields, true)),
               "Perhaps slips: Cash Margin (ten times the old value), Sell Sec Limit (to zero), "
               "Buy Exp Option Limit (two digits of the old value swapped) and 1 more");
-    EXPECT_EQ(lineAbout(BuildClientDetails(fields)), "");
+    EXPECT_EQ(slips(BuildClientDetails(fields)), "");
 }
 
 }  // namespace

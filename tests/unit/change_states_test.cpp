@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "tests/unit/workbench_fixture.h"
+#include "workbench/model/queue_words.h"
 #include "workbench/model/records/main_list.h"
 
 using namespace mc;
@@ -15,6 +16,7 @@ class ChangeStatesTest : public WorkbenchTest {
 protected:
     void SetUp() override { restart(); }
     void restart() {
+        setenv("TZ", "UTC", 1);
         workbench.reset();
         workbench = std::make_unique<Workbench>(host, view);
         states().setClock([] { return std::time_t{9 * 3600 + 14 * 60 + 5}; });
@@ -26,8 +28,9 @@ protected:
     }
 
     // Beside what take() does: "list KEY", "list KEY CODE", "found KEY" (an answer to Recover),
-    // "other KEY" (published again with another maker), "own KEY" (by the checker himself, so),
-    // "end KEY", "select KEY" (and no other), "accept", "reject", "update", "recover".
+    // "other KEY" (published again with another maker), "pair KEY" (an investor's half), "own
+    // KEY" (by the checker himself, so), "end KEY", "select KEY" (and no other), "accept",
+    // "reject", "update", "recover".
     void run(const std::string& steps) {
         std::istringstream lines(steps);
         for (std::string step; std::getline(lines >> std::ws, step, ',');) does(step);
@@ -44,6 +47,10 @@ protected:
         if (verb == "list") return void(list(key, code));
         if (verb == "other") return publish("auth pending", {{MNM_REQUESTING_USER, "MK2"}});
         if (verb == "own") return publish("auth pending", {{MNM_REQUESTING_USER, host.userId}});
+        if (verb == "pair")
+            return publish(
+                "auth pending",
+                {{MNM_TYPE, "INVESTOR_CLIENT"}, {MNM_FUNCTIONALITY, "339"}, {MNM_USER, "INV1"}});
         if (verb == "end") return publish("accepted", {});
         if (verb == "found")
             return answer(kGetFunctionalityDetails, {{MNM_PUBLICATION_STATUS, "auth pending"},
@@ -83,7 +90,7 @@ TEST_F(ChangeStatesTest, SaysWhatWasDoneWithAChange) {
         {"list 7,open 7,other 7,answer user 7", "not looked at; its details are open"},
         {"list 7,open 7,answer user 7,end 7,list 7", "not looked at"},
         {"list 7,list 8,select 7,accept", "not looked at; accept sent at 9:14:05, outcome awaited"},
-        {"list 7,select 7,accept,reject", "not looked at; reject sent at 9:14:05, outcome awaited"},
+        {"list 7,select 7,accept,reject", "not looked at; accept sent at 9:14:05, outcome awaited"},
         {"list 7,select 7,accept,again 7",
          "not looked at; accept sent at 9:14:05, outcome awaited"},
         {"list 7,select 7,accept,other 7", "not looked at"},
@@ -97,7 +104,6 @@ TEST_F(ChangeStatesTest, SaysWhatWasDoneWithAChange) {
         {"list 6,list 7,select 6,end 6", "not looked at; selected by the list after a removal"},
         {"list 6,list 7,select 6,end 6,select 7", "not looked at"},
     };
-    setenv("TZ", "UTC", 1);
     for (const auto& each : cases) {
         restart();
         run(each.steps);
@@ -121,7 +127,7 @@ TEST_F(ChangeStatesTest, OnlyWhatLeftIsSent) {
 TEST_F(ChangeStatesTest, CountsTheSelectedAndTheVisible) {
     run("list 5,list 6,list 7,list 8,open 5,answer user 5,select 7,accept,select 5,end 5,recover");
     rows().select(2, true);
-    const StateCounts counts = states().ofSelected();
+    const StateCounts counts = states().count(rows().selectedSlots());
     EXPECT_EQ(counts.changes, 2u);
     EXPECT_EQ(counts.notLookedAt, 2u);
     EXPECT_EQ(counts.doubtful, 2u);
@@ -137,6 +143,68 @@ TEST_F(ChangeStatesTest, CountsTheSelectedAndTheVisible) {
     EXPECT_EQ(rows().deselectedByFilter(), 1u) << "until the hand selects";
     rows().select(0, true);
     EXPECT_EQ(rows().deselectedByFilter(), 0u);
+}
+
+TEST_F(ChangeStatesTest, TheQuickFilterShowsOneStateAndTheChangeThatIsRead) {
+    // Three dealers, of whom one was looked at and one changed after that, and an investor's half.
+    const char* const kBefore =
+        "list 5,list 6,list 7,pair 8,open 5,answer user 5,open 6,answer user 6,open 7,other "
+        "6";
+    const struct {
+        int keys;  // F7 is pressed so often, then the steps are taken
+        const char *words, *steps, *rows;
+    } cases[] = {
+        {0, "", "", "5,6,7,8,"},
+        {1, "only not looked at", "", "7,8,"},
+        {1, "only not looked at", "answer user 7", "7,8,"},
+        {1, "only not looked at", "answer user 7,other 7", "7,8,"},
+        {1, "only not looked at", "answer user 7,open 8", "8,"},
+        {1, "only not looked at", "open 8,answer user 8,list 9,select 9", "7,8,9,"},
+        {1, "only not looked at", "open 8,answer user 8,end 8,list 9", "7,9,"},
+        {2, "only changed since", "other 5", "5,6,"},
+        {3, "only mine to pair", "", "8,"},
+        {4, "only neighbours", "", "5,6,7,"},
+        {5, "", "", "5,6,7,8,"},
+        {-1, "only neighbours", "end 7,list 9", "5,6,9,"},
+    };
+    for (const auto& each : cases) {
+        restart();
+        run(kBefore);
+        QuickFilter& filter = workbench->changes().quickFilter();
+        for (int i = 0; i < each.keys; ++i) filter.next();
+        if (each.keys < 0) filter.back();
+        rows().filter();
+        run(each.steps);
+        workbench->selectionMade();
+        EXPECT_EQ(filter.words(), each.words);
+        std::string keys;
+        for (std::size_t row = 0; row < rows().rowCount(); ++row)
+            keys.append(rows().cellText(row, kKeyColumn)).append(",");
+        EXPECT_EQ(keys, each.rows) << each.words << ": " << each.steps;
+    }
+}
+
+TEST_F(ChangeStatesTest, TheQueueSaysWhyItIsEmptyAndHowMuchItHides) {
+    const std::string recover = "Recover (F5) asks for what ";
+    EXPECT_EQ(emptyQueueText(states()),
+              "Nothing comes by itself in this session. " + recover + "is pending");
+    workbench->subscribe();
+    EXPECT_EQ(emptyQueueText(states()),
+              "Nothing has come since 9:14. " + recover + "was pending before");
+    run("list 5,list 6,open 5,answer user 5,select 5");
+    EXPECT_EQ(summaryText(queueSummary(workbench->changes())), "1 selected, 1 not looked at");
+    workbench->changes().quickFilter().next();
+    rows().filters().set(kKeyColumn, "6");
+    rows().filter();
+    EXPECT_EQ(summaryText(queueSummary(workbench->changes())),
+              "1 of 2 shown, 1 filter, only not looked at, 1 not looked at");
+    run("end 5,end 6");
+    EXPECT_EQ(emptyQueueText(states()),
+              "Nothing is left of what has come since 9:14. " + recover + "was pending before");
+    run("recover");
+    EXPECT_EQ(emptyQueueText(states()), "No pending changes");
+    EXPECT_EQ(summaryText({.rows = 12, .records = 3000, .filters = 2}),
+              "12 of 3,000 shown, 2 filters");
 }
 
 }  // namespace

@@ -1,19 +1,15 @@
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
 #include "console/model/authorization_server.h"
 #include "console/model/owned_message.h"
-#include "console/model/storm.h"
 
 namespace zek {
 namespace {
 
 constexpr char kDecide[] = "om_authenticate_functionality";
-constexpr char kRecover[] = "om_get_functionality_details";
 
 // A checker's end of a connection: what it has received, in order.
 struct Checker {
@@ -79,98 +75,6 @@ protected:
     AuthorizationServer server;
     Checker checker{server, {{field::kBroker, ""}, {field::kKey, ""}}};
 };
-
-TEST_F(ServerTest, SubscriptionsFilterByExactValues) {
-    struct Row {
-        const char* what;
-        std::vector<SubscriptionPair> pairs;
-        bool receives;
-    };
-    const Row rows[] = {
-        {"only wildcards, one of an absent field", {{field::kGroup, ""}, {field::kKey, ""}}, true},
-        {"broker and branch", {{field::kBroker, "ZEKB"}, {field::kBranch, "MUM01"}}, true},
-        {"one of two differs", {{field::kBroker, "ZEKB"}, {field::kBranch, "DEL01"}}, false},
-        {"another case", {{field::kBroker, "zekb"}}, false},
-        {"a prefix", {{field::kUser, "DLR10"}}, false},
-        {"a value in an absent field", {{field::kClient, "C10021"}}, false},
-        {"no subscription", {}, false},
-    };
-    for (const Row& row : rows) {
-        Checker other(server, row.pairs);
-        server.submit(modifyUser());
-        other.takeAll();
-        EXPECT_EQ(other.published.size(), row.receives ? 1u : 0u) << row.what;
-        server.disconnect(other.connection);
-    }
-}
-
-TEST_F(ServerTest, AcceptingAppliesTheChangeAndPublishesTheOutcome) {
-    server.registry().put(User{"DLR101",
-                               "OLDB",
-                               "DEL01",
-                               "DEALER",
-                               {{30001, {"Asha Rao"}}, {50110, {"asha@example.in"}}}});
-    const std::string key = server.submit(modifyUser());
-    checker.ask(decisionOn(key, "340", "accepted"));
-
-    EXPECT_EQ(checker.answers.back(), fieldsOf({{32767, kDecide}, {51803, key}}));
-    ASSERT_EQ(checker.published.size(), 2u);
-    EXPECT_EQ(textOf(checker.published[1], field::kStatus), "accepted");
-    EXPECT_EQ(textOf(checker.published[1], field::kUser), "DLR101");
-    EXPECT_EQ(server.pending(key), nullptr);
-    EXPECT_EQ(server.decision(key), (Decision{true, "RISKADM1", ""}));
-    EXPECT_EQ(*server.registry().user("DLR101"), (User{"DLR101",
-                                                       "ZEKB",
-                                                       "MUM01",
-                                                       "DEALER",
-                                                       {{30001, {"Asha Iyer"}},
-                                                        {50110, {"asha@example.in"}},
-                                                        {44201, {"DAY", "IOC"}},
-                                                        {64710, {std::nullopt}}}}));
-}
-
-TEST_F(ServerTest, AnUpdateEditsTheNewValuesAndLeavesTheChangePending) {
-    Change change = clientLimits();
-    change.fields.push_back({64037, {}});  // a field without occurrences is not there
-    const std::string key = server.submit(change);
-    Fields update = decisionOn(key, "360", "accepted");
-    update.push_back(makeField(64031, "275000.00"));
-    update.push_back(makeField(64037, "yes"));
-    checker.ask(update);
-    EXPECT_EQ(checker.lastError(), "");
-    EXPECT_EQ(checker.published.size(), 1u);  // only the submission
-    ASSERT_NE(server.pending(key), nullptr);
-    EXPECT_EQ(
-        server.pending(key)->fields,
-        (Fields{{64031, {"275000.00", "250000"}}, {64211, {"5000", "4000"}}, {64037, {"yes"}}}));
-
-    checker.ask(decisionOn(key, "360", "accepted"));
-    const Entity client{field::kClient, "C10021"};
-    EXPECT_EQ(server.registry().limit(client, 64031), "275000.00");
-    EXPECT_EQ(server.registry().limit(client, 64211), "5000");
-    EXPECT_EQ(server.registry().limit(client, 64037), "yes");
-    EXPECT_EQ(server.registry().limit(client, 64033), std::nullopt);
-    EXPECT_EQ(server.registry().limit({field::kUser, "C10021"}, 64031), std::nullopt);
-}
-
-TEST_F(ServerTest, RecoveryTellsWhatOthersHavePendingInOrderOfArrival) {
-    std::vector<std::string> keys;
-    for (int i = 0; i < 4; ++i) keys.push_back(server.submit(modifyUser()));
-    Change own = clientLimits();
-    own.maker = "RISKADM1";
-    server.submit(own);
-    server.decideAs("OTHER", keys[1], false, "no");
-    checker.takeAll();
-    const Fields publication = checker.published[0];
-
-    checker.ask(fieldsOf({{0, kRecover}, {31003, "RISKADM1"}}));
-    ASSERT_EQ(checker.answers.size(), 3u);
-    Fields expected = publication;
-    expected.insert(expected.begin(), makeField(32767, kRecover));
-    EXPECT_EQ(checker.answers[0], expected);
-    EXPECT_EQ(textOf(checker.answers[1], field::kKey), keys[2]);
-    EXPECT_EQ(textOf(checker.answers[2], field::kKey), keys[3]);
-}
 
 TEST_F(ServerTest, RefusesWhatCannotBeMetAndChangesNothing) {
     const std::string user = server.submit(modifyUser());

@@ -26,9 +26,9 @@ std::string timeless(std::string row) {
 TEST_F(WorkbenchTest, NotesWhatLeftAndWhatCameOfIt) {
     DecisionLog& log = workbench->decisionLog();
     const PendingChange first = list("1001", "354"), second = list("1002", "340");
-    workbench->reject({&first, 1}, [] { return std::string("wrong branch"); });
-    workbench->accept({&second, 1});
-    workbench->accept({&second, 1});
+    workbench->reject({&first.slot, 1}, [] { return std::string("wrong branch"); });
+    workbench->accept({&second.slot, 1});
+    workbench->accept({&second.slot, 1});
     workbench->recover();
     EXPECT_EQ(log.summary(), "4 decisions, 3 outcomes awaited");
     workbench->handlePublished(publication("rejected", "1002").handle());

@@ -45,14 +45,14 @@ struct DecisionsFixture {
         for (const PairRow& row : rows) list(row);
     }
 
-    std::vector<PendingChange> allRows() {
-        std::vector<PendingChange> rows;
-        for (std::size_t i = 0; i < changes.size(); ++i) rows.push_back(changes.at(i));
-        return rows;
+    PressPlan planOfAll(PressButton button) {
+        std::vector<Slot> slots;
+        for (std::size_t i = 0; i < changes.size(); ++i) slots.push_back(changes.at(i).slot);
+        return planPress(button, slots, changes, details);
     }
-    void acceptAll() { acceptSelected(allRows(), changes, requests, host); }
+    void acceptAll() { acceptSelected(planOfAll(PressButton::accept), changes, requests, host); }
     void rejectAll(const std::string& reason) {
-        rejectSelected(allRows(), reason, changes, requests);
+        rejectSelected(planOfAll(PressButton::reject), reason, changes, requests);
     }
 
     // The decisions that were sent, as "accepted 1001".

@@ -29,7 +29,7 @@ protected:
             rows.select(row, keys.contains(workbench->changes().at(row).key));
         workbench->selectionMade();
     }
-    std::vector<PendingChange> selected() { return workbench->changes().selectedRecords(); }
+    std::vector<Slot> selected() { return workbench->changes().selectedRecords(); }
     Lines requests() {
         Lines names;
         for (const SentMessage& message : host.control().sent) names.push_back(message[0].second);

@@ -6,6 +6,8 @@ using namespace mc;
 
 TEST(EmptyText, SaysWhyThereIsNothingToSee) {
     EXPECT_EQ(emptyListText(0, 0, "No pending changes"), "No pending changes");
-    EXPECT_EQ(emptyListText(12, 0, "No pending changes"), "12 hidden by filters");
+    EXPECT_EQ(
+        emptyListText(12, 0, "No pending changes"),
+        "12 hidden by filters. Reset Filters, in the captions' menu (Ctrl+Menu key), shows them");
     EXPECT_EQ(emptyListText(12, 3, "No pending changes"), "");
 }

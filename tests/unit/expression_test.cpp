@@ -114,22 +114,14 @@ TEST(ExpressionTest, ComputesInfixTexts) {
     }
 }
 
-// The three that are never found in a text, and where C++ itself has no result.
+// Where C++ itself has no result.
 TEST(ExpressionTest, OperatorsHaveAResultForAllOperands) {
     struct {
         const char* spelling;
         double a, b, result;
     } const cases[] = {
-        {"!|", 5, 2, ~7},
-        {"!&", 6, 3, ~2},
-        {"!=", 1, 2, 1},
-        {"!=", 2, 2, 0},
-        {"%", INT_MIN, -1, 0},
-        {"\\", INT_MIN, -1, INT_MIN},
-        {"\\", 1, 1e-300, INT_MIN},
-        {"<<", -1, 31, INT_MIN},
-        {"<<", 1, -1, INT_MIN},
-        {">>", INT_MIN, 63, -1},
+        {"%", INT_MIN, -1, 0},           {"\\", INT_MIN, -1, INT_MIN}, {"\\", 1, 1e-300, INT_MIN},
+        {"<<", -1, 31, INT_MIN},         {"<<", 1, -1, INT_MIN},       {">>", INT_MIN, 63, -1},
         {"^", HUGE_VAL, 1, INT_MIN + 1},
     };
     for (const auto& [spelling, a, b, result] : cases) {

@@ -36,13 +36,4 @@ TEST(AnswerError, IsReadFromItsField) {
     }
 }
 
-TEST(FieldReader, ReadsNumbersThatAreNumbersAsAWhole) {
-    const auto message = makeMessage({{1, "1e3"}, {1, "12 lots"}, {1, "-7"}, {1, ""}});
-    const FieldReader reader(message.handle());
-    EXPECT_EQ(reader.number(1), 1000.0);
-    EXPECT_EQ(reader.longInteger(1), std::nullopt);
-    EXPECT_EQ(reader.longInteger(1, 2), -7);
-    for (const int none : {1, 3, 4, -1}) EXPECT_EQ(reader.number(1, none), std::nullopt) << none;
-}
-
 }  // namespace

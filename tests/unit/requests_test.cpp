@@ -36,81 +36,85 @@ struct RequestsFixture {
     std::optional<Requests> requests;
 };
 
-// One request, and what is said when each of its steps fails.
+// A field of a request, and what is said when it cannot be added; empty: nothing.
+struct Piece {
+    int field;
+    std::string text, failure;
+};
+
+// One request, from the start of its message, and whether it says that it was sent.
 struct RequestCase {
     std::string name;
-    // Whether the request says that it was sent.
     std::function<bool(RequestsFixture&)> send;
-    SentMessage fields;
-    std::string success;
-    // Of the start of the message, then of each field, in order; empty: nothing is said.
-    Lines buildFailures;
-    std::string sendFailure;
+    std::string success, startFailure;
+    std::vector<Piece> pieces;
 
+    SentMessage fields() const {
+        SentMessage all;
+        for (const Piece& piece : pieces) all.emplace_back(piece.field, piece.text);
+        return all;
+    }
     friend void PrintTo(const RequestCase& each, std::ostream* out) { *out << each.name; }
 };
 
-using DetailRequest = int (Requests::*)(const std::string&);
+const std::string kSending = " while sending om_authenticate_functionality";
+const std::string kFailure = "log Request failure";
 
-RequestCase detailCase(const std::string& name, DetailRequest request, const std::string& success) {
-    const std::string failure = "log Request failure";
+RequestCase detailCase(const std::string& name, int (Requests::*request)(const std::string&),
+                       const std::string& success) {
     return {name,
             [request](RequestsFixture& f) { return ((*f.requests).*request)("1001") == 1; },
-            {{0, name}, {54247, "CHECK01"}, {51803, "1001"}},
             success,
-            {"log Messaging failure.", failure, failure, failure},
-            failure};
+            "log Messaging failure.",
+            {{0, name, kFailure}, {54247, "CHECK01", kFailure}, {51803, "1001", kFailure}}};
 }
 
-// `entity` and its failure are left out for a change whose entity is not named.
-RequestCase acceptCase(const std::string& code, const SentMessage& entity, const Lines& failure) {
+// The entity is named by users' and clients' changes that are no deletions.
+void nameEntity(RequestCase& made, const std::string& code) {
+    if (code == "339" || code == "340")
+        made.pieces.push_back({31003, "ENT7", "error MNM_USER failed" + kSending});
+    if (code == "353" || code == "354")
+        made.pieces.push_back({54001, "ENT7", "error MNM_ACCOUNT_ID failed" + kSending});
+}
+
+RequestCase acceptCase(const std::string& code) {
     RequestCase made{
         "accept_" + code,
         [code](RequestsFixture& f) { return f.requests->sendAccept(changeOf(code)) == 1; },
-        {{0, kDecision}},
         "log Request sent to Accept Authentication",
-        {"", ""},
-        "error Failed while sending " + kDecision};
-    made.fields.insert(made.fields.end(), entity.begin(), entity.end());
-    made.buildFailures.insert(made.buildFailures.end(), failure.begin(), failure.end());
-    for (const auto& field :
-         SentMessage{{54294, "CHECK01"}, {51803, "1001"}, {63713, code}, {10303, "accepted"}})
-        made.fields.push_back(field);
-    for (const char* line :
-         {"error MNM_SOURCE_USER_ID failed while sending om_authenticate_functionality",
-          "error 51803 failed while sending om_authenticate_functionality", "log Request failure",
-          "error MNM_STATUS failed while sending om_authenticate_functionality"})
-        made.buildFailures.emplace_back(line);
+        "",
+        {{0, kDecision, ""}}};
+    nameEntity(made, code);
+    made.pieces.push_back({54294, "CHECK01", "error MNM_SOURCE_USER_ID failed" + kSending});
+    made.pieces.push_back({51803, "1001", "error 51803 failed" + kSending});
+    made.pieces.push_back({63713, code, kFailure});
+    made.pieces.push_back({10303, "accepted", "error MNM_STATUS failed" + kSending});
     return made;
 }
 
-RequestCase rejectCase(const std::string& code, const SentMessage& entity, const Lines& failure) {
-    const std::string general = "error Failed while sending " + kDecision;
+RequestCase rejectCase(const std::string& code) {
+    const std::string general = "error Failed" + kSending;
     RequestCase made{"reject_" + code,
                      [code](RequestsFixture& f) {
                          return f.requests->sendReject(changeOf(code), "not agreed") == 1;
                      },
-                     {{0, kDecision}},
                      "log Request sent to Reject Authentication",
-                     {general, general},
-                     general};
-    made.fields.insert(made.fields.end(), entity.begin(), entity.end());
-    made.buildFailures.insert(made.buildFailures.end(), failure.begin(), failure.end());
-    for (const auto& field : SentMessage{{54294, "CHECK01"},
-                                         {32766, "not agreed"},
-                                         {63713, code},
-                                         {51803, "1001"},
-                                         {10303, "rejected"}})
-        made.fields.push_back(field);
-    for (const char* line : {"error MNM_USER Failed while sending om_authenticate_functionality",
-                             "log Request failure", "log Request failure",
-                             "error 51803 Failed while sending om_authenticate_functionality",
-                             "error MNM_STATUS Failed while sending om_authenticate_functionality"})
-        made.buildFailures.emplace_back(line);
+                     general,
+                     {{0, kDecision, general}}};
+    nameEntity(made, code);
+    made.pieces.push_back({54294, "CHECK01", "error MNM_USER Failed" + kSending});
+    made.pieces.push_back({32766, "not agreed", kFailure});
+    made.pieces.push_back({63713, code, kFailure});
+    made.pieces.push_back({51803, "1001", "error 51803 Failed" + kSending});
+    made.pieces.push_back({10303, "rejected", "error MNM_STATUS Failed" + kSending});
     return made;
 }
 
 std::vector<RequestCase> allRequests() {
+    const std::string source = "error MNM_SOURCE_USER_ID failed" + kSending;
+    const std::string status = "error MNM_STATUS failed" + kSending;
+    const std::string recover = "om_get_functionality_details";
+    const std::string recovery = "error MNM_SOURCE_USER_ID failed while sending " + recover;
     std::vector<RequestCase> cases{
         detailCase("om_get_auth_user_details", &Requests::requestUserDetails,
                    "log Request for getting entities details sent "),
@@ -118,50 +122,30 @@ std::vector<RequestCase> allRequests() {
                    "log Request for getting account details sent "),
         detailCase("om_get_auth_limits_details", &Requests::requestLimitsDetails,
                    "log Request for getting entities details sent "),
-    };
-
-    const SentMessage user{{31003, "ENT7"}};
-    const Lines userFails{"error MNM_USER failed while sending om_authenticate_functionality"};
-    const SentMessage account{{54001, "ENT7"}};
-    const Lines accountFails{
-        "error MNM_ACCOUNT_ID failed while sending om_authenticate_functionality"};
-    for (const auto& make : {acceptCase, rejectCase}) {
-        for (const char* code : {"339", "340"}) cases.push_back(make(code, user, userFails));
-        for (const char* code : {"353", "354"}) cases.push_back(make(code, account, accountFails));
-        for (const char* code : {"360", "365", "366", "777"}) cases.push_back(make(code, {}, {}));
-    }
-
-    const std::string source =
-        "error MNM_SOURCE_USER_ID failed while sending om_authenticate_functionality";
-    const std::string status =
-        "error MNM_STATUS failed while sending om_authenticate_functionality";
-    cases.push_back(
         {"update",
          [](RequestsFixture& f) {
              f.requests->sendLimitsUpdate();
              return f.details.modifiedValues.empty();
          },
-         {{0, kDecision},
-          {54294, "CHECK01"},
-          {51803, "shown before"},
-          {63713, "360"},
-          {10303, "accepted"},
-          {41236, "7"},
-          {64037, "yes"},
-          {64210, "12"}},
          "log Request sent to Update RMS Limits Authentication",
-         {source, source, source, "error 51803 failed while sending om_authenticate_functionality",
-          "log Request failure", status, status, status, status},
-         "error Failed while sending om_authenticate_functionality"});
-
-    const std::string recovery =
-        "error MNM_SOURCE_USER_ID failed while sending om_get_functionality_details";
-    cases.push_back({"recovery",
-                     [](RequestsFixture& f) { return f.requests->sendRecovery() == 1; },
-                     {{0, "om_get_functionality_details"}, {31003, "CHECK01"}},
-                     "log Request sent to Recovery",
-                     {recovery, recovery, recovery},
-                     "error Failed while sending om_get_functionality_details"});
+         source,
+         {{0, kDecision, source},
+          {54294, "CHECK01", source},
+          {51803, "shown before", "error 51803 failed" + kSending},
+          {63713, "360", kFailure},
+          {10303, "accepted", status},
+          {41236, "7", status},
+          {64037, "yes", status},
+          {64210, "12", status}}},
+        {"recovery",
+         [](RequestsFixture& f) { return f.requests->sendRecovery() == 1; },
+         "log Request sent to Recovery",
+         recovery,
+         {{0, recover, recovery}, {31003, "CHECK01", recovery}}}};
+    for (const char* code : {"339", "340", "353", "354", "360", "365", "366", "777"}) {
+        cases.push_back(acceptCase(code));
+        cases.push_back(rejectCase(code));
+    }
     return cases;
 }
 
@@ -172,12 +156,13 @@ INSTANTIATE_TEST_SUITE_P(Requests, EachRequest, testing::ValuesIn(allRequests())
 TEST_P(EachRequest, SendsItsFieldsInOrderAndSaysSo) {
     RequestsFixture f;
     EXPECT_TRUE(GetParam().send(f));
-    EXPECT_EQ(f.host.control().sent, std::vector<SentMessage>{GetParam().fields});
+    EXPECT_EQ(f.host.control().sent, std::vector<SentMessage>{GetParam().fields()});
     EXPECT_EQ(f.host.said, Lines{GetParam().success});
 }
 
 TEST_P(EachRequest, EndsAtTheFirstFailingCallWithItsLine) {
-    const Lines& lines = GetParam().buildFailures;
+    Lines lines{GetParam().startFailure};
+    for (const Piece& piece : GetParam().pieces) lines.push_back(piece.failure);
     for (std::size_t call = 1; call <= lines.size() + 1; ++call) {
         SCOPED_TRACE(call);
         RequestsFixture f;
@@ -195,7 +180,7 @@ TEST_P(EachRequest, EndsAtTheFirstFailingCallWithItsLine) {
         EXPECT_EQ(f.details.modifiedValues, edits);
         // What was built so far does not get into the next message.
         EXPECT_TRUE(GetParam().send(f));
-        EXPECT_EQ(f.host.control().sent, std::vector<SentMessage>{GetParam().fields});
+        EXPECT_EQ(f.host.control().sent, std::vector<SentMessage>{GetParam().fields()});
     }
 }
 

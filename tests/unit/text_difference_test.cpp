@@ -40,7 +40,7 @@ TEST(TextDifference, MarksTheShortestEditAndWholeWordsWhereMostDiffers) {
          "a[ ]b", "a[\xA0]b", blanks},
         {"AB0CO", "ABOC0", "AB[0]C[O]", "AB[O]C[0]", alike},
         {"MICHAEL", "MlCHAEL", "M[I]CHAEL", "M[l]CHAEL", alike},
-        {"M0IL", "MO1l", "M0[IL]", "MO[1l]", plain},
+        {"M0IL", "MO1l", "[M0IL]", "[MO1l]", plain},
         {"Ill", "1l1", "[I]l[l]", "[1]l[1]", alike},
         {"burn", "bum", "bu[rn]", "bu[m]", alike},
         {"a" + longer + "b", "c" + longer + "d", "[a" + longer + "b]", "[c" + longer + "d]", plain},

@@ -8,32 +8,6 @@ using namespace mc;
 
 namespace {
 
-TEST_F(WorkbenchTest, AsksForTheDetailsOfAChangeByItsKind) {
-    const struct {
-        const char *code, *request;  // null: nothing is asked for
-    } cases[] = {
-        {"339", "om_get_auth_user_details"},
-        {"340", "om_get_auth_user_details"},
-        {"353", "om_get_auth_account_details"},
-        {"354", "om_get_auth_account_details"},
-        {"360", "om_get_auth_limits_details"},
-        {"365", nullptr},
-        {"366", nullptr},
-        {"777", nullptr},
-    };
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.code);
-        const PendingChange record = list(std::string("key ") + each.code, each.code);
-        host.control().sent.clear();
-        workbench->showDetails(record);
-        EXPECT_EQ(view.events, Lines{"empty details"});
-        std::vector<SentMessage> sent;
-        if (each.request != nullptr)
-            sent.push_back({{0, each.request}, {54247, "CHECK01"}, {51803, record.key}});
-        EXPECT_EQ(host.control().sent, sent);
-    }
-}
-
 // What happened, in the words of take().
 TEST_F(WorkbenchTest, ShowsOnlyAnswersForTheChangeThatIsLookedAt) {
     const std::string title = "Maker Checker Details: DLR101, ";
@@ -183,8 +157,8 @@ TEST_F(WorkbenchTest, RecoveryEmptiesTheDetailsAndItsAnswersAreTakenIn) {
 // Behind the message box of a press that is under way.
 TEST_F(WorkbenchTest, AClosedWorkbenchDecidesAndTakesInNothing) {
     for (const char* key : {"1001", "1002", "1003"}) list(key, "340");
-    std::vector<PendingChange> rows;
-    for (std::size_t i = 0; i < 3; ++i) rows.push_back(workbench->changes().at(i));
+    std::vector<Slot> rows;
+    for (std::size_t i = 0; i < 3; ++i) rows.push_back(workbench->changes().at(i).slot);
     host.control().works = false;
     std::size_t sent = 1;
     host.whileBoxIsOpen = [&] {

@@ -220,35 +220,31 @@ TEST_F(Columns, ASaveThatFailsIsToldAndTheDialogStays) {
 }
 
 TEST_F(Columns, RowsAreDraggedAndMovedByKeys) {
-    inDialog(kRepositionCommand, [](HWND dialog) {
-        const HWND list = GetDlgItem(dialog, IDC_CP_SHOWN);
-        RECT row{};
-        row.left = LVIR_BOUNDS;
-        SendMessageA(list, LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&row));
-        const int height = row.bottom - row.top;
-        const auto at = [&](int place) {
-            return MAKELPARAM(row.left + 10, row.top + height * place + height / 4);
-        };
-        const auto drag = [&](int from, int to, UINT end, WPARAM key) {
-            PostMessageA(list, WM_LBUTTONDOWN, MK_LBUTTON, at(from));
-            PostMessageA(list, WM_MOUSEMOVE, MK_LBUTTON, at(from + 1));
-            PostMessageA(list, WM_MOUSEMOVE, MK_LBUTTON, at(to));
-            PostMessageA(list, end, key, end == WM_LBUTTONUP ? at(to) : 1);
-            pump();
-        };
-        drag(1, 4, WM_LBUTTONUP, 0);
-        const Texts dragged{"Entity Name", "Key", "Maker", "Auth Type", "Branch", "Broker"};
-        EXPECT_EQ(names(dialog, IDC_CP_SHOWN), dragged);
-        drag(1, 4, WM_KEYDOWN, VK_ESCAPE);
-        PostMessageA(list, WM_LBUTTONUP, 0, at(4));
-        pump();
-        EXPECT_EQ(names(dialog, IDC_CP_SHOWN), dragged);
-        selectRows(list, {0, 1});
-        PostMessageA(list, WM_SYSKEYDOWN, VK_DOWN, 1 << 29);
-        pump();
-        EXPECT_EQ(names(dialog, IDC_CP_SHOWN),
-                  (Texts{"Maker", "Entity Name", "Key", "Auth Type", "Branch", "Broker"}));
-    });
+    const Texts dragged{"Entity Name", "Key", "Maker", "Auth Type", "Branch", "Broker"};
+    const auto shown = [] { return GetDlgItem(GetActiveWindow(), IDC_CP_SHOWN); };
+    const auto dragFirst = [&](bool escape) {
+        const POINT from = hand::cell(shown(), 1), to = hand::cell(shown(), 4);
+        hand::drag(from, {to.x, to.y - 5}, escape);  // above the middle: before that row
+    };
+    const auto expect = [](const Texts& expected) {
+        EXPECT_EQ(names(GetActiveWindow(), IDC_CP_SHOWN), expected);
+    };
+    const auto openDialog = [] {
+        PostMessageA(mainList(), WM_COMMAND, kRepositionCommand, 0);
+        hand::moveTo(hand::middle(mainList()));
+    };
+    hand::during(openDialog,
+                 {[&] { dragFirst(false); }, [&] { expect(dragged), dragFirst(true); },
+                  [&] {
+                      expect(dragged);
+                      hand::clickRow(shown(), 0);
+                      hand::clickRow(shown(), 1, hand::kCtrl);
+                      hand::key(VK_DOWN, hand::kAlt);
+                  },
+                  [&] {
+                      expect({"Maker", "Entity Name", "Key", "Auth Type", "Branch", "Broker"});
+                      hand::key(VK_ESCAPE);
+                  }});
 }
 
 }  // namespace

@@ -22,16 +22,6 @@ Texts lines() {
     return all;
 }
 
-Fields limitsAnswer(const std::string& key) {
-    return {{32767, "om_get_auth_limits_details"},
-            {51803, key},
-            {54001, "C1"},
-            {64031, "1500"},
-            {64031, "1200"},
-            {64210, "10"},
-            {64037, "yes"}};
-}
-
 // A limits change is pending and its details are on show.
 class Details : public testing::Test {
 protected:

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "sdk/docking.h"
+#include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
 namespace {
@@ -12,31 +13,16 @@ RECT inFrame(const MainFrame& frame, HWND window) {
     return place;
 }
 
-// Takes the pane by its caption strip and holds it over a place in the frame's client area.
-POINT holdPane(const MainFrame& frame, int x, int y) {
-    const HWND pane = findPane();
-    const RECT window = onScreen(pane);
-    const POINT grip{window.left + 100, window.top + 8};
-    POINT target{x, y};
-    ClientToScreen(frame.handle(), &target);
-    SendMessageA(pane, WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(grip.x, grip.y));
-    ScreenToClient(pane, &target);
-    SendMessageA(pane, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(target.x, target.y));
-    return target;
+// On the caption strip of the pane, or of what floats with it.
+POINT grip(HWND window = findPane()) {
+    const RECT place = onScreen(window);
+    return {place.left + 100, place.top + 8};
 }
 
-void dragPane(const MainFrame& frame, int x, int y) {
-    const POINT target = holdPane(frame, x, y);
-    SendMessageA(findPane(), WM_LBUTTONUP, 0, MAKELPARAM(target.x, target.y));
-    pump();
-}
-
-// Moves the bar below the pane, which is docked at the top.
-void dragBar(const MainFrame& frame, int by) {
-    const LONG bottom = inFrame(frame, findPane()).bottom;
-    SendMessageA(frame.handle(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(300, bottom + 2));
-    SendMessageA(frame.handle(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(300, bottom + by));
-    SendMessageA(frame.handle(), WM_LBUTTONUP, 0, MAKELPARAM(300, bottom + by));
+POINT onFrame(const MainFrame& frame, LONG x, LONG y) {
+    POINT at{x, y};
+    ClientToScreen(frame.handle(), &at);
+    return at;
 }
 
 HWND preview() {
@@ -50,7 +36,8 @@ bool floats() {
 TEST(Docking, ADragShowsWhereThePaneWillBeAndEscForgetsIt) {
     const OpenWorkbench open;
     const MainFrame& frame = *open.frame;
-    dragBar(frame, -60);
+    const RECT pane = onScreen(findPane());
+    hand::drag({pane.left + 300, pane.bottom + 2}, {pane.left + 300, pane.bottom - 60});
     const RECT client = frame.clientRect();
     const POINT drops[] = {{client.right / 2, 3},
                            {3, client.bottom / 2},
@@ -58,30 +45,26 @@ TEST(Docking, ADragShowsWhereThePaneWillBeAndEscForgetsIt) {
                            {600, 400}};
     for (const POINT drop : drops) {
         const RECT before = inFrame(frame, findPane());
-        holdPane(frame, drop.x, drop.y);
-        ASSERT_NE(preview(), nullptr);
-        PostMessageA(frame.handle(), WM_KEYDOWN, VK_ESCAPE, 1);
-        pump();
+        const POINT target = onFrame(frame, drop.x, drop.y);
+        hand::drag(grip(), target, true, [] { EXPECT_NE(preview(), nullptr); });
         EXPECT_EQ(preview(), nullptr);
         const RECT after = inFrame(frame, findPane());
         EXPECT_TRUE(EqualRect(&before, &after));
 
-        const POINT target = holdPane(frame, drop.x, drop.y);
-        const RECT promised = inFrame(frame, preview());
-        SendMessageA(findPane(), WM_LBUTTONUP, 0, MAKELPARAM(target.x, target.y));
-        pump();
+        RECT promised{};
+        hand::drag(grip(), target, false, [&] { promised = inFrame(frame, preview()); });
         EXPECT_EQ(preview(), nullptr);
         const RECT kept = inFrame(frame, floats() ? GetParent(findPane()) : findPane());
         EXPECT_TRUE(EqualRect(&promised, &kept)) << drop.x << ", " << drop.y;
-        if (floats()) SendMessageA(GetParent(findPane()), WM_NCLBUTTONDBLCLK, HTCAPTION, 0);
-        dragPane(frame, client.right / 2, 3);
+        if (floats()) hand::doubleClick(grip(GetParent(findPane())));
+        hand::drag(grip(), onFrame(frame, client.right / 2, 3));
     }
 }
 
 TEST(Docking, ClosedItIsHiddenUntilTheHotKey) {
     OpenWorkbench open;
     for (const bool floating : {false, true}) {
-        if (floating) dragPane(*open.frame, 600, 400);
+        if (floating) hand::drag(grip(), onFrame(*open.frame, 600, 400));
         const StoredSetting size("VOSK_DIALOG_BAR_SIZE", "1000", nullptr);
         if (floating)
             SendMessageA(GetParent(findPane()), WM_CLOSE, 0, 0);
@@ -115,7 +98,7 @@ TEST(Docking, TheFrameRemembersTheSide) {
         EXPECT_EQ(kept->side, side);
         const RECT client = frame.clientRect();
         if (side == kDockTop) {
-            dragPane(frame, client.right - 3, client.bottom / 2);
+            hand::drag(grip(), onFrame(frame, client.right - 3, client.bottom / 2));
             EXPECT_EQ(kept->side, kDockRight);
             kept->extent = 400;
         } else {

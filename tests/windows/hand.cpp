@@ -44,6 +44,18 @@ void sendKey(WORD virtualKey, bool up) {
     send(input);
 }
 
+void sendCharacter(char character) {
+    wchar_t wide = 0;
+    MultiByteToWideChar(CP_ACP, 0, &character, 1, &wide, 1);
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wScan = wide;
+    for (const DWORD up : {0, KEYEVENTF_KEYUP}) {
+        input.ki.dwFlags = KEYEVENTF_UNICODE | up;
+        send(input);
+    }
+}
+
 // Clicks are a second apart by their time stamps, unless they are meant as one double-click.
 DWORD nextStamp(DWORD after) {
     static DWORD last = 0;
@@ -207,7 +219,7 @@ void doubleClickRow(HWND list, int row, int column) {
     doubleClick(cell(list, row, column));
 }
 
-void drag(POINT from, POINT to, bool escape) {
+void drag(POINT from, POINT to, bool escape, const Step& held) {
     constexpr int kSteps = 5;
     std::vector<Step> steps{[=] { sendMouse(from, 0); },
                             [=] { sendMouse(from, MOUSEEVENTF_LEFTDOWN, 0, nextStamp(1000)); }};
@@ -217,6 +229,7 @@ void drag(POINT from, POINT to, bool escape) {
                        from.y + (to.y - from.y) * step / kSteps},
                       0);
         });
+    if (held) steps.push_back(held);
     if (escape)
         steps.emplace_back([] {
             sendKey(VK_ESCAPE, false);
@@ -260,9 +273,11 @@ void hold(WORD virtualKey, int repeats, Keys keys) {
 void type(const char* text) {
     for (const char* at = text; *at != '\0'; ++at) {
         const SHORT known = VkKeyScanA(*at);
-        ASSERT_NE(known, -1) << "no key for " << *at;
-        key(static_cast<WORD>(known & 0xFF),
-            {(known & 0x200) != 0, (known & 0x100) != 0, (known & 0x400) != 0});
+        if (known == -1)
+            queue({[c = *at] { sendCharacter(c); }});
+        else
+            key(static_cast<WORD>(known & 0xFF),
+                {(known & 0x200) != 0, (known & 0x100) != 0, (known & 0x400) != 0});
     }
 }
 

@@ -34,15 +34,17 @@ void clickRow(HWND list, int row, Keys keys = {}, int column = 0);
 void doubleClick(POINT at);
 void doubleClick(HWND window);
 void doubleClickRow(HWND list, int row, int column = 0);
-// Presses at `from`, moves in some steps, lets go at `to`; `escape` presses Esc before.
-void drag(POINT from, POINT to, bool escape = false);
+// Presses at `from`, moves in some steps, performs `held`, lets go at `to`; `escape` presses Esc
+// before.
+void drag(POINT from, POINT to, bool escape = false, const std::function<void()>& held = {});
 void wheel(POINT at, int notches);
 void wheel(HWND window, int notches);
 
 // A key down and up. hold(): with `repeats` further key-downs between, as a held key sends them.
 void key(WORD virtualKey, Keys keys = {});
 void hold(WORD virtualKey, int repeats, Keys keys = {});
-// Types the characters of the keyboard, with Shift where they need it.
+// Types characters, with Shift where they need it; those that the keyboard lacks come as from an
+// input method.
 void type(const char* text);
 
 // Performs `act`. Whenever a loop that it opened waits for input, the next step is performed. A

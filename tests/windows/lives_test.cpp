@@ -36,11 +36,7 @@ void command(unsigned id) {
 // Types into the first limit of the change in row 4.
 void editLimit(const char* text) {
     hand::doubleClickRow(mainList(), 4);
-    answer({{32767, "om_get_auth_limits_details"},
-            {51803, "5"},
-            {54001, "C1"},
-            {64031, "1500"},
-            {64164, "300"}});
+    answer(limitsAnswer("5"));
     hand::doubleClickRow(details(), 2, 1);
     hand::type(text);
     hand::key(VK_RETURN);

@@ -100,14 +100,4 @@ TEST_F(Settings, AFileThatCannotBeWrittenIsLeftAlone) {
     }
 }
 
-TEST_F(Settings, ABarsSizeIsCutAt31Bytes) {
-    fill("");
-    const std::string path = store.GetUserSettingPath();
-    store.saveBarSize(path, kDialogBarSection, 5, {640, 31});
-    EXPECT_EQ(store.loadBarSize(path, kDialogBarSection, 5), (BarSize{640, 31}));
-    EXPECT_EQ(store.loadBarSize(path, kDialogBarSection, 6), kDefaultBarSize);
-    fill("[VOSK_DIALOG_BAR_SIZE]\r\n7=0000000000000000000000000640,31000\r\n");
-    EXPECT_EQ(store.loadBarSize(path, kDialogBarSection, 7), (BarSize{640, 31}));
-}
-
 }  // namespace

@@ -458,13 +458,6 @@ void selectRows(HWND list, const std::vector<int>& rows) {
                      reinterpret_cast<LPARAM>(&item));
 }
 
-void press(const char* buttonText) {
-    const HWND pressed = button(buttonText);
-    ASSERT_NE(pressed, nullptr) << buttonText;
-    SendMessageA(pressed, BM_CLICK, 0, 0);
-    pump();
-}
-
 Fields pending(const std::string& key, const std::string& code, Fields more) {
     Fields fields{{54211, "auth pending"}, {51803, key}, {63713, code}};
     if (std::none_of(more.begin(), more.end(), [](const auto& f) { return f.first == 54247; }))
@@ -480,6 +473,16 @@ Fields outcome(const std::string& key, const std::string& status) {
 void answer(const Fields& fields) {
     host().receiver->onMessage(0, 0, makeMessage(fields).handle(), nullptr);
     pump();
+}
+
+Fields limitsAnswer(const std::string& key, const std::string& margin) {
+    return {{32767, "om_get_auth_limits_details"},
+            {51803, key},
+            {54001, "C1"},
+            {64031, margin},
+            {64031, "1200"},
+            {64210, "10"},
+            {64037, "yes"}};
 }
 
 std::string sentField(const Fields& message, int mnemonic) {

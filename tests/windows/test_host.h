@@ -197,7 +197,6 @@ std::vector<std::string> rowTexts(HWND list, int row, int columns = 6);
 int rowCount(HWND list);
 std::vector<int> selectedRows(HWND list = mainList());
 void selectRows(HWND list, const std::vector<int>& rows);
-void press(const char* buttonText);
 
 // A publication of a pending change.
 Fields pending(const std::string& key, const std::string& code, Fields more = {});
@@ -205,6 +204,9 @@ Fields outcome(const std::string& key, const std::string& status);
 
 // Hands the plug-in an answer to a request of its.
 void answer(const Fields& fields);
+
+// An answer with limits of client C1: two numbers and, last, a choice.
+Fields limitsAnswer(const std::string& key, const std::string& margin = "1500");
 
 // A field of what was sent.
 std::string sentField(const Fields& message, int mnemonic);

@@ -1,25 +1,22 @@
-// Accept and reject: what one press does with the selected rows.
+// Accept and reject: executes the plan of a press.
 #pragma once
 
-#include <span>
 #include <string>
 
 #include "link/model/host.h"
 #include "link/model/requests.h"
+#include "workbench/model/press_plan.h"
 #include "workbench/model/records/pending_changes.h"
 
 namespace mc {
 
-using SelectedRecords = std::span<const PendingChange>;  // in row order
+// Sends accept for every change that the plan lets leave, in its order. A user whose accept fails
+// withholds its client's. Halves that stay are named to the checker. What is decided meanwhile,
+// behind a message box, is skipped. A Hold must have been there since the plan was made.
+void acceptSelected(const PressPlan& plan, PendingChanges& changes, Requests& requests, Host& host);
 
-// Sends accept for every selected change. An investor's new user and new client are accepted
-// together only, user first; those of them that find no partner among the selected are named to the
-// checker and stay pending.
-void acceptSelected(SelectedRecords selected, PendingChanges& changes, Requests& requests,
-                    Host& host);
-
-// Sends reject with `reason` for every selected change; without a reason it sends nothing.
-void rejectSelected(SelectedRecords selected, const std::string& reason, PendingChanges& changes,
+// Sends reject with `reason` in the plan's order; without a reason it sends nothing.
+void rejectSelected(const PressPlan& plan, const std::string& reason, PendingChanges& changes,
                     Requests& requests);
 
 }  // namespace mc

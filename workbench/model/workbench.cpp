@@ -7,6 +7,8 @@
 #include "details/model/limit_edits.h"
 #include "link/model/functionality.h"
 #include "link/model/mnemonics.h"
+#include "listctrl/model/table/selection_rules.h"
+#include "workbench/model/press_line.h"
 
 namespace mc {
 
@@ -29,7 +31,15 @@ void Workbench::close() {
 }
 
 void Workbench::handlePublished(void* message) {
-    if (message != nullptr && !m_link.closed()) m_intake.handle(FieldReader(message));
+    if (message == nullptr || m_link.closed()) return;
+    m_intake.handle(FieldReader(message));
+    neighboursMoved();
+}
+
+int Workbench::subscribe() {
+    const int result = m_link.subscribe();
+    if (m_link.subscribed()) m_changes.states().subscribed();
+    return result;
 }
 
 // ---- Details ----
@@ -62,6 +72,28 @@ void Workbench::showDetails(PendingChange change) {
         m_changes.states().lookedAt(change.slot);
 }
 
+std::optional<PendingChange> Workbench::showNeighbour() {
+    if (!m_details.key()) return std::nullopt;
+    const auto next = nextNeighbour(m_changes, *m_details.key());
+    if (!next) return std::nullopt;
+    showDetails(*next);
+    return m_details.key() == next->key ? next : std::nullopt;
+}
+
+void Workbench::caption() {
+    const auto& key = m_details.key();
+    m_neighbours = key ? alsoPending(m_changes, m_seenFields, *key) : "";
+    DetailsCaption now = m_details.caption();
+    now.neighbours = m_neighbours;
+    m_view.captionDetails(now);
+}
+
+// A change came, changed or went: it may be about what is looked at.
+void Workbench::neighboursMoved() {
+    if (m_link.closed() || !m_details.key()) return;
+    if (alsoPending(m_changes, m_seenFields, *m_details.key()) != m_neighbours) caption();
+}
+
 void Workbench::askForDetails() {
     m_details.requested();
     caption();
@@ -78,6 +110,7 @@ void Workbench::details(DetailKind kind, const FieldReader& answer) {
                                           ? BuildClientDetails(answer)
                                           : BuildLimitsDetails(answer, mayModify());
     const bool another = m_details.shown(groups);
+    if (m_details.key()) m_seenFields.seen(*m_details.key(), groups);
     m_view.showDetails(std::move(groups), another);
     const Slot slot = m_changes.states().shown();
     if (slot != kNoSlot && !m_details.askAgain()) m_changes.states().lookedAt(slot);
@@ -94,7 +127,9 @@ void Workbench::detailsRefused(DetailKind kind, const FieldReader& answer) {
 }
 
 void Workbench::recovered(const FieldReader& answer) {
-    if (!m_link.closed()) m_intake.handle(answer, Intake::Origin::recovered);
+    if (m_link.closed()) return;
+    m_intake.handle(answer, Intake::Origin::recovered);
+    neighboursMoved();
 }
 
 void Workbench::publishedAgain(const std::string& key) {
@@ -109,6 +144,7 @@ void Workbench::publishedAgain(const std::string& key) {
 }
 
 void Workbench::changeEnded(const std::string& key) {
+    m_seenFields.ended(key);
     if (m_details.key() == key)
         emptyDetails();
     else
@@ -143,6 +179,47 @@ void Workbench::selectionMoved() {
     if (m_details.setDimmed(unselected())) caption();
 }
 
+// ---- The next row, and the other half of a pair ----
+
+bool Workbench::openNext() {
+    const PendingChanges::Hold hold(m_changes);
+    RecordStore& rows = m_changes.rows();
+    const auto sent = [&](std::size_t row) {
+        return m_changes.states().of(rows.slotAt(row)).sent != SentDecision::none;
+    };
+    std::size_t row = rows.focusedRow().value_or(0);
+    while (row < rows.rowCount() && sent(row)) ++row;
+    const auto change = m_changes.recordAt(row);
+    if (!change) return false;
+    showDetails(*change);
+    const auto now = rows.rowOf(change->slot);
+    if (m_details.key() != change->key || !now) return false;
+    if (rows.isSelected(change->slot))
+        rows.setFocus(*now);
+    else
+        SelectionRules(rows).goTo(*now);
+    selectionMade();
+    m_view.rowsChanged();
+    return true;
+}
+
+std::vector<Slot> Workbench::missingHalves() const {
+    std::vector<Slot> missing;
+    const PressPlan now = plan(PressButton::accept);
+    for (const auto* halves : {&now.users, &now.clients})
+        for (const Slot half : *halves)
+            if (const Slot other = m_changes.otherHalf(half); other != kNoSlot)
+                missing.push_back(other);
+    return missing;
+}
+
+void Workbench::selectHalves(const std::vector<Slot>& halves) {
+    for (const Slot half : halves)
+        if (const auto row = m_changes.rows().rowOf(half)) m_changes.rows().select(*row, true);
+    selectionMade();
+    m_view.rowsChanged();
+}
+
 // ---- Decisions ----
 
 // Asks whether edits that were not sent may be left behind. True when there are none.
@@ -153,16 +230,32 @@ bool Workbench::mayLeaveEdits(const std::string& question) {
                           question);
 }
 
+// The opposite of a decision whose outcome is awaited may be a slip.
+bool Workbench::mayDecideAgain(const PressPlan& plan) {
+    if (plan.opposite == 0) return true;
+    const bool accepts = plan.button == PressButton::accept;
+    const bool one = plan.leaving.size() == 1;
+    const auto change = m_changes.recordIn(plan.leaving.front());
+    return m_host.confirm(
+        (one && change ? pressName(*change) + " was "
+                       : std::to_string(plan.opposite) + " of these changes were ") +
+        (accepts ? "rejected" : "accepted") + " and the outcome is awaited.\n\n" +
+        (accepts ? "Accept" : "Reject") + (one ? " it all the same?" : " them all the same?"));
+}
+
+// A question dispatches messages: what is executed is the plan made after it.
 void Workbench::accept(SelectedRecords selected) {
     const PendingChanges::Hold hold(m_changes);
-    if (!selected.empty() && mayLeaveEdits("Accept without sending?"))
-        acceptSelected(selected, m_changes, m_requests, m_host);
+    const auto plan = [&] { return planPress(PressButton::accept, selected, m_changes, edits()); };
+    if (!selected.empty() && mayLeaveEdits("Accept without sending?") && mayDecideAgain(plan()))
+        acceptSelected(plan(), m_changes, m_requests, m_host);
 }
 
 void Workbench::reject(SelectedRecords selected, const AskReason& askReason) {
     const PendingChanges::Hold hold(m_changes);
-    if (selected.empty() || mayLeaveEdits("Reject without sending?"))
-        rejectSelected(selected, askReason(), m_changes, m_requests);
+    const PressPlan plan = planPress(PressButton::reject, selected, m_changes, edits());
+    if ((selected.empty() || mayLeaveEdits("Reject without sending?")) && mayDecideAgain(plan))
+        rejectSelected(plan, askReason(), m_changes, m_requests);
 }
 
 void Workbench::update() {

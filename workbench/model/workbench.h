@@ -12,6 +12,8 @@
 #include "link/model/server_link.h"
 #include "workbench/model/decision_log.h"
 #include "workbench/model/decisions.h"
+#include "workbench/model/neighbours.h"
+#include "workbench/model/press_plan.h"
 #include "workbench/model/records/pending_changes.h"
 #include "workbench/model/shown_details.h"
 #include "workbench/model/workbench_view.h"
@@ -38,7 +40,7 @@ public:
     // What the checker decided in this session.
     DecisionLog& decisionLog() { return m_log; }
 
-    int subscribe() { return m_link.subscribe(); }
+    int subscribe();
     int unsubscribe() { return m_link.unsubscribe(); }
 
     // Takes in a published message; null is ignored.
@@ -47,6 +49,22 @@ public:
     // Empties the details and asks for those of `change`, where its kind has any.
     void showDetails(PendingChange change);
 
+    // The key of the change whose details are looked at.
+    const std::optional<std::string>& shownKey() const { return m_details.key(); }
+
+    // Does the same for the next pending change about the same as the one that is looked at, and
+    // returns it; none, and nothing happens, when there is none or the edits stay.
+    std::optional<PendingChange> showNeighbour();
+    // Opens the details of the focused row, or of the next row below it whose decision was not sent
+    // yet, and selects that row alone if it was not selected. Returns whether there is one, and
+    // unsent edits were not kept for it.
+    bool openNext();
+
+    // The other halves of pairs that a press of Accept lacks, and selecting them too, those whose
+    // rows are visible.
+    std::vector<Slot> missingHalves() const;
+    void selectHalves(const std::vector<Slot>& halves);
+
     // The checker's hand changed the selection. Details of a change that is not among the selected
     // do not stay beside them, unless they hold unsent edits: then they are dimmed.
     void selectionMade();
@@ -54,9 +72,15 @@ public:
     // The selection changed otherwise: rows went, or a filter hid some. Nothing is emptied.
     void selectionMoved();
 
+    // What a press of the button would do now, with what is selected now.
+    PressPlan plan(PressButton button) const {
+        return planPress(button, m_changes.selectedRecords(), m_changes, edits());
+    }
+
     // The four buttons. `selected`, in row order, is what was selected at the press: a change that
     // goes while a box is open is not decided, and none is decided instead. Where edits are not
-    // sent, all but Update ask first; so do showDetails() and dropEdits().
+    // sent, all but Update ask first; so do showDetails() and dropEdits(). Accept and Reject
+    // ask before they decide otherwise than a decision that was sent, whose outcome is awaited.
     void accept(SelectedRecords selected);
     // An empty reason rejects nothing.
     using AskReason = std::function<std::string()>;
@@ -88,7 +112,10 @@ private:
     void emptyDetails();
     void askForDetails();
     bool mayLeaveEdits(const std::string& question);
-    void caption() { m_view.captionDetails(m_details.caption()); }
+    bool mayDecideAgain(const PressPlan& plan);
+    const DetailsOnShow& edits() const { return m_details.asked(); }
+    void caption();
+    void neighboursMoved();
     bool mayModify() const;
     std::optional<std::string> keepEdit(int mnemonic, std::optional<std::string> value);
 
@@ -97,6 +124,8 @@ private:
     PendingChanges m_changes;
     DecisionLog m_log;
     ShownDetails m_details;
+    SeenFields m_seenFields;
+    std::string m_neighbours;  // as they were said last
     Intake m_intake;
     serverLink m_link;
     Requests m_requests;

@@ -14,6 +14,8 @@ struct DetailsCaption {
     std::string title;      // of its strip: whose details these are, and what happened to them
     std::string emptyText;  // instead of rows: why there are none
     bool dimmed = false;    // other changes are selected than theirs
+    std::string neighbours = {};  // behind the title: other pending changes about the same
+    bool operator==(const DetailsCaption&) const = default;
 };
 
 // Implemented by the pane, and by a recorder in the native tests. The records already are as the

@@ -9,12 +9,14 @@
 
 namespace mc {
 
-// Reads the tokens of an infix text and hands them to the program in postfix order.
+namespace {
+
+// Reads the tokens of an infix text and makes them steps in postfix order.
 class InfixReader {
 public:
-    InfixReader(PostfixProgram& program, std::string_view text, std::span<const std::size_t> slots,
+    InfixReader(PostfixSteps& steps, std::string_view text, std::span<const std::size_t> slots,
                 std::size_t from)
-        : m_program(program), m_text(text), m_slots(slots), m_at(from) {
+        : m_steps(steps), m_text(text), m_slots(slots), m_at(from) {
         while (m_slot < m_slots.size() && m_slots[m_slot] < from) ++m_slot;
     }
 
@@ -25,6 +27,8 @@ public:
         while (!m_waiting.empty() && m_waiting.back()) emitWaiting();
         return m_waiting.empty();
     }
+
+    bool slotsAreSeparate() const { return m_slotsAreSeparate; }
 
 private:
     // Leaves m_at on the token's last character.
@@ -65,7 +69,7 @@ private:
 
     void readBinary(const Operator& found) {
         // Without a left operand (nothing came so far but empty parentheses) there is a 0, too.
-        if (m_opened || !m_emitted) m_program.push(0.0);
+        if (m_opened || !m_emitted) m_steps.push(0.0);
         m_emitted = true;
         while (!m_waiting.empty() && m_waiting.back() &&
                m_waiting.back()->precedence >= found.precedence)
@@ -80,37 +84,73 @@ private:
         const std::size_t slot = m_slot;
         while (m_slot < m_slots.size() && m_slots[m_slot] < end) ++m_slot;
         if (m_slot == slot) {
-            m_program.addOperand(text, signedOperand);
+            addOperand(text, signedOperand);
         } else if (text == "0" || text == "+0" || text == "-0") {
-            m_program.push(text[0] == '-' ? -1.0 : 1.0, slot);
+            m_steps.push(text[0] == '-' ? -1.0 : 1.0, slot);
         } else {
-            m_program.m_slotsAreSeparate = false;
+            m_slotsAreSeparate = false;
         }
         m_emitted = true;
         m_at = end - 1;
     }
 
+    // One that is spelled like an operator (the "*" of "2*-3") acts as one here.
+    void addOperand(std::string_view text, bool wrapped) {
+        const Operator* found = wrapped ? nullptr : operatorAt(text);
+        if (found) return m_steps.apply(*found);
+        const auto number = readWholeNumber(text);
+        if (!number) return m_steps.fail(EvaluationStatus::badOperand);
+        m_steps.push(*number);
+    }
+
     void emitWaiting() {
-        m_program.addOperator(*m_waiting.back());
+        m_steps.apply(*m_waiting.back());
         m_waiting.pop_back();
     }
 
     static constexpr auto kNowhere = static_cast<std::size_t>(-1);
 
-    PostfixProgram& m_program;
+    PostfixSteps& m_steps;
     std::string_view m_text;
     std::span<const std::size_t> m_slots;
     std::size_t m_at;
-    std::size_t m_slot = 0;                  // the next
-    std::size_t m_previous = kNowhere;       // the last character of the last token
-    bool m_opened = false;                   // the last token was an opening parenthesis
-    bool m_emitted = false;                  // an operand, at least
+    std::size_t m_slot = 0;             // the next
+    std::size_t m_previous = kNowhere;  // the last character of the last token
+    bool m_opened = false;              // the last token was an opening parenthesis
+    bool m_emitted = false;             // an operand, at least
+    bool m_slotsAreSeparate = true;
     std::vector<const Operator*> m_waiting;  // null: an opening parenthesis
 };
 
+}  // namespace
+
 PostfixProgram::PostfixProgram(std::string_view infix, std::span<const std::size_t> slots,
                                std::size_t from) {
-    if (!InfixReader(*this, infix, slots, from).read()) {
+    InfixReader reader(m_steps, infix, slots, from);
+    m_steps.end(reader.read());
+    m_slotsAreSeparate = reader.slotsAreSeparate();
+}
+
+void PostfixSteps::apply(const Operator& found) {
+    if (m_depth < 2) return fail(EvaluationStatus::unbalanced);
+    if (m_status != EvaluationStatus::success) return;
+    m_steps.push_back({found.apply, kNoSlot, 0.0});
+    --m_depth;
+}
+
+void PostfixSteps::push(double number, std::size_t slot) {
+    if (m_status != EvaluationStatus::success) return;
+    m_steps.push_back({nullptr, slot, number});
+    m_deepest = std::max(m_deepest, ++m_depth);
+}
+
+// Only the first failure counts: run() never gets beyond it.
+void PostfixSteps::fail(EvaluationStatus status) {
+    if (m_status == EvaluationStatus::success) m_status = status;
+}
+
+void PostfixSteps::end(bool balanced) {
+    if (!balanced) {
         m_steps.clear();
         m_status = EvaluationStatus::unbalanced;
     } else if (m_status == EvaluationStatus::success && m_depth != 1) {
@@ -118,34 +158,7 @@ PostfixProgram::PostfixProgram(std::string_view infix, std::span<const std::size
     }
 }
 
-// An operand that is spelled like an operator (the "*" of "2*-3") acts as one here.
-void PostfixProgram::addOperand(std::string_view text, bool wrapped) {
-    const Operator* found = wrapped ? nullptr : operatorAt(text);
-    if (found) return addOperator(*found);
-    const auto number = readWholeNumber(text);
-    if (!number) return endWith(EvaluationStatus::badOperand);
-    push(*number);
-}
-
-void PostfixProgram::addOperator(const Operator& found) {
-    if (m_depth < 2) return endWith(EvaluationStatus::unbalanced);
-    if (m_status != EvaluationStatus::success) return;
-    m_steps.push_back({found.apply, kNoSlot, 0.0});
-    --m_depth;
-}
-
-void PostfixProgram::push(double number, std::size_t slot) {
-    if (m_status != EvaluationStatus::success) return;
-    m_steps.push_back({nullptr, slot, number});
-    m_deepest = std::max(m_deepest, ++m_depth);
-}
-
-// Only the first failure counts: run() never gets beyond it.
-void PostfixProgram::endWith(EvaluationStatus status) {
-    if (m_status == EvaluationStatus::success) m_status = status;
-}
-
-Evaluation PostfixProgram::run(std::span<const double> values) const {
+Evaluation PostfixSteps::run(std::span<const double> values) const {
     std::array<double, 16> few;
     std::vector<double> many;
     if (m_deepest > few.size()) many.resize(m_deepest);

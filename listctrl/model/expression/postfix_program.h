@@ -22,6 +22,34 @@ struct Evaluation {
     double value = 0.0;  // 0 unless the status is success
 };
 
+// Steps on a stack of numbers: added one after the other, ended once, then run any number of times.
+// Behind one that fails whatever the slots hold, none is added.
+class PostfixSteps {
+public:
+    static constexpr auto kNoSlot = static_cast<std::size_t>(-1);
+
+    // With a slot the number is -1 or 1, the sign of its value.
+    void push(double number, std::size_t slot = kNoSlot);
+    void apply(const Operator& found);
+    void fail(EvaluationStatus status);
+    // `balanced` false: the text had parentheses without a partner.
+    void end(bool balanced);
+
+    Evaluation run(std::span<const double> values) const;
+
+private:
+    struct Step {
+        bool (*apply)(double& a, double b);  // null: the step pushes a number
+        std::size_t slot;                    // kNoSlot: the step pushes `number`
+        double number;
+    };
+
+    std::vector<Step> m_steps;
+    EvaluationStatus m_status = EvaluationStatus::success;  // when all steps went well
+    std::size_t m_depth = 0;
+    std::size_t m_deepest = 0;
+};
+
 // The text is read left to right, by operator precedence; operators that bind alike go left to
 // right. A sign in front of everything or behind another operator belongs to its operand; a sign
 // behind an opening parenthesis takes its operand from 0.
@@ -42,27 +70,11 @@ public:
     bool slotsAreSeparate() const { return m_slotsAreSeparate; }
 
     // `values`: one for each of the slots that the program was made with.
-    Evaluation run(std::span<const double> values = {}) const;
+    Evaluation run(std::span<const double> values = {}) const { return m_steps.run(values); }
 
 private:
-    friend class InfixReader;
-    struct Step {
-        bool (*apply)(double& a, double b);  // null: the step pushes a number
-        std::size_t slot;                    // kNoSlot: the step pushes `number`
-        double number;                       // with a slot: -1 or 1, the sign of its value
-    };
-    static constexpr auto kNoSlot = static_cast<std::size_t>(-1);
-
-    void addOperand(std::string_view text, bool wrapped);
-    void addOperator(const Operator& found);
-    void push(double number, std::size_t slot = kNoSlot);
-    void endWith(EvaluationStatus status);
-
-    std::vector<Step> m_steps;  // up to the first that fails whatever the slots hold
-    EvaluationStatus m_status = EvaluationStatus::success;  // when all steps went well
-    std::size_t m_depth = 0;
-    std::size_t m_deepest = 0;
-    bool m_slotsAreSeparate = true;
+    PostfixSteps m_steps;
+    bool m_slotsAreSeparate;
 };
 
 // The value of an infix text without slots.

@@ -75,6 +75,10 @@ void RecordStore::reset() {
 void RecordStore::refresh(Slot slot) {
     if (!m_texts.hasReader()) return;
     m_texts.reread(slot);
+    filterAgain(slot);
+}
+
+void RecordStore::filterAgain(Slot slot) {
     const bool shown = m_visible.contains(slot);
     if (!passes(slot)) {
         if (!shown) return;
@@ -89,10 +93,15 @@ void RecordStore::refresh(Slot slot) {
 
 void RecordStore::refreshShown(Slot slot) {
     m_texts.reread(slot);
-    touch(slot);
+    repaint(slot);
 }
 
 void RecordStore::touch(Slot slot) {
+    if (m_judge && stores(slot)) return filterAgain(slot);
+    repaint(slot);
+}
+
+void RecordStore::repaint(Slot slot) {
     if (slot >= m_endSlot || !m_visible.contains(slot)) return;
     const std::size_t row = m_visible.rowOf(slot);
     rowsChanged(row, row + 1);
@@ -148,7 +157,8 @@ RecordStore::Outcome RecordStore::filter() {
 
 bool RecordStore::passes(Slot slot) const {
     const auto& active = m_filters.active();
-    return std::all_of(active.begin(), active.end(),
+    return (!m_judge || m_judge(slot)) &&
+           std::all_of(active.begin(), active.end(),
                        [&](const ActiveFilter& filter) { return passes(slot, filter); });
 }
 
@@ -170,6 +180,7 @@ std::vector<Slot>& RecordStore::passing(std::optional<ColumnId> unfiltered) {
         else
             m_texts.column(filter.column, m_stored).keepMatching(filter.pattern, slots);
     }
+    if (m_judge) std::erase_if(slots, [this](Slot slot) { return !m_judge(slot); });
     if (m_arrange) m_arrange(slots);
     return slots;
 }
@@ -373,6 +384,21 @@ const std::vector<std::size_t>& RecordStore::selectedRows() const {
     });
     if (m_reversed) std::reverse(m_selectedRows.begin(), m_selectedRows.end());
     return m_selectedRows;
+}
+
+// Finding the record of each of many rows would take longer than going over them all.
+std::vector<Slot> RecordStore::selectedInOrder() const {
+    std::vector<Slot> slots;
+    slots.reserve(m_selection.count());
+    if (m_selection.count() < m_visible.size() / 64) {
+        for (const std::size_t row : selectedRows()) slots.push_back(slotAt(row));
+        return slots;
+    }
+    forEachVisible([&](Slot slot) {
+        if (m_selection.selected(slot)) slots.push_back(slot);
+    });
+    if (m_reversed) std::reverse(slots.begin(), slots.end());
+    return slots;
 }
 
 void RecordStore::setFocus(std::size_t row) {

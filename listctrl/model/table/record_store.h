@@ -20,6 +20,7 @@
 #include <limits>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "listctrl/model/table/cell_texts.h"
@@ -90,7 +91,7 @@ public:
     // The same, but a visible row stays visible, where it is.
     void refreshShown(Slot slot);
 
-    // The record looks different, though its texts are the same: its row is painted again.
+    // The record is as it was but for what the judge looks at: it is judged and painted again.
     void touch(Slot slot);
     void touchAll() { rowsChanged(0, RowChanges::kToTheEnd); }
 
@@ -140,6 +141,11 @@ public:
     // pass over the slots, and over the different texts of the filtered columns.
     Outcome filter();
 
+    // What else a record must satisfy to have a row; an empty function ends it. It counts from the
+    // next pass on, and for each record that comes, changes or is touched.
+    using Judge = std::function<bool(Slot)>;
+    void setJudge(Judge judge) { m_judge = std::move(judge); }
+
     // What has the last word in a filter pass, and in what distinctValues() counts: it is given the
     // records that pass, in stored order, and may take some away or add others. Records that come
     // between passes are not arranged.
@@ -163,12 +169,15 @@ public:
     void selectAll();
     void clearSelection();
     bool selected(std::size_t row) const;
+    bool isSelected(Slot slot) const { return stores(slot) && m_selection.selected(slot); }
     std::size_t selectedCount() const { return m_selection.count(); }
     // Ascending. Counted when first asked for after a change, in a time that grows with the number
     // of selected rows, or with all when they are many; valid until the next change.
     const std::vector<std::size_t>& selectedRows() const;
     // The selected records, in no order; valid until the next change.
     const std::vector<Slot>& selectedSlots() const { return m_selection.slots(); }
+    // The same in row order, at the cost of selectedRows().
+    std::vector<Slot> selectedInOrder() const;
     // Whether the list selected the record by itself, after a removal, and the hand has not since.
     bool chosenByList(Slot slot) const { return stores(slot) && m_selection.chosenByList(slot); }
     // How many rows filters have deselected since the hand last selected.
@@ -205,6 +214,8 @@ private:
 
     void growTo(Slot slot);
     void release(Slot slot);
+    void filterAgain(Slot slot);
+    void repaint(Slot slot);
 
     void sortRows(std::vector<Slot>& rows, const SortOrder& order);
     bool passes(Slot slot) const;
@@ -230,6 +241,7 @@ private:
 
     CellTexts m_texts;
     RowFilters m_filters;
+    Judge m_judge;
     Arrange m_arrange;
     SlotSequence m_stored;
     SlotSequence m_visible;

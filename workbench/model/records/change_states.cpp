@@ -45,6 +45,7 @@ void ChangeStates::came(Slot slot, Origin origin) {
     bits.pending = true;
     bits.newByRecover = origin == Origin::recovered;
     ++m_notLookedAt;
+    m_anyCame = true;
 }
 
 void ChangeStates::cameAgain(Slot slot, bool different) {
@@ -58,20 +59,22 @@ void ChangeStates::cameAgain(Slot slot, bool different) {
 void ChangeStates::ended(Slot slot) {
     setReading(m_bits[slot], Reading::lookedAt);
     m_bits[slot] = {};
-    if (m_shown == slot) m_shown = kNoSlot;
+    for (Slot* const held : {&m_shown, &m_openedLast})
+        if (*held == slot) *held = kNoSlot;
 }
 
 void ChangeStates::clear() {
     m_bits = {};
     m_sentAt = {};
     m_notLookedAt = 0;
-    m_shown = kNoSlot;
+    m_shown = m_openedLast = kNoSlot;
 }
 
 void ChangeStates::opened(Slot slot) {
     const Slot before = std::exchange(m_shown, slot);
-    if (before == slot) return;
-    touch(before);
+    if (slot == kNoSlot) return touch(before);
+    ++m_openings;
+    touch(std::exchange(m_openedLast, slot));  // shown or closed meanwhile
     touch(slot);
 }
 
@@ -96,6 +99,11 @@ void ChangeStates::recoverSent() {
         bits.newByRecover = false;
     }
     m_rows.touchAll();
+    m_view.statesChanged();
+}
+
+void ChangeStates::subscribed() {
+    m_subscribedAt = now();
     m_view.statesChanged();
 }
 
@@ -125,9 +133,9 @@ ChangeState ChangeStates::of(Slot slot) const {
             .chosenByList = m_rows.chosenByList(slot)};
 }
 
-StateCounts ChangeStates::ofSelected() const {
+StateCounts ChangeStates::count(std::span<const Slot> slots) const {
     StateCounts counts;
-    for (const Slot slot : m_rows.selectedSlots()) {
+    for (const Slot slot : slots) {
         const ChangeState state = of(slot);
         ++counts.changes;
         counts.notLookedAt += state.reading == Reading::notLookedAt;

@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <ctime>
 #include <functional>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -74,14 +76,19 @@ public:
     void lookedAt(Slot slot);
     void sent(Slot slot, SentDecision decision);
     void recoverSent();  // takes one pass
+    void subscribed();   // what is made from now on comes by itself
 
     // ---- Reading ----
 
     ChangeState of(Slot slot) const;
     Slot shown() const { return m_shown; }
+    Slot openedLast() const { return m_openedLast; }       // its details may be closed since
+    std::uint64_t openings() const { return m_openings; }  // how often a change was opened
+    std::optional<std::time_t> subscribedAt() const { return m_subscribedAt; }
+    bool anyCame() const { return m_anyCame; }      // in this session
     bool recovered() const { return m_recovered; }  // a Recover has left in this session
 
-    StateCounts ofSelected() const;  // one pass over the selected changes
+    StateCounts count(std::span<const Slot> slots) const;  // one pass over them
     // Of the visible rows: one pass over these where filters hide some.
     std::size_t notLookedAtVisible() const;
 
@@ -105,7 +112,11 @@ private:
     std::vector<std::uint32_t> m_sentAt;  // by slot: seconds of the system's clock
     std::size_t m_notLookedAt = 0;
     Slot m_shown = kNoSlot;
+    Slot m_openedLast = kNoSlot;
+    std::uint64_t m_openings = 0;
+    std::optional<std::time_t> m_subscribedAt;
     bool m_recovered = false;
+    bool m_anyCame = false;
 };
 
 }  // namespace mc

@@ -1,6 +1,9 @@
 #include "workbench/model/records/pending_changes.h"
 
+#include <algorithm>
+
 #include "link/model/functionality.h"
+#include "text/read_number.h"
 #include "workbench/model/records/main_list.h"
 
 namespace mc {
@@ -21,7 +24,12 @@ constexpr PendingChanges::CodedField PendingChanges::kCodedFields[kCodedCount] =
     {&ChangeTexts::type, &sMakeCheckStruct::type, std::nullopt},
 };
 
-PendingChanges::PendingChanges(RecordsView& view) : m_view(view), m_states(m_rows, view) {
+PendingChanges::PendingChanges(RecordsView& view)
+    : m_view(view),
+      m_states(m_rows, view),
+      m_quickFilter(
+          m_rows, m_states, [this](Slot slot) { return halfOf(slot) != Half::none; },
+          [this](Slot slot) { return sameAs(slot); }) {
     m_rows.setCellReader([this](Slot slot, ColumnId column) { return cellText(slot, column); });
     m_rows.shareColumn(kKindColumn, m_kinds);
     for (std::size_t i = 0; i < kCodedCount; ++i)
@@ -42,13 +50,17 @@ PendingChange PendingChanges::read(Slot slot) const {
 }
 
 std::string_view PendingChanges::cellText(Slot slot, ColumnId column) const {
+    return wholeText(slot, column).substr(0, kCellBytes - 1);
+}
+
+std::string_view PendingChanges::wholeText(Slot slot, ColumnId column) const {
     std::string_view text;
     if (column == kEntityColumn) text = m_own[slot].entityName.view();
     if (column == kKeyColumn) text = m_own[slot].key.view();
     if (column == kKindColumn) text = m_kinds.text(slot);
     for (std::size_t i = 0; i < kCodedCount; ++i)
         if (kCodedFields[i].column == column) text = m_coded[i].text(slot);
-    return text.substr(0, kCellBytes - 1);
+    return text;
 }
 
 std::optional<PendingChange> PendingChanges::recordAt(std::size_t row) const {
@@ -56,11 +68,8 @@ std::optional<PendingChange> PendingChanges::recordAt(std::size_t row) const {
     return slot != kNoSlot ? std::optional(read(slot)) : std::nullopt;
 }
 
-std::vector<PendingChange> PendingChanges::selectedRecords() const {
-    std::vector<PendingChange> changes;
-    changes.reserve(m_rows.selectedCount());
-    for (const std::size_t row : m_rows.selectedRows()) changes.push_back(read(m_rows.slotAt(row)));
-    return changes;
+std::optional<PendingChange> PendingChanges::recordIn(Slot slot) const {
+    return isPending(slot) ? std::optional(read(slot)) : std::nullopt;
 }
 
 std::optional<PendingChange> PendingChanges::findRecord(std::string_view key) const {
@@ -82,6 +91,7 @@ std::string_view PendingChanges::text(Slot slot, CodedText which) const {
     return m_coded[static_cast<std::size_t>(which)].text(slot);
 }
 
+// Of an investor, whose new user and new client are accepted together.
 bool PendingChanges::isPending(const PendingChange& change) const {
     return m_rows.stores(change.slot) && m_own[change.slot].key.view() == change.key;
 }
@@ -93,6 +103,81 @@ std::optional<PendingChange> PendingChanges::current(const PendingChange& change
 bool PendingChanges::selected(std::string_view key) const {
     const auto row = m_rows.rowOf(m_index.find(key));
     return row && m_rows.selected(*row);
+}
+
+// ---- Investors' pairs ----
+
+PendingChanges::Half PendingChanges::halfOf(Slot slot) const {
+    if (text(slot, CodedText::type) != kInvestorClient) return Half::none;
+    const std::string_view code = text(slot, CodedText::functionality);
+    return code == kAddUser ? Half::user : code == kAddClient ? Half::client : Half::none;
+}
+
+std::string_view PendingChanges::userOf(Slot slot) const {
+    const OwnTexts& own = m_own[slot];
+    return (halfOf(slot) == Half::user ? own.entityName : own.linkedUser).view();
+}
+
+Slot PendingChanges::otherHalf(Slot slot) const {
+    const Half half = halfOf(slot), other = half == Half::user ? Half::client : Half::user;
+    if (half == Half::none) return kNoSlot;
+    return m_byEntity.findIf({EntityKind::user, userOf(slot)}, [&](Slot each) {
+        return halfOf(each) == other && !m_rows.isSelected(each);
+    });
+}
+
+// ---- What they are about ----
+
+Entity PendingChanges::EntitiesOf::own(Slot slot) const {
+    return entityOf(changes.text(slot, CodedText::functionality),
+                    changes.m_own[slot].entityName.view());
+}
+
+Entity PendingChanges::EntitiesOf::linked(Slot slot) const {
+    return linkedEntityOf(changes.text(slot, CodedText::functionality),
+                          changes.text(slot, CodedText::type),
+                          changes.m_own[slot].linkedUser.view());
+}
+
+// Holds a copy, as the change may be gone when it is asked.
+QuickFilter::IsOne PendingChanges::sameAs(Slot slot) const {
+    return [this, change = read(slot)](Slot other) {
+        const Entity entities[] = {
+            entityOf(change.functionalityCode, change.entityName),
+            linkedEntityOf(change.functionalityCode, change.type, change.linkedUser)};
+        const auto isOne = [&entities](const Entity& entity) {
+            return entity.kind != EntityKind::none &&
+                   std::ranges::find(entities, entity) != std::end(entities);
+        };
+        const EntitiesOf about{*this};
+        return isOne(about.own(other)) || isOne(about.linked(other));
+    };
+}
+
+std::vector<PendingChange> PendingChanges::aboutTheSame(const PendingChange& change) const {
+    std::vector<PendingChange> found;
+    for (const Slot slot :
+         m_byEntity.find({entityOf(change.functionalityCode, change.entityName),
+                          linkedEntityOf(change.functionalityCode, change.type, change.linkedUser)},
+                         kMaxAbout))
+        found.push_back(read(slot));
+    std::ranges::stable_sort(found, {}, [](const PendingChange& each) {
+        return std::pair(longIntegerOf(each.key), each.slot);
+    });
+    const auto again = std::ranges::unique(found, {}, &PendingChange::slot);
+    found.erase(again.begin(), again.end());
+    return found;
+}
+
+// Whether what the change in the slot is about may be another with these texts.
+bool PendingChanges::renames(Slot slot, const ChangeTexts& texts) const {
+    const auto differs = [](const ChangeTexts::Text& given, std::string_view now) {
+        return given && *given != now;
+    };
+    return differs(texts.entityName, m_own[slot].entityName.view()) ||
+           differs(texts.linkedUser, m_own[slot].linkedUser.view()) ||
+           differs(texts.functionalityCode, text(slot, CodedText::functionality)) ||
+           differs(texts.type, text(slot, CodedText::type));
 }
 
 // ---- Changes that come, change and go ----
@@ -146,7 +231,10 @@ void PendingChanges::addRecord(std::string_view key, const ChangeTexts& texts, O
     if (added) {
         write(slot, texts);
         m_states.came(slot, origin);
-        if (m_rows.insertItem(m_rows.storedCount(), slot)) return m_view.rowsChanged();
+        if (m_rows.insertItem(m_rows.storedCount(), slot)) {
+            m_byEntity.insert(slot);
+            return m_view.rowsChanged();
+        }
         m_states.ended(slot);  // a list without a reader takes in nothing
         m_index.erase(key);
     }
@@ -156,6 +244,7 @@ void PendingChanges::addRecord(std::string_view key, const ChangeTexts& texts, O
 void PendingChanges::removeRecord(std::string_view key) {
     const Slot slot = m_index.erase(key);
     if (slot == kNoSlot) return;
+    m_byEntity.erase(slot);
     m_states.ended(slot);
     m_rows.deleteRecord(slot);
     m_gone.push_back(slot);
@@ -164,9 +253,12 @@ void PendingChanges::removeRecord(std::string_view key) {
 }
 
 bool PendingChanges::rewriteRecord(Slot slot, const ChangeTexts& texts) {
-    const bool pending = m_rows.stores(slot);
-    if (pending) m_states.cameAgain(slot, write(slot, texts));
-    return pending;
+    if (!m_rows.stores(slot)) return false;
+    const bool renamed = renames(slot, texts);
+    if (renamed) m_byEntity.erase(slot);
+    m_states.cameAgain(slot, write(slot, texts));
+    if (renamed) m_byEntity.insert(slot);
+    return true;
 }
 
 void PendingChanges::refreshRecord(Slot slot, const ChangeTexts& texts) {
@@ -180,6 +272,7 @@ void PendingChanges::clearAllRecords() {
     m_rows.reset();
     m_states.clear();
     m_index.clear();
+    m_byEntity.clear();
     if (m_holds > 0) return;
     m_own.clear();
     m_free.clear();

@@ -3,7 +3,7 @@
 //
 // Texts that differ from change to change are kept with the change; those with few different values
 // (maker, branch, broker, kind ...) are coded once, when they come, in columns that the list's
-// filters and sorts work on. So a change takes about 140 bytes, and the first filter of such a
+// filters and sorts work on. So a change takes about 150 bytes, and the first filter of such a
 // column reads no change. What is read out is a copy: it stays as it was, whatever comes meanwhile.
 //
 // Calls cost the logarithm of the number of changes at most, where nothing else is said. One
@@ -20,7 +20,9 @@
 #include "link/model/pending_record.h"
 #include "listctrl/model/table/record_store.h"
 #include "workbench/model/records/change_states.h"
+#include "workbench/model/records/entity_index.h"
 #include "workbench/model/records/key_index.h"
+#include "workbench/model/records/quick_filter.h"
 #include "workbench/model/records/records_view.h"
 #include "workbench/model/records/short_text.h"
 
@@ -58,15 +60,39 @@ public:
     ChangeStates& states() { return m_states; }
     const ChangeStates& states() const { return m_states; }
 
+    QuickFilter& quickFilter() { return m_quickFilter; }
+    const QuickFilter& quickFilter() const { return m_quickFilter; }
+
     // The change in a row of the main list; none beyond the end.
     std::optional<PendingChange> recordAt(std::size_t row) const;
 
-    // The changes whose rows are selected, in row order: one pass over the rows.
-    std::vector<PendingChange> selectedRecords() const;
+    // The change in a slot; none when no pending one has it.
+    std::optional<PendingChange> recordIn(Slot slot) const;
+
+    // The slots of the changes whose rows are selected, in row order: one pass over the rows.
+    std::vector<Slot> selectedRecords() const { return m_rows.selectedInOrder(); }
+
+    // Which half of an investor's new user and client a change is, and the id of that user, until
+    // the next change comes or changes. Of a slot that it has, or had while there is a Hold.
+    enum class Half : std::uint8_t { none, user, client };
+    Half halfOf(Slot slot) const;
+    std::string_view userOf(Slot slot) const;
+
+    // A pending change that is the other half of the pair and not selected; kNoSlot when there is
+    // none. Costs a look at the changes that are about the same user.
+    Slot otherHalf(Slot slot) const;
 
     // The text of a cell of the main list, cut to kCellBytes; empty where there is no column. Lives
     // until the next change comes or changes.
     std::string_view cellText(Slot change, ColumnId column) const;
+
+    // The whole text of a cell, not cut. Lives as long.
+    std::string_view wholeText(Slot change, ColumnId column) const;
+
+    // The pending changes about the same entity as `change`, itself included if it is pending, in
+    // the order of their keys; kMaxAbout at most. Costs a look at each.
+    static constexpr std::size_t kMaxAbout = 64;
+    std::vector<PendingChange> aboutTheSame(const PendingChange& change) const;
 
     // The change under `key`.
     std::optional<PendingChange> findRecord(std::string_view key) const;
@@ -77,8 +103,9 @@ public:
     enum class CodedText { maker, branch, broker, functionality, type };
     std::string_view text(Slot slot, CodedText which) const;
 
-    // Whether it is still pending, though perhaps with other texts.
+    // Whether it is still pending, though perhaps with other texts. By slot: while there is a Hold.
     bool isPending(const PendingChange& change) const;
+    bool isPending(Slot slot) const { return m_rows.stores(slot); }
 
     // The same change as it is now; none when it is no longer pending.
     std::optional<PendingChange> current(const PendingChange& change) const;
@@ -131,8 +158,10 @@ private:
 
     PendingChange read(Slot slot) const;
     bool write(Slot slot, const ChangeTexts& texts);
+    bool renames(Slot slot, const ChangeTexts& texts) const;
     Slot takeSlot();
     void freeSlots();
+    QuickFilter::IsOne sameAs(Slot slot) const;
 
     RecordsView& m_view;
     std::deque<OwnTexts> m_own;                    // by slot
@@ -143,8 +172,15 @@ private:
         std::string_view operator()(Slot slot) const { return own[slot].key.view(); }
     };
     KeyIndex<KeyOf> m_index{KeyOf{m_own}};
+    struct EntitiesOf {
+        const PendingChanges& changes;
+        Entity own(Slot slot) const;
+        Entity linked(Slot slot) const;
+    };
+    EntityIndex<EntitiesOf> m_byEntity{EntitiesOf{*this}};
     RecordStore m_rows;
     ChangeStates m_states;
+    QuickFilter m_quickFilter;
     std::vector<Slot> m_free;  // slots without a change
     std::vector<Slot> m_gone;  // those that went while there is a Hold
     int m_holds = 0;

@@ -1,0 +1,16 @@
+// A window that shows a text whole, to be read, selected and copied.
+#pragma once
+
+#include <windows.h>
+
+#include <span>
+
+#include "listctrl/model/whole_text.h"
+
+namespace mc {
+
+// Returns when it is closed. `mayCopy`: the host lets what lists show be copied. Over `window`,
+// which may be gone afterwards.
+void showWholeText(std::span<const NamedText> texts, bool mayCopy, HWND window);
+
+}  // namespace mc

@@ -1,0 +1,245 @@
+#include "workbench/model/press_line.h"
+
+#include <sstream>
+
+#include "tests/unit/workbench_fixture.h"
+
+using namespace mc;
+
+namespace {
+
+// What the line says of a press, and which decisions leave when it is pressed.
+class PressLineTest : public WorkbenchTest {
+protected:
+    PendingChanges& changes() { return workbench->changes(); }
+    RecordStore& rows() { return changes().rows(); }
+
+    // "list KEY CODE [ENTITY [LINKED]]" (an investor's when it has an entity), "read KEY" (and its
+    // details come), "select KEY" (too), "only KEY", "end KEY", "hide MAKER", "edit VALUE", "wait",
+    // "accept", "reject", "update", and the fixture's own steps.
+    void run(const std::string& steps) {
+        std::istringstream lines(steps);
+        for (std::string step; std::getline(lines >> std::ws, step, ',');) does(step);
+    }
+
+    void does(const std::string& step) {
+        std::istringstream words(step);
+        std::string verb, key, code, entity, linked;
+        words >> verb >> key >> code >> entity >> linked;
+        const auto select = [&] { rows().select(*rows().rowOf(changes().find(key)), true); };
+        const auto selected = changes().selectedRecords();
+        if (verb == "list") return listChange(key, code, entity, linked);
+        if (verb == "only") return rows().clearSelection(), select();
+        if (verb == "select") return select();
+        if (verb == "end") return publish("accepted", key, {});
+        if (verb == "other") return publish("auth pending", key, {{MNM_REQUESTING_USER, "MK2"}});
+        if (verb == "wait") return void(now += std::stoi(key));
+        if (verb == "edit") return void(workbench->valueEdited(64031, key));
+        if (verb == "accept") return workbench->accept(selected);
+        if (verb == "reject") return workbench->reject(selected, [] { return "no"; });
+        if (verb == "update") return workbench->update();
+        if (verb == "hide") return hide(key);
+        if (verb == "read") return take("open " + key), take("answer user " + key);
+        take(step);
+    }
+
+    void publish(const char* status, const std::string& key, const FieldTexts& more) {
+        workbench->handlePublished(publication(status, key, more).handle());
+    }
+
+    void listChange(const std::string& key, const std::string& code, const std::string& entity,
+                    const std::string& linked) {
+        FieldTexts texts{{MNM_FUNCTIONALITY, code}, {MNM_USER, "DLR101"}};
+        if (code == "354" || code == "360")
+            texts = {{MNM_FUNCTIONALITY, code}, {MNM_ACCOUNT_ID, "C10021"}};
+        if (!entity.empty()) texts = {{MNM_FUNCTIONALITY, code}, {MNM_TYPE, "INVESTOR_CLIENT"}};
+        if (code == "353") texts.push_back({MNM_ACCOUNT_ID, entity});
+        if (!entity.empty()) texts.push_back({MNM_USER, code == "353" ? linked : entity});
+        publish("auth pending", key, texts);
+    }
+
+    // Rows of this entity only stay.
+    void hide(const std::string& text) {
+        rows().filters().set(ColumnId{0}, text);
+        rows().filter();
+    }
+
+    // The decisions that left: "1003 1004".
+    std::string decided() {
+        std::string keys;
+        for (const SentMessage& message : host.control().sent)
+            for (const auto& [id, text] : message)
+                if (id == MNM_AUTHORIZATION_KEY &&
+                    message.front().second == kAuthenticateFunctionality)
+                    keys += (keys.empty() ? "" : " ") + text;
+        return keys;
+    }
+
+    std::time_t now = 1'000'000;
+};
+
+const std::string kThree =
+    "list 1001 339,list 1002 354,list 1003 340,read 1001,read 1003,other 1003,";
+const std::string kPair = "list 1003 339 INV3001,list 1004 353 CINV3001 INV3001,";
+
+TEST_F(PressLineTest, SaysWhatAPressSends) {
+    const struct {
+        std::string steps;
+        PressButton button;
+        std::string line;
+        std::string decided;
+    } cases[] = {
+        {"list 1002 354", PressButton::accept, "Accept nothing: no change is selected", ""},
+        {"list 1002 354,only 1002", PressButton::accept,
+         "Accept 1002 MODIFY CLIENT C10021, not looked at", "1002"},
+        {"list 1001 339,read 1001,only 1001", PressButton::accept, "Accept 1001 ADD USER DLR101",
+         "1001"},
+        {kThree + "only 1003", PressButton::reject, "Reject 1003 MODIFY USER DLR101, changed since",
+         "1003"},
+        {kThree + "only 1001,select 1002,select 1003", PressButton::accept,
+         "Accept 3 changes: 1 looked at, 1 not looked at, 1 changed since", "1001 1002 1003"},
+        {"list 1007 360,only 1007", PressButton::reject,
+         "Reject 1007 RMS Limits, Client - C10021, not looked at", "1007"},
+        {"list 1 777,only 1", PressButton::accept, "Accept 1, not looked at", "1"},
+        {kPair + "only 1003,select 1004", PressButton::accept,
+         "Accept 1004 ADD CLIENT CINV3001 and its user INV3001 (1003), user first; 2 not looked at",
+         "1003 1004"},
+        {kPair + "only 1003,select 1004,list 1 340,select 1", PressButton::accept,
+         "Accept 3 changes: 3 not looked at; 1 pair, user first", "1 1003 1004"},
+        {kPair + "list 2 339 INV3001,only 2,select 1003,select 1004", PressButton::accept,
+         "Accept 3 changes: 3 not looked at; 2 pairs, user first", "2 1004 1003 1004"},
+        {kPair + "only 1003", PressButton::accept,
+         "Accept: half of a pair: 1004 ADD CLIENT CINV3001 is not selected, nothing will leave"
+         "  Select pair",
+         ""},
+        {kPair + "only 1003", PressButton::reject, "Reject 1003 ADD USER INV3001, not looked at",
+         "1003"},
+        {kPair + "only 1004,hide CINV", PressButton::accept,
+         "Accept: half of a pair: 1003 ADD USER INV3001 is hidden by a filter, nothing will leave"
+         "  Select pair",
+         ""},
+        {kPair + "only 1004,end 1003", PressButton::accept,
+         "Accept: half of a pair: no other half is pending, nothing will leave", ""},
+        {kPair + "list 1 340,list 5 353 C5 U5,only 1,select 5,select 1004", PressButton::accept,
+         "Accept 1 MODIFY USER DLR101, not looked at; 2 halves of pairs stay: "
+         "1003 ADD USER INV3001 is not selected  Select pair",
+         "1"},
+        {"list 1 340,list 2 340,only 1,end 1", PressButton::accept,
+         "Selected by the list, not looked at: Accept 2 MODIFY USER DLR101, not looked at", "2"},
+        {"list 1 340,list 2 340,only 1,end 1,read 2", PressButton::accept,
+         "Accept 2 MODIFY USER DLR101", "2"},
+        {kThree + "only 1001,select 1002,hide DLR", PressButton::accept,
+         "Accept 1001 ADD USER DLR101; 1 deselected by the filter", "1001"},
+        {"list 1007 360,only 1007,open 1007,answer limits 1007,edit 1700", PressButton::accept,
+         "Accept 1007 RMS Limits, Client - C10021; asks about 1 unsent value first", "1007"},
+    };
+    host.answersYes = true;
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.steps);
+        workbench = nullptr;
+        workbench = std::make_unique<Workbench>(host, view);
+        host.control().sent.clear();
+        run(each.steps);
+        EXPECT_EQ(describePress(workbench->plan(each.button), changes()).whole(), each.line);
+        does(each.button == PressButton::accept ? "accept" : "reject");
+        EXPECT_EQ(decided(), each.decided);
+    }
+}
+
+TEST_F(PressLineTest, SaysWhatWasSentBefore) {
+    const struct {
+        std::string steps;
+        PressButton button;
+        std::string line;
+        std::string question;  // of the press
+    } cases[] = {
+        {"only 1001,accept,wait 12", PressButton::accept,
+         "Accept 1001 ADD USER DLR101, again, sent 12 s ago", ""},
+        {"only 1001,accept,wait 150", PressButton::reject,
+         "Reject 1001 ADD USER DLR101, accepted 2 min ago, asks first", "1001, ADD USER, DLR101"},
+        {"only 1001,reject,wait 3,only 1001,select 1003", PressButton::accept,
+         "Accept 2 changes: 1 looked at, 1 changed since; 1 of them rejected 3 s ago, asks first",
+         "1 of these"},
+        {"only 1001,select 1003,reject,wait 3", PressButton::reject,
+         "Reject 2 changes: 1 looked at, 1 changed since; all of them again, sent 3 s ago", ""},
+        {"only 1003,accept,other 1003", PressButton::reject,
+         "Reject 1003 MODIFY USER DLR101, changed since, accepted 0 s ago, asks first", "1003"},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.steps);
+        workbench = nullptr;
+        workbench = std::make_unique<Workbench>(host, view);
+        changes().states().setClock([this] { return now; });
+        run(kThree + each.steps);
+        EXPECT_EQ(describePress(workbench->plan(each.button), changes()).whole(), each.line);
+        const std::string press = each.button == PressButton::accept ? "accept" : "reject";
+        host.control().sent.clear();
+        host.takeSaid();
+        host.answersYes = false;
+        does(press);
+        EXPECT_EQ(decided().empty(), !each.question.empty());
+        EXPECT_EQ(host.said.empty() || !host.said[0].starts_with("question"),
+                  each.question.empty());
+        host.answersYes = true;
+        host.control().sent.clear();
+        does(press);
+        EXPECT_NE(decided(), "");
+    }
+}
+
+TEST_F(PressLineTest, OfUpdateAndRecover) {
+    const struct {
+        std::string steps, update, recover;
+    } cases[] = {
+        {"", "Update nothing: no details are open", "Recover: asks for everything that is pending"},
+        {"list 1007 360,open 1007,answer limits 1007", "Update nothing: no value is edited",
+         "Recover: asks for everything that is pending"},
+        {"edit 1700", "Update 1 value of 1007 RMS Limits, Client - C10021",
+         "Recover: drops 1 unsent value"},
+        {"update", "Update nothing: no value is edited",
+         "Recover: asks for everything that is pending"},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.steps);
+        run(each.steps);
+        EXPECT_EQ(describePress(workbench->plan(PressButton::update), changes()).text, each.update);
+        EXPECT_EQ(describePress(workbench->plan(PressButton::recover), changes()).text,
+                  each.recover);
+    }
+}
+
+// Halves come, go and change their user id; the other half is always a pending one that fits.
+TEST_F(PressLineTest, FindsTheOtherHalf) {
+    for (int i = 0; i < 300; ++i) {
+        const std::string user = "U" + std::to_string(i % 100);
+        listChange(std::to_string(2 * i), "339", user, "");
+        listChange(std::to_string(2 * i + 1), "353", "C" + user, user);
+    }
+    for (int i = 0; i < 300; ++i) {
+        if (i % 3 == 0) publish("accepted", std::to_string(2 * i), {});
+        if (i % 5 == 0) listChange(std::to_string(2 * i + 1), "353", "C", "U7");
+        if (i % 7 == 0) listChange(std::to_string(2 * i + 1), "353", "C", "none");
+    }
+    rows().selectAll();
+    for (std::size_t i = 0; i < changes().size(); ++i) {
+        const PendingChange half = changes().at(i);
+        EXPECT_EQ(changes().otherHalf(half.slot), kNoSlot) << "all are selected";
+    }
+    rows().clearSelection();
+    for (std::size_t i = 0; i < changes().size(); ++i) {
+        const PendingChange half = changes().at(i);
+        bool fits = false;
+        for (std::size_t j = 0; j < changes().size() && !fits; ++j) {
+            const PendingChange other = changes().at(j);
+            fits = half.functionalityCode == kAddUser ? other.linkedUser == half.entityName
+                                                      : other.entityName == half.linkedUser;
+        }
+        const auto found = changes().recordIn(changes().otherHalf(half.slot));
+        ASSERT_EQ(found.has_value(), fits) << half.key;
+        if (!found) continue;
+        EXPECT_EQ(changes().userOf(found->slot), changes().userOf(half.slot));
+        EXPECT_NE(found->functionalityCode, half.functionalityCode);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,112 @@
+#include "workbench/model/press_plan.h"
+
+#include <algorithm>
+#include <bit>
+#include <functional>
+#include <utility>
+
+namespace mc {
+namespace {
+
+// Pairs users with clients, from the last to the first on both sides. A client takes all users of
+// its name, so it can leave with two; it leaves its list once. Users are found by the hash of their
+// name, in lists that have the last of them first.
+class Pairing {
+public:
+    Pairing(PressPlan& plan, const PendingChanges& changes) : m_plan(plan), m_changes(changes) {}
+
+    void run() {
+        listUsers();
+        for (std::size_t client = m_plan.clients.size(); client-- > 0;) pair(client);
+        for (auto* halves : {&m_plan.users, &m_plan.clients})
+            std::erase(*halves, kNoSlot);
+    }
+
+private:
+    static constexpr std::size_t kEnd = ~std::size_t{0};
+
+    std::size_t& headOf(std::string_view user) {
+        return m_heads[std::hash<std::string_view>()(user) & (m_heads.size() - 1)];
+    }
+
+    void listUsers() {
+        m_heads.assign(std::bit_ceil(m_plan.users.size() + 1), kEnd);
+        m_next.assign(m_plan.users.size(), kEnd);
+        for (std::size_t user = 0; user < m_plan.users.size(); ++user)
+            m_next[user] = std::exchange(headOf(m_changes.userOf(m_plan.users[user])), user);
+    }
+
+    void pair(std::size_t at) {
+        const Slot client = m_plan.clients[at];
+        const std::string_view name = m_changes.userOf(client);
+        for (std::size_t* link = &headOf(name); *link != kEnd;) {
+            Slot& user = m_plan.users[*link];
+            if (m_changes.userOf(user) != name) {
+                link = &m_next[*link];
+                continue;
+            }
+            m_plan.pairs.push_back({user, client});
+            user = m_plan.clients[at] = kNoSlot;
+            *link = m_next[*link];
+        }
+    }
+
+    PressPlan& m_plan;
+    const PendingChanges& m_changes;
+    std::vector<std::size_t> m_heads;  // by hash: the last user of the list
+    std::vector<std::size_t> m_next;   // by user: the one before it in its list
+};
+
+void planAccept(PressPlan& plan, SelectedRecords selected, const PendingChanges& changes) {
+    using Half = PendingChanges::Half;
+    for (const Slot slot : selected) {
+        const Half half = changes.halfOf(slot);
+        if (half == Half::none)
+            plan.single.push_back(slot);
+        else
+            (half == Half::user ? plan.users : plan.clients).push_back(slot);
+    }
+    if (!plan.users.empty() && !plan.clients.empty()) Pairing(plan, changes).run();
+    for (const auto* halves : {&plan.users, &plan.clients})
+        for (auto half = halves->begin(); half != halves->end() && plan.missing == kNoSlot; ++half)
+            plan.missing = changes.otherHalf(*half);
+}
+
+void countStates(PressPlan& plan, const ChangeStates& states) {
+    plan.leaving = plan.single;
+    Slot last = kNoSlot;
+    for (const auto& [user, client] : plan.pairs) {
+        plan.leaving.push_back(user);
+        if (client != std::exchange(last, client)) plan.leaving.push_back(client);
+    }
+    plan.states = states.count(plan.leaving);
+    const std::size_t accepted = plan.states.accepted + plan.states.updated;
+    const bool accepts = plan.button == PressButton::accept;
+    plan.again = accepts ? accepted : plan.states.rejected;
+    plan.opposite = accepts ? plan.states.rejected : accepted;
+    if (plan.again + plan.opposite == 0) return;
+    for (const Slot slot : plan.leaving) {
+        const ChangeState state = states.of(slot);
+        if (state.sent != SentDecision::none) plan.sentAt = std::max(plan.sentAt, state.sentAt);
+    }
+}
+
+}  // namespace
+
+PressPlan planPress(PressButton button, SelectedRecords selected, const PendingChanges& changes,
+                    const DetailsOnShow& details) {
+    PressPlan plan;
+    plan.button = button;
+    plan.edits = details.modifiedValues.size();
+    plan.key = details.key.value_or("");
+    if (button == PressButton::update || button == PressButton::recover) return plan;
+    plan.deselected = changes.rows().deselectedByFilter();
+    if (button == PressButton::accept)
+        planAccept(plan, selected, changes);
+    else
+        plan.single.assign(selected.begin(), selected.end());
+    countStates(plan, changes.states());
+    return plan;
+}
+
+}  // namespace mc

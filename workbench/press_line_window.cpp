@@ -1,0 +1,261 @@
+#include "workbench/press_line_window.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "framework/handles.h"
+#include "framework/hwnd.h"
+#include "listctrl/list_colors.h"
+
+namespace mc {
+namespace {
+
+constexpr UINT_PTR kAgeTimer = 1;
+constexpr UINT_PTR kTool = 1;
+constexpr int kOneLineWidth = 640;  // at 96 dots per inch; in a narrower pane there are two lines
+constexpr int kTipWidth = 480;
+constexpr std::string_view kCutOff = "...";
+
+int widthOf(HDC dc, std::string_view text) {
+    SIZE size{};
+    GetTextExtentPoint32A(dc, text.data(), static_cast<int>(text.size()), &size);
+    return static_cast<int>(size.cx);
+}
+
+// Red on the dialog's face, light or dark; high contrast has the colours of a selection for it.
+void setWarningColors(HDC dc) {
+    if (highContrast()) {
+        SetBkMode(dc, OPAQUE);
+        SetBkColor(dc, GetSysColor(COLOR_HIGHLIGHT));
+        SetTextColor(dc, GetSysColor(COLOR_HIGHLIGHTTEXT));
+        return;
+    }
+    const COLORREF face = GetSysColor(COLOR_3DFACE);
+    const bool dark = GetRValue(face) + GetGValue(face) + GetBValue(face) < 3 * 128;
+    SetTextColor(dc, dark ? RGB(255, 150, 140) : RGB(176, 0, 0));
+}
+
+// The first word of the text with the blanks behind it, which is taken off it.
+std::string takeWord(std::string_view& text) {
+    const std::size_t end = std::min(text.find(' '), text.size());
+    const std::size_t next = std::min(text.find_first_not_of(' ', end), text.size());
+    const std::string word(text.substr(0, next));
+    text.remove_prefix(next);
+    return word;
+}
+
+}  // namespace
+
+// Tells the line when the mouse or the focus comes to a button and goes.
+class CPressLine::Watch : public fw::CWindow {
+public:
+    Watch(CPressLine& line, HWND button, PressButton which) : m_line(line), m_which(which) {
+        subclass(button);
+    }
+    PressButton which() const { return m_which; }
+
+protected:
+    const fw::MessageMap& messageMap() const override {
+        static constexpr fw::MessageEntry entries[] = {
+            fw::observe<WM_MOUSEMOVE, &Watch::onMouseMove>(),
+            fw::observe<WM_MOUSELEAVE, &Watch::onMouseLeave>(),
+            fw::observe<WM_SETFOCUS, &Watch::onFocusChanged>(),
+            fw::observe<WM_KILLFOCUS, &Watch::onFocusChanged>(),
+        };
+        static constexpr fw::MessageMap map{nullptr, entries};
+        return map;
+    }
+
+private:
+    void onMouseMove(POINT) {
+        TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, handle(), 0};
+        TrackMouseEvent(&track);
+        m_line.hovered(m_which);
+    }
+    void onMouseLeave() {
+        if (m_line.m_hovered == m_which) m_line.hovered(std::nullopt);
+    }
+    void onFocusChanged() { m_line.stale(); }
+
+    CPressLine& m_line;
+    const PressButton m_which;
+};
+
+// Words of one colour at one height.
+struct CPressLine::Piece {
+    enum Kind { plain, warning, link } kind;
+    std::string text;
+    int x, line, width;
+};
+
+CPressLine::~CPressLine() = default;
+
+const fw::MessageMap& CPressLine::messageMap() const {
+    static constexpr fw::MessageEntry entries[] = {
+        fw::on<WM_PAINT, &CPressLine::onPaint>(),
+        fw::observe<WM_GETTEXT, &CPressLine::refresh>(),
+        fw::observe<WM_GETTEXTLENGTH, &CPressLine::refresh>(),
+        fw::offer<WM_SETCURSOR, &CPressLine::onSetCursor>(),
+        fw::on<WM_LBUTTONDOWN, &CPressLine::onButtonDown>(),
+        fw::on<WM_LBUTTONUP, &CPressLine::onButtonUp>(),
+        fw::on<WM_TIMER, &CPressLine::onTimer>(),
+        fw::observe<WM_DESTROY, &CPressLine::onDestroy>(),
+    };
+    static constexpr fw::MessageMap map{nullptr, entries};
+    return map;
+}
+
+bool CPressLine::create(HWND pane, UINT id) {
+    static const fw::WindowClass windowClass{"MakerChecker.PressLine", CS_HREDRAW | CS_VREDRAW,
+                                             IDC_ARROW, -1};
+    return CWindow::create(windowClass, "", WS_CHILD | WS_VISIBLE, 0, RECT{}, pane, id);
+}
+
+void CPressLine::watch(HWND button, PressButton which) {
+    m_watches.push_back(std::make_unique<Watch>(*this, button, which));
+}
+
+int CPressLine::heightFor(int width) const {
+    if (handle() == nullptr) return 0;
+    const TEXTMETRICA metrics = fw::metricsOf(fw::fontOf(GetParent(handle())), handle());
+    return static_cast<int>(metrics.tmHeight) * (width < scaled(kOneLineWidth) ? 2 : 1) + scaled(2);
+}
+
+// ---- What it says ----
+
+void CPressLine::stale() {
+    m_stale = true;
+    if (handle() != nullptr) InvalidateRect(handle(), nullptr, FALSE);
+}
+
+void CPressLine::hovered(std::optional<PressButton> button) {
+    if (std::exchange(m_hovered, button) != button) stale();
+}
+
+PressButton CPressLine::button() const {
+    if (m_pressed) return *m_pressed;
+    if (m_hovered) return *m_hovered;
+    const HWND focus = GetFocus();
+    const auto focused = std::ranges::find(m_watches, focus, &Watch::handle);
+    return focus != nullptr && focused != m_watches.end() ? (*focused)->which()
+                                                          : PressButton::accept;
+}
+
+void CPressLine::refresh() {
+    if (handle() == nullptr || !std::exchange(m_stale, false)) return;
+    PressLine now = m_describe(button());
+    if (now.ages)
+        SetTimer(handle(), kAgeTimer, 1000, nullptr);
+    else if (m_line.ages)
+        KillTimer(handle(), kAgeTimer);
+    if (now == m_line) return;
+    m_line = std::move(now);
+    SetWindowTextA(handle(), m_line.whole().c_str());
+    InvalidateRect(handle(), nullptr, FALSE);
+}
+
+void CPressLine::begin(PressButton pressed) {
+    m_pressed = pressed;
+    stale();
+    refresh();
+    UpdateWindow(handle());
+}
+
+void CPressLine::end() {
+    m_pressed.reset();
+    stale();
+}
+
+// ---- Drawing ----
+
+// Word by word. What does not fit ends in dots; the action always fits behind it.
+std::vector<CPressLine::Piece> CPressLine::layOut(HDC dc) {
+    const RECT area = clientRect();
+    const int width = static_cast<int>(area.right);
+    const int last = width < scaled(kOneLineWidth) ? 1 : 0;
+    const int gap = scaled(8), dots = widthOf(dc, kCutOff);
+    const int linkWidth = m_line.offersPair ? widthOf(dc, kSelectPair) : 0;
+    const auto end = [&](int line) {
+        return line < last || linkWidth == 0 ? width : width - linkWidth - gap;
+    };
+    std::vector<Piece> pieces;
+    int x = 0, line = 0;
+    bool cutOff = false;
+    for (const auto kind : {Piece::warning, Piece::plain}) {
+        std::string_view text = kind == Piece::warning ? m_line.warning : m_line.text;
+        while (!text.empty() && !cutOff) {
+            const std::string word = takeWord(text);
+            const int wide = widthOf(dc, word);
+            if (x + wide > end(line) && x > 0 && line < last) x = 0, ++line;
+            cutOff = x + wide > end(line);
+            if (cutOff) break;
+            pieces.push_back({kind, word, x, line, wide});
+            x += wide;
+        }
+    }
+    if (cutOff) {
+        while (x + dots > end(line) && !pieces.empty() && pieces.back().line == line) {
+            x = pieces.back().x;
+            pieces.pop_back();
+        }
+        pieces.push_back({Piece::plain, std::string(kCutOff), x, line, dots});
+        x += dots;
+    }
+    if (linkWidth != 0) pieces.push_back({Piece::link, kSelectPair, x + gap, line, linkWidth});
+    showTip(cutOff);
+    return pieces;
+}
+
+void CPressLine::onPaint() {
+    refresh();
+    const fw::PaintScope paint(handle());
+    const RECT area = clientRect();
+    FillRect(paint.dc(), &area, GetSysColorBrush(COLOR_3DFACE));
+    const HFONT font = fw::fontOf(GetParent(handle()));
+    const fw::SelectScope select(paint.dc(), font);
+    const int height = static_cast<int>(fw::metricsOf(font, handle()).tmHeight);
+    m_link = {};
+    for (const Piece& piece : layOut(paint.dc())) {
+        SetBkMode(paint.dc(), TRANSPARENT);
+        SetTextColor(paint.dc(),
+                     GetSysColor(piece.kind == Piece::link ? COLOR_HOTLIGHT : COLOR_BTNTEXT));
+        if (piece.kind == Piece::warning) setWarningColors(paint.dc());
+        const int y = scaled(1) + piece.line * height;
+        TextOutA(paint.dc(), piece.x, y, piece.text.c_str(), static_cast<int>(piece.text.size()));
+        if (piece.kind != Piece::link) continue;
+        m_link = {piece.x, y, piece.x + piece.width, y + height};
+        const RECT underline{m_link.left, m_link.bottom - scaled(1), m_link.right, m_link.bottom};
+        FillRect(paint.dc(), &underline, GetSysColorBrush(COLOR_HOTLIGHT));
+    }
+}
+
+void CPressLine::showTip(bool cutOff) {
+    const std::string text = cutOff ? m_line.warning + m_line.text : "";
+    if (text == std::exchange(m_tipText, text)) return;
+    if (!m_tip.created()) m_tip.create(handle());
+    m_tip.remove(handle(), kTool);
+    m_tip.setMaxWidth(scaled(kTipWidth));
+    const RECT whole{0, 0, MAXSHORT, MAXSHORT};
+    if (cutOff) m_tip.add(handle(), kTool, whole, text);
+}
+
+// ---- The action ----
+
+bool CPressLine::onSetCursor(HWND, UINT) {
+    POINT at{};
+    GetCursorPos(&at);
+    ScreenToClient(handle(), &at);
+    if (PtInRect(&m_link, at) == 0) return false;
+    SetCursor(LoadCursorA(nullptr, IDC_HAND));
+    return true;
+}
+
+void CPressLine::onButtonUp(POINT client) {
+    if (!std::exchange(m_pressedLink, false) || PtInRect(&m_link, client) == 0) return;
+    SendMessageA(GetParent(handle()), WM_COMMAND,
+                 MAKEWPARAM(static_cast<WORD>(GetDlgCtrlID(handle())), BN_CLICKED),
+                 reinterpret_cast<LPARAM>(handle()));
+}
+
+}  // namespace mc
