@@ -59,7 +59,10 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
         m_holder.noteChanged(kMainView);
         m_news();
     });
-    m_details->onUpdate([this] { m_holder.noteChanged(kDetailsView); });
+    m_details->onUpdate([this] {
+        m_holder.noteChanged(kDetailsView);
+        m_line.update();
+    });
     m_line.create(m_holder.handle(), IDC_DETAIL_LINE);
     m_holder.setViews({held(*m_main, kMainTitle, kMainListName,
                             [&changes] { return summaryText(queueSummary(changes)); }),
@@ -75,7 +78,6 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
     m_main->offerColumns(true, true);
     m_main->storeChanged();
     m_details->setDetailColumns();
-    m_details->onUpdate([this] { m_line.update(); });
     m_details->offerColumns(false, false);
     m_details->setBackground(detailsBackground());
     m_details->setAllowedCharacters(kAllowedInValues);

@@ -49,14 +49,9 @@ TEST(Neighbours, AreChangesAboutTheSame) {
     }
 }
 
-struct NoView final : RecordsView {
-    void rowsChanged() override {}
-    void statesChanged() override {}
-};
-
 // Against a look at every pair, while changes come, go and become others.
 TEST(Neighbours, AreFoundAsALookAtEveryChangeFindsThem) {
-    NoView view;
+    ViewRecorder view;
     PendingChanges changes(view);
     changes.rows().setCellReader([](Slot, ColumnId) { return std::string_view(); });
     std::mt19937 random(3);

@@ -19,8 +19,7 @@ public:
         listUsers();
         for (std::size_t client = m_plan.clients.size(); client-- > 0;) pair(client);
         for (auto* halves : {&m_plan.users, &m_plan.clients})
-            std::erase_if(*halves,
-                          [](const PressPlan::Half& half) { return half.slot == kNoSlot; });
+            std::erase(*halves, kNoSlot);
     }
 
 private:
