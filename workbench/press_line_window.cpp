@@ -89,6 +89,7 @@ struct CPressLine::Piece {
     int x, line, width;
 };
 
+CPressLine::CPressLine(Describe describe) : m_describe(std::move(describe)) {}
 CPressLine::~CPressLine() = default;
 
 const fw::MessageMap& CPressLine::messageMap() const {

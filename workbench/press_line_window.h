@@ -22,7 +22,7 @@ class CPressLine : public fw::CWindow {
 public:
     // What is said of a press of the button now; asked with every refresh.
     using Describe = std::function<PressLine(PressButton)>;
-    explicit CPressLine(Describe describe) : m_describe(std::move(describe)) {}
+    explicit CPressLine(Describe describe);
     ~CPressLine() override;
 
     // Creates the window in `pane`, whose font it takes. False when it cannot be made.
