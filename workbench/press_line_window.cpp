@@ -171,38 +171,44 @@ void CPressLine::end() {
 
 // ---- Drawing ----
 
-// Word by word. What does not fit ends in dots; the action always fits behind it.
+// As many words as fit, each run of one kind in a line drawn as one text. What does not fit ends in
+// dots; the action always fits behind it.
 std::vector<CPressLine::Piece> CPressLine::layOut(HDC dc) {
-    const RECT area = clientRect();
-    const int width = static_cast<int>(area.right);
+    const int width = static_cast<int>(clientRect().right);
     const int last = width < scaled(kOneLineWidth) ? 1 : 0;
-    const int gap = scaled(8), dots = widthOf(dc, kCutOff);
-    const int linkWidth = m_line.offersPair ? widthOf(dc, kSelectPair) : 0;
-    const auto end = [&](int line) {
-        return line < last || linkWidth == 0 ? width : width - linkWidth - gap;
-    };
+    const int gap = scaled(8), linkWidth = m_line.offersPair ? widthOf(dc, kSelectPair) : 0;
     std::vector<Piece> pieces;
     int x = 0, line = 0;
+    // False, and nothing is added, where the word does not fit.
+    const auto add = [&](Piece::Kind kind, const std::string& word) {
+        const bool joins =
+            !pieces.empty() && pieces.back().kind == kind && pieces.back().line == line;
+        const int start = joins ? pieces.back().x : x;
+        const std::string text = joins ? pieces.back().text + word : word;
+        const int wide = widthOf(dc, text);
+        if (start + wide > (line < last || linkWidth == 0 ? width : width - linkWidth - gap))
+            return false;
+        if (joins) pieces.pop_back();
+        pieces.push_back({kind, text, start, line, wide});
+        x = start + wide;
+        return true;
+    };
     bool cutOff = false;
     for (const auto kind : {Piece::warning, Piece::plain}) {
         std::string_view text = kind == Piece::warning ? m_line.warning : m_line.text;
         while (!text.empty() && !cutOff) {
             const std::string word = takeWord(text);
-            const int wide = widthOf(dc, word);
-            if (x + wide > end(line) && x > 0 && line < last) x = 0, ++line;
-            cutOff = x + wide > end(line);
-            if (cutOff) break;
-            pieces.push_back({kind, word, x, line, wide});
-            x += wide;
+            if (add(kind, word)) continue;
+            const bool goesOn = x > 0 && line < last;
+            if (goesOn) x = 0, ++line;
+            cutOff = !goesOn || !add(kind, word);
         }
     }
-    if (cutOff) {
-        while (x + dots > end(line) && !pieces.empty() && pieces.back().line == line) {
-            x = pieces.back().x;
-            pieces.pop_back();
-        }
-        pieces.push_back({Piece::plain, std::string(kCutOff), x, line, dots});
-        x += dots;
+    while (cutOff && !pieces.empty() && !add(pieces.back().kind, std::string(kCutOff))) {
+        Piece& back = pieces.back();
+        back.text.pop_back();
+        x = back.x;
+        if (back.text.empty()) pieces.pop_back();
     }
     if (linkWidth != 0) pieces.push_back({Piece::link, kSelectPair, x + gap, line, linkWidth});
     showTip(cutOff);
