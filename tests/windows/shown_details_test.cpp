@@ -70,14 +70,16 @@ TEST_F(ShownDetails, KeysShowTheWholeTextAndTheNeighbour) {
     editMargin("15000");
     EXPECT_EQ(
         textOf(GetDlgItem(GetParent(details()), kLine)),
-        "Ten times what the maker asked for. Cash Margin: 15000.00, 15 thousand; Update sends "
-        "15000.00, the maker asked for 1500");
+        "Ten times what the maker asked for. Cash Margin: 1200 to 15000.00, +13,800 (+1150 %), "
+        "15 thousand; Update sends 15000.00, the maker asked for 1500");
     std::string whole;
     hand::during([] { hand::key(VK_F3); }, {[&] {
                      whole = textOf(GetDlgItem(GetActiveWindow(), kWholeText));
                      hand::key(VK_ESCAPE);
                  }});
-    EXPECT_EQ(whole, "Value (8 characters):\r\n15000.00");
+    EXPECT_EQ(whole,
+              "Cash Margin, Value (8 characters):\r\n15000.00\r\n\r\nCash Margin, Old Value (4 "
+              "characters):\r\n1200");
     EXPECT_EQ(GetFocus(), details());
     // An unsent edit is asked about; the neighbour is then the selected change.
     hand::during([] { hand::key(VK_F8); }, {[] { hand::key('Y'); }});
