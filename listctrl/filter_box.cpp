@@ -42,6 +42,12 @@ bool wheelOverEdit(fw::CWindow& edit, WPARAM wParam, LPARAM lParam, LRESULT& res
     return true;
 }
 
+// Sent for each line that goes, as the box draws them; its owner has nothing to do for it.
+bool lineGoes(fw::CWindow&, WPARAM, LPARAM, LRESULT& result) {
+    result = TRUE;
+    return true;
+}
+
 }  // namespace
 
 // ---- The windows ----
@@ -114,6 +120,7 @@ const fw::MessageMap& CFilterBox::messageMap() const {
         fw::offer<WM_TIMER, &CFilterBox::onTimer>(),
         fw::on<kSettle, &CFilterBox::onSettle>(),
         fw::on<WM_DRAWITEM, &CFilterBox::onDrawItem>(),
+        {WM_DELETEITEM, 0, fw::kAnyCode, lineGoes},
     };
     static constexpr fw::MessageMap map{nullptr, entries};
     return map;

@@ -19,7 +19,8 @@ constexpr std::string_view kUpdate[] = {"  #  ", " ### ", "#####", "  #  ",
 
 // Pixels at 96 dots per inch; a cell has a margin at both sides.
 constexpr int kMargin = 6;
-constexpr int kBarWidth = 3;
+constexpr int kBarLeft = 1;  // so that the row's colour shows at both sides of it
+constexpr int kBarRight = 3;
 constexpr int kBesideBar = 2;
 constexpr int kBeforeText = 1;
 
@@ -64,7 +65,8 @@ void ChangeLooks::drawOver(HDC dc, std::size_t row, int item, const RECT& cell) 
     if (item == 1)
         return drawMark(dc, markOf(state.sent), cell.left + m_list.scaled(kBeforeText), cell);
     if (state.shown)
-        fillWithText(dc, {cell.left, cell.top, cell.left + m_list.scaled(kBarWidth), cell.bottom});
+        fillWithText(dc, {cell.left + m_list.scaled(kBarLeft), cell.top,
+                          cell.left + m_list.scaled(kBarRight), cell.bottom});
     if (state.reading == Reading::changedSince)
         drawMark(dc, kChanged, cell.left + m_list.scaled(kBesideBar), cell);
     const LONG right = cell.right - m_list.scaled(kMargin);

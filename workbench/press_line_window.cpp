@@ -90,6 +90,7 @@ struct CPressLine::Piece {
 };
 
 CPressLine::CPressLine(Describe describe) : m_describe(std::move(describe)) {}
+
 CPressLine::~CPressLine() = default;
 
 const fw::MessageMap& CPressLine::messageMap() const {

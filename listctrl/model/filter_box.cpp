@@ -8,7 +8,7 @@ namespace mc {
 // ---- Lines ----
 
 std::size_t FilterBox::lineCount() const {
-    return m_open ? 1 + valueLines() + (m_found.size() > kMaxValueLines ? 1 : 0) : 0;
+    return m_open ? 1 + valueLines() + (m_found.size() > valueLines() ? 1 : 0) : 0;
 }
 
 const DistinctValue* FilterBox::valueAt(Line line) const {
@@ -38,6 +38,7 @@ std::optional<FilterBox::Line> FilterBox::shownLine() const {
 void FilterBox::find(const std::string& text) {
     const bool signs = text.find_first_of("*~<>") != text.npos;
     const FilterPattern pattern(signs ? text : '*' + text + '*', false);
+    m_maxLines = text.empty() ? kMaxValueLines : kMaxFoundLines;
     m_found.clear();
     for (std::uint32_t i = 0; i < m_choices.values.size(); ++i)
         if (pattern.matches(m_choices.values[i].text)) m_found.push_back(i);

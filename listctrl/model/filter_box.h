@@ -23,8 +23,10 @@ class FilterBox {
 public:
     using Line = std::size_t;  // of the drop-down, from the top
 
-    // Most lines with a value. More are typed for; a control takes its time for each.
+    // Most lines with a value, and with one that typing has left: a control takes its time for
+    // each, and takes it again for each letter. More are typed for.
     static constexpr std::size_t kMaxValueLines = 10'000;
+    static constexpr std::size_t kMaxFoundLines = 1'000;
 
     FilterBox() = default;
     explicit FilterBox(ColumnFilter applied) : m_shown(applied), m_applied(std::move(applied)) {}
@@ -71,13 +73,14 @@ public:
 private:
     bool apply();
     void find(const std::string& text);
-    std::size_t valueLines() const { return std::min(m_found.size(), kMaxValueLines); }
+    std::size_t valueLines() const { return std::min(m_found.size(), m_maxLines); }
     const DistinctValue* valueAt(Line line) const;
 
     ColumnFilter m_shown;
     ColumnFilter m_applied;
     bool m_open = false;
     DistinctValues m_choices;
+    std::size_t m_maxLines = kMaxValueLines;
     std::vector<std::uint32_t> m_found;  // of the choices, those that the typed text leaves
 };
 

@@ -143,6 +143,8 @@ TEST(FilterBoxTest, KnowsItsOwnLineAndCountsThoseBeyondTheBound) {
     EXPECT_EQ(box.lineCount(), 10'002u);
     EXPECT_EQ(box.lineText(10'001), "--AND 12 MORE-- ");
     EXPECT_EQ(box.lineRows(10'001), std::nullopt);
+    box.typed("1");
+    EXPECT_EQ(box.lineText(1'001), "--AND 2451 MORE-- ");
     box.typed("10011");
     EXPECT_EQ(linesOf(box), (Texts{"--ALL-- |0", "10011|1"})) << "found beyond the bound";
 }

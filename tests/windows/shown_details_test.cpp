@@ -63,4 +63,27 @@ TEST_F(ShownDetails, ARepublishedChangeIsAskedForAgainAndKeepsWhatIsTyped) {
     EXPECT_EQ(rowTexts(details(), 3, 2)[1], "77");
 }
 
+TEST_F(ShownDetails, KeysShowTheWholeTextAndTheNeighbour) {
+    constexpr int kLine = 4002, kWholeText = 1751;  // res/resource_ids.h
+    open.plugin.publish(pending("9", "354", {{54001, "C1"}}));
+    EXPECT_EQ(strip(), kLimits + " - also pending: 9 MODIFY CLIENT (F8)");
+    editMargin("15000");
+    EXPECT_EQ(
+        textOf(GetDlgItem(GetParent(details()), kLine)),
+        "Ten times what the maker asked for. Cash Margin: 15000.00, 15 thousand; Update sends "
+        "15000.00, the maker asked for 1500");
+    std::string whole;
+    hand::during([] { hand::key(VK_F3); }, {[&] {
+                     whole = textOf(GetDlgItem(GetActiveWindow(), kWholeText));
+                     hand::key(VK_ESCAPE);
+                 }});
+    EXPECT_EQ(whole, "Value (8 characters):\r\n15000.00");
+    EXPECT_EQ(GetFocus(), details());
+    // An unsent edit is asked about; the neighbour is then the selected change.
+    hand::during([] { hand::key(VK_F8); }, {[] { hand::key('Y'); }});
+    EXPECT_EQ(strip(), kStrip + ": C1, MODIFY CLIENT, 9 - also pending: 7 RMS Limits (F8)");
+    EXPECT_EQ(ListView_GetNextItem(mainList(), -1, LVNI_SELECTED), 3);
+    EXPECT_EQ(takeSent(), Texts{"om_get_auth_account_details"});
+}
+
 }  // namespace
