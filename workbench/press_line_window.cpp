@@ -1,6 +1,7 @@
 #include "workbench/press_line_window.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <string_view>
 #include <utility>
 
@@ -34,6 +35,18 @@ void setWarningColors(HDC dc) {
     const COLORREF face = GetSysColor(COLOR_3DFACE);
     const bool dark = GetRValue(face) + GetGValue(face) + GetBValue(face) < 3 * 128;
     SetTextColor(dc, dark ? RGB(255, 150, 140) : RGB(176, 0, 0));
+}
+
+int brightness(COLORREF color) {
+    return (GetRValue(color) * 299 + GetGValue(color) * 587 + GetBValue(color) * 114) / 1000;
+}
+
+// The colour of links, where it can be read on the dialog's face; the underline says the rest.
+COLORREF linkColor() {
+    constexpr int kReadable = 100;
+    const COLORREF link = GetSysColor(COLOR_HOTLIGHT);
+    const int contrast = std::abs(brightness(link) - brightness(GetSysColor(COLOR_3DFACE)));
+    return contrast < kReadable ? GetSysColor(COLOR_BTNTEXT) : link;
 }
 
 // The first word of the text with the blanks behind it, which is taken off it.
@@ -227,14 +240,15 @@ void CPressLine::onPaint() {
     for (const Piece& piece : layOut(paint.dc())) {
         SetBkMode(paint.dc(), TRANSPARENT);
         SetTextColor(paint.dc(),
-                     GetSysColor(piece.kind == Piece::link ? COLOR_HOTLIGHT : COLOR_BTNTEXT));
+                     piece.kind == Piece::link ? linkColor() : GetSysColor(COLOR_BTNTEXT));
         if (piece.kind == Piece::warning) setWarningColors(paint.dc());
         const int y = scaled(1) + piece.line * height;
         TextOutA(paint.dc(), piece.x, y, piece.text.c_str(), static_cast<int>(piece.text.size()));
         if (piece.kind != Piece::link) continue;
         m_link = {piece.x, y, piece.x + piece.width, y + height};
         const RECT underline{m_link.left, m_link.bottom - scaled(1), m_link.right, m_link.bottom};
-        FillRect(paint.dc(), &underline, GetSysColorBrush(COLOR_HOTLIGHT));
+        SetBkColor(paint.dc(), linkColor());
+        ExtTextOutA(paint.dc(), 0, 0, ETO_OPAQUE, &underline, nullptr, 0, nullptr);
     }
 }
 

@@ -120,7 +120,7 @@ void Server::noteRequest(const Fields& request, const std::string& tag) {
     const auto answer = m_answers.find(tag);
     if (answer != m_answers.end())
         for (const auto& [caption, value] : limitsIn(request))
-            answer->second.values[caption] = value;
+            answer->second.values[caption] = answer->second.sent[caption] = value;
     if (!name.starts_with("om_get_auth_")) return;
     m_unanswered.push_back({name, sentField(request, 51803)});
     m_all.push_back(m_unanswered.back());

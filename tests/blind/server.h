@@ -51,6 +51,7 @@ public:
     struct Answer {
         std::string key;
         Texts values;
+        Texts sent;  // those that updates put instead of the answer's own
     };
     const Answer* answerOf(const std::string& tag) const;
 
