@@ -25,15 +25,21 @@ void Filters::follow(Column& column, const Act& act, bool looped, const Box& box
     column.text = box.text;
     column.dropped = box.dropped;
     const Filter pattern{box.text, false}, chosen{box.text, true};
-    if (looped && changed && !closed) {
-        column = {{pattern, chosen}, false, box.dropped, box.text};
+    if (looped && changed && !closed) {  // filters reset, or a text that the edit's menu changed
+        column.possible.insert({pattern, chosen});
+        column.typing = hadFocus;
     } else if (act.pause && !box.dropped) {  // nothing applies behind an open drop-down
         if (column.typing) column.possible.insert(pattern);
         if (column.typing)
             std::erase_if(column.possible, [&](auto& f) { return f.text != box.text; });
         column.typing = false;
     } else if (closed && !looped && (act.key == VK_RETURN || act.inDropList)) {
-        if (act.inDropList && !changed) return;  // a click beside the entries
+        if (act.inDropList && !changed) return;                      // a click beside the entries
+        if (act.key == VK_ESCAPE || act.name.starts_with("drag")) {  // perhaps no choice
+            column.possible.insert({pattern, chosen});
+            column.typing = true;
+            return;
+        }
         column.possible = {chosen};
         // With nothing chosen in the list the typed text applies.
         if (act.key == VK_RETURN) column.possible.insert(pattern);
