@@ -176,8 +176,10 @@ private:
         const PendingChanges& changes;
         Entity own(Slot slot) const;
         Entity linked(Slot slot) const;
+        Slot end() const { return static_cast<Slot>(changes.m_own.size()); }
+        bool pending(Slot slot) const { return changes.isPending(slot); }
     };
-    EntityIndex<EntitiesOf> m_byEntity{EntitiesOf{*this}};
+    mutable EntityIndex<EntitiesOf> m_byEntity{EntitiesOf{*this}};  // a question makes it complete
     RecordStore m_rows;
     ChangeStates m_states;
     QuickFilter m_quickFilter;
