@@ -6,7 +6,7 @@
 // has no lines, its keys are handled here, and after each drop and close the box shows its own text
 // again, when the control has finished with the message.
 //
-// The drop-down draws its lines itself: beside each value stands how many rows it would leave. The
+// The drop-down draws its lines itself: beside each value it says how many rows it would leave. The
 // values come by that number, or by name when the list is opened with Ctrl down.
 #pragma once
 
