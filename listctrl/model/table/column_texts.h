@@ -21,11 +21,8 @@ namespace mc {
 
 class ColumnTexts {
 public:
-    // Makes room for slots below `slots`, and for as many more, so that it seldom has to; their
-    // texts are empty.
-    void grow(std::size_t slots) {
-        if (slots > m_codes.size()) m_codes.resize(2 * slots, 0);
-    }
+    // Makes room for slots below `slots`; their texts are empty.
+    void grow(std::size_t slots) { growBySlot(m_codes, slots); }
 
     // Sets a slot's text, making room if there is none; returns whether it was another. Costs a
     // look-up among the different texts. Now and then, when most of these belong to no slot any

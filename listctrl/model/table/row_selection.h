@@ -16,18 +16,22 @@ class RowSelection {
 public:
     enum class By { hand, list };
 
-    // Makes room for slots below `count`, and for as many more, so that it seldom has to.
-    void grow(std::size_t count) {
-        if (count > m_entries.size()) m_entries.resize(2 * count, kNone);
-    }
+    // Makes room for slots below `count`.
+    void grow(std::size_t count) { growBySlot(m_entries, count); }
 
-    bool selected(Slot slot) const { return m_entries[slot] != kNone; }
+    bool selected(Slot slot) const { return m_entries[slot].selected; }
     // Whether it is selected, and by the list alone.
-    bool chosenByList(Slot slot) const {
-        return selected(slot) && (m_entries[slot] & kByList) != 0;
+    bool chosenByList(Slot slot) const { return m_entries[slot].byList; }
+    std::size_t count() const { return m_count; }
+
+    // In no order. The first time after some were deselected, costs a pass over them.
+    const std::vector<Slot>& slots() const {
+        if (m_slots.size() != m_count)
+            std::erase_if(m_slots, [this](Slot slot) {
+                return !(m_entries[slot].listed = m_entries[slot].selected);
+            });
+        return m_slots;
     }
-    std::size_t count() const { return m_slots.size(); }
-    const std::vector<Slot>& slots() const { return m_slots; }  // in no order
     Slot focus() const { return m_focus; }
     Slot anchor() const { return m_anchor; }
 
@@ -37,10 +41,9 @@ public:
     // Each returns whether it changed anything. What the hand selected stays the hand's.
     bool select(Slot slot, bool on, By by = By::hand) {
         if (on == selected(slot)) return on && by == By::hand && takeOver(slot);
-        if (on)
-            add(slot, by);
-        else
-            remove(slot);
+        if (on && !m_entries[slot].listed) m_slots.push_back(slot);
+        m_entries[slot] = {on, on && by == By::list, true};
+        on ? ++m_count : --m_count;
         ++m_revision;
         return true;
     }
@@ -55,11 +58,12 @@ public:
         return (m_focus == slot && setFocus(heir)) | (m_anchor == slot && setAnchor(heir));
     }
 
-    // Deselects all; focus and anchor stay. Costs the number of selected ones.
+    // Deselects all; focus and anchor stay. Costs the number of those selected since the last time.
     bool clear() {
-        if (m_slots.empty()) return false;
-        for (const Slot slot : m_slots) m_entries[slot] = kNone;
+        if (m_count == 0) return false;
+        for (const Slot slot : m_slots) m_entries[slot] = {};
         m_slots.clear();
+        m_count = 0;
         ++m_revision;
         return true;
     }
@@ -68,13 +72,16 @@ public:
     void reset() {
         m_entries.clear();
         m_slots.clear();
+        m_count = 0;
         m_focus = m_anchor = kNoSlot;
         ++m_revision;
     }
 
 private:
-    static constexpr std::uint32_t kNone = 0x7FFFFFFF;
-    static constexpr std::uint32_t kByList = 0x80000000;
+    struct Entry {
+        bool selected : 1, byList : 1;
+        bool listed : 1;  // in m_slots, where it stays for a while when it is deselected
+    };
 
     static bool set(Slot& held, Slot slot) {
         const bool changed = held != slot;
@@ -82,31 +89,16 @@ private:
         return changed;
     }
 
-    void add(Slot slot, By by) {
-        m_entries[slot] =
-            static_cast<std::uint32_t>(m_slots.size()) | (by == By::list ? kByList : 0);
-        m_slots.push_back(slot);
-    }
-
-    // The last of the selected takes its position in their list.
-    void remove(Slot slot) {
-        const std::uint32_t index = m_entries[slot] & ~kByList;
-        const Slot last = m_slots.back();
-        m_slots[index] = last;
-        m_entries[last] = index | (m_entries[last] & kByList);
-        m_slots.pop_back();
-        m_entries[slot] = kNone;
-    }
-
     bool takeOver(Slot slot) {
         if (!chosenByList(slot)) return false;
-        m_entries[slot] &= ~kByList;
+        m_entries[slot].byList = false;
         ++m_revision;
         return true;
     }
 
-    std::vector<std::uint32_t> m_entries;  // by slot: its index in m_slots and kByList, or kNone
-    std::vector<Slot> m_slots;
+    mutable std::vector<Entry> m_entries;  // by slot
+    mutable std::vector<Slot> m_slots;     // each once: the selected ones, and some that were
+    std::size_t m_count = 0;               // of the selected
     std::uint64_t m_revision = 0;
     Slot m_focus = kNoSlot;
     Slot m_anchor = kNoSlot;

@@ -1,6 +1,7 @@
 // An ordered sequence of slots: the numbers under which a store keeps what belongs to its records.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -12,16 +13,22 @@ namespace mc {
 using Slot = std::uint32_t;
 inline constexpr Slot kNoSlot = ~Slot{0};
 
+// Makes room for slots below `count` in what is kept by slot, and for a quarter more, so that it
+// seldom has to.
+template <class Kept>
+void growBySlot(std::vector<Kept>& kept, std::size_t count, const Kept& empty = {}) {
+    if (count <= kept.size()) return;
+    kept.reserve(count + count / 4);  // resize() alone would double it
+    kept.resize(kept.capacity(), empty);
+}
+
 class SlotHomes {
 public:
     using Block = SequenceBlock<Slot>;
     Block*& operator()(Slot slot) { return m_homes[slot]; }
     Block* operator()(Slot slot) const { return m_homes[slot]; }
 
-    // Makes room for slots below `count`, and for as many more, so that it seldom has to.
-    void grow(std::size_t count) {
-        if (count > m_homes.size()) m_homes.resize(2 * count, nullptr);
-    }
+    void grow(std::size_t count) { growBySlot(m_homes, count); }
 
 private:
     std::vector<Block*> m_homes;

@@ -37,10 +37,8 @@ std::string wordsOf(const ChangeState& state) {
 // ---- What happens to changes ----
 
 void ChangeStates::came(Slot slot, Origin origin) {
-    if (slot >= m_bits.size()) {
-        m_bits.resize(slot + std::size_t{1});
-        m_sentAt.resize(slot + std::size_t{1});
-    }
+    growBySlot(m_bits, slot + std::size_t{1});
+    growBySlot(m_sentAt, slot + std::size_t{1});
     Bits& bits = m_bits[slot] = {};
     bits.pending = true;
     bits.newByRecover = origin == Origin::recovered;
