@@ -378,15 +378,17 @@ std::optional<Act> Actor::updateAct(const Sight& sight) {
 
 // An empty list is soon dull: the filters that empty it go, one by one.
 std::optional<Act> Actor::emptyBoxAct(const Sight& sight) {
-    for (const Box& box : sight.main.boxes)
-        if (!box.text.empty() && !box.dropped)
-            return Act{.name = "click into box " + box.column + " and Esc",
-                       .run =
-                           [at = hand::middle(box.window)] {
-                               hand::click(POINT{at.x - 4, at.y});
-                               hand::key(VK_ESCAPE);
-                           },
-                       .key = VK_ESCAPE};
+    for (const Box& box : sight.main.boxes) {
+        const POINT middle = hand::middle(box.window), at{middle.x - 4, middle.y};
+        if (box.text.empty() || box.dropped || !IsChild(box.window, WindowFromPoint(at))) continue;
+        return Act{.name = "click into box " + box.column + " and Esc",
+                   .run =
+                       [at] {
+                           hand::click(at);
+                           hand::key(VK_ESCAPE);
+                       },
+                   .key = VK_ESCAPE};
+    }
     return std::nullopt;
 }
 
@@ -411,7 +413,10 @@ Act Actor::next(const Sight& sight) {
     } kinds[] = {{&Actor::mouseAct, 400},  {&Actor::keyAct, 340}, {&Actor::typeAct, 60},
                  {&Actor::serverAct, 110}, {&Actor::pauseAct, 4}, {&Actor::hotKeyAct, 10}};
     m_loopSteps = 0;
-    if (!inThisThread(GetForegroundWindow())) SetForegroundWindow(GetAncestor(sight.pane, GA_ROOT));
+    // An act of its own: what has the focus then is known only afterwards.
+    if (!inThisThread(GetForegroundWindow()))
+        return Act{.name = "back to the front",
+                   .run = [root = GetAncestor(sight.pane, GA_ROOT)] { SetForegroundWindow(root); }};
     if (IsWindowVisible(sight.pane) == 0) return hotKeyAct(sight);
     const RECT seen = visiblePart(sight.pane);
     if (seen.right - seen.left < 100 || seen.bottom - seen.top < 100)
