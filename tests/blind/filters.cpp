@@ -73,6 +73,11 @@ std::string Filters::complaint(const std::map<std::string, Change>& pending, con
                                  [&](const Filter& each) { return each.text == column.text; }))
             return "box '" + name + "' says '" + column.text + "' but filters by '" +
                    column.possible.begin()->text + "'";
+    // Too many to try: later rows will tell, as the user's next choices leave fewer.
+    constexpr std::size_t kMaxGuesses = 2000;
+    std::size_t count = m_exactly.size();
+    for (const auto& [name, column] : m_columns) count *= column.possible.size();
+    if (count > kMaxGuesses) return "";
     std::set<std::string> seen;
     for (int row = 0; row < static_cast<int>(sight.main.rows.size()); ++row)
         seen.insert(sight.main.cell(row, "Key"));
