@@ -41,6 +41,11 @@ bool isDropped(HWND window) {
            Combo(window).dropped();
 }
 
+bool isActionKey(std::span<const ActionKey> actions, UINT key) {
+    return std::ranges::any_of(actions,
+                               [key](const ActionKey& action) { return isPressed(action, key); });
+}
+
 }  // namespace
 
 CKeyFilter* CKeyFilter::s_current = nullptr;
@@ -78,16 +83,35 @@ bool CKeyFilter::takes(HWND target, UINT key) const {
     if (key == VK_ESCAPE && holdsMouse(m_pane)) return true;
     if (!inPane || isDown(VK_MENU)) return false;
     return (isOneOf(kDialogKeys, key) && !isDown(VK_CONTROL)) || isPressed(kCaptionMenuKey, key) ||
-           std::ranges::any_of(m_actions,
-                               [key](const ActionKey& action) { return isPressed(action, key); }) ||
-           (m_claimed && m_claimed(target, key));
+           isActionKey(m_actions, key) || (m_claimed && m_claimed(target, key));
+}
+
+bool CKeyFilter::pressesButton(HWND target, UINT key) const {
+    const bool onButton = isActionButton(target) && (key == VK_SPACE || key == VK_RETURN);
+    return onButton || (isWithin(m_pane, target) && isActionKey(m_actions, key));
+}
+
+// A stamp may be ahead of the clock: programs that make input choose it.
+void CKeyFilter::notePress(const MSG& message) {
+    const DWORD now = GetTickCount();
+    m_pressTime = static_cast<int>(now - message.time) > 0 ? message.time : now;
+}
+
+std::optional<unsigned> CKeyFilter::takePressAge() {
+    const auto time = std::exchange(m_pressTime, std::nullopt);
+    if (!time) return std::nullopt;
+    return static_cast<unsigned>(GetTickCount() - *time);
 }
 
 void CKeyFilter::filterKey(MSG& message) {
     const auto key = static_cast<UINT>(message.wParam);
     const bool taken = takes(message.hwnd, key);
     const bool repeated = isRepeated(message);
-    if (!repeated) m_held = taken ? key : 0;
+    if (!repeated) {
+        m_held = taken ? key : 0;
+        m_pressTime.reset();
+        if (pressesButton(message.hwnd, key)) notePress(message);
+    }
     if (taken) {
         message.hwnd = m_pane;
         message.message = kPaneKey;
@@ -105,8 +129,12 @@ void CKeyFilter::filterPress(MSG& message) {
     const DoubleClickLimits limits{GetDoubleClickTime(), GetSystemMetrics(SM_CXDOUBLECLK),
                                    GetSystemMetrics(SM_CYDOUBLECLK)};
     const MousePress before = std::exchange(m_press, press);
-    if (isActionButton(message.hwnd) && repeatsPress(before, press, limits))
+    m_pressTime.reset();
+    if (!isActionButton(message.hwnd)) return;
+    if (repeatsPress(before, press, limits))
         message.message = WM_NULL;
+    else
+        notePress(message);
 }
 
 LRESULT CALLBACK CKeyFilter::hookProc(int code, WPARAM wParam, LPARAM lParam) noexcept try {

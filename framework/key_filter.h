@@ -20,6 +20,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <optional>
 #include <span>
 
 #include "framework/handles.h"
@@ -62,6 +63,10 @@ public:
     CKeyFilter(const CKeyFilter&) = delete;
     CKeyFilter& operator=(const CKeyFilter&) = delete;
 
+    // How long ago, in milliseconds, the key or mouse button went down that presses a button of the
+    // pane. None when the last one did something else, or was taken: then no hand makes the press.
+    std::optional<unsigned> takePressAge();
+
 private:
     static LRESULT CALLBACK hookProc(int code, WPARAM wParam, LPARAM lParam) noexcept;
 
@@ -69,12 +74,15 @@ private:
     void filterPress(MSG& message);
     bool takes(HWND target, UINT key) const;
     bool isActionButton(HWND window) const;
+    bool pressesButton(HWND target, UINT key) const;
+    void notePress(const MSG& message);
 
     HWND m_pane;
     std::span<const ActionKey> m_actions;
     ClaimedBy m_claimed;
-    UINT m_held = 0;     // the key that was pressed last, if the pane took it
-    MousePress m_press;  // of the mouse, in any window of the thread
+    UINT m_held = 0;                   // the key that was pressed last, if the pane took it
+    MousePress m_press;                // of the mouse, in any window of the thread
+    std::optional<DWORD> m_pressTime;  // of a button of the pane, in ticks
     Hook m_hook;
     static CKeyFilter* s_current;  // a hook procedure has no parameter of ours
 };

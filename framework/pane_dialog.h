@@ -91,6 +91,10 @@ protected:
     const MessageMap& messageMap() const override { return baseMap(); }
     static const MessageMap& baseMap();
 
+    // How long ago, in milliseconds, the hand made the press of a button that is at work; none when
+    // no hand made it, or when it was asked before.
+    std::optional<unsigned> takePressAge() { return m_keys.takePressAge(); }
+
     // The size in which it floats, or floated last; nothing if it never did.
     std::optional<SIZE> lastFloatSize() const { return m_docking.lastFloatSize(); }
 

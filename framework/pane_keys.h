@@ -31,6 +31,11 @@ public:
     // What a key does that no derived class took.
     void dialogKey(UINT key, bool repeated);
 
+    // CKeyFilter::takePressAge().
+    std::optional<unsigned> takePressAge() {
+        return m_filter != nullptr ? m_filter->takePressAge() : std::nullopt;
+    }
+
     void onPaneKey(UINT key, bool repeated);
     void buttonFocusChanged();
 

@@ -23,6 +23,8 @@ constexpr fw::ActionKey kActionKeys[] = {
     {VK_F5, false, IDC_RECOVER, "Ask for everything that is pending (F5)"},
 };
 
+constexpr char kPressedUnseen[] = "Not sent, as this changed just before the press: ";
+
 constexpr int kButtons[] = {IDC_ACCEPT, IDC_REJECT, IDC_UPDATE, IDC_RECOVER};  // of PressButton
 
 PaneCommand commandOf(UINT key) {
@@ -263,6 +265,7 @@ void CMakerChecker::decide(Decision decision) {
 template <class Decision>
 void CMakerChecker::press(PressButton button, Decision decision) {
     decide([&](Workbench& workbench) {
+        if (!pressedInSight(button)) return;
         struct Scope {
             CPressLine& line;
             ~Scope() { line.end(); }
@@ -270,6 +273,15 @@ void CMakerChecker::press(PressButton button, Decision decision) {
         m_line.begin(button);
         decision(workbench);
     });
+}
+
+// False for an Accept or Reject that the hand made before what it hits now could be seen.
+bool CMakerChecker::pressedInSight(PressButton button) {
+    const auto age = takePressAge();
+    if (!age || (button != PressButton::accept && button != PressButton::reject)) return true;
+    if (m_workbench->sight().seen(PressSight::Milliseconds(*age))) return true;
+    m_line.refuse(kPressedUnseen);
+    return false;
 }
 
 PressLine CMakerChecker::describe(PressButton button) const {

@@ -81,6 +81,7 @@ private:
     void decide(Decision decision);
     template <class Decision>
     void press(PressButton button, Decision decision);
+    bool pressedInSight(PressButton button);
     PressLine describe(PressButton button) const;
     RECT listsRect();
     void layOut() { m_lists.move(m_decisions.takeRoom(listsRect())); }

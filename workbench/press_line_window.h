@@ -42,6 +42,9 @@ public:
     void begin(PressButton pressed);
     void end();
 
+    // Says for some seconds, or until the next press, that the last one did nothing, and why.
+    void refuse(std::string why);
+
 protected:
     const fw::MessageMap& messageMap() const override;
 
@@ -56,7 +59,7 @@ private:
     bool onSetCursor(HWND under, UINT hit);
     void onButtonDown(POINT client) { m_pressedLink = PtInRect(&m_link, client) != 0; }
     void onButtonUp(POINT client);
-    void onTimer(UINT_PTR) { stale(); }
+    void onTimer(UINT_PTR timer);
     void onDestroy() { m_tip.destroy(); }
 
     std::vector<Piece> layOut(HDC dc);
@@ -66,6 +69,7 @@ private:
     std::vector<std::unique_ptr<Watch>> m_watches;
     std::optional<PressButton> m_hovered, m_pressed;
     PressLine m_line;
+    std::string m_refusal;  // before the warning of the line
     bool m_stale = true;
     RECT m_link{};  // of the action, empty where there is none
     bool m_pressedLink = false;

@@ -73,6 +73,33 @@ TEST(PressLine, SelectsTheOtherHalf) {
     EXPECT_EQ(selectedRows(), (std::vector<int>{0, 1}));
 }
 
+// The outcome comes as the hand presses: what the list selected instead was not seen by anybody.
+TEST(PressLine, APressIsOfWhatWasSeen) {
+    OpenWorkbench open;
+    for (const char* key : {"1", "2", "3", "4"})
+        open.plugin.publish(pending(key, "340", {{31003, "U"}}));
+    hand::clickRow(mainList(), 0);
+    open.plugin.publish(outcome("1", "accepted"));
+    hand::key('Y', hand::kCtrlShift);
+    hand::key('N', hand::kCtrlShift);
+    EXPECT_EQ(textOf(line()),
+              "Not sent, as this changed just before the press: Selected by the "
+              "list, not looked at: Accept 2 MODIFY USER U, not looked at");
+    const POINT accept = hand::middle(button("Accept"));
+    hand::drag(accept, {accept.x + 1, accept.y}, false, [&] {
+        Sleep(300);
+        open.plugin.publish(outcome("2", "accepted"));
+        Sleep(300);
+    });
+    EXPECT_EQ(takeSent(51803), Texts{}) << "the mouse was pressed before";
+    hand::click(button("Accept"));
+    EXPECT_EQ(takeSent(51803), Texts{"3"});
+    EXPECT_FALSE(textOf(line()).starts_with("Not sent"));
+    open.plugin.publish(outcome("3", "accepted"));
+    SendMessageA(button("Accept"), BM_CLICK, 0, 0);
+    EXPECT_EQ(takeSent(51803), Texts{"4"}) << "no hand pressed it";
+}
+
 // Decided, and not yet gone: the next one below is read, and decided by the next press.
 TEST(PressLine, OneStrokeOpensTheNextChange) {
     OpenWorkbench open;

@@ -131,7 +131,8 @@ void ShownDetails::refused(const AnswerError& error) {
 bool ShownDetails::shown(std::vector<DetailGroup>& groups) {
     const std::size_t print = printOf(groups);
     if (m_print == 0) m_print = print;
-    m_news = print == m_print ? "" : "changed since you opened it";
+    m_changedSince = print != m_print;
+    m_news = m_changedSince ? "changed since you opened it" : "";
     m_state = State::shown;
     m_received.clear();
     forEachField(groups,

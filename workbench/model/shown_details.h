@@ -74,6 +74,9 @@ public:
 
     DetailsCaption caption() const;
 
+    // Whether the answer shown last differs from the first one since the change was opened.
+    bool changedSince() const { return m_changedSince; }
+
 private:
     enum class State { none, waiting, shown, withoutDetails, notSent, refused };
     struct Request {
@@ -96,6 +99,7 @@ private:
     std::vector<Request> m_unanswered;  // oldest first
     bool m_askAgain = false;
     bool m_dimmed = false;
+    bool m_changedSince = false;
     std::optional<std::string> m_shownKey;  // of the details shown last
     std::size_t m_print = 0;  // of their texts when they were opened; 0: not shown yet
     std::map<int, std::string> m_received;   // by field: the values of the last answer

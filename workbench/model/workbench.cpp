@@ -32,7 +32,14 @@ void Workbench::close() {
 
 void Workbench::handlePublished(void* message) {
     if (message == nullptr || m_link.closed()) return;
-    m_intake.handle(FieldReader(message));
+    take(FieldReader(message), Intake::Origin::published);
+}
+
+// No hand changes the selection while a message is taken in.
+void Workbench::take(const FieldReader& message, Intake::Origin origin) {
+    const auto selection = m_changes.rows().selectionRevision();
+    m_intake.handle(message, origin);
+    if (m_changes.rows().selectionRevision() != selection) m_sight.moved();
     neighboursMoved();
 }
 
@@ -111,6 +118,7 @@ void Workbench::details(DetailKind kind, const FieldReader& answer) {
                                           : BuildLimitsDetails(answer, mayModify());
     const bool another = m_details.shown(groups);
     if (m_details.key()) m_seenFields.seen(*m_details.key(), groups);
+    if (!another && m_details.changedSince()) m_sight.moved();
     m_view.showDetails(std::move(groups), another);
     const Slot slot = m_changes.states().shown();
     if (slot != kNoSlot && !m_details.askAgain()) m_changes.states().lookedAt(slot);
@@ -127,12 +135,11 @@ void Workbench::detailsRefused(DetailKind kind, const FieldReader& answer) {
 }
 
 void Workbench::recovered(const FieldReader& answer) {
-    if (m_link.closed()) return;
-    m_intake.handle(answer, Intake::Origin::recovered);
-    neighboursMoved();
+    if (!m_link.closed()) take(answer, Intake::Origin::recovered);
 }
 
 void Workbench::publishedAgain(const std::string& key) {
+    if (m_changes.selected(key)) m_sight.moved();
     if (m_details.key() != key) return;
     const auto change = m_changes.findRecord(key);
     if (!change) return;

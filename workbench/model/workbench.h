@@ -14,6 +14,7 @@
 #include "workbench/model/decisions.h"
 #include "workbench/model/neighbours.h"
 #include "workbench/model/press_plan.h"
+#include "workbench/model/press_sight.h"
 #include "workbench/model/records/pending_changes.h"
 #include "workbench/model/shown_details.h"
 #include "workbench/model/workbench_view.h"
@@ -77,6 +78,9 @@ public:
         return planPress(button, m_changes.selectedRecords(), m_changes, edits());
     }
 
+    // Whether the checker can have seen what Accept and Reject hit now.
+    PressSight& sight() { return m_sight; }
+
     // The four buttons. `selected`, in row order, is what was selected at the press: a change that
     // goes while a box is open is not decided, and none is decided instead. Where edits are not
     // sent, all but Update ask first; so do showDetails() and dropEdits(). Accept and Reject
@@ -108,6 +112,7 @@ private:
     void outcomeCame(const std::string& key, std::string_view status) override;
     void noteTried(const TriedRequest& tried);
 
+    void take(const FieldReader& message, Intake::Origin origin);
     bool unselected() const;
     void emptyDetails();
     void askForDetails();
@@ -125,6 +130,7 @@ private:
     DecisionLog m_log;
     ShownDetails m_details;
     SeenFields m_seenFields;
+    PressSight m_sight;
     std::string m_neighbours;  // as they were said last
     Intake m_intake;
     serverLink m_link;

@@ -1,0 +1,38 @@
+// Whether the checker can have seen what a press hits before making it.
+//
+// What a press would hit changes without the hand when a selected change ends, and the list selects
+// the row after it, or when a selected change is published again. A press that was made before, or
+// so soon after that nobody can have reacted to it, was meant for something else.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <utility>
+
+namespace mc {
+
+class PressSight {
+public:
+    using Milliseconds = std::chrono::milliseconds;
+    using Clock = std::function<std::chrono::steady_clock::time_point()>;
+
+    // From seeing something to pressing a key takes at least this long.
+    static constexpr Milliseconds kReaction{250};
+
+    void setClock(Clock clock) { m_clock = std::move(clock); }
+
+    // What is selected changed, or something of it, and not by the hand.
+    void moved() { m_moved = m_clock(); }
+
+    // Of a press that was made `ago`.
+    bool seen(Milliseconds ago) const {
+        return !m_moved || m_clock() - ago >= *m_moved + kReaction;
+    }
+
+private:
+    Clock m_clock = std::chrono::steady_clock::now;
+    std::optional<std::chrono::steady_clock::time_point> m_moved;
+};
+
+}  // namespace mc
