@@ -1,9 +1,10 @@
 // The real list on the screen, under Wine or on Windows: what a paint asks for and costs with a
 // thousand and with a million rows, and select all, beside a plain owner-data list of the platform.
 // Then the details list: showing and emptying an answer, beside a plain list that is filled row by
-// row.
+// row. Then the main list, with marks in every row and with none.
 #include <windows.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <functional>
@@ -15,6 +16,8 @@
 #include "framework/window.h"
 #include "listctrl/filter_list_ctrl.h"
 #include "settings/settings_store.h"
+#include "workbench/model/records/main_list.h"
+#include "workbench/pending_list.h"
 
 using namespace mc;
 
@@ -202,6 +205,77 @@ void measureFilledPeer(std::size_t rows) {
         rows, show, show / static_cast<double>(rows), clear);
 }
 
+class SilentView final : public RecordsView {
+public:
+    void rowsChanged() override {}
+    void statesChanged() override {}
+};
+
+// A main list of changes about as many entities.
+class MarksSide {
+public:
+    MarksSide(const char* name, HWND parent, UINT id, std::size_t rows) : m_name(name) {
+        m_list.create(parent, id, "Bench pending", "Bench");
+        SetWindowPos(m_list.handle(), nullptr, 0, 0, 700, 500, SWP_NOZORDER);
+        m_list.setColumns(kMainColumns, [this](Slot change, ColumnId column) {
+            return changes.cellText(change, column);
+        });
+        for (std::size_t i = 0; i < rows; ++i) {
+            const std::string key = std::to_string(i), entity = "DEALER" + key;
+            changes.addRecord(key, {.makerId = "MAKER",
+                                    .entityName = entity,
+                                    .functionalityCode = "340",
+                                    .brokerId = "BROKER",
+                                    .branchId = "MUM"});
+            changes.states().lookedAt(static_cast<Slot>(i));
+        }
+        m_list.storeChanged();
+    }
+
+    void measure() {
+        ShowWindow(m_list.handle(), SW_SHOW);
+        paint(m_list.handle());
+        m_best = std::min(m_best, microseconds([&] { paint(m_list.handle()); }, 20));
+        ShowWindow(m_list.handle(), SW_HIDE);
+    }
+    void print() const { std::printf("  pending list %-14s %9.0f us a paint\n", m_name, m_best); }
+
+private:
+    class SilentView final : public RecordsView {
+        void rowsChanged() override {}
+        void statesChanged() override {}
+    };
+    const char* m_name;
+    SilentView m_view;
+    BenchServices m_services;
+
+public:
+    PendingChanges changes{m_view};
+
+private:
+    CPendingList m_list{m_services, changes};
+    double m_best = 1e9;  // microseconds
+};
+
+// Each row looked at, which has no mark; and each changed since, doubtful and sent, which is bold
+// and has three. The two alternate, so that both have the same machine.
+void measureMarks(std::size_t rows) {
+    PlainParent frame;
+    frame.create();
+    CVTHolderFrame holder(settingsStore());
+    holder.create(frame.handle(), {0, 0, 700, 500}, 1024);
+    MarksSide plain("without marks", holder.handle(), 4002, rows);
+    MarksSide marked("with marks", holder.handle(), 4003, rows);
+    for (Slot slot = 0; slot < rows; ++slot) {
+        marked.changes.rewriteRecord(slot, {.makerId = "MAKER2"});
+        marked.changes.states().sent(slot, SentDecision::accept);
+    }
+    marked.changes.states().recoverSent();
+    for (int round = 0; round < 5; ++round) plain.measure(), marked.measure();
+    plain.print();
+    marked.print();
+}
+
 }  // namespace
 
 int main() {
@@ -213,5 +287,6 @@ int main() {
         measureDetails(rows);
         measureFilledPeer(rows);
     }
+    measureMarks(1'000);
     return 0;
 }

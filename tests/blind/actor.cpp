@@ -55,6 +55,9 @@ constexpr KeyChoice kKeyChoices[] = {
     {"Ctrl+Shift+U", 'U', hand::kCtrlShift, 3},
     {"Ctrl+Shift+C", 'C', hand::kCtrlShift, 1},
     {"Ctrl+Shift+D", 'D', hand::kCtrlShift, 1},
+    {"Ctrl+Shift+P", 'P', hand::kCtrlShift, 2},
+    {"Ctrl+Shift+Enter", VK_RETURN, hand::kCtrlShift, 3},
+    {"F8", VK_F8, {}, 1},
     {"Delete", VK_DELETE, {}, 1},
     {"Backspace", VK_BACK, {}, 2},
     {"M", 'M', {}, 2},
@@ -85,6 +88,12 @@ void announceKey(Act& act, const KeyChoice& choice, const Sight& sight) {
         const HWND pressed = FindWindowExA(sight.pane, nullptr, "Button", chord.press);
         act.press = buttonOf(sight.pane, pressed);
         act.certain = !act.press.empty() && !dropped;
+    }
+    if (choice.key == VK_F8) act.press = kOpenNeighbour;
+    if (choice.key == VK_RETURN && same(choice.keys, hand::kCtrlShift)) {
+        act.press = kOpenNext;
+        act.key = 0;  // no Enter for what has the focus
+        return;
     }
     if (choice.key != VK_SPACE && choice.key != VK_RETURN) return;
     act.press = buttonOf(sight.pane, sight.focus);

@@ -26,6 +26,8 @@ struct Act {
 };
 inline constexpr char kOpenFocused[] = "details of the focused row";
 inline constexpr char kOpenSelected[] = "details of the first selected row";
+inline constexpr char kOpenNext[] = "details of the next row";
+inline constexpr char kOpenNeighbour[] = "details of a neighbour";
 
 class Actor {
 public:

@@ -25,7 +25,10 @@ void Filters::follow(Column& column, const Act& act, bool looped, const Box& box
     column.text = box.text;
     column.dropped = box.dropped;
     const Filter pattern{box.text, false}, chosen{box.text, true};
-    if (looped && changed && !closed) {  // filters reset, or a text that the edit's menu changed
+    if (act.key == 'P' && changed && box.text.empty()) {  // for the other half of a pair
+        column = {{pattern}, false, box.dropped, box.text};
+    } else if (looped && changed &&
+               !closed) {  // filters reset, or a text that the edit's menu changed
         column.possible.insert({pattern, chosen});
         column.typing = hadFocus;
     } else if (act.pause && !box.dropped) {  // nothing applies behind an open drop-down
