@@ -237,7 +237,10 @@ TEST_F(PressLineTest, FindsTheOtherHalf) {
         const auto found = changes().recordIn(changes().otherHalf(half.slot));
         ASSERT_EQ(found.has_value(), fits) << half.key;
         if (!found) continue;
-        EXPECT_EQ(changes().userOf(found->slot), changes().userOf(half.slot));
+        const auto userOf = [this](Slot slot) {
+            return changes().userOf(slot, changes().halfOf(slot));
+        };
+        EXPECT_EQ(userOf(found->slot), userOf(half.slot));
         EXPECT_NE(found->functionalityCode, half.functionalityCode);
     }
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstdint>
 #include <functional>
 #include <utility>
 
@@ -18,43 +19,47 @@ public:
     void run() {
         listUsers();
         for (std::size_t client = m_plan.clients.size(); client-- > 0;) pair(client);
-        for (auto* halves : {&m_plan.users, &m_plan.clients})
-            std::erase(*halves, kNoSlot);
+        for (auto* halves : {&m_plan.users, &m_plan.clients}) std::erase(*halves, kNoSlot);
     }
 
 private:
-    static constexpr std::size_t kEnd = ~std::size_t{0};
+    using Index = std::uint32_t;  // in the list of users
+    static constexpr Index kEnd = ~Index{0};
 
-    std::size_t& headOf(std::string_view user) {
+    std::string_view nameOf(Index user) const {
+        return m_changes.userOf(m_plan.users[user], PendingChanges::Half::user);
+    }
+
+    Index& headOf(std::string_view user) {
         return m_heads[std::hash<std::string_view>()(user) & (m_heads.size() - 1)];
     }
 
     void listUsers() {
         m_heads.assign(std::bit_ceil(m_plan.users.size() + 1), kEnd);
         m_next.assign(m_plan.users.size(), kEnd);
-        for (std::size_t user = 0; user < m_plan.users.size(); ++user)
-            m_next[user] = std::exchange(headOf(m_changes.userOf(m_plan.users[user])), user);
+        for (Index user = 0; user < m_plan.users.size(); ++user)
+            m_next[user] = std::exchange(headOf(nameOf(user)), user);
     }
 
     void pair(std::size_t at) {
         const Slot client = m_plan.clients[at];
-        const std::string_view name = m_changes.userOf(client);
-        for (std::size_t* link = &headOf(name); *link != kEnd;) {
-            Slot& user = m_plan.users[*link];
-            if (m_changes.userOf(user) != name) {
-                link = &m_next[*link];
+        const std::string_view name = m_changes.userOf(client, PendingChanges::Half::client);
+        for (Index* link = &headOf(name); *link != kEnd;) {
+            const Index user = *link;
+            if (nameOf(user) != name) {
+                link = &m_next[user];
                 continue;
             }
-            m_plan.pairs.push_back({user, client});
-            user = m_plan.clients[at] = kNoSlot;
-            *link = m_next[*link];
+            m_plan.pairs.push_back({m_plan.users[user], client});
+            m_plan.users[user] = m_plan.clients[at] = kNoSlot;
+            *link = m_next[user];
         }
     }
 
     PressPlan& m_plan;
     const PendingChanges& m_changes;
-    std::vector<std::size_t> m_heads;  // by hash: the last user of the list
-    std::vector<std::size_t> m_next;   // by user: the one before it in its list
+    std::vector<Index> m_heads;  // by hash: the last user of the list
+    std::vector<Index> m_next;   // by user: the one before it in its list
 };
 
 void planAccept(PressPlan& plan, SelectedRecords selected, const PendingChanges& changes) {

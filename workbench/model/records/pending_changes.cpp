@@ -113,15 +113,15 @@ PendingChanges::Half PendingChanges::halfOf(Slot slot) const {
     return code == kAddUser ? Half::user : code == kAddClient ? Half::client : Half::none;
 }
 
-std::string_view PendingChanges::userOf(Slot slot) const {
+std::string_view PendingChanges::userOf(Slot slot, Half half) const {
     const OwnTexts& own = m_own[slot];
-    return (halfOf(slot) == Half::user ? own.entityName : own.linkedUser).view();
+    return (half == Half::user ? own.entityName : own.linkedUser).view();
 }
 
 Slot PendingChanges::otherHalf(Slot slot) const {
     const Half half = halfOf(slot), other = half == Half::user ? Half::client : Half::user;
     if (half == Half::none) return kNoSlot;
-    return m_byEntity.findIf({EntityKind::user, userOf(slot)}, [&](Slot each) {
+    return m_byEntity.findIf({EntityKind::user, userOf(slot, half)}, [&](Slot each) {
         return halfOf(each) == other && !m_rows.isSelected(each);
     });
 }

@@ -72,11 +72,12 @@ public:
     // The slots of the changes whose rows are selected, in row order: one pass over the rows.
     std::vector<Slot> selectedRecords() const { return m_rows.selectedInOrder(); }
 
-    // Which half of an investor's new user and client a change is, and the id of that user, until
-    // the next change comes or changes. Of a slot that it has, or had while there is a Hold.
+    // Which half of an investor's new user and client a change is, and of such a half the id of that
+    // user, until the next change comes or changes. Of a slot that it has, or had while there is a
+    // Hold.
     enum class Half : std::uint8_t { none, user, client };
     Half halfOf(Slot slot) const;
-    std::string_view userOf(Slot slot) const;
+    std::string_view userOf(Slot slot, Half half) const;
 
     // A pending change that is the other half of the pair and not selected; kNoSlot when there is
     // none. Costs a look at the changes that are about the same user.
