@@ -5,33 +5,61 @@
 #include "listctrl/excel_interface.h"
 
 namespace mc {
+namespace {
+
+constexpr std::size_t kManyRows = 20'000;
+
+// Rows that take no longer than a moment need no window. False when the user gave up.
+bool runFor(const std::string& caption, std::size_t rows,
+            const std::function<void(const ProgressStep&)>& work) {
+    const fw::WaitCursorScope wait;
+    if (rows > kManyRows) return runWithProgress(caption, rows, work);
+    work([](std::size_t) { return true; });
+    return true;
+}
+
+}  // namespace
 
 // Every cell is followed by a tab, the last of a row too; there is no row of captions.
 void CListExport::copySelected(HWND owner) const {
     std::string text;
-    for (const std::size_t row : m_content.store().selectedRows()) {
-        for (const ColumnId column : m_content.columns().shown())
-            text.append(m_content.text(row, column)) += '\t';
-        text += "\r\n";
-    }
-    copyToClipboard(owner, text);
+    const auto& selected = m_content.store().selectedRows();
+    const auto copy = [&](const ProgressStep& step) {
+        std::size_t done = 0;
+        for (const std::size_t row : selected) {
+            if (!step(done++)) return;
+            for (const ColumnId column : m_content.columns().shown())
+                text.append(m_content.text(row, column)) += '\t';
+            text += "\r\n";
+        }
+    };
+    if (runFor("Copying", selected.size(), copy)) copyToClipboard(owner, text);
 }
 
 void CListExport::writeAll() {
     const std::size_t rows = m_content.store().rowCount();
     if (rows == 0) return m_services.showMessage("No Items in the List");
     bool written = false;
-    {
-        const fw::WaitCursorScope wait;
-        CExcelInterface sheet(static_cast<int>(rows) + 1, m_content.shownCount());
-        written = sheet.WriteToExcel(this, giveCell) != 0;
-    }
-    m_services.showMessage(written ? "File is generated" : "File generation Failed");
+    const bool whole =
+        runFor("Writing", rows, [&](const ProgressStep& step) { written = write(step); });
+    m_services.showMessage(whole && written ? "File is generated" : "File generation Failed");
+}
+
+bool CListExport::write(const ProgressStep& step) {
+    m_step = step;
+    m_stopped = false;
+    const auto rows = static_cast<int>(m_content.store().rowCount());
+    CExcelInterface sheet(rows + 1, m_content.shownCount());
+    return sheet.WriteToExcel(this, giveCell) != 0;
 }
 
 void CListExport::giveCell(void* self, int row, int column, const char*& text, int& type) {
     constexpr std::size_t kMaxCaption = 255;
     auto& list = *static_cast<CListExport*>(self);
+    list.m_stopped = list.m_stopped || !list.m_step(static_cast<std::size_t>(row));
+    text = nullptr;
+    type = kStopExport;
+    if (list.m_stopped) return;
     const ColumnId id = list.m_content.columnAt(column);
     const ColumnDescriptor& info = list.m_content.columns().descriptor(id);
     list.m_given = row == 0 ? std::string_view(info.caption).substr(0, kMaxCaption)

@@ -1,11 +1,12 @@
 // CListExport: a list's texts as others take them: the selected rows for the clipboard, all rows
-// for a spreadsheet.
+// for a spreadsheet. Many rows show how far they are, and can be given up.
 #pragma once
 
 #include <windows.h>
 
 #include <string>
 
+#include "listctrl/dialogs/progress.h"
 #include "listctrl/list_services.h"
 #include "listctrl/model/list_content.h"
 
@@ -26,9 +27,12 @@ public:
 private:
     // The callback of the library (sdk/excel.h). Row 0 is the captions.
     static void giveCell(void* self, int row, int column, const char*& text, int& type);
+    bool write(const ProgressStep& step);
 
     ListServices& m_services;
     const ListContent& m_content;
+    ProgressStep m_step;  // of the writing under way
+    bool m_stopped = false;
     std::string m_given;  // the text that the library got last
 };
 

@@ -97,3 +97,8 @@
 // The whole text of a cell.
 #define IDD_WHOLE_TEXT 1750
 #define IDC_WHOLE_TEXT 1751
+
+// How far long work is.
+#define IDD_PROGRESS 1760
+#define IDC_PROGRESS_TEXT 1761
+#define IDC_PROGRESS_BAR 1762

@@ -19,12 +19,16 @@
 #define EXCEL_API
 #endif
 
+inline constexpr int kStopExport = -2;
+
 extern "C" {
 
 // Asked for each cell once, row by row from the top, each row from the left; both are counted from
 // 0. Row 0 is the header: `text` is the caption and `type` the column's data type, 1 to 9 (which of
 // them are numbers is said at excel_write). Every other row has the type -1. `text` is single-byte
-// text (Windows-1252) that lives until the next call; null is an empty cell. Must not throw.
+// text (Windows-1252) that lives until the next call; null is an empty cell. kStopExport as the
+// type means that the user gave up: nothing more is asked for, and the writing fails. A library
+// that does not know it asks on, and gets empty cells. Must not throw.
 using CellCallback = void(void* list, int row, int column, const char*& text, int& type);
 
 // An export of `rows` rows, the header included, and `columns` columns. Null when memory is out.

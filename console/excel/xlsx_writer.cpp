@@ -160,22 +160,25 @@ public:
     SheetWriter(ZipWriter& zip, int columns, void* list, CellCallback* cell)
         : m_zip(zip), m_list(list), m_cell(cell), m_columns(static_cast<std::size_t>(columns)) {}
 
-    void write(int rows) {
+    // False when it was stopped.
+    bool write(int rows) {
         m_zip.begin(kSheetName);
         m_out = kSheetHead;
         readHeader();
         putWidths();
         m_out += "<sheetData>";
-        for (int row = 0; row < rows && m_zip.good(); ++row) putRow(row);
+        for (int row = 0; row < rows && m_zip.good() && !m_stopped; ++row) putRow(row);
         m_out += "</sheetData></worksheet>";
         m_zip.add(m_out);
         m_zip.end();
+        return !m_stopped;
     }
 
 private:
     std::string_view ask(int row, std::size_t column, int& type) {
         const char* text = nullptr;
-        m_cell(m_list, row, static_cast<int>(column), text, type);
+        if (!m_stopped) m_cell(m_list, row, static_cast<int>(column), text, type);
+        m_stopped = m_stopped || type == kStopExport;
         return text != nullptr ? std::string_view(text).substr(0, kMaxCell) : std::string_view();
     }
 
@@ -226,6 +229,7 @@ private:
     CellCallback* m_cell;
     std::vector<SheetColumn> m_columns;
     std::string m_out;
+    bool m_stopped = false;
 };
 
 }  // namespace
@@ -240,6 +244,6 @@ bool writeXlsx(int rows, int columns, void* list, CellCallback* cell, ByteSink s
         zip.add(part.content);
         zip.end();
     }
-    SheetWriter(zip, columns, list, cell).write(rows);
-    return zip.finish();
+    const bool whole = SheetWriter(zip, columns, list, cell).write(rows);
+    return zip.finish() && whole;
 }

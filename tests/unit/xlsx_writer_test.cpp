@@ -75,6 +75,16 @@ TEST(XlsxWriterTest, HoldsEveryCellAsNumberOrText) {
     EXPECT_EQ(exported({Cells(28, "h")}, std::vector<int>(28, 3)).back(), "AB1 h");
 }
 
+TEST(XlsxWriterTest, EndsWhenItIsStopped) {
+    int asked = 0;
+    const auto cell = [](void* count, int row, int, const char*&, int& type) {
+        ++*static_cast<int*>(count);
+        type = row == 2 ? kStopExport : -1;
+    };
+    EXPECT_FALSE(writeXlsx(100, 2, &asked, cell, [](std::string_view) { return true; }));
+    EXPECT_EQ(asked, 5);
+}
+
 // Contents that reach across the window, with matches of every length and distance.
 TEST(ZipWriterTest, GivesBackWhatWasAdded) {
     std::mt19937 random(11);

@@ -1,6 +1,8 @@
 // The main list as a checker uses it: sorting, copying, exporting, columns of an older session.
 #include <gtest/gtest.h>
 
+#include "listctrl/dialogs/progress.h"
+#include "res/resource_ids.h"
 #include "sdk/host_services.h"
 #include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
@@ -88,6 +90,34 @@ TEST_F(List, ExportsWhatItShows) {
     EXPECT_EQ(boxes.texts,
               (Texts{"File is generated", "File generation Failed", "No Items in the List"}));
     SetEnvironmentVariableA("ZEK_EXPORT_DIR", nullptr);
+}
+
+// Only the user's input and painting are handled while work goes on.
+TEST(Progress, IsSeenAndGivenUp) {
+    OpenWorkbench open;
+    PostMessageA(findPane(), WM_COMMAND, IDCANCEL, 0);
+    const auto dialog = [] { return FindWindowA("#32770", "Copying"); };
+    std::size_t last = 0, seenAt = 0;
+    const auto work = [&](const mc::ProgressStep& step) {
+        for (std::size_t row = 0; row < 5000 && step(row); ++row) {
+            Sleep(1);
+            last = row;
+            if (seenAt != 0 || IsWindowVisible(dialog()) == 0) continue;
+            seenAt = row;
+            EXPECT_EQ(IsWindowEnabled(GetAncestor(findPane(), GA_ROOT)), 0);
+            EXPECT_NE(textOf(GetDlgItem(dialog(), IDC_PROGRESS_TEXT)), "");
+            keybd_event(VK_ESCAPE, 0, 0, 0);
+            keybd_event(VK_ESCAPE, 0, KEYEVENTF_KEYUP, 0);
+        }
+    };
+    EXPECT_FALSE(mc::runWithProgress("Copying", 5000, work));
+    EXPECT_GT(seenAt, 0u);
+    EXPECT_LT(last, 4999u);
+    EXPECT_EQ(dialog(), nullptr);
+    EXPECT_NE(IsWindowEnabled(GetAncestor(findPane(), GA_ROOT)), 0);
+    MSG posted{};
+    EXPECT_NE(PeekMessageA(&posted, findPane(), WM_COMMAND, WM_COMMAND, PM_REMOVE), 0);
+    EXPECT_TRUE(mc::runWithProgress("Copying", 1, [](const auto& step) { step(0); }));
 }
 
 TEST(ListProfile, AnInvalidExpressionIsToldOnceNotPerRow) {
