@@ -1,5 +1,7 @@
 #include "listctrl/dialogs/progress.h"
 
+#include <windows.h>
+
 #include <commctrl.h>
 
 #include "framework/dialog.h"
