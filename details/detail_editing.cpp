@@ -11,7 +11,7 @@ namespace mc {
 // ---- Opening ----
 
 bool CDetailEditing::onKeyDown(UINT key, bool) {
-    const auto focused = m_lines.rows().focusedRow();
+    const auto focused = m_lines.rows().selection().focusedRow();
     if (key != VK_F2 || !focused) return false;
     open(*focused, OpenedBy::key);
     return true;
@@ -22,9 +22,9 @@ void CDetailEditing::open(std::size_t row, OpenedBy by) {
     LineGroups::Line* line = m_lines.lineAt(row);
     if (line == nullptr || !canEdit(*line)) return;
     RecordStore& rows = m_lines.rows();
-    rows.clearSelection();
-    rows.select(row, true);
-    rows.setFocus(row);
+    rows.selection().clear();
+    rows.selection().select(row, true);
+    rows.selection().setFocus(row);
     m_list.storeChanged();
     m_editor = makeEditor(line->row->attribute);
     m_edited = line;
@@ -42,7 +42,7 @@ std::unique_ptr<CCellEditor> CDetailEditing::makeEditor(RowAttribute attribute) 
 
 void CDetailEditing::onNextEditor(WPARAM how) {
     const RecordStore& rows = m_lines.rows();
-    const auto focused = rows.focusedRow();
+    const auto focused = rows.selection().focusedRow();
     if (!focused) return;
     const auto step = static_cast<EditEnd>(how) == EditEnd::previous ? std::size_t(-1) : 1;
     // Backwards the number wraps around below the first row, to one beyond the last.

@@ -9,7 +9,7 @@ namespace mc {
 // Every cell is followed by a tab, the last of a row too; there is no row of captions.
 void CListExport::copySelected(HWND owner) const {
     std::string text;
-    for (const std::size_t row : m_content.store().selectedRows()) {
+    for (const std::size_t row : m_content.store().selection().rows()) {
         for (const ColumnId column : m_content.columns().shown())
             text.append(m_content.text(row, column)) += '\t';
         text += "\r\n";

@@ -18,8 +18,7 @@ public:
     void run() {
         listUsers();
         for (std::size_t client = m_plan.clients.size(); client-- > 0;) pair(client);
-        for (auto* halves : {&m_plan.users, &m_plan.clients})
-            std::erase(*halves, kNoSlot);
+        for (auto* halves : {&m_plan.users, &m_plan.clients}) std::erase(*halves, kNoSlot);
     }
 
 private:
@@ -100,7 +99,7 @@ PressPlan planPress(PressButton button, SelectedRecords selected, const PendingC
     plan.edits = details.modifiedValues.size();
     plan.key = details.key.value_or("");
     if (button == PressButton::update || button == PressButton::recover) return plan;
-    plan.deselected = changes.rows().deselectedByFilter();
+    plan.deselected = changes.rows().selection().deselectedByFilter();
     if (button == PressButton::accept)
         planAccept(plan, selected, changes);
     else

@@ -27,6 +27,7 @@ public:
     using Block = SequenceBlock<Slot>;
     Block*& operator()(Slot slot) { return m_homes[slot]; }
     Block* operator()(Slot slot) const { return m_homes[slot]; }
+    bool has(Slot slot) const { return slot < m_homes.size() && m_homes[slot] != nullptr; }
 
     void grow(std::size_t count) { growBySlot(m_homes, count); }
 
@@ -36,7 +37,14 @@ private:
 
 class SlotSequence : public BlockedSequence<Slot, SlotHomes> {
 public:
-    bool contains(Slot slot) const { return homes()(slot) != nullptr; }
+    // Of any number, kNoSlot too.
+    bool contains(Slot slot) const { return homes().has(slot); }
+
+    // Takes every slot out, and gives back the room that was made for them.
+    void reset() {
+        clear();
+        homes() = {};
+    }
 };
 
 }  // namespace mc
