@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "details/edit_messages.h"
-#include "editors/combo_editor.h"
-#include "editors/price_editor.h"
+#include "editors/combo_control.h"
+#include "editors/price_control.h"
 
 namespace mc {
 
@@ -36,8 +36,12 @@ void CDetailEditing::open(std::size_t row, OpenedBy by) {
 
 std::unique_ptr<CCellEditor> CDetailEditing::makeEditor(RowAttribute attribute) {
     CellEditorOwner& owner = *this;
-    if (attribute == RowAttribute::choice) return std::make_unique<CComboEditor>(owner, m_choices);
-    return std::make_unique<CPriceEditor>(owner, m_allowed);
+    std::unique_ptr<CCellControl> control;
+    if (attribute == RowAttribute::choice)
+        control = std::make_unique<CComboControl>(m_choices);
+    else
+        control = std::make_unique<CPriceControl>(m_allowed);
+    return std::make_unique<CCellEditor>(owner, std::move(control));
 }
 
 void CDetailEditing::onNextEditor(WPARAM how) {

@@ -1,6 +1,7 @@
 // An ordered sequence of slots: the numbers under which a store keeps what belongs to its records.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -14,11 +15,11 @@ using Slot = std::uint32_t;
 inline constexpr Slot kNoSlot = ~Slot{0};
 
 // Makes room for slots below `count` in what is kept by slot, and for a quarter more, so that it
-// seldom has to.
+// seldom has to; in a short list for a few hundred more.
 template <class Kept>
 void growBySlot(std::vector<Kept>& kept, std::size_t count, const Kept& empty = {}) {
     if (count <= kept.size()) return;
-    kept.reserve(count + count / 4);  // resize() alone would double it
+    kept.reserve(count + std::max<std::size_t>(count / 4, 256));  // resize() alone would double it
     kept.resize(kept.capacity(), empty);
 }
 
