@@ -75,9 +75,9 @@ void insertRows(RecordStore& store, std::size_t first, std::size_t end) {
 // codes the columns with few different values as rows come.
 struct Sides {
     explicit Sides(std::size_t count) : rows(makeRows(count)) {
-        store.setCellReader(readerOf(rows));
+        store.texts().setReader(readerOf(rows));
         for (const int column : {authType, maker, branch, broker})
-            store.shareColumn(ColumnId{column}, coded[column]);
+            store.texts().share(ColumnId{column}, coded[column]);
         for (auto make : {makeQtPeer, makeSqlitePeer})
             if (auto peer = make(rows)) peers.push_back(std::move(peer));
     }
@@ -158,7 +158,7 @@ void filter(benchmark::State& state, const std::vector<Question>& questions) {
         store.filters().set(ColumnId{question.column}, filterText(question));
     Times times;
     for (auto _ : state) {
-        store.dropTexts();
+        store.texts().drop();
         times.measure("cold", [&] { store.filter(); });
         for (int i = 0; i < 5; ++i) times.measure("ours", [&] { store.filter(); });
         for (const auto& peer : sides.peers) {
@@ -208,7 +208,7 @@ void sort(benchmark::State& state, int column, Comparison comparison) {
     Times times;
     for (auto _ : state) {
         store.unsort();
-        store.dropTexts();
+        store.texts().drop();
         times.measure("cold", [&] { store.sort({ColumnId{column}, comparison, -1}); });
         for (int i = 0; i < 3; ++i) {
             store.unsort();
@@ -242,12 +242,12 @@ void append(benchmark::State& state, bool filtered, bool sorted) {
     if (filtered) store.filters().set(ColumnId{maker}, "*1*");
     store.filter();
     if (sorted) store.sort({ColumnId{entityName}, Comparison::text, -1});
-    const std::size_t stored = store.storedCount();
+    const std::size_t stored = store.stored().size();
     for (Row& row : makeRows(1000)) sides.rows.push_back(std::move(row));
     Times times;
     for (auto _ : state) {
         times.measure("ours", [&] { insertRows(store, stored, stored + 1000); });
-        while (store.storedCount() > stored) store.deleteStored(store.storedCount() - 1);
+        while (store.stored().size() > stored) store.deleteStored(store.stored().size() - 1);
     }
     sides.rows.resize(stored);
     store.unsort();
@@ -275,7 +275,7 @@ void remove(benchmark::State& state, Order order, bool sorted) {
     Times times;
     for (auto _ : state) {
         RecordStore store;
-        store.setCellReader(readerOf(rows));
+        store.texts().setReader(readerOf(rows));
         insertRows(store, 0, rows.size());
         std::vector<Slot> slots(rows.size());
         std::iota(slots.begin(), slots.end(), Slot{0});
@@ -301,7 +301,7 @@ void distinct(benchmark::State& state, int column) {
     RecordStore& store = sides.store;
     Times times;
     for (auto _ : state) {
-        store.dropTexts();
+        store.texts().drop();
         DistinctValues found;
         times.measure("ours", [&] { found = store.distinctValues(ColumnId{column}); });
         times.measure("kept", [&] { found = store.distinctValues(ColumnId{column}); });

@@ -293,7 +293,7 @@ void planOfAPress(benchmark::State& state) {
     }
     RecordStore& rows = changes.rows();
     for (std::size_t row = 0; row < count; ++row)
-        if (state.range(1) != lonelyHalves || row % 4 != 0) rows.select(row, true);
+        if (state.range(1) != lonelyHalves || row % 4 != 0) rows.selection().select(row, true);
     for (auto _ : state) {
         const auto selected = changes.selectedRecords();
         const PressPlan plan = planPress(PressButton::accept, selected, changes, {});

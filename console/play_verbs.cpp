@@ -29,23 +29,6 @@ std::string expectedCount(HWND list, int wanted) {
     return "expected " + std::to_string(wanted) + " rows, saw " + shownIn(list);
 }
 
-// The text of a menu item as a script writes it.
-std::string itemText(HMENU menu, int index) {
-    char text[128] = "";
-    GetMenuStringA(menu, static_cast<UINT>(index), text, sizeof text, MF_BYPOSITION);
-    std::string name(text);
-    std::erase(name, '&');
-    name.erase(std::min(name.find('\t'), name.size()));
-    name.erase(name.find_last_not_of(' ') + 1);
-    return name;
-}
-
-int indexOf(HMENU menu, const std::string& name) {
-    for (int index = 0; index < GetMenuItemCount(menu); ++index)
-        if (itemText(menu, index) == name) return index;
-    return -1;
-}
-
 bool isFloating(HWND pane, HWND frame) {
     return GetAncestor(pane, GA_ROOT) != frame;
 }
@@ -205,7 +188,7 @@ CPlayDriver::Outcome CPlayDriver::choosePopup(const std::string& entry,
         return "no menu opens";
     }
     const auto menu = reinterpret_cast<HMENU>(SendMessageA(popup, MN_GETHMENU, 0, 0));
-    const int index = indexOf(menu, entry);
+    const int index = ui::itemNamed(menu, entry);
     if (index < 0) fail("the menu has no \"" + entry + "\"");
     for (int each = 0; each <= index; ++each)
         if (GetMenuItemID(menu, each) != 0) ui::pressKey("Down", popup);
@@ -334,7 +317,8 @@ void CPlayDriver::movePane(HWND pane, const std::string& side) {
 // when the picture is taken. The first tries give the windows time to reach the screen.
 CPlayDriver::Outcome CPlayDriver::screenshot() {
     if (m_shotsFolder.empty()) {
-        if (m_tries == 1) printLine("screenshot " + argument() + ": no picture without a --shots folder");
+        if (m_tries == 1)
+            printLine("screenshot " + argument() + ": no picture without a --shots folder");
         return {};
     }
     constexpr int kTriesBefore = 10;
@@ -393,10 +377,10 @@ CPlayDriver::Outcome CPlayDriver::chooseMenu(const std::string& path) {
     HMENU menu = GetMenu(frame);
     std::string rest = path;
     for (auto bar = rest.find('>'); bar != std::string::npos; bar = rest.find('>')) {
-        menu = GetSubMenu(menu, indexOf(menu, rest.substr(0, bar)));
+        menu = GetSubMenu(menu, ui::itemNamed(menu, rest.substr(0, bar)));
         rest.erase(0, bar + 1);
     }
-    const int index = menu != nullptr ? indexOf(menu, rest) : -1;
+    const int index = menu != nullptr ? ui::itemNamed(menu, rest) : -1;
     const UINT state =
         index < 0 ? MF_GRAYED : GetMenuState(menu, static_cast<UINT>(index), MF_BYPOSITION);
     if ((state & MF_GRAYED) != 0) return "the menu has no \"" + path + "\" to choose";

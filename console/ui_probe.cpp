@@ -73,6 +73,17 @@ std::vector<std::string> itemsOf(HWND control, const ItemMessages& messages) {
     return items;
 }
 
+// Of a menu item, as a script writes it.
+std::string itemText(HMENU menu, int index) {
+    char text[128] = "";
+    GetMenuStringA(menu, static_cast<UINT>(index), text, sizeof text, MF_BYPOSITION);
+    std::string name(text);
+    std::erase(name, '&');
+    name.erase(std::min(name.find('\t'), name.size()));
+    name.erase(name.find_last_not_of(' ') + 1);
+    return name;
+}
+
 }  // namespace
 
 std::string classOf(HWND window) {
@@ -123,6 +134,12 @@ std::string dialogText(HWND dialog) {
 HWND openMenu() {
     return findTopLevel(
         [](HWND window) { return IsWindowVisible(window) != 0 && classOf(window) == "#32768"; });
+}
+
+int itemNamed(HMENU menu, const std::string& name) {
+    for (int index = 0; index < GetMenuItemCount(menu); ++index)
+        if (itemText(menu, index) == name) return index;
+    return -1;
 }
 
 HWND findButton(const std::string& text) {

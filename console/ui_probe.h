@@ -33,6 +33,8 @@ HWND openDialog();
 std::string dialogText(HWND dialog);
 // The open popup menu, if any.
 HWND openMenu();
+// The index of the menu's item with the text; -1 when there is none.
+int itemNamed(HMENU menu, const std::string& name);
 
 // The enabled button with the text, without ampersands: in the open dialog, else in the pane.
 HWND findButton(const std::string& text);

@@ -3,15 +3,15 @@
 #include <utility>
 
 #include "details/edit_messages.h"
-#include "editors/combo_editor.h"
-#include "editors/price_editor.h"
+#include "editors/combo_control.h"
+#include "editors/price_control.h"
 
 namespace mc {
 
 // ---- Opening ----
 
 bool CDetailEditing::onKeyDown(UINT key, bool) {
-    const auto focused = m_lines.rows().focusedRow();
+    const auto focused = m_lines.rows().selection().focusedRow();
     if (key != VK_F2 || !focused) return false;
     open(*focused, OpenedBy::key);
     return true;
@@ -22,9 +22,9 @@ void CDetailEditing::open(std::size_t row, OpenedBy by) {
     LineGroups::Line* line = m_lines.lineAt(row);
     if (line == nullptr || !canEdit(*line)) return;
     RecordStore& rows = m_lines.rows();
-    rows.clearSelection();
-    rows.select(row, true);
-    rows.setFocus(row);
+    rows.selection().clear();
+    rows.selection().select(row, true);
+    rows.selection().setFocus(row);
     m_list.storeChanged();
     m_editor = makeEditor(line->row->attribute);
     m_edited = line;
@@ -36,13 +36,17 @@ void CDetailEditing::open(std::size_t row, OpenedBy by) {
 
 std::unique_ptr<CCellEditor> CDetailEditing::makeEditor(RowAttribute attribute) {
     CellEditorOwner& owner = *this;
-    if (attribute == RowAttribute::choice) return std::make_unique<CComboEditor>(owner, m_choices);
-    return std::make_unique<CPriceEditor>(owner, m_allowed);
+    std::unique_ptr<CCellControl> control;
+    if (attribute == RowAttribute::choice)
+        control = std::make_unique<CComboControl>(m_choices);
+    else
+        control = std::make_unique<CPriceControl>(m_allowed);
+    return std::make_unique<CCellEditor>(owner, std::move(control));
 }
 
 void CDetailEditing::onNextEditor(WPARAM how) {
     const RecordStore& rows = m_lines.rows();
-    const auto focused = rows.focusedRow();
+    const auto focused = rows.selection().focusedRow();
     if (!focused) return;
     const auto step = static_cast<EditEnd>(how) == EditEnd::previous ? std::size_t(-1) : 1;
     // Backwards the number wraps around below the first row, to one beyond the last.

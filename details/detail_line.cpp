@@ -20,7 +20,7 @@ const fw::MessageMap& CDetailLine::messageMap() const {
 }
 
 AboutLine CDetailLine::present() {
-    const auto focused = m_lines.rows().focusedRow();
+    const auto focused = m_lines.rows().selection().focusedRow();
     const LineGroups::Line* const line = focused ? m_lines.lineAt(*focused) : nullptr;
     if (line != nullptr && !line->isHeading()) {
         AboutLine about = lineAbout(*line->row);

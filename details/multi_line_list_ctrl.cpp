@@ -88,7 +88,7 @@ void CMultiLineListCtrl::onLinePressed(POINT client) {
 // Left on a row goes to its heading, Left on a heading folds; Right unfolds.
 bool CMultiLineListCtrl::onFoldKey(UINT key, bool) {
     if (key != VK_LEFT && key != VK_RIGHT) return false;
-    const auto focused = store().focusedRow();
+    const auto focused = store().selection().focusedRow();
     const LineGroups::Line* line = focused ? m_lines.lineAt(*focused) : nullptr;
     if (line == nullptr) return true;
     if (line->isHeading()) {

@@ -1,6 +1,7 @@
 #include "editors/cell_editor.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "framework/hwnd.h"
 
@@ -28,49 +29,17 @@ bool userIsElsewhere(HWND editor) {
 
 }  // namespace
 
-// The control inside the editor, for the messages that the editor does not get.
-class CCellEditor::CControl final : public fw::CWindow {
-public:
-    explicit CControl(CCellEditor& editor) : m_editor(editor) {}
-    using CWindow::subclass;
-
-protected:
-    const fw::MessageMap& messageMap() const override {
-        static constexpr fw::MessageEntry entries[] = {
-            fw::observe<WM_SETFOCUS, &CControl::onFocus>(),
-            fw::on<WM_KILLFOCUS, &CControl::onFocusLost>(),
-            fw::offer<WM_CHAR, &CControl::onCharacter>(),
-            fw::offer<WM_PASTE, &CControl::onPaste>(),
-            fw::offer<WM_MOUSEWHEEL, &CControl::onWheel>(),
-        };
-        static constexpr fw::MessageMap map{nullptr, entries};
-        return map;
-    }
-
-private:
-    void onFocus() { m_editor.m_owner.editorFocusChanged(); }
-    // The control handles the message first: in focusLost() the editor may be destroyed.
-    void onFocusLost() {
-        controlDefault(WM_KILLFOCUS, reinterpret_cast<WPARAM>(GetFocus()), 0);
-        m_editor.focusLost();
-    }
-    bool onCharacter(UINT character) { return m_editor.onCharacter(character); }
-    bool onPaste() { return m_editor.onPaste(); }
-    // A wheel turned by accident changes no value.
-    bool onWheel() { return !m_editor.dropped(); }
-
-    CCellEditor& m_editor;
-};
-
-CCellEditor::CCellEditor(CellEditorOwner& owner, const ControlKind& kind)
-    : m_owner(owner), m_kind(kind), m_control(std::make_unique<CControl>(*this)) {}
+CCellEditor::CCellEditor(CellEditorOwner& owner, std::unique_ptr<CCellControl> control)
+    : m_owner(owner), m_control(std::move(control)) {}
 
 CCellEditor::~CCellEditor() {
-    m_over = true;  // the windows that go now may lose the focus
+    m_session.drop();  // the windows that go now may lose the focus
 }
 
-const fw::MessageMap& CCellEditor::baseMap() {
+const fw::MessageMap& CCellEditor::messageMap() const {
     static constexpr fw::MessageEntry entries[] = {
+        fw::onAnyCommand<&CCellEditor::onCommand>(),
+        fw::onNotify<fw::kAnyId, fw::kAnyCode, &CCellEditor::onNotify>(),
         fw::on<kCheckFocus, &CCellEditor::onCheckFocus>(),
         fw::on<WM_TIMER, &CCellEditor::onTimer>(),
         fw::observe<WM_DESTROY, &CCellEditor::onDestroy>(),
@@ -79,27 +48,21 @@ const fw::MessageMap& CCellEditor::baseMap() {
     return map;
 }
 
-HWND CCellEditor::control() const {
-    return m_control->handle();
+LRESULT CCellEditor::onNotify(NMHDR& header) {
+    return reflectNotify(header.idFrom, reinterpret_cast<LPARAM>(&header));
 }
 
 // ---- Opening ----
 
 bool CCellEditor::open(HWND list, const RECT& cell, HFONT font, std::string_view text) {
     static const fw::WindowClass windowClass{"MakerChecker.CellEditor", 0, IDC_ARROW, COLOR_WINDOW};
-    const DWORD style = WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | m_kind.frame;
+    const DWORD style = WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | m_control->kind().frame;
     if (!create(windowClass, "", style, 0, cell, list, 0)) return false;
-    const RECT room = clientRect();
-    const HWND made = CreateWindowExA(
-        0, m_kind.windowClass, "", WS_CHILD | WS_VISIBLE | m_kind.style, 0, 0, room.right,
-        room.bottom + scaled(m_kind.dropHeight), handle(), nullptr, fw::module(), nullptr);
-    if (!m_control->subclass(made)) return false;
-    fw::setFont(made, font);
-    fill(text);
-    m_opened = this->text();
+    if (!m_control->open(*this, font, text)) return false;
+    m_session.begin();
     moveTo(cell);
-    SetFocus(made);
-    select();
+    SetFocus(m_control->handle());
+    m_control->select();
     return true;
 }
 
@@ -109,19 +72,15 @@ void CCellEditor::moveTo(const RECT& cell) {
     GetClientRect(GetParent(handle()), &list);
     const int frames = fw::heightOf(fw::screenRect(handle())) - fw::heightOf(clientRect());
     const int cellHeight = fw::heightOf(cell);
-    const int height = fitHeight(cellHeight - frames);
+    const int height = m_control->fitHeight(cellHeight - frames);
     const int outer = std::max(height + frames, cellHeight);
     const int right = static_cast<int>(std::min(cell.right, list.right));
     const int width = std::max(right - static_cast<int>(cell.left), scaled(kMinWidth));
     SetWindowPos(handle(), HWND_TOP, cell.left, (cell.top + cell.bottom - outer) / 2, width, outer,
                  SWP_NOACTIVATE | SWP_SHOWWINDOW);
     const RECT room = clientRect();
-    SetWindowPos(control(), nullptr, 0, (room.bottom - height) / 2, room.right,
-                 height + scaled(m_kind.dropHeight), SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-int CCellEditor::textHeight() const {
-    return static_cast<int>(fw::metricsOf(fw::fontOf(control()), control()).tmHeight);
+    SetWindowPos(m_control->handle(), nullptr, 0, (room.bottom - height) / 2, room.right,
+                 height + scaled(m_control->kind().dropHeight), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // ---- Ending ----
@@ -139,76 +98,56 @@ bool CCellEditor::dialogKey(UINT key, bool shift, bool repeated) {
                                     [key](const auto& each) { return each.key == key; });
     if (found == std::end(keys)) return false;
     if (repeated && key != VK_TAB) return true;
-    if (key == VK_ESCAPE && dropped()) {
-        closeDropped();
-        SetFocus(control());
+    if (key == VK_ESCAPE && m_control->dropped()) {
+        m_control->closeDropped();
+        SetFocus(m_control->handle());
     } else {
         end(shift ? found->shifted : found->plain);
     }
     return true;
 }
 
-std::optional<std::string> CCellEditor::refused() const {
-    return changed() ? refusal() : std::nullopt;
-}
-
 // The owner may destroy the editor.
-CCellEditor::Answer CCellEditor::ask(EditEnd how) {
-    if (m_over || handle() == nullptr) return Answer::over;
-    if (m_asking) return Answer::busy;
-    m_asking = true;
-    if (how != EditEnd::cancel) finishTyping();
-    const bool stays = how != EditEnd::cancel && refused();
-    const bool takes = how != EditEnd::cancel && changed();
-    const std::weak_ptr<const bool> life = m_life;
-    if (!stays) m_owner.editEnding(how, takes ? std::optional(text()) : std::nullopt);
-    if (life.expired()) return Answer::over;
-    m_asking = false;
-    if (stays) return Answer::refused;
-    close();
-    return Answer::over;
+EditSession::Answer CCellEditor::ask(EditEnd how) {
+    const EditSession::Answer answer = m_session.end(how);
+    if (answer == EditSession::Answer::ended) close();
+    return answer;
 }
 
 void CCellEditor::end(EditEnd how) {
-    if (ask(how) == Answer::refused) tell();
+    if (ask(how) == EditSession::Answer::refused) tell();
 }
 
 bool CCellEditor::leave(bool tell) {
-    const Answer answer = ask(EditEnd::commit);
-    if (answer == Answer::refused && tell) {
+    const EditSession::Answer answer = ask(EditEnd::commit);
+    if (answer == EditSession::Answer::refused && tell) {
         m_mustTell = true;
         checkFocusLater();
     }
-    return answer == Answer::over;
+    return answer == EditSession::Answer::ended || answer == EditSession::Answer::over;
 }
 
 void CCellEditor::tell() {
-    const std::optional<std::string> message = refused();
-    if (!message) return;
-    const std::weak_ptr<const bool> life = m_life;
-    m_asking = true;
-    m_owner.editRefused(*message);
-    if (life.expired()) return;
-    m_asking = m_mustTell = false;
+    if (!m_session.tell()) return;
+    m_mustTell = false;
     if (IsWindowVisible(handle()) == 0) return;
-    SetFocus(control());
-    select();
+    SetFocus(m_control->handle());
+    m_control->select();
 }
 
 void CCellEditor::close() {
-    m_over = true;
     const bool hadFocus = owns(GetFocus());
-    if (dropped()) closeDropped();
+    if (m_control->dropped()) m_control->closeDropped();
     if (hadFocus) SetFocus(GetParent(handle()));
     ShowWindow(handle(), SW_HIDE);
 }
 
 // The message about a refused text comes later: no message box may open inside a change of focus.
 void CCellEditor::focusLost() {
-    if (m_over) return;
-    const std::weak_ptr<const bool> life = m_life;
+    if (m_session.isOver()) return;
+    const auto life = m_session.life();
     m_owner.editorFocusChanged();
-    if (life.expired() || m_asking || owns(GetFocus())) return;
+    if (life.expired() || m_session.isAsking() || owns(GetFocus())) return;
     if (!leave(false)) checkFocusLater();
 }
 
@@ -218,7 +157,7 @@ void CCellEditor::checkFocusLater() const {
 
 void CCellEditor::onCheckFocus() {
     KillTimer(handle(), kCheckTimer);
-    if (m_over || m_asking) return;
+    if (m_session.isOver() || m_session.isAsking()) return;
     if (owns(GetFocus()) && !(m_mustTell && refused())) return;
     if (userIsElsewhere(handle()))
         SetTimer(handle(), kCheckTimer, kCheckPause, nullptr);

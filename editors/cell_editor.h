@@ -1,12 +1,14 @@
-// What the editors of list cells have in common.
+// CCellEditor: the window over a list's cell in which its value is edited.
 //
-// An editor is made for one edit: it is constructed, open()ed over a cell, and ends once: by
-// dialogKey(), by leave(), or by itself when the focus goes elsewhere. Then it has hidden itself,
-// and its owner destroys it. The owner may do that at any time, from inside the calls of
-// CellEditorOwner too; an editor that is destroyed before it ended ends without a word.
+// An editor is made for one edit: it is constructed with the control to edit in, open()ed over a
+// cell, and ends once: by dialogKey(), by leave(), or by itself when the focus goes elsewhere. Then
+// it has hidden itself, and its owner destroys it. The owner may do that at any time, from inside
+// the calls of CellEditorOwner too; an editor that is destroyed before it ended ends without a
+// word.
 //
 // A text that is refused never ends an edit: the editor stays open, the user gets a message, and
-// the focus comes back to the text. A text that is as it was opened is never refused.
+// the focus comes back to the text. EditSession has these rules; here is when the focus asks for
+// them.
 //
 // The editor is a window of its own class that holds the control: what the control notifies
 // reaches the editor and not the list.
@@ -17,40 +19,16 @@
 #include <string>
 #include <string_view>
 
-#include "framework/hwnd.h"
+#include "editors/cell_control.h"
+#include "editors/edit_session.h"
 #include "framework/window.h"
 
 namespace mc {
 
-// Why an edit ends.
-enum class EditEnd {
-    commit,    // Enter, or the focus went elsewhere
-    cancel,    // Esc: the text counts for nothing
-    next,      // Tab: commit, and go on with the next cell
-    previous,  // Shift+Tab
-};
-
-// The list that the editor is in.
-class CellEditorOwner {
+class CCellEditor final : public fw::CWindow {
 public:
-    // The edit is over; `typed` is the text to take, none when nothing was changed or it was
-    // cancelled. The editor hides as soon as this returns; if the focus is still in it, the list
-    // gets it. Runs inside changes of the focus: no message box here.
-    virtual void editEnding(EditEnd end, const std::optional<std::string>& typed) = 0;
-
-    // The text cannot be taken, and `message` tells the user why; show it. The editor stays open
-    // and then gets the focus. Never runs inside a change of the focus.
-    virtual void editRefused(const std::string& message) = 0;
-
-    // The focus came into the editor or left it.
-    virtual void editorFocusChanged() {}
-
-protected:
-    ~CellEditorOwner() = default;
-};
-
-class CCellEditor : public fw::CWindow {
-public:
+    // The owner must outlive the object.
+    CCellEditor(CellEditorOwner& owner, std::unique_ptr<CCellControl> control);
     ~CCellEditor() override;
 
     // Shows the editor over `cell` (client coordinates of `list`, whose child it becomes) with the
@@ -59,9 +37,9 @@ public:
     bool open(HWND list, const RECT& cell, HFONT font, std::string_view text);
 
     // It was opened with the mouse: what drops down does so at once.
-    virtual void openedWithMouse() {}
+    void openedWithMouse() { m_control->openedWithMouse(); }
 
-    virtual std::string text() const = 0;
+    std::string text() const { return m_control->text(); }
 
     // Enter, Esc, Tab or Shift+Tab (`shift`) while the editor or a part of it has the focus: ends
     // the edit. Esc with something dropped down closes only that. Of these keys only Tab does
@@ -74,78 +52,46 @@ public:
     bool leave(bool tell = true);
 
     // Whether there is a text that the edit would end with.
-    bool changed() const { return text() != m_opened; }
+    bool changed() const { return m_session.changed(); }
 
     // Why the text would be refused now.
-    std::optional<std::string> refused() const;
+    std::optional<std::string> refused() const { return m_session.refused(); }
 
     // The cell is elsewhere now.
     void moveTo(const RECT& cell);
 
     // True when `window` is the editor or a part of it.
-    virtual bool owns(HWND window) const { return fw::isWithin(handle(), window); }
+    bool owns(HWND window) const {
+        return fw::isWithin(handle(), window) || m_control->owns(window);
+    }
 
-protected:
-    struct ControlKind {
-        const char* windowClass;
-        DWORD style;
-        DWORD frame;     // the editor's own: WS_BORDER around a control without one
-        int dropHeight;  // of what the control drops down, at 96 dots per inch
-    };
-    CCellEditor(CellEditorOwner& owner, const ControlKind& kind);
+    // ---- For its control ----
 
-    const fw::MessageMap& messageMap() const override { return baseMap(); }
-    static const fw::MessageMap& baseMap();
-
-    HWND control() const;
-    int textHeight() const;
+    // May destroy the editor, as the next two.
     void end(EditEnd how);
+    void focusCame() { m_owner.editorFocusChanged(); }
+    void focusLost();
 
     // Looks whether the focus is still here, once what happens now is over.
     void checkFocusLater() const;
 
-    // Gives the new control its text.
-    virtual void fill(std::string_view text) = 0;
-
-    // How high the control is in a cell of height `room`; more where it needs more.
-    virtual int fitHeight(int room) const = 0;
-
-    virtual void select() {}
-
-    // Why a text that was changed cannot be taken.
-    virtual std::optional<std::string> refusal() const { return {}; }
-
-    // Makes text() whole where the control keeps what is being typed to itself.
-    virtual void finishTyping() {}
-
-    // Something that the control dropped down.
-    virtual bool dropped() const { return false; }
-    virtual void closeDropped() {}
-
-    // A typed character, or a paste; true: not for the control.
-    virtual bool onCharacter(UINT) { return false; }
-    virtual bool onPaste() { return false; }
+protected:
+    const fw::MessageMap& messageMap() const override;
 
 private:
-    class CControl;
-    enum class Answer { over, refused, busy };
-
-    Answer ask(EditEnd how);
+    EditSession::Answer ask(EditEnd how);
     void tell();
     void close();
-    void focusLost();
     void onCheckFocus();
     void onTimer(UINT_PTR) { onCheckFocus(); }
-    void onDestroy() { m_over = true; }
+    void onDestroy() { m_session.drop(); }
+    void onCommand(UINT, UINT code) { m_control->onCommand(code); }
+    LRESULT onNotify(NMHDR& header);
 
     CellEditorOwner& m_owner;
-    const ControlKind m_kind;
-    std::unique_ptr<CControl> m_control;
-    std::shared_ptr<const bool> m_life = std::make_shared<const bool>(true);  // dies with this
-    std::string m_opened;  // text() at the beginning
-    bool m_asking = false;
+    std::unique_ptr<CCellControl> m_control;
+    EditSession m_session{m_owner, *m_control};
     bool m_mustTell = false;  // of the refused text, even while the focus is here
-    bool m_over = false;
 };
 
 }  // namespace mc

@@ -30,6 +30,10 @@ void ListView::setRowCount(std::size_t rows) const {
     send(LVM_SETITEMCOUNT, rows, LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
 }
 
+std::size_t ListView::rowCount() const {
+    return static_cast<std::size_t>(send(LVM_GETITEMCOUNT));
+}
+
 RECT ListView::rowRect(std::size_t row) const {
     RECT rect{LVIR_BOUNDS, 0, 0, 0};
     send(LVM_GETITEMRECT, row, reinterpret_cast<LPARAM>(&rect));

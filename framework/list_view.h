@@ -27,6 +27,7 @@ public:
 
     // How many rows a virtual list has. Neither repaints nor scrolls.
     void setRowCount(std::size_t rows) const;
+    std::size_t rowCount() const;
     // Rectangles and points are in the list's client area.
     RECT rowRect(std::size_t row) const;
     std::optional<std::size_t> rowAt(POINT client) const;

@@ -71,10 +71,10 @@ public:
     // The store changed. Costs one invalidation, however often it is called before the next paint.
     void storeChanged() { m_update.storeChanged(); }
 
-    // The row of a record; none while it is not visible. The row that the keys act on. goTo() selects
-    // a row alone, for the checker.
+    // The row of a record; none while it is not visible. The row that the keys act on. goTo()
+    // selects a row alone, for the checker.
     std::optional<std::size_t> rowOf(Slot record) const { return store().rowOf(record); }
-    std::optional<std::size_t> focusedRow() const { return store().focusedRow(); }
+    std::optional<std::size_t> focusedRow() const { return store().selection().focusedRow(); }
     void goTo(std::size_t row) { m_input.goTo(row); }
 
     // `updated` is called whenever the control has been brought up to date with the store, and may

@@ -132,8 +132,6 @@ const fw::MessageMap& CFilterBox::CEdit::messageMap() const {
         fw::on<WM_GETDLGCODE, &CEdit::onGetDialogCode>(),
         fw::offer<WM_KEYDOWN, &CEdit::onKeyDown>(),
         fw::offer<WM_SYSKEYDOWN, &CEdit::onSystemKeyDown>(),
-        fw::observe<WM_KEYUP, &CEdit::onKeyUp>(),
-        fw::observe<WM_SETFOCUS, &CEdit::onFocus>(),
         fw::on<WM_KILLFOCUS, &CEdit::onFocusLost>(),
         fw::offer<WM_CHAR, &CEdit::onCharacter>(),
     };
@@ -155,11 +153,6 @@ bool CFilterBox::CEdit::onSystemKeyDown(UINT key, bool repeated) {
     if (key != VK_UP && key != VK_DOWN) return false;
     if (!repeated) m_box.toggle();
     return true;
-}
-
-// A key that went down in another window has no effect here.
-void CFilterBox::CEdit::onFocus() {
-    m_box.m_held = isDown(VK_ESCAPE) ? VK_ESCAPE : isDown(VK_RETURN) ? VK_RETURN : 0;
 }
 
 // A combo box's edit shows its selection without the focus, too.
@@ -196,7 +189,6 @@ bool CFilterBox::onKeyDown(UINT pressed, bool repeated) {
 
 bool CFilterBox::key(UINT key) {
     if (key != VK_RETURN && key != VK_ESCAPE) return false;
-    if (std::exchange(m_held, key) == key) return true;
     if (key == VK_RETURN)
         enter();
     else

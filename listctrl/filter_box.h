@@ -48,7 +48,8 @@ public:
     // Ends the filter without a call of the owner.
     void clear();
 
-    // Enter or Esc; false for any other key. Only the first of a key that is held down counts.
+    // Enter or Esc, just pressed; false for any other key. A key that is held down counts once: its
+    // repetitions are kept from here.
     bool key(UINT key);
 
     // A notification of the control, handed on by its parent (CBN_).
@@ -72,8 +73,6 @@ private:
         LRESULT onGetDialogCode(const MSG* message);
         bool onKeyDown(UINT key, bool repeated) { return m_box.onKeyDown(key, repeated); }
         bool onSystemKeyDown(UINT key, bool repeated);
-        void onKeyUp() { m_box.m_held = 0; }
-        void onFocus();
         void onFocusLost();
         bool onCharacter(UINT character);
 
@@ -102,7 +101,6 @@ private:
     FilterBox m_box;
     CEdit m_edit{*this};
     HWND m_label = nullptr;
-    UINT m_held = 0;         // the key that was handled and is still down
     bool m_showing = false;  // the text is being set, not typed
     bool m_applies = false;  // once the control has finished
 };

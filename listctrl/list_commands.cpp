@@ -83,7 +83,7 @@ bool CListCommands::onKeyDown(UINT key, bool) {
 
 // Of the focused row, in the column that was clicked last.
 void CListCommands::showWholeText() {
-    const auto row = m_parts.content.store().focusedRow();
+    const auto row = m_parts.content.store().selection().focusedRow();
     if (!row) return;
     mc::showWholeText(m_hooks.wholeTexts(*row, m_parts.input.clickedColumn()),
                       m_services.mayExport(), m_list.handle());

@@ -1,5 +1,7 @@
 #include "listctrl/list_export.h"
 
+#include <vector>
+
 #include "framework/handles.h"
 #include "listctrl/clipboard.h"
 #include "listctrl/excel_interface.h"
@@ -23,7 +25,8 @@ bool runFor(const std::string& caption, std::size_t rows,
 // Every cell is followed by a tab, the last of a row too; there is no row of captions.
 void CListExport::copySelected(HWND owner) const {
     std::string text;
-    const auto& selected = m_content.store().selectedRows();
+    // A copy: what is sent to the thread meanwhile may change the selection.
+    const std::vector<std::size_t> selected = m_content.store().selection().rows();
     const auto copy = [&](const ProgressStep& step) {
         std::size_t done = 0;
         for (const std::size_t row : selected) {

@@ -26,11 +26,11 @@ Modifiers modifiersDown() {
 
 bool CListInput::select(const std::function<void()>& change) {
     const RecordStore& store = m_content.store();
-    const std::uint64_t before = store.selectionRevision();
+    const std::uint64_t before = store.selection().revision();
     change();
     m_update.storeChanged();
-    if (store.selectionRevision() != before) {
-        const bool any = store.selectedCount() != 0;
+    if (store.selection().revision() != before) {
+        const bool any = store.selection().count() != 0;
         NMLISTVIEW notice{};
         notice.iItem = -1;
         notice.uNewState = any ? LVIS_SELECTED : 0;
@@ -93,7 +93,7 @@ bool CListInput::onKeyDown(UINT key, bool) {
     if (navigate(key) || selectByKey(key, keys)) return true;
     if (key != VK_RETURN && (key != VK_APPS || keys.ctrl)) return false;
     notifyParent(m_list.handle(), key == VK_RETURN ? NM_RETURN : NM_RCLICK, {},
-                 m_content.store().focusedRow());
+                 m_content.store().selection().focusedRow());
     return true;
 }
 

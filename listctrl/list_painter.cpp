@@ -32,7 +32,7 @@ LRESULT CListPainter::onDrawItem(const DRAWITEMSTRUCT& draw) {
     const auto row = static_cast<std::size_t>(draw.itemID);
     const RecordStore& store = m_content.store();
     const bool focused = GetFocus() == m_list.handle();
-    const bool selected = store.selected(row);
+    const bool selected = store.selection().selected(row);
     const RowColors colors = selected ? selectionColors(focused) : colorsOf(row);
     const std::vector<RECT> cells = m_header.cellsOf(draw.rcItem);
     RECT whole = draw.rcItem;  // which may begin behind the first cell's edge
@@ -44,7 +44,7 @@ LRESULT CListPainter::onDrawItem(const DRAWITEMSTRUCT& draw) {
     int item = 0;
     for (const RECT& cell : cells)
         if (item < m_content.shownCount()) drawCell(draw.hDC, {row, item++}, cell, ownLooks);
-    if (focused && store.focusedRow() == row) DrawFocusRect(draw.hDC, &draw.rcItem);
+    if (focused && store.selection().focusedRow() == row) DrawFocusRect(draw.hDC, &draw.rcItem);
     return TRUE;
 }
 
@@ -129,7 +129,7 @@ void CListPainter::onAreaChanged() {
 
 void CListPainter::drawEmptyText() const {
     const RecordStore& store = m_content.store();
-    const std::string text = emptyListText(store.storedCount(), store.rowCount(), m_emptyText);
+    const std::string text = emptyListText(store.stored().size(), store.rowCount(), m_emptyText);
     if (text.empty()) return;
     RECT area = m_list.clientRect(), captions{};
     GetClientRect(m_header.control().handle(), &captions);

@@ -15,9 +15,10 @@ void CListUpdate::storeChanged() {
 void CListUpdate::run() {
     m_running = true;
     m_stale = false;
-    if (m_store.takeChanges().count) {
+    const fw::ListView list(m_list.handle());
+    if (list.rowCount() != m_store.rowCount()) {
         const fw::RedrawOffScope off(m_list.handle());
-        fw::ListView(m_list.handle()).setRowCount(m_store.rowCount());
+        list.setRowCount(m_store.rowCount());
     }
     InvalidateRect(m_list.handle(), nullptr, TRUE);
     m_running = false;

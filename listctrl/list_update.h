@@ -13,7 +13,7 @@ namespace mc {
 class CListUpdate {
 public:
     // Both must outlive the object.
-    CListUpdate(const fw::CWindow& list, RecordStore& store) : m_list(list), m_store(store) {}
+    CListUpdate(const fw::CWindow& list, const RecordStore& store) : m_list(list), m_store(store) {}
 
     // The store changed. Costs one invalidation per update, and no other window call.
     void storeChanged();
@@ -24,7 +24,7 @@ public:
 
 private:
     const fw::CWindow& m_list;
-    RecordStore& m_store;
+    const RecordStore& m_store;
     bool m_stale = false;
     bool m_running = false;
 };

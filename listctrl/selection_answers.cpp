@@ -16,8 +16,8 @@ LRESULT answer(std::optional<std::size_t> row) {
 
 LRESULT CSelectionAnswers::onGetItemState(std::optional<std::size_t> row, UINT mask) {
     UINT state = 0;
-    if (row && m_store.selected(*row)) state |= LVIS_SELECTED;
-    if (row && m_store.focusedRow() == row) state |= LVIS_FOCUSED;
+    if (row && m_store.selection().selected(*row)) state |= LVIS_SELECTED;
+    if (row && m_store.selection().focusedRow() == row) state |= LVIS_FOCUSED;
     return static_cast<LRESULT>(state & mask);
 }
 
@@ -31,18 +31,18 @@ void CSelectionAnswers::setState(std::optional<std::size_t> row, const LVITEMA& 
     const bool on = (wanted.state & LVIS_SELECTED) != 0;
     if ((wanted.stateMask & LVIS_SELECTED) != 0) {
         if (row)
-            m_store.select(*row, on);
+            m_store.selection().select(*row, on);
         else if (on)
-            m_store.selectAll();
+            m_store.selection().selectAll();
         else
-            m_store.clearSelection();
+            m_store.selection().clear();
     }
     if ((wanted.stateMask & LVIS_FOCUSED) == 0) return;
     const bool focuses = (wanted.state & LVIS_FOCUSED) != 0;
     if (focuses && row)
-        m_store.setFocus(*row);
-    else if (!focuses && (!row || row == m_store.focusedRow()))
-        m_store.setFocus(m_store.rowCount());
+        m_store.selection().setFocus(*row);
+    else if (!focuses && (!row || row == m_store.selection().focusedRow()))
+        m_store.selection().setFocus(m_store.rowCount());
 }
 
 // Each row is below the one before, so none lies to the left or right of another.
@@ -60,16 +60,16 @@ LRESULT CSelectionAnswers::onGetNextItemIndex(LVITEMINDEX& index, UINT flags) {
 }
 
 LRESULT CSelectionAnswers::onGetSelectedCount() {
-    return static_cast<LRESULT>(m_store.selectedCount());
+    return static_cast<LRESULT>(m_store.selection().count());
 }
 
 LRESULT CSelectionAnswers::onGetSelectionMark() {
-    return answer(m_store.anchorRow());
+    return answer(m_store.selection().anchorRow());
 }
 
 LRESULT CSelectionAnswers::onSetSelectionMark(std::optional<std::size_t> row) {
     const LRESULT before = onGetSelectionMark();
-    m_store.setAnchor(row.value_or(m_store.rowCount()));
+    m_store.selection().setAnchor(row.value_or(m_store.rowCount()));
     return before;
 }
 

@@ -42,7 +42,7 @@ std::string noteOf(const RecordStore& lines) {
     const std::size_t filters = lines.filters().columns().size();
     if (filters == 0) return {};
     return summaryText(
-        {.rows = lines.rowCount(), .records = lines.storedCount(), .filters = filters});
+        {.rows = lines.rowCount(), .records = lines.stored().size(), .filters = filters});
 }
 
 }  // namespace

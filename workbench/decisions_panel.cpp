@@ -51,10 +51,10 @@ void DecisionsPanel::open(HWND pane, DecisionLog& log, Slot decision) {
     SetFocus(m_list->handle());
     const auto row = decision != kNoSlot ? log.rows().rowOf(decision) : std::nullopt;
     if (!row) return;
-    log.rows().clearSelection();
-    log.rows().select(*row, true);
-    log.rows().setFocus(*row);
-    log.rows().setAnchor(*row);
+    log.rows().selection().clear();
+    log.rows().selection().select(*row, true);
+    log.rows().selection().setFocus(*row);
+    log.rows().selection().setAnchor(*row);
     m_list->storeChanged();
 }
 

@@ -182,7 +182,7 @@ void CMakerChecker::toggleDecisions() {
         return layOut();
     }
     DecisionLog& log = m_workbench->decisionLog();
-    const auto row = m_workbench->changes().rows().focusedRow();
+    const auto row = m_workbench->changes().rows().selection().focusedRow();
     const auto change = row ? m_workbench->changes().recordAt(*row) : std::nullopt;
     const Slot about = change ? log.newestAbout(change->key) : kNoSlot;
     m_decisions.open(handle(), log, about != kNoSlot ? about : log.newest());
@@ -324,7 +324,8 @@ void CMakerChecker::selectPair() {
 void CMakerChecker::openNext() {
     decide([this](Workbench& workbench) {
         if (!workbench.openNext()) return;
-        if (const auto row = workbench.changes().rows().focusedRow()) m_lists.bringIntoView(*row);
+        if (const auto row = workbench.changes().rows().selection().focusedRow())
+            m_lists.bringIntoView(*row);
     });
 }
 
@@ -351,7 +352,7 @@ void CMakerChecker::onEditorClosed() {
 // A double-click: of the first selected row.
 void CMakerChecker::onShowSelected(NMHDR&) {
     decide([](Workbench& workbench) {
-        const auto& selected = workbench.changes().rows().selectedRows();
+        const auto& selected = workbench.changes().rows().selection().rows();
         if (!selected.empty()) showRow(workbench, selected.front());
     });
 }
@@ -359,7 +360,8 @@ void CMakerChecker::onShowSelected(NMHDR&) {
 // Enter: of the focused row, selected or not.
 void CMakerChecker::onShowFocused(NMHDR&) {
     decide([](Workbench& workbench) {
-        if (const auto row = workbench.changes().rows().focusedRow()) showRow(workbench, *row);
+        if (const auto row = workbench.changes().rows().selection().focusedRow())
+            showRow(workbench, *row);
     });
 }
 
@@ -369,7 +371,8 @@ void CMakerChecker::onNextNeighbour() {
     decide([this](Workbench& workbench) {
         const auto shown = workbench.shownKey();
         const PendingChanges& changes = workbench.changes();
-        const bool alone = shown && changes.rows().selectedCount() == 1 && changes.selected(*shown);
+        const bool alone =
+            shown && changes.rows().selection().count() == 1 && changes.selected(*shown);
         const auto next = workbench.showNeighbour();
         if (next && alone) m_lists.selectChange(next->slot);
     });

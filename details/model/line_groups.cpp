@@ -8,8 +8,8 @@
 namespace mc {
 
 LineGroups::LineGroups() {
-    m_rows.setCellReader([this](Slot line, ColumnId column) { return text(line, column); });
-    m_rows.setArrange([this](std::vector<Slot>& passing) { arrange(passing); });
+    m_rows.texts().setReader([this](Slot line, ColumnId column) { return text(line, column); });
+    m_rows.passing().setArrange([this](std::vector<Slot>& passing) { arrange(passing); });
 }
 
 std::string_view LineGroups::text(Slot line, ColumnId column) const {
@@ -46,12 +46,12 @@ void LineGroups::replace(std::vector<DetailGroup> groups) {
     std::set<std::string> folded;
     for (const Group& group : m_groups)
         if (group.folded) folded.insert(group.content.header.caption);
-    const auto focused = m_rows.focusedRow();
+    const auto focused = m_rows.selection().focusedRow();
     clear();
     append(std::move(groups));
     for (Group& group : m_groups) group.folded = folded.contains(group.content.header.caption);
     m_rows.filter();
-    if (focused) m_rows.setFocus(std::min(*focused, m_rows.rowCount() - 1));
+    if (focused) m_rows.selection().setFocus(std::min(*focused, m_rows.rowCount() - 1));
 }
 
 void LineGroups::addEdited(std::vector<Slot>& passing) const {
@@ -103,7 +103,7 @@ void LineGroups::rowChanged(Line& line) {
     line.marks.reset();
     std::erase(m_edited, &line);
     if (line.row->edited) m_edited.push_back(&line);
-    m_rows.refreshShown(line.slot);
+    m_rows.texts().reread(line.slot);
 }
 
 bool LineGroups::holdsEdits(const Line& line) const {
@@ -117,7 +117,7 @@ bool LineGroups::endEdits(bool restore) {
         if (restore) row.value = std::move(row.received);
         row.edited = row.overOlder = false;
         line->marks.reset();
-        m_rows.refreshShown(line->slot);
+        m_rows.texts().reread(line->slot);
     }
     const bool any = !m_edited.empty();
     m_edited.clear();

@@ -8,7 +8,7 @@ ListContent::ListContent(RecordStore& store, std::function<void()> invalid)
     : m_store(store), m_order(store, m_columns), m_invalid(std::move(invalid)) {}
 
 ListContent::~ListContent() {
-    if (m_reader) m_store.setCellReader({});
+    if (m_reader) m_store.texts().setReader({});
 }
 
 void ListContent::install(std::span<const sVoskColInfo> columns, int dpi, CellReader reader,
@@ -16,7 +16,8 @@ void ListContent::install(std::span<const sVoskColInfo> columns, int dpi, CellRe
     m_columns.install(columns, dpi);
     m_columns.setMandatory(mandatory);
     m_reader = std::move(reader);
-    m_store.setCellReader([this](Slot record, ColumnId column) { return read(record, column); });
+    m_store.texts().setReader(
+        [this](Slot record, ColumnId column) { return read(record, column); });
 }
 
 void ListContent::columnsChanged() {
@@ -25,7 +26,7 @@ void ListContent::columnsChanged() {
 }
 
 void ListContent::columnRemoved(ColumnId removed) {
-    m_store.columnChanged(toColumnId(m_columns.size()));  // no column has the last id now
+    m_store.texts().drop(toColumnId(m_columns.size()));  // no column has the last id now
     m_order.columnRemoved(removed);
 }
 
@@ -33,7 +34,7 @@ void ListContent::compileExpressions() {
     std::vector<std::string> expressions;
     for (std::size_t i = m_columns.dataSize(); i < m_columns.size(); ++i) {
         expressions.push_back(m_columns.descriptor(toColumnId(i)).expression);
-        m_store.columnChanged(toColumnId(i));
+        m_store.texts().drop(toColumnId(i));
     }
     m_computedColumns.emplace(m_columns.dataSize(), expressions);
     m_reportedInvalid.assign(m_columns.size(), false);

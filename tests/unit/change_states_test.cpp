@@ -58,8 +58,8 @@ protected:
                                                      {MNM_FUNCTIONALITY, code},
                                                      {MNM_USER, "DLR101"}});
         if (verb == "select") {
-            rows().clearSelection();
-            return rows().select(*rows().rowOf(workbench->changes().find(key)), true);
+            rows().selection().clear();
+            return rows().selection().select(*rows().rowOf(workbench->changes().find(key)), true);
         }
         if (verb == "accept") return workbench->accept(selected);
         if (verb == "reject") return workbench->reject(selected, [] { return "no"; });
@@ -126,8 +126,8 @@ TEST_F(ChangeStatesTest, OnlyWhatLeftIsSent) {
 
 TEST_F(ChangeStatesTest, CountsTheSelectedAndTheVisible) {
     run("list 5,list 6,list 7,list 8,open 5,answer user 5,select 7,accept,select 5,end 5,recover");
-    rows().select(2, true);
-    const StateCounts counts = states().count(rows().selectedSlots());
+    rows().selection().select(2, true);
+    const StateCounts counts = states().count(rows().selection().inOrder());
     EXPECT_EQ(counts.changes, 2u);
     EXPECT_EQ(counts.notLookedAt, 2u);
     EXPECT_EQ(counts.doubtful, 2u);
@@ -137,12 +137,12 @@ TEST_F(ChangeStatesTest, CountsTheSelectedAndTheVisible) {
     rows().filters().set(kKeyColumn, "8");
     rows().filter();
     EXPECT_EQ(states().notLookedAtVisible(), 1u);
-    EXPECT_EQ(rows().deselectedByFilter(), 1u);
+    EXPECT_EQ(rows().selection().deselectedByFilter(), 1u);
     rows().filters().clear();
     rows().filter();
-    EXPECT_EQ(rows().deselectedByFilter(), 1u) << "until the hand selects";
-    rows().select(0, true);
-    EXPECT_EQ(rows().deselectedByFilter(), 0u);
+    EXPECT_EQ(rows().selection().deselectedByFilter(), 1u) << "until the hand selects";
+    rows().selection().select(0, true);
+    EXPECT_EQ(rows().selection().deselectedByFilter(), 0u);
 }
 
 TEST_F(ChangeStatesTest, TheQuickFilterShowsOneStateAndTheChangeThatIsRead) {

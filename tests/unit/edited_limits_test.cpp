@@ -26,7 +26,7 @@ protected:
     void select(const std::set<std::string>& keys) {
         RecordStore& rows = workbench->changes().rows();
         for (std::size_t row = 0; row < rows.rowCount(); ++row)
-            rows.select(row, keys.contains(workbench->changes().at(row).key));
+            rows.selection().select(row, keys.contains(workbench->changes().at(row).key));
         workbench->selectionMade();
     }
     std::vector<Slot> selected() { return workbench->changes().selectedRecords(); }

@@ -57,14 +57,14 @@ TEST(LineGroups, AHeadingStaysWhileAnyOfItsLinesPasses) {
 TEST(LineGroups, AFoldedGroupShowsItsHeadingOnlyAndOpensAsItWas) {
     LineGroups lines;
     lines.append(twoGroups());
-    lines.rows().select(4, true);
+    lines.rows().selection().select(4, true);
     LineGroups::Line& branch = *lines.lineAt(2);
     EXPECT_FALSE(branch.isHeading());
     EXPECT_EQ(lines.headingRow(branch), 0u);
     lines.setFolded(branch, true);
     EXPECT_TRUE(lines.folded(*lines.lineAt(0)));
     EXPECT_EQ(shown(lines), "General|Exchange:NSE|Status|");
-    EXPECT_TRUE(lines.rows().selected(2));  // the selection belongs to the line
+    EXPECT_TRUE(lines.rows().selection().selected(2));  // the selection belongs to the line
     lines.setFolded(branch, false);
     EXPECT_EQ(shown(lines), "General|Dealer ID|Branch ID|Exchange:NSE|Status|");
     EXPECT_EQ(lines.lineAt(99), nullptr);
@@ -96,12 +96,12 @@ TEST(LineGroups, GroupsThatReplaceOthersStayFoldedAndFocused) {
     LineGroups lines;
     lines.append(twoGroups());
     lines.setFolded(*lines.lineAt(0), true);
-    lines.rows().setFocus(2);
+    lines.rows().selection().setFocus(2);
     auto groups = twoGroups();
     groups[1].rows[0].edited = true;
     lines.replace(std::move(groups));
     EXPECT_EQ(shown(lines), "General|Exchange:NSE|Status|");
-    EXPECT_EQ(lines.rows().focusedRow(), 2u);
+    EXPECT_EQ(lines.rows().selection().focusedRow(), 2u);
     EXPECT_TRUE(lines.holdsEdits(*lines.lineAt(1)));
     lines.clear();
     EXPECT_EQ(lines.rows().rowCount(), 0u);

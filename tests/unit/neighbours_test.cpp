@@ -53,7 +53,7 @@ TEST(Neighbours, AreChangesAboutTheSame) {
 TEST(Neighbours, AreFoundAsALookAtEveryChangeFindsThem) {
     ViewRecorder view;
     PendingChanges changes(view);
-    changes.rows().setCellReader([](Slot, ColumnId) { return std::string_view(); });
+    changes.rows().texts().setReader([](Slot, ColumnId) { return std::string_view(); });
     std::mt19937 random(3);
     const char* const names[] = {"A", "B", "I1", "Client - A", "Dealer - I1", "Branch - A", ""};
     const std::string_view codes[] = {kAddClient, kModifyClient, kAddUser, kRmsLimits, "777"};

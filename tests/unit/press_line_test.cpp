@@ -26,10 +26,12 @@ protected:
         std::istringstream words(step);
         std::string verb, key, code, entity, linked;
         words >> verb >> key >> code >> entity >> linked;
-        const auto select = [&] { rows().select(*rows().rowOf(changes().find(key)), true); };
+        const auto select = [&] {
+            rows().selection().select(*rows().rowOf(changes().find(key)), true);
+        };
         const auto selected = changes().selectedRecords();
         if (verb == "list") return listChange(key, code, entity, linked);
-        if (verb == "only") return rows().clearSelection(), select();
+        if (verb == "only") return rows().selection().clear(), select();
         if (verb == "select") return select();
         if (verb == "end") return publish("accepted", key, {});
         if (verb == "other") return publish("auth pending", key, {{MNM_REQUESTING_USER, "MK2"}});
@@ -220,12 +222,12 @@ TEST_F(PressLineTest, FindsTheOtherHalf) {
         if (i % 5 == 0) listChange(std::to_string(2 * i + 1), "353", "C", "U7");
         if (i % 7 == 0) listChange(std::to_string(2 * i + 1), "353", "C", "none");
     }
-    rows().selectAll();
+    rows().selection().selectAll();
     for (std::size_t i = 0; i < changes().size(); ++i) {
         const PendingChange half = changes().at(i);
         EXPECT_EQ(changes().otherHalf(half.slot), kNoSlot) << "all are selected";
     }
-    rows().clearSelection();
+    rows().selection().clear();
     for (std::size_t i = 0; i < changes().size(); ++i) {
         const PendingChange half = changes().at(i);
         bool fits = false;

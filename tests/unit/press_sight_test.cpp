@@ -13,7 +13,7 @@ protected:
     void SetUp() override {
         workbench->sight().setClock([this] { return std::chrono::steady_clock::time_point(now); });
         for (const char* key : {"1", "2", "3"}) list(key, "360");
-        workbench->changes().rows().select(1, true);
+        workbench->changes().rows().selection().select(1, true);
     }
     PressSight::Milliseconds now = 10s;
 };

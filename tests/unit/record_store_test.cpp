@@ -16,7 +16,7 @@ constexpr ColumnId kColumn{0};
 class RecordStoreTest : public testing::Test {
 protected:
     RecordStoreTest() {
-        m_store.setCellReader(
+        m_store.texts().setReader(
             [this](Slot slot, ColumnId) -> std::string_view { return m_texts[slot]; });
     }
 
@@ -37,21 +37,16 @@ protected:
         m_store.filters().set(kColumn, text);
         m_store.filter();
     }
-    void refresh(Slot slot, const char* text) {
-        m_texts[slot] = text;
-        m_store.refresh(slot);
-    }
-
     RecordStore m_store;
     std::vector<std::string> m_texts;  // by slot
     std::optional<std::size_t> m_inserted;
 };
 
 TEST_F(RecordStoreTest, WithoutDataTakesAndShowsNothing) {
-    m_store.setCellReader(nullptr);
+    m_store.texts().setReader(nullptr);
     insert(0, "a");
     EXPECT_EQ(m_inserted, std::nullopt);
-    EXPECT_EQ(m_store.storedCount(), 0U);
+    EXPECT_EQ(m_store.stored().size(), 0U);
     EXPECT_EQ(m_store.filter(), Outcome::nothingDone);
     EXPECT_EQ(m_store.cellText(0, kColumn), "no data descriptor initialised");
     EXPECT_TRUE(m_store.distinctValues(kColumn).values.empty());
@@ -66,33 +61,11 @@ TEST_F(RecordStoreTest, DistinctValuesComeWithTheirRows) {
     EXPECT_EQ(m_store.distinctValues(kColumn, ValueOrder::alphabetical).values,
               (Values{{"B", 1}, {"a", 2}, {"b", 1}, {"c", 2}}));
     EXPECT_EQ(m_store.distinctValues(kColumn).rows, 7U) << "those without a text are no choice";
-    m_store.setArrange([](std::vector<Slot>& passing) { passing.pop_back(); });
+    m_store.passing().setArrange([](std::vector<Slot>& passing) { passing.pop_back(); });
     EXPECT_EQ(m_store.distinctValues(kColumn).values.front(), (DistinctValue{"a", 2}));
     m_store.reset();
     append({"", ""});
     EXPECT_TRUE(m_store.distinctValues(kColumn).values.empty());
-}
-
-TEST_F(RecordStoreTest, TellsWhatChanged) {
-    append({"a", "b", "c"});
-    m_store.takeChanges();
-    const auto expect = [&](bool count, bool selection, std::size_t first, std::size_t last) {
-        const RowChanges changes = m_store.takeChanges();
-        EXPECT_EQ(changes.count, count);
-        EXPECT_EQ(changes.selection, selection);
-        EXPECT_EQ(changes.first, first);
-        EXPECT_EQ(changes.last, last);
-    };
-    expect(false, false, 0, 0);
-    insert(0, "d");
-    expect(true, false, 3, RowChanges::kToTheEnd);
-    refresh(m_store.slotAt(1), "x");
-    refresh(m_store.slotAt(2), "y");
-    expect(false, false, 1, 3);
-    m_store.select(0, true);
-    expect(false, true, 0, 0);
-    m_store.deleteItem(2);
-    expect(true, false, 2, RowChanges::kToTheEnd);
 }
 
 }  // namespace

@@ -15,7 +15,8 @@ using Row = std::optional<std::size_t>;
 class Finding : public testing::Test {
 protected:
     Finding() {
-        rows.setCellReader([this](Slot row, ColumnId) -> std::string_view { return texts[row]; });
+        rows.texts().setReader(
+            [this](Slot row, ColumnId) -> std::string_view { return texts[row]; });
         for (const char* text : {"Bela", "asha", "Chitra", "ASHOK", "", "anil", "110", "10"}) {
             texts.push_back(text);
             rows.insertItem(0, static_cast<Slot>(texts.size() - 1));
@@ -45,7 +46,7 @@ TEST_F(Finding, TypedLettersLeadFromRowToRow) {
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.what);
-        rows.setFocus(each.focus.value_or(rows.rowCount()));
+        rows.selection().setFocus(each.focus.value_or(rows.rowCount()));
         TypeToFind find;
         std::uint32_t now = ~std::uint32_t{0} - 100;  // the clock starts again meanwhile
         std::vector<Row> found;
@@ -53,7 +54,7 @@ TEST_F(Finding, TypedLettersLeadFromRowToRow) {
             now += *c == '|' ? TypeToFind::kPause : TypeToFind::kPause / 4;
             if (*c == '|') continue;
             found.push_back(find.type(*c, now, rows, kFindColumn));
-            if (found.back()) rows.setFocus(*found.back());
+            if (found.back()) rows.selection().setFocus(*found.back());
         }
         EXPECT_EQ(found, each.found);
     }

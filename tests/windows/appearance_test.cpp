@@ -10,29 +10,32 @@ using namespace mc;
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
-HWND item(HWND dialog, int id) {
-    return GetDlgItem(dialog, id);
-}
-
-void push(HWND dialog, int id) {
-    SendMessageA(item(dialog, id), BM_CLICK, 0, 0);
+HWND item(int id) {
+    return GetDlgItem(GetActiveWindow(), id);
 }
 
 // Takes the entry with this text, as the mouse would.
-void choose(HWND dialog, int id, const char* entry) {
-    const auto place = SendMessageA(item(dialog, id), CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+void choose(int id, const char* entry) {
+    const auto index = SendMessageA(item(id), CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
                                     reinterpret_cast<LPARAM>(entry));
-    ASSERT_GE(place, 0) << entry;
-    SendMessageA(item(dialog, id), CB_SETCURSEL, static_cast<WPARAM>(place), 0);
-    SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(item(dialog, id)));
+    ASSERT_GE(index, 0) << entry;
+    SendMessageA(item(id), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+    SendMessageA(GetActiveWindow(), WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(item(id)));
 }
 
-void addKeyword(HWND dialog, const char* text) {
-    SetWindowTextA(item(dialog, IDC_KEYWORD_TEXT), text);
-    push(dialog, IDC_KEYWORD_ADD);
+hand::Step clicking(int id) {
+    return [id] { hand::click(item(id)); };
+}
+
+// In the platform's dialog.
+hand::Step takingColor(const char* red, const char* green, const char* blue) {
+    return [=] {
+        SetWindowTextA(item(706), red);
+        SetWindowTextA(item(707), green);
+        SetWindowTextA(item(708), blue);
+        hand::click(item(IDOK));
+    };
 }
 
 // ---- The list ----
@@ -77,35 +80,36 @@ TEST(Appearance, AppliesToTheListIsStoredAndComesBack) {
     {
         const AppearanceOfList list;
         plain = rowHeight();
-        DialogTrap trap([](HWND dialog) {
-            if (item(dialog, IDC_FONT_SIZE) != nullptr) {
-                choose(dialog, IDC_FONT_FACE, "Tahoma");
-                return choose(dialog, IDC_FONT_SIZE, "24");
-            }
-            if (item(dialog, IDC_APPEARANCE_PROPERTY) == nullptr) {
-                const bool first = GetPropA(GetWindow(dialog, GW_OWNER), "second") == nullptr;
-                const bool key = GetPropA(GetWindow(dialog, GW_OWNER), "keyword") != nullptr;
-                SetWindowTextA(item(dialog, 706), first ? "0" : "255");
-                SetWindowTextA(item(dialog, 707), first || key ? "0" : "255");
-                SetWindowTextA(item(dialog, 708), first ? "64" : key ? "0" : "255");
-                return;
-            }
-            EXPECT_EQ(textOf(dialog), "Customize Appearance :Maker-Checker");
-            push(dialog, IDC_APPEARANCE_COLOR);
-            SetPropA(dialog, "second", dialog);
-            choose(dialog, IDC_APPEARANCE_PROPERTY, "Text");
-            push(dialog, IDC_KEYWORD_COLUMN_UNLOCK);
-            choose(dialog, IDC_KEYWORD_COLUMN, "Entity Name");
-            SetPropA(dialog, "keyword", dialog);
-            push(dialog, IDC_APPEARANCE_COLOR);
-            addKeyword(dialog, "BUY");
-            RemovePropA(dialog, "keyword");
-            push(dialog, IDC_APPEARANCE_COLOR);
-            RemovePropA(dialog, "second");
-            push(dialog, IDC_APPEARANCE_FONT);
-        });
         hand::clickRow(mainList(), 0);
-        hand::key('C', hand::kCtrlShift);
+        hand::during([] { hand::key('C', hand::kCtrlShift); },
+                     {[] {
+                          EXPECT_EQ(textOf(GetActiveWindow()),
+                                    "Customize Appearance :Maker-Checker");
+                          hand::click(item(IDC_APPEARANCE_COLOR));
+                      },
+                      takingColor("0", "0", "64"),
+                      [] {
+                          choose(IDC_APPEARANCE_PROPERTY, "Text");
+                          hand::click(item(IDC_KEYWORD_COLUMN_UNLOCK));
+                      },
+                      [] {
+                          choose(IDC_KEYWORD_COLUMN, "Entity Name");
+                          hand::click(item(IDC_APPEARANCE_COLOR));
+                      },
+                      takingColor("255", "0", "0"),
+                      [] {
+                          hand::click(item(IDC_KEYWORD_TEXT));
+                          hand::type("BUY");
+                          hand::click(item(IDC_KEYWORD_ADD));
+                      },
+                      clicking(IDC_APPEARANCE_COLOR), takingColor("255", "255", "255"),
+                      clicking(IDC_APPEARANCE_FONT),
+                      [] {
+                          choose(IDC_FONT_FACE, "Tahoma");
+                          choose(IDC_FONT_SIZE, "24");
+                          hand::click(item(IDC_FONT_OK));
+                      },
+                      clicking(IDC_APPEARANCE_APPLY)});
         EXPECT_EQ(stored.text(), text);
         EXPECT_GT(rowHeight(), 2 * plain);
     }

@@ -2,10 +2,11 @@
 // pane's are.
 #include <gtest/gtest.h>
 
-#include "editors/combo_editor.h"
-#include "editors/date_time_editor.h"
-#include "editors/edit_editor.h"
-#include "editors/price_editor.h"
+#include "editors/cell_editor.h"
+#include "editors/combo_control.h"
+#include "editors/date_time_control.h"
+#include "editors/edit_control.h"
+#include "editors/price_control.h"
 #include "framework/dialog.h"
 #include "framework/key_filter.h"
 #include "listctrl/clipboard.h"
@@ -34,10 +35,11 @@ public:
         SetFocus(list);
     }
 
-    template <class Editor, class... Arguments>
+    template <class Control, class... Arguments>
     HWND open(const char* text, Arguments&&... arguments) {
         log.clear();
-        editor = std::make_unique<Editor>(*this, std::forward<Arguments>(arguments)...);
+        editor = std::make_unique<CCellEditor>(
+            *this, std::make_unique<Control>(std::forward<Arguments>(arguments)...));
         const auto font = reinterpret_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
         EXPECT_TRUE(editor->open(list, kCell, font, text));
         return GetFocus();
@@ -71,6 +73,7 @@ private:
         if (editor != nullptr && editor->owns(GetFocus()) &&
             editor->dialogKey(key, shift, repeated))
             return;
+        // The key was taken from the queue: as a pane does, the bed hands it on.
         SendMessageA(GetFocus(), WM_KEYDOWN, key, 1);
     }
     HWND child(const char* windowClass, DWORD style, RECT place) {
@@ -92,7 +95,7 @@ protected:
 };
 
 TEST_F(Editors, TakeTheirAllowedCharactersOnly) {
-    const HWND edit = bed.open<CEditEditor>("5", kDigits);
+    const HWND edit = bed.open<CEditControl>("5", kDigits);
     hand::type(
         "1<2a\xE9"
         "3");
@@ -124,7 +127,7 @@ TEST_F(Editors, TakeTheirAllowedCharactersOnly) {
 
 // While the mouse is held, or another program is in front, no message opens.
 TEST_F(Editors, ARefusedTextWaitsUntilTheUserIsBack) {
-    const HWND edit = bed.open<CPriceEditor>("1", kDigits);
+    const HWND edit = bed.open<CPriceControl>("1", kDigits);
     hand::type("-");
     const DialogTrap trap;
     const auto settle = [] {
@@ -151,23 +154,23 @@ TEST_F(Editors, ARefusedTextWaitsUntilTheUserIsBack) {
 
 TEST_F(Editors, MayBeDestroyedAtAnyTime) {
     bed.destroys = true;
-    bed.open<CEditEditor>("1", "");
+    bed.open<CEditControl>("1", "");
     hand::key(VK_RETURN);
-    bed.open<CEditEditor>("2", "");
+    bed.open<CEditControl>("2", "");
     hand::type("3");
     SetFocus(bed.other);
     EXPECT_EQ(bed.log, Log{"commit 3"});
     EXPECT_EQ(bed.editor, nullptr);
 
     // Behind its own message box, and before that opened.
-    bed.open<CPriceEditor>("1", "");
+    bed.open<CPriceControl>("1", "");
     hand::type("x");
     {
         const DialogTrap trap([this](HWND) { bed.editor.reset(); });
         hand::key(VK_RETURN);
     }
     EXPECT_EQ(bed.log, Log{"\"x\" is not a number"});
-    bed.open<CPriceEditor>("1", "");
+    bed.open<CPriceControl>("1", "");
     hand::type("x");
     SetFocus(bed.other);
     bed.editor.reset();
@@ -175,7 +178,7 @@ TEST_F(Editors, MayBeDestroyedAtAnyTime) {
     EXPECT_TRUE(bed.log.empty());
 
     // With the list's window, and with the focus in it.
-    bed.open<CPriceEditor>("1", "");
+    bed.open<CPriceControl>("1", "");
     hand::type("x");
     DestroyWindow(bed.list);
     pump();
@@ -193,7 +196,7 @@ HWND droppedList(HWND combo) {
 }
 
 TEST_F(Editors, AChoiceIsTakenByKeyOrMouse) {
-    HWND combo = bed.open<CComboEditor>("E", kChoices);
+    HWND combo = bed.open<CComboControl>("E", kChoices);
     hand::wheel(combo, -1);
     EXPECT_EQ(text(), "E");
     hand::key(VK_DOWN);
@@ -201,13 +204,13 @@ TEST_F(Editors, AChoiceIsTakenByKeyOrMouse) {
     hand::key(VK_RETURN);
     EXPECT_EQ(bed.log, Log{"commit D"});
 
-    bed.open<CComboEditor>("yes", kChoices);
+    bed.open<CComboControl>("yes", kChoices);
     EXPECT_EQ(text(), "yes") << "nothing changes silently";
     hand::key(VK_DOWN);
     SetFocus(bed.other);
     EXPECT_EQ(bed.log, Log{"commit E"});
 
-    combo = bed.open<CComboEditor>("E", kChoices);
+    combo = bed.open<CComboControl>("E", kChoices);
     hand::key(VK_F4);
     ASSERT_TRUE(SendMessageA(combo, CB_GETDROPPEDSTATE, 0, 0));
     hand::key(VK_DOWN);
@@ -223,7 +226,7 @@ TEST_F(Editors, AChoiceIsTakenByKeyOrMouse) {
     hand::key(VK_RETURN);
     EXPECT_EQ(bed.log, Log{"commit D"});
 
-    combo = bed.open<CComboEditor>("E", kChoices);
+    combo = bed.open<CComboControl>("E", kChoices);
     bed.editor->openedWithMouse();
     const HWND choices = droppedList(combo);
     RECT list{};
@@ -234,17 +237,17 @@ TEST_F(Editors, AChoiceIsTakenByKeyOrMouse) {
 }
 
 TEST_F(Editors, DatesGoInAndOutInTheirForm) {
-    bed.open<CDateTimeEditor>("31/12/2023", DateTimeForm::date);
+    bed.open<CDateTimeControl>("31/12/2023", DateTimeForm::date);
     hand::key(VK_UP);
     hand::key(VK_RETURN);
     EXPECT_EQ(bed.log, Log{"commit 01/12/2023"});
 
-    bed.open<CDateTimeEditor>("05/06/2024", DateTimeForm::date);
+    bed.open<CDateTimeControl>("05/06/2024", DateTimeForm::date);
     hand::type("7");
     hand::key(VK_RETURN);
     EXPECT_EQ(bed.log, Log{"commit 07/06/2024"}) << "typed digits count at Enter";
 
-    bed.open<CDateTimeEditor>("05/06/2024 10:20:30", DateTimeForm::dateAndTime);
+    bed.open<CDateTimeControl>("05/06/2024 10:20:30", DateTimeForm::dateAndTime);
     hand::key(VK_RIGHT);
     hand::key(VK_UP);
     SetFocus(bed.other);
@@ -252,7 +255,7 @@ TEST_F(Editors, DatesGoInAndOutInTheirForm) {
 
     // What was not touched comes back as it was.
     for (const char* before : {"5/6/2024", "soon", ""}) {
-        bed.open<CDateTimeEditor>(before, DateTimeForm::date);
+        bed.open<CDateTimeControl>(before, DateTimeForm::date);
         hand::key(VK_RETURN);
         EXPECT_EQ(bed.log, Log{"commit"});
     }

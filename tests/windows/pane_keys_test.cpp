@@ -76,6 +76,7 @@ TEST_F(PaneKeys, ADecisionNeedsItsOwnButton) {
         {"Space held on Accept",
          [] { SetFocus(button("Accept")), hand::hold(VK_SPACE, 5); },
          {"accepted 1"}},
+        // Posted: a hand's space would also have gone down where it was before.
         {"a space held since before",
          [] {
              SetFocus(button("Accept"));
@@ -199,7 +200,8 @@ TEST_F(PaneKeys, EscEndsADragAndNeverClosesThePane) {
     EXPECT_EQ(sent(), Texts{});
 }
 
-// The menu's loop of some systems takes keys out of the queue as a host's does.
+// The menu's loop of some systems takes keys out of the queue as a host's does. Posted and taken
+// here, as which call takes a key is what counts.
 TEST_F(PaneKeys, ThePaneTakesNoKeyWhileAMenuIsOpen) {
     const auto taken = [](UINT flags) {
         PostMessageA(mainList(), WM_KEYDOWN, VK_RETURN, 1);

@@ -33,7 +33,7 @@ std::string reasonOf(const TriedRequest& tried) {
 }  // namespace
 
 DecisionLog::DecisionLog() {
-    m_rows.setCellReader([this](Slot slot, ColumnId column) { return cellText(slot, column); });
+    m_rows.texts().setReader([this](Slot slot, ColumnId column) { return cellText(slot, column); });
 }
 
 void DecisionLog::note(const TriedRequest& tried, const sMakeCheckStruct& change, std::time_t now) {
@@ -106,7 +106,7 @@ Slot DecisionLog::newest() const {
 }
 
 std::string DecisionLog::summary() const {
-    const std::size_t count = m_rows.storedCount();
+    const std::size_t count = m_rows.stored().size();
     std::string text = countText(count) + (count == 1 ? " decision" : " decisions");
     if (m_awaited != 0)
         text += ", " + countText(m_awaited) +

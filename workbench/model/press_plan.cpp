@@ -105,7 +105,7 @@ PressPlan planPress(PressButton button, SelectedRecords selected, const PendingC
     plan.edits = details.modifiedValues.size();
     plan.key = details.key.value_or("");
     if (button == PressButton::update || button == PressButton::recover) return plan;
-    plan.deselected = changes.rows().deselectedByFilter();
+    plan.deselected = changes.rows().selection().deselectedByFilter();
     if (button == PressButton::accept)
         planAccept(plan, selected, changes);
     else

@@ -7,10 +7,10 @@ namespace mc {
 ListSummary queueSummary(const PendingChanges& changes) {
     const RecordStore& rows = changes.rows();
     return {.rows = rows.rowCount(),
-            .records = rows.storedCount(),
+            .records = rows.stored().size(),
             .filters = rows.filters().columns().size(),
             .quickFilter = changes.quickFilter().words(),
-            .selected = rows.selectedCount(),
+            .selected = rows.selection().count(),
             .notLookedAt = changes.states().notLookedAtVisible()};
 }
 

@@ -37,9 +37,9 @@ void Workbench::handlePublished(void* message) {
 
 // No hand changes the selection while a message is taken in.
 void Workbench::take(const FieldReader& message, Intake::Origin origin) {
-    const auto selection = m_changes.rows().selectionRevision();
+    const auto selection = m_changes.rows().selection().revision();
     m_intake.handle(message, origin);
-    if (m_changes.rows().selectionRevision() != selection) m_sight.moved();
+    if (m_changes.rows().selection().revision() != selection) m_sight.moved();
     neighboursMoved();
 }
 
@@ -173,7 +173,7 @@ void Workbench::noteTried(const TriedRequest& tried) {
 
 // Whether other changes are selected than the one that is looked at.
 bool Workbench::unselected() const {
-    return m_details.key() && m_changes.rows().selectedCount() != 0 &&
+    return m_details.key() && m_changes.rows().selection().count() != 0 &&
            !m_changes.selected(*m_details.key());
 }
 
@@ -194,15 +194,15 @@ bool Workbench::openNext() {
     const auto sent = [&](std::size_t row) {
         return m_changes.states().of(rows.slotAt(row)).sent != SentDecision::none;
     };
-    std::size_t row = rows.focusedRow().value_or(0);
+    std::size_t row = rows.selection().focusedRow().value_or(0);
     while (row < rows.rowCount() && sent(row)) ++row;
     const auto change = m_changes.recordAt(row);
     if (!change) return false;
     showDetails(*change);
     const auto now = rows.rowOf(change->slot);
     if (m_details.key() != change->key || !now) return false;
-    if (rows.isSelected(change->slot))
-        rows.setFocus(*now);
+    if (rows.selection().isSelected(change->slot))
+        rows.selection().setFocus(*now);
     else
         SelectionRules(rows).goTo(*now);
     selectionMade();
@@ -222,7 +222,8 @@ std::vector<Slot> Workbench::missingHalves() const {
 
 void Workbench::selectHalves(const std::vector<Slot>& halves) {
     for (const Slot half : halves)
-        if (const auto row = m_changes.rows().rowOf(half)) m_changes.rows().select(*row, true);
+        if (const auto row = m_changes.rows().rowOf(half))
+            m_changes.rows().selection().select(*row, true);
     selectionMade();
     m_view.rowsChanged();
 }

@@ -26,6 +26,15 @@ ColumnTexts& CellTexts::column(ColumnId column, const SlotSequence& stored) {
     return texts;
 }
 
+bool CellTexts::readsOnce(ColumnId column) {
+    return !keeps(column) && std::exchange(m_readOnce, column) != column;
+}
+
+void CellTexts::drop() {
+    m_kept.clear();
+    m_readOnce.reset();
+}
+
 void CellTexts::reread(Slot record) {
     for (auto& [column, texts] : m_kept) texts.set(record, read(record, column));
 }

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -36,6 +37,10 @@ public:
     std::string_view text(Slot record, ColumnId column) const;
 
     bool keeps(ColumnId column) const { return find(column) != nullptr; }
+    // Whether a sort by numbers had better read them from the records: keeping their texts costs
+    // more than the sort. Only the first sort by a column that isn't kept, as it pays from the
+    // second on.
+    bool readsOnce(ColumnId column);
     // All texts of a column. The first call reads those of all `stored` records.
     ColumnTexts& column(ColumnId column, const SlotSequence& stored);
 
@@ -45,7 +50,7 @@ public:
     void forget(Slot record);
     // Gives the memory of a column back, or of all: they are read again when next asked for.
     void drop(ColumnId column) { m_kept.erase(column); }
-    void drop() { m_kept.clear(); }
+    void drop();
 
 private:
     const ColumnTexts* find(ColumnId column) const;
@@ -53,6 +58,7 @@ private:
     CellReader m_reader;
     std::map<ColumnId, ColumnTexts*> m_shared;
     std::map<ColumnId, ColumnTexts> m_kept;
+    std::optional<ColumnId> m_readOnce;  // the column of which readsOnce() was last asked
 };
 
 }  // namespace mc

@@ -6,42 +6,26 @@
 // largest.
 //
 // Rows, as everywhere in this interface, are numbers of visible rows from the top; a stored
-// position counts all records in order of insertion. Nothing holds positions, they are counted when
-// asked for. Where no other cost is stated, a call takes at most a time that grows with the
-// logarithm of the number of records. All calls come from one thread.
+// position counts all records in order of insertion. Where no other cost is stated, a call takes at
+// most a time that grows with the logarithm of the number of records. All calls come from one
+// thread.
 //
-// The texts of columns that are filtered or sorted by are kept (CellTexts), read on first use and
-// again for a record that is refreshed; those that the owner shares are never read.
+// The store ties its parts: CellTexts has what records say, PassingRecords who has a row, RowOrder
+// where, and RowTable keeps records, rows and selection in step.
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
-#include <functional>
-#include <limits>
 #include <optional>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 #include "listctrl/model/table/cell_texts.h"
 #include "listctrl/model/table/distinct_values.h"
-#include "listctrl/model/table/row_filters.h"
-#include "listctrl/model/table/row_selection.h"
-#include "listctrl/model/table/slot_sequence.h"
+#include "listctrl/model/table/passing_records.h"
+#include "listctrl/model/table/row_order.h"
+#include "listctrl/model/table/row_table.h"
 #include "listctrl/model/table/sort_order.h"
 
 namespace mc {
-
-// What changed since a window last asked.
-struct RowChanges {
-    bool count = false;      // rowCount()
-    bool selection = false;  // of any row, the focus or the anchor
-    // The rows whose texts changed: none when empty; up to `kToTheEnd` when rows moved.
-    std::size_t first = 0;
-    std::size_t last = 0;
-
-    static constexpr std::size_t kToTheEnd = std::numeric_limits<std::size_t>::max();
-};
 
 class RecordStore {
 public:
@@ -53,13 +37,13 @@ public:
         filtersUneven,     // the lists of filter columns and texts differ in length
     };
 
-    // Without a reader the list has no data: nothing is inserted, filtered or sorted. Forgets the
-    // kept texts.
-    void setCellReader(CellReader reader);
+    // Without a reader, set here, the list has no data: nothing is inserted, filtered or sorted.
+    CellTexts& texts() { return m_texts; }
+    const CellTexts& texts() const { return m_texts; }
 
-    // The owner keeps the texts of a column: see CellTexts::share(). Its records' texts are set
-    // before they are inserted or refreshed.
-    void shareColumn(ColumnId column, ColumnTexts& texts) { m_texts.share(column, texts); }
+    // The text of a row's cell, as the reader gives it and as long as that lives; empty beyond the
+    // end, "no data descriptor initialised" without a reader.
+    std::string_view cellText(std::size_t row, ColumnId column) const;
 
     // ---- Records ----
 
@@ -88,52 +72,31 @@ public:
     // passes and still fits between its neighbours stays where it is.
     void refresh(Slot slot);
 
-    // The same, but a visible row stays visible, where it is.
-    void refreshShown(Slot slot);
+    // The record is as it was but for what the judge looks at.
+    void judgeAgain(Slot slot);
 
-    // The record is as it was but for what the judge looks at: it is judged and painted again.
-    void touch(Slot slot);
-    void touchAll() { rowsChanged(0, RowChanges::kToTheEnd); }
-
-    std::size_t storedCount() const { return m_stored.size(); }
-    bool stores(Slot slot) const { return slot < m_endSlot && m_stored.contains(slot); }
-    Slot storedAt(std::size_t position) const { return m_stored.at(position); }
-    std::size_t storedPosition(Slot slot) const { return m_stored.rowOf(slot); }
+    const SlotSequence& stored() const { return m_rows.stored(); }
 
     // ---- Rows ----
 
-    // Rows the list reports. Differs from the visible records only after a failed filter pass.
-    std::size_t rowCount() const { return m_rowCount; }
-
-    // The record in a row; kNoSlot beyond the end.
-    Slot slotAt(std::size_t row) const;
-
-    // The row of the record; none while it is filtered out, or when there is no such record.
-    std::optional<std::size_t> rowOf(Slot slot) const;
-
-    // Calls `visit` with the record of every visible row; it must not change the store.
-    template <class Visit>
-    void forEachVisible(Visit visit) const {
-        m_visible.forEach(visit);
-    }
-
-    // The text of a row's cell, as the reader gives it and as long as that lives; empty beyond the
-    // end, "no data descriptor initialised" without a reader.
-    std::string_view cellText(std::size_t row, ColumnId column) const;
-
-    // The text of a stored record's cell, from the kept ones where the column's are kept; for
-    // walking over many rows.
-    std::string_view text(Slot slot, ColumnId column) const { return m_texts.text(slot, column); }
+    const VisibleRows& visible() const { return m_rows.visible(); }
+    std::size_t rowCount() const { return visible().count(); }
+    Slot slotAt(std::size_t row) const { return visible().slotAt(row); }
+    std::optional<std::size_t> rowOf(Slot slot) const { return visible().rowOf(slot); }
 
     // Shows the rows from the last to the first. Row numbers are mirrored, nothing else changes.
-    void setReversed(bool reversed);
-    bool reversed() const { return m_reversed; }
+    void setReversed(bool reversed) { m_rows.setReversed(reversed); }
+
+    // Selection, focus and anchor belong to records and follow them.
+    SelectedRows& selection() { return m_rows.selection(); }
+    const SelectedRows& selection() const { return m_rows.selection(); }
 
     // ---- Filters ----
 
-    // What is set here counts from the next pass on.
-    RowFilters& filters() { return m_filters; }
-    const RowFilters& filters() const { return m_filters; }
+    RowFilters& filters() { return m_passing.filters(); }
+    const RowFilters& filters() const { return m_passing.filters(); }
+    // What filters with them.
+    PassingRecords& passing() { return m_passing; }
 
     // The filter pass: shows the records that pass all filters, in stored order, then sorts them.
     // Rows filtered out are deselected. Records that come or change later are judged as in this
@@ -141,125 +104,25 @@ public:
     // pass over the slots, and over the different texts of the filtered columns.
     Outcome filter();
 
-    // What else a record must satisfy to have a row; an empty function ends it. It counts from the
-    // next pass on, and for each record that comes, changes or is touched.
-    using Judge = std::function<bool(Slot)>;
-    void setJudge(Judge judge) { m_judge = std::move(judge); }
-
-    // What has the last word in a filter pass, and in what distinctValues() counts: it is given the
-    // records that pass, in stored order, and may take some away or add others. Records that come
-    // between passes are not arranged.
-    using Arrange = std::function<void(std::vector<Slot>& passing)>;
-    void setArrange(Arrange arrange) { m_arrange = std::move(arrange); }
-
-    // ---- Order ----
-
-    // Sorts the rows, and from now on keeps them so; rows that compare equal keep their order.
-    // Costs one pass over the rows and, where the column's texts are not yet ranked, one over
-    // these.
-    void sort(const SortOrder& order);
-    // Back to stored order, in one pass.
-    void unsort();
-    const std::optional<SortOrder>& sortOrder() const { return m_order; }
-
-    // ---- Selection, focus and anchor: they belong to records and follow them ----
-
-    // Rows beyond the end are ignored. selectAll() and clearSelection() take one pass.
-    void select(std::size_t row, bool on);
-    void selectAll();
-    void clearSelection();
-    bool selected(std::size_t row) const;
-    bool isSelected(Slot slot) const { return stores(slot) && m_selection.selected(slot); }
-    std::size_t selectedCount() const { return m_selection.count(); }
-    // Ascending. Counted when first asked for after a change, in a time that grows with the number
-    // of selected rows, or with all when they are many; valid until the next change.
-    const std::vector<std::size_t>& selectedRows() const;
-    // The selected records, in no order; valid until the next change.
-    const std::vector<Slot>& selectedSlots() const { return m_selection.slots(); }
-    // The same in row order, at the cost of selectedRows().
-    std::vector<Slot> selectedInOrder() const;
-    // Whether the list selected the record by itself, after a removal, and the hand has not since.
-    bool chosenByList(Slot slot) const { return stores(slot) && m_selection.chosenByList(slot); }
-    // How many rows filters have deselected since the hand last selected.
-    std::size_t deselectedByFilter() const { return m_deselectedByFilter; }
-    // Another value after every change of which records are selected.
-    std::uint64_t selectionRevision() const { return m_selection.revision(); }
-
-    // The row that the keys act on. Beyond the end: none.
-    void setFocus(std::size_t row);
-    std::optional<std::size_t> focusedRow() const;
-    // The row from which Shift selects. Beyond the end: none.
-    void setAnchor(std::size_t row);
-    std::optional<std::size_t> anchorRow() const;
-
-    // ---- Columns ----
-
     // The choices of a column over all records, filtered out or not, with how many rows each would
     // have under the other filters of the last pass. Costs as much as a filter pass.
     DistinctValues distinctValues(ColumnId column, ValueOrder order = ValueOrder::mostFrequent);
 
-    // The column's texts changed for all records (an expression did): forgets the kept ones. The
-    // rows change with the next pass.
-    void columnChanged(ColumnId column) { m_texts.drop(column); }
+    // ---- Order ----
 
-    // Gives the memory of the kept texts back; they are read again when next needed.
-    void dropTexts();
-
-    // ---- For the window ----
-
-    RowChanges takeChanges();
+    // Sorts the rows, and from now on keeps them so; rows that compare equal keep their order.
+    // Costs what RowOrder::arrange() does.
+    void sort(const SortOrder& order);
+    // Back to stored order, in one pass.
+    void unsort();
 
 private:
-    using ActiveFilter = RowFilters::Active;
-
-    void growTo(Slot slot);
-    void release(Slot slot);
-    void filterAgain(Slot slot);
-    void repaint(Slot slot);
-
-    void sortRows(std::vector<Slot>& rows, const SortOrder& order);
-    bool passes(Slot slot) const;
-    bool passes(Slot slot, const ActiveFilter& filter) const;
-    std::vector<Slot>& passing(std::optional<ColumnId> unfiltered = {});
-    void replaceRows(const std::vector<Slot>& slots);
-
-    // Rows of the visible map: as shown, unless the list is reversed.
-    std::size_t mapRow(std::size_t row) const { return m_reversed ? m_rowCount - 1 - row : row; }
-    template <class Before>
-    std::size_t firstNot(Before before) const;
-    std::size_t sortedRow(Slot slot) const;
-    std::size_t storedRow(Slot slot) const;
-    bool inOrder(Slot slot, std::size_t mapRow) const;
-    void moveIntoOrder(Slot slot, std::size_t mapRow);
-    void show(Slot slot, std::size_t mapRow);
-    void hide(Slot slot);
-    void deselectFiltered(Slot slot);
-    void selectionMade(bool changed);
-    void removeRow(Slot slot, std::size_t row);
-    void handOn(Slot slot, std::size_t row);
-    void rowsChanged(std::size_t first, std::size_t last);
+    void judgeAndPlace(Slot slot);
 
     CellTexts m_texts;
-    RowFilters m_filters;
-    Judge m_judge;
-    Arrange m_arrange;
-    SlotSequence m_stored;
-    SlotSequence m_visible;
-    std::size_t m_rowCount = 0;
-    bool m_reversed = false;
-
-    Slot m_endSlot = 0;  // behind the largest slot there has been
-    RowSelection m_selection;
-    std::size_t m_deselectedByFilter = 0;
-    // The selected rows as last counted, and at which revision of the selection.
-    mutable std::vector<std::size_t> m_selectedRows;
-    mutable std::optional<std::uint64_t> m_countedAt;
-
-    std::vector<Slot> m_passing;  // of the last pass; kept for its memory
-    std::optional<SortOrder> m_order;
-    // The column of numbers that was sorted last without kept texts.
-    std::optional<ColumnId> m_numbersSorted;
-    RowChanges m_changes;
+    RowTable m_rows;
+    PassingRecords m_passing{m_texts, m_rows.stored()};
+    RowOrder m_order{m_texts, m_rows};
 };
 
 // The message that tells the user of an outcome; null when there is nothing to tell.

@@ -32,7 +32,7 @@ ColumnFilter RowFilters::of(ColumnId column) const {
     return index < m_filters.size() ? m_filters[index] : ColumnFilter{};
 }
 
-bool RowFilters::judge() {
+bool RowFilters::apply() {
     if (m_columns.size() != m_filters.size()) return false;
     m_active.clear();
     for (std::size_t i = 0; i < m_columns.size(); ++i)

@@ -1,6 +1,6 @@
 // The filters of a list: one for each filtered column, and the patterns of the last pass.
 //
-// Setting a filter costs the number of filters and changes nothing yet: judge() makes all of them
+// Setting a filter costs the number of filters and changes nothing yet: apply() makes all of them
 // and the flags those by which records are judged until it is called again.
 #pragma once
 
@@ -15,7 +15,7 @@ namespace mc {
 
 class RowFilters {
 public:
-    // What a record's cell must match, as of the last judge().
+    // What a record's cell must match, as of the last apply().
     struct Active {
         ColumnId column;
         FilterPattern pattern;
@@ -24,7 +24,7 @@ public:
     // Sets, changes or, when the text is empty, ends the filter of a column.
     void set(ColumnId column, std::string_view text, FilterKind kind = FilterKind::pattern);
 
-    // All filters at once, as two lists that belong together; see judge().
+    // All filters at once, as two lists that belong together; see apply().
     void setAll(std::vector<ColumnId> columns, std::vector<ColumnFilter> filters);
     void clear() { setAll({}, {}); }
 
@@ -39,7 +39,7 @@ public:
 
     // Makes the filters those that count. False, and those that counted stay, when the two lists of
     // setAll() differ in length.
-    bool judge();
+    bool apply();
     const std::vector<Active>& active() const { return m_active; }
 
 private:

@@ -19,9 +19,10 @@ public:
     // Makes room for slots below `count`.
     void grow(std::size_t count) { growBySlot(m_entries, count); }
 
-    bool selected(Slot slot) const { return m_entries[slot].selected; }
+    // Of any number, kNoSlot too.
+    bool selected(Slot slot) const { return slot < m_entries.size() && m_entries[slot].selected; }
     // Whether it is selected, and by the list alone.
-    bool chosenByList(Slot slot) const { return m_entries[slot].byList; }
+    bool chosenByList(Slot slot) const { return slot < m_entries.size() && m_entries[slot].byList; }
     std::size_t count() const { return m_count; }
 
     // In no order. The first time after some were deselected, costs a pass over them.
@@ -38,7 +39,7 @@ public:
     // Grows with every change of which records are selected, and never comes back to a value.
     std::uint64_t revision() const { return m_revision; }
 
-    // Each returns whether it changed anything. What the hand selected stays the hand's.
+    // Returns whether it changed anything. What the hand selected stays the hand's.
     bool select(Slot slot, bool on, By by = By::hand) {
         if (on == selected(slot)) return on && by == By::hand && takeOver(slot);
         if (on && !m_entries[slot].listed) m_slots.push_back(slot);
@@ -47,18 +48,23 @@ public:
         ++m_revision;
         return true;
     }
-    bool setFocus(Slot slot) { return set(m_focus, slot); }
-    bool setAnchor(Slot slot) { return set(m_anchor, slot); }
+    void setFocus(Slot slot) { m_focus = slot; }
+    void setAnchor(Slot slot) { m_anchor = slot; }
 
     // The record is out of sight or gone: nothing of the selection is left with it.
-    bool forget(Slot slot) { return handOn(slot, kNoSlot) | select(slot, false); }
-
-    // Focus and anchor of a record that goes become those of another, or end.
-    bool handOn(Slot slot, Slot heir) {
-        return (m_focus == slot && setFocus(heir)) | (m_anchor == slot && setAnchor(heir));
+    void forget(Slot slot) {
+        handOn(slot, kNoSlot);
+        select(slot, false);
     }
 
-    // Deselects all; focus and anchor stay. Costs the number of those selected since the last time.
+    // Focus and anchor of a record that goes become those of another, or end.
+    void handOn(Slot slot, Slot heir) {
+        if (m_focus == slot) m_focus = heir;
+        if (m_anchor == slot) m_anchor = heir;
+    }
+
+    // Deselects all; focus and anchor stay. Returns whether any was selected. Costs the number of
+    // those selected since the last time.
     bool clear() {
         if (m_count == 0) return false;
         for (const Slot slot : m_slots) m_entries[slot] = {};
@@ -82,12 +88,6 @@ private:
         bool selected : 1, byList : 1;
         bool listed : 1;  // in m_slots, where it stays for a while when it is deselected
     };
-
-    static bool set(Slot& held, Slot slot) {
-        const bool changed = held != slot;
-        held = slot;
-        return changed;
-    }
 
     bool takeOver(Slot slot) {
         if (!chosenByList(slot)) return false;

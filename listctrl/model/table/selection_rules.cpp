@@ -5,61 +5,61 @@
 namespace mc {
 
 void SelectionRules::selectOnly(std::size_t row) {
-    if (m_store.selectedCount() != 1 || !m_store.selected(row)) m_store.clearSelection();
-    m_store.select(row, true);
-    m_store.setAnchor(row);
+    if (m_selection.count() != 1 || !m_selection.selected(row)) m_selection.clear();
+    m_selection.select(row, true);
+    m_selection.setAnchor(row);
 }
 
 // From the anchor or else from `from`, which is the anchor from then on.
 void SelectionRules::extend(std::size_t from, std::size_t to, bool keepOthers) {
-    if (const auto anchor = m_store.anchorRow())
+    if (const auto anchor = m_selection.anchorRow())
         from = *anchor;
     else
-        m_store.setAnchor(from);
-    if (!keepOthers) m_store.clearSelection();
+        m_selection.setAnchor(from);
+    if (!keepOthers) m_selection.clear();
     for (std::size_t row = std::min(from, to); row <= std::max(from, to); ++row)
-        m_store.select(row, true);
+        m_selection.select(row, true);
 }
 
 void SelectionRules::toggle(std::size_t row) {
-    m_store.select(row, !m_store.selected(row));
-    m_store.setAnchor(row);
+    m_selection.select(row, !m_selection.selected(row));
+    m_selection.setAnchor(row);
 }
 
 void SelectionRules::goTo(std::size_t row) {
     selectOnly(row);
-    m_store.setFocus(row);
+    m_selection.setFocus(row);
 }
 
 void SelectionRules::selectAll() {
-    m_store.selectAll();
-    if (!m_store.focusedRow()) m_store.setFocus(0);
+    m_selection.selectAll();
+    if (!m_selection.focusedRow()) m_selection.setFocus(0);
 }
 
 void SelectionRules::click(std::optional<std::size_t> row, Modifiers keys) {
-    if (!row || *row >= m_store.rowCount()) {
-        if (!keys.ctrl && !keys.shift) m_store.clearSelection();
+    if (!row || *row >= m_rows.count()) {
+        if (!keys.ctrl && !keys.shift) m_selection.clear();
         return;
     }
     if (keys.shift)
-        extend(m_store.focusedRow().value_or(*row), *row, keys.ctrl);
+        extend(m_selection.focusedRow().value_or(*row), *row, keys.ctrl);
     else if (keys.ctrl)
         toggle(*row);
     else
         selectOnly(*row);
-    m_store.setFocus(*row);
+    m_selection.setFocus(*row);
 }
 
 void SelectionRules::rightClick(std::optional<std::size_t> row) {
-    if (!row || *row >= m_store.rowCount()) return;
-    if (!m_store.selected(*row)) selectOnly(*row);
-    m_store.setFocus(*row);
+    if (!row || *row >= m_rows.count()) return;
+    if (!m_selection.selected(*row)) selectOnly(*row);
+    m_selection.setFocus(*row);
 }
 
 std::optional<std::size_t> SelectionRules::move(Move move, std::size_t pageRows, Modifiers keys) {
-    if (m_store.rowCount() == 0) return std::nullopt;
-    const std::size_t last = m_store.rowCount() - 1;
-    const auto focused = m_store.focusedRow();
+    if (m_rows.count() == 0) return std::nullopt;
+    const std::size_t last = m_rows.count() - 1;
+    const auto focused = m_selection.focusedRow();
     const std::size_t from = focused.value_or(0);
     const std::size_t page = std::max<std::size_t>(pageRows, 2) - 1;
     std::size_t to = from;
@@ -87,17 +87,17 @@ std::optional<std::size_t> SelectionRules::move(Move move, std::size_t pageRows,
         extend(from, to, keys.ctrl);
     else if (!keys.ctrl)
         selectOnly(to);
-    m_store.setFocus(to);
+    m_selection.setFocus(to);
     return to;
 }
 
 void SelectionRules::space(Modifiers keys) {
-    const auto row = m_store.focusedRow();
+    const auto row = m_selection.focusedRow();
     if (!row) return;
     if (keys.shift) return extend(*row, *row, keys.ctrl);
     if (keys.ctrl) return toggle(*row);
-    m_store.select(*row, true);
-    m_store.setAnchor(*row);
+    m_selection.select(*row, true);
+    m_selection.setAnchor(*row);
 }
 
 // ---- What others ask ----
@@ -106,7 +106,7 @@ namespace {
 
 std::optional<std::size_t> nextSelected(const RecordStore& store, std::optional<std::size_t> start,
                                         bool above) {
-    const auto& rows = store.selectedRows();
+    const auto& rows = store.selection().rows();
     if (above) {
         const auto found = std::lower_bound(rows.begin(), rows.end(), *start);
         return found != rows.begin() ? std::optional(*(found - 1)) : std::nullopt;
@@ -122,8 +122,8 @@ std::optional<std::size_t> nextRow(const RecordStore& store, std::optional<std::
     if (wanted.above && !start) return std::nullopt;
     if (start && *start >= store.rowCount()) return std::nullopt;
     if (wanted.focused) {
-        const auto row = store.focusedRow();
-        if (!row || (wanted.selected && !store.selected(*row))) return std::nullopt;
+        const auto row = store.selection().focusedRow();
+        if (!row || (wanted.selected && !store.selection().selected(*row))) return std::nullopt;
         const bool there = wanted.above ? *row < *start : !start || *row > *start;
         return there ? row : std::nullopt;
     }

@@ -25,7 +25,8 @@ enum class Move { up, down, pageUp, pageDown, home, end };
 class SelectionRules {
 public:
     // The store must outlive the object.
-    explicit SelectionRules(RecordStore& store) : m_store(store) {}
+    explicit SelectionRules(RecordStore& store)
+        : m_rows(store.visible()), m_selection(store.selection()) {}
 
     // The left button on a row; none is the room below the rows.
     void click(std::optional<std::size_t> row, Modifiers keys);
@@ -50,7 +51,8 @@ private:
     void extend(std::size_t from, std::size_t to, bool keepOthers);
     void toggle(std::size_t row);
 
-    RecordStore& m_store;
+    const VisibleRows& m_rows;
+    SelectedRows& m_selection;
 };
 
 // The next row that others ask for: selected, focused, both or any.

@@ -1,6 +1,7 @@
 // An ordered sequence of slots: the numbers under which a store keeps what belongs to its records.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -14,11 +15,11 @@ using Slot = std::uint32_t;
 inline constexpr Slot kNoSlot = ~Slot{0};
 
 // Makes room for slots below `count` in what is kept by slot, and for a quarter more, so that it
-// seldom has to.
+// seldom has to; in a short list for a few hundred more.
 template <class Kept>
 void growBySlot(std::vector<Kept>& kept, std::size_t count, const Kept& empty = {}) {
     if (count <= kept.size()) return;
-    kept.reserve(count + count / 4);  // resize() alone would double it
+    kept.reserve(count + std::max<std::size_t>(count / 4, 256));  // resize() alone would double it
     kept.resize(kept.capacity(), empty);
 }
 
@@ -27,6 +28,7 @@ public:
     using Block = SequenceBlock<Slot>;
     Block*& operator()(Slot slot) { return m_homes[slot]; }
     Block* operator()(Slot slot) const { return m_homes[slot]; }
+    bool has(Slot slot) const { return slot < m_homes.size() && m_homes[slot] != nullptr; }
 
     void grow(std::size_t count) { growBySlot(m_homes, count); }
 
@@ -36,7 +38,14 @@ private:
 
 class SlotSequence : public BlockedSequence<Slot, SlotHomes> {
 public:
-    bool contains(Slot slot) const { return homes()(slot) != nullptr; }
+    // Of any number, kNoSlot too.
+    bool contains(Slot slot) const { return homes().has(slot); }
+
+    // Takes every slot out, and gives back the room that was made for them.
+    void reset() {
+        clear();
+        homes() = {};
+    }
 };
 
 }  // namespace mc

@@ -11,7 +11,7 @@ std::optional<std::size_t> findRow(const RecordStore& rows, ColumnId column, std
     const auto fits = [&](std::size_t row) {
         const Slot slot = rows.slotAt(row);
         if (slot == kNoSlot) return false;
-        const std::string_view cell = rows.text(slot, column);
+        const std::string_view cell = rows.texts().text(slot, column);
         if (cell.size() < search.text.size()) return false;
         if (search.whole && cell.size() != search.text.size()) return false;
         return std::equal(search.text.begin(), search.text.end(), cell.begin(),
@@ -30,7 +30,7 @@ std::optional<std::size_t> TypeToFind::type(char letter, std::uint32_t now, cons
     if (!typing(now)) m_text.clear();
     m_last = now;
     m_text += letter;
-    const auto focused = rows.focusedRow();
+    const auto focused = rows.selection().focusedRow();
     const std::size_t next = focused ? *focused + 1 : 0;
     const std::size_t first = m_text.size() == 1 ? next : focused.value_or(0);
     if (const auto row = findRow(rows, column, first, {m_text})) return row;

@@ -96,7 +96,6 @@ void ChangeStates::recoverSent() {
         bits.doubtful = bits.pending;
         bits.newByRecover = false;
     }
-    m_rows.touchAll();
     m_view.statesChanged();
 }
 
@@ -113,7 +112,7 @@ void ChangeStates::setReading(Bits& bits, Reading reading) {
 
 void ChangeStates::touch(Slot slot) {
     if (slot == kNoSlot) return;
-    m_rows.touch(slot);
+    m_rows.judgeAgain(slot);
     m_view.statesChanged();
 }
 
@@ -128,7 +127,7 @@ ChangeState ChangeStates::of(Slot slot) const {
             .shown = m_shown == slot,
             .doubtful = bits.doubtful,
             .newByRecover = bits.newByRecover,
-            .chosenByList = m_rows.chosenByList(slot)};
+            .chosenByList = m_rows.selection().chosenByList(slot)};
 }
 
 StateCounts ChangeStates::count(std::span<const Slot> slots) const {
@@ -151,9 +150,9 @@ StateCounts ChangeStates::count(std::span<const Slot> slots) const {
 }
 
 std::size_t ChangeStates::notLookedAtVisible() const {
-    if (m_rows.rowCount() == m_rows.storedCount()) return m_notLookedAt;
+    if (m_rows.rowCount() == m_rows.stored().size()) return m_notLookedAt;
     std::size_t count = 0;
-    m_rows.forEachVisible(
+    m_rows.visible().order().forEach(
         [&](Slot slot) { count += m_bits[slot].reading == Reading::notLookedAt; });
     return count;
 }

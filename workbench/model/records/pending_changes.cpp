@@ -30,10 +30,10 @@ PendingChanges::PendingChanges(RecordsView& view)
       m_quickFilter(
           m_rows, m_states, [this](Slot slot) { return halfOf(slot) != Half::none; },
           [this](Slot slot) { return sameAs(slot); }) {
-    m_rows.setCellReader([this](Slot slot, ColumnId column) { return cellText(slot, column); });
-    m_rows.shareColumn(kKindColumn, m_kinds);
+    m_rows.texts().setReader([this](Slot slot, ColumnId column) { return cellText(slot, column); });
+    m_rows.texts().share(kKindColumn, m_kinds);
     for (std::size_t i = 0; i < kCodedCount; ++i)
-        if (kCodedFields[i].column) m_rows.shareColumn(*kCodedFields[i].column, m_coded[i]);
+        if (kCodedFields[i].column) m_rows.texts().share(*kCodedFields[i].column, m_coded[i]);
 }
 
 // ---- Reading ----
@@ -93,7 +93,7 @@ std::string_view PendingChanges::text(Slot slot, CodedText which) const {
 
 // Of an investor, whose new user and new client are accepted together.
 bool PendingChanges::isPending(const PendingChange& change) const {
-    return m_rows.stores(change.slot) && m_own[change.slot].key.view() == change.key;
+    return m_rows.stored().contains(change.slot) && m_own[change.slot].key.view() == change.key;
 }
 
 std::optional<PendingChange> PendingChanges::current(const PendingChange& change) const {
@@ -102,7 +102,7 @@ std::optional<PendingChange> PendingChanges::current(const PendingChange& change
 
 bool PendingChanges::selected(std::string_view key) const {
     const auto row = m_rows.rowOf(m_index.find(key));
-    return row && m_rows.selected(*row);
+    return row && m_rows.selection().selected(*row);
 }
 
 // ---- Investors' pairs ----
@@ -122,7 +122,7 @@ Slot PendingChanges::otherHalf(Slot slot) const {
     const Half half = halfOf(slot), other = half == Half::user ? Half::client : Half::user;
     if (half == Half::none) return kNoSlot;
     return m_byEntity.findIf({EntityKind::user, userOf(slot, half)}, [&](Slot each) {
-        return halfOf(each) == other && !m_rows.isSelected(each);
+        return halfOf(each) == other && !m_rows.selection().isSelected(each);
     });
 }
 
@@ -231,7 +231,7 @@ void PendingChanges::addRecord(std::string_view key, const ChangeTexts& texts, O
     if (added) {
         write(slot, texts);
         m_states.came(slot, origin);
-        if (m_rows.insertItem(m_rows.storedCount(), slot)) {
+        if (m_rows.insertItem(m_rows.stored().size(), slot)) {
             m_byEntity.insert(slot);
             return m_view.rowsChanged();
         }
@@ -253,7 +253,7 @@ void PendingChanges::removeRecord(std::string_view key) {
 }
 
 bool PendingChanges::rewriteRecord(Slot slot, const ChangeTexts& texts) {
-    if (!m_rows.stores(slot)) return false;
+    if (!m_rows.stored().contains(slot)) return false;
     const bool renamed = renames(slot, texts);
     if (renamed) m_byEntity.erase(slot);
     m_states.cameAgain(slot, write(slot, texts));
@@ -268,7 +268,7 @@ void PendingChanges::refreshRecord(Slot slot, const ChangeTexts& texts) {
 }
 
 void PendingChanges::clearAllRecords() {
-    for (std::size_t i = 0; i < size() && m_holds > 0; ++i) m_gone.push_back(m_rows.storedAt(i));
+    for (std::size_t i = 0; i < size() && m_holds > 0; ++i) m_gone.push_back(m_rows.stored().at(i));
     m_rows.reset();
     m_states.clear();
     m_index.clear();

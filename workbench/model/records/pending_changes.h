@@ -47,10 +47,10 @@ public:
     PendingChanges(const PendingChanges&) = delete;
     PendingChanges& operator=(const PendingChanges&) = delete;
 
-    std::size_t size() const { return m_rows.storedCount(); }
+    std::size_t size() const { return m_rows.stored().size(); }
 
     // The change at `position` in order of arrival, below size().
-    PendingChange at(std::size_t position) const { return read(m_rows.storedAt(position)); }
+    PendingChange at(std::size_t position) const { return read(m_rows.stored().at(position)); }
 
     // The rows of the main list: which changes show, in which order, and which are selected.
     RecordStore& rows() { return m_rows; }
@@ -70,7 +70,7 @@ public:
     std::optional<PendingChange> recordIn(Slot slot) const;
 
     // The slots of the changes whose rows are selected, in row order: one pass over the rows.
-    std::vector<Slot> selectedRecords() const { return m_rows.selectedInOrder(); }
+    std::vector<Slot> selectedRecords() const { return m_rows.selection().inOrder(); }
 
     // Which half of an investor's new user and client a change is, and of such a half the id of that
     // user, until the next change comes or changes. Of a slot that it has, or had while there is a
@@ -106,7 +106,7 @@ public:
 
     // Whether it is still pending, though perhaps with other texts. By slot: while there is a Hold.
     bool isPending(const PendingChange& change) const;
-    bool isPending(Slot slot) const { return m_rows.stores(slot); }
+    bool isPending(Slot slot) const { return m_rows.stored().contains(slot); }
 
     // The same change as it is now; none when it is no longer pending.
     std::optional<PendingChange> current(const PendingChange& change) const;

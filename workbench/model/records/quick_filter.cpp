@@ -39,9 +39,9 @@ void QuickFilter::choose(Kind kind) {
     // One that passes now is read like one that is opened from now on.
     if (m_states.shown() != kNoSlot && holds(m_states.shown())) --m_openings;
     if (kind == Kind::off)
-        m_rows.setJudge({});
+        m_rows.passing().setJudge({});
     else
-        m_rows.setJudge([this](Slot slot) { return passes(slot); });
+        m_rows.passing().setJudge([this](Slot slot) { return passes(slot); });
 }
 
 bool QuickFilter::passes(Slot slot) const {

@@ -1,6 +1,8 @@
-#include "editors/date_time_editor.h"
+#include "editors/date_time_control.h"
 
 #include <algorithm>
+
+#include "editors/cell_editor.h"
 
 namespace mc {
 namespace {
@@ -24,84 +26,84 @@ SYSTEMTIME systemTime(const DateTimeParts& parts) {
 
 }  // namespace
 
-CDateTimeEditor::CDateTimeEditor(CellEditorOwner& owner, DateTimeForm form)
-    : CCellEditor(owner, {DATETIMEPICK_CLASSA, 0, 0, 0}), m_form(form) {
+CDateTimeControl::CDateTimeControl(DateTimeForm form)
+    : CCellControl({DATETIMEPICK_CLASSA, 0, 0, 0}), m_form(form) {
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_DATE_CLASSES};
     InitCommonControlsEx(&controls);
 }
 
-const fw::MessageMap& CDateTimeEditor::messageMap() const {
+const fw::MessageMap& CDateTimeControl::messageMap() const {
     static constexpr fw::MessageEntry entries[] = {
-        fw::onNotify<fw::kAnyId, DTN_DATETIMECHANGE, &CDateTimeEditor::onChanged>(),
-        fw::onNotify<fw::kAnyId, DTN_CLOSEUP, &CDateTimeEditor::onCalendarClosed>(),
+        fw::onReflected<DTN_DATETIMECHANGE, &CDateTimeControl::onChanged>(),
+        fw::onReflected<DTN_CLOSEUP, &CDateTimeControl::onCalendarClosed>(),
     };
     static const fw::MessageMap map{&baseMap(), entries};
     return map;
 }
 
-void CDateTimeEditor::fill(std::string_view text) {
+void CDateTimeControl::fill(std::string_view text) {
     m_opened = text;
-    DateTime_SetFormat(control(), formatOf(m_form));
+    DateTime_SetFormat(handle(), formatOf(m_form));
     if (const auto parts = readDateTime(text, m_form)) {
         const SYSTEMTIME time = systemTime(*parts);
-        DateTime_SetSystemtime(control(), GDT_VALID, &time);
+        DateTime_SetSystemtime(handle(), GDT_VALID, &time);
     }
     m_changed = false;
 }
 
-int CDateTimeEditor::fitHeight(int room) const {
+int CDateTimeControl::fitHeight(int room) const {
     return std::max(room, textHeight() + scaled(kFrames));
 }
 
 // The first part, so that arrows and digits do something: a picker that gets the focus otherwise
 // than by a click may have no part selected.
-void CDateTimeEditor::select() {
+void CDateTimeControl::select() {
     RECT room{};
-    GetClientRect(control(), &room);
-    UpdateWindow(control());  // where the parts are is known once they are painted
+    GetClientRect(handle(), &room);
+    UpdateWindow(handle());  // where the parts are is known once they are painted
     const LPARAM first = MAKELPARAM(scaled(kFrames), room.bottom / 2);
-    SendMessageA(control(), WM_LBUTTONDOWN, MK_LBUTTON, first);
-    SendMessageA(control(), WM_LBUTTONUP, 0, first);
+    SendMessageA(handle(), WM_LBUTTONDOWN, MK_LBUTTON, first);
+    SendMessageA(handle(), WM_LBUTTONUP, 0, first);
 }
 
-std::string CDateTimeEditor::text() const {
+std::string CDateTimeControl::text() const {
     SYSTEMTIME time{};
-    if (!m_changed || DateTime_GetSystemtime(control(), &time) != GDT_VALID) return m_opened;
+    if (!m_changed || DateTime_GetSystemtime(handle(), &time) != GDT_VALID) return m_opened;
     return dateTimeText(
         {time.wDay, time.wMonth, time.wYear, time.wHour, time.wMinute, time.wSecond}, m_form);
 }
 
 // Digits count when the picker loses the focus.
-void CDateTimeEditor::finishTyping() {
-    if (GetFocus() == control()) SetFocus(handle());
+void CDateTimeControl::finishTyping() {
+    if (GetFocus() == handle()) SetFocus(editor().handle());
 }
 
-HWND CDateTimeEditor::calendar() const {
-    return DateTime_GetMonthCal(control());
+HWND CDateTimeControl::calendar() const {
+    return DateTime_GetMonthCal(handle());
 }
 
-bool CDateTimeEditor::dropped() const {
+bool CDateTimeControl::dropped() const {
     const HWND shown = calendar();
     return shown != nullptr && IsWindowVisible(shown) != 0;
 }
 
 // A calendar that was the active window leaves the focus to the frame around the list.
-void CDateTimeEditor::onCalendarClosed(NMHDR&) {
-    if (IsChild(GetFocus(), handle()) != 0)
-        SetFocus(control());
+void CDateTimeControl::onCalendarClosed(NMHDR&) {
+    if (IsChild(GetFocus(), editor().handle()) != 0)
+        SetFocus(handle());
     else
-        checkFocusLater();
+        editor().checkFocusLater();
 }
 
 // Not every picker knows the message.
-void CDateTimeEditor::closeDropped() {
-    DateTime_CloseMonthCal(control());
+void CDateTimeControl::closeDropped() {
+    DateTime_CloseMonthCal(handle());
     if (dropped()) ShowWindow(calendar(), SW_HIDE);
 }
 
 // The calendar is a window beside the picker.
-bool CDateTimeEditor::owns(HWND window) const {
-    if (CCellEditor::owns(window)) return true;
+bool CDateTimeControl::owns(HWND window) const {
+    if (CCellControl::owns(window)) return true;
     const HWND shown = calendar();
     return shown != nullptr && fw::isWithin(shown, window);
 }

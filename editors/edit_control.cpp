@@ -1,4 +1,4 @@
-#include "editors/edit_editor.h"
+#include "editors/edit_control.h"
 
 #include "editors/model/typed_text.h"
 #include "framework/controls.h"
@@ -26,51 +26,51 @@ void beep() {
 
 }  // namespace
 
-CEditEditor::CEditEditor(CellEditorOwner& owner, std::string_view allowed)
-    : CCellEditor(owner, {WC_EDITA, ES_AUTOHSCROLL, WS_BORDER, 0}), m_allowed(allowed) {}
+CEditControl::CEditControl(std::string_view allowed)
+    : CCellControl({WC_EDITA, ES_AUTOHSCROLL, WS_BORDER, 0}), m_allowed(allowed) {}
 
-void CEditEditor::fill(std::string_view text) {
-    SetWindowTextA(control(), std::string(text).c_str());
-    fw::Edit(control()).setLimit(kMaxText);
+void CEditControl::fill(std::string_view text) {
+    SetWindowTextA(handle(), std::string(text).c_str());
+    fw::Edit(handle()).setLimit(kMaxText);
 }
 
 // An edit draws its text at its top, so it is made only as high as the text and centred in the
 // cell.
-int CEditEditor::fitHeight(int) const {
+int CEditControl::fitHeight(int) const {
     return textHeight();
 }
 
-void CEditEditor::select() {
-    fw::Edit(control()).selectAll();
+void CEditControl::select() {
+    fw::Edit(handle()).selectAll();
 }
 
-std::string CEditEditor::text() const {
-    return fw::textOf(control());
+std::string CEditControl::text() const {
+    return fw::textOf(handle());
 }
 
 // Text comes into an edit in more ways than keys and pasting; an input method's is one.
-std::optional<std::string> CEditEditor::refusal() const {
-    const std::string typed = CEditEditor::text();
+std::optional<std::string> CEditControl::refusal() const {
+    const std::string typed = CEditControl::text();
     if (allAllowed(typed, m_allowed)) return {};
     return '"' + typed + "\" has characters that cannot be used here";
 }
 
-bool CEditEditor::onCharacter(UINT character) {
+bool CEditControl::onCharacter(UINT character) {
     const TypedCharacter use = typedCharacter(character, m_allowed);
     if (use == TypedCharacter::selectAll) select();
     if (use == TypedCharacter::refused) beep();
     return use != TypedCharacter::text && use != TypedCharacter::command;
 }
 
-bool CEditEditor::fits(std::string_view pasted) const {
-    const auto [first, end] = fw::Edit(control()).selection();
-    const auto kept = CEditEditor::text().size() - (end - first);
+bool CEditControl::fits(std::string_view pasted) const {
+    const auto [first, end] = fw::Edit(handle()).selection();
+    const auto kept = CEditControl::text().size() - (end - first);
     return kept + pasted.size() <= kMaxText;
 }
 
 // All or nothing: a text that lost some of its characters would be another one.
-bool CEditEditor::onPaste() {
-    const std::string clipboard = clipboardText(control());
+bool CEditControl::onPaste() {
+    const std::string clipboard = clipboardText(handle());
     const std::string_view pasted = firstLine(clipboard);
     if (allAllowed(pasted, m_allowed) && fits(pasted)) return false;
     beep();

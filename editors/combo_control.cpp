@@ -1,32 +1,33 @@
-#include "editors/combo_editor.h"
+#include "editors/combo_control.h"
 
 #include <algorithm>
+
+#include "editors/cell_editor.h"
 
 namespace mc {
 namespace {
 
-// Posted by the editor to itself when a choice was taken from the dropped list: the control is
-// still busy closing it. wParam, lParam and result are not used.
+// Posted by the control to itself when a choice was taken from the dropped list: it is
+// still busy closing that. wParam, lParam and result are not used.
 constexpr UINT kTaken = WM_APP + 0x1C59;
 
 constexpr int kDropHeight = 200;
 
 }  // namespace
 
-CComboEditor::CComboEditor(CellEditorOwner& owner, std::vector<std::string> choices)
-    : CCellEditor(owner, {WC_COMBOBOXA, CBS_DROPDOWNLIST | WS_VSCROLL, 0, kDropHeight}),
+CComboControl::CComboControl(std::vector<std::string> choices)
+    : CCellControl({WC_COMBOBOXA, CBS_DROPDOWNLIST | WS_VSCROLL, 0, kDropHeight}),
       m_choices(std::move(choices)) {}
 
-const fw::MessageMap& CComboEditor::messageMap() const {
+const fw::MessageMap& CComboControl::messageMap() const {
     static constexpr fw::MessageEntry entries[] = {
-        fw::onAnyCommand<&CComboEditor::onComboCommand>(),
-        fw::on<kTaken, &CComboEditor::onTaken>(),
+        fw::on<kTaken, &CComboControl::onTaken>(),
     };
     static const fw::MessageMap map{&baseMap(), entries};
     return map;
 }
 
-void CComboEditor::fill(std::string_view text) {
+void CComboControl::fill(std::string_view text) {
     auto chosen = std::find(m_choices.begin(), m_choices.end(), text);
     if (chosen == m_choices.end()) chosen = m_choices.emplace(m_choices.begin(), text);
     for (const std::string& choice : m_choices) combo().add(choice);
@@ -34,17 +35,17 @@ void CComboEditor::fill(std::string_view text) {
 }
 
 // The control makes itself as high as its font asks for.
-int CComboEditor::fitHeight(int) const {
-    return fw::heightOf(fw::screenRect(control()));
+int CComboControl::fitHeight(int) const {
+    return fw::heightOf(fw::screenRect(handle()));
 }
 
-std::string CComboEditor::text() const {
+std::string CComboControl::text() const {
     const auto chosen = combo().selected();
     return chosen ? m_choices[*chosen] : std::string();
 }
 
 // The control says that a choice was taken, or was not, at other times too.
-void CComboEditor::onComboCommand(UINT, UINT code) {
+void CComboControl::onCommand(UINT code) {
     if (code == CBN_DROPDOWN) m_beforeDrop = combo().selected();
     if ((code != CBN_SELENDOK && code != CBN_SELENDCANCEL) || !m_beforeDrop) return;
     if (code == CBN_SELENDOK)
@@ -52,6 +53,10 @@ void CComboEditor::onComboCommand(UINT, UINT code) {
     else
         combo().select(m_beforeDrop);
     m_beforeDrop.reset();
+}
+
+void CComboControl::onTaken() {
+    editor().end(EditEnd::commit);
 }
 
 }  // namespace mc

@@ -1,11 +1,11 @@
-// CEditEditor: a line of text typed over a cell.
+// CEditControl: a line of text typed over a cell.
 #pragma once
 
-#include "editors/cell_editor.h"
+#include "editors/cell_control.h"
 
 namespace mc {
 
-class CEditEditor : public CCellEditor {
+class CEditControl : public CCellControl {
 public:
     // As much as a cell shows.
     static constexpr std::size_t kMaxText = 255;
@@ -13,15 +13,16 @@ public:
     // Other characters than the allowed ones cannot be typed, and text that has one cannot be
     // pasted; no allowed characters means all. A longer text than kMaxText can be opened, but
     // not typed.
-    CEditEditor(CellEditorOwner& owner, std::string_view allowed);
+    explicit CEditControl(std::string_view allowed);
 
     std::string text() const override;
 
-protected:
-    void fill(std::string_view text) override;
+    std::optional<std::string> refusal() const override;
     int fitHeight(int room) const override;
     void select() override;
-    std::optional<std::string> refusal() const override;
+
+protected:
+    void fill(std::string_view text) override;
     bool onCharacter(UINT character) override;
     bool onPaste() override;
 
