@@ -86,6 +86,12 @@ void CDetailEditing::close() {
     if (closed != nullptr && closed->owns(GetFocus())) SetFocus(m_list.handle());
 }
 
+TypedValue CDetailEditing::typed() const {
+    if (m_editor == nullptr || m_edited == nullptr || !m_editor->changed()) return {};
+    if (m_editor->refused()) return {.refused = true};
+    return {.field = m_edited->row->mnemonic};
+}
+
 // ---- Cells and lines that move ----
 
 void CDetailEditing::cellsMove() {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "details/edit_messages.h"
 #include "details/model/line_groups.h"
 #include "details/multi_line_list_ctrl.h"
 #include "editors/cell_editor.h"
@@ -37,6 +38,9 @@ public:
     // Ends an edit without its text.
     void close();
 
+    // What leave() would do with the text that is being typed.
+    TypedValue typed() const;
+
     // Cells move: an edit ends; only an editor whose text is refused stays, and follows its cell.
     void cellsMove();
 
@@ -53,6 +57,7 @@ private:
     void editEnding(EditEnd end, const std::optional<std::string>& typed) override;
     void editRefused(const std::string& message) override { m_list.showMessage(message); }
     void editorFocusChanged() override { m_list.partFocusChanged(); }
+    void editorTextChanged() override { SendMessageA(m_owner, kValueTyped, 0, 0); }
 
     std::unique_ptr<CCellEditor> makeEditor(RowAttribute attribute);
     void report(const std::string& typed);

@@ -26,6 +26,10 @@ inline constexpr UINT kEndOfChoice = 33788;
 // its text. wParam, lParam and result are not used.
 inline constexpr UINT kEditorClosed = WM_APP + 0x1C53;
 
+// Sent by a CMultiLineEditListCtrl to its edit owner when the text in an editor may be another.
+// wParam, lParam and result are not used.
+inline constexpr UINT kValueTyped = WM_APP + 0x1C54;
+
 // Posted by a CMultiLineEditListCtrl to itself when Tab or Shift+Tab ended an edit: the next row's
 // editor is opened once that is over. wParam: the EditEnd. lParam and result are not used.
 inline constexpr UINT kNextEditor = WM_APP + 0x1C51;

@@ -43,6 +43,8 @@ public:
     // Ends an edit under way as if the focus went elsewhere: it commits. False: the text is
     // refused, the editor stays open, and the user hears why.
     bool leaveEditor() { return m_editing.leave(); }
+    // What that would do with the text that is being typed.
+    TypedValue typed() const { return m_editing.typed(); }
 
     // The edited values have been sent: their marks go.
     void editsSent();

@@ -85,7 +85,10 @@ private:
     void onCheckFocus();
     void onTimer(UINT_PTR) { onCheckFocus(); }
     void onDestroy() { m_session.drop(); }
-    void onCommand(UINT, UINT code) { m_control->onCommand(code); }
+    void onCommand(UINT, UINT code) {
+        m_owner.editorTextChanged();
+        m_control->onCommand(code);  // may end the edit
+    }
     LRESULT onNotify(NMHDR& header);
 
     CellEditorOwner& m_owner;

@@ -35,6 +35,9 @@ public:
     // The focus came into the editor or left it.
     virtual void editorFocusChanged() {}
 
+    // Its text may be another.
+    virtual void editorTextChanged() {}
+
 protected:
     ~CellEditorOwner() = default;
 };

@@ -55,6 +55,7 @@ public:
 
     // Ends an edit that is under way; false when its text is refused, and the editor stays open.
     bool leaveEditor() { return m_details->leaveEditor(); }
+    TypedValue typed() const { return m_details != nullptr ? m_details->typed() : TypedValue{}; }
 
     // `stored` is what the update will send, if anything.
     void takeEdit(const EndOfEdit& edit, const std::optional<std::string>& stored);

@@ -73,6 +73,7 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
                      &CMakerChecker::onDecisionsFilterChanged>(),
         fw::on<kEndOfEdit, &CMakerChecker::onEndOfEdit>(),
         fw::on<kEndOfChoice, &CMakerChecker::onEndOfChoice>(),
+        fw::on<kValueTyped, &CMakerChecker::onValueTyped>(),
         fw::on<kEditorClosed, &CMakerChecker::onEditorClosed>(),
     };
     static const fw::MessageMap map{&CPaneDialog::baseMap(), entries};
@@ -286,7 +287,7 @@ bool CMakerChecker::pressedInSight(PressButton button) {
 
 PressLine CMakerChecker::describe(PressButton button) const {
     if (m_workbench == nullptr) return {};
-    return describePress(m_workbench->plan(button), m_workbench->changes());
+    return describePress(m_workbench->plan(button, m_lists.typed()), m_workbench->changes());
 }
 
 void CMakerChecker::onAccept() {
@@ -345,6 +346,7 @@ void CMakerChecker::onSelectionMade(NMHDR&) {
 }
 
 void CMakerChecker::onEditorClosed() {
+    m_line.stale();
     if (std::exchange(m_selectionWaits, false) && m_workbench != nullptr)
         m_workbench->selectionMade();
 }

@@ -67,6 +67,7 @@ private:
     void applyMainFilter();
     void onDetailsFilterChanged(NMHDR&) { m_lists.applyDetailsFilter(); }
     void onDecisionsFilterChanged(NMHDR&) { m_decisions.applyFilter(); }
+    void onValueTyped() { m_line.stale(); }
     void onEditorClosed();
     void onEndOfEdit(const EndOfEdit& edit);
     void onEndOfChoice(const EndOfEdit& edit);

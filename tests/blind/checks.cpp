@@ -132,7 +132,11 @@ std::string Checks::decisions(const Story& story) {
 std::string Checks::line(const Story& story) {
     const std::string& said = story.before.line;
     const bool accepts = said.find("Accept") != std::string::npos;
-    if (!keysOf(story, Kind::update).empty() && said.starts_with("Update nothing")) return said;
+    if (!keysOf(story, Kind::update).empty() && said.find("Update ") != std::string::npos) {
+        const std::size_t values = limitsIn(story.sent.back()).size();
+        const auto counted = std::to_string(values) + (values == 1 ? " value of " : " values of ");
+        if (said.find("Update " + counted) == std::string::npos) return said;
+    }
     if (!accepts && said.find("Reject") == std::string::npos) return "";
     const Keys keys = accepts ? m_accepts : story.before.selectedKeys();
     const std::size_t count = std::set<std::string>(keys.begin(), keys.end()).size();

@@ -211,6 +211,22 @@ TEST_F(PressLineTest, OfUpdateAndRecover) {
 }
 
 // Halves come, go and change their user id; the other half is always a pending one that fits.
+// A press takes what is being typed first.
+TEST_F(PressLineTest, CountsTheValueThatIsBeingTyped) {
+    run("list 1007 360,open 1007,answer limits 1007,edit 1700");
+    const struct {
+        TypedValue typed;
+        const char* update;
+    } cases[] = {
+        {{.field = 64031}, "Update 1 value of 1007 RMS Limits, Client - C10021"},
+        {{.field = 64164}, "Update 2 values of 1007 RMS Limits, Client - C10021"},
+        {{.refused = true}, "Update nothing: the text in the editor cannot be kept"},
+    };
+    for (const auto& [typed, update] : cases)
+        EXPECT_EQ(describePress(workbench->plan(PressButton::update, typed), changes()).text,
+                  update);
+}
+
 TEST_F(PressLineTest, FindsTheOtherHalf) {
     for (int i = 0; i < 300; ++i) {
         const std::string user = "U" + std::to_string(i % 100);

@@ -46,6 +46,21 @@ protected:
     OpenWorkbench open;
 };
 
+TEST_F(CellEdits, ThePressLineCountsWhatIsBeingTyped) {
+    const auto line = [] {
+        return textOf(FindWindowExA(findPane(), nullptr, "MakerChecker.PressLine", nullptr));
+    };
+    hand::doubleClickRow(details(), kFirst, 1);
+    hand::moveTo(hand::middle(button("Update")));
+    EXPECT_EQ(line(), "Update nothing: no value is edited");
+    hand::type("77");
+    EXPECT_EQ(line(), "Update 1 value of 7 RMS Limits, Client - C1");
+    hand::type("a");
+    EXPECT_EQ(line(), "Update nothing: the text in the editor cannot be kept");
+    hand::key(VK_ESCAPE);
+    EXPECT_EQ(line(), "Update nothing: no value is edited");
+}
+
 TEST_F(CellEdits, KeysTakeLeaveAndGoOn) {
     edit(kFirst, "2500.129");
     hand::key(VK_RETURN);

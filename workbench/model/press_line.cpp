@@ -181,6 +181,10 @@ std::string pressName(const sMakeCheckStruct& change) {
 }
 
 PressLine describePress(const PressPlan& plan, const PendingChanges& changes) {
+    if (plan.refused) {
+        const auto verb = kVerbs[static_cast<std::size_t>(plan.button)];
+        return {.text = std::string(verb) + " nothing: the text in the editor cannot be kept"};
+    }
     switch (plan.button) {
         case PressButton::accept:
         case PressButton::reject:

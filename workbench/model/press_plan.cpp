@@ -99,10 +99,12 @@ void countStates(PressPlan& plan, const ChangeStates& states) {
 }  // namespace
 
 PressPlan planPress(PressButton button, SelectedRecords selected, const PendingChanges& changes,
-                    const DetailsOnShow& details) {
+                    const DetailsOnShow& details, const TypedValue& typed) {
     PressPlan plan;
     plan.button = button;
+    plan.refused = typed.refused;
     plan.edits = details.modifiedValues.size();
+    if (typed.field && !details.modifiedValues.contains(*typed.field)) ++plan.edits;
     plan.key = details.key.value_or("");
     if (button == PressButton::update || button == PressButton::recover) return plan;
     plan.deselected = changes.rows().selection().deselectedByFilter();

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "details/model/typed_value.h"
 #include "link/model/requests.h"
 #include "workbench/model/records/pending_changes.h"
 
@@ -37,9 +38,11 @@ struct PressPlan {
     std::time_t sentAt = 0;            // the last of these
     std::size_t deselected = 0;        // rows that filters deselected since the hand last selected
 
-    // Unsent values, and for Update the key of the change that they are of.
+    // Unsent values, the one that is being typed among them, and for Update the key of the change
+    // that they are of.
     std::size_t edits = 0;
     std::string key = {};
+    bool refused = false;  // what is being typed cannot be kept: the press will do nothing else
 };
 
 // The one plan of a press. It takes one pass over the selected changes, and looks for the other
@@ -47,6 +50,6 @@ struct PressPlan {
 // change comes, changes or goes, or for the time of a PendingChanges::Hold, with changes in it that
 // may have gone.
 PressPlan planPress(PressButton button, SelectedRecords selected, const PendingChanges& changes,
-                    const DetailsOnShow& details);
+                    const DetailsOnShow& details, const TypedValue& typed = {});
 
 }  // namespace mc

@@ -73,9 +73,9 @@ public:
     // The selection changed otherwise: rows went, or a filter hid some. Nothing is emptied.
     void selectionMoved();
 
-    // What a press of the button would do now, with what is selected now.
-    PressPlan plan(PressButton button) const {
-        return planPress(button, m_changes.selectedRecords(), m_changes, edits());
+    // What a press of the button would do now, with what is selected and typed now.
+    PressPlan plan(PressButton button, const TypedValue& typed = {}) const {
+        return planPress(button, m_changes.selectedRecords(), m_changes, edits(), typed);
     }
 
     // Whether the checker can have seen what Accept and Reject hit now.
