@@ -132,8 +132,9 @@ std::string Checks::decisions(const Story& story) {
 std::string Checks::line(const Story& story) {
     const std::string& said = story.before.line;
     const bool accepts = said.find("Accept") != std::string::npos;
-    if (!keysOf(story, Kind::update).empty() && said.find("Update ") != std::string::npos) {
-        const std::size_t values = limitsIn(story.sent.back()).size();
+    for (const Fields& request : story.sent) {
+        if (kindOf(request) != Kind::update || said.find("Update ") == std::string::npos) continue;
+        const std::size_t values = limitsIn(request).size();
         const auto counted = std::to_string(values) + (values == 1 ? " value of " : " values of ");
         if (said.find("Update " + counted) == std::string::npos) return said;
     }
