@@ -86,6 +86,10 @@ void CDetailEditing::close() {
     if (closed != nullptr && closed->owns(GetFocus())) SetFocus(m_list.handle());
 }
 
+void CDetailEditing::editorTextChanged() {
+    SendMessageA(m_owner, kValueTyped, 0, 0);
+}
+
 TypedValue CDetailEditing::typed() const {
     if (m_editor == nullptr || m_edited == nullptr || !m_editor->changed()) return {};
     if (m_editor->refused()) return {.refused = true};

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "details/edit_messages.h"
 #include "details/model/line_groups.h"
+#include "details/model/typed_value.h"
 #include "details/multi_line_list_ctrl.h"
 #include "editors/cell_editor.h"
 
@@ -57,7 +57,7 @@ private:
     void editEnding(EditEnd end, const std::optional<std::string>& typed) override;
     void editRefused(const std::string& message) override { m_list.showMessage(message); }
     void editorFocusChanged() override { m_list.partFocusChanged(); }
-    void editorTextChanged() override { SendMessageA(m_owner, kValueTyped, 0, 0); }
+    void editorTextChanged() override;
 
     std::unique_ptr<CCellEditor> makeEditor(RowAttribute attribute);
     void report(const std::string& typed);
