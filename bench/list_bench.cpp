@@ -299,6 +299,8 @@ BENCHMARK_CAPTURE(remove, random_order_sorted, Order::random, true) GROWTH;
 void distinct(benchmark::State& state, int column) {
     Sides& sides = Sides::of(state);
     RecordStore& store = sides.store;
+    store.filters().clear();
+    store.filter();
     Times times;
     for (auto _ : state) {
         store.texts().drop();

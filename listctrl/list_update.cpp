@@ -1,5 +1,7 @@
 #include "listctrl/list_update.h"
 
+#include <utility>
+
 #include "framework/handles.h"
 #include "framework/list_view.h"
 
@@ -12,7 +14,7 @@ void CListUpdate::storeChanged() {
     InvalidateRect(m_list.handle(), nullptr, TRUE);
 }
 
-void CListUpdate::run() {
+bool CListUpdate::run() {
     m_running = true;
     m_stale = false;
     const fw::ListView list(m_list.handle());
@@ -22,6 +24,8 @@ void CListUpdate::run() {
     }
     InvalidateRect(m_list.handle(), nullptr, TRUE);
     m_running = false;
+    const std::uint64_t rows = m_store.visible().revision();
+    return std::exchange(m_rowsSeen, rows) != rows;
 }
 
 }  // namespace mc

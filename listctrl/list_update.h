@@ -5,6 +5,8 @@
 // between gets the present rows.
 #pragma once
 
+#include <cstdint>
+
 #include "framework/window.h"
 #include "listctrl/model/table/record_store.h"
 
@@ -20,13 +22,15 @@ public:
 
     // Whether the control must be brought up to date before it handles the message.
     bool isDue(UINT message) const { return m_stale && !m_running && message != WM_DESTROY; }
-    void run();
+    // Returns whether rows came, went or moved since the last time.
+    bool run();
 
 private:
     const fw::CWindow& m_list;
     const RecordStore& m_store;
     bool m_stale = false;
     bool m_running = false;
+    std::uint64_t m_rowsSeen = 0;  // their revision
 };
 
 }  // namespace mc

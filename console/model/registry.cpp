@@ -40,13 +40,23 @@ const Entry* lookUp(const std::map<std::string, Entry>& entries, const std::stri
     return found != entries.end() ? &found->second : nullptr;
 }
 
-// The entry that a change of an entity acts on: a new one for an addition.
+// Does to users or clients what they have in common; the entry that the change acted on, a new one
+// for an addition, or null when it removed it.
 template <class Entry>
-Entry& target(std::map<std::string, Entry>& entries, const std::string& id, ChangeAction action) {
+Entry* applyTo(std::map<std::string, Entry>& entries, const std::string& id, const Change& change) {
+    const ChangeAction action = changeCode(change.code).action;
+    if (action == ChangeAction::remove) {
+        entries.erase(id);
+        return nullptr;
+    }
     Entry& entry = entries[id];
     if (action == ChangeAction::add) entry = {};
     entry.id = id;
-    return entry;
+    replaceIfKnown(entry.broker, change.broker);
+    replaceIfKnown(entry.branch, change.branch);
+    replaceIfKnown(entry.type, change.type);
+    merge(entry.fields, change);
+    return &entry;
 }
 
 }  // namespace
@@ -62,7 +72,8 @@ void Registry::put(Client client) {
 void Registry::apply(const Change& change) {
     switch (changeCode(change.code).kind) {
         case ChangeKind::user:
-            return applyToUser(change);
+            applyTo(m_users, change.user, change);
+            return;
         case ChangeKind::client:
             return applyToClient(change);
         case ChangeKind::limits:
@@ -72,32 +83,11 @@ void Registry::apply(const Change& change) {
     }
 }
 
-void Registry::applyToUser(const Change& change) {
-    const ChangeAction action = changeCode(change.code).action;
-    if (action == ChangeAction::remove) {
-        m_users.erase(change.user);
-        return;
-    }
-    User& user = target(m_users, change.user, action);
-    replaceIfKnown(user.broker, change.broker);
-    replaceIfKnown(user.branch, change.branch);
-    replaceIfKnown(user.type, change.type);
-    merge(user.fields, change);
-}
-
 void Registry::applyToClient(const Change& change) {
-    const ChangeAction action = changeCode(change.code).action;
-    if (action == ChangeAction::remove) {
-        m_clients.erase(change.client);
-        return;
-    }
-    Client& client = target(m_clients, change.client, action);
-    replaceIfKnown(client.owner, change.user);
-    replaceIfKnown(client.broker, change.broker);
-    replaceIfKnown(client.branch, change.branch);
-    replaceIfKnown(client.group, change.group);
-    replaceIfKnown(client.type, change.type);
-    merge(client.fields, change);
+    Client* const client = applyTo(m_clients, change.client, change);
+    if (client == nullptr) return;
+    replaceIfKnown(client->owner, change.user);
+    replaceIfKnown(client->group, change.group);
 }
 
 void Registry::applyLimits(const Change& change) {

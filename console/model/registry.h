@@ -27,7 +27,6 @@ public:
     const std::map<std::string, Client>& clients() const { return m_clients; }
 
 private:
-    void applyToUser(const Change& change);
     void applyToClient(const Change& change);
     void applyLimits(const Change& change);
 

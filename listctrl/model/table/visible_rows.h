@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <span>
 
@@ -36,7 +37,13 @@ public:
         return m_reversed ? m_count - 1 - index : index;
     }
     bool reversed() const { return m_reversed; }
-    void setReversed(bool reversed) { m_reversed = reversed; }
+    void setReversed(bool reversed) {
+        m_reversed = reversed;
+        ++m_revision;
+    }
+
+    // Another value after every change of which records have rows, and which.
+    std::uint64_t revision() const { return m_revision; }
 
     // The visible records by index.
     const SlotSequence& order() const { return m_order; }
@@ -63,23 +70,30 @@ public:
     void insert(std::size_t index, Slot slot) {
         m_order.insert(index, slot);
         ++m_count;
+        ++m_revision;
     }
     // Returns the index that the record had.
     std::size_t remove(Slot slot) {
         --m_count;
+        ++m_revision;
         return m_order.remove(slot);
     }
     // Other records, in other order; the number of rows is as it was until recount().
-    void assign(std::span<const Slot> slots) { m_order.assign(slots); }
+    void assign(std::span<const Slot> slots) {
+        m_order.assign(slots);
+        ++m_revision;
+    }
     void recount() { m_count = m_order.size(); }
     void reset() {
         m_order.reset();
         m_count = 0;
+        ++m_revision;
     }
 
 private:
     SlotSequence m_order;
     std::size_t m_count = 0;
+    std::uint64_t m_revision = 0;
     bool m_reversed = false;
 };
 
