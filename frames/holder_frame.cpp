@@ -34,6 +34,7 @@ const fw::MessageMap& CVTHolderFrame::messageMap() const {
         fw::on<WM_MEASUREITEM, &CVTHolderFrame::onMeasureItem>(),
         fw::on<WM_LBUTTONDOWN, &CVTHolderFrame::onButtonDown>(),
         fw::on<WM_RBUTTONUP, &CVTHolderFrame::onRightUp>(),
+        fw::on<fw::kOpenMenu, &CVTHolderFrame::showMenu>(),
         fw::on<WM_PAINT, &CVTHolderFrame::onPaint>(),
     };
     static constexpr fw::MessageMap map{nullptr, entries};

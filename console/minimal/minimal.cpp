@@ -161,6 +161,7 @@ int main(int count, char** arguments) {
     if (!loadPlugin()) return 2;
     plugin.init(plugin.library, "minimal", 0, HostString{nullptr});  // before the frame
     const HWND frame = makeFrame();
+    if (frame == nullptr) return 3;
     const bool smoke = count > 1 && std::string(arguments[1]) == "--smoke";
     const int code = smoke ? runSmoke(frame) : runLoop();
     FreeLibrary(plugin.library);
