@@ -2,7 +2,9 @@
 
 #include <array>
 
+#include "framework/activation.h"
 #include "framework/model/calls.h"
+#include "framework/platform.h"
 
 extern "C" IMAGE_DOS_HEADER __ImageBase;
 
@@ -97,9 +99,14 @@ RECT CWindow::clientRect() const noexcept {
 }
 
 int scaledFor(HWND window, int pixels) noexcept {
-    const UINT dpi = window != nullptr ? GetDpiForWindow(window) : 0;
-    return MulDiv(pixels, dpi != 0 ? static_cast<int>(dpi) : USER_DEFAULT_SCREEN_DPI,
-                  USER_DEFAULT_SCREEN_DPI);
+    return window != nullptr ? MulDiv(pixels, dpiOf(window), USER_DEFAULT_SCREEN_DPI) : pixels;
+}
+
+HWND makeControl(const char* windowClass, const char* text, DWORD style, DWORD exStyle, SIZE size,
+                 HWND parent, UINT id) noexcept {
+    const ActivationScope scope;
+    return CreateWindowExA(exStyle, windowClass, text, style, 0, 0, size.cx, size.cy, parent,
+                           reinterpret_cast<HMENU>(UINT_PTR{id}), module(), nullptr);
 }
 
 bool CWindow::dispatchMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
@@ -109,6 +116,7 @@ bool CWindow::dispatchMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESUL
 bool CWindow::create(const WindowClass& windowClass, const char* text, DWORD style, DWORD exStyle,
                      const RECT& rect, HWND parent, UINT id) {
     if (m_handle != nullptr || !registerClass(windowClass, windowProc)) return false;
+    const ActivationScope scope;
     const HMENU menu =
         (style & WS_CHILD) != 0 ? reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)) : nullptr;
     return CreateWindowExA(exStyle, windowClass.name, text, style, rect.left, rect.top,
