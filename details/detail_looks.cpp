@@ -108,8 +108,9 @@ CellLook DetailLooks::rowLook(LineGroups::Line& line, ColumnId column) const {
 CellLook DetailLooks::valueLook(const sMCListStruct& row) const {
     CellLook look;
     if (isHighlighted(row)) {
-        look.background = mixed(kChangedColor, GetSysColor(COLOR_WINDOW), 150);
-        look.text = GetSysColor(COLOR_WINDOWTEXT);  // whatever the list's own colours are
+        const COLORREF text = GetSysColor(COLOR_WINDOWTEXT);  // whatever the list's colours are
+        look.background = fw::tinted(GetSysColor(COLOR_WINDOW), kChangedColor, 150, text);
+        look.text = text;
     }
     if (row.edited) look.text = kEditedColor;
     if (isHighlighted(row) || row.edited) look.font = boldFont();

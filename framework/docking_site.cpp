@@ -74,7 +74,8 @@ bool CDockingSite::handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& r
         remove(reinterpret_cast<HWND>(lParam));
         return false;
     }
-    if (message == WM_SYSCOLORCHANGE)  // sent to top-level windows only
+    if (message == WM_SYSCOLORCHANGE ||
+        message == WM_SETTINGCHANGE)  // sent to top-level windows only
         for (const Docked& each : m_docked) SendMessageA(each.window, message, wParam, lParam);
     return answerDocking(message, wParam, lParam, result) ||
            answerMouse(message, wParam, lParam, result);

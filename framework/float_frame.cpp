@@ -32,6 +32,8 @@ const MessageMap& CFloatFrame::messageMap() const {
         on<WM_NCLBUTTONDBLCLK, &CFloatFrame::onCaptionDoubleClick>(),
         on<WM_SETFOCUS, &CFloatFrame::onSetFocus>(),
         on<WM_GETMINMAXINFO, &CFloatFrame::onMinimum>(),
+        observe<WM_SYSCOLORCHANGE, &CFloatFrame::onSystemColors>(),
+        observe<WM_SETTINGCHANGE, &CFloatFrame::onSetting>(),
     };
     static constexpr MessageMap map{nullptr, entries};
     return map;
@@ -67,6 +69,15 @@ void CFloatFrame::onMoveEnds() {
 
 void CFloatFrame::onCaptionDoubleClick(UINT hit, POINT) {
     if (hit == HTCAPTION) m_pane.dock();
+}
+
+// A docked pane hears of both from its frame.
+void CFloatFrame::onSystemColors() {
+    if (m_docking.inFloatFrame()) SendMessageA(m_pane.handle(), WM_SYSCOLORCHANGE, 0, 0);
+}
+
+void CFloatFrame::onSetting(WPARAM what, LPARAM section) {
+    if (m_docking.inFloatFrame()) SendMessageA(m_pane.handle(), WM_SETTINGCHANGE, what, section);
 }
 
 void CFloatFrame::onMinimum(MINMAXINFO& info) {

@@ -32,6 +32,8 @@ private:
     void onCaptionDoubleClick(UINT hit, POINT screen);
     void onSetFocus();
     void onMinimum(MINMAXINFO& info);
+    void onSystemColors();
+    void onSetting(WPARAM what, LPARAM section);
 
     CPaneDialog& m_pane;
     PaneDocking& m_docking;

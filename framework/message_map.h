@@ -154,6 +154,13 @@ struct Crack<WM_KEYDOWN> {  // (UINT key, bool repeated)
 template <>
 struct Crack<WM_SYSKEYDOWN> : Crack<WM_KEYDOWN> {};
 template <>
+struct Crack<WM_SETTINGCHANGE> {  // (WPARAM what, LPARAM section)
+    template <class Handler>
+    static decltype(auto) with(Handler handler, WPARAM w, LPARAM l) {
+        return handler(w, l);
+    }
+};
+template <>
 struct Crack<WM_TIMER> {  // (UINT_PTR id)
     template <class Handler>
     static decltype(auto) with(Handler handler, WPARAM w, LPARAM) {

@@ -81,6 +81,10 @@ public:
     // The least size at which the pane is of use, in pixels.
     virtual SIZE leastSize() const { return {scaled(160), scaled(120)}; }
 
+    // The system has other colours, or begins or ends high contrast; the pane's controls hear it
+    // after this.
+    virtual void onColorsChanged() {}
+
     // The user closed the pane: it was hidden.
     virtual void onHidden() {}
 
@@ -97,6 +101,8 @@ protected:
 private:
     LRESULT onInitPane() { return FALSE; }
     void onButtonFocus() { m_keys.buttonFocusChanged(); }
+    void onSystemColors();
+    void onSetting(WPARAM what, LPARAM section);
     void onDestroy();
 
     PaneDocking m_docking;

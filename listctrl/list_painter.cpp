@@ -24,6 +24,18 @@ HFONT fontOfList(const fw::CWindow& list) {
     return reinterpret_cast<HFONT>(SendMessageA(list.handle(), WM_GETFONT, 0, 0));
 }
 
+// The platform draws a text a little wider or narrower than the widths of its characters add up
+// to, so that it alone can say where one begins that ends at an edge.
+void drawAligned(HDC dc, std::string_view text, const RECT& rect, int flag) {
+    static constexpr UINT alignments[] = {TA_LEFT, TA_RIGHT, TA_CENTER};
+    const LONG edges[] = {rect.left, rect.right, (rect.left + rect.right) / 2};
+    const int side = flag % 3;
+    const UINT before = SetTextAlign(dc, alignments[side] | TA_TOP);
+    ExtTextOutA(dc, static_cast<int>(edges[side]), rect.top, 0, nullptr, text.data(),
+                static_cast<UINT>(text.size()), nullptr);
+    SetTextAlign(dc, before);
+}
+
 }  // namespace
 
 // ---- Rows ----
@@ -62,12 +74,13 @@ void CListPainter::drawCell(HDC dc, ListCell cell, const RECT& rect, bool ownLoo
     CellLook look = lookOf(cell.row, cell.item);
     if (!ownLooks) look.runColor.reset();
     if (look.fontYields && drawnWidth(cell, look) > roomIn(rect)) look.font = nullptr;
+    const COLORREF rowText = GetTextColor(dc), rowGround = GetBkColor(dc);
     if (ownLooks && look.background) fill(dc, rect, *look.background);
-    const COLORREF rowText = GetTextColor(dc);
-    if (ownLooks && look.text) SetTextColor(dc, *look.text);
+    if (ownLooks && look.text) SetTextColor(dc, readableOn(GetBkColor(dc), *look.text));
     drawText(dc, cell, rect, look);
     SetTextColor(dc, rowText);
     if (m_looks != nullptr) m_looks->drawOver(dc, cell.row, cell.item, rect);
+    SetBkColor(dc, rowGround);
 }
 
 std::string_view CListPainter::textOf(ListCell cell, const CellLook& look) const {
@@ -89,12 +102,11 @@ void CListPainter::drawText(HDC dc, ListCell cell, const RECT& rect, const CellL
     std::optional<fw::SelectScope> font;
     if (look.font != nullptr) font.emplace(dc, look.font);
     if (spare >= 0) {  // fits, which is quick to draw
-        inside.left += flag == 1 ? spare : flag == 2 ? spare / 2 : 0;
-        if (!look.runs.empty())
+        if (!look.runs.empty()) {
+            inside.left += flag == 1 ? spare : flag == 2 ? spare / 2 : 0;
             return drawMarkedText(dc, {text, look, m_widths, m_list.scaled(2)}, inside);
-        ExtTextOutA(dc, static_cast<int>(inside.left), inside.top, 0, nullptr, text.data(),
-                    static_cast<UINT>(size), nullptr);
-        return;
+        }
+        return drawAligned(dc, text.substr(0, static_cast<std::size_t>(size)), inside, flag);
     }
     if (!look.runs.empty())
         return drawMarkedText(dc, {text, look, m_widths, m_list.scaled(2)}, inside);
@@ -139,9 +151,8 @@ void CListPainter::drawEmptyText() const {
     {
         const fw::SelectScope select(dc, fontOfList(m_list));
         SetBkMode(dc, TRANSPARENT);
-        // Fainter than a row, and still with contrast enough to be read.
         const auto [paper, ink] = m_appearance.colors();
-        SetTextColor(dc, highContrast() ? ink : mixed(ink, paper, 150));
+        SetTextColor(dc, faint(ink, paper));
         DrawTextA(dc, text.c_str(), -1, &area, DT_CENTER | DT_WORDBREAK | DT_NOPREFIX);
     }
     ReleaseDC(m_list.handle(), dc);

@@ -27,8 +27,9 @@ constexpr char kDetailsTitle[] = "Maker Checker Details";
 // White, unless the user's text is too light to be read on it.
 COLORREF detailsBackground() {
     const COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
-    const bool light = GetRValue(text) + GetGValue(text) + GetBValue(text) > 3 * 128;
-    return light || highContrast() ? GetSysColor(COLOR_WINDOW) : RGB(255, 255, 255);
+    constexpr COLORREF kWhite = RGB(255, 255, 255);
+    const bool unreadable = fw::contrast(text, kWhite) < fw::kReadable;
+    return unreadable || highContrast() ? GetSysColor(COLOR_WINDOW) : kWhite;
 }
 
 HeldView held(CFilterListCtrl& list, const char* title, const char* keyName,
@@ -98,9 +99,7 @@ void CheckerLists::showWindows() {
 }
 
 void CheckerLists::colorsChanged() {
-    m_details->setBackground(detailsBackground());
-    for (const HWND list : {m_main->handle(), m_details->handle()})
-        SendMessageA(list, WM_SYSCOLORCHANGE, 0, 0);
+    if (m_details != nullptr) m_details->setBackground(detailsBackground());
 }
 
 void CheckerLists::bringIntoView(std::size_t mainRow) const {

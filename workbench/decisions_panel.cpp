@@ -84,10 +84,6 @@ void DecisionsPanel::layOut() {
     if (isOpen()) m_frame.layOut();
 }
 
-void DecisionsPanel::colorsChanged() {
-    if (m_frame.handle() != nullptr) SendMessageA(m_list->handle(), WM_SYSCOLORCHANGE, 0, 0);
-}
-
 // ---- Keys ----
 
 std::vector<HWND> DecisionsPanel::tabStops() const {

@@ -53,7 +53,6 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
         fw::on<WM_INITDIALOG, &CMakerChecker::onInitDialog>(),
         fw::on<WM_SIZE, &CMakerChecker::onSize>(),
         fw::on<WM_DPICHANGED_AFTERPARENT, &CMakerChecker::onDpiChanged>(),
-        fw::observe<WM_SYSCOLORCHANGE, &CMakerChecker::onColorsChanged>(),
         fw::observe<WM_DESTROY, &CMakerChecker::onDestroy>(),
         fw::onCommand<IDC_ACCEPT, &CMakerChecker::onAccept, BN_CLICKED>(),
         fw::onCommand<IDC_REJECT, &CMakerChecker::onReject, BN_CLICKED>(),
@@ -115,7 +114,6 @@ RECT CMakerChecker::listsRect() {
 
 void CMakerChecker::onColorsChanged() {
     m_lists.colorsChanged();
-    m_decisions.colorsChanged();
     m_line.stale();
 }
 

@@ -44,6 +44,7 @@ protected:
     bool controlClaims(HWND control, UINT key) const override;
     std::span<const fw::ActionKey> actionKeys() const override;
     void onHidden() override { keepFloatSize(); }
+    void onColorsChanged() override;
     SIZE leastSize() const override { return {scaled(220), scaled(320)}; }
     SIZE firstFloatSize() const override { return {m_bar.size().width, m_bar.size().height}; }
 
@@ -51,7 +52,6 @@ private:
     LRESULT onInitDialog();
     void onSize(int, int) { layOut(); }
     void onDpiChanged();
-    void onColorsChanged();
     void onDestroy();
     void keepFloatSize();
     void onAccept();
