@@ -79,6 +79,7 @@ const MessageMap& CPaneDialog::baseMap() {
         on<WM_GETMINMAXINFO, &Pane::m_caption, &PaneCaption::onMinimum>(),
         observe<WM_SYSCOLORCHANGE, &Pane::onSystemColors>(),
         observe<WM_SETTINGCHANGE, &Pane::onSetting>(),
+        on<WM_ACTIVATE, &Pane::onActivate>(),
         observe<WM_DESTROY, &Pane::onDestroy>(),
     };
     static constexpr MessageMap map{nullptr, entries};
@@ -105,6 +106,11 @@ void CPaneDialog::onSetting(WPARAM what, LPARAM section) {
     askHighContrast();
     if (highContrast() != before) onSystemColors();
     sendToDescendants(handle(), WM_SETTINGCHANGE, what, section);
+}
+
+// Sent by the frame of a docked pane, which is no window that is activated itself.
+void CPaneDialog::onActivate(bool active) {
+    if (!active) keepFocus();
 }
 
 // Also when the frame takes the pane along, behind a box of its own.

@@ -50,7 +50,9 @@ public:
     // Shows the pane if hidden, raises it if floating, and gives it the focus.
     void bringToView() { show(true); }
 
-    // Gives the focus to the control that had it last, or else to initialFocus().
+    // Keeps in mind which control has the focus, if one has: it is about to leave the pane.
+    void keepFocus() { m_keys.keepFocus(); }
+    // Gives the focus to that control, or else to initialFocus().
     void takeFocus() { m_keys.takeFocus(); }
 
     // The caption comes or goes.
@@ -88,8 +90,9 @@ public:
     // The user closed the pane: it was hidden.
     virtual void onHidden() {}
 
-    // The size in which the pane floats for the first time, in pixels.
-    virtual SIZE firstFloatSize() const { return {scaled(500), scaled(300)}; }
+    // The size in which the pane floats for the first time, in pixels; empty: two thirds of its
+    // frame.
+    virtual SIZE firstFloatSize() const { return {}; }
 
 protected:
     const MessageMap& messageMap() const override { return baseMap(); }
@@ -103,6 +106,7 @@ private:
     void onButtonFocus() { m_keys.buttonFocusChanged(); }
     void onSystemColors();
     void onSetting(WPARAM what, LPARAM section);
+    void onActivate(bool active);
     void onDestroy();
 
     PaneDocking m_docking;

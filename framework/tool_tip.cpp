@@ -22,6 +22,9 @@ TTTOOLINFOA toolOf(HWND window, UINT_PTR id) {
 void CToolTip::create(HWND owner, DWORD style) {
     m_handle = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, "", WS_POPUP | TTS_NOPREFIX | style,
                                0, 0, 0, 0, owner, nullptr, module(), nullptr);
+    // A signed 16-bit number.
+    constexpr WORD kStays = 30'000;
+    SendMessageA(m_handle, TTM_SETDELAYTIME, TTDT_AUTOPOP, MAKELPARAM(kStays, 0));
 }
 
 void CToolTip::destroy() {

@@ -72,7 +72,7 @@ private:
         LRESULT onGetDialogCode(const MSG* message);
         bool onKeyDown(UINT key, bool repeated) { return m_box.onKeyDown(key, repeated); }
         bool onSystemKeyDown(UINT key, bool repeated);
-        void onKeyUp() { m_box.m_held = 0; }
+        void onKeyUp(UINT, bool) { m_box.m_held = 0; }
         void onFocus();
         void onFocusLost();
         bool onCharacter(UINT character);

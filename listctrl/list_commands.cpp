@@ -25,6 +25,10 @@ constexpr CListCommands::Command CListCommands::kCommands[] = {
     {kDeleteColumnCommand, [](CListCommands& c) { c.m_parts.columns.deleteUserColumn(); }},
     {kSelectAllCommand, [](CListCommands& c) { c.m_parts.input.selectAll(); }},
     {kWholeTextCommand, [](CListCommands& c) { c.showWholeText(); }},
+    {kWidenCommand, [](CListCommands& c) { c.m_parts.columns.widen(c.m_parts.input.column(), 1); }},
+    {kNarrowCommand,
+     [](CListCommands& c) { c.m_parts.columns.widen(c.m_parts.input.column(), -1); }},
+    {kSortCommand, [](CListCommands& c) { c.sortByColumn(); }},
 };
 
 void CListCommands::run(unsigned command) {
@@ -49,7 +53,7 @@ ListOffers CListCommands::offers() const {
     return offers;
 }
 
-void CListCommands::showMenu(const std::vector<ListMenuEntry>& entries) {
+void CListCommands::showMenu(const std::vector<ListMenuEntry>& entries, POINT screen) {
     if (!m_hooks.beforeCellsMove()) return;
     const fw::Menu menu(CreatePopupMenu());
     for (const ListMenuEntry& entry : entries) {
@@ -58,10 +62,37 @@ void CListCommands::showMenu(const std::vector<ListMenuEntry>& entries) {
                                                     (entry.checked ? MF_CHECKED : MF_UNCHECKED);
         AppendMenuA(menu.get(), flags, entry.command, entry.text.data());
     }
+    const UINT chosen = fw::trackMenu(menu.get(), screen, m_list.handle());
+    if (chosen != 0) run(chosen);
+}
+
+POINT CListCommands::cursor() {
     POINT at{};
     GetCursorPos(&at);
-    const UINT chosen = fw::trackMenu(menu.get(), at, m_list.handle());
-    if (chosen != 0) run(chosen);
+    return at;
+}
+
+void CListCommands::onContextMenu(POINT screen) {
+    if (screen.x == -1 && screen.y == -1) openMenu(modifiersDown().ctrl);
+}
+
+void CListCommands::openMenu(bool ofCaptions) {
+    POINT at = ofCaptions ? m_parts.input.captionPoint() : m_parts.input.rowPoint();
+    ClientToScreen(m_list.handle(), &at);
+    showMenu(ofCaptions ? headerMenu(offers()) : itemMenu(offers()), at);
+}
+
+// As by a click on the caption.
+void CListCommands::sortByColumn() {
+    const auto position = m_parts.content.columns().positionOf(m_parts.input.column());
+    if (!position) return;
+    NMLISTVIEW click{};
+    click.hdr = {m_list.handle(), static_cast<UINT_PTR>(GetDlgCtrlID(m_list.handle())),
+                 static_cast<UINT>(LVN_COLUMNCLICK)};
+    click.iItem = -1;
+    click.iSubItem = static_cast<int>(*position);
+    SendMessageA(m_list.handle(), fw::kReflectedNotify, click.hdr.idFrom,
+                 reinterpret_cast<LPARAM>(&click));
 }
 
 // Code 0 is a menu's; others come from children of the list.
@@ -71,8 +102,8 @@ void CListCommands::onMenuCommand(UINT command, UINT code) {
 
 bool CListCommands::onKeyDown(UINT key, bool) {
     const Modifiers keys = modifiersDown();
-    if (key == VK_APPS && keys.ctrl) {
-        showMenu(headerMenu(offers()));
+    if (key == VK_APPS) {
+        openMenu(keys.ctrl);
         return true;
     }
     const KeyCommands found = keyCommands(key, keys.ctrl, keys.shift, offers());
@@ -81,12 +112,12 @@ bool CListCommands::onKeyDown(UINT key, bool) {
     return found.consumed;
 }
 
-// Of the focused row, in the column that was clicked last.
+// Of the focused row.
 void CListCommands::showWholeText() {
     const auto row = m_parts.content.store().focusedRow();
     if (!row) return;
-    mc::showWholeText(m_hooks.wholeTexts(*row, m_parts.input.clickedColumn()),
-                      m_services.mayExport(), m_list.handle());
+    mc::showWholeText(m_hooks.wholeTexts(*row, m_parts.input.column()), m_services.mayExport(),
+                      m_list.handle());
 }
 
 void CListCommands::toggleGridLines() {

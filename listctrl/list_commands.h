@@ -37,8 +37,12 @@ public:
     ListOffers offers() const;
     void run(unsigned command);
 
-    void onRightClick(NMHDR&) { showMenu(itemMenu(offers())); }
-    void onHeaderRightClick(NMHDR&) { showMenu(headerMenu(offers())); }
+    void onRightClick(NMHDR&) { showMenu(itemMenu(offers()), cursor()); }
+    void onHeaderRightClick(NMHDR&) { showMenu(headerMenu(offers()), cursor()); }
+    // By mouse the notifications above came before it.
+    void onContextMenu(POINT screen);
+    // As by the key for it: at the focused row, or with Ctrl at the caption of the column.
+    void openMenu(bool ofCaptions);
     void onMenuCommand(UINT command, UINT code);
     bool onKeyDown(UINT key, bool repeated);
 
@@ -49,7 +53,9 @@ private:
     };
     static const Command kCommands[];
 
-    void showMenu(const std::vector<ListMenuEntry>& entries);
+    static POINT cursor();
+    void showMenu(const std::vector<ListMenuEntry>& entries, POINT screen);
+    void sortByColumn();
     void toggleGridLines();
     void showWholeText();
 

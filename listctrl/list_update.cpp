@@ -12,15 +12,17 @@ void CListUpdate::storeChanged() {
     InvalidateRect(m_list.handle(), nullptr, TRUE);
 }
 
-void CListUpdate::run() {
+RowChanges CListUpdate::run() {
     m_running = true;
     m_stale = false;
-    if (m_store.takeChanges().count) {
+    const RowChanges changes = m_store.takeChanges();
+    if (changes.count) {
         const fw::RedrawOffScope off(m_list.handle());
         fw::ListView(m_list.handle()).setRowCount(m_store.rowCount());
     }
     InvalidateRect(m_list.handle(), nullptr, TRUE);
     m_running = false;
+    return changes;
 }
 
 }  // namespace mc

@@ -20,7 +20,8 @@ public:
 
     // Whether the control must be brought up to date before it handles the message.
     bool isDue(UINT message) const { return m_stale && !m_running && message != WM_DESTROY; }
-    void run();
+    // Returns what had changed.
+    RowChanges run();
 
 private:
     const fw::CWindow& m_list;

@@ -4,7 +4,9 @@
 #include <utility>
 
 #include "framework/hwnd.h"
+#include "listctrl/dialogs/whole_text.h"
 #include "res/resource_ids.h"
+#include "workbench/model/key_list.h"
 #include "workbench/rejection_dialog.h"
 
 namespace mc {
@@ -124,6 +126,12 @@ void CMakerChecker::onDpiChanged() {
     m_decisions.layOut();
 }
 
+// The bar's default is of no use, and means that it has no size yet.
+SIZE CMakerChecker::firstFloatSize() const {
+    const BarSize size = m_bar.size();
+    return size == kDefaultBarSize ? SIZE{} : SIZE{size.width, size.height};
+}
+
 void CMakerChecker::keepFloatSize() {
     const auto floated = lastFloatSize();
     if (!floated) return;
@@ -213,6 +221,8 @@ void CMakerChecker::run(PaneCommand command) {
     switch (command) {
         case PaneCommand::none:
             break;
+        case PaneCommand::keys:
+            return showKeys();
         case PaneCommand::nextNeighbour:
             return onNextNeighbour();
         case PaneCommand::decisions:
@@ -226,6 +236,18 @@ void CMakerChecker::run(PaneCommand command) {
         case PaneCommand::openNext:
             return openNext();
     }
+}
+
+// What a button does stands in its tip, before the key.
+void CMakerChecker::showKeys() {
+    std::vector<fw::KeyWords> buttons;
+    for (const fw::ActionKey& each : kActionKeys) {
+        const std::string_view tip = each.tip;
+        if (IsWindowVisible(GetDlgItem(handle(), each.button)) != 0)
+            buttons.push_back({fw::keyName(each.key, each.ctrlShift, each.ctrlShift),
+                               tip.substr(0, tip.find(" ("))});
+    }
+    showText("Keys", keyList(buttons, m_lists.offers(), m_lists.offersEditing()), handle());
 }
 
 void CMakerChecker::chooseQuickFilter(PaneCommand command) {

@@ -46,7 +46,7 @@ protected:
     void onHidden() override { keepFloatSize(); }
     void onColorsChanged() override;
     SIZE leastSize() const override { return {scaled(220), scaled(320)}; }
-    SIZE firstFloatSize() const override { return {m_bar.size().width, m_bar.size().height}; }
+    SIZE firstFloatSize() const override;
 
 private:
     LRESULT onInitDialog();
@@ -72,6 +72,7 @@ private:
     void onEndOfChoice(const EndOfEdit& edit);
 
     void run(PaneCommand command);
+    void showKeys();
     void chooseQuickFilter(PaneCommand command);
 
     void selectPair();

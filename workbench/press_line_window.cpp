@@ -155,9 +155,14 @@ void CPressLine::refresh() {
     else if (m_line.ages)
         KillTimer(handle(), kAgeTimer);
     if (now == m_line) return;
+    const bool news = now.isNews(m_line), warns = !now.warning.empty();
     m_line = std::move(now);
-    SetWindowTextA(handle(), m_line.whole().c_str());
+    SetWindowTextA(handle(), m_line.whole().c_str());  // which says that the name changed
     InvalidateRect(handle(), nullptr, FALSE);
+    if (!news) return;
+    constexpr DWORD kLiveRegionChanged = 0x8019;  // of Windows 8; unheard before
+    for (const DWORD event : {kLiveRegionChanged, warns ? DWORD{EVENT_SYSTEM_ALERT} : DWORD{0}})
+        if (event != 0) NotifyWinEvent(event, handle(), OBJID_CLIENT, CHILDID_SELF);
 }
 
 void CPressLine::begin(PressButton pressed) {
