@@ -32,7 +32,8 @@ std::vector<ListEvent> eventsBetween(const ListSnapshot& before, const ListSnaps
     if (moved) events.push_back(ListEvent::reorder);
     if (after.focus && (!sameRecord || after.focus != before.focus))
         events.push_back(ListEvent::focus);
-    if (after.selection != before.selection) events.push_back(selectionEvent(before, after));
+    if (after.selection != before.selection && after.selected + before.selected != 0)
+        events.push_back(selectionEvent(before, after));
     if (sameRecord && after.name != before.name) events.push_back(ListEvent::state);
     return events;
 }

@@ -36,6 +36,11 @@ TEST(RowWords, EventsSayWhatChanged) {
         {"its row moved", at3, {10, 4, 7, "a", true, 1, 1}, true, {reorder, focus}},
         {"it went", at3, {8, 3, 8, "b", true, 1, 2}, true, {reorder, focus, selection}},
         {"all went", at3, {0, {}, kNoSlot, "", false, 0, 2}, true, {reorder, selectionWithin}},
+        {"others come, none is selected",
+         {9, 3, 7, "a", false, 0, 1},
+         {5, 0, 9, "b", false, 0, 2},
+         true,
+         {reorder, focus}},
         {"it was looked at", at3, {9, 3, 7, "b", true, 1, 1}, false, {state}},
     };
     for (const auto& each : table)
