@@ -171,7 +171,8 @@ void DetailLooks::drawValue(HDC dc, const LineGroups::Line& line, const RECT& fr
 
 // A choice has an arrow at its end.
 void DetailLooks::drawFrame(HDC dc, RowAttribute attribute, const RECT& frame) const {
-    SetDCBrushColor(dc, mixed(GetTextColor(dc), GetBkColor(dc), 90));
+    const COLORREF text = GetTextColor(dc);
+    SetDCBrushColor(dc, highContrast() ? text : mixed(text, GetBkColor(dc), 90));
     FrameRect(dc, &frame, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
     if (attribute != RowAttribute::choice) return;
     const POINT at{frame.right - m_list.scaled(9), (frame.top + frame.bottom) / 2};

@@ -1,6 +1,7 @@
 #include "listctrl/list_painter.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -22,18 +23,6 @@ void fill(HDC dc, const RECT& rect, COLORREF color) {
 
 HFONT fontOfList(const fw::CWindow& list) {
     return reinterpret_cast<HFONT>(SendMessageA(list.handle(), WM_GETFONT, 0, 0));
-}
-
-// The platform draws a text a little wider or narrower than the widths of its characters add up
-// to, so that it alone can say where one begins that ends at an edge.
-void drawAligned(HDC dc, std::string_view text, const RECT& rect, int flag) {
-    static constexpr UINT alignments[] = {TA_LEFT, TA_RIGHT, TA_CENTER};
-    const LONG edges[] = {rect.left, rect.right, (rect.left + rect.right) / 2};
-    const int side = flag % 3;
-    const UINT before = SetTextAlign(dc, alignments[side] | TA_TOP);
-    ExtTextOutA(dc, static_cast<int>(edges[side]), rect.top, 0, nullptr, text.data(),
-                static_cast<UINT>(text.size()), nullptr);
-    SetTextAlign(dc, before);
 }
 
 }  // namespace
@@ -106,13 +95,42 @@ void CListPainter::drawText(HDC dc, ListCell cell, const RECT& rect, const CellL
             inside.left += flag == 1 ? spare : flag == 2 ? spare / 2 : 0;
             return drawMarkedText(dc, {text, look, m_widths, m_list.scaled(2)}, inside);
         }
-        return drawAligned(dc, text.substr(0, static_cast<std::size_t>(size)), inside, flag);
+        return drawLetters(dc, {text.substr(0, static_cast<std::size_t>(size)), look.font}, inside,
+                           flag);
     }
     if (!look.runs.empty())
         return drawMarkedText(dc, {text, look, m_widths, m_list.scaled(2)}, inside);
-    static constexpr UINT alignments[] = {DT_LEFT, DT_RIGHT, DT_CENTER};
-    DrawTextA(dc, text.data(), size, &inside,
-              DT_SINGLELINE | DT_END_ELLIPSIS | DT_NOPREFIX | alignments[flag % 3]);
+    const std::string cut = cutText(text, room, look.font);
+    drawLetters(dc, {cut, look.font}, inside, flag);
+}
+
+// Each character as wide as it was measured: the platform may draw it narrower or wider by a pixel,
+// and a text that is aligned by its width would end elsewhere.
+void CListPainter::drawLetters(HDC dc, Letters letters, const RECT& rect, int flag) const {
+    std::vector<INT> steps;
+    steps.reserve(letters.text.size());
+    for (const char& letter : letters.text)
+        steps.push_back(m_widths.widthOf({&letter, 1}, letters.font));
+    const int width = std::accumulate(steps.begin(), steps.end(), 0);
+    const int room = static_cast<int>(rect.right - rect.left), spare = std::max(room - width, 0);
+    const int left = static_cast<int>(rect.left) + (flag == 1 ? spare : flag == 2 ? spare / 2 : 0);
+    const UINT options = width > room ? ETO_CLIPPED : 0;
+    ExtTextOutA(dc, left, static_cast<int>(rect.top), options, &rect, letters.text.data(),
+                static_cast<UINT>(letters.text.size()), steps.data());
+}
+
+// As much of a text that does not fit as does with dots behind it.
+std::string CListPainter::cutText(std::string_view text, int room, HFONT font) const {
+    constexpr std::string_view kDots = "...";
+    int left = room - m_widths.widthOf(kDots, font);
+    std::size_t end = 0;
+    while (end < text.size()) {
+        const std::size_t bytes = IsDBCSLeadByte(static_cast<BYTE>(text[end])) != 0 ? 2 : 1;
+        left -= m_widths.widthOf(text.substr(end, bytes), font);
+        if (left < 0) break;
+        end += bytes;
+    }
+    return std::string(text.substr(0, end)).append(kDots);
 }
 
 // A row is as high as the font's text and its external leading, and a pixel.

@@ -171,15 +171,23 @@ int lastInk(HWND list, int row, int item) {
     return -1;
 }
 
+// Whole texts and cut ones, in bold and not.
 TEST(Readable, RightEdgesAreExact) {
     OpenWorkbench open;
-    const char* const keys[] = {"1", "11", "421", "8001", "31071"};
-    for (const char* key : keys) open.plugin.publish(pending(key, "340", {{31003, "U"}}));
+    const char* const makers[] = {
+        "1", "WA 11", "Tyo 31", "iiii421", "MMMMMMMMMMMMMMMM1", "Tllllllllllllllllllllllllllll1"};
+    for (int row = 0; row < 6; ++row)
+        open.plugin.publish(
+            pending(std::to_string(row), "340", {{31003, "U"}, {54247, makers[row]}}));
     pump();
-    std::set<int> edges;
-    for (int row = 0; row < 5; ++row) edges.insert(lastInk(mainList(), row, 2));
-    EXPECT_EQ(edges.size(), 1u);
-    EXPECT_NE(*edges.begin(), -1);
+    std::set<int> whole, cut;
+    for (int row = 0; row < 6; ++row) {
+        const int edge = lastInk(mainList(), row, 3);
+        (row < 4 ? whole : cut).insert(edge);
+        EXPECT_NE(edge, -1);
+    }
+    EXPECT_EQ(whole.size(), 1u) << testing::PrintToString(whole);
+    EXPECT_EQ(cut.size(), 1u) << testing::PrintToString(cut);
 }
 
 // What the plug-in calls of the system by this name is another function for a scope: the emulator
