@@ -8,6 +8,18 @@
 
 namespace mc {
 
+namespace {
+
+// Never seen: an edit's name, for screen readers, is the label before it.
+void nameEditor(HWND editor, const std::string& field) {
+    const std::string name = field + ", " + kDetailColumns[toIndex(kValueColumn)].name;
+    const HWND label = CreateWindowExA(0, WC_STATICA, name.c_str(), WS_CHILD, 0, 0, 0, 0, editor,
+                                       nullptr, fw::module(), nullptr);
+    SetWindowPos(label, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+}  // namespace
+
 // ---- Opening ----
 
 bool CDetailEditing::onKeyDown(UINT key, bool) {
@@ -31,6 +43,7 @@ void CDetailEditing::open(std::size_t row, OpenedBy by) {
     const auto font = reinterpret_cast<HFONT>(SendMessageA(m_list.handle(), WM_GETFONT, 0, 0));
     if (!m_editor->open(m_list.handle(), m_list.bringValueIntoView(row), font, line->row->value))
         close();
+    if (m_editor != nullptr) nameEditor(m_editor->handle(), line->row->caption);
     if (m_editor != nullptr && by == OpenedBy::mouse) m_editor->openedWithMouse();
 }
 

@@ -108,8 +108,9 @@ CellLook DetailLooks::rowLook(LineGroups::Line& line, ColumnId column) const {
 CellLook DetailLooks::valueLook(const sMCListStruct& row) const {
     CellLook look;
     if (isHighlighted(row)) {
-        look.background = mixed(kChangedColor, GetSysColor(COLOR_WINDOW), 150);
-        look.text = GetSysColor(COLOR_WINDOWTEXT);  // whatever the list's own colours are
+        const COLORREF text = GetSysColor(COLOR_WINDOWTEXT);  // whatever the list's colours are
+        look.background = fw::tinted(GetSysColor(COLOR_WINDOW), kChangedColor, 150, text);
+        look.text = text;
     }
     if (row.edited) look.text = kEditedColor;
     if (isHighlighted(row) || row.edited) look.font = boldFont();
@@ -170,7 +171,8 @@ void DetailLooks::drawValue(HDC dc, const LineGroups::Line& line, const RECT& fr
 
 // A choice has an arrow at its end.
 void DetailLooks::drawFrame(HDC dc, RowAttribute attribute, const RECT& frame) const {
-    SetDCBrushColor(dc, mixed(GetTextColor(dc), GetBkColor(dc), 90));
+    const COLORREF text = GetTextColor(dc);
+    SetDCBrushColor(dc, highContrast() ? text : mixed(text, GetBkColor(dc), 90));
     FrameRect(dc, &frame, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
     if (attribute != RowAttribute::choice) return;
     const POINT at{frame.right - m_list.scaled(9), (frame.top + frame.bottom) / 2};

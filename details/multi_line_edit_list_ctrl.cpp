@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "details/edit_messages.h"
+#include "details/model/row_state.h"
 
 namespace mc {
 
@@ -28,6 +29,11 @@ const fw::MessageMap& CMultiLineEditListCtrl::messageMap() const {
     };
     static const fw::MessageMap map{&CMultiLineListCtrl::baseMap(), entries};
     return map;
+}
+
+RowState CMultiLineEditListCtrl::rowState(std::size_t row) const {
+    const LineGroups::Line* const line = lines().lineAt(row);
+    return line != nullptr ? stateOf(lines(), *line, m_editing.canEdit(*line)) : RowState{};
 }
 
 void CMultiLineEditListCtrl::onDoubleClick(POINT client) {

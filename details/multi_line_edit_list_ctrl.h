@@ -24,6 +24,7 @@ public:
 
     // The window that is notified of ended edits. Without one nothing can be edited.
     void setEditOwner(HWND owner) { m_editing.setOwner(owner); }
+    bool offersEditing() const { return m_editing.isEnabled(); }
 
     // The characters that can be typed into values.
     void setAllowedCharacters(std::string characters) {
@@ -65,6 +66,7 @@ protected:
 
 private:
     bool beforeCellsMove() override { return leaveEditor(); }
+    RowState rowState(std::size_t row) const override;
     void cellsMove() override { m_editing.cellsMove(); }
     bool scrollRefused() { return !leaveEditor(); }
     void onScrolled(NMHDR&) { cellsMove(); }

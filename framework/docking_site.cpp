@@ -74,10 +74,33 @@ bool CDockingSite::handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& r
         remove(reinterpret_cast<HWND>(lParam));
         return false;
     }
-    if (message == WM_SYSCOLORCHANGE)  // sent to top-level windows only
+    if (message == WM_SYSCOLORCHANGE ||
+        message == WM_SETTINGCHANGE)  // sent to top-level windows only
         for (const Docked& each : m_docked) SendMessageA(each.window, message, wParam, lParam);
+    const bool active = LOWORD(wParam) != WA_INACTIVE, minimized = HIWORD(wParam) != 0;
+    if (message == WM_ACTIVATE && !(active && minimized) && answerActivation(active)) {
+        result = 0;
+        return true;
+    }
     return answerDocking(message, wParam, lParam, result) ||
            answerMouse(message, wParam, lParam, result);
+}
+
+// A docked window that had the focus gets it back with the next activation, which would give it to
+// the frame; a pane knows which of its controls had it.
+bool CDockingSite::answerActivation(bool active) {
+    if (active) {
+        const HWND window = std::exchange(m_focused, nullptr);
+        if (docked(window) == nullptr || IsWindowVisible(window) == 0) return false;
+        SetFocus(window);
+        return true;
+    }
+    for (const Docked& each : m_docked) {
+        if (!isWithin(each.window, GetFocus())) continue;
+        m_focused = each.window;
+        SendMessageA(each.window, WM_ACTIVATE, WA_INACTIVE, 0);
+    }
+    return false;
 }
 
 bool CDockingSite::answerDocking(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {

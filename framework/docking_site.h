@@ -67,6 +67,7 @@ private:
         DockRects rects;
     };
 
+    bool answerActivation(bool active);
     bool answerDocking(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     LRESULT attach(DockRequest& request);
     LRESULT query(DockRequest& request);
@@ -89,6 +90,7 @@ private:
     Rect m_client;             // of the last layOut
     HWND m_dragged = nullptr;  // the window whose bar is held
     int m_extentBefore = 0;    // of that window
+    HWND m_focused = nullptr;  // the docked window that had the focus when the frame lost it
     DockMessages m_messages;
     DockMemory m_memory;  // empty functions: none
 };

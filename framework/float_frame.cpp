@@ -31,6 +31,9 @@ const MessageMap& CFloatFrame::messageMap() const {
         on<WM_NCLBUTTONDBLCLK, &CFloatFrame::onCaptionDoubleClick>(),
         on<WM_SETFOCUS, &CFloatFrame::onSetFocus>(),
         on<WM_GETMINMAXINFO, &CFloatFrame::onMinimum>(),
+        observe<WM_ACTIVATE, &CFloatFrame::onActivate>(),
+        observe<WM_SYSCOLORCHANGE, &CFloatFrame::onSystemColors>(),
+        observe<WM_SETTINGCHANGE, &CFloatFrame::onSetting>(),
     };
     static constexpr MessageMap map{nullptr, entries};
     return map;
@@ -66,6 +69,20 @@ void CFloatFrame::onMoveEnds() {
 
 void CFloatFrame::onCaptionDoubleClick(UINT hit, POINT) {
     if (hit == HTCAPTION) m_pane.dock();
+}
+
+// The platform gives the frame the focus when it is activated again, and that gives it to the pane.
+void CFloatFrame::onActivate(bool active) {
+    if (!active) m_pane.keepFocus();
+}
+
+// A docked pane hears of both from its frame.
+void CFloatFrame::onSystemColors() {
+    if (m_docking.inFloatFrame()) SendMessageA(m_pane.handle(), WM_SYSCOLORCHANGE, 0, 0);
+}
+
+void CFloatFrame::onSetting(WPARAM what, LPARAM section) {
+    if (m_docking.inFloatFrame()) SendMessageA(m_pane.handle(), WM_SETTINGCHANGE, what, section);
 }
 
 void CFloatFrame::onMinimum(MINMAXINFO& info) {

@@ -32,6 +32,9 @@ private:
     void onCaptionDoubleClick(UINT hit, POINT screen);
     void onSetFocus();
     void onMinimum(MINMAXINFO& info);
+    void onActivate(bool active);
+    void onSystemColors();
+    void onSetting(WPARAM what, LPARAM section);
 
     CPaneDialog& m_pane;
     PaneDocking& m_docking;

@@ -159,6 +159,36 @@ struct Crack<WM_KEYDOWN> {  // (UINT key, bool repeated)
 template <>
 struct Crack<WM_SYSKEYDOWN> : Crack<WM_KEYDOWN> {};
 template <>
+struct Crack<WM_KEYUP> : Crack<WM_KEYDOWN> {};
+template <>
+struct Crack<WM_CONTEXTMENU> {  // (POINT screen): (-1, -1) by key
+    template <class Handler>
+    static decltype(auto) with(Handler handler, WPARAM, LPARAM l) {
+        return handler(POINT{GET_X_LPARAM(l), GET_Y_LPARAM(l)});
+    }
+};
+template <>
+struct Crack<WM_GETOBJECT> {  // (WPARAM flags, LPARAM object)
+    template <class Handler>
+    static decltype(auto) with(Handler handler, WPARAM w, LPARAM l) {
+        return handler(w, l);
+    }
+};
+template <>
+struct Crack<WM_ACTIVATE> {  // (bool active)
+    template <class Handler>
+    static decltype(auto) with(Handler handler, WPARAM w, LPARAM) {
+        return handler(LOWORD(w) != WA_INACTIVE);
+    }
+};
+template <>
+struct Crack<WM_SETTINGCHANGE> {  // (WPARAM what, LPARAM section)
+    template <class Handler>
+    static decltype(auto) with(Handler handler, WPARAM w, LPARAM l) {
+        return handler(w, l);
+    }
+};
+template <>
 struct Crack<WM_TIMER> {  // (UINT_PTR id)
     template <class Handler>
     static decltype(auto) with(Handler handler, WPARAM w, LPARAM) {

@@ -2,8 +2,24 @@
 
 #include "framework/activation.h"
 #include "framework/dialog.h"
+#include "framework/high_contrast.h"
 
 namespace fw {
+namespace {
+
+void sendToDescendants(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const MSG passed{nullptr, message, wParam, lParam, 0, {}};
+    EnumChildWindows(
+        window,
+        [](HWND child, LPARAM sent) -> BOOL {
+            const auto& each = *reinterpret_cast<const MSG*>(sent);
+            SendMessageA(child, each.message, each.wParam, each.lParam);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&passed));
+}
+
+}  // namespace
 
 CPaneDialog::CPaneDialog()
     : m_docking(*this), m_caption(*this, m_docking), m_keys(*this, m_caption, m_docking.frame()) {}
@@ -68,6 +84,9 @@ const MessageMap& CPaneDialog::baseMap() {
         onCommand<kAnyId, &Pane::onButtonFocus, BN_SETFOCUS>(),
         onCommand<kAnyId, &Pane::onButtonFocus, BN_KILLFOCUS>(),
         on<WM_GETMINMAXINFO, &Pane::m_caption, &PaneCaption::onMinimum>(),
+        observe<WM_SYSCOLORCHANGE, &Pane::onSystemColors>(),
+        observe<WM_SETTINGCHANGE, &Pane::onSetting>(),
+        on<WM_ACTIVATE, &Pane::onActivate>(),
         observe<WM_DESTROY, &Pane::onDestroy>(),
     };
     static constexpr MessageMap map{nullptr, entries};
@@ -77,6 +96,28 @@ const MessageMap& CPaneDialog::baseMap() {
 void CPaneDialog::frameChanged() {
     SetWindowPos(handle(), nullptr, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+}
+
+// The system sends both messages to top-level windows only; a frame passes them on to its panes,
+// and a pane to its controls.
+void CPaneDialog::onSystemColors() {
+    askHighContrast();
+    onColorsChanged();
+    sendToDescendants(handle(), WM_SYSCOLORCHANGE, 0, 0);
+    RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_ALLCHILDREN);
+}
+
+// High contrast may begin or end without another colour.
+void CPaneDialog::onSetting(WPARAM what, LPARAM section) {
+    const bool before = highContrast();
+    askHighContrast();
+    if (highContrast() != before) onSystemColors();
+    sendToDescendants(handle(), WM_SETTINGCHANGE, what, section);
+}
+
+// Sent by the frame of a docked pane, which is no window that is activated itself.
+void CPaneDialog::onActivate(bool active) {
+    if (!active) keepFocus();
 }
 
 // Also when the frame takes the pane along, behind a box of its own.

@@ -50,7 +50,9 @@ public:
     // Shows the pane if hidden, raises it if floating, and gives it the focus.
     void bringToView() { show(true); }
 
-    // Gives the focus to the control that had it last, or else to initialFocus().
+    // Keeps in mind which control has the focus, if one has: it is about to leave the pane.
+    void keepFocus() { m_keys.keepFocus(); }
+    // Gives the focus to that control, or else to initialFocus().
     void takeFocus() { m_keys.takeFocus(); }
 
     // The caption comes or goes.
@@ -81,11 +83,16 @@ public:
     // The least size at which the pane is of use, in pixels.
     virtual SIZE leastSize() const { return {scaled(160), scaled(120)}; }
 
+    // The system has other colours, or begins or ends high contrast; the pane's controls hear it
+    // after this.
+    virtual void onColorsChanged() {}
+
     // The user closed the pane: it was hidden.
     virtual void onHidden() {}
 
-    // The size in which the pane floats for the first time, in pixels.
-    virtual SIZE firstFloatSize() const { return {scaled(500), scaled(300)}; }
+    // The size in which the pane floats for the first time, in pixels; empty: two thirds of its
+    // frame.
+    virtual SIZE firstFloatSize() const { return {}; }
 
 protected:
     const MessageMap& messageMap() const override { return baseMap(); }
@@ -103,6 +110,9 @@ private:
     // The pane's menus are its parts' own; asked for elsewhere in it, none comes from the host.
     void onContextMenu() {}
     void onButtonFocus() { m_keys.buttonFocusChanged(); }
+    void onSystemColors();
+    void onSetting(WPARAM what, LPARAM section);
+    void onActivate(bool active);
     void onDestroy();
 
     PaneDocking m_docking;

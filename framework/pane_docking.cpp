@@ -142,6 +142,11 @@ RECT PaneDocking::floatRectAt(POINT corner) const {
         const SIZE wished = m_pane.firstFloatSize(), least = m_pane.leastSize();
         rect = CFloatFrame::windowAround(
             {std::max(wished.cx, least.cx), std::max(wished.cy, least.cy)}, dpiOf(m_pane.handle()));
+        if (wished.cx == 0 && wished.cy == 0) {
+            const RECT frame = screenRect(m_frame.window());
+            rect.right = std::max<LONG>(rect.right, rect.left + widthOf(frame) * 2 / 3);
+            rect.bottom = std::max<LONG>(rect.bottom, rect.top + heightOf(frame) * 2 / 3);
+        }
     }
     OffsetRect(&rect, corner.x - rect.left, corner.y - rect.top);
     return rect;

@@ -82,15 +82,21 @@ void PaneKeys::buttonFocusChanged() {
 
 // What has the focus now may be gone when the focus comes back, as an editor is; then the tab stop
 // around it gets the focus.
-void PaneKeys::leaveForNextPart() {
+void PaneKeys::keepFocus() {
     const HWND pane = m_pane.handle();
     const auto isStop = [](HWND window) {
         return (GetWindowLongPtrA(window, GWL_STYLE) & WS_TABSTOP) != 0;
     };
-    m_lastFocus = m_lastStop = GetFocus();
+    const HWND focus = GetFocus();
+    if (IsChild(pane, focus) == 0) return;
+    m_lastFocus = m_lastStop = focus;
     while (IsChild(pane, m_lastStop) != 0 && (m_lastStop == m_lastFocus || !isStop(m_lastStop)))
         m_lastStop = GetParent(m_lastStop);
-    m_frame.leave(pane, GetKeyState(VK_SHIFT) < 0);
+}
+
+void PaneKeys::leaveForNextPart() {
+    keepFocus();
+    m_frame.leave(m_pane.handle(), GetKeyState(VK_SHIFT) < 0);
 }
 
 void PaneKeys::takeFocus() {

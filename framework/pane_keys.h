@@ -25,7 +25,9 @@ public:
     void open();
     void close();
 
-    // Gives the focus back to where it was when F6 left the pane, or else to its first control.
+    // Where the focus is in the pane, before it leaves; elsewhere, nothing new.
+    void keepFocus();
+    // Gives the focus back to where it was then, or else to the first control.
     void takeFocus();
 
     // What a key does that no derived class took.
@@ -49,7 +51,7 @@ private:
     CPaneDialog& m_pane;
     PaneCaption& m_caption;
     const DockFrame& m_frame;
-    HWND m_lastFocus = nullptr;  // in the pane, when F6 left it
+    HWND m_lastFocus = nullptr;  // in the pane, when it left
     HWND m_lastStop = nullptr;   // the control that it was in
     CToolTip m_tips;
     std::unique_ptr<CKeyFilter> m_filter;

@@ -21,6 +21,9 @@ TTTOOLINFOA toolOf(HWND window, UINT_PTR id) {
 void CToolTip::create(HWND owner, DWORD style) {
     m_handle = makeControl(TOOLTIPS_CLASSA, "", WS_POPUP | TTS_NOPREFIX | style, WS_EX_TOPMOST, {},
                            owner, 0);
+    // A signed 16-bit number.
+    constexpr WORD kStays = 30'000;
+    SendMessageA(m_handle, TTM_SETDELAYTIME, TTDT_AUTOPOP, MAKELPARAM(kStays, 0));
 }
 
 void CToolTip::destroy() {

@@ -24,7 +24,8 @@ struct CellLook {
     // Drawn and measured instead of the cell's text, of the same length. Empty: the text itself.
     std::string_view shown = {};
     // Characters that are marked: by a line below or a frame around them, and, unless the row is
-    // selected, by this colour mixed into the background. They live as long as the look's cell.
+    // selected, by this colour mixed into the background as far as the text stays readable on it.
+    // They live as long as the look's cell.
     enum class Mark { underline, frame };
     std::span<const TextRun> runs = {};
     Mark mark = Mark::underline;

@@ -26,7 +26,8 @@ CCommonListCtrl::CCommonListCtrl(ListServices& services, RecordStore& store)
       m_input(*this, m_content, m_header, m_update),
       m_answers(store, m_input),
       m_columns(*this, services, *this, {m_content, m_header, m_update, m_painter}),
-      m_commands(*this, services, *this, {m_content, m_columns, m_appearance, m_input}) {
+      m_commands(*this, services, *this, {m_content, m_columns, m_appearance, m_input}),
+      m_access(*this, m_content, *this) {
     allLists().push_back(this);
 }
 
@@ -66,8 +67,9 @@ bool CCommonListCtrl::claims(UINT key) const {
 
 void CCommonListCtrl::beforeMessage(UINT message) {
     if (!m_update.isDue(message) || m_header.isChanging()) return;
-    m_update.run();
+    const bool moved = m_update.run();
     m_cellTip.forget();
+    m_access.announce(moved);
     if (m_updated) m_updated();
 }
 
@@ -101,6 +103,11 @@ LRESULT CCommonListCtrl::onGetDialogCode(const MSG* message) {
     const LRESULT code = controlDefault(WM_GETDLGCODE, 0, reinterpret_cast<LPARAM>(message)) |
                          DLGC_WANTCHARS;  // letters find rows
     return message != nullptr && message->wParam == VK_RETURN ? code | DLGC_WANTMESSAGE : code;
+}
+
+void CCommonListCtrl::onFocusChanged() {
+    m_input.onFocusChanged();
+    if (GetFocus() == handle()) m_access.onFocus();
 }
 
 void CCommonListCtrl::onPaint() {
@@ -142,8 +149,12 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::offer<WM_KEYDOWN, &C::m_input, &CListInput::onKeyDown>(),
         fw::offer<WM_KEYDOWN, &C::m_commands, &CListCommands::onKeyDown>(),
         fw::on<WM_CHAR, &C::m_input, &CListInput::onCharacter>(),
-        fw::observe<WM_SETFOCUS, &C::m_input, &CListInput::onFocusChanged>(),
-        fw::observe<WM_KILLFOCUS, &C::m_input, &CListInput::onFocusChanged>(),
+        fw::offer<WM_KEYUP, &C::onKeyUp>(),
+        fw::on<WM_CONTEXTMENU, &C::m_commands, &CListCommands::onContextMenu>(),
+        fw::on<WM_GETOBJECT, &C::m_access, &CListAccess::onGetObject>(),
+        fw::observe<WM_DESTROY, &C::m_access, &CListAccess::onDestroy>(),
+        fw::observe<WM_SETFOCUS, &C::onFocusChanged>(),
+        fw::observe<WM_KILLFOCUS, &C::onFocusChanged>(),
         fw::observe<WM_SYSCOLORCHANGE, &C::m_appearance, &CListAppearance::showColors>(),
         fw::on<LVM_GETITEMSTATE, &C::m_answers, &CSelectionAnswers::onGetItemState>(),
         fw::on<LVM_SETITEMSTATE, &C::m_answers, &CSelectionAnswers::onSetItemState>(),

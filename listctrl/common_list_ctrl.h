@@ -14,6 +14,7 @@
 //   CSelectionAnswers  what others ask about the selection
 //   CListColumns       arranging columns: widths, profile, sorting, dialogs
 //   CListCommands      menus, command keys, export, copy
+//   CListAccess        what screen readers hear
 //
 // Order of life: create(), setColumns(), then changes of the store, each followed by
 // storeChanged(). The parent must hand notifications and drawing requests back
@@ -30,6 +31,7 @@
 
 #include "framework/window.h"
 #include "listctrl/cell_tip.h"
+#include "listctrl/list_access.h"
 #include "listctrl/list_appearance.h"
 #include "listctrl/list_columns.h"
 #include "listctrl/list_commands.h"
@@ -83,6 +85,7 @@ public:
 
     // What the menus and keys do (ListCommand).
     void command(unsigned command) { m_commands.run(command); }
+    void openMenu(bool ofCaptions) { m_commands.openMenu(ofCaptions); }
 
     // Whether the list uses a key, with the modifiers that are down now: it is then the list's
     // while the list has the focus, and not the host's accelerators'.
@@ -96,6 +99,10 @@ public:
     void setBackground(COLORREF color) { m_appearance.setBackground(color); }
     // Whether the appearance dialog may change colours and keywords.
     void setCustomizable(bool customizable) { m_appearance.setCustomizable(customizable); }
+    // What screen readers call the list; without it, its window's text.
+    void setListName(std::function<std::string()> name) { m_access.setListName(std::move(name)); }
+    // What the keys and menus offer now.
+    ListOffers offers() const { return m_commands.offers(); }
     // What is drawn instead of the rows when there is no record.
     void setEmptyText(std::string text) { m_painter.setEmptyText(std::move(text)); }
 
@@ -120,6 +127,8 @@ private:
     LRESULT onGetDispInfo(NMLVDISPINFOA& info);
     LRESULT onGetDialogCode(const MSG* message);
     void onPaint();
+    void onFocusChanged();
+    bool onKeyUp(UINT key, bool) { return key == VK_APPS; }  // its menu opened with the press
     void onAreaChanged(int, int) { m_painter.onAreaChanged(); }
     void onInvalidExpression() { m_services.showMessage(kInvalidExpression); }
 
@@ -136,6 +145,7 @@ private:
     CSelectionAnswers m_answers;
     CListColumns m_columns;
     CListCommands m_commands;
+    CListAccess m_access;
 };
 
 }  // namespace mc

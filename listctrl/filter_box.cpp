@@ -319,7 +319,7 @@ LRESULT CFilterBox::onDrawItem(const DRAWITEMSTRUCT& draw) {
         const std::string count = countText(*rows);
         SIZE size{};
         GetTextExtentPoint32A(draw.hDC, count.c_str(), static_cast<int>(count.size()), &size);
-        SetTextColor(draw.hDC, selected || highContrast() ? words : mixed(words, ground, 150));
+        SetTextColor(draw.hDC, selected ? words : faint(words, ground));
         DrawTextA(draw.hDC, count.c_str(), -1, &rest, kLine | DT_RIGHT);
         rest.right -= size.cx + scaled(8);
     }

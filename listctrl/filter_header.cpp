@@ -11,6 +11,14 @@ namespace {
 
 constexpr UINT kFirstBoxId = 5000;
 
+// A column that is filtered is tinted.
+RowColors captionColors(bool filtered) {
+    const COLORREF face = GetSysColor(COLOR_BTNFACE), text = GetSysColor(COLOR_BTNTEXT);
+    if (!filtered) return {face, text};
+    if (highContrast()) return selectionColors(true);
+    return {fw::tinted(face, GetSysColor(COLOR_HIGHLIGHT), 70, text), text};
+}
+
 }  // namespace
 
 }  // namespace mc
@@ -138,8 +146,8 @@ void CFilterHeader::drawItem(HDC dc, int item) const {
     const RECT rect = control().rect(item);
     if (RectVisible(dc, &rect) == 0) return;
     const bool filtered = !filter(item).text.empty();
-    const COLORREF face = GetSysColor(COLOR_BTNFACE);
-    SetBkColor(dc, filtered ? mixed(GetSysColor(COLOR_HIGHLIGHT), face, 70) : face);
+    const auto [ground, ink] = captionColors(filtered);
+    SetBkColor(dc, ground);
     ExtTextOutA(dc, 0, 0, ETO_OPAQUE, &rect, nullptr, 0, nullptr);
     RECT edge{rect.right - 2, rect.top + 2, rect.right, rect.bottom - 2};
     DrawEdge(dc, &edge, EDGE_ETCHED, BF_RIGHT);
@@ -151,7 +159,7 @@ void CFilterHeader::drawItem(HDC dc, int item) const {
                        rect.top + (m_captionHeight - 5) / 2, ILD_TRANSPARENT);
     }
     static constexpr UINT alignments[] = {DT_LEFT, DT_RIGHT, DT_CENTER};
-    SetTextColor(dc, GetSysColor(filtered && highContrast() ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT));
+    SetTextColor(dc, ink);
     DrawTextA(dc, shown.caption.c_str(), -1, &words,
               alignments[(shown.format & HDF_JUSTIFYMASK) % 3] | DT_SINGLELINE | DT_VCENTER |
                   DT_END_ELLIPSIS | DT_NOPREFIX);

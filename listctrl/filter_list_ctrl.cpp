@@ -1,5 +1,6 @@
 #include "listctrl/filter_list_ctrl.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "framework/handles.h"
@@ -97,8 +98,44 @@ void CFilterListCtrl::filterChanged() {
     notifyParent(handle(), notice, HDN_FILTERCHANGE);
 }
 
+// ---- Keys ----
+
+std::optional<std::size_t> CFilterListCtrl::boxOf(HWND edit) const {
+    const std::vector<HWND> boxes = m_filters.stops();
+    const auto found = std::ranges::find(boxes, edit);
+    const auto box = static_cast<std::size_t>(found - boxes.begin());
+    return edit != nullptr && box < m_boxColumns.size() ? std::optional(box) : std::nullopt;
+}
+
+// The keys that are about a column work in its box, which is its caption's.
+std::vector<unsigned> CFilterListCtrl::boxCommands(UINT key) const {
+    const Modifiers keys = modifiersDown();
+    std::vector<unsigned> commands = keyCommands(key, keys.ctrl, keys.shift, offers()).commands;
+    std::erase_if(commands, [](unsigned command) { return !isColumnCommand(command); });
+    return commands;
+}
+
+bool CFilterListCtrl::claimsIn(HWND control, UINT key) const {
+    if (control == handle()) return claims(key);
+    const bool menu = key == VK_APPS && modifiersDown().ctrl;
+    return boxOf(control) && (menu || !boxCommands(key).empty());
+}
+
+bool CFilterListCtrl::dialogKey(HWND focus, UINT key) {
+    if (m_filters.dialogKey(focus, key)) return true;
+    if (!boxOf(focus)) return false;
+    if (key == VK_APPS) {
+        openMenu(true);
+        return true;
+    }
+    const std::vector<unsigned> commands = boxCommands(key);
+    for (const unsigned each : commands) command(each);
+    return !commands.empty();
+}
+
 // The list's parts count as the list.
 void CFilterListCtrl::partFocusChanged() {
+    if (const auto box = boxOf(GetFocus())) input().goToColumn(m_boxColumns[*box]);
     notifyParent(handle(), IsChild(handle(), GetFocus()) != 0 ? NM_SETFOCUS : NM_KILLFOCUS);
 }
 

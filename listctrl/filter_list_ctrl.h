@@ -4,6 +4,7 @@
 // the parent then calls applyFilter().
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "listctrl/common_list_ctrl.h"
@@ -22,8 +23,11 @@ public:
     // The edits of the filter row, for the order of tabs.
     std::vector<HWND> filterStops() const { return m_filters.stops(); }
 
-    // Enter or Esc in a filter box. False: the key is not the filter row's.
-    bool dialogKey(HWND focus, UINT key) { return m_filters.dialogKey(focus, key); }
+    // A key in a filter box. False: the key is not the filter row's.
+    bool dialogKey(HWND focus, UINT key);
+
+    // Whether a control in the list, or the list itself, uses a key (claims()).
+    bool claimsIn(HWND control, UINT key) const;
 
 protected:
     void addOffers(ListOffers& offers) const override;
@@ -40,6 +44,9 @@ private:
     void filterChanged() override;
 
     CFilterHeader m_filters{*this};
+    std::optional<std::size_t> boxOf(HWND edit) const;
+    std::vector<unsigned> boxCommands(UINT key) const;
+
     std::vector<ColumnId> m_boxColumns;  // the columns of the boxes, from the left
 };
 

@@ -31,7 +31,8 @@ std::optional<ColumnId> CListAppearance::keywordColumn() const {
 RowColors CListAppearance::colorsOf(std::string_view keywordCell) const {
     RowColors found = colors();
     if (!m_chosen || highContrast()) return found;
-    if (const Keyword* keyword = keywordIn(*m_chosen, keywordCell)) found.text = keyword->color;
+    if (const Keyword* keyword = keywordIn(*m_chosen, keywordCell))
+        found.text = readableOn(found.background, keyword->color);
     return found;
 }
 

@@ -2,23 +2,15 @@
 
 namespace mc {
 
-COLORREF mixed(COLORREF a, COLORREF b, int share) {
-    const auto part = [share](int x, int y) { return (x * share + y * (255 - share)) / 255; };
-    return RGB(part(GetRValue(a), GetRValue(b)), part(GetGValue(a), GetGValue(b)),
-               part(GetBValue(a), GetBValue(b)));
-}
-
-bool highContrast() {
-    HIGHCONTRASTA setting{};
-    setting.cbSize = sizeof setting;
-    return SystemParametersInfoA(SPI_GETHIGHCONTRAST, sizeof setting, &setting, 0) != 0 &&
-           (setting.dwFlags & HCF_HIGHCONTRASTON) != 0;
-}
-
 RowColors selectionColors(bool focused) {
     const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
     if (focused || highContrast()) return {highlight, GetSysColor(COLOR_HIGHLIGHTTEXT)};
-    return {mixed(highlight, GetSysColor(COLOR_WINDOW), 80), GetSysColor(COLOR_WINDOWTEXT)};
+    const COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
+    return {fw::tinted(GetSysColor(COLOR_WINDOW), highlight, 80, text), text};
+}
+
+COLORREF faint(COLORREF text, COLORREF ground) {
+    return highContrast() ? text : readableOn(ground, mixed(text, ground, 150));
 }
 
 }  // namespace mc

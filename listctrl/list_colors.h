@@ -3,7 +3,14 @@
 
 #include <windows.h>
 
+#include "framework/high_contrast.h"
+#include "framework/model/contrast.h"
+
 namespace mc {
+
+using fw::highContrast;
+using fw::mixed;
+using fw::readableOn;
 
 struct RowColors {
     COLORREF background;
@@ -14,9 +21,7 @@ struct RowColors {
 // plain to see.
 RowColors selectionColors(bool focused);
 
-// `share` of 255 parts of `a`, the rest of `b`.
-COLORREF mixed(COLORREF a, COLORREF b, int share);
-
-bool highContrast();
+// Beside a text, fainter than it, and still readable.
+COLORREF faint(COLORREF text, COLORREF ground);
 
 }  // namespace mc

@@ -91,12 +91,28 @@ void CListColumns::fit(unsigned command) {
         const int data = measured ? m_parts.painter.dataWidth(item) : 0;
         const int whole = std::max(data, m_parts.painter.captionWidth(column));
         const int width = fittedWidth(command, data, whole, client, count);
-        m_parts.content.columns().setWidth(column, width);
-        fw::ListView(m_list.handle()).setColumnWidth(item, width);
+        setWidth(item, width);
     }
     m_parts.header.measure();
     m_hooks.headerBuilt();
     keepWidths(m_parts.content.columns().shown());
+}
+
+void CListColumns::setWidth(int item, int width) {
+    m_parts.content.columns().setWidth(m_parts.content.columnAt(item), width);
+    fw::ListView(m_list.handle()).setColumnWidth(item, width);
+}
+
+void CListColumns::widen(ColumnId column, int steps) {
+    constexpr int kStep = 8, kLeast = 24, kMost = 2000;  // pixels at 96 dots per inch
+    ColumnModel& columns = m_parts.content.columns();
+    const auto position = columns.positionOf(column);
+    if (!position) return;
+    const int width = columns.width(column) + steps * m_list.scaled(kStep);
+    setWidth(static_cast<int>(*position),
+             std::clamp(width, m_list.scaled(kLeast), m_list.scaled(kMost)));
+    onHeaderMoved();
+    keepWidths({&column, 1});
 }
 
 // ---- The profile ----

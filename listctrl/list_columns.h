@@ -39,6 +39,9 @@ public:
     // Gives every column a new width (kFitTo...Command), which is kept. Costs a look at every cell.
     void fit(unsigned command);
 
+    // Makes a column wider by some steps, or narrower, and keeps its width.
+    void widen(ColumnId column, int steps);
+
     // The dialogs. Messages come in while one is open, so that the list's window may be gone when
     // it returns.
     void reposition(bool offersDefaultSort);
@@ -58,6 +61,7 @@ private:
     void columnsChanged();
     void applyLayout(const ColumnLayout& layout);
     void showOrder();
+    void setWidth(int item, int width);
     void keepWidths(std::span<const ColumnId> columns);
     bool isWidthChange(const NMHEADERA& info) const;
 

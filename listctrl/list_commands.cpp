@@ -25,6 +25,10 @@ constexpr CListCommands::Command CListCommands::kCommands[] = {
     {kDeleteColumnCommand, [](CListCommands& c) { c.m_parts.columns.deleteUserColumn(); }},
     {kSelectAllCommand, [](CListCommands& c) { c.m_parts.input.selectAll(); }},
     {kWholeTextCommand, [](CListCommands& c) { c.showWholeText(); }},
+    {kWidenCommand, [](CListCommands& c) { c.m_parts.columns.widen(c.m_parts.input.column(), 1); }},
+    {kNarrowCommand,
+     [](CListCommands& c) { c.m_parts.columns.widen(c.m_parts.input.column(), -1); }},
+    {kSortCommand, [](CListCommands& c) { c.sortByColumn(); }},
 };
 
 void CListCommands::run(unsigned command) {
@@ -49,10 +53,8 @@ ListOffers CListCommands::offers() const {
     return offers;
 }
 
-LRESULT CListCommands::postMenu(Menu menu) const {
-    POINT at{};
-    GetCursorPos(&at);
-    fw::postMenu(m_list.handle(), menu, at);
+LRESULT CListCommands::postMenu(Menu menu, POINT screen) const {
+    fw::postMenu(m_list.handle(), menu, screen);
     return 1;
 }
 
@@ -70,6 +72,35 @@ void CListCommands::onOpenMenu(UINT which, POINT screen) {
     if (chosen != 0) run(chosen);
 }
 
+POINT CListCommands::cursor() {
+    POINT at{};
+    GetCursorPos(&at);
+    return at;
+}
+
+void CListCommands::onContextMenu(POINT screen) {
+    if (screen.x == -1 && screen.y == -1) openMenu(modifiersDown().ctrl);
+}
+
+void CListCommands::openMenu(bool ofCaptions) {
+    POINT at = ofCaptions ? m_parts.input.captionPoint() : m_parts.input.rowPoint();
+    ClientToScreen(m_list.handle(), &at);
+    postMenu(ofCaptions ? kHeaderMenu : kItemMenu, at);
+}
+
+// As by a click on the caption.
+void CListCommands::sortByColumn() {
+    const auto position = m_parts.content.columns().positionOf(m_parts.input.column());
+    if (!position) return;
+    NMLISTVIEW click{};
+    click.hdr = {m_list.handle(), static_cast<UINT_PTR>(GetDlgCtrlID(m_list.handle())),
+                 static_cast<UINT>(LVN_COLUMNCLICK)};
+    click.iItem = -1;
+    click.iSubItem = static_cast<int>(*position);
+    SendMessageA(m_list.handle(), fw::kReflectedNotify, click.hdr.idFrom,
+                 reinterpret_cast<LPARAM>(&click));
+}
+
 // Code 0 is a menu's; others come from children of the list.
 void CListCommands::onMenuCommand(UINT command, UINT code) {
     if (code == 0) run(command);
@@ -77,8 +108,8 @@ void CListCommands::onMenuCommand(UINT command, UINT code) {
 
 bool CListCommands::onKeyDown(UINT key, bool) {
     const Modifiers keys = modifiersDown();
-    if (key == VK_APPS && keys.ctrl) {
-        postMenu(kHeaderMenu);
+    if (key == VK_APPS) {
+        openMenu(keys.ctrl);
         return true;
     }
     const KeyCommands found = keyCommands(key, keys.ctrl, keys.shift, offers());
@@ -87,12 +118,12 @@ bool CListCommands::onKeyDown(UINT key, bool) {
     return found.consumed;
 }
 
-// Of the focused row, in the column that was clicked last.
+// Of the focused row.
 void CListCommands::showWholeText() {
     const auto row = m_parts.content.store().selection().focusedRow();
     if (!row) return;
-    mc::showWholeText(m_hooks.wholeTexts(*row, m_parts.input.clickedColumn()),
-                      m_services.mayExport(), m_list.handle());
+    mc::showWholeText(m_hooks.wholeTexts(*row, m_parts.input.column()), m_services.mayExport(),
+                      m_list.handle());
 }
 
 void CListCommands::toggleGridLines() {

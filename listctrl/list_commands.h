@@ -38,8 +38,12 @@ public:
     void run(unsigned command);
 
     // Answered, so that no control asks further up for a menu.
-    LRESULT onRightClick(NMHDR&) { return postMenu(kItemMenu); }
-    LRESULT onHeaderRightClick(NMHDR&) { return postMenu(kHeaderMenu); }
+    LRESULT onRightClick(NMHDR&) { return postMenu(kItemMenu, cursor()); }
+    LRESULT onHeaderRightClick(NMHDR&) { return postMenu(kHeaderMenu, cursor()); }
+    // By mouse the notifications above came before it.
+    void onContextMenu(POINT screen);
+    // As by the key for it: at the focused row, or with Ctrl at the caption of the column.
+    void openMenu(bool ofCaptions);
     void onOpenMenu(UINT menu, POINT screen);
     void onMenuCommand(UINT command, UINT code);
     bool onKeyDown(UINT key, bool repeated);
@@ -52,7 +56,9 @@ private:
     static const Command kCommands[];
 
     enum Menu : UINT { kItemMenu, kHeaderMenu };
-    LRESULT postMenu(Menu menu) const;  // at the mouse
+    static POINT cursor();
+    LRESULT postMenu(Menu menu, POINT screen) const;
+    void sortByColumn();
     void toggleGridLines();
     void showWholeText();
 

@@ -7,6 +7,7 @@
 
 #include "listctrl/model/columns/column_info.h"
 #include "listctrl/model/list_commands.h"
+#include "listctrl/model/row_words.h"
 #include "listctrl/model/whole_text.h"
 
 namespace mc {
@@ -31,6 +32,8 @@ public:
     virtual void columnRemoved(ColumnId) {}
     // What the whole-text window shows for a cell: the cell's text, or more of its row.
     virtual std::vector<NamedText> wholeTexts(std::size_t row, ColumnId column) const = 0;
+    // What is to be said of a row beside its cells.
+    virtual RowState rowState(std::size_t) const { return {}; }
     // The list has another font.
     virtual void fontChanged() {}
 

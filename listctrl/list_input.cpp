@@ -62,7 +62,7 @@ bool CListInput::press(POINT client) {
     SetFocus(m_list.handle());  // an editor that loses it may ask the user
     if (m_list.handle() == nullptr) return false;
     m_find.end();
-    if (const auto cell = m_header.cellAt(client)) m_clicked = m_content.columnAt(cell->item);
+    if (const auto cell = m_header.cellAt(client)) m_column = m_content.columnAt(cell->item);
     return select([&] { m_rules.click(m_header.rowAt(client), modifiersDown()); });
 }
 
@@ -91,9 +91,8 @@ bool CListInput::onKeyDown(UINT key, bool) {
     const Modifiers keys = modifiersDown();
     m_keyTaken = false;
     if (navigate(key) || selectByKey(key, keys)) return true;
-    if (key != VK_RETURN && (key != VK_APPS || keys.ctrl)) return false;
-    notifyParent(m_list.handle(), key == VK_RETURN ? NM_RETURN : NM_RCLICK, {},
-                 m_content.store().selection().focusedRow());
+    if (key != VK_RETURN) return false;
+    notifyParent(m_list.handle(), NM_RETURN, {}, m_content.store().selection().focusedRow());
     return true;
 }
 
@@ -128,10 +127,31 @@ ColumnId CListInput::findColumn() const {
     return sort ? sort->column : m_content.columnAt(0);
 }
 
-ColumnId CListInput::clickedColumn() const {
+ColumnId CListInput::column() const {
     const ColumnModel& columns = m_content.columns();
-    const bool shown = m_clicked && columns.has(*m_clicked) && columns.positionOf(*m_clicked);
-    return shown ? *m_clicked : m_content.columnAt(0);
+    const bool shown = m_column && columns.has(*m_column) && columns.positionOf(*m_column);
+    return shown ? *m_column : m_content.columnAt(0);
+}
+
+// The lower left corner of what is visible of the area, or of the edge that it lies beyond.
+POINT CListInput::below(const RECT& area) const {
+    const RECT client = m_list.clientRect();
+    const LONG inset = m_list.scaled(6);
+    return {std::clamp(area.left + inset, client.left, std::max(client.left, client.right - inset)),
+            std::clamp(area.bottom, client.top, client.bottom)};
+}
+
+POINT CListInput::rowPoint() const {
+    const auto row = m_content.store().focusedRow();
+    return row ? below(fw::ListView(m_list.handle()).rowRect(*row)) : captionPoint();
+}
+
+POINT CListInput::captionPoint() const {
+    const auto position = m_content.columns().positionOf(column());
+    RECT caption = m_header.control().rect(position ? static_cast<int>(*position) : 0);
+    MapWindowPoints(m_header.control().handle(), m_list.handle(),
+                    reinterpret_cast<POINT*>(&caption), 2);
+    return below(caption);
 }
 
 void CListInput::onCharacter(UINT character) {

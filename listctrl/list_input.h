@@ -47,8 +47,15 @@ public:
     // The column whose first letters are typed to find a row: the sorted, else the first one.
     ColumnId findColumn() const;
 
-    // The column that was clicked last, while it is shown; else the first one.
-    ColumnId clickedColumn() const;
+    // The column that keys are about: the one that was clicked last, or whose filter box had the
+    // focus since, while it is shown; else the first one.
+    ColumnId column() const;
+    void goToColumn(ColumnId column) { m_column = column; }
+
+    // Where a menu by key opens, in the client area: at the visible part of the focused row, or of
+    // that column's caption.
+    POINT rowPoint() const;
+    POINT captionPoint() const;
 
     void onButtonDown(POINT client) { press(client); }
     void onButtonUp(POINT client);
@@ -63,6 +70,7 @@ private:
     bool navigate(UINT key);
     bool selectByKey(UINT key, Modifiers keys);
     void bringIntoView(std::size_t row) const;
+    POINT below(const RECT& area) const;
 
     const fw::CWindow& m_list;
     const ListContent& m_content;
@@ -70,7 +78,7 @@ private:
     CListUpdate& m_update;
     SelectionRules m_rules;
     TypeToFind m_find;
-    std::optional<ColumnId> m_clicked;
+    std::optional<ColumnId> m_column;
     bool m_keyTaken = false;
 };
 

@@ -1,6 +1,7 @@
 #include "listctrl/list_painter.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -62,12 +63,13 @@ void CListPainter::drawCell(HDC dc, ListCell cell, const RECT& rect, bool ownLoo
     CellLook look = lookOf(cell.row, cell.item);
     if (!ownLooks) look.runColor.reset();
     if (look.fontYields && drawnWidth(cell, look) > roomIn(rect)) look.font = nullptr;
+    const COLORREF rowText = GetTextColor(dc), rowGround = GetBkColor(dc);
     if (ownLooks && look.background) fill(dc, rect, *look.background);
-    const COLORREF rowText = GetTextColor(dc);
-    if (ownLooks && look.text) SetTextColor(dc, *look.text);
+    if (ownLooks && look.text) SetTextColor(dc, readableOn(GetBkColor(dc), *look.text));
     drawText(dc, cell, rect, look);
     SetTextColor(dc, rowText);
     if (m_looks != nullptr) m_looks->drawOver(dc, cell.row, cell.item, rect);
+    SetBkColor(dc, rowGround);
 }
 
 std::string_view CListPainter::textOf(ListCell cell, const CellLook& look) const {
@@ -89,18 +91,46 @@ void CListPainter::drawText(HDC dc, ListCell cell, const RECT& rect, const CellL
     std::optional<fw::SelectScope> font;
     if (look.font != nullptr) font.emplace(dc, look.font);
     if (spare >= 0) {  // fits, which is quick to draw
-        inside.left += flag == 1 ? spare : flag == 2 ? spare / 2 : 0;
-        if (!look.runs.empty())
+        if (!look.runs.empty()) {
+            inside.left += flag == 1 ? spare : flag == 2 ? spare / 2 : 0;
             return drawMarkedText(dc, {text, look, m_widths, m_list.scaled(2)}, inside);
-        ExtTextOutA(dc, static_cast<int>(inside.left), inside.top, 0, nullptr, text.data(),
-                    static_cast<UINT>(size), nullptr);
-        return;
+        }
+        return drawLetters(dc, {text.substr(0, static_cast<std::size_t>(size)), look.font}, inside,
+                           flag);
     }
     if (!look.runs.empty())
         return drawMarkedText(dc, {text, look, m_widths, m_list.scaled(2)}, inside);
-    static constexpr UINT alignments[] = {DT_LEFT, DT_RIGHT, DT_CENTER};
-    DrawTextA(dc, text.data(), size, &inside,
-              DT_SINGLELINE | DT_END_ELLIPSIS | DT_NOPREFIX | alignments[flag % 3]);
+    const std::string cut = cutText(text, room, look.font);
+    drawLetters(dc, {cut, look.font}, inside, flag);
+}
+
+// Each character as wide as it was measured: the platform may draw it narrower or wider by a pixel,
+// and a text that is aligned by its width would end elsewhere.
+void CListPainter::drawLetters(HDC dc, Letters letters, const RECT& rect, int flag) const {
+    std::vector<INT> steps;
+    steps.reserve(letters.text.size());
+    for (const char& letter : letters.text)
+        steps.push_back(m_widths.widthOf({&letter, 1}, letters.font));
+    const int width = std::accumulate(steps.begin(), steps.end(), 0);
+    const int room = static_cast<int>(rect.right - rect.left), spare = std::max(room - width, 0);
+    const int left = static_cast<int>(rect.left) + (flag == 1 ? spare : flag == 2 ? spare / 2 : 0);
+    const UINT options = width > room ? ETO_CLIPPED : 0;
+    ExtTextOutA(dc, left, static_cast<int>(rect.top), options, &rect, letters.text.data(),
+                static_cast<UINT>(letters.text.size()), steps.data());
+}
+
+// As much of a text that does not fit as does with dots behind it.
+std::string CListPainter::cutText(std::string_view text, int room, HFONT font) const {
+    constexpr std::string_view kDots = "...";
+    int left = room - m_widths.widthOf(kDots, font);
+    std::size_t end = 0;
+    while (end < text.size()) {
+        const std::size_t bytes = IsDBCSLeadByte(static_cast<BYTE>(text[end])) != 0 ? 2 : 1;
+        left -= m_widths.widthOf(text.substr(end, bytes), font);
+        if (left < 0) break;
+        end += bytes;
+    }
+    return std::string(text.substr(0, end)).append(kDots);
 }
 
 // A row is as high as the font's text and its external leading, and a pixel.
@@ -139,9 +169,8 @@ void CListPainter::drawEmptyText() const {
     {
         const fw::SelectScope select(dc, fontOfList(m_list));
         SetBkMode(dc, TRANSPARENT);
-        // Fainter than a row, and still with contrast enough to be read.
         const auto [paper, ink] = m_appearance.colors();
-        SetTextColor(dc, highContrast() ? ink : mixed(ink, paper, 150));
+        SetTextColor(dc, faint(ink, paper));
         DrawTextA(dc, text.c_str(), -1, &area, DT_CENTER | DT_WORDBREAK | DT_NOPREFIX);
     }
     ReleaseDC(m_list.handle(), dc);

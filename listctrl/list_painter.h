@@ -49,6 +49,12 @@ private:
     RowColors colorsOf(std::size_t row) const;
     void drawCell(HDC dc, ListCell cell, const RECT& rect, bool ownLooks) const;
     std::string_view textOf(ListCell cell, const CellLook& look) const;
+    struct Letters {
+        std::string_view text;
+        HFONT font;  // that the device context has
+    };
+    void drawLetters(HDC dc, Letters letters, const RECT& rect, int flag) const;
+    std::string cutText(std::string_view text, int room, HFONT font) const;
     void drawText(HDC dc, ListCell cell, const RECT& rect, const CellLook& look) const;
     bool isCutOff(ListCell cell) const;
     int drawnWidth(ListCell cell, const CellLook& look) const;

@@ -42,7 +42,7 @@ std::vector<RECT> rectsOfRuns(const MarkedText& marked, std::size_t shown, const
 
 void paintBehind(HDC dc, const std::vector<RECT>& rects, COLORREF color) {
     const COLORREF paper = GetBkColor(dc);
-    SetBkColor(dc, mixed(color, paper, kRunShare));
+    SetBkColor(dc, fw::tinted(paper, color, kRunShare, GetTextColor(dc)));
     for (const RECT& each : rects) ExtTextOutA(dc, 0, 0, ETO_OPAQUE, &each, nullptr, 0, nullptr);
     SetBkColor(dc, paper);
 }

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "framework/hwnd.h"
 #include "framework/list_view.h"
 #include "listctrl/list_colors.h"
 #include "res/resource_ids.h"
@@ -27,8 +28,9 @@ constexpr char kDetailsTitle[] = "Maker Checker Details";
 // White, unless the user's text is too light to be read on it.
 COLORREF detailsBackground() {
     const COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
-    const bool light = GetRValue(text) + GetGValue(text) + GetBValue(text) > 3 * 128;
-    return light || highContrast() ? GetSysColor(COLOR_WINDOW) : RGB(255, 255, 255);
+    constexpr COLORREF kWhite = RGB(255, 255, 255);
+    const bool unreadable = fw::contrast(text, kWhite) < fw::kReadable;
+    return unreadable || highContrast() ? GetSysColor(COLOR_WINDOW) : kWhite;
 }
 
 HeldView held(CFilterListCtrl& list, const char* title, const char* keyName,
@@ -75,6 +77,13 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
         kMandatoryMainColumns);
     m_main->setWholeReader(
         [&changes](Slot change, ColumnId column) { return changes.wholeText(change, column); });
+    m_main->setListName([&changes] {
+        return std::string(kMainTitle) + " - " + summaryText(queueSummary(changes));
+    });
+    m_details->setListName([this] {
+        const std::string note = noteOf(m_lines.rows());
+        return fw::textOf(m_details->handle()) + (note.empty() ? "" : " - " + note);
+    });
     m_main->offerColumns(true, true);
     m_main->storeChanged();
     m_details->setDetailColumns();
@@ -98,9 +107,7 @@ void CheckerLists::showWindows() {
 }
 
 void CheckerLists::colorsChanged() {
-    m_details->setBackground(detailsBackground());
-    for (const HWND list : {m_main->handle(), m_details->handle()})
-        SendMessageA(list, WM_SYSCOLORCHANGE, 0, 0);
+    if (m_details != nullptr) m_details->setBackground(detailsBackground());
 }
 
 void CheckerLists::bringIntoView(std::size_t mainRow) const {
@@ -183,8 +190,7 @@ std::vector<HWND> CheckerLists::tabStops() const {
 
 bool CheckerLists::claims(HWND control, UINT key) const {
     if (m_main == nullptr) return false;
-    return (control == m_main->handle() && m_main->claims(key)) ||
-           (control == m_details->handle() && m_details->claims(key));
+    return m_main->claimsIn(control, key) || m_details->claimsIn(control, key);
 }
 
 // A key that is held since it was pressed in an editor never leaves the editors.

@@ -45,6 +45,10 @@ public:
     void resetMainFilters() { m_main->command(kResetFiltersCommand); }
     void bringIntoView(std::size_t mainRow) const;
 
+    // For the list of keys: what the main list offers, and whether values can be edited.
+    ListOffers offers() const { return m_main->offers(); }
+    bool offersEditing() const { return m_details->offersEditing(); }
+
     HWND mainWindow() const { return m_main != nullptr ? m_main->handle() : nullptr; }
 
     // Where Tab stops in the lists, in order.

@@ -33,6 +33,7 @@ bool DecisionsPanel::create(HWND pane, DecisionLog& log) {
         kDecisionColumns,
         [&log](Slot decision, ColumnId column) { return log.cellText(decision, column); },
         kMandatory);
+    m_list->setListName([&log] { return titleOf(log); });
     m_list->offerColumns(true, false);
     m_list->storeChanged();
     log.setListener([this, &log] { logChanged(log); });
@@ -84,10 +85,6 @@ void DecisionsPanel::layOut() {
     if (isOpen()) m_frame.layOut();
 }
 
-void DecisionsPanel::colorsChanged() {
-    if (m_frame.handle() != nullptr) SendMessageA(m_list->handle(), WM_SYSCOLORCHANGE, 0, 0);
-}
-
 // ---- Keys ----
 
 std::vector<HWND> DecisionsPanel::tabStops() const {
@@ -98,7 +95,7 @@ std::vector<HWND> DecisionsPanel::tabStops() const {
 }
 
 bool DecisionsPanel::claims(HWND control, UINT key) const {
-    return isOpen() && control == m_list->handle() && m_list->claims(key);
+    return isOpen() && m_list->claimsIn(control, key);
 }
 
 DecisionsPanel::KeyUse DecisionsPanel::dialogKey(UINT key, bool repeated) {

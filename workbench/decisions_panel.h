@@ -31,7 +31,6 @@ public:
     // Takes its part of the lists' room and returns the rest.
     RECT takeRoom(RECT room);
     void layOut();  // the dots per inch changed
-    void colorsChanged();
 
     std::vector<HWND> tabStops() const;
     bool claims(HWND control, UINT key) const;

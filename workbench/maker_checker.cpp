@@ -4,7 +4,9 @@
 #include <utility>
 
 #include "framework/hwnd.h"
+#include "listctrl/dialogs/whole_text.h"
 #include "res/resource_ids.h"
+#include "workbench/model/key_list.h"
 #include "workbench/rejection_dialog.h"
 
 namespace mc {
@@ -55,7 +57,6 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
         fw::on<WM_INITDIALOG, &CMakerChecker::onInitDialog>(),
         fw::on<WM_SIZE, &CMakerChecker::onSize>(),
         fw::on<WM_DPICHANGED_AFTERPARENT, &CMakerChecker::onDpiChanged>(),
-        fw::observe<WM_SYSCOLORCHANGE, &CMakerChecker::onColorsChanged>(),
         fw::observe<WM_DESTROY, &CMakerChecker::onDestroy>(),
         fw::onCommand<IDC_ACCEPT, &CMakerChecker::onAccept, BN_CLICKED>(),
         fw::onCommand<IDC_REJECT, &CMakerChecker::onReject, BN_CLICKED>(),
@@ -118,7 +119,6 @@ RECT CMakerChecker::listsRect() {
 
 void CMakerChecker::onColorsChanged() {
     m_lists.colorsChanged();
-    m_decisions.colorsChanged();
     m_line.stale();
 }
 
@@ -127,6 +127,12 @@ void CMakerChecker::onDpiChanged() {
     layOut();
     m_lists.layOut();
     m_decisions.layOut();
+}
+
+// The bar's default is of no use, and means that it has no size yet.
+SIZE CMakerChecker::firstFloatSize() const {
+    const BarSize size = m_bar.size();
+    return size == kDefaultBarSize ? SIZE{} : SIZE{size.width, size.height};
 }
 
 void CMakerChecker::keepFloatSize() {
@@ -218,6 +224,8 @@ void CMakerChecker::run(PaneCommand command) {
     switch (command) {
         case PaneCommand::none:
             break;
+        case PaneCommand::keys:
+            return showKeys();
         case PaneCommand::nextNeighbour:
             return onNextNeighbour();
         case PaneCommand::decisions:
@@ -231,6 +239,18 @@ void CMakerChecker::run(PaneCommand command) {
         case PaneCommand::openNext:
             return openNext();
     }
+}
+
+// What a button does stands in its tip, before the key.
+void CMakerChecker::showKeys() {
+    std::vector<fw::KeyWords> buttons;
+    for (const fw::ActionKey& each : kActionKeys) {
+        const std::string_view tip = each.tip;
+        if (IsWindowVisible(GetDlgItem(handle(), each.button)) != 0)
+            buttons.push_back({fw::keyName(each.key, each.ctrlShift, each.ctrlShift),
+                               tip.substr(0, tip.find(" ("))});
+    }
+    showText("Keys", keyList(buttons, m_lists.offers(), m_lists.offersEditing()), handle());
 }
 
 void CMakerChecker::chooseQuickFilter(PaneCommand command) {

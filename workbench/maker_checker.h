@@ -44,14 +44,14 @@ protected:
     bool controlClaims(HWND control, UINT key) const override;
     std::span<const fw::ActionKey> actionKeys() const override;
     void onHidden() override { keepFloatSize(); }
+    void onColorsChanged() override;
     SIZE leastSize() const override { return {scaled(220), scaled(320)}; }
-    SIZE firstFloatSize() const override { return {m_bar.size().width, m_bar.size().height}; }
+    SIZE firstFloatSize() const override;
 
 private:
     LRESULT onInitDialog();
     void onSize(int, int) { layOut(); }
     void onDpiChanged();
-    void onColorsChanged();
     void onDestroy();
     void keepFloatSize();
     void onAccept();
@@ -73,6 +73,7 @@ private:
     void onEndOfChoice(const EndOfEdit& edit);
 
     void run(PaneCommand command);
+    void showKeys();
     void chooseQuickFilter(PaneCommand command);
 
     void selectPair();

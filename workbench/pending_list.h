@@ -19,6 +19,7 @@ protected:
         if (command == kResetFiltersCommand) m_changes.quickFilter().choose(QuickFilter::Kind::off);
         return CFilterListCtrl::runOwnCommand(command);
     }
+    RowState rowState(std::size_t row) const override { return {m_looks.tip(row, 0)}; }
     void fontChanged() override {
         m_looks.fontChanged();
         CFilterListCtrl::fontChanged();

@@ -1,7 +1,6 @@
 #include "workbench/press_line_window.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <string_view>
 #include <utility>
 
@@ -34,21 +33,12 @@ void setWarningColors(HDC dc) {
         SetTextColor(dc, GetSysColor(COLOR_HIGHLIGHTTEXT));
         return;
     }
-    const COLORREF face = GetSysColor(COLOR_3DFACE);
-    const bool dark = GetRValue(face) + GetGValue(face) + GetBValue(face) < 3 * 128;
-    SetTextColor(dc, dark ? RGB(255, 150, 140) : RGB(176, 0, 0));
+    SetTextColor(dc, readableOn(GetSysColor(COLOR_3DFACE), RGB(176, 0, 0)));
 }
 
-int brightness(COLORREF color) {
-    return (GetRValue(color) * 299 + GetGValue(color) * 587 + GetBValue(color) * 114) / 1000;
-}
-
-// The colour of links, where it can be read on the dialog's face; the underline says the rest.
 COLORREF linkColor() {
-    constexpr int kReadable = 100;
     const COLORREF link = GetSysColor(COLOR_HOTLIGHT);
-    const int contrast = std::abs(brightness(link) - brightness(GetSysColor(COLOR_3DFACE)));
-    return contrast < kReadable ? GetSysColor(COLOR_BTNTEXT) : link;
+    return highContrast() ? link : readableOn(GetSysColor(COLOR_3DFACE), link);
 }
 
 // The first word of the text with the blanks behind it, which is taken off it.
@@ -168,9 +158,14 @@ void CPressLine::refresh() {
     else if (m_line.ages)
         KillTimer(handle(), kAgeTimer);
     if (now == m_line) return;
+    const bool news = now.isNews(m_line), warns = !now.warning.empty();
     m_line = std::move(now);
-    SetWindowTextA(handle(), m_line.whole().c_str());
+    SetWindowTextA(handle(), m_line.whole().c_str());  // which says that the name changed
     InvalidateRect(handle(), nullptr, FALSE);
+    if (!news) return;
+    constexpr DWORD kLiveRegionChanged = 0x8019;  // of Windows 8; unheard before
+    for (const DWORD event : {kLiveRegionChanged, warns ? DWORD{EVENT_SYSTEM_ALERT} : DWORD{0}})
+        if (event != 0) NotifyWinEvent(event, handle(), OBJID_CLIENT, CHILDID_SELF);
 }
 
 void CPressLine::begin(PressButton pressed) {

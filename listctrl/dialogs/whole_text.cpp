@@ -1,6 +1,7 @@
 #include "listctrl/dialogs/whole_text.h"
 
 #include <string>
+#include <utility>
 
 #include "framework/dialog.h"
 #include "framework/hwnd.h"
@@ -18,7 +19,7 @@ protected:
     const fw::MessageMap& messageMap() const override {
         static constexpr fw::MessageEntry entries[] = {
             fw::on<WM_COPY, &CUncopiedEdit::drop>(),
-            fw::on<WM_CONTEXTMENU, &CUncopiedEdit::drop>(),  // its menu copies
+            fw::on<WM_CONTEXTMENU, &CUncopiedEdit::dropMenu>(),  // its menu copies
             fw::offer<WM_CHAR, &CUncopiedEdit::onCharacter>(),
             fw::offer<WM_KEYDOWN, &CUncopiedEdit::onKeyDown>(),
         };
@@ -28,14 +29,15 @@ protected:
 
 private:
     void drop() {}
+    void dropMenu(POINT) {}
     bool onCharacter(UINT character) { return character < ' '; }  // Ctrl+C among them
     bool onKeyDown(UINT key, bool) { return key == VK_INSERT || key == VK_DELETE; }
 };
 
 class CWholeTextDlg final : public fw::CDialog {
 public:
-    CWholeTextDlg(std::string text, bool mayCopy, HWND over)
-        : m_text(std::move(text)), m_mayCopy(mayCopy), m_over(over) {}
+    CWholeTextDlg(std::string text, bool mayCopy, HWND over, const char* caption = nullptr)
+        : m_text(std::move(text)), m_mayCopy(mayCopy), m_over(over), m_caption(caption) {}
 
     void show() { run(IDD_WHOLE_TEXT, IDCANCEL); }
 
@@ -52,6 +54,7 @@ protected:
 private:
     // In the list's font, in which the text was seen.
     LRESULT onInitDialog() {
+        if (m_caption != nullptr) SetWindowTextA(handle(), m_caption);
         if (!m_mayCopy) m_edit.attach(item(IDC_WHOLE_TEXT));
         fw::setFont(item(IDC_WHOLE_TEXT), fw::fontOf(m_over));
         setItemText(IDC_WHOLE_TEXT, m_text);
@@ -64,6 +67,7 @@ private:
     std::string m_text;
     bool m_mayCopy;
     HWND m_over;
+    const char* m_caption;  // null: the dialog's own
     CUncopiedEdit m_edit;
 };
 
@@ -71,6 +75,10 @@ private:
 
 void showWholeText(std::span<const NamedText> texts, bool mayCopy, HWND window) {
     CWholeTextDlg(wholeText(texts), mayCopy, window).show();
+}
+
+void showText(const char* caption, std::string text, HWND window) {
+    CWholeTextDlg(std::move(text), true, window, caption).show();
 }
 
 }  // namespace mc

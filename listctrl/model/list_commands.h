@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "framework/model/key_name.h"
+
 namespace mc {
 
 enum ListCommand : unsigned {
@@ -21,6 +23,9 @@ enum ListCommand : unsigned {
     kResetFiltersCommand = 33078,
     kSelectAllCommand = 1,  // by key only
     kWholeTextCommand = 2,  // by key only
+    kWidenCommand = 3,      // by key only, as the next two
+    kNarrowCommand = 4,
+    kSortCommand = 5,
 };
 
 // What a list offers at the moment.
@@ -55,6 +60,14 @@ struct KeyCommands {
     bool consumed = false;
 };
 KeyCommands keyCommands(unsigned virtualKey, bool ctrl, bool shift, const ListOffers& offers);
+
+// Whether a command is about one column: its key works in the column's filter box, too.
+bool isColumnCommand(unsigned command);
+
+// The keys in words: of rows, and of the column that was clicked last or whose filter box had the
+// focus last.
+std::vector<fw::KeyWords> listKeys(const ListOffers& offers);
+std::vector<fw::KeyWords> columnKeys(const ListOffers& offers);
 
 // Whether a list uses a key, for a command or to move and select.
 bool isListKey(unsigned virtualKey, bool ctrl, bool shift, const ListOffers& offers);

@@ -362,7 +362,11 @@ HWND filterEdit(int item, HWND list) {
 
 HWND editor() {
     const HWND open = FindWindowExA(details(), nullptr, "MakerChecker.CellEditor", nullptr);
-    return open != nullptr && IsWindowVisible(open) != 0 ? GetWindow(open, GW_CHILD) : nullptr;
+    if (open == nullptr || IsWindowVisible(open) == 0) return nullptr;
+    HWND control = GetWindow(open, GW_CHILD);
+    while (IsWindow(control) != 0 && IsWindowVisible(control) == 0)  // its label
+        control = GetWindow(control, GW_HWNDNEXT);
+    return control;
 }
 
 std::string classOf(HWND window) {

@@ -171,6 +171,15 @@ std::string PressLine::whole() const {
     return warning + text + (offersPair ? std::string("  ") + kSelectPair : "");
 }
 
+bool PressLine::isNews(const PressLine& before) const {
+    const auto withoutDigits = [](std::string said) {
+        std::erase_if(said, [](char each) { return each >= '0' && each <= '9'; });
+        return said;
+    };
+    if (!ages || !before.ages) return *this != before;
+    return withoutDigits(whole()) != withoutDigits(before.whole());
+}
+
 std::string pressName(const sMakeCheckStruct& change) {
     const Functionality* kind = findFunctionality(change.functionalityCode);
     std::string text = change.key;

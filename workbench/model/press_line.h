@@ -16,6 +16,9 @@ struct PressLine {
 
     std::string whole() const;
     bool operator==(const PressLine&) const = default;
+
+    // Whether it says more than that time went by, which is not worth being read aloud.
+    bool isNews(const PressLine& before) const;
 };
 
 // The action's caption, behind the text.

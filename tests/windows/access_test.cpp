@@ -1,0 +1,389 @@
+// For people who do not see the screen or do not use a mouse: what a screen reader would say, high
+// contrast, keys for what the mouse does, and where the focus comes back to.
+#include <gtest/gtest.h>
+
+#include <oleacc.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <set>
+#include <tuple>
+#include <utility>
+
+#include "framework/model/contrast.h"
+#include "tests/windows/hand.h"
+#include "tests/windows/test_host.h"
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+template <class Function>
+Function* from(const char* library, const char* name) {
+    return reinterpret_cast<Function*>(
+        reinterpret_cast<void*>(GetProcAddress(LoadLibraryA(library), name)));
+}
+
+// Says what has the focus when it gets it, what changes of it, and the live line.
+class Reader {
+public:
+    Reader() {
+        s_said.clear();
+        from<decltype(::CoInitializeEx)>("ole32.dll", "CoInitializeEx")(nullptr,
+                                                                        COINIT_APARTMENTTHREADED);
+        m_hook = SetWinEventHook(EVENT_MIN, EVENT_MAX, nullptr, onEvent, GetCurrentProcessId(), 0,
+                                 WINEVENT_OUTOFCONTEXT);
+    }
+    ~Reader() {
+        UnhookWinEvent(m_hook);
+        from<decltype(::CoUninitialize)>("ole32.dll", "CoUninitialize")();
+    }
+    // What was said since the last call; each once.
+    static Texts said() {
+        pump();
+        return std::exchange(s_said, {});
+    }
+
+private:
+    static void CALLBACK onEvent(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG child,
+                                 DWORD, DWORD) {
+        constexpr DWORD kLiveRegion = 0x8019;
+        const bool row = child != CHILDID_SELF;
+        const bool focus = event == EVENT_OBJECT_FOCUS;
+        if (object != OBJID_CLIENT || (focus && window != GetFocus())) return;
+        if (event == EVENT_SYSTEM_ALERT) return say("ALERT: " + nameOf(window, object, child));
+        if (event == EVENT_OBJECT_SELECTIONWITHIN) return say("the selection changed");
+        if (focus || event == kLiveRegion || (event == EVENT_OBJECT_NAMECHANGE && row))
+            say(nameOf(window, object, child));
+    }
+    static void say(std::string text) {
+        const auto cut = [&text](const char* from, const char* to) {
+            const std::size_t at = text.find(from);
+            if (at != std::string::npos) text.erase(at, text.find(to, at) - at);
+        };
+        cut(" sent at", ",");  // times differ from run to run
+        cut(" sent 0", " ago"), cut(" sent 1", " ago");
+        if (std::ranges::find(s_said, text) == s_said.end()) s_said.push_back(text);
+    }
+    static std::string nameOf(HWND window, LONG object, LONG child) {
+        IAccessible* found = nullptr;
+        VARIANT which{};
+        if (from<decltype(::AccessibleObjectFromEvent)>("oleacc.dll", "AccessibleObjectFromEvent")(
+                window, static_cast<DWORD>(object), static_cast<DWORD>(child), &found, &which) !=
+            S_OK)
+            return "<no object>";
+        BSTR name = nullptr;
+        const HRESULT result = found->get_accName(which, &name);
+        found->Release();
+        if (result != S_OK || name == nullptr) return "<no name>";
+        char text[512]{};
+        WideCharToMultiByte(CP_ACP, 0, name, -1, text, sizeof text - 1, nullptr, nullptr);
+        from<decltype(::SysFreeString)>("oleaut32.dll", "SysFreeString")(name);
+        return text;
+    }
+    static inline Texts s_said;
+    HWINEVENTHOOK m_hook;
+};
+
+TEST(ScreenReader, HearsAChangeFoundOpenedReadEditedAndDecided) {
+    OpenWorkbench open;
+    open.plugin.publish(pending("6", "340", {{31003, "DLR6"}}));
+    open.plugin.publish(pending("7", "360", {{54001, "C1"}}));
+    pump();
+    const Reader reader;
+    const struct {
+        const char* what;
+        std::function<void()> act;
+        Texts said;
+    } steps[] = {
+        {"Down",
+         [] { hand::key(VK_DOWN); },
+         {"Entity Name: DLR6; Auth Type: MODIFY USER; Key: 6; Maker: MAKER1; not looked at",
+          "Accept 6 MODIFY USER DLR6, not looked at"}},
+        {"c",
+         [] { hand::type("c"); },
+         {"Entity Name: Client - C1; Auth Type: RMS Limits; Key: 7; Maker: MAKER1; not looked at",
+          "Accept 7 RMS Limits, Client - C1, not looked at"}},
+        {"Enter; the details come",
+         [] {
+             hand::key(VK_RETURN);
+             answer(limitsAnswer("7"));
+         },
+         {"Entity Name: Client - C1; Auth Type: RMS Limits; Key: 7; Maker: MAKER1; not looked at; "
+          "its details are open",
+          "Accept 7 RMS Limits, Client - C1",
+          "Entity Name: Client - C1; Auth Type: RMS Limits; Key: 7; Maker: MAKER1; looked at; its "
+          "details are open"}},
+        {"Tab",
+         [] {
+             for (int stop = 0; stop < 5; ++stop) hand::key(VK_TAB);
+         },
+         {"Splitter", "<no name>", "Maker Checker Details: Client - C1, RMS Limits, 7"}},
+        {"Down",
+         [] {
+             for (int row = 0; row < 3; ++row) hand::key(VK_DOWN);
+         },
+         {"Field: RMS Limits; group, open", "Field: RMS Limit For; Value: Client - C1",
+          "Field: Cash Margin; Value: 1500.00; Old Value: 1200; changed; Cash Margin: 1200 to "
+          "1500, +300 (+25 %), 1 thousand 500; can be edited"}},
+        {"F2", [] { hand::key(VK_F2); }, {"Cash Margin, Value"}},
+        {"2500, Enter",
+         [] {
+             hand::type("2500");
+             hand::key(VK_RETURN);
+         },
+         {"Field: Cash Margin; Value: 2500.00; Old Value: 1200; changed; edited, not sent; Cash "
+          "Margin: 1200 to 2500.00, +1,300 (+108.3 %), 2 thousand 500; Update sends 2500.00, the "
+          "maker asked for 1500; can be edited",
+          "Maker Checker Details: Client - C1, RMS Limits, 7",
+          "Accept 7 RMS Limits, Client - C1; asks about 1 unsent value first"}},
+        {"Ctrl+Shift+U",
+         [] { hand::key('U', hand::kCtrlShift); },
+         {"Accept 7 RMS Limits, Client - C1, again, ago",
+          "Field: Cash Margin; Value: 2500.00; Old Value: 1200; changed; Cash Margin: 1200 to "
+          "1500, +300 (+25 %), 1 thousand 500; sent as 1500, shown rounded; can be edited",
+          "Entity Name: Client - C1; Auth Type: RMS Limits; Key: 7; Maker: MAKER1; looked at; "
+          "update, outcome awaited; its details are open"}},
+        {"(the server publishes the outcome)",
+         [&] { open.plugin.publish(outcome("7", "accepted")); },
+         {"the selection changed", "Accept nothing: no change is selected"}},
+    };
+    for (const auto& step : steps) {
+        step.act();
+        const Texts said = Reader::said();
+        std::printf("| %s |", step.what);
+        for (const std::string& each : said) std::printf(" %s<br>", each.c_str());
+        std::printf(" |\n");
+        EXPECT_EQ(said, step.said) << step.what;
+    }
+}
+
+// The last column of a cell, from its right edge, that is not its background.
+int lastInk(HWND list, int row, int item) {
+    RECT cell{LVIR_BOUNDS, item, 0, 0};
+    SendMessageA(list, LVM_GETSUBITEMRECT, static_cast<WPARAM>(row),
+                 reinterpret_cast<LPARAM>(&cell));
+    const COLORREF ground = pixel(list, cell.right - 2, cell.top + 2);
+    for (int x = cell.right - 2; x > cell.left; --x)
+        for (int y = cell.top + 2; y < cell.bottom - 2; ++y)
+            if (pixel(list, x, y) != ground) return cell.right - x;
+    return -1;
+}
+
+// Whole texts and cut ones, in bold and not.
+TEST(Readable, RightEdgesAreExact) {
+    OpenWorkbench open;
+    const char* const makers[] = {
+        "1", "WA 11", "Tyo 31", "iiii421", "MMMMMMMMMMMMMMMM1", "Tllllllllllllllllllllllllllll1"};
+    for (int row = 0; row < 6; ++row)
+        open.plugin.publish(
+            pending(std::to_string(row), "340", {{31003, "U"}, {54247, makers[row]}}));
+    pump();
+    std::set<int> whole, cut;
+    for (int row = 0; row < 6; ++row) {
+        const int edge = lastInk(mainList(), row, 3);
+        (row < 4 ? whole : cut).insert(edge);
+        EXPECT_NE(edge, -1);
+    }
+    EXPECT_EQ(whole.size(), 1u) << testing::PrintToString(whole);
+    EXPECT_EQ(cut.size(), 1u) << testing::PrintToString(cut);
+}
+
+// What the plug-in calls of the system by this name is another function for a scope: the emulator
+// knows no high contrast.
+class ReplacedImport {
+public:
+    ReplacedImport(const char* name, FARPROC instead) : m_slot(find(name)) {
+        if (m_slot != nullptr) m_before = put(instead);
+    }
+    ~ReplacedImport() {
+        if (m_slot != nullptr) put(m_before);
+    }
+    bool found() const { return m_slot != nullptr; }
+
+private:
+    static FARPROC* find(const char* name) {
+        auto* const base = reinterpret_cast<BYTE*>(GetModuleHandleA("MakerChecker.dll"));
+        const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+        const auto* pe = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
+        const auto& table = pe->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+        const auto* library =
+            reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + table.VirtualAddress);
+        for (; library->Name != 0; ++library) {
+            const auto* names =
+                reinterpret_cast<const ULONG_PTR*>(base + library->OriginalFirstThunk);
+            auto* slots = reinterpret_cast<FARPROC*>(base + library->FirstThunk);
+            for (; *names != 0; ++names, ++slots)
+                if (std::string_view(reinterpret_cast<const char*>(base + *names + 2)) == name)
+                    return slots;
+        }
+        return nullptr;
+    }
+    FARPROC put(FARPROC function) const {
+        DWORD protection = 0;
+        VirtualProtect(m_slot, sizeof *m_slot, PAGE_READWRITE, &protection);
+        return std::exchange(*m_slot, function);
+    }
+    FARPROC* const m_slot;
+    FARPROC m_before = nullptr;
+};
+
+int s_asked = 0;
+BOOL WINAPI answerHighContrast(UINT action, UINT size, void* result, UINT flags) {
+    if (action != SPI_GETHIGHCONTRAST) return SystemParametersInfoW(action, size, result, flags);
+    ++s_asked;
+    static_cast<HIGHCONTRASTW*>(result)->dwFlags = HCF_HIGHCONTRASTON;
+    return TRUE;
+}
+
+// White on black, as the black scheme has it, for a scope.
+class BlackScheme {
+public:
+    BlackScheme() { apply({0, 0xFFFFFF, 0, 0xFFFFFF, 0xFFEB1A, 0, 0xFFFF00}); }
+    ~BlackScheme() { apply(m_before); }
+
+private:
+    static constexpr int kElements[] = {COLOR_WINDOW,  COLOR_WINDOWTEXT, COLOR_BTNFACE,
+                                        COLOR_BTNTEXT, COLOR_HIGHLIGHT,  COLOR_HIGHLIGHTTEXT,
+                                        COLOR_HOTLIGHT};
+    using Colors = std::array<COLORREF, std::size(kElements)>;
+    static Colors present() {
+        Colors colors;
+        std::ranges::transform(kElements, colors.begin(), GetSysColor);
+        return colors;
+    }
+    static void apply(const Colors& colors) {
+        SetSysColors(static_cast<int>(std::size(kElements)), kElements, colors.data());
+        pump();
+        SendMessageA(GetAncestor(findPane(), GA_ROOT), WM_SYSCOLORCHANGE, 0, 0);
+        pump();
+    }
+    const Colors m_before = present();
+};
+
+// The system's two colours and nothing between, docked and floating; a dark scheme without high
+// contrast tints a changed value, and its text stays readable.
+TEST(Readable, ChangedValuesFollowTheScheme) {
+    OpenWorkbench open;
+    open.plugin.publish(pending("7", "360", {{54001, "C1"}}));
+    hand::doubleClickRow(mainList(), 0);
+    answer(limitsAnswer("7"));
+    pump();
+    const auto ground = [] {
+        RECT cell{LVIR_BOUNDS, 1, 0, 0};
+        SendMessageA(details(), LVM_GETSUBITEMRECT, 2, reinterpret_cast<LPARAM>(&cell));
+        return pixel(details(), cell.left + 4, cell.top + 2);
+    };
+    const COLORREF light = ground();
+    for (const bool floating : {false, true}) {
+        if (floating)
+            hand::doubleClick(POINT{onScreen(findPane()).left + 300, onScreen(findPane()).top + 4});
+        {
+            const BlackScheme black;
+            EXPECT_NE(ground(), 0u) << "the changed value is tinted";
+            EXPECT_GE(fw::contrast(ground(), RGB(255, 255, 255)), fw::kReadable);
+        }
+        const ReplacedImport system(
+            "SystemParametersInfoW",
+            reinterpret_cast<FARPROC>(reinterpret_cast<void*>(answerHighContrast)));
+        ASSERT_TRUE(system.found());
+        const BlackScheme black;
+        EXPECT_EQ(ground(), 0u);
+        s_asked = 0;
+        RedrawWindow(findPane(), nullptr, nullptr,
+                     RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+        EXPECT_EQ(s_asked, 0) << "never while painting";
+    }
+    SendMessageA(GetAncestor(findPane(), GA_ROOT), WM_SETTINGCHANGE, 0, 0);
+    pump();
+    EXPECT_EQ(ground(), light);
+}
+
+TEST(ByKey, ColumnsAreSortedAndWidened) {
+    const StoredProfile profile;
+    OpenWorkbench open;
+    for (const char* key : {"2", "1"}) open.plugin.publish(pending(key, "340", {{31003, "U"}}));
+    SetFocus(filterEdit(2));
+    const auto width = [] {
+        const RECT item = headerItem(2);
+        return item.right - item.left;
+    };
+    const LONG before = width();
+    hand::key('O', hand::kCtrlShift);
+    EXPECT_EQ(column(2), (Texts{"1", "2"}));
+    hand::key(VK_OEM_PERIOD, hand::kCtrlShift);
+    EXPECT_EQ(width(), before + 8);
+    SetFocus(mainList());
+    hand::key(VK_OEM_COMMA, hand::kCtrlShift);
+    hand::key(VK_OEM_COMMA, hand::kCtrlShift);
+    EXPECT_EQ(width(), before - 8);
+    EXPECT_EQ(textOf(filterEdit(2)), "");
+}
+
+TEST(ByKey, MenusOpenWhereTheFocusIs) {
+    OpenWorkbench open;
+    for (const char* key : {"1", "2"}) open.plugin.publish(pending(key, "340", {{31003, "U"}}));
+    hand::clickRow(mainList(), 1, {}, 2);
+    hand::moveTo({5, 5});
+    const auto menuAt = [](WORD key, hand::Keys keys) {
+        RECT menu{};
+        hand::during([&] { hand::key(key, keys); }, {[&] {
+                         menu = onScreen(FindWindowA("#32768", nullptr));
+                         hand::key(VK_ESCAPE);
+                     }});
+        return POINT{menu.left, menu.top};
+    };
+    RECT row{LVIR_BOUNDS, 0, 0, 0};
+    SendMessageA(mainList(), LVM_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&row));
+    MapWindowPoints(mainList(), nullptr, reinterpret_cast<POINT*>(&row), 2);
+    RECT caption = headerItem(2);
+    MapWindowPoints(header(), nullptr, reinterpret_cast<POINT*>(&caption), 2);
+    for (const auto& [key, keys, expected] :
+         {std::tuple{WORD{VK_APPS}, hand::Keys{}, POINT{row.left + 6, row.bottom}},
+          std::tuple{WORD{VK_F10}, hand::kShift, POINT{row.left + 6, row.bottom}},
+          std::tuple{WORD{VK_APPS}, hand::kCtrl, POINT{caption.left + 6, caption.bottom}}}) {
+        const POINT at = menuAt(key, keys);
+        EXPECT_NEAR(at.x, expected.x, 4) << key;
+        EXPECT_NEAR(at.y, expected.y, 4) << key;
+    }
+}
+
+TEST(ByKey, F1ListsTheKeys) {
+    OpenWorkbench open;
+    SetFocus(mainList());
+    std::string listed;
+    hand::during([] { hand::key(VK_F1); }, {[&] {
+                     listed = textOf(GetFocus());
+                     hand::key(VK_ESCAPE);
+                 }});
+    for (const char* line : {"Ctrl+Shift+Y - Accept the selected changes\r\n", "F9 - the list of"})
+        EXPECT_NE(listed.find(line), std::string::npos) << listed;
+    EXPECT_EQ(GetFocus(), mainList());
+}
+
+TEST(ByKey, TheFocusComesBackWithTheProgram) {
+    OpenWorkbench open;
+    const HWND other = CreateWindowA("STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50, nullptr,
+                                     nullptr, nullptr, nullptr);
+    for (const bool floating : {false, true}) {
+        if (floating)
+            hand::doubleClick(POINT{onScreen(findPane()).left + 300, onScreen(findPane()).top + 4});
+        const HWND root = GetAncestor(findPane(), GA_ROOT);
+        if (floating) {
+            RECT frame = onScreen(open.frame->handle()), pane = onScreen(root);
+            EXPECT_EQ(pane.right - pane.left, (frame.right - frame.left) * 2 / 3);
+        }
+        for (const HWND control : {filterEdit(1), details(), button("Reject")}) {
+            SetFocus(control);
+            SetActiveWindow(other);
+            EXPECT_NE(GetFocus(), control);
+            SetActiveWindow(root);
+            pump();
+            EXPECT_EQ(GetFocus(), control) << floating;
+        }
+    }
+    DestroyWindow(other);
+}
+
+}  // namespace
