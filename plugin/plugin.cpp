@@ -2,6 +2,7 @@
 #include <windows.h>
 
 #include <memory>
+#include <string_view>
 
 #include "framework/dialog.h"
 #include "framework/model/calls.h"
@@ -144,6 +145,9 @@ int shutDown() {
 }
 
 }  // namespace
+
+static_assert(std::string_view(kVoskPluginVersion) == MC_VERSION,
+              "hosts are given the version of the binary");
 
 #define VOSK_EXPORT extern "C" __declspec(dllexport)
 
