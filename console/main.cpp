@@ -7,6 +7,7 @@
 
 #include "console/console.h"
 #include "console/files.h"
+#include "framework/platform.h"
 
 namespace {
 
@@ -32,8 +33,7 @@ int runConsole(int count, char** arguments) {
 
 // A program for the desktop: linked for the graphical subsystem, started by the runtime's main.
 int main(int count, char** arguments) {
-    // Older systems know neither call's newest form; the console is then drawn for 96 dots.
-    SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
+    fw::makeDpiAware();
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES};
     InitCommonControlsEx(&controls);
     try {

@@ -1,5 +1,6 @@
 #include "console/report_list.h"
 
+#include "framework/platform.h"
 #include "framework/window.h"
 
 namespace zek {
@@ -11,12 +12,11 @@ HWND createReportList(HWND parent, UINT id, std::span<const ReportColumn> column
         CreateWindowExA(0, WC_LISTVIEWA, "", kStyle, 0, 0, 0, 0, parent,
                         reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), fw::module(), nullptr);
     ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
-    const int dpi = static_cast<int>(GetDpiForWindow(parent));
     int index = 0;
     for (const ReportColumn& each : columns) {
         LVCOLUMNA column{};
         column.mask = LVCF_TEXT | LVCF_WIDTH;
-        column.cx = MulDiv(each.width, dpi, USER_DEFAULT_SCREEN_DPI);
+        column.cx = fw::scaledFor(parent, each.width);
         column.pszText = const_cast<char*>(each.title);
         ListView_InsertColumn(list, index++, &column);
     }
@@ -38,12 +38,7 @@ void setRowCount(HWND list, std::size_t count) {
 }
 
 fw::Font messageFont(HWND window) {
-    const UINT dpi = GetDpiForWindow(window);
-    NONCLIENTMETRICSW metrics{};
-    metrics.cbSize = sizeof metrics;
-    if (SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, dpi) == 0)
-        SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-    return fw::Font(CreateFontIndirectW(&metrics.lfMessageFont));
+    return fw::systemFont(&NONCLIENTMETRICSW::lfMessageFont, fw::dpiOf(window));
 }
 
 }  // namespace zek

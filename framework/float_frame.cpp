@@ -2,6 +2,7 @@
 
 #include "framework/hwnd.h"
 #include "framework/pane_dialog.h"
+#include "framework/platform.h"
 
 namespace fw {
 namespace {
@@ -16,10 +17,8 @@ bool CFloatFrame::create(HWND owner, const std::string& caption, const RECT& rec
     return CWindow::create(windowClass, caption.c_str(), kStyle, kExStyle, rect, owner, 0);
 }
 
-RECT CFloatFrame::windowAround(SIZE client) {
-    RECT window{0, 0, client.cx, client.cy};
-    AdjustWindowRectEx(&window, kStyle, FALSE, kExStyle);
-    return window;
+RECT CFloatFrame::windowAround(SIZE client, int dpi) {
+    return fw::windowAround({0, 0, client.cx, client.cy}, kStyle, kExStyle, dpi);
 }
 
 const MessageMap& CFloatFrame::messageMap() const {
@@ -70,7 +69,7 @@ void CFloatFrame::onCaptionDoubleClick(UINT hit, POINT) {
 }
 
 void CFloatFrame::onMinimum(MINMAXINFO& info) {
-    const RECT window = windowAround(m_pane.leastSize());
+    const RECT window = windowAround(m_pane.leastSize(), dpiOf(handle()));
     info.ptMinTrackSize = {widthOf(window), heightOf(window)};
 }
 

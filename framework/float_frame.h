@@ -17,8 +17,8 @@ public:
     // Creates the hidden window at `rect` (screen pixels), owned by `owner`, with `caption`.
     bool create(HWND owner, const std::string& caption, const RECT& rect);
 
-    // The window that has a client area of this size.
-    static RECT windowAround(SIZE client);
+    // The window that has a client area of this size, at `dpi`.
+    static RECT windowAround(SIZE client, int dpi);
 
 protected:
     const MessageMap& messageMap() const override;

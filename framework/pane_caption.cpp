@@ -7,6 +7,7 @@
 #include "framework/handles.h"
 #include "framework/hwnd.h"
 #include "framework/pane_dialog.h"
+#include "framework/platform.h"
 
 namespace fw {
 namespace {
@@ -33,13 +34,6 @@ void drawGripper(HDC dc, RECT strip) {
                   strip.bottom - 3};
         DrawEdge(dc, &line, BDR_RAISEDINNER, BF_RECT);
     }
-}
-
-Font captionFont() {
-    NONCLIENTMETRICSA metrics{};
-    metrics.cbSize = sizeof metrics;
-    SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-    return Font(CreateFontIndirectA(&metrics.lfSmCaptionFont));
 }
 
 }  // namespace
@@ -74,7 +68,7 @@ void PaneCaption::onNcPaint() {
     FillRect(dc, &strip, GetSysColorBrush(COLOR_3DFACE));
     drawGripper(dc, strip);
 
-    const Font font = captionFont();
+    const Font font = systemFont(&NONCLIENTMETRICSW::lfSmCaptionFont, dpiOf(m_pane.handle()));
     const SelectScope select(dc, font.get());
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));

@@ -7,6 +7,7 @@
 #include "framework/hwnd.h"
 #include "framework/model/dock_layout.h"
 #include "framework/pane_dialog.h"
+#include "framework/platform.h"
 
 namespace fw {
 
@@ -140,7 +141,7 @@ RECT PaneDocking::floatRectAt(POINT corner) const {
     if (IsRectEmpty(&rect)) {
         const SIZE wished = m_pane.firstFloatSize(), least = m_pane.leastSize();
         rect = CFloatFrame::windowAround(
-            {std::max(wished.cx, least.cx), std::max(wished.cy, least.cy)});
+            {std::max(wished.cx, least.cx), std::max(wished.cy, least.cy)}, dpiOf(m_pane.handle()));
     }
     OffsetRect(&rect, corner.x - rect.left, corner.y - rect.top);
     return rect;

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "framework/model/calls.h"
+#include "framework/platform.h"
 
 extern "C" IMAGE_DOS_HEADER __ImageBase;
 
@@ -97,9 +98,7 @@ RECT CWindow::clientRect() const noexcept {
 }
 
 int scaledFor(HWND window, int pixels) noexcept {
-    const UINT dpi = window != nullptr ? GetDpiForWindow(window) : 0;
-    return MulDiv(pixels, dpi != 0 ? static_cast<int>(dpi) : USER_DEFAULT_SCREEN_DPI,
-                  USER_DEFAULT_SCREEN_DPI);
+    return window != nullptr ? MulDiv(pixels, dpiOf(window), USER_DEFAULT_SCREEN_DPI) : pixels;
 }
 
 bool CWindow::dispatchMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {

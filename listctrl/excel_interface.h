@@ -1,11 +1,13 @@
 // CExcelInterface: one export to a spreadsheet through the host's library (sdk/excel.h).
 //
-// The library is loaded from the host's folder for the life of the export. Where it is missing or
-// lacks a function, WriteToExcel fails.
+// The library is loaded from the host's folder for the life of the export; its own libraries
+// are found there and in the system's folder. Where it is missing or lacks a function, WriteToExcel
+// fails.
 #pragma once
 
 #include <windows.h>
 
+#include "framework/platform.h"
 #include "sdk/excel.h"
 
 namespace mc {
@@ -14,7 +16,7 @@ class CExcelInterface {
 public:
     // `rows` includes the header row.
     CExcelInterface(int rows, int columns)
-        : m_library(LoadLibraryExA(kExcelLibrary, nullptr, LOAD_LIBRARY_SEARCH_APPLICATION_DIR)),
+        : m_library(fw::loadBesideProgram(kExcelLibrary)),
           m_create(find<decltype(m_create)>(kExcelCreate)),
           m_write(find<decltype(m_write)>(kExcelWrite)),
           m_destroy(find<decltype(m_destroy)>(kExcelDestroy)) {
