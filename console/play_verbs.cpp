@@ -334,7 +334,8 @@ void CPlayDriver::movePane(HWND pane, const std::string& side) {
 // when the picture is taken. The first tries give the windows time to reach the screen.
 CPlayDriver::Outcome CPlayDriver::screenshot() {
     if (m_shotsFolder.empty()) {
-        if (m_tries == 1) printLine("screenshot " + argument() + ": no picture without a --shots folder");
+        if (m_tries == 1)
+            printLine("screenshot " + argument() + ": no picture without a --shots folder");
         return {};
     }
     constexpr int kTriesBefore = 10;
@@ -342,8 +343,7 @@ CPlayDriver::Outcome CPlayDriver::screenshot() {
     if (m_tries < kTriesBefore) return "the picture is not asked for yet";
     if (m_tries == kTriesBefore && !replaceFile(request, argument() + "\n"))
         fail("cannot write " + request);
-    const bool isTaken = GetFileAttributesA(request.c_str()) == INVALID_FILE_ATTRIBUTES;
-    return isTaken ? "" : "nobody took the picture: " + request + " is still there";
+    return !exists(request) ? "" : "nobody took the picture: " + request + " is still there";
 }
 
 // --- The console ---------------------------------------------------------------------------------

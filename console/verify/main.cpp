@@ -13,6 +13,8 @@
 #include <iterator>
 #include <memory>
 
+#include "framework/platform.h"
+
 namespace verify {
 namespace {
 
@@ -153,7 +155,7 @@ int verify(const std::vector<std::wstring>& names) {
     GetModuleFileNameW(nullptr, program, MAX_PATH);
     fs::current_path(fs::path(program).parent_path());
     fs::create_directories(kShots);
-    seePixels();
+    fw::makeDpiAware();  // pictures are taken in the screen's own pixels
     Facts facts = systemFacts();
     for (const auto& file : fs::directory_iterator(L"."))
         if (file.path().extension() == L".dll" || file.path().extension() == L".exe")

@@ -77,14 +77,6 @@ std::string asPng(HBITMAP bitmap) {
 
 }  // namespace
 
-void seePixels() {
-    const HMODULE user = GetModuleHandleW(L"user32.dll");
-    auto* set = reinterpret_cast<BOOL(WINAPI*)(HANDLE)>(
-        reinterpret_cast<void*>(GetProcAddress(user, "SetProcessDpiAwarenessContext")));
-    const HANDLE perMonitor = reinterpret_cast<HANDLE>(-4);
-    if (set == nullptr || !set(perMonitor)) SetProcessDPIAware();
-}
-
 std::string pictureOf(DWORD process) {
     static const auto started = [] {
         ULONG_PTR token = 0;

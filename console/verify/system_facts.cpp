@@ -1,4 +1,5 @@
 #include "console/verify/verify.h"
+#include "framework/platform.h"
 
 namespace verify {
 namespace {
@@ -41,10 +42,9 @@ std::string monitors() {
 
 std::string systemDpi() {
     const HDC screen = GetDC(nullptr);
-    const std::string text = std::to_string(GetDeviceCaps(screen, LOGPIXELSX)) + ", " +
-                             std::to_string(GetDeviceCaps(screen, BITSPIXEL)) + " bits a pixel";
+    const int depth = GetDeviceCaps(screen, BITSPIXEL);
     ReleaseDC(nullptr, screen);
-    return text;
+    return std::to_string(fw::systemDpi()) + ", " + std::to_string(depth) + " bits a pixel";
 }
 
 // As a program with a manifest gets them (this one has one), and as one without.

@@ -13,9 +13,6 @@ namespace verify {
 std::string utf8(const std::wstring& text);
 std::wstring wide(const std::string& text);
 
-// Makes this process see the screen in its own pixels, whatever its dots per inch.
-void seePixels();
-
 // What the screen shows where the visible windows of a process are, and nothing else of it: a PNG
 // in base 64. Empty when there is no such window or the picture fails.
 std::string pictureOf(DWORD process);
