@@ -90,9 +90,9 @@ bool CCellEditor::open(HWND list, const RECT& cell, HFONT font, std::string_view
     const DWORD style = WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | m_kind.frame;
     if (!create(windowClass, "", style, 0, cell, list, 0)) return false;
     const RECT room = clientRect();
-    const HWND made = CreateWindowExA(
-        0, m_kind.windowClass, "", WS_CHILD | WS_VISIBLE | m_kind.style, 0, 0, room.right,
-        room.bottom + scaled(m_kind.dropHeight), handle(), nullptr, fw::module(), nullptr);
+    const HWND made =
+        fw::makeControl(m_kind.windowClass, "", WS_CHILD | WS_VISIBLE | m_kind.style, 0,
+                        {room.right, room.bottom + scaled(m_kind.dropHeight)}, handle(), 0);
     if (!m_control->subclass(made)) return false;
     fw::setFont(made, font);
     fill(text);

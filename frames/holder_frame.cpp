@@ -187,7 +187,7 @@ void CVTHolderFrame::onButtonDown(POINT client) {
         if (PtInRect(&button, client) == 0) return;
         POINT below{button.left, button.bottom};
         ClientToScreen(handle(), &below);
-        return showMenu(i, below);
+        return fw::postMenu(handle(), static_cast<UINT>(i), below);
     }
 }
 
@@ -196,11 +196,12 @@ void CVTHolderFrame::onRightUp(POINT client) {
         const RECT strip = m_frames[i].strip();
         if (PtInRect(&strip, client) == 0) continue;
         ClientToScreen(handle(), &client);
-        return showMenu(i, client);
+        return fw::postMenu(handle(), static_cast<UINT>(i), client);
     }
 }
 
-void CVTHolderFrame::showMenu(std::size_t view, POINT screen) {
+void CVTHolderFrame::showMenu(UINT view, POINT screen) {
+    if (view >= m_views.size()) return;
     const fw::Menu menu(CreatePopupMenu());
     const auto openAppearance = m_views[view].openAppearance;
     AppendMenuA(menu.get(), openAppearance ? MF_STRING : MF_STRING | MF_GRAYED, kAppearance,

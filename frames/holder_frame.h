@@ -74,7 +74,7 @@ private:
     int footHeight(const RECT& view) const;
     void evenOut();
     void restoreSizes();
-    void showMenu(std::size_t view, POINT screen);
+    void showMenu(UINT view, POINT screen);
 
     CSettingsStore& m_settings;
     const bool m_rows;

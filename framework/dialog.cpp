@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "framework/activation.h"
 #include "framework/handles.h"
 #include "framework/model/calls.h"
 
@@ -145,6 +146,7 @@ INT_PTR runModal(const std::function<INT_PTR(HWND)>& show) {
     INT_PTR result = 0;
     {
         const Modal modal(owner);
+        const ActivationScope scope;
         result = show(owner);
     }
     if (callEnded()) return 0;
@@ -161,6 +163,10 @@ bool askYesNo(const std::string& question) {
     return runModal([&](HWND owner) {
                return MessageBoxA(owner, question.c_str(), "Maker Checker", kStyle);
            }) == IDYES;
+}
+
+void postMenu(HWND window, UINT which, POINT screen) noexcept {
+    PostMessageA(window, kOpenMenu, which, MAKELPARAM(screen.x, screen.y));
 }
 
 UINT trackMenu(HMENU menu, POINT screen, HWND owner) {

@@ -34,6 +34,11 @@ void showMessageBox(const std::string& text);
 // Asks a question with "Yes" and "No"; true for "Yes". "No" is the default, and Esc is none.
 bool askYesNo(const std::string& question);
 
+// Has `window` open one of its menus at `screen`, by kOpenMenu, when the message that asked for it
+// is answered: while a menu is open anything may end, and then no platform code that sent that
+// message returns to a window that is gone. `which` is the window's own number of the menu.
+void postMenu(HWND window, UINT which, POINT screen) noexcept;
+
 // Shows a menu at `screen` for `owner`; returns the command that was chosen, or 0.
 UINT trackMenu(HMENU menu, POINT screen, HWND owner);
 

@@ -39,6 +39,9 @@ inline constexpr UINT kAnyId = 0xFFFFFFFF;
 // wParam, lParam and result are those of WM_NOTIFY. Controls that are no CWindow answer 0.
 inline constexpr UINT kReflectedNotify = WM_APP + 0x1C4E;
 
+// A window posts it to itself to open one of its menus (postMenu in framework/dialog.h).
+inline constexpr UINT kOpenMenu = WM_APP + 0x1C60;
+
 struct MessageEntry {
     UINT message;
     UINT id;    // commands and notifications: the command or control id, or kAnyId
@@ -90,6 +93,8 @@ template <>
 struct Crack<WM_NCLBUTTONDBLCLK> : CrackHitPoint {};
 template <>
 struct Crack<WM_NCRBUTTONUP> : CrackHitPoint {};
+template <>
+struct Crack<kOpenMenu> : CrackHitPoint {};  // (UINT which, POINT screen)
 template <>
 struct Crack<WM_SIZE> {  // (int width, int height) of the client area
     template <class Handler>

@@ -132,10 +132,10 @@ void PaneCaption::onCaptureLost() {
 // ---- The menu ----
 
 void PaneCaption::onNcContext(UINT hit, POINT screen) {
-    if (hit == HTCAPTION) showMenu(screen);
+    if (hit == HTCAPTION) postMenu(m_pane.handle(), 0, screen);
 }
 
-void PaneCaption::showMenu(POINT screen) {
+void PaneCaption::showMenu(UINT, POINT screen) {
     const Menu menu(CreatePopupMenu());
     for (const CaptionCommand& command : kCaptionCommands)
         if (command.side == 0 || m_docking.allows(command.side))

@@ -17,7 +17,7 @@ public:
     PaneCaption(CPaneDialog& pane, PaneDocking& docking) : m_pane(pane), m_docking(docking) {}
 
     // The menu with what can be done with the pane.
-    void showMenu(POINT screen);
+    void showMenu(UINT, POINT screen);
 
     void onMinimum(MINMAXINFO& info);
     void onNcCalcSize(RECT& rect);

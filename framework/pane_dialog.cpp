@@ -1,5 +1,6 @@
 #include "framework/pane_dialog.h"
 
+#include "framework/activation.h"
 #include "framework/dialog.h"
 
 namespace fw {
@@ -14,8 +15,12 @@ CPaneDialog::~CPaneDialog() {
 
 bool CPaneDialog::create(HWND frame, const char* caption, UINT templateId, DWORD style, UINT id) {
     m_docking.open(frame, style & kDockAnySide);
-    const HWND pane = CreateDialogParamA(module(), MAKEINTRESOURCEA(templateId), frame, dialogProc,
-                                         dialogParameter());
+    HWND pane = nullptr;
+    {
+        const ActivationScope scope;
+        pane = CreateDialogParamA(module(), MAKEINTRESOURCEA(templateId), frame, dialogProc,
+                                  dialogParameter());
+    }
     if (pane == nullptr) return false;
     SetWindowTextA(pane, caption);
     SetWindowLongPtrA(pane, GWLP_ID, static_cast<LONG_PTR>(id));
@@ -53,6 +58,8 @@ const MessageMap& CPaneDialog::baseMap() {
         on<WM_NCLBUTTONDBLCLK, &Pane::m_caption, &PaneCaption::onNcDoubleClick>(),
         on<WM_NCRBUTTONDOWN, &Pane::m_caption, &PaneCaption::onNcRightDown>(),
         on<WM_NCRBUTTONUP, &Pane::m_caption, &PaneCaption::onNcContext>(),
+        on<kOpenMenu, &Pane::m_caption, &PaneCaption::showMenu>(),
+        on<WM_CONTEXTMENU, &Pane::onContextMenu>(),
         on<WM_MOUSEMOVE, &Pane::m_caption, &PaneCaption::onMouseMove>(),
         on<WM_LBUTTONUP, &Pane::m_caption, &PaneCaption::onButtonUp>(),
         observe<WM_CAPTURECHANGED, &Pane::m_caption, &PaneCaption::onCaptureLost>(),

@@ -96,6 +96,8 @@ protected:
 
 private:
     LRESULT onInitPane() { return FALSE; }
+    // The pane's menus are its parts' own; asked for elsewhere in it, none comes from the host.
+    void onContextMenu() {}
     void onButtonFocus() { m_keys.buttonFocusChanged(); }
     void onDestroy();
 

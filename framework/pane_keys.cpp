@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "framework/controls.h"
+#include "framework/dialog.h"
 #include "framework/dock_frame.h"
 #include "framework/pane_caption.h"
 #include "framework/pane_dialog.h"
@@ -47,7 +48,7 @@ void PaneKeys::onPaneKey(UINT key, bool repeated) {
     if (isPressed(kCaptionMenuKey, key)) {
         POINT corner{0, 0};
         ClientToScreen(m_pane.handle(), &corner);
-        return m_caption.showMenu(corner);
+        return postMenu(m_pane.handle(), 0, corner);
     }
     if (!pressAction(key, repeated)) m_pane.onDialogKey(key, repeated);
 }

@@ -7,11 +7,10 @@
 namespace fw {
 namespace {
 
-// Without a manifest that asks for the newer control library, a host loads the older one, which
-// refuses a longer structure.
+// The older control library refuses a structure that is longer than its own.
 TTTOOLINFOA toolOf(HWND window, UINT_PTR id) {
     TTTOOLINFOA tool{};
-    tool.cbSize = TTTOOLINFOA_V1_SIZE;
+    tool.cbSize = TTTOOLINFOA_V2_SIZE;
     tool.hwnd = window;
     tool.uId = id;
     return tool;
@@ -20,8 +19,8 @@ TTTOOLINFOA toolOf(HWND window, UINT_PTR id) {
 }  // namespace
 
 void CToolTip::create(HWND owner, DWORD style) {
-    m_handle = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, "", WS_POPUP | TTS_NOPREFIX | style,
-                               0, 0, 0, 0, owner, nullptr, module(), nullptr);
+    m_handle = makeControl(TOOLTIPS_CLASSA, "", WS_POPUP | TTS_NOPREFIX | style, WS_EX_TOPMOST, {},
+                           owner, 0);
 }
 
 void CToolTip::destroy() {

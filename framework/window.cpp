@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "framework/activation.h"
 #include "framework/model/calls.h"
 #include "framework/platform.h"
 
@@ -101,6 +102,13 @@ int scaledFor(HWND window, int pixels) noexcept {
     return window != nullptr ? MulDiv(pixels, dpiOf(window), USER_DEFAULT_SCREEN_DPI) : pixels;
 }
 
+HWND makeControl(const char* windowClass, const char* text, DWORD style, DWORD exStyle, SIZE size,
+                 HWND parent, UINT id) noexcept {
+    const ActivationScope scope;
+    return CreateWindowExA(exStyle, windowClass, text, style, 0, 0, size.cx, size.cy, parent,
+                           reinterpret_cast<HMENU>(UINT_PTR{id}), module(), nullptr);
+}
+
 bool CWindow::dispatchMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     return dispatch(messageMap(), *this, message, wParam, lParam, result);
 }
@@ -108,6 +116,7 @@ bool CWindow::dispatchMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESUL
 bool CWindow::create(const WindowClass& windowClass, const char* text, DWORD style, DWORD exStyle,
                      const RECT& rect, HWND parent, UINT id) {
     if (m_handle != nullptr || !registerClass(windowClass, windowProc)) return false;
+    const ActivationScope scope;
     const HMENU menu =
         (style & WS_CHILD) != 0 ? reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)) : nullptr;
     return CreateWindowExA(exStyle, windowClass.name, text, style, rect.left, rect.top,

@@ -23,6 +23,12 @@ HINSTANCE module() noexcept;
 // window.
 int scaledFor(HWND window, int pixels) noexcept;
 
+// Makes a control of one of the platform's classes, at the upper left corner of `parent` (or a
+// popup that `parent` owns, without an id). Its version is the module's, whatever the host has
+// (framework/activation.h). Null when it cannot be made.
+HWND makeControl(const char* windowClass, const char* text, DWORD style, DWORD exStyle, SIZE size,
+                 HWND parent, UINT id) noexcept;
+
 // A window class of this module, registered when its first window is created.
 struct WindowClass {
     const char* name;

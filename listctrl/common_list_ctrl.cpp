@@ -38,8 +38,7 @@ bool CCommonListCtrl::create(HWND parent, UINT id, const std::string& name, std:
     const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS | WS_CLIPCHILDREN |
                         LVS_REPORT | LVS_OWNERDATA | LVS_OWNERDRAWFIXED | LVS_SHOWSELALWAYS;
     const HWND list =
-        CreateWindowExA(WS_EX_CLIENTEDGE, WC_LISTVIEWA, name.c_str(), style, 0, 0, 0, 0, parent,
-                        reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), fw::module(), nullptr);
+        fw::makeControl(WC_LISTVIEWA, name.c_str(), style, WS_EX_CLIENTEDGE, {}, parent, id);
     if (!subclass(list)) return false;
     const auto font = SendMessageA(GetAncestor(parent, GA_PARENT), WM_GETFONT, 0, 0);
     SendMessageA(list, WM_SETFONT, static_cast<WPARAM>(font), FALSE);
@@ -126,6 +125,7 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::onNotify<0, HDN_DIVIDERDBLCLICKW, &C::m_columns, &CListColumns::onDividerDone>(),
         fw::onNotify<0, static_cast<UINT>(NM_RCLICK), &C::m_commands,
                      &CListCommands::onHeaderRightClick>(),
+        fw::on<fw::kOpenMenu, &C::m_commands, &CListCommands::onOpenMenu>(),
         fw::onAnyCommand<&C::m_commands, &CListCommands::onMenuCommand>(),
         fw::on<WM_PAINT, &C::onPaint>(),
         fw::observe<WM_SIZE, &C::onAreaChanged>(),

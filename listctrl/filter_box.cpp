@@ -61,14 +61,11 @@ CFilterBox::~CFilterBox() {
 bool CFilterBox::create(HWND header, UINT id, const std::string& name, HFONT font,
                         ColumnFilter filter) {
     // Never seen: a box's name, for screen readers, is the label before it.
-    m_label = CreateWindowExA(0, WC_STATICA, name.c_str(), WS_CHILD, 0, 0, 0, 0, header, nullptr,
-                              fw::module(), nullptr);
-    const HWND combo =
-        CreateWindowExA(0, WC_COMBOBOXA, "",
-                        WS_CHILD | WS_VISIBLE | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL |
-                            CBS_OWNERDRAWFIXED | CBS_HASSTRINGS,
-                        0, 0, 60, fw::scaledFor(header, kDropHeight), header,
-                        reinterpret_cast<HMENU>(UINT_PTR{id}), fw::module(), nullptr);
+    m_label = fw::makeControl(WC_STATICA, name.c_str(), WS_CHILD, 0, {}, header, 0);
+    const HWND combo = fw::makeControl(WC_COMBOBOXA, "",
+                                       WS_CHILD | WS_VISIBLE | WS_VSCROLL | CBS_DROPDOWN |
+                                           CBS_AUTOHSCROLL | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS,
+                                       0, {60, fw::scaledFor(header, kDropHeight)}, header, id);
     if (combo == nullptr || !subclass(combo)) return false;
     if (!m_edit.subclass(FindWindowExA(combo, nullptr, WC_EDITA, nullptr))) return false;
     SendMessageA(combo, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
@@ -81,8 +78,8 @@ bool CFilterBox::create(HWND header, UINT id, const std::string& name, HFONT fon
 // A box whose lines are drawn by its owner does not follow the font: it takes the heights of one
 // that does.
 void CFilterBox::takeHeights(HFONT font) {
-    const HWND plain = CreateWindowExA(0, WC_COMBOBOXA, "", WS_CHILD | CBS_DROPDOWN, 0, 0, 60, 60,
-                                       GetParent(handle()), nullptr, fw::module(), nullptr);
+    const HWND plain = fw::makeControl(WC_COMBOBOXA, "", WS_CHILD | CBS_DROPDOWN, 0, {60, 60},
+                                       GetParent(handle()), 0);
     SendMessageA(plain, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
     for (const WPARAM part : {static_cast<WPARAM>(-1), WPARAM{0}})
         SendMessageA(handle(), CB_SETITEMHEIGHT, part,

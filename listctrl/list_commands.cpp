@@ -49,18 +49,24 @@ ListOffers CListCommands::offers() const {
     return offers;
 }
 
-void CListCommands::showMenu(const std::vector<ListMenuEntry>& entries) {
+LRESULT CListCommands::postMenu(Menu menu) const {
+    POINT at{};
+    GetCursorPos(&at);
+    fw::postMenu(m_list.handle(), menu, at);
+    return 1;
+}
+
+void CListCommands::onOpenMenu(UINT which, POINT screen) {
     if (!m_hooks.beforeCellsMove()) return;
     const fw::Menu menu(CreatePopupMenu());
-    for (const ListMenuEntry& entry : entries) {
+    for (const ListMenuEntry& entry :
+         which == kHeaderMenu ? headerMenu(offers()) : itemMenu(offers())) {
         const UINT flags = entry.text.empty() ? MF_SEPARATOR
                                               : (entry.greyed ? MF_GRAYED : MF_STRING) |
                                                     (entry.checked ? MF_CHECKED : MF_UNCHECKED);
         AppendMenuA(menu.get(), flags, entry.command, entry.text.data());
     }
-    POINT at{};
-    GetCursorPos(&at);
-    const UINT chosen = fw::trackMenu(menu.get(), at, m_list.handle());
+    const UINT chosen = fw::trackMenu(menu.get(), screen, m_list.handle());
     if (chosen != 0) run(chosen);
 }
 
@@ -72,7 +78,7 @@ void CListCommands::onMenuCommand(UINT command, UINT code) {
 bool CListCommands::onKeyDown(UINT key, bool) {
     const Modifiers keys = modifiersDown();
     if (key == VK_APPS && keys.ctrl) {
-        showMenu(headerMenu(offers()));
+        postMenu(kHeaderMenu);
         return true;
     }
     const KeyCommands found = keyCommands(key, keys.ctrl, keys.shift, offers());

@@ -37,8 +37,10 @@ public:
     ListOffers offers() const;
     void run(unsigned command);
 
-    void onRightClick(NMHDR&) { showMenu(itemMenu(offers())); }
-    void onHeaderRightClick(NMHDR&) { showMenu(headerMenu(offers())); }
+    // Answered, so that no control asks further up for a menu.
+    LRESULT onRightClick(NMHDR&) { return postMenu(kItemMenu); }
+    LRESULT onHeaderRightClick(NMHDR&) { return postMenu(kHeaderMenu); }
+    void onOpenMenu(UINT menu, POINT screen);
     void onMenuCommand(UINT command, UINT code);
     bool onKeyDown(UINT key, bool repeated);
 
@@ -49,7 +51,8 @@ private:
     };
     static const Command kCommands[];
 
-    void showMenu(const std::vector<ListMenuEntry>& entries);
+    enum Menu : UINT { kItemMenu, kHeaderMenu };
+    LRESULT postMenu(Menu menu) const;  // at the mouse
     void toggleGridLines();
     void showWholeText();
 

@@ -1,9 +1,12 @@
 // The exported entry points of the plug-in (sdk/plugin_exports.h).
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include <memory>
 #include <string_view>
 
+#include "framework/activation.h"
 #include "framework/dialog.h"
 #include "framework/model/calls.h"
 #include "framework/window.h"
@@ -83,6 +86,8 @@ bool paneExists(const Plugin& self) {
 CMakerChecker* makePane(Plugin& self, HWND frame) {
     fw::retire(std::shared_ptr<CMakerChecker>(std::move(self.workbench)));
     if (!self.glyphs) self.glyphs = makeGlyphs();
+    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES | ICC_DATE_CLASSES};
+    InitCommonControlsEx(&controls);
     self.workbench = std::make_unique<CMakerChecker>(self.host, self.lists);
     CMakerChecker& pane = *self.workbench;
     if (!pane.createPane(frame)) return nullptr;
@@ -122,11 +127,17 @@ void openWorkbench(Plugin& self) {
     if (Workbench* workbench = pane->workbench()) workbench->subscribe();
 }
 
+// The module leaves nothing behind of what its windows were made with.
+void endModule() noexcept {
+    fw::unregisterWindowClasses();
+    fw::releaseActivationContext();
+}
+
 // What a call that is under way may still be using: the plug-in's objects, and its code.
 void retire(std::unique_ptr<Plugin> self) {
     fw::retire(std::shared_ptr<Plugin>(self.release(), [](Plugin* gone) {
         delete gone;
-        if (thePlugin == nullptr) fw::unregisterWindowClasses();
+        if (thePlugin == nullptr) endModule();
     }));
     if (fw::callsUnderWay() > 1) fw::retire(stayLoaded());
 }

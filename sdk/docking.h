@@ -9,6 +9,8 @@
 // pane that is destroyed.
 #pragma once
 
+#include <cstddef>
+
 // Sides that a pane may dock at; a set of them is their sum.
 enum DockSide : unsigned {
     kDockLeft = 0x1000,
@@ -34,6 +36,11 @@ struct DockRequest {
     int x, y;    // kDockQuery only: a point on the screen
     DockRectangle place;  // out of kDockQuery: where the pane would dock
 };
+static_assert(sizeof(DockRectangle) == 16);
+static_assert(offsetof(DockRequest, pane) == sizeof(void*));
+static_assert(offsetof(DockRequest, side) == 2 * sizeof(void*));
+static_assert(offsetof(DockRequest, place) == 2 * sizeof(void*) + 16);
+static_assert(sizeof(DockRequest) == 2 * sizeof(void*) + 32);
 
 // The pane is to be docked (or is docked and moves to another side, or comes back after it was
 // hidden). wParam 0, lParam DockRequest*. The frame becomes its parent, gives it room and shows it.

@@ -7,11 +7,13 @@
 //   2. excel_write     asks for every cell, writes the file; may be called again for another file
 //   3. excel_destroy   once for each export made
 //
-// C linkage and the default x64 calling convention, so that any compiler's library can be loaded;
+// C linkage, as calling.h says, so that any compiler's library can be loaded;
 // the class CExcelInterface is a wrapper on the plug-in's side (listctrl/excel_interface.h).
 // Thread: each export is used by one thread at a time; the callback runs inside excel_write on that
 // thread. No exception crosses.
 #pragma once
+
+#include "sdk/calling.h"
 
 #if defined(_WIN32) && defined(EXCEL_BUILD)
 #define EXCEL_API __declspec(dllexport)
@@ -25,21 +27,21 @@ extern "C" {
 // 0. Row 0 is the header: `text` is the caption and `type` the column's data type, 1 to 9 (which of
 // them are numbers is said at excel_write). Every other row has the type -1. `text` is single-byte
 // text (Windows-1252) that lives until the next call; null is an empty cell. Must not throw.
-using CellCallback = void(void* list, int row, int column, const char*& text, int& type);
+using CellCallback = void VOSK_CALL(void* list, int row, int column, const char*& text, int& type);
 
 // An export of `rows` rows, the header included, and `columns` columns. Null when memory is out.
 // What a sheet cannot hold (beyond 1,048,576 rows or 16,384 columns, or none) fails when written.
-EXCEL_API void* excel_create(int rows, int columns);
+EXCEL_API void* VOSK_CALL excel_create(int rows, int columns);
 
 // Writes a new .xlsx file and returns non-zero; 0 when it cannot, and then leaves no file. It
 // is in the folder named by the environment variable ZEK_EXPORT_DIR, or else in the user's
 // documents, and is named after the local time; an existing file is never replaced.
 // Cells of columns of type 1, 2, 4, 5, 7 and 9 that hold a plain number are numbers in the sheet,
 // all others texts. `list` is handed to the callback.
-EXCEL_API int excel_write(void* workbook, void* list, CellCallback* cell);
+EXCEL_API int VOSK_CALL excel_write(void* workbook, void* list, CellCallback* cell);
 
 // `workbook` may be null.
-EXCEL_API void excel_destroy(void* workbook);
+EXCEL_API void VOSK_CALL excel_destroy(void* workbook);
 
 }  // extern "C"
 

@@ -2,10 +2,11 @@
 //
 // The plug-in looks each service up among the exports of the process's main module at the moment
 // it needs it, so a host may lack any of them; what then happens is said at each. All are called
-// on the host's user-interface thread, with C linkage and the default x64 calling convention. None
+// on the host's user-interface thread, with C linkage, as calling.h says. None
 // may let an exception out.
 #pragma once
 
+#include "sdk/calling.h"
 #include "sdk/host_string.h"
 #include "sdk/receive_control.h"
 
@@ -21,30 +22,30 @@ extern "C" {
 
 // Who is logged in: the broker id, a second text that the plug-in does not read, and the user id.
 // The host replaces the three texts. Missing: "Exe is not compatible with ZEK", no workbench.
-using PuGetPeerData = void(HostString& brokerId, HostString& second, HostString& userId);
+using PuGetPeerData = void VOSK_CALL(HostString& brokerId, HostString& second, HostString& userId);
 
 // The privilege of who is logged in: a text that the plug-in does not read, and the level that
 // chooses the subscription (0, 1, 2 or 4). Missing: as above.
-using PuGetUserPrivilige = void(HostString& text, int& level);
+using PuGetUserPrivilige = void VOSK_CALL(HostString& text, int& level);
 
 // Appends a line to the host's tabbed log. The host owns, and releases, `line`.
 // Missing: nothing is logged.
-using PuAddToTabbedLog = void(HostString line);
+using PuAddToTabbedLog = void VOSK_CALL(HostString line);
 
 // Non-zero when a role of who is logged in holds the menu item. Missing: no item is held.
-using PuGetFindMenuItemInRoles = int(int menuItem);
+using PuGetFindMenuItemInRoles = int VOSK_CALL(int menuItem);
 
 // Non-zero when who is logged in may modify RMS limits. Missing: may not.
-using PuGetMakerCheckerModifyRight = int();
+using PuGetMakerCheckerModifyRight = int VOSK_CALL();
 
 // With a `receiver`: makes the control of `kind` (0 or 3) bound to it, or returns null.
 // With `receiver` null: releases `release`; the result is null.
 // Missing: "From ZEK Connection to quon failed"; nothing can be sent.
-using GetQuonRxControlService = CQuonRxControl*(int kind, CQuonRxNotifierBase* receiver,
-                                                CQuonRxControl* release);
+using GetQuonRxControlService = CQuonRxControl* VOSK_CALL(int kind, CQuonRxNotifierBase* receiver,
+                                                          CQuonRxControl* release);
 
 // Non-zero when the function may not be used; 0 means allowed. Missing: restricted.
-using PuIsFunctionRestricted = int(int functionCode);
+using PuIsFunctionRestricted = int VOSK_CALL(int functionCode);
 
 }  // extern "C"
 

@@ -12,6 +12,7 @@
 // helpers that follow these rules.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 struct HostString {
@@ -24,3 +25,6 @@ struct HostStringArray {
     HostString* items;
     std::uint32_t count;
 };
+static_assert(sizeof(HostString) == sizeof(void*));
+static_assert(offsetof(HostStringArray, count) == sizeof(void*));
+static_assert(sizeof(HostStringArray) == 2 * sizeof(void*));

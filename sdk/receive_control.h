@@ -47,3 +47,7 @@ public:
 protected:
     ~CQuonRxControl() = default;
 };
+
+// Each is a table of operations and nothing else.
+static_assert(sizeof(CQuonRxNotifierBase) == sizeof(void*));
+static_assert(sizeof(CQuonRxControl) == sizeof(void*));

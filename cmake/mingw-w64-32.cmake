@@ -1,0 +1,3 @@
+# Cross build for 32-bit Windows.
+set(mingw i686-w64-mingw32)
+include(${CMAKE_CURRENT_LIST_DIR}/mingw-w64.cmake)
