@@ -178,6 +178,7 @@ LRESULT MainFrame::defaultProc(UINT message, WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
     if (m_site != nullptr && m_site->handle(message, wParam, lParam, result)) return result;
     if (message == WM_SIZE) layOut();
+    if (message == WM_CONTEXTMENU) ++host().contextMenus;
     return CWindow::defaultProc(message, wParam, lParam);
 }
 

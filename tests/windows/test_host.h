@@ -35,6 +35,7 @@ struct HostState {
 
     HACCEL accelerators = nullptr;  // of the frame; their commands are counted
     int accelerated = 0;
+    int contextMenus = 0;  // that were asked of the frame
 
     std::vector<std::string> log;
     std::vector<Fields> sent;           // messages, field by field
