@@ -2,51 +2,54 @@
 
 #include <algorithm>
 
+#include "console/files.h"
 #include "sdk/docking.h"
 
 namespace zek {
 namespace {
 
 constexpr struct {
-    const char* name;
+    const wchar_t* name;
     unsigned side;
 } kSides[] = {
-    {"left", kDockLeft}, {"top", kDockTop}, {"right", kDockRight}, {"bottom", kDockBottom}};
+    {L"left", kDockLeft}, {L"top", kDockTop}, {L"right", kDockRight}, {L"bottom", kDockBottom}};
 
 // The platform looks for a file without a folder among its own.
-std::string wholePath(const std::string& path) {
-    char whole[MAX_PATH] = "";
-    const DWORD length = GetFullPathNameA(path.c_str(), MAX_PATH, whole, nullptr);
-    return length > 0 && length < MAX_PATH ? std::string(whole, length) : path;
+std::wstring wholePath(const std::string& name) {
+    std::error_code failed;
+    const std::filesystem::path path = pathOf(name);
+    const std::filesystem::path whole = std::filesystem::absolute(path, failed);
+    return failed ? path : whole;
 }
 
-std::optional<fw::DockPlace> readPlace(const std::string& pane, const std::string& path) {
-    char side[16] = "";
-    GetPrivateProfileStringA(pane.c_str(), "side", "", side, sizeof side, path.c_str());
+std::optional<fw::DockPlace> readPlace(const std::wstring& pane, const std::wstring& path) {
+    wchar_t side[16] = L"";
+    GetPrivateProfileStringW(pane.c_str(), L"side", L"", side, std::size(side), path.c_str());
     const auto* const known = std::ranges::find_if(
-        kSides, [&](const auto& each) { return side == std::string(each.name); });
+        kSides, [&](const auto& each) { return side == std::wstring(each.name); });
     if (known == std::end(kSides)) return std::nullopt;
     const auto extent =
-        static_cast<int>(GetPrivateProfileIntA(pane.c_str(), "extent", 0, path.c_str()));
+        static_cast<int>(GetPrivateProfileIntW(pane.c_str(), L"extent", 0, path.c_str()));
     return fw::DockPlace{known->side, std::max(extent, 0)};
 }
 
-void writePlace(const std::string& pane, fw::DockPlace place, const std::string& path) {
+void writePlace(const std::wstring& pane, fw::DockPlace place, const std::wstring& path) {
     const auto* const known =
         std::ranges::find_if(kSides, [&](const auto& each) { return place.side == each.side; });
     if (known == std::end(kSides)) return;
-    WritePrivateProfileStringA(pane.c_str(), "side", known->name, path.c_str());
-    WritePrivateProfileStringA(pane.c_str(), "extent", std::to_string(place.extent).c_str(),
+    WritePrivateProfileStringW(pane.c_str(), L"side", known->name, path.c_str());
+    WritePrivateProfileStringW(pane.c_str(), L"extent", std::to_wstring(place.extent).c_str(),
                                path.c_str());
 }
 
 }  // namespace
 
 fw::DockMemory dockingFile(const std::string& path) {
-    const std::string file = wholePath(path);
-    return {
-        [file](const std::string& pane) { return readPlace(pane, file); },
-        [file](const std::string& pane, fw::DockPlace place) { writePlace(pane, place, file); }};
+    const std::wstring file = wholePath(path);
+    return {[file](const std::string& pane) { return readPlace(pathOf(pane), file); },
+            [file](const std::string& pane, fw::DockPlace place) {
+                writePlace(pathOf(pane), place, file);
+            }};
 }
 
 }  // namespace zek

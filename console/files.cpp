@@ -8,10 +8,6 @@
 namespace zek {
 namespace {
 
-bool exists(const std::string& name) {
-    return GetFileAttributesA(name.c_str()) != INVALID_FILE_ATTRIBUTES;
-}
-
 void writeTo(DWORD stream, const std::string& line) {
     const std::string text = line + "\n";
     DWORD written = 0;
@@ -21,11 +17,23 @@ void writeTo(DWORD stream, const std::string& line) {
 
 }  // namespace
 
+std::filesystem::path pathOf(const std::string& name) {
+    return std::u8string(name.begin(), name.end());
+}
+
+std::string nameOf(const std::filesystem::path& path) {
+    const std::u8string name = path.u8string();
+    return {name.begin(), name.end()};
+}
+
+bool exists(const std::string& name) {
+    return GetFileAttributesW(pathOf(name).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
 std::string programFolder() {
-    char path[MAX_PATH] = "";
-    const DWORD length = GetModuleFileNameA(nullptr, path, MAX_PATH);
-    const std::string name(path, length);
-    return name.substr(0, name.find_last_of('\\') + 1);
+    wchar_t path[MAX_PATH] = L"";
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    return nameOf(std::filesystem::path(path).remove_filename());
 }
 
 std::string findFile(const std::string& name) {
@@ -33,7 +41,7 @@ std::string findFile(const std::string& name) {
 }
 
 std::optional<std::string> readFile(const std::string& name) {
-    std::ifstream file(name, std::ios::binary);
+    std::ifstream file(pathOf(name), std::ios::binary);
     if (!file) return std::nullopt;
     return std::string(std::istreambuf_iterator<char>(file), {});
 }
@@ -41,10 +49,11 @@ std::optional<std::string> readFile(const std::string& name) {
 bool replaceFile(const std::string& name, const std::string& text) {
     const std::string temporary = name + ".tmp";
     {
-        std::ofstream file(temporary, std::ios::binary);
+        std::ofstream file(pathOf(temporary), std::ios::binary);
         if (!(file << text << std::flush)) return false;
     }
-    return MoveFileExA(temporary.c_str(), name.c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
+    return MoveFileExW(pathOf(temporary).c_str(), pathOf(name).c_str(),
+                       MOVEFILE_REPLACE_EXISTING) != 0;
 }
 
 void printLine(const std::string& line) {

@@ -1,10 +1,18 @@
-// Files and standard output of a program without a console window.
+// Files and standard output of a program without a console window. Names of files are UTF-8, so
+// that the program works in any folder, whatever the system's code page.
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 
 namespace zek {
+
+// A name as the platform's wide functions take it, and back.
+std::filesystem::path pathOf(const std::string& name);
+std::string nameOf(const std::filesystem::path& path);
+
+bool exists(const std::string& name);
 
 // The folder of the program, with a backslash at its end.
 std::string programFolder();

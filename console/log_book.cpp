@@ -2,6 +2,8 @@
 
 #include <ctime>
 
+#include "console/files.h"
+
 namespace zek {
 namespace {
 
@@ -16,7 +18,7 @@ std::string timeNow() {
 }  // namespace
 
 bool LogBook::openFile(const std::string& name) {
-    m_file.open(name, std::ios::binary);
+    m_file.open(pathOf(name), std::ios::binary);
     return m_file.is_open();
 }
 

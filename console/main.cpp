@@ -1,9 +1,11 @@
 #include <windows.h>
 
 #include <commctrl.h>
+#include <shellapi.h>
 #include <shlobj.h>
 
 #include <string>
+#include <vector>
 
 #include "console/console.h"
 #include "console/files.h"
@@ -18,9 +20,18 @@ void makeSettingsParent() {
     CreateDirectoryA((std::string(folder) + "\\Ostravine").c_str(), nullptr);
 }
 
-int runConsole(int count, char** arguments) {
-    zek::Parsed<zek::ConsoleOptions> options =
-        zek::takeConsoleOptions({arguments + 1, arguments + count});
+// Without the program's name, as UTF-8.
+std::vector<std::string> givenArguments() {
+    int count = 0;
+    wchar_t** given = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::string> arguments;
+    for (int i = 1; i < count; ++i) arguments.push_back(zek::nameOf(given[i]));
+    LocalFree(given);
+    return arguments;
+}
+
+int runConsole() {
+    zek::Parsed<zek::ConsoleOptions> options = zek::takeConsoleOptions(givenArguments());
     if (!options.ok()) {
         zek::printError(options.error);
         return 2;
@@ -32,12 +43,12 @@ int runConsole(int count, char** arguments) {
 }  // namespace
 
 // A program for the desktop: linked for the graphical subsystem, started by the runtime's main.
-int main(int count, char** arguments) {
+int main() {
     fw::makeDpiAware();
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES};
     InitCommonControlsEx(&controls);
     try {
-        return runConsole(count, arguments);
+        return runConsole();
     } catch (const std::exception& error) {
         zek::printError(error.what());
         return 1;

@@ -27,7 +27,7 @@ Parsed<ConsoleOptions> takeConsoleOptions(const std::vector<std::string>& argume
         } else if (known == std::end(kTexts)) {
             options.login.push_back(argument);
         } else if (i + 1 == arguments.size()) {
-            return {{}, "a value must follow " + quoted(argument)};
+            return {{}, "a value must follow " + zek::quoted(argument)};
         } else {
             options.*known->text = arguments[++i];
         }

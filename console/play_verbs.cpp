@@ -326,8 +326,7 @@ CPlayDriver::Outcome CPlayDriver::screenshot() {
     if (m_tries < kTriesBefore) return "the picture is not asked for yet";
     if (m_tries == kTriesBefore && !replaceFile(request, argument() + "\n"))
         fail("cannot write " + request);
-    const bool isTaken = GetFileAttributesA(request.c_str()) == INVALID_FILE_ATTRIBUTES;
-    return isTaken ? "" : "nobody took the picture: " + request + " is still there";
+    return !exists(request) ? "" : "nobody took the picture: " + request + " is still there";
 }
 
 // --- The console ---------------------------------------------------------------------------------

@@ -1,5 +1,6 @@
 #include "console/plugin.h"
 
+#include "console/files.h"
 #include "framework/hwnd.h"
 #include "sdk/host_text.h"
 
@@ -73,7 +74,7 @@ std::vector<std::string> classesOf(HMODULE library) {
 
 std::string Plugin::load(const std::string& file) {
     m_file = file;
-    m_library = LoadLibraryA(file.c_str());
+    m_library = LoadLibraryW(pathOf(file).c_str());
     if (m_library == nullptr)
         return file + " cannot be loaded (error " + std::to_string(GetLastError()) + ")";
     if (!bindEntries()) {
@@ -128,7 +129,8 @@ std::vector<std::string> Plugin::unload() {
     if (!left.empty()) return left;
     left = classesOf(library);
     FreeLibrary(library);
-    if (GetModuleHandleA(m_file.c_str()) != nullptr) left.emplace_back("its library loaded");
+    if (GetModuleHandleW(pathOf(m_file).c_str()) != nullptr)
+        left.emplace_back("its library loaded");
     return left;
 }
 

@@ -16,12 +16,12 @@ ListSnapshot CListAccess::present() const {
     const RecordStore& store = m_content.store();
     ListSnapshot now;
     now.rows = store.rowCount();
-    now.selected = store.selectedCount();
-    now.selection = store.selectionRevision();
-    now.focus = store.focusedRow();
+    now.selected = store.selection().count();
+    now.selection = store.selection().revision();
+    now.focus = store.selection().focusedRow();
     if (!now.focus) return now;
     now.record = store.slotAt(*now.focus);
-    now.focusSelected = store.selected(*now.focus);
+    now.focusSelected = store.selection().selected(*now.focus);
     now.name = rowName(*now.focus);
     return now;
 }
@@ -58,7 +58,7 @@ void CListAccess::notify(DWORD event, LONG child) const {
 
 // The platform raises the event of the list, and not that of its row.
 void CListAccess::onFocus() {
-    if (m_content.store().focusedRow() && m_heard.focus) raise(ListEvent::focus);
+    if (m_content.store().selection().focusedRow() && m_heard.focus) raise(ListEvent::focus);
 }
 
 // ---- The object ----
@@ -74,7 +74,7 @@ std::size_t CListAccess::rowCount() const {
 }
 
 std::optional<std::size_t> CListAccess::focusedRow() const {
-    return hasFocus() ? m_content.store().focusedRow() : std::nullopt;
+    return hasFocus() ? m_content.store().selection().focusedRow() : std::nullopt;
 }
 
 std::string CListAccess::listName() const {
@@ -92,8 +92,8 @@ std::string CListAccess::rowName(std::size_t row) const {
 LONG CListAccess::rowState(std::size_t row) const {
     const RecordStore& store = m_content.store();
     LONG state = STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_SELECTABLE | STATE_SYSTEM_MULTISELECTABLE;
-    if (store.selected(row)) state |= STATE_SYSTEM_SELECTED;
-    if (hasFocus() && store.focusedRow() == row) state |= STATE_SYSTEM_FOCUSED;
+    if (store.selection().selected(row)) state |= STATE_SYSTEM_SELECTED;
+    if (hasFocus() && store.selection().focusedRow() == row) state |= STATE_SYSTEM_FOCUSED;
     if (const auto folded = m_hooks.rowState(row).folded)
         state |= *folded ? STATE_SYSTEM_COLLAPSED : STATE_SYSTEM_EXPANDED;
     RECT visible{};

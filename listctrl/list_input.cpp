@@ -142,7 +142,7 @@ POINT CListInput::below(const RECT& area) const {
 }
 
 POINT CListInput::rowPoint() const {
-    const auto row = m_content.store().focusedRow();
+    const auto row = m_content.store().selection().focusedRow();
     return row ? below(fw::ListView(m_list.handle()).rowRect(*row)) : captionPoint();
 }
 

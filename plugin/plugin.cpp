@@ -4,6 +4,7 @@
 #include <commctrl.h>
 
 #include <memory>
+#include <string_view>
 
 #include "framework/activation.h"
 #include "framework/dialog.h"
@@ -155,6 +156,9 @@ int shutDown() {
 }
 
 }  // namespace
+
+static_assert(std::string_view(kVoskPluginVersion) == MC_VERSION,
+              "hosts are given the version of the binary");
 
 #define VOSK_EXPORT extern "C" __declspec(dllexport)
 
