@@ -138,6 +138,11 @@ std::string Checks::line(const Story& story) {
         const auto counted = std::to_string(values) + (values == 1 ? " value of " : " values of ");
         if (said.find("Update " + counted) == std::string::npos) return said;
     }
+    if (said.ends_with("cannot be kept")) {
+        const bool decided = std::ranges::any_of(
+            story.sent, [](const Fields& request) { return kindOf(request) != Kind::details; });
+        return decided && !story.looped ? said : "";
+    }
     if (!accepts && said.find("Reject") == std::string::npos) return "";
     const Keys keys = accepts ? m_accepts : story.before.selectedKeys();
     const std::size_t count = std::set<std::string>(keys.begin(), keys.end()).size();
