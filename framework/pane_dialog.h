@@ -108,7 +108,7 @@ protected:
 private:
     LRESULT onInitPane() { return FALSE; }
     // The pane's menus are its parts' own; asked for elsewhere in it, none comes from the host.
-    void onContextMenu() {}
+    void onContextMenu(POINT) {}
     void onButtonFocus() { m_keys.buttonFocusChanged(); }
     void onSystemColors();
     void onSetting(WPARAM what, LPARAM section);
