@@ -9,6 +9,7 @@
 #include "listctrl/dialogs/progress.h"
 #include "listctrl/list_services.h"
 #include "listctrl/model/list_content.h"
+#include "sdk/excel.h"
 
 namespace mc {
 
