@@ -7,14 +7,12 @@
 #include "editors/price_control.h"
 
 namespace mc {
-
 namespace {
 
 // Never seen: an edit's name, for screen readers, is the label before it.
 void nameEditor(HWND editor, const std::string& field) {
     const std::string name = field + ", " + kDetailColumns[toIndex(kValueColumn)].name;
-    const HWND label = CreateWindowExA(0, WC_STATICA, name.c_str(), WS_CHILD, 0, 0, 0, 0, editor,
-                                       nullptr, fw::module(), nullptr);
+    const HWND label = fw::makeControl(WC_STATICA, name.c_str(), WS_CHILD, 0, {}, editor, 0);
     SetWindowPos(label, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 

@@ -2,8 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
+#include <optional>
 #include <set>
+#include <string>
 #include <utility>
+
+#include "details/model/field_change.h"
 
 namespace mc {
 
@@ -111,10 +116,25 @@ bool LineGroups::holdsEdits(const Line& line) const {
                        [&](const Line* each) { return each->group == line.group; });
 }
 
+namespace {
+
+// An update sent the row's value: what the maker asked for is no more.
+void noteSent(sMCListStruct& row) {
+    const std::string old = row.sent != nullptr ? row.sent->old : row.oldValue;
+    if (row.sent != nullptr) row.sent = std::make_shared<const SentAmount>(row.value, old);
+    row.change = fieldChange(row.value, old.empty() ? std::nullopt : std::optional(old),
+                             row.sent != nullptr ? CompareAs::number : CompareAs::text);
+}
+
+}  // namespace
+
 bool LineGroups::endEdits(bool restore) {
     for (Line* line : m_edited) {
         sMCListStruct& row = *line->row;
-        if (restore) row.value = std::move(row.received);
+        if (restore)
+            row.value = std::move(row.received);
+        else
+            noteSent(row);
         row.edited = row.overOlder = false;
         line->marks.reset();
         m_rows.texts().reread(line->slot);

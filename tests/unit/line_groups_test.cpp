@@ -92,6 +92,21 @@ TEST(LineGroups, ARowWithAnUnsentEditPassesEveryFilterAndFold) {
     EXPECT_EQ(shown(lines), "Exchange:NSE|Status|");
 }
 
+TEST(LineGroups, WhatAnUpdateSentIsTheValueFromThenOn) {
+    LineGroups lines;
+    auto groups = twoGroups();
+    sMCListStruct& limit = groups[0].rows[1];
+    limit.change = FieldChange::changed;
+    limit.sent = std::make_shared<const SentAmount>("1500", "1200.00");
+    limit.received = std::exchange(limit.value, "1200");
+    limit.edited = true;
+    lines.append(std::move(groups));
+    EXPECT_TRUE(lines.editsSent());
+    const sMCListStruct& sent = *lines.lineAt(2)->row;
+    EXPECT_EQ(sent.sent->value, "1200");
+    EXPECT_EQ(sent.change, FieldChange::none) << "as it was before";
+}
+
 TEST(LineGroups, GroupsThatReplaceOthersStayFoldedAndFocused) {
     LineGroups lines;
     lines.append(twoGroups());
