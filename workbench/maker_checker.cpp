@@ -83,6 +83,7 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
 
 LRESULT CMakerChecker::onInitDialog() {
     m_workbench = std::make_unique<Workbench>(m_host, m_lists);
+    m_workbench->sight().setClock([] { return PressSight::Milliseconds(GetTickCount64()); });
     m_line.create(handle(), IDC_PRESS_LINE);
     m_lists.onNews([this] { m_line.stale(); });
     m_lists.open(handle(), listsRect(), m_workbench->changes());

@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 class PressSightTest : public WorkbenchTest {
 protected:
     void SetUp() override {
-        workbench->sight().setClock([this] { return std::chrono::steady_clock::time_point(now); });
+        workbench->sight().setClock([this] { return now; });
         for (const char* key : {"1", "2", "3"}) list(key, "360");
         workbench->changes().rows().selection().select(1, true);
     }

@@ -15,15 +15,18 @@ namespace mc {
 class PressSight {
 public:
     using Milliseconds = std::chrono::milliseconds;
-    using Clock = std::function<std::chrono::steady_clock::time_point()>;
+    using Clock = std::function<Milliseconds()>;
 
     // From seeing something to pressing a key takes at least this long.
     static constexpr Milliseconds kReaction{250};
 
+    // What tells the time, from any beginning. Without one every press counts as seen.
     void setClock(Clock clock) { m_clock = std::move(clock); }
 
     // What is selected changed, or something of it, and not by the hand.
-    void moved() { m_moved = m_clock(); }
+    void moved() {
+        if (m_clock) m_moved = m_clock();
+    }
 
     // Of a press that was made `ago`.
     bool seen(Milliseconds ago) const {
@@ -31,8 +34,8 @@ public:
     }
 
 private:
-    Clock m_clock = std::chrono::steady_clock::now;
-    std::optional<std::chrono::steady_clock::time_point> m_moved;
+    Clock m_clock;
+    std::optional<Milliseconds> m_moved;
 };
 
 }  // namespace mc
