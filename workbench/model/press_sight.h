@@ -28,6 +28,9 @@ public:
         if (m_clock) m_moved = m_clock();
     }
 
+    // The hand selected something else since.
+    void chosen() { m_moved.reset(); }
+
     // Of a press that was made `ago`.
     bool seen(Milliseconds ago) const {
         return !m_moved || m_clock() - ago >= *m_moved + kReaction;

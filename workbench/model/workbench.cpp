@@ -178,6 +178,12 @@ bool Workbench::unselected() const {
 }
 
 void Workbench::selectionMade() {
+    if (m_changes.rows().selection().count() == 1) m_sight.chosen();
+    followSelection();
+}
+
+// Details of a change that is not among the selected stay only with edits, and dimmed.
+void Workbench::followSelection() {
     if (unselected() && m_details.editCount() == 0) return emptyDetails();
     selectionMoved();
 }
@@ -273,7 +279,7 @@ void Workbench::update() {
     m_details.editsEnded();
     m_view.editsSent();
     caption();
-    selectionMade();
+    followSelection();
 }
 
 void Workbench::recover() {
@@ -287,7 +293,7 @@ void Workbench::dropEdits() {
     m_details.editsEnded();
     m_view.editsDropped();
     caption();
-    selectionMade();
+    followSelection();
 }
 
 // ---- Edits ----

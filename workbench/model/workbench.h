@@ -113,6 +113,7 @@ private:
     void noteTried(const TriedRequest& tried);
 
     void take(const FieldReader& message, Intake::Origin origin);
+    void followSelection();
     bool unselected() const;
     void emptyDetails();
     void askForDetails();
