@@ -2,7 +2,7 @@
 // headers of sdk/ only, knows nothing of docking (the pane floats) and has no manifest.
 //
 //   minimal           opens the window; F12 is the hot key
-//   minimal --smoke   presses F12, looks for the pane, closes; ends with 0 when it was there
+//   minimal --smoke   presses F12, looks for the pane, closes; ends with 0 when it was there, with new controls
 //
 // Built with nothing but a compiler: g++ -std=c++20 -I. console/minimal/minimal.cpp -o minimal.exe
 #include <windows.h>
@@ -109,10 +109,35 @@ bool paneIsThere() {
     return found;
 }
 
-bool paneSeen = false;
+// Whether a list's class comes from version 6 of the common controls, whose folder is not the
+// system's: this program has no manifest, so the plug-in's own asked for it.
+BOOL CALLBACK findNewList(HWND window, LPARAM found) {
+    wchar_t name[32] = L"", file[MAX_PATH] = L"";
+    GetClassNameW(window, name, 32);
+    const auto procedure = GetClassLongPtrW(window, GCLP_WNDPROC);
+    HMODULE library = nullptr;
+    if (std::wstring(name) != L"SysListView32" ||
+        GetModuleHandleExW(
+            GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+            reinterpret_cast<LPCWSTR>(procedure), &library) == 0)
+        return TRUE;
+    GetModuleFileNameW(library, file, MAX_PATH);
+    *reinterpret_cast<bool*>(found) =
+        std::wstring(file).find(L".common-controls_") != std::wstring::npos;
+    return FALSE;
+}
+
+BOOL CALLBACK findNewListIn(HWND window, LPARAM found) {
+    EnumChildWindows(window, findNewList, found);
+    return TRUE;
+}
+
+bool paneSeen = false, newControlsSeen = false;
 
 void CALLBACK lookAndClose(HWND frame, UINT, UINT_PTR, DWORD) {
     paneSeen = paneIsThere();
+    EnumThreadWindows(GetCurrentThreadId(), findNewListIn,
+                      reinterpret_cast<LPARAM>(&newControlsSeen));
     DestroyWindow(frame);
 }
 
@@ -121,6 +146,7 @@ int runSmoke(HWND frame) {
     PostMessageA(frame, WM_KEYDOWN, kHotKey, 0);
     SetTimer(frame, 1, 500, lookAndClose);
     const int code = runLoop();
+    if (!newControlsSeen) return 4;
     return paneSeen && !paneIsThere() ? code : 1;
 }
 

@@ -133,16 +133,16 @@ TEST(ScreenReader, HearsAChangeFoundOpenedReadEditedAndDecided) {
              hand::type("2500");
              hand::key(VK_RETURN);
          },
-         {"Field: Cash Margin; Value: 2500.00; Old Value: 1200; changed; edited, not sent; Cash "
+         {"Accept 7 RMS Limits, Client - C1; asks about 1 unsent value first",
+          "Field: Cash Margin; Value: 2500.00; Old Value: 1200; changed; edited, not sent; Cash "
           "Margin: 1200 to 2500.00, +1,300 (+108.3 %), 2 thousand 500; Update sends 2500.00, the "
           "maker asked for 1500; can be edited",
-          "Maker Checker Details: Client - C1, RMS Limits, 7",
-          "Accept 7 RMS Limits, Client - C1; asks about 1 unsent value first"}},
+          "Maker Checker Details: Client - C1, RMS Limits, 7"}},
         {"Ctrl+Shift+U",
          [] { hand::key('U', hand::kCtrlShift); },
          {"Accept 7 RMS Limits, Client - C1, again, ago",
           "Field: Cash Margin; Value: 2500.00; Old Value: 1200; changed; Cash Margin: 1200 to "
-          "1500, +300 (+25 %), 1 thousand 500; sent as 1500, shown rounded; can be edited",
+          "2500.00, +1,300 (+108.3 %), 2 thousand 500; can be edited",
           "Entity Name: Client - C1; Auth Type: RMS Limits; Key: 7; Maker: MAKER1; looked at; "
           "update, outcome awaited; its details are open"}},
         {"(the server publishes the outcome)",

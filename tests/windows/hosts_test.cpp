@@ -1,4 +1,5 @@
-// Hosts as they are: without a manifest, as this one is, and on Windows without what is newer.
+// Hosts as they are (console/minimal is one that has no common controls itself): without a
+// manifest, as this one is, and on Windows without what is newer.
 #include <gtest/gtest.h>
 
 #include "framework/platform.h"
@@ -6,35 +7,6 @@
 #include "tests/windows/test_host.h"
 
 namespace {
-
-// Where the library is that a control's class comes from: its procedure is in it.
-std::string libraryOf(HWND control) {
-    constexpr DWORD kOf =
-        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
-    HMODULE library = nullptr;
-    char file[MAX_PATH]{};
-    if (GetModuleHandleExW(kOf, reinterpret_cast<LPCWSTR>(GetClassLongPtrW(control, GCLP_WNDPROC)),
-                           &library) != 0)
-        GetModuleFileNameA(library, file, sizeof file);
-    return file;
-}
-
-// Version 5.82 is in the system's folder, the others are side by side in folders of their own. Tips
-// are left out: of two versions in a process, Wine makes those of the one that was loaded first.
-TEST(HostsAsTheyAre, ThePanesControlsAreOfTheVersionThatItsManifestAsksFor) {
-    const OpenWorkbench open;
-    std::map<std::string, int> found;
-    const auto look = [&](HWND window) {
-        const std::string name = classOf(window);
-        if (name != WC_LISTVIEWA && name != WC_HEADERA) return false;
-        ++found[name];
-        EXPECT_NE(libraryOf(window).find(".common-controls_"), std::string::npos)
-            << name << " of " << libraryOf(window);
-        return false;
-    };
-    findWindow(findPane(), look);
-    EXPECT_EQ(found.size(), 2u);
-}
 
 TEST(HostsAsTheyAre, TipsOfEveryKindAreMade) {
     const OpenWorkbench open;
