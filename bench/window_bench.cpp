@@ -230,6 +230,7 @@ public:
             changes.states().lookedAt(static_cast<Slot>(i));
         }
         m_list.storeChanged();
+        ShowWindow(m_list.handle(), SW_HIDE);
     }
 
     void measure() {

@@ -75,6 +75,27 @@ private:
     HGDIOBJ m_previous;
 };
 
+// The fonts of one device context for a scope. A font is selected only where it is another one,
+// which saves the platform from looking it up for every text.
+class FontScope {
+public:
+    explicit FontScope(HDC dc) noexcept
+        : m_dc(dc), m_first(GetCurrentObject(dc, OBJ_FONT)), m_now(m_first) {}
+    ~FontScope() { use(nullptr); }
+    FontScope(const FontScope&) = delete;
+    FontScope& operator=(const FontScope&) = delete;
+
+    // Null: the one that the context came with.
+    void use(HFONT font) noexcept {
+        const HGDIOBJ wanted = font != nullptr ? font : m_first;
+        if (wanted != m_now) SelectObject(m_dc, m_now = wanted);
+    }
+
+private:
+    HDC m_dc;
+    HGDIOBJ m_first, m_now;
+};
+
 // BeginPaint to EndPaint.
 class PaintScope {
 public:

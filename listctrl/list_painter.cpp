@@ -42,9 +42,10 @@ LRESULT CListPainter::onDrawItem(const DRAWITEMSTRUCT& draw) {
     SetTextColor(draw.hDC, colors.text);
     SetBkMode(draw.hDC, TRANSPARENT);
     const bool ownLooks = !selected && !highContrast();
+    fw::FontScope font(draw.hDC);
     int item = 0;
     for (const RECT& cell : cells)
-        if (item < m_content.shownCount()) drawCell(draw.hDC, {row, item++}, cell, ownLooks);
+        if (item < m_content.shownCount()) drawCell(draw.hDC, font, {row, item++}, cell, ownLooks);
     if (focused && store.selection().focusedRow() == row) DrawFocusRect(draw.hDC, &draw.rcItem);
     return TRUE;
 }
@@ -59,13 +60,15 @@ CellLook CListPainter::lookOf(std::size_t row, int item) const {
     return m_looks != nullptr ? m_looks->look(row, item) : CellLook{};
 }
 
-void CListPainter::drawCell(HDC dc, ListCell cell, const RECT& rect, bool ownLooks) const {
+void CListPainter::drawCell(HDC dc, fw::FontScope& font, ListCell cell, const RECT& rect,
+                            bool ownLooks) const {
     CellLook look = lookOf(cell.row, cell.item);
     if (!ownLooks) look.runColor.reset();
     if (look.fontYields && drawnWidth(cell, look) > roomIn(rect)) look.font = nullptr;
     const COLORREF rowText = GetTextColor(dc), rowGround = GetBkColor(dc);
     if (ownLooks && look.background) fill(dc, rect, *look.background);
     if (ownLooks && look.text) SetTextColor(dc, readableOn(GetBkColor(dc), *look.text));
+    font.use(look.font);
     drawText(dc, cell, rect, look);
     SetTextColor(dc, rowText);
     if (m_looks != nullptr) m_looks->drawOver(dc, cell.row, cell.item, rect);
@@ -88,8 +91,6 @@ void CListPainter::drawText(HDC dc, ListCell cell, const RECT& rect, const CellL
     const int room = static_cast<int>(inside.right - inside.left);
     const int spare = room - m_widths.widthOf(text, look.font);
     const auto size = static_cast<int>(std::min(text.size(), kMaxDrawn));
-    std::optional<fw::SelectScope> font;
-    if (look.font != nullptr) font.emplace(dc, look.font);
     if (spare >= 0) {  // fits, which is quick to draw
         if (!look.runs.empty()) {
             inside.left += flag == 1 ? spare : flag == 2 ? spare / 2 : 0;

@@ -47,7 +47,9 @@ public:
 private:
     CellLook lookOf(std::size_t row, int item) const;
     RowColors colorsOf(std::size_t row) const;
-    void drawCell(HDC dc, ListCell cell, const RECT& rect, bool ownLooks) const;
+    // The font stays the cell's, for the next one.
+    void drawCell(HDC dc, fw::FontScope& font, ListCell cell, const RECT& rect,
+                  bool ownLooks) const;
     std::string_view textOf(ListCell cell, const CellLook& look) const;
     struct Letters {
         std::string_view text;
