@@ -296,6 +296,7 @@ void CFilterBox::onSettle() {
 
 bool CFilterBox::onTimer(UINT_PTR id) {
     if (id != kPauseTimer) return false;
+    if (m_box.isOpen()) return true;  // looked at again when it may be closed
     KillTimer(handle(), kPauseTimer);
     if (m_box.paused()) apply();
     return true;

@@ -60,7 +60,8 @@ TEST(FilterBoxTest, OnlyEnterThePauseAndATakenLineApply) {
         {{}, {"MAKER0", "drop", "close"}, "MAKER0", "", 0},
         {{"RMS"}, {"drop", "esc"}, "RMS", "RMS", 0},
         {{"RMS"}, {"MAKER0", "drop", "esc", "pause"}, "MAKER0", "MAKER0", 1},
-        {{"RMS"}, {"MAKER0", "drop", "pause", "close"}, "MAKER0", "MAKER0", 1},
+        {{"RMS"}, {"MAKER0", "drop", "pause", "close"}, "MAKER0", "RMS", 0},
+        {{"RMS"}, {"MAKER0", "drop", "pause", "close", "pause"}, "MAKER0", "MAKER0", 1},
         {{"RMS"}, {"drop", "MAKER0", "enter"}, "MAKER0", "MAKER0", 1},
         // A line of the open one is a whole value, until the box is typed in.
         {{"RMS"}, {"drop", "line 2"}, "=MAKER1", "=MAKER1", 1},
