@@ -132,7 +132,8 @@ TEST_F(Filters, ABoxSaysWhatIsFiltered) {
         // Typing in an open list leaves the lines that fit, and applies nothing by itself.
         {"", {"(F4)", "r0", "(line 1)"}, "MAKER05", "MAKER05"},
         {"", {"(F4)", "akeR", "(down)", "(down)", "(enter)"}, "MAKER10", "MAKER10"},
-        {"", {"(F4)", "RMS", "(pause)", "(F4)"}, "RMS", "RMS"},
+        {"", {"(F4)", "RMS", "(pause)", "(F4)"}, "RMS", kAll},
+        {"", {"(F4)", "RMS", "(pause)", "(F4)", "(pause)"}, "RMS", "RMS"},
         // "--ALL-- " empties the box, and a text goes in as it is typed.
         {"RMS", {"(arrow)", "(line 0)"}, "", kAll},
         {"", {"(F4)", "(esc)", "RMS", "(enter)"}, "RMS", "RMS"},
