@@ -104,13 +104,13 @@ void CListColumns::setWidth(int item, int width) {
 }
 
 void CListColumns::widen(ColumnId column, int steps) {
-    constexpr int kStep = 8, kLeast = 24, kMost = 2000;  // pixels at 96 dots per inch
+    constexpr int kStep = 8, kMin = 24, kMax = 2000;  // pixels at 96 dots per inch
     ColumnModel& columns = m_parts.content.columns();
     const auto position = columns.positionOf(column);
     if (!position) return;
     const int width = columns.width(column) + steps * m_list.scaled(kStep);
     setWidth(static_cast<int>(*position),
-             std::clamp(width, m_list.scaled(kLeast), m_list.scaled(kMost)));
+             std::clamp(width, m_list.scaled(kMin), m_list.scaled(kMax)));
     onHeaderMoved();
     keepWidths({&column, 1});
 }

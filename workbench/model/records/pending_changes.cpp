@@ -91,7 +91,6 @@ std::string_view PendingChanges::text(Slot slot, CodedText which) const {
     return m_coded[static_cast<std::size_t>(which)].text(slot);
 }
 
-// Of an investor, whose new user and new client are accepted together.
 bool PendingChanges::isPending(const PendingChange& change) const {
     return m_rows.stored().contains(change.slot) && m_own[change.slot].key.view() == change.key;
 }
@@ -105,7 +104,7 @@ bool PendingChanges::selected(std::string_view key) const {
     return row && m_rows.selection().selected(*row);
 }
 
-// ---- Investors' pairs ----
+// ---- Investors' pairs: a new user and a new client, accepted together ----
 
 PendingChanges::Half PendingChanges::halfOf(Slot slot) const {
     if (text(slot, CodedText::type) != kInvestorClient) return Half::none;
