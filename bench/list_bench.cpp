@@ -13,6 +13,7 @@
 #include <unordered_map>
 
 #include "bench/list_peers.h"
+#include "bench/sides.h"
 #include "listctrl/model/table/record_store.h"
 
 using namespace mc;
@@ -29,8 +30,6 @@ std::unique_ptr<ListPeer> makeSqlitePeer(const Rows&) {
 #endif
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 enum Column { entityName, authType, key, maker, branch, broker, amount = kAmount };
 
@@ -73,8 +72,8 @@ void insertRows(RecordStore& store, std::size_t first, std::size_t end) {
 
 // The same rows on every side; made once per size. As the owner of the main list does, the store's
 // codes the columns with few different values as rows come.
-struct Sides {
-    explicit Sides(std::size_t count) : rows(makeRows(count)) {
+struct ListSides {
+    explicit ListSides(std::size_t count) : rows(makeRows(count)) {
         store.texts().setReader(readerOf(rows));
         for (const int column : {authType, maker, branch, broker})
             store.texts().share(ColumnId{column}, coded[column]);
@@ -97,12 +96,12 @@ struct Sides {
     std::vector<std::unique_ptr<ListPeer>> peers;
 
     // Of the size asked for last: a million rows on every side take a gigabyte.
-    static Sides& of(const benchmark::State& state) {
-        static std::unique_ptr<Sides> sides;
+    static ListSides& of(const benchmark::State& state) {
+        static std::unique_ptr<ListSides> sides;
         const auto count = static_cast<std::size_t>(state.range(0));
         if (sides == nullptr || sides->rows.size() != count) {
             sides.reset();
-            sides = std::make_unique<Sides>(count);
+            sides = std::make_unique<ListSides>(count);
         }
         sides->store.reset();
         sides->insertFrom(0);
@@ -151,7 +150,7 @@ std::string filterText(const Question& question) {
 }
 
 void filter(benchmark::State& state, const std::vector<Question>& questions) {
-    Sides& sides = Sides::of(state);
+    ListSides& sides = ListSides::of(state);
     RecordStore& store = sides.store;
     store.filters().clear();
     for (const Question& question : questions)
@@ -203,7 +202,7 @@ void stableSort(Times& times, const Rows& rows, KeyOf keyOf) {
 }
 
 void sort(benchmark::State& state, int column, Comparison comparison) {
-    Sides& sides = Sides::of(state);
+    ListSides& sides = ListSides::of(state);
     RecordStore& store = sides.store;
     Times times;
     for (auto _ : state) {
@@ -237,7 +236,7 @@ BENCHMARK_CAPTURE(sort, numbers, amount, Comparison::number) SIZES;
 
 // A thousand rows arrive in a list of so many; growth is what counts.
 void append(benchmark::State& state, bool filtered, bool sorted) {
-    Sides& sides = Sides::of(state);
+    ListSides& sides = ListSides::of(state);
     RecordStore& store = sides.store;
     if (filtered) store.filters().set(ColumnId{maker}, "*1*");
     store.filter();
@@ -297,7 +296,7 @@ BENCHMARK_CAPTURE(remove, random_order_sorted, Order::random, true) GROWTH;
 // ---- Distinct values ----
 
 void distinct(benchmark::State& state, int column) {
-    Sides& sides = Sides::of(state);
+    ListSides& sides = ListSides::of(state);
     RecordStore& store = sides.store;
     store.filters().clear();
     store.filter();

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
+#include <numeric>
 #include <random>
 #include <string>
 #include <vector>
@@ -101,6 +103,13 @@ struct Column {
     std::size_t most;
 };
 
+SlotSequence slotsBelow(std::size_t count) {
+    SlotSequence slots;
+    slots.homes().grow(count);
+    for (Slot slot = 0; slot < count; ++slot) slots.append(slot);
+    return slots;
+}
+
 void expectSorted(const Column& column, std::size_t rows, std::mt19937& random) {
     const std::string_view letters = column.letters;
     std::vector<std::string> texts(rows);
@@ -112,7 +121,8 @@ void expectSorted(const Column& column, std::size_t rows, std::mt19937& random) 
     }
     ColumnTexts kept;
     std::vector<Slot> slots(rows);
-    for (Slot slot = 0; slot < rows; ++slot) kept.set(slots[slot] = slot, texts[slot]);
+    std::iota(slots.begin(), slots.end(), Slot{0});
+    kept.fill(slotsBelow(rows), [&](Slot slot) { return std::string_view(texts[slot]); });
     std::shuffle(slots.begin(), slots.end(), random);
     if (random() % 3 == 0) slots.resize(rows / 10);
     for (const int direction : {-1, 1}) {
@@ -138,26 +148,49 @@ TEST(SortOrder, SortsAsAStableSortByTheReferenceComparison) {
             expectSorted(column, rows, random);
 }
 
-// Texts cached by column: changing and forgetting them leaves the others as they are.
-TEST(ColumnTexts, KeepsTheLastTextOfEachSlot) {
+// Texts cached by column, most of them equal to others or, at first, all different: changing and
+// forgetting them leaves the others as they are.
+void expectKept(bool allDifferent) {
     std::mt19937 random(4);
     ColumnTexts kept;
-    std::vector<std::string> texts(500);
-    kept.grow(texts.size());
-    for (int step = 0; step < 20000; ++step) {
+    std::vector<std::string> texts(3000);
+    const SlotSequence stored = slotsBelow(texts.size());
+    if (allDifferent)
+        for (Slot i = 0; i < texts.size(); ++i) texts[i] = std::to_string(10000 + i);
+    kept.fill(stored, [&](Slot slot) { return std::string_view(texts[slot]); });
+    std::vector<Slot> all, passing, expected;
+    for (int step = 0; step < 20001; ++step) {
         const auto slot = static_cast<Slot>(random() % texts.size());
         texts[slot] = random() % 4 == 0 ? "" : std::to_string(random() % 5000);
         kept.set(slot, texts[slot]);
-        if (step % 500 != 0) continue;
+        if (step % 2000 != 0) continue;
         for (Slot i = 0; i < texts.size(); ++i) ASSERT_EQ(kept.text(i), texts[i]);
-        std::vector<Slot> passing, expected;
-        for (Slot i = 0; i < texts.size(); ++i) {
-            passing.push_back(i);
-            if (reference::matches(texts[i], ">2500~1", false)) expected.push_back(i);
-        }
+        stored.copyTo(all);
+        passing = expected = all;
+        std::erase_if(expected,
+                      [&](Slot i) { return !reference::matches(texts[i], ">2500~1", false); });
         kept.keepMatching(FilterPattern(">2500~1", false), passing);
         ASSERT_EQ(passing, expected);
+        passing = expected = all;
+        std::ranges::stable_sort(expected, {}, [&](Slot i) { return texts[i]; });
+        kept.sort(passing, Comparison::text, -1);
+        ASSERT_EQ(passing, expected);
     }
+    std::map<std::string, std::size_t> rows;
+    for (const std::string& text : texts)
+        if (!text.empty()) ++rows[text];
+    const DistinctValues found = kept.distinct(stored, all, ValueOrder::alphabetical);
+    ASSERT_EQ(found.values.size(), rows.size());
+    for (auto value = found.values.begin(); const auto& [text, count] : rows) {
+        EXPECT_EQ(value->text, text);
+        EXPECT_EQ(value++->rows, count);
+    }
+    for (Slot i = 0; i < texts.size(); ++i) ASSERT_EQ(kept.text(i), texts[i]);
+}
+
+TEST(ColumnTexts, KeepsTheLastTextOfEachSlot) {
+    expectKept(false);
+    expectKept(true);
 }
 
 }  // namespace

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <bit>
 #include <cstdint>
-#include <functional>
 #include <utility>
+
+#include "text/text_bytes.h"
 
 namespace mc {
 namespace {
@@ -31,7 +32,7 @@ private:
     }
 
     Index& headOf(std::string_view user) {
-        return m_heads[std::hash<std::string_view>()(user) & (m_heads.size() - 1)];
+        return m_heads[hashOf(user) & (m_heads.size() - 1)];
     }
 
     void listUsers() {
@@ -46,7 +47,7 @@ private:
         const std::string_view name = m_changes.userOf(client, PendingChanges::Half::client);
         for (Index* link = &headOf(name); *link != kEnd;) {
             const Index user = *link;
-            if (nameOf(user) != name) {
+            if (!same(nameOf(user), name)) {
                 link = &m_next[user];
                 continue;
             }

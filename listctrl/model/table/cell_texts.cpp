@@ -22,7 +22,7 @@ ColumnTexts& CellTexts::column(ColumnId column, const SlotSequence& stored) {
     if (const auto shared = m_shared.find(column); shared != m_shared.end()) return *shared->second;
     const auto [at, fresh] = m_kept.try_emplace(column);
     ColumnTexts& texts = at->second;
-    if (fresh) stored.forEach([&](Slot record) { texts.set(record, read(record, column)); });
+    if (fresh) texts.fill(stored, [&](Slot record) { return read(record, column); });
     return texts;
 }
 

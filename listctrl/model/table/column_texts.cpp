@@ -2,25 +2,27 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "listctrl/model/table/text_search.h"
 #include "listctrl/model/table/text_sort.h"
 #include "text/read_number.h"
+#include "text/text_bytes.h"
 
 namespace mc {
 
 bool ColumnTexts::set(Slot slot, std::string_view text) {
     grow(slot + std::size_t{1});
     const Code before = m_codes[slot];
-    if (before == 0 ? text.empty() : m_table.text(before) == text) return false;
-    const Code code = m_table.add(text);
+    if (before == 0 ? text.empty() : same(m_table.text(before), text)) return false;
+    const Code code = codeFor(text);
     m_codes[slot] = code;
     if (code == m_uses.size())
         m_uses.push_back(1);
     else if (code != 0 && m_uses[code]++ == 0)
         --m_unused;
     if (before != 0 && --m_uses[before] == 0) ++m_unused;
-    if (worn()) dropUnused();
+    if (worn()) rebuild(m_shared);
     return true;
 }
 
@@ -29,18 +31,19 @@ bool ColumnTexts::worn() const {
     return m_unused > 1024 && m_unused > m_table.size() / 2 && m_unused > m_codes.size() / 16;
 }
 
-void ColumnTexts::dropUnused() {
-    TextTable used;
-    std::vector<Code> codes(m_table.size(), 0);
-    std::vector<std::uint32_t> uses = {0};
+// The texts that are used, each once or one for each slot as before.
+void ColumnTexts::rebuild(bool shared) {
+    const TextTable before = std::exchange(m_table, {});
+    const std::vector<std::uint32_t> uses = std::exchange(m_uses, {0});
+    m_shared = shared;
+    std::vector<Code> codes(before.size(), 0);
     for (Code code = 1; code < codes.size(); ++code) {
-        if (m_uses[code] == 0) continue;
-        codes[code] = used.add(m_table.text(code));
-        uses.push_back(m_uses[code]);
+        if (uses[code] == 0) continue;
+        codes[code] = codeFor(before.text(code));
+        m_uses.resize(m_table.size());
+        m_uses[codes[code]] += uses[code];
     }
     for (Code& code : m_codes) code = codes[code];
-    m_table = std::move(used);
-    m_uses = std::move(uses);
     m_unused = 0;
     m_numbers.clear();
     m_keys.clear();
@@ -73,7 +76,8 @@ void ColumnTexts::sort(std::vector<Slot>& slots, Comparison comparison, int dire
 }
 
 DistinctValues ColumnTexts::distinct(const SlotSequence& stored, std::span<const Slot> counted,
-                                     ValueOrder order) const {
+                                     ValueOrder order) {
+    if (!m_shared) rebuild(true);
     std::vector<std::size_t> rows(m_table.size());
     for (const Slot slot : counted) ++rows[m_codes[slot]];
     const bool ranked = order == ValueOrder::alphabetical;

@@ -1,8 +1,10 @@
 // The texts of one column, kept by slot so that a pass over all records reads none of them twice.
 //
 // Each different text is stored once and a slot holds its code: a filter is tried, a number read
-// and a sort key made once per different text, not per record. What is derived from the texts is
-// made when first asked for and grows with them.
+// and a sort key made once per different text, not per record. Where nearly all texts differ,
+// looking each up would take several times as long as all of that: there each slot's is stored,
+// until somebody asks for the different ones. What is derived from the texts is made when first
+// asked for and grows with them.
 #pragma once
 
 #include <cstddef>
@@ -24,6 +26,16 @@ public:
     // Makes room for slots below `slots`; their texts are empty.
     void grow(std::size_t slots) { growBySlot(m_codes, slots); }
 
+    // Reads the texts of many slots, none of which has one yet, in one pass.
+    template <class Read>
+    void fill(const SlotSequence& slots, Read read) {
+        std::size_t left = kSample;
+        slots.forEach([&](Slot slot) {
+            set(slot, read(slot));
+            if (--left == 0) m_shared = m_table.size() < kSample - kSample / 8;
+        });
+    }
+
     // Sets a slot's text, making room if there is none; returns whether it was another. Costs a
     // look-up among the different texts. Now and then, when most of these belong to no slot any
     // longer, one pass lets them go.
@@ -44,15 +56,19 @@ public:
     void sort(std::vector<Slot>& slots, Comparison comparison, int direction);
 
     // The different texts of all `stored` slots, each with how many of `counted` hold it. One pass
-    // over both, and one over the different texts.
+    // over both, and one over the different texts; the first time after fill(), looks all up.
     DistinctValues distinct(const SlotSequence& stored, std::span<const Slot> counted,
-                            ValueOrder order) const;
+                            ValueOrder order);
 
 private:
     using Code = TextTable::Code;
+    static constexpr std::size_t kSample = 1024;  // texts that tell whether nearly all differ
 
+    Code codeFor(std::string_view text) {
+        return m_shared ? m_table.add(text) : m_table.append(text);
+    }
     bool worn() const;
-    void dropUnused();
+    void rebuild(bool shared);
     void readNumbers();
     void makeKeys(Comparison comparison);
     void sortByKeys(std::vector<Slot>& slots, int direction) const;
@@ -60,6 +76,7 @@ private:
     void sortByComparing(std::vector<Slot>& slots, int direction, Compare compare) const;
 
     TextTable m_table;
+    bool m_shared = true;                     // slots with equal texts have the same code
     std::vector<Code> m_codes;                // by slot
     std::vector<std::uint32_t> m_uses = {0};  // by code: slots that hold it; not of the empty text
     std::size_t m_unused = 0;                 // codes without uses

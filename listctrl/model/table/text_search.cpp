@@ -5,6 +5,8 @@
 #include <bit>
 #include <cstring>
 
+#include "text/text_bytes.h"
+
 namespace mc {
 namespace {
 

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
+
+#include "text/text_bytes.h"
 
 namespace mc {
 namespace {
@@ -40,25 +43,41 @@ std::uint64_t bytesAt(std::string_view text, std::size_t depth) {
     return left >= 8 ? bytes : bytes & ~(~std::uint64_t{0} >> (8 * left));
 }
 
-// Sorts different texts that are equal up to `depth`: by their next eight bytes, then each run of
-// equal ones by the bytes behind.
-void sortTexts(const TextTable& texts, std::span<Keyed> codes, std::span<Keyed> scratch,
-               std::size_t depth) {
-    constexpr std::size_t kFew = 48, kDeep = 64;
-    if (codes.size() <= kFew || depth >= kDeep) {
-        std::sort(codes.begin(), codes.end(), [&](const Keyed& a, const Keyed& b) {
-            return texts.text(a.value) < texts.text(b.value);
-        });
-        return;
+// Ranks texts that are equal up to a depth.
+class Ranking {
+public:
+    explicit Ranking(const TextTable& texts) : m_texts(texts), m_ranks(texts.size()) {}
+
+    // The first of `codes` gets the rank `first`. They are sorted by their next eight bytes, then
+    // each run of equal ones by the bytes behind.
+    void rank(std::span<Keyed> codes, std::span<Keyed> scratch, std::size_t depth,
+              std::uint64_t first) {
+        constexpr std::size_t kFew = 48, kDeep = 64;
+        if (codes.size() <= kFew || depth >= kDeep) return rankFew(codes, first);
+        for (Keyed& item : codes) item.key = bytesAt(m_texts.text(item.value), depth);
+        sortByKey(codes, scratch);
+        for (std::size_t begin = 0, end = 0; begin < codes.size(); begin = end) {
+            while (end < codes.size() && codes[end].key == codes[begin].key) ++end;
+            const std::size_t run = end - begin;
+            rank(codes.subspan(begin, run), scratch.first(run), depth + 8, first + begin);
+        }
     }
-    for (Keyed& item : codes) item.key = bytesAt(texts.text(item.value), depth);
-    sortByKey(codes, scratch);
-    for (std::size_t first = 0, end = 0; first < codes.size(); first = end) {
-        while (end < codes.size() && codes[end].key == codes[first].key) ++end;
-        const std::size_t run = end - first;
-        if (run > 1) sortTexts(texts, codes.subspan(first, run), scratch.first(run), depth + 8);
+
+    std::vector<std::uint64_t>& ranks() { return m_ranks; }
+
+private:
+    void rankFew(std::span<Keyed> codes, std::uint64_t first) {
+        const auto text = [this](const Keyed& item) { return m_texts.text(item.value); };
+        if (codes.size() > 1) std::ranges::sort(codes, {}, text);
+        for (std::size_t i = 0; i < codes.size(); ++i)
+            m_ranks[codes[i].value] = i > 0 && text(codes[i]) == text(codes[i - 1])
+                                          ? m_ranks[codes[i - 1].value]
+                                          : first + i;
     }
-}
+
+    const TextTable& m_texts;
+    std::vector<std::uint64_t> m_ranks;
+};
 
 }  // namespace
 
@@ -78,10 +97,9 @@ void sortByKey(std::span<Keyed> items, std::span<Keyed> scratch) {
 std::vector<std::uint64_t> ranksOf(const TextTable& texts) {
     std::vector<Keyed> codes(texts.size()), scratch(texts.size());
     for (std::uint32_t code = 0; code < codes.size(); ++code) codes[code].value = code;
-    sortTexts(texts, codes, scratch, 0);
-    std::vector<std::uint64_t> ranks(codes.size());
-    for (std::size_t rank = 0; rank < codes.size(); ++rank) ranks[codes[rank].value] = rank;
-    return ranks;
+    Ranking ranking(texts);
+    ranking.rank(codes, scratch, 0, 0);
+    return std::move(ranking.ranks());
 }
 
 }  // namespace mc

@@ -18,7 +18,8 @@ struct Keyed {
 // size, its contents are lost.
 void sortByKey(std::span<Keyed> items, std::span<Keyed> scratch);
 
-// By code: the rank of each text of the table among all, sorted byte by byte.
+// By code: the rank of each text of the table among all, sorted byte by byte; equal ones have the
+// same.
 std::vector<std::uint64_t> ranksOf(const TextTable& texts);
 
 }  // namespace mc

@@ -1,42 +1,14 @@
 #include "listctrl/model/table/text_table.h"
 
-#include <algorithm>
+#include <cstring>
 
-#include "text/filter_pattern.h"
+#include "text/characters.h"
+#include "text/text_bytes.h"
 
 namespace mc {
-namespace {
-
-std::uint64_t mix(std::uint64_t hash, std::uint64_t bytes) {
-    hash = (hash ^ bytes) * 0x9E3779B97F4A7C15;
-    return hash ^ hash >> 32;
-}
-
-// Of a text that is not empty; half as long as the library's takes, for texts as short as cells.
-// The last bytes are read as far forward as a number reaches, some of them twice.
-std::uint32_t hashOf(std::string_view text) {
-    const std::size_t size = text.size();
-    const char* const end = text.data() + size;
-    std::uint64_t hash = size;
-    for (const char* at = text.data(); end - at > 8; at += 8) hash = mix(hash, loadBytes(at));
-    if (size >= 8)
-        hash = mix(hash, loadBytes(end - 8));
-    else if (size >= 4)
-        hash = mix(hash, loadBytes<std::uint32_t>(text.data()) |
-                             std::uint64_t{loadBytes<std::uint32_t>(end - 4)} << 32);
-    else
-        hash = mix(hash, static_cast<std::uint64_t>(text[0]) << 16 ^
-                             static_cast<std::uint64_t>(text[size / 2]) << 8 ^
-                             static_cast<std::uint64_t>(text[size - 1]));
-    return static_cast<std::uint32_t>(mix(hash, 0) >> 32);
-}
-
-}  // namespace
 
 TextTable::TextTable()
-    : m_texts(2 * kMargin), m_lowered(2 * kMargin), m_begins{kMargin, kMargin}, m_buckets(64) {
-    m_texts.reserve(1024);
-    m_lowered.reserve(1024);
+    : m_texts(1024), m_lowered(1024), m_begins{kMargin, kMargin}, m_buckets(64) {
     m_begins.reserve(64);
 }
 
@@ -48,25 +20,28 @@ TextTable::Code TextTable::add(std::string_view text) {
     for (std::size_t at = hash & mask;; at = (at + 1) & mask) {
         Bucket& bucket = m_buckets[at];
         if (bucket.code == 0) {
-            bucket = {hash, static_cast<Code>(size())};
-            append(text);
-        } else if (bucket.hash != hash || this->text(bucket.code) != text) {
+            bucket = {hash, append(text)};
+        } else if (bucket.hash != hash || !same(this->text(bucket.code), text)) {
             continue;
         }
         return bucket.code;
     }
 }
 
-void TextTable::append(std::string_view text) {
-    const std::size_t at = m_begins.back();
-    m_texts.resize(at + text.size() + kMargin);
-    m_lowered.resize(m_texts.size());
+TextTable::Code TextTable::append(std::string_view text) {
+    if (text.empty()) return 0;
+    const std::size_t at = m_begins.back(), end = at + text.size() + kMargin;
+    if (end > m_texts.size()) {
+        m_texts.resize(2 * end);
+        m_lowered.resize(2 * end);
+    }
     std::memcpy(m_texts.data() + at, text.data(), text.size());
     for (std::size_t i = at; i < at + text.size(); i += 8) {
         const std::uint64_t bytes = lowerEight(loadBytes(m_texts.data() + i));
         std::memcpy(m_lowered.data() + i, &bytes, sizeof bytes);
     }
     m_begins.push_back(at + text.size());
+    return static_cast<Code>(size() - 1);
 }
 
 void TextTable::grow() {

@@ -1,4 +1,5 @@
-// Different texts, each once, in one block of memory, made to be searched all in a row.
+// Texts in one block of memory, made to be searched all in a row; each different one once, unless
+// they were appended.
 //
 // A text is known by its code, the number of texts before it; the empty text is code 0. Beside the
 // texts lies a copy in lower case at the same offsets, for matching without regard to case. Texts
@@ -7,7 +8,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
 #include <vector>
 
@@ -24,6 +24,9 @@ public:
 
     // The text's code; a text that is new gets the next.
     Code add(std::string_view text);
+    // The next code, whether the text is new or not, without a look-up; the empty text's is 0.
+    // add() does not find it.
+    Code append(std::string_view text);
 
     std::size_t size() const { return m_begins.size() - 1; }
     std::size_t length(Code code) const { return end(code) - begin(code); }
@@ -44,21 +47,12 @@ private:
         Code code = 0;  // 0: the bucket is empty, as the empty text needs none
     };
 
-    void append(std::string_view text);
     void grow();
 
-    std::vector<char> m_texts;          // margin, texts one behind the other, margin
+    std::vector<char> m_texts;          // margin, texts one behind the other, room for more
     std::vector<char> m_lowered;        // the same in lower case
     std::vector<std::size_t> m_begins;  // by code, and the end of the last text
     std::vector<Bucket> m_buckets;      // a power of two of them, probed linearly
 };
-
-// The bytes at an address as one number, the first as the lowest.
-template <class Number = std::uint64_t>
-Number loadBytes(const char* at) {
-    Number bytes;
-    std::memcpy(&bytes, at, sizeof bytes);
-    return bytes;
-}
 
 }  // namespace mc

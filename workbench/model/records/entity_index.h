@@ -9,13 +9,13 @@
 
 #include <cstddef>
 #include <deque>
-#include <functional>
 #include <initializer_list>
 #include <utility>
 #include <vector>
 
 #include "link/model/entity.h"
 #include "listctrl/model/table/slot_sequence.h"
+#include "text/text_bytes.h"
 
 namespace mc {
 
@@ -87,7 +87,7 @@ private:
 
     Node& bucketOf(const Entity& entity) {
         const std::size_t hash =
-            std::hash<std::string_view>()(entity.id) * 31 + static_cast<std::size_t>(entity.kind);
+            std::size_t{hashOf(entity.id)} * 31 + static_cast<std::size_t>(entity.kind);
         return m_first[hash & (m_first.size() - 1)];
     }
 

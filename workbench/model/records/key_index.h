@@ -7,12 +7,12 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "listctrl/model/table/slot_sequence.h"
+#include "text/text_bytes.h"
 
 namespace mc {
 
@@ -74,10 +74,9 @@ private:
     // turn share the cache line that each would fetch.
     static std::uint32_t hashOf(std::string_view key) {
         if (key.empty()) return 0;
-        const std::size_t last = static_cast<unsigned char>(key.back());
+        const auto last = static_cast<unsigned char>(key.back());
         key.remove_suffix(1);
-        const std::size_t front = std::hash<std::string_view>()(key) + last / 8 * 0x9E3779B1;
-        return static_cast<std::uint32_t>(front * 8 + last % 8);
+        return (mc::hashOf(key) + last / 8 * 0x9E3779B1) * 8 + last % 8;
     }
     std::size_t mask() const { return m_entries.size() - 1; }
     std::size_t next(std::size_t index) const { return (index + 1) & mask(); }
@@ -86,7 +85,7 @@ private:
     std::size_t indexOf(std::string_view key, std::uint32_t hash) const {
         std::size_t at = hash & mask();
         while (m_entries[at].slot != kNoSlot &&
-               (m_entries[at].hash != hash || m_keyOf(m_entries[at].slot) != key))
+               (m_entries[at].hash != hash || !same(m_keyOf(m_entries[at].slot), key)))
             at = next(at);
         return at;
     }
