@@ -1,11 +1,12 @@
 // The real DLL in a host: intake, refresh and removal through HandlePublishMsg, with the pane on
-// the screen. Prints a table; growth is the cost per message against that of the smallest count.
+// the screen. Prints lines for bench/table, nanoseconds a message; growth is the cost of intake
+// against that of the smallest count.
 #include <algorithm>
-#include <cstdio>
 #include <numeric>
 #include <random>
 
 #include "bench/host_messages.h"
+#include "bench/lines.h"
 
 namespace {
 
@@ -39,15 +40,19 @@ Result measure(std::size_t count) {
 }  // namespace
 
 int main() {
-    std::printf("%9s %12s %12s %14s %14s %14s %12s %8s\n", "changes", "intake ns", "refresh ns",
-                "accepted ns", "reversed ns", "shuffled ns", "bytes each", "growth");
     double first = 0;
     measure(1000);  // the first pane of a process pays for its fonts
     for (const std::size_t count : {1000u, 10000u, 100000u}) {
         const Result r = measure(count);
         if (first == 0) first = r.intake;
-        std::printf("%9zu %12.0f %12.0f %14.0f %14.0f %14.0f %12.0f %8.2f\n", count, r.intake,
-                    r.refresh, r.removal[0], r.removal[1], r.removal[2], r.bytes, r.intake / first);
+        const std::string name = "dll/" + std::to_string(count);
+        figure(name, "intake_ns", r.intake);
+        figure(name, "refresh_ns", r.refresh);
+        figure(name, "removal_ns", r.removal[0]);
+        figure(name, "removal_reversed_ns", r.removal[1]);
+        figure(name, "removal_shuffled_ns", r.removal[2]);
+        figure(name, "bytes", r.bytes);
+        figure(name, "growth", r.intake / first);
     }
     return 0;
 }

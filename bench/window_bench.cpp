@@ -1,7 +1,7 @@
 // The real list on the screen, under Wine or on Windows: what a paint asks for and costs with a
 // thousand and with a million rows, and select all, beside a plain owner-data list of the platform.
 // Then the details list: showing and emptying an answer, beside a plain list that is filled row by
-// row. Then the main list, with marks in every row and with none.
+// row. Then the main list, with marks in every row and with none. Prints lines for bench/table.
 #include <windows.h>
 
 #include <algorithm>
@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/lines.h"
 #include "details/multi_line_edit_list_ctrl.h"
 #include "frames/holder_frame.h"
 #include "framework/window.h"
@@ -29,7 +30,9 @@ class BenchServices final : public ListServices {
 public:
     bool mayExport() override { return true; }
     CSettingsStore& settings() override { return settingsStore(); }
-    void showMessage(const std::string& text) override { std::printf("box: %s\n", text.c_str()); }
+    void showMessage(const std::string& text) override {
+        std::fprintf(stderr, "%s\n", text.c_str());
+    }
     HIMAGELIST glyphs() override { return nullptr; }
 };
 
@@ -83,7 +86,12 @@ void selectEveryRow(HWND list, bool on) {
     SendMessageA(list, LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&item));
 }
 
-void measureOurs(std::size_t rows) {
+// Microseconds.
+struct ListTimes {
+    double paint, selectAll;
+};
+
+ListTimes measureOurs(std::size_t rows) {
     PlainParent frame;
     frame.create();
     CVTHolderFrame holder(settingsStore());
@@ -107,11 +115,11 @@ void measureOurs(std::size_t rows) {
     const double cost = microseconds([&] { paint(list.handle()); }, 20);
     const std::size_t cells = asked / 20;
     const double all = microseconds([&] { selectEveryRow(list.handle(), true); }, 1);
-    std::printf("%9zu  ours   %6zu cells a paint  %9.0f us a paint  %10.0f us select all\n", rows,
-                cells, cost, all);
+    figure("paint/" + std::to_string(rows), "cells", static_cast<double>(cells));
+    return {cost, all};
 }
 
-void measurePeer(std::size_t rows) {
+ListTimes measurePeer(std::size_t rows) {
     PlainParent frame;
     frame.create();
     const HWND list =
@@ -127,9 +135,9 @@ void measurePeer(std::size_t rows) {
     SendMessageA(list, LVM_SETITEMCOUNT, rows, 0);
     paint(list);
     const double cost = microseconds([&] { paint(list); }, 20);
-    const double all = rows <= 100'000 ? microseconds([&] { selectEveryRow(list, true); }, 1) : -1;
-    std::printf("%9zu  plain                       %9.0f us a paint  %10.0f us select all\n", rows,
-                cost, all);
+    // It takes a notification for each row.
+    const double all = rows <= 100'000 ? microseconds([&] { selectEveryRow(list, true); }, 1) : 0;
+    return {cost, all};
 }
 
 std::vector<DetailGroup> answer(std::size_t rows) {
@@ -142,7 +150,7 @@ std::vector<DetailGroup> answer(std::size_t rows) {
     return groups;
 }
 
-void measureDetails(std::size_t rows) {
+double measureDetails(std::size_t rows) {
     PlainParent frame;
     frame.create();
     CVTHolderFrame holder(settingsStore());
@@ -167,12 +175,10 @@ void measureDetails(std::size_t rows) {
             clear += microseconds([&] { list.empty(); }, 1) / 10;
         },
         10);
-    std::printf(
-        "%9zu  details lines shown and painted  %8.0f us  (%.2f us a line), emptied %6.0f us\n",
-        rows, show - clear, (show - clear) / static_cast<double>(rows), clear);
+    return show - clear;
 }
 
-void measureFilledPeer(std::size_t rows) {
+double measureFilledPeer(std::size_t rows) {
     PlainParent frame;
     frame.create();
     const HWND list = CreateWindowExA(0, WC_LISTVIEWA, "", WS_CHILD | WS_VISIBLE | LVS_REPORT, 0, 0,
@@ -198,23 +204,13 @@ void measureFilledPeer(std::size_t rows) {
                              reinterpret_cast<LPARAM>(&item));
             }
     };
-    const double show = microseconds([&] { fill(), paint(list); }, 1);
-    const double clear = microseconds([&] { SendMessageA(list, LVM_DELETEALLITEMS, 0, 0); }, 1);
-    std::printf(
-        "%9zu  plain list filled and painted    %8.0f us  (%.2f us a line), emptied %6.0f us\n",
-        rows, show, show / static_cast<double>(rows), clear);
+    return microseconds([&] { fill(), paint(list); }, 1);
 }
-
-class SilentView final : public RecordsView {
-public:
-    void rowsChanged() override {}
-    void statesChanged() override {}
-};
 
 // A main list of changes about as many entities.
 class MarksSide {
 public:
-    MarksSide(const char* name, HWND parent, UINT id, std::size_t rows) : m_name(name) {
+    MarksSide(HWND parent, UINT id, std::size_t rows) {
         m_list.create(parent, id, "Bench pending", "Bench");
         SetWindowPos(m_list.handle(), nullptr, 0, 0, 700, 500, SWP_NOZORDER);
         m_list.setColumns(kMainColumns, [this](Slot change, ColumnId column) {
@@ -239,14 +235,13 @@ public:
         m_best = std::min(m_best, microseconds([&] { paint(m_list.handle()); }, 20));
         ShowWindow(m_list.handle(), SW_HIDE);
     }
-    void print() const { std::printf("  pending list %-14s %9.0f us a paint\n", m_name, m_best); }
+    double best() const { return m_best; }
 
 private:
     class SilentView final : public RecordsView {
         void rowsChanged() override {}
         void statesChanged() override {}
     };
-    const char* m_name;
     SilentView m_view;
     BenchServices m_services;
 
@@ -265,29 +260,28 @@ void measureMarks(std::size_t rows) {
     frame.create();
     CVTHolderFrame holder(settingsStore());
     holder.create(frame.handle(), {0, 0, 700, 500}, 1024);
-    MarksSide plain("without marks", holder.handle(), 4002, rows);
-    MarksSide marked("with marks", holder.handle(), 4003, rows);
+    MarksSide plain(holder.handle(), 4002, rows);
+    MarksSide marked(holder.handle(), 4003, rows);
     for (Slot slot = 0; slot < rows; ++slot) {
         marked.changes.rewriteRecord(slot, {.makerId = "MAKER2"});
         marked.changes.states().sent(slot, SentDecision::accept);
     }
     marked.changes.states().recoverSent();
     for (int round = 0; round < 5; ++round) plain.measure(), marked.measure();
-    plain.print();
-    marked.print();
+    figures("paint_with_marks", marked.best(), plain.best());
 }
 
 }  // namespace
 
 int main() {
     for (const std::size_t rows : {1'000u, 100'000u, 1'000'000u}) {
-        measureOurs(rows);
-        measurePeer(rows);
+        const ListTimes ours = measureOurs(rows), peer = measurePeer(rows);
+        figures("paint/" + std::to_string(rows), ours.paint, peer.paint);
+        if (peer.selectAll > 0)
+            figures("select_all/" + std::to_string(rows), ours.selectAll, peer.selectAll);
     }
-    for (const std::size_t rows : {150u, 10'000u}) {
-        measureDetails(rows);
-        measureFilledPeer(rows);
-    }
+    for (const std::size_t rows : {150u, 10'000u})
+        figures("details/" + std::to_string(rows), measureDetails(rows), measureFilledPeer(rows));
     measureMarks(1'000);
     return 0;
 }
