@@ -1,6 +1,7 @@
 #include "workbench/model/workbench.h"
 
 #include <ctime>
+#include <new>
 #include <utility>
 
 #include "details/model/details_builders.h"
@@ -25,8 +26,11 @@ Workbench::Workbench(Host& host, WorkbenchView& view)
 
 void Workbench::close() {
     if (m_link.closed()) return;
-    m_changes.clearAllRecords();
-    emptyDetails();
+    try {
+        m_changes.clearAllRecords();
+        emptyDetails();
+    } catch (const std::bad_alloc&) {  // nobody sees the caption any more
+    }
     m_link.close();
 }
 
@@ -103,9 +107,14 @@ void Workbench::neighboursMoved() {
 
 void Workbench::askForDetails() {
     m_details.requested();
-    caption();
-    const std::string key = m_details.key().value_or("");
-    if (m_requests.requestDetails(m_details.kind(), key) == 0) m_details.notSent();
+    try {
+        caption();
+        const std::string key = m_details.key().value_or("");
+        if (m_requests.requestDetails(m_details.kind(), key) == 0) m_details.notSent();
+    } catch (...) {
+        m_details.notSent();
+        throw;
+    }
     caption();
 }
 

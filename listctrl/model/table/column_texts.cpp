@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <limits>
+#include <new>
+#include <utility>
 
 #include "listctrl/model/table/text_search.h"
 #include "listctrl/model/table/text_sort.h"
@@ -9,16 +11,23 @@
 
 namespace mc {
 
-bool ColumnTexts::set(Slot slot, std::string_view text) {
+ColumnTexts::Code ColumnTexts::codeFor(Slot slot, std::string_view text) {
     grow(slot + std::size_t{1});
     const Code before = m_codes[slot];
-    if (before == 0 ? text.empty() : m_table.text(before) == text) return false;
+    if (before == 0 ? text.empty() : m_table.text(before) == text) return before;
     const Code code = m_table.add(text);
-    m_codes[slot] = code;
-    if (code == m_uses.size())
-        m_uses.push_back(1);
-    else if (code != 0 && m_uses[code]++ == 0)
-        --m_unused;
+    if (code >= m_uses.size()) {
+        const std::size_t known = m_uses.size();
+        m_uses.resize(code + std::size_t{1});
+        m_unused += m_uses.size() - known;
+    }
+    return code;
+}
+
+bool ColumnTexts::put(Slot slot, Code code) noexcept {
+    const Code before = std::exchange(m_codes[slot], code);
+    if (before == code) return false;
+    if (code != 0 && m_uses[code]++ == 0) --m_unused;
     if (before != 0 && --m_uses[before] == 0) ++m_unused;
     if (worn()) dropUnused();
     return true;
@@ -29,7 +38,8 @@ bool ColumnTexts::worn() const {
     return m_unused > 1024 && m_unused > m_table.size() / 2 && m_unused > m_codes.size() / 16;
 }
 
-void ColumnTexts::dropUnused() {
+// Without memory they stay until there is some.
+void ColumnTexts::dropUnused() noexcept try {
     TextTable used;
     std::vector<Code> codes(m_table.size(), 0);
     std::vector<std::uint32_t> uses = {0};
@@ -44,6 +54,7 @@ void ColumnTexts::dropUnused() {
     m_unused = 0;
     m_numbers.clear();
     m_keys.clear();
+} catch (const std::bad_alloc&) {
 }
 
 void ColumnTexts::keepMatching(const FilterPattern& pattern, std::vector<Slot>& slots) {

@@ -48,8 +48,9 @@ TextTable::Code TextTable::add(std::string_view text) {
     for (std::size_t at = hash & mask;; at = (at + 1) & mask) {
         Bucket& bucket = m_buckets[at];
         if (bucket.code == 0) {
-            bucket = {hash, static_cast<Code>(size())};
+            const auto code = static_cast<Code>(size());
             append(text);
+            bucket = {hash, code};
         } else if (bucket.hash != hash || this->text(bucket.code) != text) {
             continue;
         }
