@@ -122,8 +122,10 @@ struct LinesView final : WorkbenchView {
     void statesChanged() override {}
     void emptyDetails() override { lines.clear(); }
     void showDetails(std::vector<DetailGroup> groups, bool) override {
+        shown = true;
         lines.replace(std::move(groups));
     }
+    bool shown = false;  // since the last answer
     void editsSent() override { lines.editsSent(); }
     void editsDropped() override { lines.editsDropped(); }
     void captionDetails(const DetailsCaption& now) override { caption = now; }
@@ -172,6 +174,7 @@ public:
         }
         host.receiver->onMessage(0, 0, message->handle(), nullptr);
         const HostsOwn hosts;
+        if (std::exchange(view.shown, false)) m_linesAbout = workbench.shownKey();
         message.reset();
     }
 
@@ -198,6 +201,9 @@ public:
     QuietHost host;
     LinesView view;
     Workbench workbench{host, view};
+
+private:
+    std::optional<std::string> m_linesAbout;
 };
 
 World::Sight World::sight() {
@@ -240,6 +246,9 @@ void World::check() {
         }
     }
     ASSERT_EQ(rows().rowCount(), visible);
+    const bool lines = view.lines.rows().stored().size() != 0;
+    ASSERT_TRUE(!lines || workbench.shownKey() == m_linesAbout) << "whose details these are";
+    ASSERT_TRUE(lines || workbench.plan(PressButton::update).edits == 0) << "an edit out of sight";
     std::size_t selected = 0;
     for (const std::size_t row : rows().selection().rows()) {
         ASSERT_LT(row, visible);
@@ -307,6 +316,7 @@ const Operation kOperations[] = {
     {"the open change goes", openLimits, [](World& w) { w.publish("2", "", "", "", "rejected"); },
      false},
     {"opening", nothing, [](World& w) { w.open("3"); }, false},
+    {"opening another", openEdited, [](World& w) { w.open("3"); }, false},
     {"opening the next", nothing, [](World& w) { w.workbench.openNext(); }, false, false},
     {"opening a neighbour", [](World& w) { w.open("1"); },
      [](World& w) { w.workbench.showNeighbour(); }, false, false},

@@ -72,10 +72,10 @@ void Workbench::showDetails(PendingChange change) {
         if (!now) return;
         change = std::move(*now);
     }
+    m_view.emptyDetails();  // first: rows are never visible beside another change's name
     m_details.open(change);
     m_changes.states().opened(change.slot);
     m_details.setDimmed(unselected());
-    m_view.emptyDetails();
     caption();
     if (m_details.kind() != DetailKind::none)
         askForDetails();
@@ -125,10 +125,15 @@ void Workbench::details(DetailKind kind, const FieldReader& answer) {
                                       : kind == DetailKind::account
                                           ? BuildClientDetails(answer)
                                           : BuildLimitsDetails(answer, mayModify());
-    const bool another = m_details.shown(groups);
-    if (m_details.key()) m_seenFields.seen(*m_details.key(), groups);
-    if (!another && m_details.changedSince()) m_sight.moved();
-    m_view.showDetails(std::move(groups), another);
+    try {
+        const bool another = m_details.shown(groups);
+        if (m_details.key()) m_seenFields.seen(*m_details.key(), groups);
+        if (!another && m_details.changedSince()) m_sight.moved();
+        m_view.showDetails(std::move(groups), another);
+    } catch (...) {
+        emptyDetails();  // edits go with the rows that hold them
+        throw;
+    }
     const Slot slot = m_changes.states().shown();
     if (slot != kNoSlot && !m_details.askAgain()) m_changes.states().lookedAt(slot);
     caption();
