@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <new>
+
 #include "framework/dialog.h"
 #include "framework/model/calls.h"
 #include "sdk/host_text.h"
@@ -67,13 +69,14 @@ bool CHostServices::mayUseFunction(int functionCode) {
     return restricted != nullptr && restricted(functionCode) == 0;
 }
 
-void CHostServices::reportToUser(std::string_view text, int level) {
+void CHostServices::reportToUser(std::string_view text, int level) try {
     std::string line;
     if (level == kReportError) line = "Maker Checker Zek Error : ";
     if (level == kReportMessage) line = "Maker Checker Zek Message : ";
     if (!line.empty()) line += text;
     if (level == kReportError) showMessage(line);
     if (m_tabbedLog != nullptr && !fw::callEnded()) m_tabbedLog(sdk::makeHostString(line));
+} catch (const std::bad_alloc&) {
 }
 
 bool CHostServices::confirm(const std::string& question) {

@@ -24,7 +24,7 @@ std::string_view LineGroups::text(Slot line, ColumnId column) const {
     return m_lines[line].row->*cells[toIndex(column)];
 }
 
-void LineGroups::append(std::vector<DetailGroup> groups) {
+void LineGroups::append(std::vector<DetailGroup> groups) try {
     for (DetailGroup& content : groups) {
         Group& group = m_groups.emplace_back(std::move(content), static_cast<Slot>(m_lines.size()));
         addLine(group, group.content.header);
@@ -32,6 +32,9 @@ void LineGroups::append(std::vector<DetailGroup> groups) {
     }
     // The store judged each line alone; headings are judged with their lines.
     m_rows.filter();
+} catch (...) {
+    clear();
+    throw;
 }
 
 void LineGroups::addLine(Group& group, sMCListStruct& row) {

@@ -34,7 +34,8 @@ inline constexpr ColumnId kOldValueColumn{2};
 // A value is never visible without its name, nor a name without its value.
 inline constexpr ColumnId kMandatoryDetailColumns[] = {kFieldColumn, kValueColumn};
 
-// All calls come from one thread. What changes groups or folds costs a filter pass.
+// Without memory for all lines there are none: details are never visible by half. All calls come
+// from one thread. What changes groups or folds costs a filter pass.
 class LineGroups {
 public:
     struct Group {

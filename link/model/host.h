@@ -28,7 +28,8 @@ public:
     virtual PuGetMakerCheckerModifyRight* modifyRightService() = 0;
     virtual GetQuonRxControlService* receiveControlService() = 0;
 
-    // Reports a line to the user, by level: above. Any other level logs an empty line.
+    // Reports a line to the user, by level: above. Any other level logs an empty line. Without
+    // memory for the line nothing is said; it never throws, as what it reports has happened.
     virtual void reportToUser(std::string_view text, int level) = 0;
 
     // Shows `text` as it is in a message box. Messages may come in while it is open.

@@ -1,5 +1,6 @@
 #include "link/model/requests.h"
 
+#include <new>
 #include <string_view>
 #include <vector>
 
@@ -70,8 +71,12 @@ bool Requests::deliver(const Form& form) {
     return true;
 }
 
+// What has left has left, whether or not there is memory to note it.
 int Requests::tried(const TriedRequest& request) const {
-    if (m_tried) m_tried(request);
+    try {
+        if (m_tried) m_tried(request);
+    } catch (const std::bad_alloc&) {
+    }
     return request.left ? 1 : 0;
 }
 

@@ -4,13 +4,15 @@
 // A block is filled when it is given out and when it is freed. A freed block is kept back for a
 // while and looked at before it goes: whoever wrote into it in the meantime ends the process, as
 // does whoever wrote beyond a block's end or freed it twice. A pointer read from freed memory
-// points nowhere.
+// points nowhere. Tests can make allocations fail (failing_allocation.h).
 #include <windows.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <new>
+
+#include "tests/checked/failing_allocation.h"
 
 namespace {
 
@@ -92,7 +94,18 @@ const struct LastLook {
     ~LastLook() { theQuarantine.lookAtAll(); }
 } theLastLook;
 
+// The test's, which only the library looks for: the test's own program reads it when it starts.
+checked::FailingAllocation* const failing = [] {
+    char address[32]{};
+    GetEnvironmentVariableA(checked::kFailingAllocation, address, sizeof address);
+    auto* const found =
+        reinterpret_cast<checked::FailingAllocation*>(std::strtoull(address, nullptr, 10));
+    if (found != nullptr) found->watched = true;
+    return found;
+}();
+
 void* give(std::size_t size) {
+    if (failing != nullptr && failing->failsNow()) throw std::bad_alloc();
     auto* const block = static_cast<Head*>(std::malloc(sizeof(Head) + size + kEndBytes));
     if (block == nullptr) throw std::bad_alloc();
     *block = {State::used, size, nullptr, nullptr};

@@ -1,16 +1,15 @@
 // Expressions and cells from anywhere: the compiled steps and the reference agree, and computed
 // columns that refer to each other at will come to an end.
 //
-// The input seeds the draws: expressions are more often sensible than not, as are the cells.
+// The input makes the draws: expressions are more often sensible than not, as are the cells. It is
+// also an expression itself.
 #include <array>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <random>
 #include <string>
 #include <vector>
 
 #include "listctrl/model/expression/computed_columns.h"
+#include "tests/fuzz/input.h"
 #include "tests/unit/reference_expression.h"
 
 using namespace mc;
@@ -21,14 +20,11 @@ using Texts = std::vector<std::string>;
 
 class Draws {
 public:
-    Draws(const std::uint8_t* data, std::size_t size) {
-        std::seed_seq seed(data, data + size);
-        m_random.seed(seed);
-    }
+    Draws(const std::uint8_t* data, std::size_t size) : m_input(data, size) {}
 
     std::string cell() {
         if (below(3) == 0) return one(kOddCells);
-        return std::to_string(below(100'000)) + "." + std::to_string(10 + below(90));
+        return std::to_string(below(256) * below(256)) + "." + std::to_string(10 + below(90));
     }
 
     std::string expression() {
@@ -36,12 +32,8 @@ public:
     }
 
 private:
-    std::size_t below(std::size_t bound) { return m_random() % bound; }
-
-    template <std::size_t N>
-    std::string one(const std::array<const char*, N>& of) {
-        return of[below(N)];
-    }
+    std::size_t below(std::size_t bound) { return m_input.below(bound); }
+    std::string one(const auto& of) { return m_input.oneOf(of); }
 
     std::string reference() { return "\"" + std::to_string(below(5)) + "\""; }
 
@@ -85,14 +77,8 @@ private:
                                         "1", "\t", "\"", "0",    ".",   ",",   "2.5", "x",
                                         "e", "!=", "e5", "0x1F", "inf", "nan", "*-",  "\xE9"};
 
-    std::mt19937 m_random;
+    Input m_input;
 };
-
-void require(bool holds, const std::string& expression, const char* what) {
-    if (holds) return;
-    std::fprintf(stderr, "<%s>: %s\n", expression.c_str(), what);
-    std::abort();
-}
 
 // What the cell shows, and all digits of the value and the status, which it does not show.
 void agrees(const std::string& expression, const Texts& cells) {
@@ -103,15 +89,15 @@ void agrees(const std::string& expression, const Texts& cells) {
     std::string text = "old", expected = "old";
     const CellOutcome outcome = computeCell(expression, fetch, text);
     require(outcome == reference::computeCell(expression, fetch, expected) && text == expected,
-            expression, "another cell");
+            "another cell", expression);
     const auto infix = reference::substitute(expression, fetch);
     if (!infix) return;
     double value = 0.0;
     const int status = reference::evaluate(*infix, value);
     const Evaluation found = evaluateExpression(*infix);
-    require(static_cast<int>(found.status) == status, *infix, "another status");
-    require(found.value == value || (found.value != found.value && value != value), *infix,
-            "another value");
+    require(static_cast<int>(found.status) == status, "another status", *infix);
+    require(found.value == value || (found.value != found.value && value != value), "another value",
+            *infix);
 }
 
 }  // namespace

@@ -7,11 +7,10 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <optional>
 #include <string>
 
+#include "tests/fuzz/input.h"
 #include "tests/unit/fake_host.h"
 #include "tests/unit/message_builder.h"
 #include "tests/unit/view_recorder.h"
@@ -21,42 +20,6 @@
 using namespace mc;
 
 namespace {
-
-void require(bool holds, const char* what) {
-    if (holds) return;
-    std::fprintf(stderr, "violated: %s\n", what);
-    std::abort();
-}
-
-class Input {
-public:
-    Input(const std::uint8_t* data, std::size_t size) : m_data(data), m_left(size) {}
-
-    bool empty() const { return m_left == 0; }
-
-    std::size_t below(std::size_t count) { return byte() % count; }
-
-    template <std::size_t count>
-    const char* oneOf(const std::array<const char*, count>& words) {
-        return words[below(count)];
-    }
-
-    std::string bytes(std::size_t count) {
-        std::string text;
-        while (count-- > 0 && !empty()) text.push_back(static_cast<char>(byte()));
-        return text;
-    }
-
-private:
-    std::uint8_t byte() {
-        if (m_left == 0) return 0;
-        --m_left;
-        return *m_data++;
-    }
-
-    const std::uint8_t* m_data;
-    std::size_t m_left;
-};
 
 constexpr std::array kStatuses{"auth pending", "auth pending", "auth pending", "accepted",
                                "rejected",     "Accepted",     "accepted ",    ""};

@@ -1,5 +1,6 @@
 #include "workbench/model/decision_log.h"
 
+#include <new>
 #include <utility>
 
 #include "text/count_text.h"
@@ -38,31 +39,37 @@ DecisionLog::DecisionLog() {
 
 void DecisionLog::note(const TriedRequest& tried, const sMakeCheckStruct& change, std::time_t now) {
     const bool recovery = tried.kind == RequestKind::recover;
-    const std::uint64_t number = ++m_made;
+    const std::uint64_t number = m_made + 1;
     const Slot slot = slotOf(number);
+    Entry made{
+        .cells = {timeText(now), std::string(kDecisionNames[static_cast<std::size_t>(tried.kind)]),
+                  change.key, change.entityName, kindOf(change), reasonOf(tried),
+                  !tried.left ? "failed to send"
+                  : recovery  ? "sent"
+                              : kAwaited},
+        .number = number,
+        .awaited = tried.left && !recovery};
+    std::uint64_t* const newest = recovery ? nullptr : &m_newest[change.key];
+    if (newest != nullptr) made.before = *newest;
     if (slot == m_entries.size())
         m_entries.emplace_back();
     else
         letGo(m_entries[slot]);
-    Entry& entry = m_entries[slot];
-    entry.number = number;
-    entry.before = recovery ? 0 : std::exchange(m_newest[change.key], number);
-    entry.awaited = tried.left && !recovery;
-    entry.cells = {timeText(now),
-                   std::string(kDecisionNames[static_cast<std::size_t>(tried.kind)]),
-                   change.key,
-                   change.entityName,
-                   kindOf(change),
-                   reasonOf(tried),
-                   !tried.left ? "failed to send"
-                   : recovery  ? "sent"
-                               : kAwaited};
+    Entry& entry = m_entries[slot] = std::move(made);
+    try {
+        m_rows.insertItem(0, slot);
+    } catch (...) {
+        entry = {};
+        throw;
+    }
+    m_made = number;
+    if (newest != nullptr) *newest = number;
     if (entry.awaited) ++m_awaited;
-    m_rows.insertItem(0, slot);
     changed();
 }
 
 void DecisionLog::letGo(Entry& entry) {
+    if (entry.number == 0) return;
     m_rows.deleteRecord(slotOf(entry.number));
     if (entry.awaited) --m_awaited;
     const auto newest = m_newest.find(entry.cells[kKey]);
@@ -77,17 +84,19 @@ const DecisionLog::Entry* DecisionLog::find(std::uint64_t number) const {
 }
 
 // All of them, from the newest back: one that failed to leave may lie in between.
-void DecisionLog::outcomeCame(std::string_view key, std::string_view status, std::time_t now) {
+void DecisionLog::outcomeCame(std::string_view key, std::string_view status, std::time_t now) try {
     const auto newest = m_newest.find(std::string(key));
     if (newest == m_newest.end()) return;
     for (const Entry* each = find(newest->second); each != nullptr; each = find(each->before)) {
         Entry& entry = m_entries[slotOf(each->number)];
-        if (!std::exchange(entry.awaited, false)) continue;
-        --m_awaited;
+        if (!entry.awaited) continue;
         entry.cells[kOutcome] = std::string(status) + " " + timeText(now);
+        entry.awaited = false;
+        --m_awaited;
         m_rows.refresh(slotOf(entry.number));
     }
     changed();
+} catch (const std::bad_alloc&) {
 }
 
 std::string_view DecisionLog::cellText(Slot decision, ColumnId column) const {
@@ -98,7 +107,8 @@ std::string_view DecisionLog::cellText(Slot decision, ColumnId column) const {
 
 Slot DecisionLog::newestAbout(std::string_view key) const {
     const auto newest = m_newest.find(std::string(key));
-    return newest != m_newest.end() ? slotOf(newest->second) : kNoSlot;
+    const bool known = newest != m_newest.end() && newest->second != 0;
+    return known ? slotOf(newest->second) : kNoSlot;
 }
 
 Slot DecisionLog::newest() const {

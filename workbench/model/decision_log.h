@@ -47,6 +47,7 @@ public:
     void note(const TriedRequest& tried, const sMakeCheckStruct& change, std::time_t now);
 
     // The outcome of a change was published: every decision about it that waited for one has it.
+    // Without memory it stays awaited.
     void outcomeCame(std::string_view key, std::string_view status, std::time_t now);
 
     RecordStore& rows() { return m_rows; }

@@ -80,12 +80,14 @@ void ShownDetails::forget() {
 }
 
 void ShownDetails::requested() {
+    Request request{*m_key, m_kind};
+    m_unanswered.reserve(m_unanswered.size() + 1);
     if (m_state == State::shown)
         m_news = "published again, asking for it";
     else
         m_state = State::waiting;
     m_askAgain = false;
-    m_unanswered.push_back({*m_key, m_kind});
+    m_unanswered.push_back(std::move(request));
 }
 
 void ShownDetails::notSent() {

@@ -1,6 +1,7 @@
 #include "workbench/model/workbench.h"
 
 #include <ctime>
+#include <new>
 #include <utility>
 
 #include "details/model/details_builders.h"
@@ -25,8 +26,11 @@ Workbench::Workbench(Host& host, WorkbenchView& view)
 
 void Workbench::close() {
     if (m_link.closed()) return;
-    m_changes.clearAllRecords();
-    emptyDetails();
+    try {
+        m_changes.clearAllRecords();
+        emptyDetails();
+    } catch (const std::bad_alloc&) {  // nobody sees the caption any more
+    }
     m_link.close();
 }
 
@@ -68,10 +72,10 @@ void Workbench::showDetails(PendingChange change) {
         if (!now) return;
         change = std::move(*now);
     }
+    m_view.emptyDetails();  // first: rows are never visible beside another change's name
     m_details.open(change);
     m_changes.states().opened(change.slot);
     m_details.setDimmed(unselected());
-    m_view.emptyDetails();
     caption();
     if (m_details.kind() != DetailKind::none)
         askForDetails();
@@ -103,9 +107,14 @@ void Workbench::neighboursMoved() {
 
 void Workbench::askForDetails() {
     m_details.requested();
-    caption();
-    const std::string key = m_details.key().value_or("");
-    if (m_requests.requestDetails(m_details.kind(), key) == 0) m_details.notSent();
+    try {
+        caption();
+        const std::string key = m_details.key().value_or("");
+        if (m_requests.requestDetails(m_details.kind(), key) == 0) m_details.notSent();
+    } catch (...) {
+        m_details.notSent();
+        throw;
+    }
     caption();
 }
 
@@ -116,10 +125,15 @@ void Workbench::details(DetailKind kind, const FieldReader& answer) {
                                       : kind == DetailKind::account
                                           ? BuildClientDetails(answer)
                                           : BuildLimitsDetails(answer, mayModify());
-    const bool another = m_details.shown(groups);
-    if (m_details.key()) m_seenFields.seen(*m_details.key(), groups);
-    if (!another && m_details.changedSince()) m_sight.moved();
-    m_view.showDetails(std::move(groups), another);
+    try {
+        const bool another = m_details.shown(groups);
+        if (m_details.key()) m_seenFields.seen(*m_details.key(), groups);
+        if (!another && m_details.changedSince()) m_sight.moved();
+        m_view.showDetails(std::move(groups), another);
+    } catch (...) {
+        emptyDetails();  // edits go with the rows that hold them
+        throw;
+    }
     const Slot slot = m_changes.states().shown();
     if (slot != kNoSlot && !m_details.askAgain()) m_changes.states().lookedAt(slot);
     caption();

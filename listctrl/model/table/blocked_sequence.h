@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <memory>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "listctrl/model/table/prefix_sums.h"
@@ -45,10 +46,19 @@ public:
 
     void append(const Item& item) {
         if (m_blocks.empty() || m_blocks.back()->items.size() == kBlockItems) {
+            makeRoom();
             if (!m_blocks.empty()) m_sizes.push_back(kBlockItems);
             addBlock(m_blocks.size());
         }
         put(*m_blocks.back(), m_blocks.back()->items.size(), item);
+    }
+
+    // The next item that is put in asks for no memory. Every call that puts items in does so
+    // before it changes anything.
+    void makeRoom() {
+        m_sizes.makeRoom(m_blocks.size() + 1);
+        if (m_blocks.size() == m_blocks.capacity()) m_blocks.reserve(m_blocks.size() * 2 + 1);
+        if (m_spare == nullptr) m_spare = newBlock();
     }
 
     // Puts the item in front of the one at `row`; `row` is size() at most.
@@ -56,6 +66,7 @@ public:
         if (row >= m_size) return append(item);
         auto [block, offset] = m_sizes.find(row);
         if (m_blocks[block]->items.size() == kBlockItems) {
+            makeRoom();
             splitBlock(block);
             if (offset > kBlockItems / 2) ++block, offset -= kBlockItems / 2;
         }
@@ -78,6 +89,7 @@ public:
     // Takes every item out, without touching the items' homes: the items may be gone already.
     void clear() {
         m_blocks.clear();
+        m_spare.reset();
         m_sizes.clear();
         m_size = 0;
     }
@@ -85,12 +97,11 @@ public:
     // Makes the sequence these items and no others. Blocks are used again: a pass over a million
     // rows needn't fetch their memory again.
     void assign(std::span<const Item> items) {
-        forEach([this](const Item& item) { m_homes(item) = nullptr; });
+        makeBlocks((items.size() + kBlockItems - 1) / kBlockItems);
         m_size = items.size();
-        m_blocks.resize((m_size + kBlockItems - 1) / kBlockItems);
         for (std::size_t index = 0; index < m_blocks.size(); ++index) {
-            if (m_blocks[index] == nullptr) m_blocks[index] = newBlock(index);
             Block& block = *m_blocks[index];
+            block.index = index;
             const auto some = items.first(std::min(items.size(), kBlockItems));
             items = items.subspan(some.size());
             block.items.assign(some.begin(), some.end());
@@ -137,15 +148,26 @@ private:
         ++m_size;
     }
 
-    static std::unique_ptr<Block> newBlock(std::size_t index) {
+    static std::unique_ptr<Block> newBlock() {
         auto block = std::make_unique<Block>();
-        block->index = index;
         block->items.reserve(kBlockItems);
         return block;
     }
 
+    // As many blocks, for items of no home; those that are there are used again.
+    void makeBlocks(std::size_t count) {
+        std::vector<std::unique_ptr<Block>> more;
+        while (m_blocks.size() + more.size() < count) more.push_back(newBlock());
+        m_sizes.makeRoom(count);
+        m_blocks.reserve(count);
+        forEach([this](const Item& item) { m_homes(item) = nullptr; });
+        m_blocks.resize(std::min(m_blocks.size(), count));
+        for (auto& block : more) m_blocks.push_back(std::move(block));
+    }
+
+    // After makeRoom().
     Block& addBlock(std::size_t at) {
-        m_blocks.insert(m_blocks.begin() + static_cast<std::ptrdiff_t>(at), newBlock(at));
+        m_blocks.insert(m_blocks.begin() + static_cast<std::ptrdiff_t>(at), std::move(m_spare));
         for (std::size_t i = at; i < m_blocks.size(); ++i) m_blocks[i]->index = i;
         return *m_blocks[at];
     }
@@ -174,6 +196,7 @@ private:
     }
 
     std::vector<std::unique_ptr<Block>> m_blocks;
+    std::unique_ptr<Block> m_spare;  // for the next block; it may be null
     PrefixSums m_sizes;  // of the blocks but the last: what is beyond their total is in it
     std::size_t m_size = 0;
     Homes m_homes;

@@ -1,5 +1,7 @@
 #include "listctrl/model/table/cell_texts.h"
 
+#include <new>
+
 namespace mc {
 
 void CellTexts::setReader(CellReader reader) {
@@ -20,10 +22,10 @@ std::string_view CellTexts::text(Slot record, ColumnId column) const {
 
 ColumnTexts& CellTexts::column(ColumnId column, const SlotSequence& stored) {
     if (const auto shared = m_shared.find(column); shared != m_shared.end()) return *shared->second;
-    const auto [at, fresh] = m_kept.try_emplace(column);
-    ColumnTexts& texts = at->second;
-    if (fresh) texts.fill(stored, [&](Slot record) { return read(record, column); });
-    return texts;
+    if (const auto kept = m_kept.find(column); kept != m_kept.end()) return kept->second;
+    ColumnTexts texts;
+    texts.fill(stored, [&](Slot record) { return read(record, column); });
+    return m_kept.emplace(column, std::move(texts)).first->second;
 }
 
 bool CellTexts::readsOnce(ColumnId column) {
@@ -35,8 +37,10 @@ void CellTexts::drop() {
     m_readOnce.reset();
 }
 
-void CellTexts::reread(Slot record) {
+void CellTexts::reread(Slot record) try {
     for (auto& [column, texts] : m_kept) texts.set(record, read(record, column));
+} catch (const std::bad_alloc&) {
+    m_kept.clear();
 }
 
 void CellTexts::forget(Slot record) {

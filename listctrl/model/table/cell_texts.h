@@ -44,7 +44,8 @@ public:
     // All texts of a column. The first call reads those of all `stored` records.
     ColumnTexts& column(ColumnId column, const SlotSequence& stored);
 
-    // A record came or changed: one reading for each kept column.
+    // A record came or changed: one reading for each kept column. Without memory the columns are
+    // read again when next asked for.
     void reread(Slot record);
     // A record went.
     void forget(Slot record);

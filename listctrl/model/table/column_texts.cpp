@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <new>
 #include <utility>
 
 #include "listctrl/model/table/text_search.h"
@@ -11,18 +12,25 @@
 
 namespace mc {
 
-bool ColumnTexts::set(Slot slot, std::string_view text) {
+ColumnTexts::Code ColumnTexts::codeFor(Slot slot, std::string_view text) {
     grow(slot + std::size_t{1});
     const Code before = m_codes[slot];
-    if (before == 0 ? text.empty() : same(m_table.text(before), text)) return false;
-    const Code code = codeFor(text);
-    m_codes[slot] = code;
-    if (code == m_uses.size())
-        m_uses.push_back(1);
-    else if (code != 0 && m_uses[code]++ == 0)
-        --m_unused;
+    if (before == 0 ? text.empty() : same(m_table.text(before), text)) return before;
+    const Code code = m_shared ? m_table.add(text) : m_table.append(text);
+    if (code >= m_uses.size()) {
+        const std::size_t known = m_uses.size();
+        m_uses.resize(code + std::size_t{1});
+        m_unused += m_uses.size() - known;
+    }
+    return code;
+}
+
+bool ColumnTexts::put(Slot slot, Code code) noexcept {
+    const Code before = std::exchange(m_codes[slot], code);
+    if (before == code) return false;
+    if (code != 0 && m_uses[code]++ == 0) --m_unused;
     if (before != 0 && --m_uses[before] == 0) ++m_unused;
-    if (worn()) rebuild(m_shared);
+    if (worn()) dropUnused();
     return true;
 }
 
@@ -31,19 +39,28 @@ bool ColumnTexts::worn() const {
     return m_unused > 1024 && m_unused > m_table.size() / 2 && m_unused > m_codes.size() / 16;
 }
 
-// The texts that are used, each once or one for each slot as before.
+// Without memory they stay until there is some.
+void ColumnTexts::dropUnused() noexcept try {
+    rebuild(m_shared);
+} catch (const std::bad_alloc&) {
+}
+
+// The texts that are used: each once, or one for each slot as before.
 void ColumnTexts::rebuild(bool shared) {
-    const TextTable before = std::exchange(m_table, {});
-    const std::vector<std::uint32_t> uses = std::exchange(m_uses, {0});
-    m_shared = shared;
-    std::vector<Code> codes(before.size(), 0);
-    for (Code code = 1; code < codes.size(); ++code) {
-        if (uses[code] == 0) continue;
-        codes[code] = codeFor(before.text(code));
-        m_uses.resize(m_table.size());
-        m_uses[codes[code]] += uses[code];
+    TextTable used;
+    std::vector<Code> codes(m_table.size(), 0);
+    std::vector<std::uint32_t> uses = {0};
+    for (Code code = 1; code < m_uses.size(); ++code) {
+        if (m_uses[code] == 0) continue;
+        const std::string_view text = m_table.text(code);
+        codes[code] = shared ? used.add(text) : used.append(text);
+        uses.resize(used.size());
+        uses[codes[code]] += m_uses[code];
     }
     for (Code& code : m_codes) code = codes[code];
+    m_table = std::move(used);
+    m_uses = std::move(uses);
+    m_shared = shared;
     m_unused = 0;
     m_numbers.clear();
     m_keys.clear();

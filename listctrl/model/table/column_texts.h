@@ -39,7 +39,13 @@ public:
     // Sets a slot's text, making room if there is none; returns whether it was another. Costs a
     // look-up among the different texts. Now and then, when most of these belong to no slot any
     // longer, one pass lets them go.
-    bool set(Slot slot, std::string_view text);
+    bool set(Slot slot, std::string_view text) { return put(slot, codeFor(slot, text)); }
+
+    // The two steps of set(): the first may run out of memory, the second gives the slot what the
+    // first found, and cannot.
+    using Code = TextTable::Code;
+    Code codeFor(Slot slot, std::string_view text);
+    bool put(Slot slot, Code code) noexcept;
 
     // The slot's text; it lives until the next set().
     std::string_view text(Slot slot) const { return m_table.text(m_codes[slot]); }
@@ -61,13 +67,10 @@ public:
                             ValueOrder order);
 
 private:
-    using Code = TextTable::Code;
     static constexpr std::size_t kSample = 1024;  // texts that tell whether nearly all differ
 
-    Code codeFor(std::string_view text) {
-        return m_shared ? m_table.add(text) : m_table.append(text);
-    }
     bool worn() const;
+    void dropUnused() noexcept;
     void rebuild(bool shared);
     void readNumbers();
     void makeKeys(Comparison comparison);

@@ -23,6 +23,11 @@ public:
         for (std::size_t i = 0; i < size; ++i) push_back(count(i));
     }
 
+    // As many counts can be held without asking for memory.
+    void makeRoom(std::size_t size) {
+        if (size >= m_tree.capacity()) m_tree.reserve(size * 2 + 1);
+    }
+
     void push_back(std::uint32_t count) {
         const std::size_t node = m_tree.size();
         const std::size_t before = sum(node - 1) - sum(node - lowBit(node));

@@ -19,13 +19,18 @@ std::optional<std::size_t> RecordStore::insertItem(std::size_t position, Slot sl
     if (!inside) position = stored().size();
     m_rows.store(position, slot);
     m_texts.reread(slot);
-    if (!m_passing.passes(slot)) return position;
-    const std::size_t rows = visible().order().size();
-    if (!m_order.isStored())
-        m_rows.show(slot, m_order.indexFor(slot));
-    else
-        m_rows.show(slot, inside ? std::min(position, rows) : rows);
+    try {
+        if (m_passing.passes(slot)) m_rows.show(slot, indexOfNew(slot, inside ? position : kEnd));
+    } catch (...) {
+        deleteRecord(slot);
+        throw;
+    }
     return position;
+}
+
+std::size_t RecordStore::indexOfNew(Slot slot, std::size_t position) const {
+    if (!m_order.isStored()) return m_order.indexFor(slot);
+    return std::min(position, visible().order().size());
 }
 
 RecordStore::Outcome RecordStore::deleteItem(std::size_t row) {
@@ -70,7 +75,7 @@ void RecordStore::judgeAndPlace(Slot slot) {
     } else if (!shown) {
         m_rows.show(slot, m_order.indexFor(slot));
     } else if (!m_order.fits(rows.rowOf(slot))) {
-        m_rows.move(slot, [&] { return m_order.indexFor(slot); });
+        m_rows.move(slot, m_order.indexFor(slot));
     }
 }
 
@@ -78,6 +83,16 @@ void RecordStore::judgeAndPlace(Slot slot) {
 
 RecordStore::Outcome RecordStore::filter() {
     if (!m_texts.hasReader()) return Outcome::nothingDone;
+    RowFilters before = filters();
+    try {
+        return filterNow();
+    } catch (...) {
+        filters() = std::move(before);  // what judges records is what the rows passed
+        throw;
+    }
+}
+
+RecordStore::Outcome RecordStore::filterNow() {
     if (!filters().apply()) {
         m_rows.replaceRows({});
         return Outcome::filtersUneven;
@@ -97,22 +112,28 @@ DistinctValues RecordStore::distinctValues(ColumnId column, ValueOrder order) {
 // ---- Order ----
 
 void RecordStore::sort(const SortOrder& order) {
+    const std::optional<SortOrder> before = m_order.get();
     m_order.set(order);
     if (!m_texts.hasReader()) return;
-    std::vector<Slot> rows;
-    visible().order().copyTo(rows);
-    m_order.arrange(rows);
-    m_rows.replaceRows(rows);
+    try {
+        std::vector<Slot> rows;
+        visible().order().copyTo(rows);
+        m_order.arrange(rows);
+        m_rows.replaceRows(rows);
+    } catch (...) {
+        m_order.set(before);  // the one that the rows are in
+        throw;
+    }
 }
 
 void RecordStore::unsort() {
-    m_order.set({});
     std::vector<Slot> rows;
     rows.reserve(visible().order().size());
     stored().forEach([&](Slot slot) {
         if (visible().order().contains(slot)) rows.push_back(slot);
     });
     m_rows.replaceRows(rows);
+    m_order.set({});
 }
 
 const char* messageOf(RecordStore::Outcome outcome) {

@@ -5,6 +5,9 @@
 // read through one CellReader. Slots are small numbers; what is kept by slot takes memory up to the
 // largest.
 //
+// A call that runs out of memory throws and leaves the store as it was; only a refresh() or
+// judgeAgain() may leave the record's row where it was. What removes records does not fail.
+//
 // Rows, as everywhere in this interface, are numbers of visible rows from the top; a stored
 // position counts all records in order of insertion. Where no other cost is stated, a call takes at
 // most a time that grows with the logarithm of the number of records. All calls come from one
@@ -117,6 +120,9 @@ public:
     void unsort();
 
 private:
+    static constexpr std::size_t kEnd = ~std::size_t{0};
+    std::size_t indexOfNew(Slot slot, std::size_t position) const;
+    Outcome filterNow();
     void judgeAndPlace(Slot slot);
 
     CellTexts m_texts;

@@ -34,11 +34,12 @@ ColumnFilter RowFilters::of(ColumnId column) const {
 
 bool RowFilters::apply() {
     if (m_columns.size() != m_filters.size()) return false;
-    m_active.clear();
+    std::vector<Active> active;
     for (std::size_t i = 0; i < m_columns.size(); ++i)
-        m_active.push_back(
+        active.push_back(
             {m_columns[i],
              FilterPattern(m_filters[i].text, m_exactOnce || m_matchExactly, m_filters[i].kind)});
+    m_active = std::move(active);
     m_exactOnce = false;
     return true;
 }

@@ -27,14 +27,19 @@ void RowOrder::sortByNumbers(std::vector<Slot>& slots) const {
 
 std::size_t RowOrder::indexFor(Slot slot) const {
     const VisibleRows& visible = m_rows.visible();
+    const std::size_t now =
+        visible.order().contains(slot) ? visible.order().rowOf(slot) : VisibleRows::kNone;
     if (!m_order) {
         const std::size_t own = m_rows.stored().rowOf(slot);
-        return visible.firstNot([&](Slot other) { return m_rows.stored().rowOf(other) < own; });
+        return visible.firstNot([&](Slot other) { return m_rows.stored().rowOf(other) < own; },
+                                now);
     }
     const std::string own(m_texts.text(slot, m_order->column));
-    return visible.firstNot([&](Slot other) {
-        return compareRows(*m_order, m_texts.text(other, m_order->column), own) <= 0;
-    });
+    return visible.firstNot(
+        [&](Slot other) {
+            return compareRows(*m_order, m_texts.text(other, m_order->column), own) <= 0;
+        },
+        now);
 }
 
 bool RowOrder::fits(std::size_t index) const {

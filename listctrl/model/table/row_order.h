@@ -18,13 +18,14 @@ public:
 
     // From now on rows are to be in this order; none is the stored one. Moves none.
     void set(std::optional<SortOrder> order) { m_order = order; }
+    const std::optional<SortOrder>& get() const { return m_order; }
     bool isStored() const { return !m_order; }
 
     // Puts records that are in stored order, or in one that equal ones are to keep, into this one.
     // Costs one pass over them and, where the column's texts are not yet ranked, one over these.
     void arrange(std::vector<Slot>& slots);
 
-    // The index that a stored record without a row should get: behind its equals.
+    // The index that a stored record should get among the rows of the others: behind its equals.
     std::size_t indexFor(Slot slot) const;
 
     // Whether the visible record at an index fits between its neighbours.

@@ -28,6 +28,13 @@ void RowTable::hide(Slot slot) {
     m_selection.rowsMoved(m_visible.remove(slot));
 }
 
+// A row that was taken out comes in again, whatever memory there is.
+void RowTable::move(Slot slot, std::size_t index) {
+    m_visible.makeRoom();
+    m_selection.rowsMoved(m_visible.remove(slot));
+    show(slot, index);
+}
+
 void RowTable::replaceRows(std::span<const Slot> slots) {
     m_visible.assign(slots);
     m_selection.dropHidden();

@@ -36,12 +36,8 @@ public:
     // A stored record gets a row, or loses it and is deselected. An index counts visible records.
     void show(Slot slot, std::size_t index);
     void hide(Slot slot);
-    // A visible record has its row elsewhere: `index()` is asked while it has none.
-    template <class Index>
-    void move(Slot slot, Index index) {
-        m_selection.rowsMoved(m_visible.remove(slot));
-        show(slot, index());
-    }
+    // A visible record has its row elsewhere; the index is one among the others.
+    void move(Slot slot, std::size_t index);
 
     // These records and no others have rows, in this order; those that lost theirs are deselected.
     // The number of rows is as it was until recount(). Costs a pass over both.

@@ -1,6 +1,7 @@
 #include "listctrl/model/table/selected_rows.h"
 
 #include <algorithm>
+#include <new>
 
 namespace mc {
 
@@ -55,8 +56,12 @@ std::vector<Slot> SelectedRows::inOrder() const {
 void SelectedRows::beforeRemoval(Slot slot) {
     const std::size_t row = *m_visible.rowOf(slot);
     const Slot after = m_visible.slotAt(row + 1);
-    if (after != kNoSlot && m_held.selected(slot))
-        m_held.select(after, true, RowSelection::By::list);
+    try {
+        if (after != kNoSlot && m_held.selected(slot))
+            m_held.select(after, true, RowSelection::By::list);
+    } catch (const std::bad_alloc&) {
+        // The record goes; the next is not selected.
+    }
     m_held.handOn(slot, after != kNoSlot || row == 0 ? after : m_visible.slotAt(row - 1));
     m_held.forget(slot);
 }
@@ -66,11 +71,14 @@ void SelectedRows::filteredOut(Slot slot) {
     m_held.forget(slot);
 }
 
+// What deselects does not shorten the list of those that were selected.
 void SelectedRows::dropHidden() {
-    std::vector<Slot> held = m_held.slots();
-    held.insert(held.end(), {m_held.focus(), m_held.anchor()});
-    for (const Slot slot : held)
+    const auto dropIfHidden = [this](Slot slot) {
         if (slot != kNoSlot && !m_visible.order().contains(slot)) filteredOut(slot);
+    };
+    for (const Slot slot : m_held.slots()) dropIfHidden(slot);
+    dropIfHidden(m_held.focus());
+    dropIfHidden(m_held.anchor());
 }
 
 void SelectedRows::rowsMoved(std::size_t index) {

@@ -49,12 +49,14 @@ public:
     const SlotSequence& order() const { return m_order; }
 
     // The index of the first record of which `before` does not hold; it holds of none behind that.
+    // `without` is the index of a record that is left out of both, or kNone.
+    static constexpr std::size_t kNone = ~std::size_t{0};
     template <class Before>
-    std::size_t firstNot(Before before) const {
+    std::size_t firstNot(Before before, std::size_t without = kNone) const {
         std::size_t first = 0;
-        for (std::size_t count = m_order.size(); count > 0;) {
+        for (std::size_t count = m_order.size() - (without != kNone); count > 0;) {
             const std::size_t half = count / 2;
-            if (before(m_order.at(first + half))) {
+            if (before(m_order.at(first + half + (first + half >= without)))) {
                 first += half + 1;
                 count -= half + 1;
             } else {
@@ -66,6 +68,9 @@ public:
 
     // Makes room for slots below `count`.
     void grow(std::size_t count) { m_order.homes().grow(count); }
+
+    // The next insert() asks for no memory.
+    void makeRoom() { m_order.makeRoom(); }
 
     void insert(std::size_t index, Slot slot) {
         m_order.insert(index, slot);

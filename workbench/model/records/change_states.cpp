@@ -55,6 +55,7 @@ void ChangeStates::cameAgain(Slot slot, bool different) {
 }
 
 void ChangeStates::ended(Slot slot) {
+    if (!pending(slot)) return;
     setReading(m_bits[slot], Reading::lookedAt);
     m_bits[slot] = {};
     for (Slot* const held : {&m_shown, &m_openedLast})

@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <deque>
 #include <initializer_list>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -27,9 +28,12 @@ class EntityIndex {
 public:
     explicit EntityIndex(Entities entities) : m_entities(std::move(entities)) {}
 
-    // The slot is pending from now on, or about something else.
-    void insert(Slot slot) {
+    // The slot is pending from now on, or about something else. Without memory the next question
+    // takes in all slots again.
+    void insert(Slot slot) try {
         if (slot < m_end) add(slot);
+    } catch (const std::bad_alloc&) {
+        clear();
     }
 
     // Removes a slot; one that is not there is ignored.
@@ -91,21 +95,25 @@ private:
         return m_first[hash & (m_first.size() - 1)];
     }
 
-    void catchUp() {
-        const Slot begin = std::exchange(m_end, m_entities.end());
-        if (begin >= m_end) return;
-        m_links.resize(std::size_t{m_end} * 2);
-        makeRoom(m_size + (m_end - begin));
-        for (Slot slot = begin; slot < m_end; ++slot)
+    void catchUp() try {
+        const Slot end = m_entities.end();
+        if (m_end >= end) return;
+        m_links.resize(std::size_t{end} * 2);
+        makeRoom(m_size + (end - m_end));
+        for (Slot slot = std::exchange(m_end, end); slot < end; ++slot)
             if (m_entities.pending(slot)) add(slot);
+    } catch (...) {
+        clear();
+        throw;
     }
 
     void add(Slot slot) {
         for (const Node node : {2 * slot, 2 * slot + 1}) {
             const Entity entity = entityOf(node);
             if (entity.kind == EntityKind::none) continue;
-            makeRoom(++m_size);
+            makeRoom(m_size + 1);
             append(bucketOf(entity), node);
+            ++m_size;
         }
     }
 

@@ -1,6 +1,8 @@
 #include "workbench/model/records/pending_changes.h"
 
 #include <algorithm>
+#include <new>
+#include <utility>
 
 #include "link/model/functionality.h"
 #include "text/read_number.h"
@@ -181,63 +183,91 @@ bool PendingChanges::renames(Slot slot, const ChangeTexts& texts) const {
 
 // ---- Changes that come, change and go ----
 
-// Returns whether a text is another one than before.
+// Returns whether a text is another one than before. What asks for memory comes first: a change is
+// never written by half.
 bool PendingChanges::write(Slot slot, const ChangeTexts& texts) {
     OwnTexts& own = m_own[slot];
-    bool different = false, otherKind = false;
-    const auto writeOwn = [&](ShortText& text, const ChangeTexts::Text& given) {
-        if (!given || text.view() == *given) return;
-        text = *given;
-        different = true;
+    OwnTexts made;
+    const auto make = [](ShortText& text, const ShortText& now, const ChangeTexts::Text& given) {
+        const bool other = given && now.view() != *given;
+        if (other) text = *given;
+        return other;
     };
-    writeOwn(own.entityName, texts.entityName);
-    writeOwn(own.linkedUser, texts.linkedUser);
+    const bool otherEntity = make(made.entityName, own.entityName, texts.entityName);
+    const bool otherUser = make(made.linkedUser, own.linkedUser, texts.linkedUser);
+    std::array<ColumnTexts::Code, kCodedCount> codes{};
     for (std::size_t i = 0; i < kCodedCount; ++i)
-        if (const auto& text = texts.*kCodedFields[i].given; text && m_coded[i].set(slot, *text)) {
-            different = true;
-            otherKind |= kCodedFields[i].given == &ChangeTexts::functionalityCode;
-        }
-    if (!otherKind) return different;
-    const Functionality* const kind = findFunctionality(*texts.functionalityCode);
-    m_kinds.set(slot, kind != nullptr ? kind->displayName : std::string_view());
+        if (const auto& text = texts.*kCodedFields[i].given)
+            codes[i] = m_coded[i].codeFor(slot, *text);
+    const auto& code = texts.functionalityCode;
+    const bool otherKind = code && text(slot, CodedText::functionality) != *code;
+    const Functionality* const kind = otherKind ? findFunctionality(*code) : nullptr;
+    const ColumnTexts::Code kindCode =
+        otherKind ? m_kinds.codeFor(slot, kind != nullptr ? kind->displayName : "") : 0;
+
+    bool different = otherEntity || otherUser;
+    if (otherEntity) own.entityName.swap(made.entityName);
+    if (otherUser) own.linkedUser.swap(made.linkedUser);
+    for (std::size_t i = 0; i < kCodedCount; ++i)
+        if (texts.*kCodedFields[i].given) different |= m_coded[i].put(slot, codes[i]);
+    if (otherKind) m_kinds.put(slot, kindCode);
     return different;
 }
 
 // All texts of the slot are empty: a new one's are, and of a used one's last change nothing is
 // left.
 Slot PendingChanges::takeSlot() {
-    if (m_free.empty()) {
+    if (m_free.size() == m_gone) {
+        for (ColumnTexts& column : m_coded) column.grow(m_own.size() + 1);
+        m_kinds.grow(m_own.size() + 1);
         m_own.emplace_back();
-        for (ColumnTexts& column : m_coded) column.grow(m_own.size());
-        m_kinds.grow(m_own.size());
         return static_cast<Slot>(m_own.size() - 1);
     }
-    const Slot slot = m_free.back();
+    const Slot slot = std::exchange(m_free[m_free.size() - m_gone - 1], m_free.back());
     m_free.pop_back();
     write(slot, {"", "", "", "", "", "", ""});
     return slot;
 }
 
-void PendingChanges::freeSlots() {
-    m_free.insert(m_free.end(), m_gone.begin(), m_gone.end());
-    m_gone.clear();
+// Without memory the slot is used again only after all are gone.
+void PendingChanges::giveBack(Slot slot, bool mayBeHeld) noexcept try {
+    m_free.push_back(slot);
+    if (mayBeHeld && m_holds > 0)
+        ++m_gone;
+    else
+        std::swap(m_free.back(), m_free[m_free.size() - m_gone - 1]);
+} catch (const std::bad_alloc&) {
 }
 
 void PendingChanges::addRecord(std::string_view key, const ChangeTexts& texts, Origin origin) {
     const Slot slot = takeSlot();
-    m_own[slot].key = key;
-    const bool added = m_index.insert(key, slot);
-    if (added) {
-        write(slot, texts);
-        m_states.came(slot, origin);
-        if (m_rows.insertItem(m_rows.stored().size(), slot)) {
-            m_byEntity.insert(slot);
-            return m_view.rowsChanged();
-        }
-        m_states.ended(slot);  // a list without a reader takes in nothing
-        m_index.erase(key);
+    bool listed = false;
+    try {
+        listed = list(slot, key, texts, origin);
+    } catch (...) {
+        unlist(slot, key);
+        throw;
     }
-    m_free.push_back(slot);
+    if (listed) return m_view.rowsChanged();
+    unlist(slot, key);
+}
+
+bool PendingChanges::list(Slot slot, std::string_view key, const ChangeTexts& texts,
+                          Origin origin) {
+    m_own[slot].key = key;
+    if (!m_index.insert(key, slot)) return false;
+    write(slot, texts);
+    m_states.came(slot, origin);
+    if (!m_rows.insertItem(m_rows.stored().size(), slot)) return false;  // it has no reader
+    m_byEntity.insert(slot);
+    return true;
+}
+
+// What list() has done of its work is undone, if it did not come to its end.
+void PendingChanges::unlist(Slot slot, std::string_view key) noexcept {
+    m_states.ended(slot);
+    if (m_index.find(key) == slot) m_index.erase(key);
+    giveBack(slot, false);
 }
 
 void PendingChanges::removeRecord(std::string_view key) {
@@ -246,8 +276,7 @@ void PendingChanges::removeRecord(std::string_view key) {
     m_byEntity.erase(slot);
     m_states.ended(slot);
     m_rows.deleteRecord(slot);
-    m_gone.push_back(slot);
-    if (m_holds == 0) freeSlots();
+    giveBack(slot, true);
     m_view.rowsChanged();
 }
 
@@ -255,7 +284,14 @@ bool PendingChanges::rewriteRecord(Slot slot, const ChangeTexts& texts) {
     if (!m_rows.stored().contains(slot)) return false;
     const bool renamed = renames(slot, texts);
     if (renamed) m_byEntity.erase(slot);
-    m_states.cameAgain(slot, write(slot, texts));
+    bool different = false;
+    try {
+        different = write(slot, texts);
+    } catch (...) {
+        if (renamed) m_byEntity.insert(slot);
+        throw;
+    }
+    m_states.cameAgain(slot, different);
     if (renamed) m_byEntity.insert(slot);
     return true;
 }
@@ -267,7 +303,7 @@ void PendingChanges::refreshRecord(Slot slot, const ChangeTexts& texts) {
 }
 
 void PendingChanges::clearAllRecords() {
-    for (std::size_t i = 0; i < size() && m_holds > 0; ++i) m_gone.push_back(m_rows.stored().at(i));
+    for (std::size_t i = 0; i < size() && m_holds > 0; ++i) giveBack(m_rows.stored().at(i), true);
     m_rows.reset();
     m_states.clear();
     m_index.clear();

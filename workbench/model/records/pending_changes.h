@@ -6,6 +6,8 @@
 // filters and sorts work on. So a change takes about 150 bytes, and the first filter of such a
 // column reads no change. What is read out is a copy: it stays as it was, whatever comes meanwhile.
 //
+// A call that runs out of memory throws, and did nothing; what removes changes does not fail.
+//
 // Calls cost the logarithm of the number of changes at most, where nothing else is said. One
 // thread.
 #pragma once
@@ -72,9 +74,9 @@ public:
     // The slots of the changes whose rows are selected, in row order: one pass over the rows.
     std::vector<Slot> selectedRecords() const { return m_rows.selection().inOrder(); }
 
-    // Which half of an investor's new user and client a change is, and of such a half the id of that
-    // user, until the next change comes or changes. Of a slot that it has, or had while there is a
-    // Hold.
+    // Which half of an investor's new user and client a change is, and of such a half the id of
+    // that user, until the next change comes or changes. Of a slot that it has, or had while there
+    // is a Hold.
     enum class Half : std::uint8_t { none, user, client };
     Half halfOf(Slot slot) const;
     std::string_view userOf(Slot slot, Half half) const;
@@ -140,7 +142,7 @@ public:
     public:
         explicit Hold(PendingChanges& changes) : m_changes(changes) { ++changes.m_holds; }
         ~Hold() {
-            if (--m_changes.m_holds == 0) m_changes.freeSlots();
+            if (--m_changes.m_holds == 0) m_changes.m_gone = 0;
         }
         Hold(const Hold&) = delete;
         Hold& operator=(const Hold&) = delete;
@@ -161,7 +163,9 @@ private:
     bool write(Slot slot, const ChangeTexts& texts);
     bool renames(Slot slot, const ChangeTexts& texts) const;
     Slot takeSlot();
-    void freeSlots();
+    void giveBack(Slot slot, bool mayBeHeld) noexcept;
+    bool list(Slot slot, std::string_view key, const ChangeTexts& texts, Origin origin);
+    void unlist(Slot slot, std::string_view key) noexcept;
     QuickFilter::IsOne sameAs(Slot slot) const;
 
     RecordsView& m_view;
@@ -184,8 +188,8 @@ private:
     RecordStore m_rows;
     ChangeStates m_states;
     QuickFilter m_quickFilter;
-    std::vector<Slot> m_free;  // slots without a change
-    std::vector<Slot> m_gone;  // those that went while there is a Hold
+    std::vector<Slot> m_free;  // slots without a change, last those that went in a Hold
+    std::size_t m_gone = 0;    // how many of them went while there is a Hold
     int m_holds = 0;
 };
 

@@ -31,6 +31,8 @@ public:
         return *this;
     }
 
+    void swap(ShortText& other) noexcept { m_bytes.swap(other.m_bytes); }
+
     // The text, which lives until the next one is given.
     std::string_view view() const {
         if (isLong()) return *longText();
