@@ -35,7 +35,8 @@ PaneCommand commandOf(UINT key) {
 }
 
 void showRow(Workbench& workbench, std::size_t row) {
-    if (auto change = workbench.changes().recordAt(row)) workbench.showDetails(std::move(*change));
+    if (auto change = workbench.changes().recordAt(row))
+        workbench.details().open(std::move(*change));
 }
 
 }  // namespace
@@ -152,12 +153,12 @@ void CMakerChecker::onDestroy() {
 
 void CMakerChecker::onEndOfEdit(const EndOfEdit& edit) {
     if (m_workbench != nullptr)
-        m_lists.takeEdit(edit, m_workbench->valueEdited(edit.row.mnemonic, edit.typed));
+        m_lists.takeEdit(edit, m_workbench->details().valueEdited(edit.row.mnemonic, edit.typed));
 }
 
 void CMakerChecker::onEndOfChoice(const EndOfEdit& edit) {
     if (m_workbench != nullptr)
-        m_lists.takeEdit(edit, m_workbench->choiceMade(edit.row.mnemonic, edit.typed));
+        m_lists.takeEdit(edit, m_workbench->details().choiceMade(edit.row.mnemonic, edit.typed));
 }
 
 // ---- Keys ----
@@ -216,7 +217,7 @@ void CMakerChecker::onDialogKey(UINT key, bool repeated) {
         case CheckerLists::KeyUse::taken:
             return;
         case CheckerLists::KeyUse::dropsEdits:
-            return decide([](Workbench& workbench) { workbench.dropEdits(); });
+            return decide([](Workbench& workbench) { workbench.details().dropEdits(); });
     }
 }
 
@@ -308,32 +309,34 @@ bool CMakerChecker::pressedInSight(PressButton button) {
 
 PressLine CMakerChecker::describe(PressButton button) const {
     if (m_workbench == nullptr) return {};
-    return describePress(m_workbench->plan(button, m_lists.typed()), m_workbench->changes());
+    return describePress(m_workbench->presses().plan(button, m_lists.typed()),
+                         m_workbench->changes());
 }
 
 void CMakerChecker::onAccept() {
-    press(PressButton::accept,
-          [](Workbench& workbench) { workbench.accept(workbench.changes().selectedRecords()); });
+    press(PressButton::accept, [](Workbench& workbench) {
+        workbench.presses().accept(workbench.changes().selectedRecords());
+    });
 }
 
 void CMakerChecker::onReject() {
     press(PressButton::reject, [](Workbench& workbench) {
-        workbench.reject(workbench.changes().selectedRecords(), askRejectionReason);
+        workbench.presses().reject(workbench.changes().selectedRecords(), askRejectionReason);
     });
 }
 
 void CMakerChecker::onUpdate() {
-    press(PressButton::update, [](Workbench& workbench) { workbench.update(); });
+    press(PressButton::update, [](Workbench& workbench) { workbench.presses().update(); });
 }
 
 void CMakerChecker::onRecover() {
-    press(PressButton::recover, [](Workbench& workbench) { workbench.recover(); });
+    press(PressButton::recover, [](Workbench& workbench) { workbench.presses().recover(); });
 }
 
 // Filters that hide a half are taken off.
 void CMakerChecker::selectPair() {
     decide([this](Workbench& workbench) {
-        const std::vector<Slot> halves = workbench.missingHalves();
+        const std::vector<Slot> halves = workbench.presses().missingHalves();
         const RecordStore& rows = workbench.changes().rows();
         const auto hidden = [&rows](Slot slot) { return !rows.rowOf(slot); };
         if (std::ranges::any_of(halves, hidden)) m_lists.resetMainFilters();
@@ -353,7 +356,7 @@ void CMakerChecker::openNext() {
 
 void CMakerChecker::applyMainFilter() {
     m_lists.applyMainFilter();
-    if (m_workbench != nullptr) m_workbench->selectionMoved();
+    if (m_workbench != nullptr) m_workbench->details().selectionMoved();
 }
 
 // While a text in the details is refused, they stay until its editor closes.
@@ -361,7 +364,7 @@ void CMakerChecker::onSelectionMade(NMHDR&) {
     if (m_workbench == nullptr) return;
     m_selectionWaits = !m_lists.leaveEditor();
     if (m_selectionWaits)
-        m_workbench->selectionMoved();
+        m_workbench->details().selectionMoved();
     else
         m_workbench->selectionMade();
 }
@@ -392,11 +395,11 @@ void CMakerChecker::onShowFocused(NMHDR&) {
 // is what is decided; any other selection stays.
 void CMakerChecker::onNextNeighbour() {
     decide([this](Workbench& workbench) {
-        const auto shown = workbench.shownKey();
+        const auto shown = workbench.details().key();
         const PendingChanges& changes = workbench.changes();
         const bool alone =
             shown && changes.rows().selection().count() == 1 && changes.selected(*shown);
-        const auto next = workbench.showNeighbour();
+        const auto next = workbench.details().openNeighbour();
         if (next && alone) m_lists.selectChange(next->slot);
     });
 }
