@@ -73,10 +73,13 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
                            [this] { return noteOf(m_lines.rows()); }, m_line.handle())});
     m_main->setColumns(
         kMainColumns,
-        [&changes](Slot change, ColumnId column) { return changes.cellText(change, column); },
+        [&changes](Slot change, ColumnId column) {
+            return changes.table().cellText(change, column);
+        },
         kMandatoryMainColumns);
-    m_main->setWholeReader(
-        [&changes](Slot change, ColumnId column) { return changes.wholeText(change, column); });
+    m_main->setWholeReader([&changes](Slot change, ColumnId column) {
+        return changes.table().wholeText(change, column);
+    });
     m_main->setListName([&changes] {
         return std::string(kMainTitle) + " - " + summaryText(queueSummary(changes));
     });

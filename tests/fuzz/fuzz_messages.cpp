@@ -251,7 +251,7 @@ private:
             const auto found = changes.findRecord(change.key);
             require(found && found->slot == change.slot, "every row is indexed");
             for (int column = 0; column < 8; ++column)
-                require(changes.cellText(change.slot, ColumnId{column}).size() < kCellBytes,
+                require(changes.table().cellText(change.slot, ColumnId{column}).size() < kCellBytes,
                         "a cell fits its buffer");
         }
         require(m_host.beeps <= m_messages, "no tone without a message");

@@ -80,13 +80,14 @@ TEST(Neighbours, AreFoundAsALookAtEveryChangeFindsThem) {
         std::vector<long> expected, found;
         for (std::size_t i = 0; i < changes.size(); ++i)
             if (sameEntity(one, changes.at(i))) expected.push_back(std::stol(changes.at(i).key));
-        for (const auto& each : changes.aboutTheSame(one)) found.push_back(std::stol(each.key));
+        for (const auto& each : changes.related().aboutTheSame(one))
+            found.push_back(std::stol(each.key));
         std::ranges::sort(expected);
         ASSERT_EQ(found, expected) << "step " << step;
     }
     changes.clearAllRecords();
     changes.addRecord("1", {.entityName = "A", .functionalityCode = kAddClient});
-    EXPECT_EQ(changes.aboutTheSame(changes.at(0)).size(), 1u);
+    EXPECT_EQ(changes.related().aboutTheSame(changes.at(0)).size(), 1u);
 }
 
 TEST_F(WorkbenchTest, NamesTheNeighboursOfTheShownChangeAndGoesRoundThem) {

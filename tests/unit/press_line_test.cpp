@@ -245,7 +245,7 @@ TEST_F(PressLineTest, FindsTheOtherHalf) {
     rows().selection().selectAll();
     for (std::size_t i = 0; i < changes().size(); ++i) {
         const PendingChange half = changes().at(i);
-        EXPECT_EQ(changes().otherHalf(half.slot), kNoSlot) << "all are selected";
+        EXPECT_EQ(changes().related().otherHalf(half.slot), kNoSlot) << "all are selected";
     }
     rows().selection().clear();
     for (std::size_t i = 0; i < changes().size(); ++i) {
@@ -256,11 +256,11 @@ TEST_F(PressLineTest, FindsTheOtherHalf) {
             fits = half.functionalityCode == kAddUser ? other.linkedUser == half.entityName
                                                       : other.entityName == half.linkedUser;
         }
-        const auto found = changes().recordIn(changes().otherHalf(half.slot));
+        const auto found = changes().recordIn(changes().related().otherHalf(half.slot));
         ASSERT_EQ(found.has_value(), fits) << half.key;
         if (!found) continue;
         const auto userOf = [this](Slot slot) {
-            return changes().userOf(slot, changes().halfOf(slot));
+            return changes().related().userOf(slot, changes().related().halfOf(slot));
         };
         EXPECT_EQ(userOf(found->slot), userOf(half.slot));
         EXPECT_NE(found->functionalityCode, half.functionalityCode);

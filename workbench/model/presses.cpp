@@ -10,7 +10,7 @@ std::vector<Slot> Presses::missingHalves() const {
     const PressPlan now = plan(PressButton::accept);
     for (const auto* halves : {&now.users, &now.clients})
         for (const Slot half : *halves)
-            if (const Slot other = m_changes.otherHalf(half); other != kNoSlot)
+            if (const Slot other = m_changes.related().otherHalf(half); other != kNoSlot)
                 missing.push_back(other);
     return missing;
 }
