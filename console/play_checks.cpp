@@ -62,7 +62,7 @@ Outcome detail(PlayTurn& turn) {
 }
 
 Outcome clean(PlayTurn& turn) {
-    return turn.console.grownBetweenUnloads();
+    return turn.console.runs().grownBetweenUnloads();
 }
 
 Outcome controlText(PlayTurn& turn) {
