@@ -36,7 +36,7 @@ public:
     // What a play script looks at and plays with. There is no frame between two sessions.
     HWND frameWindow() const;
     int session() const { return m_session; }  // counted from 1
-    bool isBusy() const { return m_exchange.server().pendingDeliveries() > 0; }
+    bool isBusy() const { return m_exchange.server().connections().pendingDeliveries() > 0; }
     const LogBook& log() const { return m_log; }
     Makers& makers() { return m_makers; }
     const PluginRuns& runs() const { return m_runs; }
