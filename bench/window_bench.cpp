@@ -214,7 +214,7 @@ public:
         m_list.create(parent, id, "Bench pending", "Bench");
         SetWindowPos(m_list.handle(), nullptr, 0, 0, 700, 500, SWP_NOZORDER);
         m_list.setColumns(kMainColumns, [this](Slot change, ColumnId column) {
-            return changes.cellText(change, column);
+            return changes.table().cellText(change, column);
         });
         for (std::size_t i = 0; i < rows; ++i) {
             const std::string key = std::to_string(i), entity = "DEALER" + key;

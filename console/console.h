@@ -6,19 +6,15 @@
 #pragma once
 
 #include <memory>
-#include <optional>
-#include <string>
-#include <vector>
 
 #include "console/exchange.h"
-#include "console/holdings.h"
 #include "console/log_book.h"
+#include "console/logins.h"
 #include "console/main_frame.h"
 #include "console/makers.h"
-#include "console/model/login_profile.h"
 #include "console/options.h"
-#include "console/plugin.h"
-#include "console/receive_control.h"
+#include "console/plugin_runs.h"
+#include "console/troubles.h"
 
 namespace zek {
 
@@ -40,61 +36,35 @@ public:
     // What a play script looks at and plays with. There is no frame between two sessions.
     HWND frameWindow() const;
     int session() const { return m_session; }  // counted from 1
-    bool isBusy() const { return m_exchange.server().pendingDeliveries() > 0; }
+    bool isBusy() const { return m_exchange.server().connections().pendingDeliveries() > 0; }
     const LogBook& log() const { return m_log; }
-    const LoginProfile& profile() const { return m_profile; }
     Makers& makers() { return m_makers; }
-    // What the program held more after the plug-in was last unloaded than after the time before, or
-    // an empty text.
-    std::string grownBetweenUnloads() const;
+    const PluginRuns& runs() const { return m_runs; }
 
 private:
     struct Command;
 
     bool prepare();
-    bool readProfiles();
     void loadScenario();
     bool startPlay();
 
     void beginSession();
     void makeFrame();
-    void loadPlugin();
-    void unloadPlugin();
-    void reloadPlugin();
     void runMessages();
     void endSession();
 
     bool onCommand(UINT id);
-    void onHotKey() { m_plugin.hotKey(); }
-    template <int (Makers::*submit)()>
-    void onSubmit();
-    template <int count>
-    void onStorm();
-    template <bool accepted>
-    void onDecideOldest();
     void switchUser(std::size_t index);
     void showStatus();
-    // Tells the user, or whoever runs a script; after fail() the exit code says so too.
-    void warn(const std::string& what);
-    void fail(const std::string& what);
 
     ConsoleOptions m_options;
-    std::string m_ini;
-    std::vector<std::string> m_profileNames;
-    std::string m_profileName;
-    LoginProfile m_profile;
-    std::optional<LoginProfile> m_nextProfile;  // who logs in when the session ends
-    bool m_isScripted = false;                  // nobody is there to close a message box
+    Logins m_logins;
     int m_session = 0;
-    int m_exitCode = 0;
-    int m_handlesBefore = 0;           // of the messaging library, before the plug-in was loaded
-    std::vector<Holdings> m_holdings;  // after each unloading
-
     LogBook m_log;
+    Troubles m_troubles{m_log, [this] { return frameWindow(); }};
     CExchange m_exchange;
     Makers m_makers;
-    ReceiveControls m_controls;
-    Plugin m_plugin;
+    PluginRuns m_runs;
     std::unique_ptr<CMainFrame> m_frame;
     std::unique_ptr<CPlayDriver> m_play;
 };

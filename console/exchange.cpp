@@ -19,7 +19,7 @@ const fw::MessageMap& CExchange::messageMap() const {
 
 bool CExchange::open() {
     static const fw::WindowClass windowClass{"Zek.Exchange", 0, IDC_ARROW, -1};
-    m_server.setQueuedNotice([this] { onQueued(); });
+    m_server.connections().setQueuedNotice([this] { onQueued(); });
     return create(windowClass, "", 0, 0, {}, HWND_MESSAGE, 0);
 }
 
@@ -41,9 +41,9 @@ void CExchange::pause() {
 // the next run is ordered before this one begins.
 void CExchange::onDeliver() {
     m_isPosted = false;
-    if (m_server.pendingDeliveries() > 1) pause();
+    if (m_server.connections().pendingDeliveries() > 1) pause();
     const ULONGLONG end = GetTickCount64() + kRunMilliseconds;
-    while (m_server.deliverNext() && GetTickCount64() < end) continue;
+    while (m_server.connections().deliverNext() && GetTickCount64() < end) continue;
 }
 
 void CExchange::onTimer(UINT_PTR) {

@@ -25,11 +25,12 @@ ReceiveControl::ReceiveControl(CExchange& exchange, CQuonRxNotifierBase& receive
                                std::function<void(void* message)> onPublished)
     : m_exchange(exchange) {
     auto onAnswer = [&receiver](void* message) { receiver.onMessage(0, 0, message, nullptr); };
-    m_connection = exchange.server().connect({std::move(onAnswer), std::move(onPublished)});
+    m_connection =
+        exchange.server().connections().connect({std::move(onAnswer), std::move(onPublished)});
 }
 
 ReceiveControl::~ReceiveControl() {
-    m_exchange.server().disconnect(m_connection);
+    m_exchange.server().connections().disconnect(m_connection);
 }
 
 int ReceiveControl::send(int& requestId, void* message, int, void**) {
@@ -46,7 +47,8 @@ int ReceiveControl::subscribe(int& subscriptionId, const int* mnemonics, const c
         std::vector<SubscriptionPair> wanted;
         for (int i = 0; i < pairs; ++i)
             wanted.push_back({mnemonics[i], values[i] != nullptr ? values[i] : ""});
-        subscriptionId = m_exchange.server().subscribe(m_connection, std::move(wanted));
+        subscriptionId =
+            m_exchange.server().connections().subscribe(m_connection, std::move(wanted));
         if (subscriptionId != 0) ++m_subscriptions;
         m_exchange.touch();
         return subscriptionId;
@@ -57,7 +59,7 @@ int ReceiveControl::unsubscribe(int) {
     return guarded([&] {
         m_subscriptions = 0;
         m_exchange.touch();
-        return m_exchange.server().unsubscribe(m_connection) ? 1 : 0;
+        return m_exchange.server().connections().unsubscribe(m_connection) ? 1 : 0;
     });
 }
 

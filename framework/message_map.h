@@ -17,6 +17,8 @@
 // A window that is made of parts names the part in front of the part's handler:
 //
 //   fw::on<WM_CHAR, &CList::m_input, &CListInput::onCharacter>()
+//
+// Any handler may take nothing.
 #pragma once
 
 #include <windows.h>
@@ -227,18 +229,29 @@ struct MemberOf<Part Class::*> {
     using Target = Class;
 };
 
+// Calls a handler with what was cracked, or without it where the handler takes nothing.
+template <class Target, class Handler, class... Arguments>
+decltype(auto) invoke(Target& target, Handler handler, Arguments&&... arguments) {
+    if constexpr (std::is_invocable_v<Handler, Target&>)
+        return (target.*handler)();
+    else
+        return (target.*handler)(std::forward<Arguments>(arguments)...);
+}
+
 // The notification structure that a WM_NOTIFY handler takes; of a part's handler it is the last.
 template <class Class, class Result, class Header>
 Header headerOf(Result (Class::*)(Header&));
+template <class Class, class Result>
+NMHDR& headerOf(Result (Class::*)());
 template <class Class, class Part, class Handler>
 auto headerOf(Part Class::*, Handler handler) -> decltype(headerOf(handler));
 
 template <auto handler>
 auto bind(CWindow& window) {
     using Target = typename MemberOf<decltype(handler)>::Target;
-    return [target = static_cast<Target*>(&window)]<class... Arguments>(
+    return [&target = static_cast<Target&>(window)]<class... Arguments>(
                Arguments&&... arguments) -> decltype(auto) {
-        return (target->*handler)(std::forward<Arguments>(arguments)...);
+        return invoke(target, handler, std::forward<Arguments>(arguments)...);
     };
 }
 template <auto part, auto handler>
@@ -246,7 +259,7 @@ auto bind(CWindow& window) {
     using Target = typename MemberOf<decltype(part)>::Target;
     return [&target = static_cast<Target&>(window).*
                       part]<class... Arguments>(Arguments&&... arguments) -> decltype(auto) {
-        return (target.*handler)(std::forward<Arguments>(arguments)...);
+        return invoke(target, handler, std::forward<Arguments>(arguments)...);
     };
 }
 
@@ -300,6 +313,15 @@ constexpr MessageEntry onCommand() {
     return {WM_COMMAND, id, code, [](CWindow& window, WPARAM, LPARAM, LRESULT& result) {
                 return detail::answer(
                     [&]() -> decltype(auto) { return detail::bind<handler>(window)(); }, result);
+            }};
+}
+
+template <UINT id, UINT code, auto part, auto handler>
+constexpr MessageEntry onCommand() {
+    return {WM_COMMAND, id, code, [](CWindow& window, WPARAM, LPARAM, LRESULT& result) {
+                return detail::answer(
+                    [&]() -> decltype(auto) { return detail::bind<part, handler>(window)(); },
+                    result);
             }};
 }
 

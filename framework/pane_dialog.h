@@ -55,6 +55,10 @@ public:
     // Gives the focus to that control, or else to initialFocus().
     void takeFocus() { m_keys.takeFocus(); }
 
+    // How long ago, in milliseconds, the hand made the press of a button that is at work; none when
+    // no hand made it, or when it was asked before.
+    std::optional<unsigned> takePressAge() { return m_keys.takePressAge(); }
+
     // The caption comes or goes.
     void frameChanged();
 
@@ -97,10 +101,6 @@ public:
 protected:
     const MessageMap& messageMap() const override { return baseMap(); }
     static const MessageMap& baseMap();
-
-    // How long ago, in milliseconds, the hand made the press of a button that is at work; none when
-    // no hand made it, or when it was asked before.
-    std::optional<unsigned> takePressAge() { return m_keys.takePressAge(); }
 
     // The size in which it floats, or floated last; nothing if it never did.
     std::optional<SIZE> lastFloatSize() const { return m_docking.lastFloatSize(); }

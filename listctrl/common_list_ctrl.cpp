@@ -1,5 +1,6 @@
 #include "listctrl/common_list_ctrl.h"
 
+#include <utility>
 #include <vector>
 
 #include "listctrl/list_messages.h"
@@ -51,7 +52,8 @@ bool CCommonListCtrl::create(HWND parent, UINT id, const std::string& name, std:
 }
 
 void CCommonListCtrl::setColumns(std::span<const sVoskColInfo> columns, CellReader reader,
-                                 std::span<const ColumnId> mandatory) {
+                                 std::span<const ColumnId> mandatory, CellReader whole) {
+    m_content.setWholeReader(std::move(whole));
     m_content.install(columns, scaled(USER_DEFAULT_SCREEN_DPI), std::move(reader), mandatory);
     m_columns.loadProfile();
 }
@@ -74,10 +76,8 @@ void CCommonListCtrl::beforeMessage(UINT message) {
 }
 
 std::vector<NamedText> CCommonListCtrl::wholeTexts(std::size_t row, ColumnId column) const {
-    const std::string_view text = m_wholeReader && toIndex(column) < m_content.columns().dataSize()
-                                      ? m_wholeReader(store().slotAt(row), column)
-                                      : m_content.text(row, column);
-    return {{m_content.columns().descriptor(column).caption, std::string(text)}};
+    return {{m_content.columns().descriptor(column).caption,
+             std::string(m_content.wholeText(row, column))}};
 }
 
 // Widths are in the font, and so is the header's height.
@@ -86,28 +86,11 @@ void CCommonListCtrl::fontChanged() {
     m_header.measure();
 }
 
-LRESULT CCommonListCtrl::onGetDispInfo(NMLVDISPINFOA& info) {
-    LVITEMA& item = info.item;
-    if ((item.mask & LVIF_TEXT) == 0 || item.cchTextMax <= 0) return 0;
-    std::string_view text;
-    if (item.iItem >= 0 && item.iSubItem >= 0 && item.iSubItem < m_content.shownCount())
-        text =
-            m_content.text(static_cast<std::size_t>(item.iItem), m_content.columnAt(item.iSubItem));
-    const auto copied = text.copy(item.pszText, static_cast<std::size_t>(item.cchTextMax) - 1);
-    item.pszText[copied] = '\0';
-    return 0;
-}
-
 // Enter in a list belongs to the list: it must never press the dialog's default button.
 LRESULT CCommonListCtrl::onGetDialogCode(const MSG* message) {
     const LRESULT code = controlDefault(WM_GETDLGCODE, 0, reinterpret_cast<LPARAM>(message)) |
                          DLGC_WANTCHARS;  // letters find rows
     return message != nullptr && message->wParam == VK_RETURN ? code | DLGC_WANTMESSAGE : code;
-}
-
-void CCommonListCtrl::onFocusChanged() {
-    m_input.onFocusChanged();
-    if (GetFocus() == handle()) m_access.onFocus();
 }
 
 void CCommonListCtrl::onPaint() {
@@ -118,7 +101,7 @@ void CCommonListCtrl::onPaint() {
 const fw::MessageMap& CCommonListCtrl::baseMap() {
     using C = CCommonListCtrl;
     static constexpr fw::MessageEntry entries[] = {
-        fw::onReflected<LVN_GETDISPINFOA, &C::onGetDispInfo>(),
+        fw::onReflected<LVN_GETDISPINFOA, &C::m_access, &CListAccess::onGetDispInfo>(),
         fw::onReflected<LVN_COLUMNCLICK, &C::m_columns, &CListColumns::onCaptionClick>(),
         fw::onReflected<static_cast<UINT>(NM_RCLICK), &C::m_commands,
                         &CListCommands::onRightClick>(),
@@ -135,7 +118,7 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::on<fw::kOpenMenu, &C::m_commands, &CListCommands::onOpenMenu>(),
         fw::onAnyCommand<&C::m_commands, &CListCommands::onMenuCommand>(),
         fw::on<WM_PAINT, &C::onPaint>(),
-        fw::observe<WM_SIZE, &C::onAreaChanged>(),
+        fw::observe<WM_SIZE, &C::m_painter, &CListPainter::onAreaChanged>(),
         fw::observe<WM_HSCROLL, &C::m_painter, &CListPainter::onAreaChanged>(),
         fw::on<WM_DRAWITEM, &C::m_painter, &CListPainter::onDrawItem>(),
         fw::on<WM_MEASUREITEM, &C::m_painter, &CListPainter::onMeasureItem>(),
@@ -149,12 +132,14 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::offer<WM_KEYDOWN, &C::m_input, &CListInput::onKeyDown>(),
         fw::offer<WM_KEYDOWN, &C::m_commands, &CListCommands::onKeyDown>(),
         fw::on<WM_CHAR, &C::m_input, &CListInput::onCharacter>(),
-        fw::offer<WM_KEYUP, &C::onKeyUp>(),
+        fw::offer<WM_KEYUP, &C::m_commands, &CListCommands::onKeyUp>(),
         fw::on<WM_CONTEXTMENU, &C::m_commands, &CListCommands::onContextMenu>(),
         fw::on<WM_GETOBJECT, &C::m_access, &CListAccess::onGetObject>(),
         fw::observe<WM_DESTROY, &C::m_access, &CListAccess::onDestroy>(),
-        fw::observe<WM_SETFOCUS, &C::onFocusChanged>(),
-        fw::observe<WM_KILLFOCUS, &C::onFocusChanged>(),
+        fw::observe<WM_SETFOCUS, &C::m_input, &CListInput::onFocusChanged>(),
+        fw::observe<WM_SETFOCUS, &C::m_access, &CListAccess::onFocus>(),
+        fw::observe<WM_KILLFOCUS, &C::m_input, &CListInput::onFocusChanged>(),
+        fw::observe<WM_KILLFOCUS, &C::m_access, &CListAccess::onFocus>(),
         fw::observe<WM_SYSCOLORCHANGE, &C::m_appearance, &CListAppearance::showColors>(),
         fw::on<LVM_GETITEMSTATE, &C::m_answers, &CSelectionAnswers::onGetItemState>(),
         fw::on<LVM_SETITEMSTATE, &C::m_answers, &CSelectionAnswers::onSetItemState>(),
@@ -167,7 +152,7 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::on<LVM_FINDITEMW, &C::m_answers, &CSelectionAnswers::onFindItem>(),
         fw::on<kHeaderMoved, &C::m_columns, &CListColumns::onHeaderMoved>(),
         fw::on<kKeepWidth, &C::m_columns, &CListColumns::onKeepWidth>(),
-        fw::on<kInvalidFound, &C::onInvalidExpression>(),
+        fw::on<kInvalidFound, &C::m_columns, &CListColumns::onInvalidExpression>(),
     };
     static constexpr fw::MessageMap map{nullptr, entries};
     return map;

@@ -23,7 +23,6 @@
 
 #include <cstddef>
 #include <functional>
-#include <optional>
 #include <span>
 #include <string>
 #include <utility>
@@ -58,34 +57,24 @@ public:
     bool create(HWND parent, UINT id, const std::string& name, std::string title);
 
     // Installs the columns, with the stored profile where there is one, and what reads their cells.
-    // Mandatory columns cannot be hidden.
+    // Mandatory columns cannot be hidden. `whole` reads whole texts where `reader` cuts them.
     void setColumns(std::span<const sVoskColInfo> columns, CellReader reader,
-                    std::span<const ColumnId> mandatory = {});
-
-    // What reads the whole texts of cells, where the columns' reader cuts them.
-    void setWholeReader(CellReader reader) { m_wholeReader = std::move(reader); }
-
-    // What the header menu offers for the columns; nothing before.
-    void offerColumns(bool defaultSort, bool userColumns) {
-        m_commands.offerColumns(defaultSort, userColumns);
-    }
+                    std::span<const ColumnId> mandatory = {}, CellReader whole = {});
 
     // The store changed. Costs one invalidation, however often it is called before the next paint.
     void storeChanged() { m_update.storeChanged(); }
-
-    // The row of a record; none while it is not visible. The row that the keys act on. goTo()
-    // selects a row alone, for the checker.
-    std::optional<std::size_t> rowOf(Slot record) const { return store().rowOf(record); }
-    std::optional<std::size_t> focusedRow() const { return store().selection().focusedRow(); }
-    void goTo(std::size_t row) { m_input.goTo(row); }
 
     // `updated` is called whenever the control has been brought up to date with the store, and may
     // call nothing that sends the list a message.
     void onUpdate(std::function<void()> updated) { m_updated = std::move(updated); }
 
-    // What the menus and keys do (ListCommand).
-    void command(unsigned command) { m_commands.run(command); }
-    void openMenu(bool ofCaptions) { m_commands.openMenu(ofCaptions); }
+    // The parts that the list's owner asks, and the store.
+    RecordStore& store() const { return m_content.store(); }
+    CListCommands& commands() { return m_commands; }
+    CListAppearance& appearance() { return m_appearance; }
+    CListPainter& painter() { return m_painter; }
+    CListInput& input() { return m_input; }
+    CListAccess& access() { return m_access; }
 
     // Whether the list uses a key, with the modifiers that are down now: it is then the list's
     // while the list has the focus, and not the host's accelerators'.
@@ -93,18 +82,6 @@ public:
 
     // Reads the profile of every list of the process again.
     static void loadAllColumnProfiles();
-
-    void setExportEnabled(bool enabled) { m_commands.setExportEnabled(enabled); }
-    // The background until the appearance is customised; without one it is the system's.
-    void setBackground(COLORREF color) { m_appearance.setBackground(color); }
-    // Whether the appearance dialog may change colours and keywords.
-    void setCustomizable(bool customizable) { m_appearance.setCustomizable(customizable); }
-    // What screen readers call the list; without it, its window's text.
-    void setListName(std::function<std::string()> name) { m_access.setListName(std::move(name)); }
-    // What the keys and menus offer now.
-    ListOffers offers() const { return m_commands.offers(); }
-    // What is drawn instead of the rows when there is no record.
-    void setEmptyText(std::string text) { m_painter.setEmptyText(std::move(text)); }
 
 protected:
     const fw::MessageMap& messageMap() const override { return baseMap(); }
@@ -117,25 +94,16 @@ protected:
     std::vector<NamedText> wholeTexts(std::size_t row, ColumnId column) const override;
 
     ListServices& services() const { return m_services; }
-    RecordStore& store() const { return m_content.store(); }
     const ListContent& content() const { return m_content; }
     const CListHeader& header() const { return m_header; }
-    CListPainter& painter() { return m_painter; }
-    CListInput& input() { return m_input; }
 
 private:
-    LRESULT onGetDispInfo(NMLVDISPINFOA& info);
     LRESULT onGetDialogCode(const MSG* message);
     void onPaint();
-    void onFocusChanged();
-    bool onKeyUp(UINT key, bool) { return key == VK_APPS; }  // its menu opened with the press
-    void onAreaChanged(int, int) { m_painter.onAreaChanged(); }
-    void onInvalidExpression() { m_services.showMessage(kInvalidExpression); }
 
     ListServices& m_services;
     std::function<void()> m_updated;
     ListContent m_content;
-    CellReader m_wholeReader;
     CListUpdate m_update;
     CListHeader m_header;
     CListAppearance m_appearance;

@@ -108,14 +108,15 @@ std::optional<std::size_t> CFilterListCtrl::boxOf(HWND edit) const {
 }
 
 // The keys that are about a column work in its box, which is its caption's.
-std::vector<unsigned> CFilterListCtrl::boxCommands(UINT key) const {
+std::vector<unsigned> CFilterListCtrl::boxCommands(UINT key) {
     const Modifiers keys = modifiersDown();
-    std::vector<unsigned> commands = keyCommands(key, keys.ctrl, keys.shift, offers()).commands;
-    std::erase_if(commands, [](unsigned command) { return !isColumnCommand(command); });
-    return commands;
+    std::vector<unsigned> found =
+        keyCommands(key, keys.ctrl, keys.shift, commands().offers()).commands;
+    std::erase_if(found, [](unsigned command) { return !isColumnCommand(command); });
+    return found;
 }
 
-bool CFilterListCtrl::claimsIn(HWND control, UINT key) const {
+bool CFilterListCtrl::claimsIn(HWND control, UINT key) {
     if (control == handle()) return claims(key);
     const bool menu = key == VK_APPS && modifiersDown().ctrl;
     return boxOf(control) && (menu || !boxCommands(key).empty());
@@ -125,12 +126,12 @@ bool CFilterListCtrl::dialogKey(HWND focus, UINT key) {
     if (m_filters.dialogKey(focus, key)) return true;
     if (!boxOf(focus)) return false;
     if (key == VK_APPS) {
-        openMenu(true);
+        commands().openMenu(true);
         return true;
     }
-    const std::vector<unsigned> commands = boxCommands(key);
-    for (const unsigned each : commands) command(each);
-    return !commands.empty();
+    const std::vector<unsigned> found = boxCommands(key);
+    for (const unsigned each : found) commands().run(each);
+    return !found.empty();
 }
 
 // The list's parts count as the list.

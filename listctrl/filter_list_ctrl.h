@@ -27,7 +27,7 @@ public:
     bool dialogKey(HWND focus, UINT key);
 
     // Whether a control in the list, or the list itself, uses a key (claims()).
-    bool claimsIn(HWND control, UINT key) const;
+    bool claimsIn(HWND control, UINT key);
 
 protected:
     void addOffers(ListOffers& offers) const override;
@@ -45,7 +45,7 @@ private:
 
     CFilterHeader m_filters{*this};
     std::optional<std::size_t> boxOf(HWND edit) const;
-    std::vector<unsigned> boxCommands(UINT key) const;
+    std::vector<unsigned> boxCommands(UINT key);
 
     std::vector<ColumnId> m_boxColumns;  // the columns of the boxes, from the left
 };

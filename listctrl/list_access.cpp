@@ -58,7 +58,20 @@ void CListAccess::notify(DWORD event, LONG child) const {
 
 // The platform raises the event of the list, and not that of its row.
 void CListAccess::onFocus() {
-    if (m_content.store().selection().focusedRow() && m_heard.focus) raise(ListEvent::focus);
+    if (hasFocus() && m_content.store().selection().focusedRow() && m_heard.focus)
+        raise(ListEvent::focus);
+}
+
+LRESULT CListAccess::onGetDispInfo(NMLVDISPINFOA& info) {
+    LVITEMA& item = info.item;
+    if ((item.mask & LVIF_TEXT) == 0 || item.cchTextMax <= 0) return 0;
+    std::string_view text;
+    if (item.iItem >= 0 && item.iSubItem >= 0 && item.iSubItem < m_content.shownCount())
+        text =
+            m_content.text(static_cast<std::size_t>(item.iItem), m_content.columnAt(item.iSubItem));
+    const auto copied = text.copy(item.pszText, static_cast<std::size_t>(item.cchTextMax) - 1);
+    item.pszText[copied] = '\0';
+    return 0;
 }
 
 // ---- The object ----

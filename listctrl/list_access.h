@@ -29,7 +29,8 @@ public:
     // rows came, went or changed their order. Costs a look at one row.
     void announce(bool moved);
 
-    void onFocus();
+    void onFocus();                              // it came into the list, or left it
+    LRESULT onGetDispInfo(NMLVDISPINFOA& info);  // the texts of cells
     LRESULT onGetObject(WPARAM wParam, LPARAM object);
     void onDestroy() { m_object.close(); }
 

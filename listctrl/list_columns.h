@@ -12,6 +12,7 @@
 #include "listctrl/list_painter.h"
 #include "listctrl/list_services.h"
 #include "listctrl/list_update.h"
+#include "listctrl/model/expression/expression.h"
 #include "listctrl/model/list_content.h"
 
 namespace mc {
@@ -56,6 +57,7 @@ public:
     LRESULT onDividerDone(NMHEADERA& info);
     void onKeepWidth(ColumnId column);
     void onHeaderMoved();
+    void onInvalidExpression() { m_services.showMessage(kInvalidExpression); }
 
 private:
     void columnsChanged();

@@ -47,6 +47,7 @@ public:
     void onOpenMenu(UINT menu, POINT screen);
     void onMenuCommand(UINT command, UINT code);
     bool onKeyDown(UINT key, bool repeated);
+    bool onKeyUp(UINT key, bool) { return key == VK_APPS; }  // its menu opened with the press
 
 private:
     struct Command {

@@ -35,7 +35,7 @@ COLORREF detailsBackground() {
 
 HeldView held(CFilterListCtrl& list, const char* title, const char* keyName,
               std::function<std::string()> note, HWND foot = nullptr) {
-    return {list.handle(),   title, keyName, [&list] { list.command(kCustomizeCommand); },
+    return {list.handle(),   title, keyName, [&list] { list.commands().run(kCustomizeCommand); },
             std::move(note), foot};
 }
 
@@ -55,9 +55,9 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
     m_holder.create(pane, rect, IDC_HOLDER_FRAME);
     m_main->create(m_holder.handle(), IDC_MAIN_LIST, kMainListName, kMainTitle);
     m_details->create(m_holder.handle(), IDC_DETAILS_LIST, kDetailsListName, kDetailsTitle);
-    m_main->setEmptyText(emptyQueueText(changes.states()));
+    m_main->painter().setEmptyText(emptyQueueText(changes.states()));
     m_main->onUpdate([this, &changes] {
-        m_main->setEmptyText(emptyQueueText(changes.states()));
+        m_main->painter().setEmptyText(emptyQueueText(changes.states()));
         m_holder.noteChanged(kMainView);
         m_news();
     });
@@ -73,22 +73,25 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
                            [this] { return noteOf(m_lines.rows()); }, m_line.handle())});
     m_main->setColumns(
         kMainColumns,
-        [&changes](Slot change, ColumnId column) { return changes.cellText(change, column); },
-        kMandatoryMainColumns);
-    m_main->setWholeReader(
-        [&changes](Slot change, ColumnId column) { return changes.wholeText(change, column); });
-    m_main->setListName([&changes] {
+        [&changes](Slot change, ColumnId column) {
+            return changes.table().cellText(change, column);
+        },
+        kMandatoryMainColumns,
+        [&changes](Slot change, ColumnId column) {
+            return changes.table().wholeText(change, column);
+        });
+    m_main->access().setListName([&changes] {
         return std::string(kMainTitle) + " - " + summaryText(queueSummary(changes));
     });
-    m_details->setListName([this] {
+    m_details->access().setListName([this] {
         const std::string note = noteOf(m_lines.rows());
         return fw::textOf(m_details->handle()) + (note.empty() ? "" : " - " + note);
     });
-    m_main->offerColumns(true, true);
+    m_main->commands().offerColumns(true, true);
     m_main->storeChanged();
     m_details->setDetailColumns();
-    m_details->offerColumns(false, false);
-    m_details->setBackground(detailsBackground());
+    m_details->commands().offerColumns(false, false);
+    m_details->appearance().setBackground(detailsBackground());
     m_details->setAllowedCharacters(kAllowedInValues);
     m_details->setChoices({"E", "D"});
     captionDetails(m_caption);
@@ -107,7 +110,7 @@ void CheckerLists::showWindows() {
 }
 
 void CheckerLists::colorsChanged() {
-    if (m_details != nullptr) m_details->setBackground(detailsBackground());
+    if (m_details != nullptr) m_details->appearance().setBackground(detailsBackground());
 }
 
 void CheckerLists::bringIntoView(std::size_t mainRow) const {
@@ -123,7 +126,7 @@ void CheckerLists::rowsChanged() {
 
 void CheckerLists::selectChange(Slot change) {
     if (m_main == nullptr) return;
-    if (const auto row = m_main->rowOf(change)) m_main->goTo(*row);
+    if (const auto row = m_main->store().rowOf(change)) m_main->input().goTo(*row);
 }
 
 void CheckerLists::emptyDetails() {
@@ -153,7 +156,7 @@ void CheckerLists::editsDropped() {
 void CheckerLists::captionDetails(const DetailsCaption& caption) {
     m_caption = caption;
     if (m_details == nullptr) return;
-    m_details->setEmptyText(caption.emptyText);
+    m_details->painter().setEmptyText(caption.emptyText);
     m_details->setDimmed(caption.dimmed);
     std::string title = caption.title;
     if (!caption.neighbours.empty()) title += " - " + caption.neighbours;

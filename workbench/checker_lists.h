@@ -42,11 +42,11 @@ public:
     void onNews(std::function<void()> news) { m_news = std::move(news); }
 
     // Takes every filter off the main list, and brings a row of it into view.
-    void resetMainFilters() { m_main->command(kResetFiltersCommand); }
+    void resetMainFilters() { m_main->commands().run(kResetFiltersCommand); }
     void bringIntoView(std::size_t mainRow) const;
 
     // For the list of keys: what the main list offers, and whether values can be edited.
-    ListOffers offers() const { return m_main->offers(); }
+    ListOffers offers() const { return m_main->commands().offers(); }
     bool offersEditing() const { return m_details->offersEditing(); }
 
     HWND mainWindow() const { return m_main != nullptr ? m_main->handle() : nullptr; }

@@ -26,15 +26,15 @@ bool DecisionsPanel::create(HWND pane, DecisionLog& log) {
     if (!m_frame.create(pane, RECT{}, IDC_DECISIONS_FRAME) ||
         !m_list->create(m_frame.handle(), IDC_DECISIONS_LIST, kListName, kTitle))
         return false;
-    m_list->setEmptyText("No decisions in this session");
-    m_frame.setViews(
-        {{m_list->handle(), titleOf(log), "", [this] { m_list->command(kCustomizeCommand); }}});
+    m_list->painter().setEmptyText("No decisions in this session");
+    m_frame.setViews({{m_list->handle(), titleOf(log), "",
+                       [this] { m_list->commands().run(kCustomizeCommand); }}});
     m_list->setColumns(
         kDecisionColumns,
         [&log](Slot decision, ColumnId column) { return log.cellText(decision, column); },
         kMandatory);
-    m_list->setListName([&log] { return titleOf(log); });
-    m_list->offerColumns(true, false);
+    m_list->access().setListName([&log] { return titleOf(log); });
+    m_list->commands().offerColumns(true, false);
     m_list->storeChanged();
     log.setListener([this, &log] { logChanged(log); });
     return true;
@@ -76,7 +76,8 @@ RECT DecisionsPanel::takeRoom(RECT room) {
     RECT mine = room;
     mine.top = room.bottom - own + m_frame.scaled(4);
     m_frame.move(mine);
-    if (const auto row = m_list->focusedRow()) fw::ListView(m_list->handle()).bringIntoView(*row);
+    if (const auto row = m_list->store().selection().focusedRow())
+        fw::ListView(m_list->handle()).bringIntoView(*row);
     room.bottom -= own;
     return room;
 }

@@ -2,20 +2,25 @@
 //
 // A row of decision buttons, and the line that says what a press would do, lie above two lists: one
 // row per pending change, and below it the details of the change that is looked at. The pane draws,
-// asks the Workbench and tells it what the checker did; every rule is there.
+// asks the Workbench and tells it what the checker did; every rule is there. Its parts:
+//
+//   DecisionButtons   the buttons and the line
+//   CheckerLists      the two lists in their frame
+//   ListActions       what the checker does in them
+//   DecisionsPanel    the list of the session's own decisions
 #pragma once
 
 #include <memory>
 
-#include "frames/control_pos.h"
 #include "frames/model/dialog_bar.h"
 #include "framework/pane_dialog.h"
 #include "link/model/host.h"
 #include "workbench/checker_lists.h"
+#include "workbench/decision_buttons.h"
 #include "workbench/decisions_panel.h"
+#include "workbench/list_actions.h"
 #include "workbench/model/pane_commands.h"
 #include "workbench/model/workbench.h"
-#include "workbench/press_line_window.h"
 
 namespace mc {
 
@@ -50,54 +55,22 @@ protected:
 
 private:
     LRESULT onInitDialog();
-    void onSize(int, int) { layOut(); }
     void onDpiChanged();
     void onDestroy();
     void keepFloatSize();
-    void onAccept();
-    void onReject();
-    void onUpdate();
-    void onRecover();
     void onCancel() {}
-    void onShowSelected(NMHDR& header);
-    void onShowFocused(NMHDR& header);
-    void onNextNeighbour();
-    void onSelectionMade(NMHDR& header);
-    void onMainFilterChanged(NMHDR&) { applyMainFilter(); }
-    void applyMainFilter();
-    void onDetailsFilterChanged(NMHDR&) { m_lists.applyDetailsFilter(); }
-    void onDecisionsFilterChanged(NMHDR&) { m_decisions.applyFilter(); }
-    void onValueTyped() { m_line.stale(); }
-    void onEditorClosed();
-    void onEndOfEdit(const EndOfEdit& edit);
-    void onEndOfChoice(const EndOfEdit& edit);
-
     void run(PaneCommand command);
     void showKeys();
-    void chooseQuickFilter(PaneCommand command);
-
-    void selectPair();
-    void openNext();
-
-    template <class Decision>
-    void decide(Decision decision);
-    template <class Decision>
-    void press(PressButton button, Decision decision);
-    bool pressedInSight(PressButton button);
-    PressLine describe(PressButton button) const;
-    RECT listsRect();
-    void layOut() { m_lists.move(m_decisions.takeRoom(listsRect())); }
     void toggleDecisions();
+    void layOut() { m_lists.move(m_decisions.takeRoom(m_buttons.arrange())); }
 
     Host& m_host;
-    CControlPos m_buttons;
     CVoskDialogBar m_bar;  // the pane while it floats
     std::unique_ptr<Workbench> m_workbench;
-    CPressLine m_line{[this](PressButton button) { return describe(button); }};
-    CheckerLists m_lists;           // on the rows of the workbench, and so behind it here
-    DecisionsPanel m_decisions;     // likewise
-    bool m_selectionWaits = false;  // for the end of an edit, with what it does to the details
-    bool m_deciding = false;        // a button's work is under way, perhaps behind a message box
+    CheckerLists m_lists;  // on the rows of the workbench, and so behind it here
+    DecisionButtons m_buttons{*this, m_lists};
+    ListActions m_actions{m_lists, m_buttons};
+    DecisionsPanel m_decisions;  // on the log of the workbench
 };
 
 }  // namespace mc

@@ -1,7 +1,6 @@
 #include "console/model/authorization_server.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "console/model/owned_message.h"
 
@@ -39,12 +38,6 @@ Fields detailsOf(const Change& change) {
         fields.push_back(makeField(entity.field, entity.id));
     fields.insert(fields.end(), change.fields.begin(), change.fields.end());
     return fields;
-}
-
-bool matches(const std::vector<SubscriptionPair>& pairs, const Fields& publication) {
-    return std::ranges::all_of(pairs, [&](const SubscriptionPair& pair) {
-        return pair.value.empty() || textOf(publication, pair.field) == pair.value;
-    });
 }
 
 // Which kind of change each request for details is for.
@@ -127,30 +120,6 @@ const AuthorizationServer::RequestEntry& AuthorizationServer::requestEntry(
     return *found;
 }
 
-int AuthorizationServer::connect(ReceiverCallbacks callbacks) {
-    m_connections[++m_lastId].callbacks = std::move(callbacks);
-    return m_lastId;
-}
-
-void AuthorizationServer::disconnect(int connection) {
-    m_connections.erase(connection);
-}
-
-int AuthorizationServer::subscribe(int connection, std::vector<SubscriptionPair> pairs) {
-    const auto found = m_connections.find(connection);
-    if (found == m_connections.end()) return 0;
-    found->second.subscriptions.push_back(std::move(pairs));
-    return ++m_lastId;
-}
-
-bool AuthorizationServer::unsubscribe(int connection) {
-    const auto found = m_connections.find(connection);
-    if (found == m_connections.end()) return false;
-    found->second.subscriptions.clear();
-    ++found->second.generation;
-    return true;
-}
-
 int AuthorizationServer::handle(int connection, void* message) {
     if (!m_connections.contains(connection)) return 0;
     Request request{connection, {}, readFields(message)};
@@ -160,7 +129,7 @@ int AuthorizationServer::handle(int connection, void* message) {
     } catch (const Refusal& refusal) {
         refuse(request, refusal.why);
     }
-    return ++m_lastId;
+    return m_connections.nextId();
 }
 
 void AuthorizationServer::answerDetails(const Request& request) {
@@ -193,7 +162,7 @@ void AuthorizationServer::answerRecovery(const Request& request) {
 
 void AuthorizationServer::answer(const Request& request, Fields fields) {
     fields.insert(fields.begin(), makeField(field::kAnswerTo, request.name));
-    queue(request.connection, Way::answer, std::make_shared<const Fields>(std::move(fields)));
+    m_connections.answer(request.connection, std::move(fields));
 }
 
 void AuthorizationServer::refuse(const Request& request, const std::string& why) {
@@ -247,36 +216,7 @@ void AuthorizationServer::decide(Pending::iterator pending, Decision decision) {
 }
 
 void AuthorizationServer::publish(const Change& change, const char* status) {
-    const auto fields = std::make_shared<const Fields>(publicationOf(change, status));
-    for (const auto& [id, connection] : m_connections) {
-        const bool wanted = std::ranges::any_of(
-            connection.subscriptions, [&](const auto& pairs) { return matches(pairs, *fields); });
-        if (wanted) queue(id, Way::publication, fields);
-    }
-}
-
-void AuthorizationServer::queue(int connection, Way way, std::shared_ptr<const Fields> fields) {
-    const int generation = m_connections.at(connection).generation;
-    m_deliveries.push_back({connection, way, generation, std::move(fields)});
-    if (m_onQueued) m_onQueued();
-}
-
-bool AuthorizationServer::deliverNext() {
-    if (m_deliveries.empty()) return false;
-    const Delivery delivery = std::move(m_deliveries.front());
-    m_deliveries.pop_front();
-    const auto found = m_connections.find(delivery.connection);
-    if (found == m_connections.end()) return true;
-    const bool isAnswer = delivery.way == Way::answer;
-    if (!isAnswer && delivery.generation != found->second.generation) return true;
-
-    // A copy: the callback may disconnect its own connection.
-    const ReceiverCallbacks callbacks = found->second.callbacks;
-    const auto& receive = isAnswer ? callbacks.onAnswer : callbacks.onPublished;
-    if (!receive) return true;
-    const OwnedMessage message(*delivery.fields);
-    receive(message.handle());
-    return true;
+    m_connections.publish(publicationOf(change, status));
 }
 
 std::vector<std::string> AuthorizationServer::pendingKeys() const {

@@ -1,9 +1,10 @@
 // The simulated authorization server: makers submit changes, checkers decide them.
 //
-//   1. registry().put() users and clients that exist, connect() receivers, subscribe() them.
+//   1. registry().put() users and clients that exist, connect receivers, subscribe them:
+//   connections().
 //   2. submit() a maker's change: it gets a key, waits, and is published as "auth pending".
 //   3. handle() a checker's requests; decideAs() plays another checker.
-//   4. deliverNext() hands out what all of these have queued, one message per call.
+//   4. connections().deliverNext() hands out what all of these have queued, one message per call.
 //
 // Requests, distinguished by field 0, and what answers them (the request's name in 32767, always):
 //
@@ -29,11 +30,7 @@
 // Everything is queued, so a receiver may send its next request from inside a callback. One thread.
 #pragma once
 
-#include <deque>
-#include <functional>
 #include <list>
-#include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -41,22 +38,10 @@
 #include <vector>
 
 #include "console/model/change.h"
+#include "console/model/connections.h"
 #include "console/model/registry.h"
 
 namespace zek {
-
-// One receiver's ends. The message belongs to the server and lives until the call returns.
-struct ReceiverCallbacks {
-    std::function<void(void* message)> onAnswer;     // an answer to a request of this connection
-    std::function<void(void* message)> onPublished;  // a publication that it subscribed to
-};
-
-// A publication must carry `value` in `field`; an empty value is a wildcard: the field may hold
-// anything, or be absent.
-struct SubscriptionPair {
-    int field;
-    std::string value;
-};
 
 // How a change ended.
 struct Decision {
@@ -69,17 +54,9 @@ struct Decision {
 
 class AuthorizationServer {
 public:
-    // `onQueued` is called once for each delivery that is queued, for as many deliverNext() calls.
-    void setQueuedNotice(std::function<void()> onQueued) { m_onQueued = std::move(onQueued); }
-
-    // Connections. Ids are greater than 0, and 0 tells of an unknown connection.
-    int connect(ReceiverCallbacks callbacks);
-    // Its deliveries that still wait are dropped when their turn comes.
-    void disconnect(int connection);
-    int subscribe(int connection, std::vector<SubscriptionPair> pairs);
-    // Ends every subscription of the connection, publications that still wait included. False for
-    // an unknown connection.
-    bool unsubscribe(int connection);
+    // The receivers, and what waits for them.
+    Connections& connections() { return m_connections; }
+    const Connections& connections() const { return m_connections; }
 
     // Takes a request, which stays the caller's, and queues its answer. Returns the request's id.
     int handle(int connection, void* message);
@@ -89,10 +66,6 @@ public:
     // Another checker. Returns why it was refused, or an empty text.
     std::string decideAs(const std::string& user, const std::string& key, bool accepted,
                          const std::string& reason);
-
-    std::size_t pendingDeliveries() const { return m_deliveries.size(); }
-    // False when nothing waited. What a callback throws goes through; the delivery is then done.
-    bool deliverNext();
 
     // A look inside, for tests and for the console's own windows.
     std::size_t pendingCount() const { return m_pending.size(); }
@@ -104,18 +77,6 @@ public:
     const Registry& registry() const { return m_registry; }
 
 private:
-    struct Connection {
-        ReceiverCallbacks callbacks;
-        std::vector<std::vector<SubscriptionPair>> subscriptions;
-        int generation = 0;  // grows when it unsubscribes; older publications are dropped
-    };
-    enum class Way { answer, publication };
-    struct Delivery {
-        int connection;
-        Way way;
-        int generation;
-        std::shared_ptr<const Fields> fields;
-    };
     struct Request {
         int connection;
         std::string name;
@@ -135,18 +96,13 @@ private:
     Pending::iterator findDecidable(const std::string& user, const std::string& key);
     void decide(Pending::iterator change, Decision decision);
     void publish(const Change& change, const char* status);
-    void queue(int connection, Way way, std::shared_ptr<const Fields> fields);
-
-    std::function<void()> m_onQueued;
-    std::map<int, Connection> m_connections;
-    int m_lastId = 0;  // of connections, subscriptions and requests
+    Connections m_connections;
     long long m_lastKey = 1000;
     Pending m_pending;  // in order of arrival
     std::unordered_map<std::string, Pending::iterator> m_pendingByKey;
     std::unordered_map<std::string, Decision> m_decided;
     std::vector<std::string> m_decidedKeys;
     Registry m_registry;
-    std::deque<Delivery> m_deliveries;
 };
 
 }  // namespace zek

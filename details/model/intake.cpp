@@ -56,10 +56,10 @@ void Intake::takePending(const FieldReader& message, Origin origin,
                       .branchId = message.text(MNM_BRANCH),
                       .type = message.text(MNM_TYPE)};
     // What the message does not give is as it was.
-    const auto textOf = [&](const auto& given, PendingChanges::CodedText which) {
-        return given ? *given : m_changes.text(listed, which);
+    const auto textOf = [&](const auto& given, ChangeTable::CodedText which) {
+        return given ? *given : m_changes.table().text(listed, which);
     };
-    using CodedText = PendingChanges::CodedText;
+    using CodedText = ChangeTable::CodedText;
     const std::string_view type = textOf(texts.type, CodedText::type);
 
     // A code that the workbench does not know is listed without a rights test and without a name.

@@ -1,6 +1,6 @@
 // The pending-authorization record: one change made by a maker and waiting for a checker.
 //
-// The workbench keeps its texts in a table of its own (PendingChanges) and reads them out into this
+// The workbench keeps its texts in a table of its own (ChangeTable) and reads them out into this
 // one, which the decisions and requests read.
 #pragma once
 

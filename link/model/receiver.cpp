@@ -26,7 +26,7 @@ void hand(const Route& route, const FieldReader& answer, AnswerHandler& handler)
     } else if (refused) {
         handler.detailsRefused(route.kind, answer);
     } else {
-        handler.details(route.kind, answer);
+        handler.detailsCame(route.kind, answer);
     }
 }
 

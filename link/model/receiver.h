@@ -12,7 +12,7 @@ namespace mc {
 class AnswerHandler {
 public:
     // An answer to a detail request of this kind.
-    virtual void details(DetailKind kind, const FieldReader& answer) = 0;
+    virtual void detailsCame(DetailKind kind, const FieldReader& answer) = 0;
 
     // The same, but the answer carries an error.
     virtual void detailsRefused(DetailKind kind, const FieldReader& answer) = 0;

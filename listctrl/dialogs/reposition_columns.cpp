@@ -33,6 +33,24 @@ void setRowState(HWND list, std::size_t row, UINT state) {
     ListView_SetItemState(list, row, state, LVIS_SELECTED | LVIS_FOCUSED);
 }
 
+// Selects the rows, and scrolls to them from where the list was.
+void selectRows(HWND list, const Rows& rows, int top) {
+    ListView_EnsureVisible(list, top + ListView_GetCountPerPage(list) - 1, FALSE);
+    for (const std::size_t row : rows) setRowState(list, row, LVIS_SELECTED);
+    if (rows.empty()) return;
+    setRowState(list, rows.front(), LVIS_SELECTED | LVIS_FOCUSED);
+    ListView_EnsureVisible(list, rows.back(), FALSE);
+    ListView_EnsureVisible(list, rows.front(), FALSE);
+}
+
+// The rows of `wanted` among these columns.
+Rows rowsOf(const std::vector<ColumnId>& wanted, const std::vector<ColumnId>& columns) {
+    Rows rows;
+    for (std::size_t row = 0; row < columns.size(); ++row)
+        if (std::ranges::find(wanted, columns[row]) != wanted.end()) rows.push_back(row);
+    return rows;
+}
+
 class CRepositionColumns final : public fw::CDialog, private DragListOwner {
 public:
     CRepositionColumns(HWND list, const ColumnModel& columns, std::optional<ColumnSort> sort,
@@ -57,9 +75,8 @@ protected:
             fw::onCommand<IDCANCEL, &Dlg::onCancel>(),
             fw::onNotify<IDC_CP_SHOWN, LVN_BEGINDRAG, &Dlg::onBeginDrag>(),
             fw::onNotify<IDC_CP_SHOWN, LVN_ITEMCHANGED, &Dlg::onShownChanged>(),
-            fw::onNotify<IDC_CP_SHOWN, static_cast<UINT>(NM_DBLCLK), &Dlg::onShownDoubleClick>(),
-            fw::onNotify<IDC_CP_AVAILABLE, static_cast<UINT>(NM_DBLCLK),
-                         &Dlg::onAvailableDoubleClick>(),
+            fw::onNotify<IDC_CP_SHOWN, static_cast<UINT>(NM_DBLCLK), &Dlg::onRemove>(),
+            fw::onNotify<IDC_CP_AVAILABLE, static_cast<UINT>(NM_DBLCLK), &Dlg::onAdd>(),
         };
         static constexpr fw::MessageMap map{nullptr, entries};
         return map;
@@ -109,18 +126,8 @@ private:
             }
             ListView_SetColumnWidth(list, 0, LVSCW_AUTOSIZE_USEHEADER);
         }
-        select(list, selected, top);
+        selectRows(list, selected, top);
         m_filling = false;
-    }
-
-    // Selects the rows, and scrolls to them from where the list was.
-    static void select(HWND list, const Rows& rows, int top) {
-        ListView_EnsureVisible(list, top + ListView_GetCountPerPage(list) - 1, FALSE);
-        for (const std::size_t row : rows) setRowState(list, row, LVIS_SELECTED);
-        if (rows.empty()) return;
-        setRowState(list, rows.front(), LVIS_SELECTED | LVIS_FOCUSED);
-        ListView_EnsureVisible(list, rows.back(), FALSE);
-        ListView_EnsureVisible(list, rows.front(), FALSE);
     }
 
     void fillAvailable(const Rows& selected) {
@@ -153,13 +160,6 @@ private:
             fw::showMessageBox(m_choice.caption(id) + " cannot be removed");
     }
 
-    static Rows rowsOf(const std::vector<ColumnId>& wanted, const std::vector<ColumnId>& columns) {
-        Rows rows;
-        for (std::size_t row = 0; row < columns.size(); ++row)
-            if (std::ranges::find(wanted, columns[row]) != wanted.end()) rows.push_back(row);
-        return rows;
-    }
-
     void onUp() { rowsMoved(false); }
     void onDown() { rowsMoved(true); }
     void rowsMoved(bool down) override {
@@ -172,8 +172,6 @@ private:
     LRESULT onBeginDrag(NMHDR& drag) {
         return reflectNotify(drag.idFrom, reinterpret_cast<LPARAM>(&drag));
     }
-    void onShownDoubleClick(NMHDR&) { onRemove(); }
-    void onAvailableDoubleClick(NMHDR&) { onAdd(); }
 
     // ---- The sort group ----
 
@@ -186,7 +184,7 @@ private:
         return m_choice.shown()[rows.front()];
     }
 
-    void onShownChanged(NMHDR&) {
+    void onShownChanged() {
         if (!m_filling) showSort();
     }
 

@@ -40,6 +40,11 @@ void ListContent::compileExpressions() {
     m_reportedInvalid.assign(m_columns.size(), false);
 }
 
+std::string_view ListContent::wholeText(std::size_t row, ColumnId column) const {
+    const bool hasWhole = m_wholeReader && toIndex(column) < m_columns.dataSize();
+    return hasWhole ? m_wholeReader(m_store.slotAt(row), column) : text(row, column);
+}
+
 std::string_view ListContent::read(Slot record, ColumnId column) {
     if (!m_reader) return {};
     const bool isData = toIndex(column) < m_columns.dataSize();

@@ -10,6 +10,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "listctrl/model/columns/column_model.h"
@@ -50,6 +51,10 @@ public:
         return m_store.cellText(row, column);
     }
 
+    // The whole text where the reader cuts it and `whole` does not. It lives as long.
+    std::string_view wholeText(std::size_t row, ColumnId column) const;
+    void setWholeReader(CellReader whole) { m_wholeReader = std::move(whole); }
+
     // Compiles the expressions and sorts again. Costs as much as the sort.
     void columnsChanged();
     void columnRemoved(ColumnId removed);
@@ -62,7 +67,8 @@ private:
     RecordStore& m_store;
     ColumnModel m_columns;
     ListOrder m_order;
-    CellReader m_reader;  // of data columns
+    CellReader m_reader;       // of data columns
+    CellReader m_wholeReader;  // likewise, or none
     std::function<void()> m_invalid;
     std::optional<ComputedColumns> m_computedColumns;
     std::string m_computed;               // the cell computed last

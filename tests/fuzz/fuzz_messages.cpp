@@ -132,9 +132,9 @@ private:
         const int field = kDetailFields[m_input.below(std::size(kDetailFields))];
         const std::string typed = text().value_or("");
         if (m_input.below(2) == 0)
-            m_workbench.valueEdited(field, typed.c_str());
+            m_workbench.details().valueEdited(field, typed.c_str());
         else
-            m_workbench.choiceMade(field, typed.c_str());
+            m_workbench.details().choiceMade(field, typed.c_str());
     }
 
     std::vector<Slot> selection() {
@@ -149,7 +149,7 @@ private:
     void showDetails() {
         const std::size_t rows = m_workbench.changes().size();
         if (rows == 0) return;
-        m_workbench.showDetails(m_workbench.changes().at(m_input.below(rows)));
+        m_workbench.details().open(m_workbench.changes().at(m_input.below(rows)));
     }
 
     void step() {
@@ -163,20 +163,21 @@ private:
             case 12:
                 return edit();
             case 13:
-                return m_workbench.update();
+                return m_workbench.presses().update();
             case 1:
                 return showDetails();
             case 2:
-                return m_workbench.accept(selection());
+                return m_workbench.presses().accept(selection());
             case 3: {
                 const auto rows = selection();
                 // Typed into an edit control: it ends at its first zero.
                 const std::string reason = text().value_or("");
-                return m_workbench.reject(rows, [&] { return std::string(reason.c_str()); });
+                return m_workbench.presses().reject(rows,
+                                                    [&] { return std::string(reason.c_str()); });
             }
             case 4:
-                m_workbench.update();
-                return m_workbench.recover();
+                m_workbench.presses().update();
+                return m_workbench.presses().recover();
             case 5:
                 m_host.roles = {};
                 for (const int item : {60302, 60303, 60304})
@@ -196,7 +197,7 @@ private:
                 // The fault hits what the press asks of the library.
                 const auto rows = selection();
                 otp_fail_call(1 + static_cast<int>(m_input.below(12)));
-                return m_workbench.accept(rows);
+                return m_workbench.presses().accept(rows);
             }
             case 9:
                 return m_workbench.handlePublished(nullptr);
@@ -213,7 +214,7 @@ private:
             const auto found = changes.findRecord(change.key);
             require(found && found->slot == change.slot, "every row is indexed");
             for (int column = 0; column < 8; ++column)
-                require(changes.cellText(change.slot, ColumnId{column}).size() < kCellBytes,
+                require(changes.table().cellText(change.slot, ColumnId{column}).size() < kCellBytes,
                         "a cell fits its buffer");
         }
         require(m_host.beeps <= m_messages, "no tone without a message");

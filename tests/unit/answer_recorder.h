@@ -15,7 +15,7 @@ public:
     std::vector<std::string> taken;
     bool throws = false;
 
-    void details(DetailKind kind, const FieldReader&) override { take(nameOf(kind)); }
+    void detailsCame(DetailKind kind, const FieldReader&) override { take(nameOf(kind)); }
     void detailsRefused(DetailKind kind, const FieldReader&) override {
         take(std::string(nameOf(kind)) + " refused");
     }

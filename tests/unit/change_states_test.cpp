@@ -61,10 +61,10 @@ protected:
             rows().selection().clear();
             return rows().selection().select(*rows().rowOf(workbench->changes().find(key)), true);
         }
-        if (verb == "accept") return workbench->accept(selected);
-        if (verb == "reject") return workbench->reject(selected, [] { return "no"; });
-        if (verb == "update") return workbench->update();
-        if (verb == "recover") return workbench->recover();
+        if (verb == "accept") return workbench->presses().accept(selected);
+        if (verb == "reject") return workbench->presses().reject(selected, [] { return "no"; });
+        if (verb == "update") return workbench->presses().update();
+        if (verb == "recover") return workbench->presses().recover();
         take(step);
     }
 };
@@ -115,7 +115,7 @@ TEST_F(ChangeStatesTest, OnlyWhatLeftIsSent) {
     for (const bool works : {false, true}) {
         restart();
         run("list 7 360,list 8,open 7,answer limits 7,select 8");
-        workbench->valueEdited(64031, "1600");
+        workbench->details().valueEdited(64031, "1600");
         host.control().works = works;
         run("update,reject,recover");
         EXPECT_EQ(states().of(0).sent, works ? SentDecision::update : SentDecision::none);

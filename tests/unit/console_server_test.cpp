@@ -14,10 +14,10 @@ constexpr char kDecide[] = "om_authenticate_functionality";
 // A checker's end of a connection: what it has received, in order.
 struct Checker {
     Checker(AuthorizationServer& to, std::vector<SubscriptionPair> pairs) : server(to) {
-        connection =
-            server.connect({[this](void* message) { answers.push_back(readFields(message)); },
-                            [this](void* message) { published.push_back(readFields(message)); }});
-        if (!pairs.empty()) server.subscribe(connection, std::move(pairs));
+        connection = server.connections().connect(
+            {[this](void* message) { answers.push_back(readFields(message)); },
+             [this](void* message) { published.push_back(readFields(message)); }});
+        if (!pairs.empty()) server.connections().subscribe(connection, std::move(pairs));
     }
     // Sends a request and takes in everything that waits.
     void ask(Fields request) {
@@ -26,7 +26,7 @@ struct Checker {
         takeAll();
     }
     void takeAll() {
-        while (server.deliverNext()) {
+        while (server.connections().deliverNext()) {
         }
     }
     std::string lastError() const {

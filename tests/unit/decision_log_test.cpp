@@ -26,10 +26,10 @@ std::string timeless(std::string row) {
 TEST_F(WorkbenchTest, NotesWhatLeftAndWhatCameOfIt) {
     DecisionLog& log = workbench->decisionLog();
     const PendingChange first = list("1001", "354"), second = list("1002", "340");
-    workbench->reject({&first.slot, 1}, [] { return std::string("wrong branch"); });
-    workbench->accept({&second.slot, 1});
-    workbench->accept({&second.slot, 1});
-    workbench->recover();
+    workbench->presses().reject({&first.slot, 1}, [] { return std::string("wrong branch"); });
+    workbench->presses().accept({&second.slot, 1});
+    workbench->presses().accept({&second.slot, 1});
+    workbench->presses().recover();
     EXPECT_EQ(log.summary(), "4 decisions, 3 outcomes awaited");
     workbench->handlePublished(publication("rejected", "1002").handle());
     workbench->handlePublished(publication("accepted", "9999").handle());

@@ -17,7 +17,7 @@ protected:
         select({"1003"});
         take("open 1003");
         take("answer limits 1003");
-        workbench->valueEdited(64031, "1700");
+        workbench->details().valueEdited(64031, "1700");
         host.control().sent.clear();
         view.events.clear();
         host.said.clear();
@@ -38,7 +38,7 @@ protected:
     // What an update sends of the edited value; empty: nothing.
     std::string update() {
         host.control().sent.clear();
-        workbench->update();
+        workbench->presses().update();
         if (host.control().sent.empty()) return "";
         EXPECT_EQ(host.control().sent[0][2].second, "1003");
         return host.control().sent[0].back().second;
@@ -58,17 +58,17 @@ TEST_F(EditedLimits, NothingThatLeavesThemBehindGoesUnasked) {
         bool drops;
     } cases[] = {
         {"accept",
-         [&] { workbench->accept(selected()); },
+         [&] { workbench->presses().accept(selected()); },
          "Accept without sending?",
          {decide},
          false},
         {"reject",
-         [&] { workbench->reject(selected(), [] { return "no"; }); },
+         [&] { workbench->presses().reject(selected(), [] { return "no"; }); },
          "Reject without sending?",
          {decide},
          false},
         {"recover",
-         [&] { workbench->recover(); },
+         [&] { workbench->presses().recover(); },
          "Recover and drop them?",
          {"om_get_functionality_details"},
          true},
@@ -77,7 +77,7 @@ TEST_F(EditedLimits, NothingThatLeavesThemBehindGoesUnasked) {
          "Drop them and open DLR101, ADD USER, 1001?",
          {"om_get_auth_user_details"},
          true},
-        {"drop", [&] { workbench->dropEdits(); }, "Drop them?", {}, true},
+        {"drop", [&] { workbench->details().dropEdits(); }, "Drop them?", {}, true},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
@@ -91,12 +91,12 @@ TEST_F(EditedLimits, NothingThatLeavesThemBehindGoesUnasked) {
         EXPECT_EQ(update(), each.drops ? "" : "1700.00");
         take("open 1003");
         take("answer limits 1003");
-        workbench->valueEdited(64031, "1700");
+        workbench->details().valueEdited(64031, "1700");
         host.takeSaid();
         host.control().sent.clear();
     }
     select({});
-    workbench->accept(selected());
+    workbench->presses().accept(selected());
     EXPECT_EQ(host.said, Lines{}) << "nothing to accept, nothing to ask";
 }
 
@@ -106,14 +106,14 @@ TEST_F(EditedLimits, ADecisionIsOfWhatWasSelectedAtThePress) {
         workbench->handlePublished(publication("accepted", "1001").handle());
     };
     select({"1001"});
-    workbench->accept(selected());
+    workbench->presses().accept(selected());
     EXPECT_EQ(requests(), Lines{});
     EXPECT_TRUE(workbench->changes().selected("1003"));
 
     list("1001", "339");
     select({"1001"});
     host.takeSaid();
-    workbench->reject(selected(), [&] {
+    workbench->presses().reject(selected(), [&] {
         workbench->handlePublished(publication("accepted", "1001").handle());
         return "no";
     });
@@ -170,16 +170,16 @@ TEST_F(EditedLimits, StayInTheRowsOfALaterAnswer) {
 }
 
 TEST_F(EditedLimits, AreSpelledReplacedSentAndForgotten) {
-    EXPECT_EQ(workbench->valueEdited(0, "1"), std::nullopt) << "a row without a field";
+    EXPECT_EQ(workbench->details().valueEdited(0, "1"), std::nullopt) << "a row without a field";
     // Choices are no numbers; the last edit of a field counts; what left is gone.
-    EXPECT_EQ(workbench->choiceMade(64037, "D"), "D");
-    EXPECT_EQ(workbench->valueEdited(64031, "1e999"), std::nullopt);
-    workbench->valueEdited(64031, "12.345");
+    EXPECT_EQ(workbench->details().choiceMade(64037, "D"), "D");
+    EXPECT_EQ(workbench->details().valueEdited(64031, "1e999"), std::nullopt);
+    workbench->details().valueEdited(64031, "12.345");
     host.control().works = false;
-    workbench->update();
+    workbench->presses().update();
     EXPECT_EQ(view.events, Lines{}) << "a failed update leaves the edits";
     host.control().works = true;
-    workbench->update();
+    workbench->presses().update();
     EXPECT_EQ(host.control().sent.back(), (SentMessage{{0, "om_authenticate_functionality"},
                                                        {54294, "CHECK01"},
                                                        {51803, "1003"},
@@ -193,10 +193,11 @@ TEST_F(EditedLimits, AreSpelledReplacedSentAndForgotten) {
     take("answer limits 1003");
     EXPECT_FALSE(row().edited);
 
-    workbench->valueEdited(64031, "3");
+    workbench->details().valueEdited(64031, "3");
     workbench->handlePublished(publication("rejected", "1003").handle());
     EXPECT_EQ(update(), "");
-    EXPECT_EQ(workbench->valueEdited(64031, "1"), std::nullopt) << "no details are visible";
+    EXPECT_EQ(workbench->details().valueEdited(64031, "1"), std::nullopt)
+        << "no details are visible";
 }
 
 }  // namespace

@@ -80,13 +80,14 @@ TEST(Neighbours, AreFoundAsALookAtEveryChangeFindsThem) {
         std::vector<long> expected, found;
         for (std::size_t i = 0; i < changes.size(); ++i)
             if (sameEntity(one, changes.at(i))) expected.push_back(std::stol(changes.at(i).key));
-        for (const auto& each : changes.aboutTheSame(one)) found.push_back(std::stol(each.key));
+        for (const auto& each : changes.related().aboutTheSame(one))
+            found.push_back(std::stol(each.key));
         std::ranges::sort(expected);
         ASSERT_EQ(found, expected) << "step " << step;
     }
     changes.clearAllRecords();
     changes.addRecord("1", {.entityName = "A", .functionalityCode = kAddClient});
-    EXPECT_EQ(changes.aboutTheSame(changes.at(0)).size(), 1u);
+    EXPECT_EQ(changes.related().aboutTheSame(changes.at(0)).size(), 1u);
 }
 
 TEST_F(WorkbenchTest, NamesTheNeighboursOfTheShownChangeAndGoesRoundThem) {
@@ -96,28 +97,28 @@ TEST_F(WorkbenchTest, NamesTheNeighboursOfTheShownChangeAndGoesRoundThem) {
                 .handle());
     };
     list("1002", "340");
-    EXPECT_EQ(workbench->showNeighbour(), std::nullopt);
+    EXPECT_EQ(workbench->details().openNeighbour(), std::nullopt);
     take("open 1002");
     EXPECT_EQ(view.caption.neighbours, "");
     limits("1003", "DLR101");
     limits("1001", "DLR101");
     limits("1004", "DLR102");
     EXPECT_EQ(view.caption.neighbours, "also pending: 1001 RMS Limits; 1003 RMS Limits (F8)");
-    EXPECT_EQ(workbench->showNeighbour()->key, "1003");
+    EXPECT_EQ(workbench->details().openNeighbour()->key, "1003");
     take("answer limits 1003");
-    EXPECT_EQ(workbench->showNeighbour()->key, "1001");
+    EXPECT_EQ(workbench->details().openNeighbour()->key, "1001");
     take("answer limits 1001");
     EXPECT_EQ(view.caption.neighbours, "also pending: 1002 MODIFY USER; 1003 RMS Limits (F8)");
-    workbench->showNeighbour();
-    EXPECT_EQ(workbench->showNeighbour()->key, "1003");
+    workbench->details().openNeighbour();
+    EXPECT_EQ(workbench->details().openNeighbour()->key, "1003");
     EXPECT_EQ(view.caption.neighbours,
               "also pending: 1001 RMS Limits (older, changes Cash Margin too); 1002 MODIFY USER "
               "(F8)");
     // Unsent edits are asked about, as by any opening.
     take("answer limits 1003");
-    workbench->valueEdited(64031, "7");
+    workbench->details().valueEdited(64031, "7");
     host.answersYes = false;
-    EXPECT_EQ(workbench->showNeighbour(), std::nullopt);
+    EXPECT_EQ(workbench->details().openNeighbour(), std::nullopt);
     for (int key = 2000; key < 2003; ++key) limits(std::to_string(key).c_str(), "DLR101");
     EXPECT_TRUE(view.caption.neighbours.ends_with("; 2000 RMS Limits; and 2 more (F8)"));
     workbench->handlePublished(publication("accepted", "1001").handle());

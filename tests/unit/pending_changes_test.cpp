@@ -18,7 +18,7 @@ protected:
         changes.addRecord(key, {.entityName = name});
     }
     std::string cell(ColumnId column) const {
-        return std::string(changes.cellText(changes.rows().stored().at(0), column));
+        return std::string(changes.table().cellText(changes.rows().stored().at(0), column));
     }
 
     ViewRecorder view;

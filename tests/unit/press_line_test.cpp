@@ -36,10 +36,10 @@ protected:
         if (verb == "end") return publish("accepted", key, {});
         if (verb == "other") return publish("auth pending", key, {{MNM_REQUESTING_USER, "MK2"}});
         if (verb == "wait") return void(now += std::stoi(key));
-        if (verb == "edit") return void(workbench->valueEdited(64031, key));
-        if (verb == "accept") return workbench->accept(selected);
-        if (verb == "reject") return workbench->reject(selected, [] { return "no"; });
-        if (verb == "update") return workbench->update();
+        if (verb == "edit") return void(workbench->details().valueEdited(64031, key));
+        if (verb == "accept") return workbench->presses().accept(selected);
+        if (verb == "reject") return workbench->presses().reject(selected, [] { return "no"; });
+        if (verb == "update") return workbench->presses().update();
         if (verb == "hide") return hide(key);
         if (verb == "read") return take("open " + key), take("answer user " + key);
         take(step);
@@ -142,7 +142,8 @@ TEST_F(PressLineTest, SaysWhatAPressSends) {
         workbench = std::make_unique<Workbench>(host, view);
         host.control().sent.clear();
         run(each.steps);
-        EXPECT_EQ(describePress(workbench->plan(each.button), changes()).whole(), each.line);
+        EXPECT_EQ(describePress(workbench->presses().plan(each.button), changes()).whole(),
+                  each.line);
         does(each.button == PressButton::accept ? "accept" : "reject");
         EXPECT_EQ(decided(), each.decided);
     }
@@ -173,7 +174,8 @@ TEST_F(PressLineTest, SaysWhatWasSentBefore) {
         workbench = std::make_unique<Workbench>(host, view);
         changes().states().setClock([this] { return now; });
         run(kThree + each.steps);
-        EXPECT_EQ(describePress(workbench->plan(each.button), changes()).whole(), each.line);
+        EXPECT_EQ(describePress(workbench->presses().plan(each.button), changes()).whole(),
+                  each.line);
         const std::string press = each.button == PressButton::accept ? "accept" : "reject";
         host.control().sent.clear();
         host.takeSaid();
@@ -204,8 +206,9 @@ TEST_F(PressLineTest, OfUpdateAndRecover) {
     for (const auto& each : cases) {
         SCOPED_TRACE(each.steps);
         run(each.steps);
-        EXPECT_EQ(describePress(workbench->plan(PressButton::update), changes()).text, each.update);
-        EXPECT_EQ(describePress(workbench->plan(PressButton::recover), changes()).text,
+        EXPECT_EQ(describePress(workbench->presses().plan(PressButton::update), changes()).text,
+                  each.update);
+        EXPECT_EQ(describePress(workbench->presses().plan(PressButton::recover), changes()).text,
                   each.recover);
     }
 }
@@ -223,8 +226,9 @@ TEST_F(PressLineTest, CountsTheValueThatIsBeingTyped) {
         {{.refused = true}, "Update nothing: the text in the editor cannot be kept"},
     };
     for (const auto& [typed, update] : cases)
-        EXPECT_EQ(describePress(workbench->plan(PressButton::update, typed), changes()).text,
-                  update);
+        EXPECT_EQ(
+            describePress(workbench->presses().plan(PressButton::update, typed), changes()).text,
+            update);
 }
 
 TEST_F(PressLineTest, FindsTheOtherHalf) {
@@ -241,7 +245,7 @@ TEST_F(PressLineTest, FindsTheOtherHalf) {
     rows().selection().selectAll();
     for (std::size_t i = 0; i < changes().size(); ++i) {
         const PendingChange half = changes().at(i);
-        EXPECT_EQ(changes().otherHalf(half.slot), kNoSlot) << "all are selected";
+        EXPECT_EQ(changes().related().otherHalf(half.slot), kNoSlot) << "all are selected";
     }
     rows().selection().clear();
     for (std::size_t i = 0; i < changes().size(); ++i) {
@@ -252,11 +256,11 @@ TEST_F(PressLineTest, FindsTheOtherHalf) {
             fits = half.functionalityCode == kAddUser ? other.linkedUser == half.entityName
                                                       : other.entityName == half.linkedUser;
         }
-        const auto found = changes().recordIn(changes().otherHalf(half.slot));
+        const auto found = changes().recordIn(changes().related().otherHalf(half.slot));
         ASSERT_EQ(found.has_value(), fits) << half.key;
         if (!found) continue;
         const auto userOf = [this](Slot slot) {
-            return changes().userOf(slot, changes().halfOf(slot));
+            return changes().related().userOf(slot, changes().related().halfOf(slot));
         };
         EXPECT_EQ(userOf(found->slot), userOf(half.slot));
         EXPECT_NE(found->functionalityCode, half.functionalityCode);

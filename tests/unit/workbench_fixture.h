@@ -41,7 +41,7 @@ protected:
         if (changed) words >> verb;
         if (verb == "answer" || verb == "error") words >> kind;
         words >> key;
-        if (verb == "open") return workbench->showDetails(*workbench->changes().findRecord(key));
+        if (verb == "open") return workbench->details().open(*workbench->changes().findRecord(key));
         if (verb == "again")
             return workbench->handlePublished(publication("auth pending", key).handle());
         FieldTexts fields{{MNM_USER, "DLR101"}, {30001, changed ? "Usha" : "Asha"}};

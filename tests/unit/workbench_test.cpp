@@ -126,7 +126,7 @@ TEST_F(WorkbenchTest, AsksTheModifyRightForEachAnswer) {
         {0, RowAttribute::readOnly},
         {1, RowAttribute::number},
         {-1, RowAttribute::number}};
-    workbench->showDetails(list("1001", "360"));
+    workbench->details().open(list("1001", "360"));
     for (const auto& [right, attribute] : cases) {
         host.modifyRight = right;
         answer("om_get_auth_limits_details", {{MNM_ACCOUNT_ID, "C1"}, {64031, "1500"}});
@@ -135,11 +135,11 @@ TEST_F(WorkbenchTest, AsksTheModifyRightForEachAnswer) {
 }
 
 TEST_F(WorkbenchTest, RecoveryEmptiesTheDetailsAndItsAnswersAreTakenIn) {
-    workbench->showDetails(list("1001", "339"));
+    workbench->details().open(list("1001", "339"));
     view.events.clear();
     std::vector<std::string> whileSending;
     host.control().sending = [&](const SentMessage&) { whileSending = view.events; };
-    workbench->recover();
+    workbench->presses().recover();
     EXPECT_EQ(whileSending, Lines{"empty details"});
 
     const FieldTexts change{{MNM_PUBLICATION_STATUS, "auth pending"},
@@ -168,13 +168,13 @@ TEST_F(WorkbenchTest, AClosedWorkbenchDecidesAndTakesInNothing) {
         workbench->close();
         workbench->handlePublished(publication("auth pending", "1004").handle());
     };
-    workbench->accept(rows);
+    workbench->presses().accept(rows);
     EXPECT_EQ(host.takeSaid(), Lines{"error Failed while sending om_authenticate_functionality"});
     EXPECT_EQ(sent, 0u);
     EXPECT_EQ(workbench->changes().size(), 0u);
-    workbench->showDetails({});
-    workbench->update();
-    workbench->recover();
+    workbench->details().open({});
+    workbench->presses().update();
+    workbench->presses().recover();
     EXPECT_EQ(host.released, (std::vector<int>{3, 0}));
 }
 

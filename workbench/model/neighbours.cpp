@@ -20,7 +20,7 @@ struct Neighbourhood {
 Neighbourhood around(const PendingChanges& changes, const std::string& key) {
     const auto change = changes.findRecord(key);
     if (!change) return {};
-    Neighbourhood found{changes.aboutTheSame(*change)};
+    Neighbourhood found{changes.related().aboutTheSame(*change)};
     const auto own = std::ranges::find(found.changes, key, &PendingChange::key);
     found.at = static_cast<std::size_t>(own - found.changes.begin());
     return found;
@@ -66,7 +66,7 @@ std::string alsoPending(const PendingChanges& changes, const SeenFields& seen,
         if (!field.empty()) text.append(" (older, changes ").append(field).append(" too)");
     }
     if (others > kMaxNamed) text += "; and " + std::to_string(others - kMaxNamed) + " more";
-    if (all.size() >= PendingChanges::kMaxAbout) text += " or further";
+    if (all.size() >= RelatedChanges::kMaxAbout) text += " or further";
     return text.empty() ? text : text + " (F8)";
 }
 

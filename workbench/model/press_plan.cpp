@@ -28,12 +28,10 @@ private:
     static constexpr Index kEnd = ~Index{0};
 
     std::string_view nameOf(Index user) const {
-        return m_changes.userOf(m_plan.users[user], PendingChanges::Half::user);
+        return m_changes.related().userOf(m_plan.users[user], RelatedChanges::Half::user);
     }
 
-    Index& headOf(std::string_view user) {
-        return m_heads[hashOf(user) & (m_heads.size() - 1)];
-    }
+    Index& headOf(std::string_view user) { return m_heads[hashOf(user) & (m_heads.size() - 1)]; }
 
     void listUsers() {
         m_heads.assign(std::bit_ceil(m_plan.users.size() + 1), kEnd);
@@ -44,7 +42,8 @@ private:
 
     void pair(std::size_t at) {
         const Slot client = m_plan.clients[at];
-        const std::string_view name = m_changes.userOf(client, PendingChanges::Half::client);
+        const std::string_view name =
+            m_changes.related().userOf(client, RelatedChanges::Half::client);
         for (Index* link = &headOf(name); *link != kEnd;) {
             const Index user = *link;
             if (!same(nameOf(user), name)) {
@@ -64,9 +63,9 @@ private:
 };
 
 void planAccept(PressPlan& plan, SelectedRecords selected, const PendingChanges& changes) {
-    using Half = PendingChanges::Half;
+    using Half = RelatedChanges::Half;
     for (const Slot slot : selected) {
-        const Half half = changes.halfOf(slot);
+        const Half half = changes.related().halfOf(slot);
         if (half == Half::none)
             plan.single.push_back(slot);
         else
@@ -75,7 +74,7 @@ void planAccept(PressPlan& plan, SelectedRecords selected, const PendingChanges&
     if (!plan.users.empty() && !plan.clients.empty()) Pairing(plan, changes).run();
     for (const auto* halves : {&plan.users, &plan.clients})
         for (auto half = halves->begin(); half != halves->end() && plan.missing == kNoSlot; ++half)
-            plan.missing = changes.otherHalf(*half);
+            plan.missing = changes.related().otherHalf(*half);
 }
 
 void countStates(PressPlan& plan, const ChangeStates& states) {

@@ -1,10 +1,5 @@
-// The pending changes: a table of their texts, indexed by key, with one row each in the main list,
-// in order of arrival.
-//
-// Texts that differ from change to change are kept with the change; those with few different values
-// (maker, branch, broker, kind ...) are coded once, when they come, in columns that the list's
-// filters and sorts work on. So a change takes about 150 bytes, and the first filter of such a
-// column reads no change. What is read out is a copy: it stays as it was, whatever comes meanwhile.
+// The pending changes: what they say, indexed by key, with one row each in the main list, in order
+// of arrival.
 //
 // A call that runs out of memory throws, and did nothing; what removes changes does not fail.
 //
@@ -12,35 +7,21 @@
 // thread.
 #pragma once
 
-#include <array>
 #include <cstddef>
-#include <deque>
 #include <optional>
 #include <string_view>
 #include <vector>
 
-#include "link/model/pending_record.h"
 #include "listctrl/model/table/record_store.h"
 #include "workbench/model/records/change_states.h"
-#include "workbench/model/records/entity_index.h"
+#include "workbench/model/records/change_table.h"
+#include "workbench/model/records/free_slots.h"
 #include "workbench/model/records/key_index.h"
 #include "workbench/model/records/quick_filter.h"
 #include "workbench/model/records/records_view.h"
-#include "workbench/model/records/short_text.h"
+#include "workbench/model/records/related_changes.h"
 
 namespace mc {
-
-// A change as it was read out. Its slot tells it from a later change of the same key: see Hold.
-struct PendingChange : sMakeCheckStruct {
-    Slot slot = kNoSlot;
-};
-
-// What a publication says of a change. A text that it does not give stays as it is, and is empty
-// for a new change. The texts are the caller's.
-struct ChangeTexts {
-    using Text = std::optional<std::string_view>;
-    Text makerId{}, entityName{}, functionalityCode{}, brokerId{}, branchId{}, linkedUser{}, type{};
-};
 
 class PendingChanges {
 public:
@@ -52,7 +33,13 @@ public:
     std::size_t size() const { return m_rows.stored().size(); }
 
     // The change at `position` in order of arrival, below size().
-    PendingChange at(std::size_t position) const { return read(m_rows.stored().at(position)); }
+    PendingChange at(std::size_t position) const {
+        return m_table.read(m_rows.stored().at(position));
+    }
+
+    // What the changes say, and which of them belong together.
+    const ChangeTable& table() const { return m_table; }
+    const RelatedChanges& related() const { return m_related; }
 
     // The rows of the main list: which changes show, in which order, and which are selected.
     RecordStore& rows() { return m_rows; }
@@ -74,37 +61,11 @@ public:
     // The slots of the changes whose rows are selected, in row order: one pass over the rows.
     std::vector<Slot> selectedRecords() const { return m_rows.selection().inOrder(); }
 
-    // Which half of an investor's new user and client a change is, and of such a half the id of
-    // that user, until the next change comes or changes. Of a slot that it has, or had while there
-    // is a Hold.
-    enum class Half : std::uint8_t { none, user, client };
-    Half halfOf(Slot slot) const;
-    std::string_view userOf(Slot slot, Half half) const;
-
-    // A pending change that is the other half of the pair and not selected; kNoSlot when there is
-    // none. Costs a look at the changes that are about the same user.
-    Slot otherHalf(Slot slot) const;
-
-    // The text of a cell of the main list, cut to kCellBytes; empty where there is no column. Lives
-    // until the next change comes or changes.
-    std::string_view cellText(Slot change, ColumnId column) const;
-
-    // The whole text of a cell, not cut. Lives as long.
-    std::string_view wholeText(Slot change, ColumnId column) const;
-
-    // The pending changes about the same entity as `change`, itself included if it is pending, in
-    // the order of their keys; kMaxAbout at most. Costs a look at each.
-    static constexpr std::size_t kMaxAbout = 64;
-    std::vector<PendingChange> aboutTheSame(const PendingChange& change) const;
-
     // The change under `key`.
     std::optional<PendingChange> findRecord(std::string_view key) const;
 
-    // Its slot alone, or kNoSlot; and one of the texts of a slot that it had, empty for kNoSlot,
-    // until the next change comes or changes.
+    // Its slot alone, or kNoSlot. Its texts are about to be read.
     Slot find(std::string_view key) const;
-    enum class CodedText { maker, branch, broker, functionality, type };
-    std::string_view text(Slot slot, CodedText which) const;
 
     // Whether it is still pending, though perhaps with other texts. By slot: while there is a Hold.
     bool isPending(const PendingChange& change) const;
@@ -140,57 +101,31 @@ public:
     // when a new one of its key comes.
     class Hold {
     public:
-        explicit Hold(PendingChanges& changes) : m_changes(changes) { ++changes.m_holds; }
-        ~Hold() {
-            if (--m_changes.m_holds == 0) m_changes.m_gone = 0;
-        }
+        explicit Hold(PendingChanges& changes) : m_slots(changes.m_slots) { m_slots.hold(); }
+        ~Hold() { m_slots.release(); }
         Hold(const Hold&) = delete;
         Hold& operator=(const Hold&) = delete;
 
     private:
-        PendingChanges& m_changes;
+        FreeSlots& m_slots;
     };
 
 private:
-    struct OwnTexts {
-        ShortText key, entityName, linkedUser;
+    struct KeyOf {
+        const ChangeTable& table;
+        std::string_view operator()(Slot slot) const { return table.key(slot); }
     };
-    struct CodedField;
-    static const CodedField kCodedFields[];
-    static constexpr std::size_t kCodedCount = 5;
-
-    PendingChange read(Slot slot) const;
-    bool write(Slot slot, const ChangeTexts& texts);
-    bool renames(Slot slot, const ChangeTexts& texts) const;
-    Slot takeSlot();
-    void giveBack(Slot slot, bool mayBeHeld) noexcept;
     bool list(Slot slot, std::string_view key, const ChangeTexts& texts, Origin origin);
     void unlist(Slot slot, std::string_view key) noexcept;
-    QuickFilter::IsOne sameAs(Slot slot) const;
 
     RecordsView& m_view;
-    std::deque<OwnTexts> m_own;                    // by slot
-    std::array<ColumnTexts, kCodedCount> m_coded;  // by slot; in the order of CodedText
-    ColumnTexts m_kinds;                           // by slot: the names of the kinds of change
-    struct KeyOf {
-        const std::deque<OwnTexts>& own;
-        std::string_view operator()(Slot slot) const { return own[slot].key.view(); }
-    };
-    KeyIndex<KeyOf> m_index{KeyOf{m_own}};
-    struct EntitiesOf {
-        const PendingChanges& changes;
-        Entity own(Slot slot) const;
-        Entity linked(Slot slot) const;
-        Slot end() const { return static_cast<Slot>(changes.m_own.size()); }
-        bool pending(Slot slot) const { return changes.isPending(slot); }
-    };
-    mutable EntityIndex<EntitiesOf> m_byEntity{EntitiesOf{*this}};  // a question makes it complete
+    ChangeTable m_table;
+    KeyIndex<KeyOf> m_index{KeyOf{m_table}};
     RecordStore m_rows;
+    RelatedChanges m_related{m_table, m_rows};
     ChangeStates m_states;
     QuickFilter m_quickFilter;
-    std::vector<Slot> m_free;  // slots without a change, last those that went in a Hold
-    std::size_t m_gone = 0;    // how many of them went while there is a Hold
-    int m_holds = 0;
+    FreeSlots m_slots;
 };
 
 }  // namespace mc

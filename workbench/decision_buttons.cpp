@@ -1,0 +1,112 @@
+#include "workbench/decision_buttons.h"
+
+#include <algorithm>
+
+#include "framework/hwnd.h"
+#include "res/resource_ids.h"
+#include "workbench/rejection_dialog.h"
+
+namespace mc {
+namespace {
+
+// Deciding keys need Ctrl and Shift, and none of their letters is next to a viewing key's.
+constexpr fw::ActionKey kActionKeys[] = {
+    {'Y', true, IDC_ACCEPT, "Accept the selected changes (Ctrl+Shift+Y)"},
+    {'N', true, IDC_REJECT, "Reject the selected changes (Ctrl+Shift+N)"},
+    {'U', true, IDC_UPDATE, "Send the edited limits (Ctrl+Shift+U)"},
+    {VK_F5, false, IDC_RECOVER, "Ask for everything that is pending (F5)"},
+};
+
+constexpr char kPressedUnseen[] = "Not sent, as this changed just before the press: ";
+
+constexpr int kButtons[] = {IDC_ACCEPT, IDC_REJECT, IDC_UPDATE, IDC_RECOVER};  // of PressButton
+
+}  // namespace
+
+void DecisionButtons::open(Workbench& workbench) {
+    m_workbench = &workbench;
+    m_line.create(m_pane.handle(), IDC_PRESS_LINE);
+}
+
+void DecisionButtons::addButtons() {
+    for (std::size_t i = 0; i < std::size(kButtons); ++i) {
+        const HWND button = GetDlgItem(m_pane.handle(), kButtons[i]);
+        m_buttons.add(button);
+        m_line.watch(button, static_cast<PressButton>(i));
+    }
+}
+
+std::vector<HWND> DecisionButtons::windows() const {
+    std::vector<HWND> windows;
+    for (const int id : kButtons) windows.push_back(GetDlgItem(m_pane.handle(), id));
+    return windows;
+}
+
+std::span<const fw::ActionKey> DecisionButtons::keys() {
+    return kActionKeys;
+}
+
+// The press line lies under the buttons, and the lists take what is left.
+RECT DecisionButtons::arrange() {
+    RECT rect = m_pane.clientRect();
+    const int width = static_cast<int>(rect.right);
+    const int line = m_buttons.arrange(width) + m_pane.scaled(3), height = m_line.heightFor(width);
+    rect.left += m_pane.scaled(5);
+    rect.right -= m_pane.scaled(5);
+    rect.bottom -= m_pane.scaled(5);
+    rect.top = std::max(m_pane.scaled(55), line + height + m_pane.scaled(3));
+    SetWindowPos(m_line.handle(), nullptr, rect.left, line, std::max<int>(fw::widthOf(rect), 0),
+                 height, SWP_NOZORDER | SWP_NOACTIVATE);
+    return rect;
+}
+
+// The line is about this button from the press to its end, and says what the press does.
+template <class Decision>
+void DecisionButtons::press(PressButton button, Decision decision) {
+    decide([&](Workbench& workbench) {
+        if (!pressedInSight(button)) return;
+        struct Scope {
+            CPressLine& line;
+            ~Scope() { line.end(); }
+        } const scope(m_line);
+        m_line.begin(button);
+        decision(workbench);
+    });
+}
+
+// False for an Accept or Reject that the hand made before what it hits now could be seen.
+bool DecisionButtons::pressedInSight(PressButton button) {
+    const auto age = m_pane.takePressAge();
+    if (!age || (button != PressButton::accept && button != PressButton::reject)) return true;
+    if (m_workbench->sight().seen(PressSight::Milliseconds(*age))) return true;
+    m_line.refuse(kPressedUnseen);
+    return false;
+}
+
+PressLine DecisionButtons::describe(PressButton button) const {
+    if (m_workbench == nullptr) return {};
+    return describePress(m_workbench->presses().plan(button, m_lists.typed()),
+                         m_workbench->changes());
+}
+
+void DecisionButtons::accept() {
+    press(PressButton::accept, [](Workbench& workbench) {
+        workbench.presses().accept(workbench.changes().selectedRecords());
+    });
+}
+
+void DecisionButtons::reject() {
+    press(PressButton::reject, [](Workbench& workbench) {
+        workbench.presses().reject(workbench.changes().selectedRecords(), askRejectionReason);
+    });
+}
+
+void DecisionButtons::update() {
+    press(PressButton::update, [](Workbench& workbench) { workbench.presses().update(); });
+}
+
+void DecisionButtons::recover() {
+    press(PressButton::recover, [](Workbench& workbench) { workbench.presses().recover(); });
+}
+
+}  // namespace mc

@@ -1,0 +1,130 @@
+#include "workbench/model/records/change_table.h"
+
+#include "link/model/functionality.h"
+#include "workbench/model/records/main_list.h"
+
+namespace mc {
+
+// The texts with few different values, and the columns that show them. The code has none: the main
+// list shows the name of the kind.
+struct ChangeTable::CodedField {
+    std::optional<std::string_view> ChangeTexts::*given;
+    std::string sMakeCheckStruct::*field;
+    std::optional<ColumnId> column;
+};
+
+constexpr ChangeTable::CodedField ChangeTable::kCodedFields[kCodedCount] = {
+    {&ChangeTexts::makerId, &sMakeCheckStruct::makerId, kMakerColumn},
+    {&ChangeTexts::branchId, &sMakeCheckStruct::branchId, kBranchColumn},
+    {&ChangeTexts::brokerId, &sMakeCheckStruct::brokerId, kBrokerColumn},
+    {&ChangeTexts::functionalityCode, &sMakeCheckStruct::functionalityCode, std::nullopt},
+    {&ChangeTexts::type, &sMakeCheckStruct::type, std::nullopt},
+};
+
+void ChangeTable::shareWith(CellTexts& cells) {
+    cells.share(kKindColumn, m_kinds);
+    for (std::size_t i = 0; i < kCodedCount; ++i)
+        if (kCodedFields[i].column) cells.share(*kCodedFields[i].column, m_coded[i]);
+}
+
+// ---- Slots ----
+
+Slot ChangeTable::grow() {
+    for (ColumnTexts& column : m_coded) column.grow(m_own.size() + 1);
+    m_kinds.grow(m_own.size() + 1);
+    m_own.emplace_back();
+    return end() - 1;
+}
+
+void ChangeTable::clear() {
+    m_own.clear();
+    for (ColumnTexts& column : m_coded) column = {};
+    m_kinds = {};
+}
+
+// ---- Reading ----
+
+PendingChange ChangeTable::read(Slot slot) const {
+    PendingChange change;
+    change.slot = slot;
+    change.key = m_own[slot].key.view();
+    change.entityName = m_own[slot].entityName.view();
+    change.linkedUser = m_own[slot].linkedUser.view();
+    for (std::size_t i = 0; i < kCodedCount; ++i)
+        change.*kCodedFields[i].field = m_coded[i].text(slot);
+    return change;
+}
+
+std::string_view ChangeTable::cellText(Slot slot, ColumnId column) const {
+    return wholeText(slot, column).substr(0, kCellBytes - 1);
+}
+
+std::string_view ChangeTable::wholeText(Slot slot, ColumnId column) const {
+    std::string_view text;
+    if (column == kEntityColumn) text = m_own[slot].entityName.view();
+    if (column == kKeyColumn) text = m_own[slot].key.view();
+    if (column == kKindColumn) text = m_kinds.text(slot);
+    for (std::size_t i = 0; i < kCodedCount; ++i)
+        if (kCodedFields[i].column == column) text = m_coded[i].text(slot);
+    return text;
+}
+
+Entity ChangeTable::entity(Slot slot) const {
+    return entityOf(text(slot, CodedText::functionality), entityName(slot));
+}
+
+Entity ChangeTable::linkedEntity(Slot slot) const {
+    return linkedEntityOf(text(slot, CodedText::functionality), text(slot, CodedText::type),
+                          linkedUser(slot));
+}
+
+// Texts of one change lie in as many columns: fetching them one after the other would take longer
+// than reading the message that goes with them.
+void ChangeTable::prefetch(Slot slot) const {
+    for (const ColumnTexts& column : m_coded) column.prefetch(slot);
+    m_kinds.prefetch(slot);
+}
+
+// ---- Writing ----
+
+// What asks for memory comes first: a change is never written by half.
+bool ChangeTable::write(Slot slot, const ChangeTexts& texts) {
+    OwnTexts& own = m_own[slot];
+    OwnTexts made;
+    const auto make = [](ShortText& text, const ShortText& now, const ChangeTexts::Text& given) {
+        const bool other = given && now.view() != *given;
+        if (other) text = *given;
+        return other;
+    };
+    const bool otherEntity = make(made.entityName, own.entityName, texts.entityName);
+    const bool otherUser = make(made.linkedUser, own.linkedUser, texts.linkedUser);
+    std::array<ColumnTexts::Code, kCodedCount> codes{};
+    for (std::size_t i = 0; i < kCodedCount; ++i)
+        if (const auto& text = texts.*kCodedFields[i].given)
+            codes[i] = m_coded[i].codeFor(slot, *text);
+    const auto& code = texts.functionalityCode;
+    const bool otherKind = code && text(slot, CodedText::functionality) != *code;
+    const Functionality* const kind = otherKind ? findFunctionality(*code) : nullptr;
+    const ColumnTexts::Code kindCode =
+        otherKind ? m_kinds.codeFor(slot, kind != nullptr ? kind->displayName : "") : 0;
+
+    bool different = otherEntity || otherUser;
+    if (otherEntity) own.entityName.swap(made.entityName);
+    if (otherUser) own.linkedUser.swap(made.linkedUser);
+    for (std::size_t i = 0; i < kCodedCount; ++i)
+        if (texts.*kCodedFields[i].given) different |= m_coded[i].put(slot, codes[i]);
+    if (otherKind) m_kinds.put(slot, kindCode);
+    return different;
+}
+
+bool ChangeTable::renames(Slot slot, const ChangeTexts& texts) const {
+    const auto differs = [](const ChangeTexts::Text& given, std::string_view now) {
+        return given && *given != now;
+    };
+    return differs(texts.entityName, entityName(slot)) ||
+           differs(texts.linkedUser, linkedUser(slot)) ||
+           differs(texts.functionalityCode, text(slot, CodedText::functionality)) ||
+           differs(texts.type, text(slot, CodedText::type));
+}
+
+}  // namespace mc
