@@ -95,7 +95,6 @@ DetailGroups build(std::size_t kind, const FieldReader& answer) {
     DetailGroups groups = kind == 0   ? BuildUserDetails(answer)
                           : kind == 1 ? BuildClientDetails(answer)
                                       : BuildLimitsDetails(answer, kind == 2);
-    require(!groups.empty(), "there is something to show");
     for (const DetailGroup& group : groups) {
         require(!group.rows.empty() || groups.size() == 1, "a group has rows, or says that no has");
         for (const sMCListStruct& row : group.rows)

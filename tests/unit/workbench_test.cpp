@@ -109,11 +109,14 @@ TEST_F(WorkbenchTest, AnEmptyListSaysWhy) {
         {"open 1001", "Waiting for the details of DLR101, ADD USER, 1001"},
         {"error user 1001", "No details of DLR101, ADD USER, 1001: no such change"},
         {"open 1004", "DLR101, DELETE USER, 1004: changes of this kind have no details"},
+        {"open 1001", "Waiting for the details of DLR101, ADD USER, 1001"},
     };
     for (const auto& [step, text] : steps) {
         if (step != nullptr) take(step);
         EXPECT_EQ(view.caption.emptyText, text);
     }
+    answer("om_get_auth_user_details", {{MNM_USER, "DLR101"}, {MNM_EXCHANGE, "nse_cm"}});
+    EXPECT_EQ(view.caption.emptyText, "The details of DLR101, ADD USER, 1001 have nothing to show");
     host.control().works = false;
     take("open 1001");
     EXPECT_EQ(view.caption.emptyText,

@@ -186,8 +186,9 @@ std::string ShownDetails::editsText() const {
 std::string ShownDetails::emptyText() const {
     switch (m_state) {
         case State::none:
-        case State::shown:
             break;
+        case State::shown:  // the answer has fields, and none that makes a row
+            return "The details of " + m_name + " have nothing to show";
         case State::waiting:
             return "Waiting for the details of " + m_name;
         case State::withoutDetails:
