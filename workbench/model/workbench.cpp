@@ -178,8 +178,13 @@ bool Workbench::unselected() const {
 }
 
 void Workbench::selectionMade() {
-    if (m_changes.rows().selection().count() == 1) m_sight.chosen();
+    m_sight.selected(m_changes.rows().selection().count() == 1);
     followSelection();
+}
+
+void Workbench::selectionWaits() {
+    m_sight.selected(false);
+    selectionMoved();
 }
 
 // Details of a change that is not among the selected stay only with edits, and dimmed.

@@ -69,6 +69,8 @@ public:
     // The checker's hand changed the selection. Details of a change that is not among the selected
     // do not stay beside them, unless they hold unsent edits: then they are dimmed.
     void selectionMade();
+    // It did, and a text that is refused keeps the details until selectionMade().
+    void selectionWaits();
 
     // The selection changed otherwise: rows went, or a filter hid some. Nothing is emptied.
     void selectionMoved();
