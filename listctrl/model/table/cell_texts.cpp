@@ -18,12 +18,15 @@ std::string_view CellTexts::text(Slot record, ColumnId column) const {
     return texts != nullptr ? texts->text(record) : read(record, column);
 }
 
-ColumnTexts& CellTexts::column(ColumnId column, const SlotSequence& stored) {
+ColumnTexts& CellTexts::column(ColumnId column, const SlotSequence& stored, const LongWork& work) {
     if (const auto shared = m_shared.find(column); shared != m_shared.end()) return *shared->second;
-    const auto [at, fresh] = m_kept.try_emplace(column);
-    ColumnTexts& texts = at->second;
-    if (fresh) stored.forEach([&](Slot record) { texts.set(record, read(record, column)); });
-    return texts;
+    if (const auto kept = m_kept.find(column); kept != m_kept.end()) return kept->second;
+    ColumnTexts texts;
+    stored.forEach([&](Slot record) {
+        texts.set(record, read(record, column));
+        work.did();
+    });
+    return m_kept.emplace(column, std::move(texts)).first->second;
 }
 
 bool CellTexts::readsOnce(ColumnId column) {
@@ -32,6 +35,7 @@ bool CellTexts::readsOnce(ColumnId column) {
 
 void CellTexts::drop() {
     m_kept.clear();
+    ++m_drops;
     m_readOnce.reset();
 }
 

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "listctrl/model/table/distinct_values.h"
+#include "listctrl/model/table/long_work.h"
 #include "listctrl/model/table/slot_sequence.h"
 #include "listctrl/model/table/sort_order.h"
 #include "listctrl/model/table/text_table.h"
@@ -37,24 +38,29 @@ public:
         if (slot < m_codes.size()) __builtin_prefetch(m_codes.data() + slot);
     }
 
+    // Each of these three may be ended on the way: `slots` are then of no use, and the texts as
+    // good as before.
+
     // Takes the slots out whose texts don't match.
-    void keepMatching(const FilterPattern& pattern, std::vector<Slot>& slots);
+    void keepMatching(const FilterPattern& pattern, std::vector<Slot>& slots,
+                      const LongWork& work = {});
 
     // Sorts slots by the column; those that compare equal keep their order.
-    void sort(std::vector<Slot>& slots, Comparison comparison, int direction);
+    void sort(std::vector<Slot>& slots, Comparison comparison, int direction,
+              const LongWork& work = {});
 
     // The different texts of all `stored` slots, each with how many of `counted` hold it. One pass
     // over both, and one over the different texts.
     DistinctValues distinct(const SlotSequence& stored, std::span<const Slot> counted,
-                            ValueOrder order) const;
+                            ValueOrder order, const LongWork& work = {}) const;
 
 private:
     using Code = TextTable::Code;
 
     bool worn() const;
     void dropUnused();
-    void readNumbers();
-    void makeKeys(Comparison comparison);
+    void readNumbers(const LongWork& work);
+    void makeKeys(Comparison comparison, const LongWork& work);
     void sortByKeys(std::vector<Slot>& slots, int direction) const;
     template <class Compare>
     void sortByComparing(std::vector<Slot>& slots, int direction, Compare compare) const;

@@ -43,8 +43,9 @@ std::uint64_t bytesAt(std::string_view text, std::size_t depth) {
 // Sorts different texts that are equal up to `depth`: by their next eight bytes, then each run of
 // equal ones by the bytes behind.
 void sortTexts(const TextTable& texts, std::span<Keyed> codes, std::span<Keyed> scratch,
-               std::size_t depth) {
+               std::size_t depth, const LongWork& work) {
     constexpr std::size_t kFew = 48, kDeep = 64;
+    work.did(codes.size());
     if (codes.size() <= kFew || depth >= kDeep) {
         std::sort(codes.begin(), codes.end(), [&](const Keyed& a, const Keyed& b) {
             return texts.text(a.value) < texts.text(b.value);
@@ -56,7 +57,8 @@ void sortTexts(const TextTable& texts, std::span<Keyed> codes, std::span<Keyed> 
     for (std::size_t first = 0, end = 0; first < codes.size(); first = end) {
         while (end < codes.size() && codes[end].key == codes[first].key) ++end;
         const std::size_t run = end - first;
-        if (run > 1) sortTexts(texts, codes.subspan(first, run), scratch.first(run), depth + 8);
+        if (run > 1)
+            sortTexts(texts, codes.subspan(first, run), scratch.first(run), depth + 8, work);
     }
 }
 
@@ -75,10 +77,10 @@ void sortByKey(std::span<Keyed> items, std::span<Keyed> scratch) {
     if (from.data() != items.data()) std::copy(from.begin(), from.end(), items.begin());
 }
 
-std::vector<std::uint64_t> ranksOf(const TextTable& texts) {
+std::vector<std::uint64_t> ranksOf(const TextTable& texts, const LongWork& work) {
     std::vector<Keyed> codes(texts.size()), scratch(texts.size());
     for (std::uint32_t code = 0; code < codes.size(); ++code) codes[code].value = code;
-    sortTexts(texts, codes, scratch, 0);
+    sortTexts(texts, codes, scratch, 0, work);
     std::vector<std::uint64_t> ranks(codes.size());
     for (std::size_t rank = 0; rank < codes.size(); ++rank) ranks[codes[rank].value] = rank;
     return ranks;
