@@ -6,6 +6,7 @@
 //
 //   ListContent        columns, texts of cells, order
 //   CListUpdate        the control's number of rows follows the store
+//   CListWork          long work, which Esc ends
 //   CListHeader        header items, tips, where the cells are
 //   CListAppearance    colours, font, keywords
 //   CListPainter       draws rows
@@ -41,6 +42,7 @@
 #include "listctrl/list_painter.h"
 #include "listctrl/list_services.h"
 #include "listctrl/list_update.h"
+#include "listctrl/list_work.h"
 #include "listctrl/model/list_content.h"
 #include "listctrl/selection_answers.h"
 
@@ -103,6 +105,8 @@ public:
     void setListName(std::function<std::string()> name) { m_access.setListName(std::move(name)); }
     // What the keys and menus offer now.
     ListOffers offers() const { return m_commands.offers(); }
+    // What the strip above the list says of long work that was interrupted; mostly empty.
+    const std::string& workNote() const { return m_work.note(); }
     // What is drawn instead of the rows when there is no record.
     void setEmptyText(std::string text) { m_painter.setEmptyText(std::move(text)); }
 
@@ -122,6 +126,7 @@ protected:
     const CListHeader& header() const { return m_header; }
     CListPainter& painter() { return m_painter; }
     CListInput& input() { return m_input; }
+    CListWork& work() { return m_work; }
 
 private:
     LRESULT onGetDispInfo(NMLVDISPINFOA& info);
@@ -137,6 +142,7 @@ private:
     ListContent m_content;
     CellReader m_wholeReader;
     CListUpdate m_update;
+    CListWork m_work;
     CListHeader m_header;
     CListAppearance m_appearance;
     CListPainter m_painter;

@@ -40,11 +40,13 @@ HeldView held(CFilterListCtrl& list, const char* title, const char* keyName,
 }
 
 // Folds hide lines too, and are no news.
-std::string noteOf(const RecordStore& lines) {
+std::string noteOf(const RecordStore& lines, const std::string& work) {
     const std::size_t filters = lines.filters().columns().size();
-    if (filters == 0) return {};
-    return summaryText(
-        {.rows = lines.rowCount(), .records = lines.stored().size(), .filters = filters});
+    if (filters == 0) return work;
+    return summaryText({.rows = lines.rowCount(),
+                        .records = lines.stored().size(),
+                        .filters = filters,
+                        .work = work});
 }
 
 }  // namespace
@@ -66,22 +68,21 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
         m_line.update();
     });
     m_line.create(m_holder.handle(), IDC_DETAIL_LINE);
-    m_holder.setViews({held(*m_main, kMainTitle, kMainListName,
-                            [&changes] { return summaryText(queueSummary(changes)); }),
-                       held(
-                           *m_details, kDetailsTitle, kDetailsListName,
-                           [this] { return noteOf(m_lines.rows()); }, m_line.handle())});
+    m_holder.setViews(
+        {held(*m_main, kMainTitle, kMainListName, [this, &changes] { return mainNote(changes); }),
+         held(
+             *m_details, kDetailsTitle, kDetailsListName,
+             [this] { return noteOf(m_lines.rows(), m_details->workNote()); }, m_line.handle())});
     m_main->setColumns(
         kMainColumns,
         [&changes](Slot change, ColumnId column) { return changes.cellText(change, column); },
         kMandatoryMainColumns);
     m_main->setWholeReader(
         [&changes](Slot change, ColumnId column) { return changes.wholeText(change, column); });
-    m_main->setListName([&changes] {
-        return std::string(kMainTitle) + " - " + summaryText(queueSummary(changes));
-    });
+    m_main->setListName(
+        [this, &changes] { return std::string(kMainTitle) + " - " + mainNote(changes); });
     m_details->setListName([this] {
-        const std::string note = noteOf(m_lines.rows());
+        const std::string note = noteOf(m_lines.rows(), m_details->workNote());
         return fw::textOf(m_details->handle()) + (note.empty() ? "" : " - " + note);
     });
     m_main->offerColumns(true, true);
@@ -92,6 +93,12 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
     m_details->setAllowedCharacters(kAllowedInValues);
     m_details->setChoices({"E", "D"});
     captionDetails(m_caption);
+}
+
+std::string CheckerLists::mainNote(const PendingChanges& changes) const {
+    ListSummary summary = queueSummary(changes);
+    summary.work = m_main->workNote();
+    return summaryText(summary);
 }
 
 // ---- The windows ----

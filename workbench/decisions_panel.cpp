@@ -28,7 +28,9 @@ bool DecisionsPanel::create(HWND pane, DecisionLog& log) {
         return false;
     m_list->setEmptyText("No decisions in this session");
     m_frame.setViews(
-        {{m_list->handle(), titleOf(log), "", [this] { m_list->command(kCustomizeCommand); }}});
+        {{m_list->handle(), titleOf(log), "", [this] { m_list->command(kCustomizeCommand); },
+          [this] { return m_list->workNote(); }}});
+    m_list->onUpdate([this] { m_frame.noteChanged(0); });
     m_list->setColumns(
         kDecisionColumns,
         [&log](Slot decision, ColumnId column) { return log.cellText(decision, column); },

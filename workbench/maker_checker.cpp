@@ -256,10 +256,11 @@ void CMakerChecker::showKeys() {
 
 void CMakerChecker::chooseQuickFilter(PaneCommand command) {
     QuickFilter& filter = m_workbench->changes().quickFilter();
+    const QuickFilter::Choice before = filter.choice();
     if (command == PaneCommand::nextQuickFilter) filter.next();
     if (command == PaneCommand::quickFilterBack) filter.back();
     if (command == PaneCommand::quickFilterOff) filter.choose(QuickFilter::Kind::off);
-    applyMainFilter();
+    if (!applyMainFilter()) filter.putBack(before);
 }
 
 void CMakerChecker::layOutAgain() {
@@ -355,9 +356,10 @@ void CMakerChecker::openNext() {
     });
 }
 
-void CMakerChecker::applyMainFilter() {
-    m_lists.applyMainFilter();
+bool CMakerChecker::applyMainFilter() {
+    const bool applied = m_lists.applyMainFilter();
     if (m_workbench != nullptr) m_workbench->selectionMoved();
+    return applied;
 }
 
 // While a text in the details is refused, they stay until its editor closes.

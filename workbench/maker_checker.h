@@ -64,7 +64,7 @@ private:
     void onNextNeighbour();
     void onSelectionMade(NMHDR& header);
     void onMainFilterChanged(NMHDR&) { applyMainFilter(); }
-    void applyMainFilter();
+    bool applyMainFilter();
     void onDetailsFilterChanged(NMHDR&) { m_lists.applyDetailsFilter(); }
     void onDecisionsFilterChanged(NMHDR&) { m_decisions.applyFilter(); }
     void onValueTyped() { m_line.stale(); }

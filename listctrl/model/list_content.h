@@ -51,7 +51,7 @@ public:
     }
 
     // Compiles the expressions and sorts again. Costs as much as the sort.
-    void columnsChanged();
+    void columnsChanged(const LongWork& work = {});
     void columnRemoved(ColumnId removed);
 
 private:

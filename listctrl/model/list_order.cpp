@@ -30,11 +30,11 @@ void ListOrder::setStandard(std::optional<ColumnSort> sort) {
     if (m_standard) m_current = m_standard;
 }
 
-void ListOrder::columnsChanged() {
+void ListOrder::columnsChanged(const LongWork& work) {
     if (m_standard && !m_columns.positionOf(m_standard->column)) m_standard.reset();
     if (!m_current) return;
     if (m_columns.positionOf(m_current->column))
-        sort(*m_current);
+        sort(*m_current, work);
     else
         end();
 }

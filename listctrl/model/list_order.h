@@ -30,7 +30,7 @@ public:
     void setStandard(std::optional<ColumnSort> sort);
 
     // Other columns show: sorts again, or ends a sort by a column that is hidden now.
-    void columnsChanged();
+    void columnsChanged(const LongWork& work = {});
     // A user-defined column went.
     void columnRemoved(ColumnId removed);
 
