@@ -64,8 +64,11 @@ void Marquee::stretchTo(Rows rows) {
     }
 }
 
+// What was selected before stays as it was: a row that the list selected is the hand's only when
+// the hand selects it alone or instead of others.
 void Marquee::take(std::size_t row) {
-    m_selection.select(row, true);
+    const bool was = m_adds && m_selection.wasSelected(m_rows.slotAt(row));
+    if (!was) m_selection.select(row, true);
 }
 
 void Marquee::leave(Slot record) {
