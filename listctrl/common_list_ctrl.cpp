@@ -20,13 +20,14 @@ CCommonListCtrl::CCommonListCtrl(ListServices& services, RecordStore& store)
     : m_services(services),
       m_content(store, [this] { PostMessageA(handle(), kInvalidFound, 0, 0); }),
       m_update(*this, store),
+      m_work(*this, m_update),
       m_header(*this),
       m_appearance(*this, services, *this),
       m_painter(*this, m_content, m_header, m_appearance),
       m_cellTip(*this, m_header, m_painter),
       m_input(*this, m_content, m_header, m_update),
       m_answers(store, m_input),
-      m_columns(*this, services, *this, {m_content, m_header, m_update, m_painter}),
+      m_columns(*this, services, *this, {m_content, m_header, m_update, m_work, m_painter}),
       m_commands(*this, services, *this, {m_content, m_columns, m_appearance, m_input}),
       m_access(*this, m_content, *this) {
     allLists().push_back(this);
@@ -82,6 +83,7 @@ std::vector<NamedText> CCommonListCtrl::wholeTexts(std::size_t row, ColumnId col
 
 // Widths are in the font, and so is the header's height.
 void CCommonListCtrl::fontChanged() {
+    m_input.endMarquee();
     m_painter.fontChanged();
     m_header.measure();
 }
@@ -96,6 +98,7 @@ LRESULT CCommonListCtrl::onGetDialogCode(const MSG* message) {
 void CCommonListCtrl::onPaint() {
     controlDefault(WM_PAINT, 0, 0);
     m_painter.drawEmptyText();
+    m_input.drawMarquee();
 }
 
 const fw::MessageMap& CCommonListCtrl::baseMap() {
@@ -126,7 +129,11 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::on<WM_LBUTTONDOWN, &C::m_input, &CListInput::onButtonDown>(),
         fw::on<WM_LBUTTONUP, &C::m_input, &CListInput::onButtonUp>(),
         fw::on<WM_LBUTTONDBLCLK, &C::m_input, &CListInput::onDoubleClick>(),
+        fw::offer<WM_MOUSEMOVE, &C::m_input, &CListInput::onMouseMove>(),
         fw::observe<WM_MOUSEMOVE, &C::m_cellTip, &CCellTip::onMouseMove>(),
+        fw::observe<WM_CAPTURECHANGED, &C::m_input, &CListInput::onCaptureLost>(),
+        fw::offer<WM_TIMER, &C::m_input, &CListInput::onTimer>(),
+        fw::offer<WM_TIMER, &C::m_work, &CListWork::onTimer>(),
         fw::on<WM_RBUTTONDOWN, &C::m_input, &CListInput::onRightDown>(),
         fw::on<WM_RBUTTONUP, &C::m_input, &CListInput::onRightUp>(),
         fw::offer<WM_KEYDOWN, &C::m_input, &CListInput::onKeyDown>(),

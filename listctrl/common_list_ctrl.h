@@ -6,6 +6,7 @@
 //
 //   ListContent        columns, texts of cells, order
 //   CListUpdate        the control's number of rows follows the store
+//   CListWork          long work, which Esc ends
 //   CListHeader        header items, tips, where the cells are
 //   CListAppearance    colours, font, keywords
 //   CListPainter       draws rows
@@ -40,6 +41,7 @@
 #include "listctrl/list_painter.h"
 #include "listctrl/list_services.h"
 #include "listctrl/list_update.h"
+#include "listctrl/list_work.h"
 #include "listctrl/model/list_content.h"
 #include "listctrl/selection_answers.h"
 
@@ -75,6 +77,7 @@ public:
     CListPainter& painter() { return m_painter; }
     CListInput& input() { return m_input; }
     CListAccess& access() { return m_access; }
+    CListWork& work() { return m_work; }
 
     // Whether the list uses a key, with the modifiers that are down now: it is then the list's
     // while the list has the focus, and not the host's accelerators'.
@@ -105,6 +108,7 @@ private:
     std::function<void()> m_updated;
     ListContent m_content;
     CListUpdate m_update;
+    CListWork m_work;
     CListHeader m_header;
     CListAppearance m_appearance;
     CListPainter m_painter;

@@ -1,6 +1,7 @@
 #include "listctrl/filter_box.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "framework/handles.h"
 #include "listctrl/list_colors.h"
@@ -254,8 +255,13 @@ void CFilterBox::onNotification(UINT code) {
 
 void CFilterBox::onDropped() {
     const bool byName = isDown(VK_CONTROL);
-    m_box.dropped(m_owner.filterChoices(
-        m_item, byName ? ValueOrder::alphabetical : ValueOrder::mostFrequent));
+    auto choices =
+        m_owner.filterChoices(m_item, byName ? ValueOrder::alphabetical : ValueOrder::mostFrequent);
+    if (!choices) {
+        PostMessageA(handle(), CB_SHOWDROPDOWN, FALSE, 0);
+        return;
+    }
+    m_box.dropped(std::move(*choices));
     fill();
     show();
     PostMessageA(handle(), kSettle, 0, 0);
@@ -357,9 +363,9 @@ void CFilterBox::show() {
     SendMessageA(edit(), EM_SETSEL, end, whole ? 0 : static_cast<LPARAM>(end));
 }
 
-void CFilterBox::clear() {
+void CFilterBox::putBack(ColumnFilter filter) {
     KillTimer(handle(), kPauseTimer);
-    m_box = FilterBox();
+    m_box = FilterBox(std::move(filter));
     close(false);
 }
 

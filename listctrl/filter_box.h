@@ -20,7 +20,8 @@ namespace mc {
 // What the boxes ask the list that they belong to, and report to it. An item is a shown column.
 class FilterHeaderOwner {
 public:
-    virtual DistinctValues filterChoices(int item, ValueOrder order) = 0;
+    // None when the user ended it.
+    virtual std::optional<DistinctValues> filterChoices(int item, ValueOrder order) = 0;
     // Another filter applies. Called last: the box may be gone when it returns.
     virtual void filterChanged() = 0;
     // A part of the list, such as a box, got the focus or lost it.
@@ -45,8 +46,9 @@ public:
     const ColumnFilter& filter() const { return m_box.applied(); }
     HWND edit() const { return m_edit.handle(); }
 
-    // Ends the filter without a call of the owner.
-    void clear();
+    // Ends the filter, or has another one, without a call of the owner.
+    void clear() { putBack({}); }
+    void putBack(ColumnFilter filter);
 
     // Enter or Esc, just pressed; false for any other key. A key that is held down counts once: its
     // repetitions are kept from here.

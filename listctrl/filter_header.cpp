@@ -107,6 +107,13 @@ void CFilterHeader::clear() {
     InvalidateRect(handle(), nullptr, FALSE);
 }
 
+void CFilterHeader::putBack(int item, ColumnFilter filter) {
+    const auto box = static_cast<std::size_t>(item);
+    if (box < m_boxes.size() && m_boxes[box]->filter() != filter)
+        m_boxes[box]->putBack(std::move(filter));
+    InvalidateRect(handle(), nullptr, FALSE);
+}
+
 std::vector<HWND> CFilterHeader::stops() const {
     std::vector<HWND> edits;
     for (const auto& box : m_boxes) edits.push_back(box->edit());

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "framework/handles.h"
 #include "listctrl/list_notices.h"
 
 namespace mc {
@@ -16,12 +15,14 @@ void CFilterListCtrl::addOffers(ListOffers& offers) const {
 bool CFilterListCtrl::runOwnCommand(unsigned command) {
     switch (command) {
         case kResetFiltersCommand:
-            resetFilters();
+            resetByHand();
             return true;
-        case kMatchExactlyCommand:
-            store().filters().setMatchExactly(!store().filters().matchExactly());
-            applyFilter();
+        case kMatchExactlyCommand: {
+            const RowFilters before = store().filters();
+            store().filters().setMatchExactly(!before.matchExactly());
+            pass(&before);
             return true;
+        }
         default:
             return false;
     }
@@ -45,7 +46,7 @@ void CFilterListCtrl::headerBuilt() {
     SendMessageA(handle(), WM_SIZE, SIZE_RESTORED, MAKELPARAM(client.right, client.bottom));
     m_filters.layOutBoxes();
     if (!first)
-        applyFilter();  // the filter of a column that went, or was hidden, ends with its box
+        pass(nullptr);  // the filter of a column that went, or was hidden, ends with its box
 }
 
 void CFilterListCtrl::columnRemoved(ColumnId removed) {
@@ -70,27 +71,60 @@ void CFilterListCtrl::fontChanged() {
     headerBuilt();
 }
 
-void CFilterListCtrl::applyFilter() {
+bool CFilterListCtrl::applyFilter() {
+    const RowFilters before = store().filters();
+    return pass(&before);
+}
+
+void CFilterListCtrl::resetFilters() {
+    m_filters.clear();
+    pass(nullptr);
+}
+
+bool CFilterListCtrl::resetByHand() {
+    const RowFilters before = store().filters();
+    m_filters.clear();
+    return pass(&before);
+}
+
+// Without the filters that were there before Esc does not end it.
+bool CFilterListCtrl::pass(const RowFilters* before) {
+    input().endMarquee();
     cellsMove();
-    const fw::WaitCursorScope wait;
     store().filters().clear();
     for (std::size_t item = 0; item < m_boxColumns.size(); ++item) {
         const ColumnFilter filter = m_filters.filter(static_cast<int>(item));
         store().filters().set(m_boxColumns[item], filter.text, filter.kind);
     }
-    const RecordStore::Outcome outcome = store().filter();
+    RecordStore::Outcome outcome{};
+    const auto filtered = [&](const LongWork& work) {
+        outcome = store().filter(work);
+        return outcome != RecordStore::Outcome::ended;
+    };
+    if (before == nullptr) {
+        CListWork::finish(filtered);
+    } else if (!work().run("filtering", filtered)) {
+        putBack(*before);
+        return false;
+    }
     storeChanged();
     if (const char* const text = messageOf(outcome)) services().showMessage(text);
+    return true;
 }
 
-void CFilterListCtrl::resetFilters() {
-    m_filters.clear();
-    applyFilter();
+void CFilterListCtrl::putBack(const RowFilters& before) {
+    store().filters() = before;
+    for (std::size_t item = 0; item < m_boxColumns.size(); ++item)
+        m_filters.putBack(static_cast<int>(item), before.of(m_boxColumns[item]));
 }
 
-DistinctValues CFilterListCtrl::filterChoices(int item, ValueOrder order) {
-    const fw::WaitCursorScope wait;
-    return store().distinctValues(m_boxColumns[static_cast<std::size_t>(item)], order);
+std::optional<DistinctValues> CFilterListCtrl::filterChoices(int item, ValueOrder order) {
+    std::optional<DistinctValues> choices;
+    work().run("listing the values", [&](const LongWork& work) {
+        choices = store().distinctValues(m_boxColumns[static_cast<std::size_t>(item)], order, work);
+        return choices.has_value();
+    });
+    return choices;
 }
 
 void CFilterListCtrl::filterChanged() {

@@ -16,8 +16,10 @@ class CFilterListCtrl : public CCommonListCtrl, private FilterHeaderOwner {
 public:
     using CCommonListCtrl::CCommonListCtrl;
 
-    // Runs a filter pass with what applies in the boxes, whatever is being typed in them.
-    void applyFilter();
+    // Runs a filter pass with what applies in the boxes, whatever is being typed in them. False
+    // when Esc ended it: the boxes then have what applied before.
+    bool applyFilter();
+    // Takes all filters off; Esc does not end it.
     void resetFilters();
 
     // The edits of the filter row, for the order of tabs.
@@ -39,8 +41,13 @@ protected:
     // the list.
     void partFocusChanged() override;
 
+    // resetFilters(), which Esc may end; false then.
+    bool resetByHand();
+
 private:
-    DistinctValues filterChoices(int item, ValueOrder order) override;
+    std::optional<DistinctValues> filterChoices(int item, ValueOrder order) override;
+    bool pass(const RowFilters* before);
+    void putBack(const RowFilters& before);
     void filterChanged() override;
 
     CFilterHeader m_filters{*this};

@@ -22,7 +22,8 @@ ListSnapshot CListAccess::present() const {
     if (!now.focus) return now;
     now.record = store.slotAt(*now.focus);
     now.focusSelected = store.selection().selected(*now.focus);
-    now.name = rowName(*now.focus);
+    // Only whoever listens hears that it is another one; who asks for it gets it made then.
+    if (IsWinEventHookInstalled(EVENT_OBJECT_NAMECHANGE) != 0) now.name = rowName(*now.focus);
     return now;
 }
 

@@ -24,7 +24,10 @@ LRESULT handOn(const fw::CWindow& list, NMHEADERA& info) {
 
 void CListColumns::columnsChanged() {
     m_hooks.cellsMove();
-    m_parts.content.columnsChanged();
+    CListWork::finish([this](const LongWork& work) {
+        m_parts.content.columnsChanged(work);
+        return true;
+    });
     m_parts.header.build(m_parts.content.columns());
     m_parts.header.measure();
     m_hooks.headerBuilt();
@@ -76,23 +79,36 @@ void CListColumns::onKeepWidth(ColumnId column) {
 void CListColumns::onCaptionClick(NMLISTVIEW& click) {
     if (click.iSubItem < 0 || click.iSubItem >= m_parts.content.shownCount()) return;
     if (!m_hooks.beforeCellsMove()) return;
-    const fw::WaitCursorScope wait;
-    m_parts.content.order().captionClicked(m_parts.content.columnAt(click.iSubItem));
-    showOrder();
+    const ColumnId column = m_parts.content.columnAt(click.iSubItem);
+    const bool sorted = m_parts.work.run("sorting", [&](const LongWork& work) {
+        return m_parts.content.order().captionClicked(column, work);
+    });
+    if (sorted) showOrder();
+}
+
+std::vector<int> CListColumns::fittedWidths(unsigned command, const LongWork& work) const {
+    const int client = static_cast<int>(m_list.clientRect().right);
+    const int count = m_parts.content.shownCount();
+    std::vector<int> widths;
+    for (int item = 0; item < count; ++item) {
+        const ColumnId column = m_parts.content.columnAt(item);
+        const int data = command != kFitToWindowCommand ? m_parts.painter.dataWidth(item, work) : 0;
+        const int whole = std::max(data, m_parts.painter.captionWidth(column));
+        widths.push_back(fittedWidth(command, data, whole, client, count));
+    }
+    return widths;
 }
 
 void CListColumns::fit(unsigned command) {
-    const fw::RedrawOffScope off(m_list.handle());
-    const int client = static_cast<int>(m_list.clientRect().right);
+    std::vector<int> widths;
+    const bool measured = m_parts.work.run("fitting the columns", [&](const LongWork& work) {
+        widths = fittedWidths(command, work);
+        return true;
+    });
     const int count = m_parts.content.shownCount();
-    const bool measured = command != kFitToWindowCommand;
-    for (int item = 0; item < count; ++item) {
-        const ColumnId column = m_parts.content.columnAt(item);
-        const int data = measured ? m_parts.painter.dataWidth(item) : 0;
-        const int whole = std::max(data, m_parts.painter.captionWidth(column));
-        const int width = fittedWidth(command, data, whole, client, count);
-        setWidth(item, width);
-    }
+    if (!measured || widths.size() != static_cast<std::size_t>(count)) return;
+    const fw::RedrawOffScope off(m_list.handle());
+    for (int item = 0; item < count; ++item) setWidth(item, widths[static_cast<std::size_t>(item)]);
     m_parts.header.measure();
     m_hooks.headerBuilt();
     keepWidths(m_parts.content.columns().shown());

@@ -4,6 +4,7 @@
 
 #include <span>
 #include <string>
+#include <vector>
 
 #include "framework/window.h"
 #include "listctrl/dialogs/model/column_choice.h"
@@ -12,6 +13,7 @@
 #include "listctrl/list_painter.h"
 #include "listctrl/list_services.h"
 #include "listctrl/list_update.h"
+#include "listctrl/list_work.h"
 #include "listctrl/model/expression/expression.h"
 #include "listctrl/model/list_content.h"
 
@@ -23,6 +25,7 @@ public:
         ListContent& content;
         CListHeader& header;
         CListUpdate& update;
+        CListWork& work;
         const CListPainter& painter;
     };
     // All must outlive the object.
@@ -37,7 +40,8 @@ public:
     // Stores the profile. A failure is shown, and false.
     bool saveProfile();
 
-    // Gives every column a new width (kFitTo...Command), which is kept. Costs a look at every cell.
+    // Gives every column a new width (kFitTo...Command), which is kept. Costs a look at every cell,
+    // which Esc may end: then no width changes.
     void fit(unsigned command);
 
     // Makes a column wider by some steps, or narrower, and keeps its width.
@@ -64,6 +68,7 @@ private:
     void applyLayout(const ColumnLayout& layout);
     void showOrder();
     void setWidth(int item, int width);
+    std::vector<int> fittedWidths(unsigned command, const LongWork& work) const;
     void keepWidths(std::span<const ColumnId> columns);
     bool isWidthChange(const NMHEADERA& info) const;
 

@@ -56,7 +56,8 @@ bool CListExport::write(const ProgressStep& step) {
     return sheet.WriteToExcel(this, giveCell) != 0;
 }
 
-void VOSK_CALL CListExport::giveCell(void* self, int row, int column, const char*& text, int& type) {
+void VOSK_CALL CListExport::giveCell(void* self, int row, int column, const char*& text,
+                                     int& type) {
     constexpr std::size_t kMaxCaption = 255;
     auto& list = *static_cast<CListExport*>(self);
     list.m_stopped = list.m_stopped || !list.m_step(static_cast<std::size_t>(row));

@@ -62,11 +62,38 @@ bool CListInput::press(POINT client) {
     SetFocus(m_list.handle());  // an editor that loses it may ask the user
     if (m_list.handle() == nullptr) return false;
     m_find.end();
-    if (const auto cell = m_header.cellAt(client)) m_column = m_content.columnAt(cell->item);
-    return select([&] { m_rules.click(m_header.rowAt(client), modifiersDown()); });
+    const auto cell = m_header.cellAt(client);
+    const Modifiers keys = modifiersDown();
+    if (cell)
+        m_column = m_content.columnAt(cell->item);
+    else
+        m_marquee.press(keys.ctrl || keys.shift);
+    if (!select([&] { m_rules.click(m_header.rowAt(client), keys); })) return false;
+    if (!cell) m_marquee.begin(client);
+    return true;
+}
+
+bool CListInput::onMouseMove(POINT client) {
+    if (!m_marquee.drags(client)) return false;
+    select([&] { m_marquee.moveTo(client); });
+    return true;
+}
+
+bool CListInput::onTimer(UINT_PTR id) {
+    const auto mouse = m_marquee.onTimer(id);
+    return mouse && onMouseMove(*mouse);
+}
+
+void CListInput::onCaptureLost() {
+    if (m_marquee.isLost()) select([this] { m_marquee.putBack(); });
+}
+
+void CListInput::endMarquee() {
+    if (GetCapture() == m_list.handle() && m_list.handle() != nullptr) ReleaseCapture();
 }
 
 void CListInput::onButtonUp(POINT client) {
+    if (m_marquee.end()) return;
     notifyParent(m_list.handle(), NM_CLICK, client, m_header.rowAt(client));
 }
 
@@ -167,6 +194,7 @@ void CListInput::onCharacter(UINT character) {
 
 void CListInput::onFocusChanged() {
     m_find.end();
+    if (GetFocus() != m_list.handle()) endMarquee();
     InvalidateRect(m_list.handle(), nullptr, FALSE);
 }
 

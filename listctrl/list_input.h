@@ -12,6 +12,7 @@
 
 #include "framework/window.h"
 #include "listctrl/list_header.h"
+#include "listctrl/list_marquee.h"
 #include "listctrl/list_update.h"
 #include "listctrl/model/list_content.h"
 #include "listctrl/model/table/selection_rules.h"
@@ -31,7 +32,8 @@ public:
           m_content(content),
           m_header(header),
           m_update(update),
-          m_rules(content.store()) {}
+          m_rules(content.store()),
+          m_marquee(list, header, content.store()) {}
 
     // Changes the selection for the checker, and notifies the parent if that changed it. This and
     // the next three: false when the list ended with that.
@@ -57,8 +59,15 @@ public:
     POINT rowPoint() const;
     POINT captionPoint() const;
 
+    // A drag from empty ground that selects rows ends; the selection is put back.
+    void endMarquee();
+    void drawMarquee() const { m_marquee.draw(); }
+
     void onButtonDown(POINT client) { press(client); }
     void onButtonUp(POINT client);
+    bool onMouseMove(POINT client);
+    void onCaptureLost();
+    bool onTimer(UINT_PTR id);
     void onDoubleClick(POINT client) { pressTwice(client); }
     void onRightDown(POINT client);
     void onRightUp(POINT client);
@@ -77,6 +86,7 @@ private:
     const CListHeader& m_header;
     CListUpdate& m_update;
     SelectionRules m_rules;
+    CListMarquee m_marquee;
     TypeToFind m_find;
     std::optional<ColumnId> m_column;
     bool m_keyTaken = false;

@@ -1,7 +1,6 @@
 #include "listctrl/list_painter.h"
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -15,6 +14,7 @@ namespace {
 // No screen is wider than this many characters, and this many fill one.
 constexpr std::size_t kMaxDrawn = 4096;
 constexpr std::size_t kMaxTip = 1000;
+constexpr std::string_view kDots = "...";
 
 void fill(HDC dc, const RECT& rect, COLORREF color) {
     SetBkColor(dc, color);
@@ -82,47 +82,39 @@ std::string_view CListPainter::textOf(ListCell cell, const CellLook& look) const
 
 void CListPainter::drawText(HDC dc, ListCell cell, const RECT& rect, const CellLook& look) const {
     const ColumnId column = m_content.columnAt(cell.item);
-    const std::string_view text = textOf(cell, look);
+    const std::string_view text = textOf(cell, look).substr(0, kMaxDrawn);
     RECT inside{rect.left + margin() + look.indent, rect.top, rect.right - margin(), rect.bottom};
     if (text.empty() || inside.right <= inside.left) return;
     // The platform aligns the first column of a list, and its caption, to the left.
     const int flag =
         cell.item == 0 ? 0 : m_content.columns().descriptor(column).flag & LVCFMT_JUSTIFYMASK;
     const int room = static_cast<int>(inside.right - inside.left);
-    const int spare = room - m_widths.widthOf(text, look.font);
-    const auto size = static_cast<int>(std::min(text.size(), kMaxDrawn));
-    if (spare >= 0) {  // fits, which is quick to draw
-        if (!look.runs.empty()) {
-            inside.left += flag == 1 ? spare : flag == 2 ? spare / 2 : 0;
-            return drawMarkedText(dc, {text, look, m_widths, m_list.scaled(2)}, inside);
-        }
-        return drawLetters(dc, {text.substr(0, static_cast<std::size_t>(size)), look.font}, inside,
-                           flag);
-    }
-    if (!look.runs.empty())
+    INT steps[kMaxDrawn + kDots.size()];
+    const int width = m_widths.stepsOf(text, look.font, steps);
+    const bool fits = width <= room;
+    if (!look.runs.empty()) {
+        if (fits) inside.left += flag == 1 ? room - width : flag == 2 ? (room - width) / 2 : 0;
         return drawMarkedText(dc, {text, look, m_widths, m_list.scaled(2)}, inside);
+    }
+    if (fits) return drawLetters(dc, {text, steps, width}, inside, flag);
     const std::string cut = cutText(text, room, look.font);
-    drawLetters(dc, {cut, look.font}, inside, flag);
+    const int cutWidth = m_widths.stepsOf(cut, look.font, steps);
+    drawLetters(dc, {cut, steps, cutWidth}, inside, flag);
 }
 
 // Each character as wide as it was measured: the platform may draw it narrower or wider by a pixel,
 // and a text that is aligned by its width would end elsewhere.
-void CListPainter::drawLetters(HDC dc, Letters letters, const RECT& rect, int flag) const {
-    std::vector<INT> steps;
-    steps.reserve(letters.text.size());
-    for (const char& letter : letters.text)
-        steps.push_back(m_widths.widthOf({&letter, 1}, letters.font));
-    const int width = std::accumulate(steps.begin(), steps.end(), 0);
-    const int room = static_cast<int>(rect.right - rect.left), spare = std::max(room - width, 0);
+void CListPainter::drawLetters(HDC dc, const Letters& letters, const RECT& rect, int flag) {
+    const int room = static_cast<int>(rect.right - rect.left);
+    const int spare = std::max(room - letters.width, 0);
     const int left = static_cast<int>(rect.left) + (flag == 1 ? spare : flag == 2 ? spare / 2 : 0);
-    const UINT options = width > room ? ETO_CLIPPED : 0;
+    const UINT options = letters.width > room ? ETO_CLIPPED : 0;
     ExtTextOutA(dc, left, static_cast<int>(rect.top), options, &rect, letters.text.data(),
-                static_cast<UINT>(letters.text.size()), steps.data());
+                static_cast<UINT>(letters.text.size()), letters.steps);
 }
 
 // As much of a text that does not fit as does with dots behind it.
 std::string CListPainter::cutText(std::string_view text, int room, HFONT font) const {
-    constexpr std::string_view kDots = "...";
     int left = room - m_widths.widthOf(kDots, font);
     std::size_t end = 0;
     while (end < text.size()) {
@@ -190,10 +182,12 @@ int CListPainter::drawnWidth(ListCell cell, const CellLook& look) const {
     return look.indent + m_widths.widthOf(textOf(cell, look), look.font);
 }
 
-int CListPainter::dataWidth(int item) const {
+int CListPainter::dataWidth(int item, const LongWork& work) const {
     int widest = 0;
-    for (std::size_t row = 0; row < m_content.store().rowCount(); ++row)
+    for (std::size_t row = 0; row < m_content.store().rowCount(); ++row) {
         widest = std::max(widest, drawnWidth({row, item}, lookOf(row, item)));
+        work.did();
+    }
     return widest + 2 * margin();
 }
 

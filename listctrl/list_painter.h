@@ -39,7 +39,7 @@ public:
 
     int captionWidth(ColumnId column) const;
     // What the widest text of an item's column needs. Costs a look at every row.
-    int dataWidth(int item) const;
+    int dataWidth(int item, const LongWork& work) const;
     // What the tip of a cell says: its text, up to a screenful, when not all of it shows, and what
     // the list's looks add. Empty: there is none.
     std::string tipOf(ListCell cell) const;
@@ -53,9 +53,10 @@ private:
     std::string_view textOf(ListCell cell, const CellLook& look) const;
     struct Letters {
         std::string_view text;
-        HFONT font;  // that the device context has
+        const INT* steps;  // from each to the next
+        int width;         // of all
     };
-    void drawLetters(HDC dc, Letters letters, const RECT& rect, int flag) const;
+    static void drawLetters(HDC dc, const Letters& letters, const RECT& rect, int flag);
     std::string cutText(std::string_view text, int room, HFONT font) const;
     void drawText(HDC dc, ListCell cell, const RECT& rect, const CellLook& look) const;
     bool isCutOff(ListCell cell) const;

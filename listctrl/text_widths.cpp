@@ -13,6 +13,14 @@ int CTextWidths::widthOf(std::string_view text, HFONT font) const {
     });
 }
 
+int CTextWidths::stepsOf(std::string_view text, HFONT font, INT* steps) const {
+    const CharWidths& widths = charWidths(font);
+    return std::accumulate(text.begin(), text.end(), 0, [&](int width, char c) {
+        *steps = widths[static_cast<unsigned char>(c)];
+        return width + *steps++;
+    });
+}
+
 const CTextWidths::CharWidths& CTextWidths::charWidths(HFONT font) const {
     const auto [at, fresh] = m_widths.try_emplace(font);
     if (!fresh) return at->second;

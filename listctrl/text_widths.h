@@ -19,6 +19,9 @@ public:
     // In pixels, in a font or in the list's (null). Costs an addition per character.
     int widthOf(std::string_view text, HFONT font = nullptr) const;
 
+    // The same, and how wide each character is, for as many as the text has.
+    int stepsOf(std::string_view text, HFONT font, INT* steps) const;
+
     // The list has another font, and others may be gone.
     void fontChanged() { m_widths.clear(); }
 

@@ -40,11 +40,13 @@ HeldView held(CFilterListCtrl& list, const char* title, const char* keyName,
 }
 
 // Folds hide lines too, and are no news.
-std::string noteOf(const RecordStore& lines) {
+std::string noteOf(const RecordStore& lines, const std::string& work) {
     const std::size_t filters = lines.filters().columns().size();
-    if (filters == 0) return {};
-    return summaryText(
-        {.rows = lines.rowCount(), .records = lines.stored().size(), .filters = filters});
+    if (filters == 0) return work;
+    return summaryText({.rows = lines.rowCount(),
+                        .records = lines.stored().size(),
+                        .filters = filters,
+                        .work = work});
 }
 
 }  // namespace
@@ -66,11 +68,12 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
         m_line.update();
     });
     m_line.create(m_holder.handle(), IDC_DETAIL_LINE);
-    m_holder.setViews({held(*m_main, kMainTitle, kMainListName,
-                            [&changes] { return summaryText(queueSummary(changes)); }),
-                       held(
-                           *m_details, kDetailsTitle, kDetailsListName,
-                           [this] { return noteOf(m_lines.rows()); }, m_line.handle())});
+    m_holder.setViews(
+        {held(*m_main, kMainTitle, kMainListName, [this, &changes] { return mainNote(changes); }),
+         held(
+             *m_details, kDetailsTitle, kDetailsListName,
+             [this] { return noteOf(m_lines.rows(), m_details->work().note()); },
+             m_line.handle())});
     m_main->setColumns(
         kMainColumns,
         [&changes](Slot change, ColumnId column) {
@@ -80,11 +83,10 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
         [&changes](Slot change, ColumnId column) {
             return changes.table().wholeText(change, column);
         });
-    m_main->access().setListName([&changes] {
-        return std::string(kMainTitle) + " - " + summaryText(queueSummary(changes));
-    });
+    m_main->access().setListName(
+        [this, &changes] { return std::string(kMainTitle) + " - " + mainNote(changes); });
     m_details->access().setListName([this] {
-        const std::string note = noteOf(m_lines.rows());
+        const std::string note = noteOf(m_lines.rows(), m_details->work().note());
         return fw::textOf(m_details->handle()) + (note.empty() ? "" : " - " + note);
     });
     m_main->commands().offerColumns(true, true);
@@ -95,6 +97,12 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
     m_details->setAllowedCharacters(kAllowedInValues);
     m_details->setChoices({"E", "D"});
     captionDetails(m_caption);
+}
+
+std::string CheckerLists::mainNote(const PendingChanges& changes) const {
+    ListSummary summary = queueSummary(changes);
+    summary.work = m_main->work().note();
+    return summaryText(summary);
 }
 
 // ---- The windows ----

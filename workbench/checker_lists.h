@@ -64,7 +64,7 @@ public:
     // `stored` is what the update will send, if anything.
     void takeEdit(const EndOfEdit& edit, const std::optional<std::string>& stored);
 
-    void applyMainFilter() { m_main->applyFilter(); }
+    bool applyMainFilter() { return m_main->applyFilter(); }  // false: Esc ended it
     void applyDetailsFilter() { m_details->applyFilter(); }
 
     // Selects the row of a change alone, if it has one, and scrolls it into view.
@@ -79,6 +79,8 @@ public:
     void captionDetails(const DetailsCaption& caption) override;
 
 private:
+    std::string mainNote(const PendingChanges& changes) const;
+
     ListServices& m_services;
     CVTHolderFrame m_holder;
     LineGroups m_lines;

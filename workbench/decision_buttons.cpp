@@ -77,16 +77,19 @@ void DecisionButtons::press(PressButton button, Decision decision) {
 // False for an Accept or Reject that the hand made before what it hits now could be seen.
 bool DecisionButtons::pressedInSight(PressButton button) {
     const auto age = m_pane.takePressAge();
-    if (!age || (button != PressButton::accept && button != PressButton::reject)) return true;
-    if (m_workbench->sight().seen(PressSight::Milliseconds(*age))) return true;
-    m_line.refuse(kPressedUnseen);
-    return false;
+    const bool decides = button == PressButton::accept || button == PressButton::reject;
+    const bool taken = m_workbench->sight().takes(
+        age && decides ? std::optional(PressSight::Milliseconds(*age)) : std::nullopt);
+    if (!taken) m_line.changesIn(PressSight::kSpokenOf);
+    return taken;
 }
 
 PressLine DecisionButtons::describe(PressButton button) const {
     if (m_workbench == nullptr) return {};
-    return describePress(m_workbench->presses().plan(button, m_lists.typed()),
-                         m_workbench->changes());
+    PressLine line =
+        describePress(m_workbench->presses().plan(button, m_lists.typed()), m_workbench->changes());
+    if (m_workbench->sight().heldBack()) line.warning.insert(0, kPressedUnseen);
+    return line;
 }
 
 void DecisionButtons::accept() {

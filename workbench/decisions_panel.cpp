@@ -27,8 +27,10 @@ bool DecisionsPanel::create(HWND pane, DecisionLog& log) {
         !m_list->create(m_frame.handle(), IDC_DECISIONS_LIST, kListName, kTitle))
         return false;
     m_list->painter().setEmptyText("No decisions in this session");
-    m_frame.setViews({{m_list->handle(), titleOf(log), "",
-                       [this] { m_list->commands().run(kCustomizeCommand); }}});
+    m_frame.setViews(
+        {{m_list->handle(), titleOf(log), "", [this] { m_list->commands().run(kCustomizeCommand); },
+          [this] { return m_list->work().note(); }}});
+    m_list->onUpdate([this] { m_frame.noteChanged(0); });
     m_list->setColumns(
         kDecisionColumns,
         [&log](Slot decision, ColumnId column) { return log.cellText(decision, column); },

@@ -20,22 +20,24 @@ void ListActions::selectionMade() {
     if (m_workbench == nullptr) return;
     m_selectionWaits = !m_lists.leaveEditor();
     if (m_selectionWaits)
-        m_workbench->details().selectionMoved();
+        m_workbench->selectionWaits();
     else
         m_workbench->selectionMade();
 }
 
-void ListActions::applyMainFilter() {
-    m_lists.applyMainFilter();
+bool ListActions::applyMainFilter() {
+    const bool applied = m_lists.applyMainFilter();
     if (m_workbench != nullptr) m_workbench->details().selectionMoved();
+    return applied;
 }
 
 void ListActions::chooseQuickFilter(PaneCommand command) {
     QuickFilter& filter = m_workbench->changes().quickFilter();
+    const QuickFilter::Choice before = filter.choice();
     if (command == PaneCommand::nextQuickFilter) filter.next();
     if (command == PaneCommand::quickFilterBack) filter.back();
     if (command == PaneCommand::quickFilterOff) filter.choose(QuickFilter::Kind::off);
-    applyMainFilter();
+    if (!applyMainFilter()) filter.putBack(before);
 }
 
 void ListActions::selectPair() {

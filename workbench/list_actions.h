@@ -20,7 +20,8 @@ public:
     // ---- Selecting and filtering ----
 
     void selectionMade();
-    void applyMainFilter();
+    // False: Esc ended it, and the rows are as before.
+    bool applyMainFilter();
     void chooseQuickFilter(PaneCommand command);
 
     // Selects the other halves of investors' pairs too. Filters that hide one are taken off.

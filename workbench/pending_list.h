@@ -16,8 +16,12 @@ public:
 
 protected:
     bool runOwnCommand(unsigned command) override {
-        if (command == kResetFiltersCommand) m_changes.quickFilter().choose(QuickFilter::Kind::off);
-        return CFilterListCtrl::runOwnCommand(command);
+        if (command != kResetFiltersCommand) return CFilterListCtrl::runOwnCommand(command);
+        QuickFilter& quick = m_changes.quickFilter();
+        const QuickFilter::Choice before = quick.choice();
+        quick.choose(QuickFilter::Kind::off);
+        if (!resetByHand()) quick.putBack(before);
+        return true;
     }
     RowState rowState(std::size_t row) const override { return {m_looks.tip(row, 0)}; }
     void fontChanged() override {

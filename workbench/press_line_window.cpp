@@ -12,8 +12,7 @@ namespace mc {
 namespace {
 
 constexpr UINT_PTR kAgeTimer = 1;
-constexpr UINT_PTR kRefusalTimer = 2;
-constexpr UINT kRefusalTime = 6000;  // milliseconds
+constexpr UINT_PTR kOnceTimer = 2;
 constexpr UINT_PTR kTool = 1;
 constexpr int kOneLineWidth = 640;  // at 96 dots per inch; in a narrower pane there are two lines
 constexpr int kTipWidth = 480;
@@ -152,7 +151,6 @@ PressButton CPressLine::button() const {
 void CPressLine::refresh() {
     if (handle() == nullptr || !std::exchange(m_stale, false)) return;
     PressLine now = m_describe(button());
-    now.warning.insert(0, m_refusal);
     if (now.ages)
         SetTimer(handle(), kAgeTimer, 1000, nullptr);
     else if (m_line.ages)
@@ -170,7 +168,6 @@ void CPressLine::refresh() {
 
 void CPressLine::begin(PressButton pressed) {
     m_pressed = pressed;
-    m_refusal.clear();
     stale();
     refresh();
     UpdateWindow(handle());
@@ -181,17 +178,13 @@ void CPressLine::end() {
     stale();
 }
 
-void CPressLine::refuse(std::string why) {
-    m_refusal = std::move(why);
-    SetTimer(handle(), kRefusalTimer, kRefusalTime, nullptr);
+void CPressLine::changesIn(std::chrono::milliseconds time) {
+    SetTimer(handle(), kOnceTimer, static_cast<UINT>(time.count()), nullptr);
     stale();
 }
 
 void CPressLine::onTimer(UINT_PTR timer) {
-    if (timer == kRefusalTimer) {
-        KillTimer(handle(), kRefusalTimer);
-        m_refusal.clear();
-    }
+    if (timer == kOnceTimer) KillTimer(handle(), kOnceTimer);
     stale();
 }
 

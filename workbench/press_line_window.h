@@ -6,6 +6,7 @@
 // click on "Select pair" is sent to the parent as a command of the line's id.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -42,8 +43,8 @@ public:
     void begin(PressButton pressed);
     void end();
 
-    // Says for some seconds, or until the next press, that the last one did nothing, and why.
-    void refuse(std::string why);
+    // What it says changes by itself after a time.
+    void changesIn(std::chrono::milliseconds time);
 
 protected:
     const fw::MessageMap& messageMap() const override;
@@ -69,7 +70,6 @@ private:
     std::vector<std::unique_ptr<Watch>> m_watches;
     std::optional<PressButton> m_hovered, m_pressed;
     PressLine m_line;
-    std::string m_refusal;  // before the warning of the line
     bool m_stale = true;
     RECT m_link{};  // of the action, empty where there is none
     bool m_pressedLink = false;

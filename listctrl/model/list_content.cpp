@@ -20,9 +20,9 @@ void ListContent::install(std::span<const sVoskColInfo> columns, int dpi, CellRe
         [this](Slot record, ColumnId column) { return read(record, column); });
 }
 
-void ListContent::columnsChanged() {
+void ListContent::columnsChanged(const LongWork& work) {
     compileExpressions();
-    m_order.columnsChanged();
+    m_order.columnsChanged(work);
 }
 
 void ListContent::columnRemoved(ColumnId removed) {

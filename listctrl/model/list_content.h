@@ -56,7 +56,7 @@ public:
     void setWholeReader(CellReader whole) { m_wholeReader = std::move(whole); }
 
     // Compiles the expressions and sorts again. Costs as much as the sort.
-    void columnsChanged();
+    void columnsChanged(const LongWork& work = {});
     void columnRemoved(ColumnId removed);
 
 private:

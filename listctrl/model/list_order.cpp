@@ -10,16 +10,18 @@ std::optional<ColumnSort> afterRemoval(const std::optional<ColumnSort>& sort, Co
 
 }  // namespace
 
-void ListOrder::sort(ColumnSort sort) {
-    if (!m_columns.positionOf(sort.column)) return;
-    m_current = sort;
+bool ListOrder::sort(ColumnSort sort, const LongWork& work) {
+    if (!m_columns.positionOf(sort.column)) return true;
     const auto type = static_cast<int>(m_columns.descriptor(sort.column).type);
-    m_store.sort({sort.column, comparisonOf(type), sort.ascending ? -1 : 1});
+    const SortOrder order{sort.column, comparisonOf(type), sort.ascending ? -1 : 1};
+    if (m_store.sort(order, work) == RecordStore::Outcome::ended) return false;
+    m_current = sort;
+    return true;
 }
 
-void ListOrder::captionClicked(ColumnId column) {
+bool ListOrder::captionClicked(ColumnId column, const LongWork& work) {
     const bool again = m_current && m_current->column == column;
-    sort({column, !again || !m_current->ascending});
+    return sort({column, !again || !m_current->ascending}, work);
 }
 
 void ListOrder::setStandard(std::optional<ColumnSort> sort) {
@@ -28,11 +30,11 @@ void ListOrder::setStandard(std::optional<ColumnSort> sort) {
     if (m_standard) m_current = m_standard;
 }
 
-void ListOrder::columnsChanged() {
+void ListOrder::columnsChanged(const LongWork& work) {
     if (m_standard && !m_columns.positionOf(m_standard->column)) m_standard.reset();
     if (!m_current) return;
     if (m_columns.positionOf(m_current->column))
-        sort(*m_current);
+        sort(*m_current, work);
     else
         end();
 }

@@ -19,10 +19,10 @@ public:
 
     const std::optional<ColumnSort>& current() const { return m_current; }
 
-    // Sorts by a column; a hidden one is passed over.
-    void sort(ColumnSort sort);
+    // Sorts by a column; a hidden one is passed over. False when that was ended.
+    bool sort(ColumnSort sort, const LongWork& work = {});
     // A click on a caption: ascending first, then the other way each time.
-    void captionClicked(ColumnId column);
+    bool captionClicked(ColumnId column, const LongWork& work = {});
 
     // The default sort is in force again with every applied layout.
     const std::optional<ColumnSort>& standard() const { return m_standard; }
@@ -30,7 +30,7 @@ public:
     void setStandard(std::optional<ColumnSort> sort);
 
     // Other columns show: sorts again, or ends a sort by a column that is hidden now.
-    void columnsChanged();
+    void columnsChanged(const LongWork& work = {});
     // A user-defined column went.
     void columnRemoved(ColumnId removed);
 

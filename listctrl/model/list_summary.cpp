@@ -10,6 +10,7 @@ std::string summaryText(const ListSummary& summary) {
         if (!text.empty()) text += ", ";
         text += part;
     };
+    if (!summary.work.empty()) add(std::string(summary.work));
     if (summary.rows != summary.records)
         add(countText(summary.rows) + " of " + countText(summary.records) + " shown");
     if (summary.filters != 0)

@@ -13,6 +13,7 @@ struct ListSummary {
     std::string_view quickFilter = {};  // its words; empty: none
     std::size_t selected = 0;
     std::size_t notLookedAt = 0;
+    std::string_view work = {};  // that was interrupted; comes first
 };
 
 // "12 of 3,000 shown, 2 filters, only not looked at, 3 selected, 5 not looked at": the parts that

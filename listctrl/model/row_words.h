@@ -27,7 +27,8 @@ std::string rowName(std::span<const NamedText> cells, std::string_view state);
 // What a listener knows of a list.
 struct ListSnapshot {
     std::size_t rows = 0;
-    std::optional<std::size_t> focus = {};  // the row, the record there and its name
+    std::optional<std::size_t> focus =
+        {};  // the row, the record there and its name if anyone hears
     Slot record = kNoSlot;
     std::string name = {};
     bool focusSelected = false;

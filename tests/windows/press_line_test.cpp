@@ -85,6 +85,9 @@ TEST(PressLine, APressIsOfWhatWasSeen) {
     EXPECT_EQ(textOf(line()),
               "Not sent, as this changed just before the press: Selected by the "
               "list, not looked at: Accept 2 MODIFY USER U, not looked at");
+    hand::clickRow(mainList(), 1);
+    EXPECT_EQ(textOf(line()), "Accept 3 MODIFY USER U, not looked at") << "another than was kept";
+    hand::clickRow(mainList(), 0);
     const POINT accept = hand::middle(button("Accept"));
     hand::drag(accept, {accept.x + 1, accept.y}, false, [&] {
         Sleep(300);

@@ -187,4 +187,33 @@ TEST_F(Selection, WhoIsToldMayEndTheList) {
     EXPECT_EQ(findPane(), nullptr);
 }
 
+// From below the rows, with a frame; Esc puts back what was selected.
+TEST(Marquee, SelectsTheRowsItTouches) {
+    OpenWorkbench open;
+    for (const char* key : {"1", "2", "3", "4"})
+        open.plugin.publish(pending(key, "340", {{31003, "U"}}));
+    pump();
+    hand::clickRow(mainList(), 0);
+    POINT from = hand::cell(mainList(), 3);
+    from.y += 40;
+    const POINT to{from.x + 60, hand::cell(mainList(), 2).y};
+    POINT edge{from.x, from.y - 10};
+    ScreenToClient(mainList(), &edge);
+    const HWND line = FindWindowExA(findPane(), nullptr, "MakerChecker.PressLine", nullptr);
+    Told told;
+    hand::drag(from, to, false, [&] {
+        EXPECT_EQ(selectedRows(), (Rows{2, 3}));
+        EXPECT_TRUE(textOf(line).starts_with("Accept 2 changes")) << textOf(line);
+        EXPECT_EQ(pixel(mainList(), edge.x, edge.y), GetSysColor(COLOR_HIGHLIGHT));
+    });
+    EXPECT_LE(told.take(), 3) << "the press and two moves";
+    EXPECT_NE(pixel(mainList(), edge.x, edge.y), GetSysColor(COLOR_HIGHLIGHT));
+    hand::clickRow(mainList(), 1, kShift);
+    EXPECT_EQ(selectedRows(), (Rows{1, 2, 3})) << "from the row where it began";
+    hand::drag(from, hand::cell(mainList(), 0), true);
+    EXPECT_EQ(selectedRows(), (Rows{1, 2, 3}));
+    hand::click(from);
+    EXPECT_EQ(selectedRows(), Rows{});
+}
+
 }  // namespace

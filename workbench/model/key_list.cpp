@@ -14,7 +14,9 @@ const fw::KeyWords kInPane[] = {
     {"F6, Shift+F6", "from the pane to the console's other parts, and back"},
     {"Ctrl+Shift+D", "the pane's menu: dock, float, close"},
     {"Enter, Space", "on a button: presses it"},
-    {"Esc", "empties a filter box, leaves an edit, puts back what is being dragged"}};
+    {"Esc",
+     "empties a filter box, leaves an edit, puts back what is being dragged, ends a long sort, "
+     "filter or fit"}};
 const fw::KeyWords kInBoxes[] = {
     {"Enter", "applies the text"},
     {"F4, Down, Alt+Down", "the values of the column, most frequent first"},

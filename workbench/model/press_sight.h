@@ -19,6 +19,8 @@ public:
 
     // From seeing something to pressing a key takes at least this long.
     static constexpr Milliseconds kReaction{250};
+    // How long a press that was held back is spoken of.
+    static constexpr Milliseconds kSpokenOf{6000};
 
     // What tells the time, from any beginning. Without one every press counts as seen.
     void setClock(Clock clock) { m_clock = std::move(clock); }
@@ -28,17 +30,30 @@ public:
         if (m_clock) m_moved = m_clock();
     }
 
-    // The hand selected something else since.
-    void chosen() { m_moved.reset(); }
+    // The hand selected other rows; where that is one alone, it has seen what a press hits.
+    void selected(bool one) {
+        m_heldBack.reset();
+        if (one) m_moved.reset();
+    }
 
-    // Of a press that was made `ago`.
+    // A press comes, which was made `ago`; none where it needs no sight. False: it is held back.
+    bool takes(std::optional<Milliseconds> ago) {
+        m_heldBack.reset();
+        if (!ago || seen(*ago)) return true;
+        m_heldBack = m_clock();
+        return false;
+    }
+
+    // Whether the last press was held back, not long ago, and the hand has selected nothing since.
+    bool heldBack() const { return m_heldBack && m_clock() - *m_heldBack < kSpokenOf; }
+
+private:
     bool seen(Milliseconds ago) const {
         return !m_moved || m_clock() - ago >= *m_moved + kReaction;
     }
 
-private:
     Clock m_clock;
-    std::optional<Milliseconds> m_moved;
+    std::optional<Milliseconds> m_moved, m_heldBack;
 };
 
 }  // namespace mc

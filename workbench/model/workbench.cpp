@@ -80,8 +80,13 @@ void Workbench::noteTried(const TriedRequest& tried) {
 }
 
 void Workbench::selectionMade() {
-    if (m_changes.rows().selection().count() == 1) m_sight.chosen();
+    m_sight.selected(m_changes.rows().selection().count() == 1);
     m_details.followSelection();
+}
+
+void Workbench::selectionWaits() {
+    m_sight.selected(false);
+    m_details.selectionMoved();
 }
 
 // ---- The next row, and the other half of a pair ----

@@ -59,6 +59,8 @@ public:
 
     // The checker's hand changed the selection.
     void selectionMade();
+    // It did, and a text that is refused keeps the details until selectionMade().
+    void selectionWaits();
 
     // Whether the checker can have seen what Accept and Reject hit now.
     PressSight& sight() { return m_sight; }

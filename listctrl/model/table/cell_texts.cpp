@@ -20,11 +20,12 @@ std::string_view CellTexts::text(Slot record, ColumnId column) const {
     return texts != nullptr ? texts->text(record) : read(record, column);
 }
 
-ColumnTexts& CellTexts::column(ColumnId column, const SlotSequence& stored) {
+ColumnTexts& CellTexts::column(ColumnId column, const SlotSequence& stored, const LongWork& work) {
     if (const auto shared = m_shared.find(column); shared != m_shared.end()) return *shared->second;
     if (const auto kept = m_kept.find(column); kept != m_kept.end()) return kept->second;
     ColumnTexts texts;
-    texts.fill(stored, [&](Slot record) { return read(record, column); });
+    texts.fill(
+        stored, [&](Slot record) { return read(record, column); }, work);
     return m_kept.emplace(column, std::move(texts)).first->second;
 }
 
@@ -34,6 +35,7 @@ bool CellTexts::readsOnce(ColumnId column) {
 
 void CellTexts::drop() {
     m_kept.clear();
+    ++m_drops;
     m_readOnce.reset();
 }
 

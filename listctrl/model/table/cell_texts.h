@@ -5,6 +5,7 @@
 // that changes; or it is its owner's, who codes its texts as the records come. One thread.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <optional>
@@ -13,6 +14,7 @@
 
 #include "listctrl/model/columns/column_info.h"
 #include "listctrl/model/table/column_texts.h"
+#include "listctrl/model/table/long_work.h"
 #include "listctrl/model/table/slot_sequence.h"
 
 namespace mc {
@@ -41,8 +43,9 @@ public:
     // more than the sort. Only the first sort by a column that isn't kept, as it pays from the
     // second on.
     bool readsOnce(ColumnId column);
-    // All texts of a column. The first call reads those of all `stored` records.
-    ColumnTexts& column(ColumnId column, const SlotSequence& stored);
+    // All texts of a column. The first call reads those of all `stored` records; where it is ended
+    // on the way, the column is not kept.
+    ColumnTexts& column(ColumnId column, const SlotSequence& stored, const LongWork& work = {});
 
     // A record came or changed: one reading for each kept column. Without memory the columns are
     // read again when next asked for.
@@ -50,8 +53,12 @@ public:
     // A record went.
     void forget(Slot record);
     // Gives the memory of a column back, or of all: they are read again when next asked for.
-    void drop(ColumnId column) { m_kept.erase(column); }
+    void drop(ColumnId column) {
+        m_kept.erase(column);
+        ++m_drops;
+    }
     void drop();
+    std::uint64_t drops() const { return m_drops; }  // how often
 
 private:
     const ColumnTexts* find(ColumnId column) const;
@@ -59,6 +66,7 @@ private:
     CellReader m_reader;
     std::map<ColumnId, ColumnTexts*> m_shared;
     std::map<ColumnId, ColumnTexts> m_kept;
+    std::uint64_t m_drops = 0;
     std::optional<ColumnId> m_readOnce;  // the column of which readsOnce() was last asked
 };
 

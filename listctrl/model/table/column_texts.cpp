@@ -41,12 +41,12 @@ bool ColumnTexts::worn() const {
 
 // Without memory they stay until there is some.
 void ColumnTexts::dropUnused() noexcept try {
-    rebuild(m_shared);
+    rebuild(m_shared, {});
 } catch (const std::bad_alloc&) {
 }
 
 // The texts that are used: each once, or one for each slot as before.
-void ColumnTexts::rebuild(bool shared) {
+void ColumnTexts::rebuild(bool shared, const LongWork& work) {
     TextTable used;
     std::vector<Code> codes(m_table.size(), 0);
     std::vector<std::uint32_t> uses = {0};
@@ -56,6 +56,7 @@ void ColumnTexts::rebuild(bool shared) {
         codes[code] = shared ? used.add(text) : used.append(text);
         uses.resize(used.size());
         uses[codes[code]] += m_uses[code];
+        work.did();
     }
     for (Code& code : m_codes) code = codes[code];
     m_table = std::move(used);
@@ -66,9 +67,11 @@ void ColumnTexts::rebuild(bool shared) {
     m_keys.clear();
 }
 
-void ColumnTexts::keepMatching(const FilterPattern& pattern, std::vector<Slot>& slots) {
-    if (pattern.asksNumbers()) readNumbers();
+void ColumnTexts::keepMatching(const FilterPattern& pattern, std::vector<Slot>& slots,
+                               const LongWork& work) {
+    if (pattern.asksNumbers()) readNumbers(work);
     markMatches(pattern, m_table, m_numbers, m_marks);
+    work.did(m_table.size());
     std::size_t kept = 0;
     for (const Slot slot : slots) {
         slots[kept] = slot;
@@ -77,29 +80,32 @@ void ColumnTexts::keepMatching(const FilterPattern& pattern, std::vector<Slot>& 
     slots.resize(kept);
 }
 
-void ColumnTexts::sort(std::vector<Slot>& slots, Comparison comparison, int direction) {
+void ColumnTexts::sort(std::vector<Slot>& slots, Comparison comparison, int direction,
+                       const LongWork& work) {
     if (comparison == Comparison::equal) return;
-    const auto compareAsText = [this](Slot a, Slot b) {
+    const auto compareAsText = [&](Slot a, Slot b) {
+        work.did();
         return compareTexts(Comparison::text, text(a), text(b));
     };
     // Ranking all texts pays only for rows that show a good part of them.
     if (comparison == Comparison::text && slots.size() < m_table.size() / 8)
         return sortByComparing(slots, direction, compareAsText);
-    makeKeys(comparison);
+    makeKeys(comparison, work);
     if (comparison != Comparison::dateTime) return sortByKeys(slots, direction);
-    sortByComparing(slots, direction, [this](Slot a, Slot b) {
+    sortByComparing(slots, direction, [&](Slot a, Slot b) {
+        work.did();
         return compareDates(text(a), m_keys[m_codes[a]], text(b), m_keys[m_codes[b]]);
     });
 }
 
 DistinctValues ColumnTexts::distinct(const SlotSequence& stored, std::span<const Slot> counted,
-                                     ValueOrder order) {
-    if (!m_shared) rebuild(true);
+                                     ValueOrder order, const LongWork& work) {
+    if (!m_shared) rebuild(true, work);
     std::vector<std::size_t> rows(m_table.size());
     for (const Slot slot : counted) ++rows[m_codes[slot]];
     const bool ranked = order == ValueOrder::alphabetical;
     const std::vector<std::uint64_t> ranks =
-        ranked ? ranksOf(m_table) : std::vector<std::uint64_t>();
+        ranked ? ranksOf(m_table, work) : std::vector<std::uint64_t>();
     std::vector<bool> seen(m_table.size());
     seen[0] = true;
     std::vector<Keyed> items;
@@ -107,35 +113,42 @@ DistinctValues ColumnTexts::distinct(const SlotSequence& stored, std::span<const
         const Code code = m_codes[slot];
         if (!seen[code]) items.push_back({ranked ? ranks[code] : ~std::uint64_t{rows[code]}, code});
         seen[code] = true;
+        work.did();
     });
     std::vector<Keyed> scratch(items.size());
     sortByKey(items, scratch);
     DistinctValues found{{}, counted.size()};
     found.values.reserve(items.size());
-    for (const Keyed& item : items)
+    for (const Keyed& item : items) {
         found.values.push_back({std::string(m_table.text(item.value)), rows[item.value]});
+        work.did();
+    }
     return found;
 }
 
-void ColumnTexts::readNumbers() {
+void ColumnTexts::readNumbers(const LongWork& work) {
     constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
     m_numbers.reserve(m_table.size());
-    while (m_numbers.size() < m_table.size())
+    while (m_numbers.size() < m_table.size()) {
         m_numbers.push_back(
             readNumber(m_table.text(static_cast<Code>(m_numbers.size()))).value_or(kNone));
+        work.did();
+    }
 }
 
-void ColumnTexts::makeKeys(Comparison comparison) {
+void ColumnTexts::makeKeys(Comparison comparison, const LongWork& work) {
     if (m_keysFor != comparison) m_keys.clear();
     m_keysFor = comparison;
     if (m_keys.size() == m_table.size()) return;
     if (comparison == Comparison::text) {
-        m_keys = ranksOf(m_table);
+        m_keys = ranksOf(m_table, work);
         return;
     }
     m_keys.reserve(m_table.size());
-    while (m_keys.size() < m_table.size())
+    while (m_keys.size() < m_table.size()) {
         m_keys.push_back(sortKey(comparison, m_table.text(static_cast<Code>(m_keys.size()))));
+        work.did();
+    }
 }
 
 void ColumnTexts::sortByKeys(std::vector<Slot>& slots, int direction) const {

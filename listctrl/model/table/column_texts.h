@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "listctrl/model/table/distinct_values.h"
+#include "listctrl/model/table/long_work.h"
 #include "listctrl/model/table/slot_sequence.h"
 #include "listctrl/model/table/sort_order.h"
 #include "listctrl/model/table/text_table.h"
@@ -26,13 +27,15 @@ public:
     // Makes room for slots below `slots`; their texts are empty.
     void grow(std::size_t slots) { growBySlot(m_codes, slots); }
 
-    // Reads the texts of many slots, none of which has one yet, in one pass.
+    // Reads the texts of many slots, none of which has one yet, in one pass. Of no use where it is
+    // ended on the way.
     template <class Read>
-    void fill(const SlotSequence& slots, Read read) {
+    void fill(const SlotSequence& slots, Read read, const LongWork& work = {}) {
         std::size_t left = kSample;
         slots.forEach([&](Slot slot) {
             set(slot, read(slot));
             if (--left == 0) m_shared = m_table.size() < kSample - kSample / 8;
+            work.did();
         });
     }
 
@@ -55,25 +58,30 @@ public:
         if (slot < m_codes.size()) __builtin_prefetch(m_codes.data() + slot);
     }
 
+    // Each of these three may be ended on the way: `slots` are then of no use, and the texts as
+    // good as before.
+
     // Takes the slots out whose texts don't match.
-    void keepMatching(const FilterPattern& pattern, std::vector<Slot>& slots);
+    void keepMatching(const FilterPattern& pattern, std::vector<Slot>& slots,
+                      const LongWork& work = {});
 
     // Sorts slots by the column; those that compare equal keep their order.
-    void sort(std::vector<Slot>& slots, Comparison comparison, int direction);
+    void sort(std::vector<Slot>& slots, Comparison comparison, int direction,
+              const LongWork& work = {});
 
     // The different texts of all `stored` slots, each with how many of `counted` hold it. One pass
     // over both, and one over the different texts; the first time after fill(), looks all up.
     DistinctValues distinct(const SlotSequence& stored, std::span<const Slot> counted,
-                            ValueOrder order);
+                            ValueOrder order, const LongWork& work = {});
 
 private:
     static constexpr std::size_t kSample = 1024;  // texts that tell whether nearly all differ
 
     bool worn() const;
     void dropUnused() noexcept;
-    void rebuild(bool shared);
-    void readNumbers();
-    void makeKeys(Comparison comparison);
+    void rebuild(bool shared, const LongWork& work);
+    void readNumbers(const LongWork& work);
+    void makeKeys(Comparison comparison, const LongWork& work);
     void sortByKeys(std::vector<Slot>& slots, int direction) const;
     template <class Compare>
     void sortByComparing(std::vector<Slot>& slots, int direction, Compare compare) const;

@@ -22,6 +22,7 @@ struct DistinctValue {
 struct DistinctValues {
     std::vector<DistinctValue> values;  // of all records, without the empty one
     std::size_t rows = 0;               // that the other filters leave
+    bool operator==(const DistinctValues&) const = default;
 };
 
 }  // namespace mc

@@ -15,7 +15,7 @@ bool PassingRecords::passes(Slot slot, const RowFilters::Active& filter) const {
     return filter.pattern.matches(m_texts.text(slot, filter.column));
 }
 
-std::vector<Slot>& PassingRecords::all(std::optional<ColumnId> unfiltered) {
+std::vector<Slot>& PassingRecords::all(const LongWork& work, std::optional<ColumnId> unfiltered) {
     std::vector<Slot>& slots = m_passing;
     m_stored.copyTo(slots);
     for (const RowFilters::Active& filter : m_filters.active()) {
@@ -24,11 +24,18 @@ std::vector<Slot>& PassingRecords::all(std::optional<ColumnId> unfiltered) {
         // them when those would have to be read first.
         const std::size_t share = m_texts.keeps(filter.column) ? 512 : 16;
         if (slots.size() < m_stored.size() / share)
-            std::erase_if(slots, [&](Slot slot) { return !passes(slot, filter); });
+            std::erase_if(slots, [&](Slot slot) {
+                work.did();
+                return !passes(slot, filter);
+            });
         else
-            m_texts.column(filter.column, m_stored).keepMatching(filter.pattern, slots);
+            m_texts.column(filter.column, m_stored, work).keepMatching(filter.pattern, slots, work);
     }
-    if (m_judge) std::erase_if(slots, [this](Slot slot) { return !m_judge(slot); });
+    if (m_judge)
+        std::erase_if(slots, [&](Slot slot) {
+            work.did();
+            return !m_judge(slot);
+        });
     if (m_arrange) m_arrange(slots);
     return slots;
 }

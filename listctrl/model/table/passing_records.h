@@ -39,7 +39,7 @@ public:
 
     // All that pass, as if one column had no filter; valid until the next call. Costs one pass over
     // the records and one over the different texts of the filtered columns.
-    std::vector<Slot>& all(std::optional<ColumnId> unfiltered = {});
+    std::vector<Slot>& all(const LongWork& work, std::optional<ColumnId> unfiltered = {});
 
 private:
     bool passes(Slot slot, const RowFilters::Active& filter) const;

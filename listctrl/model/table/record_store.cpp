@@ -1,6 +1,7 @@
 #include "listctrl/model/table/record_store.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace mc {
@@ -15,6 +16,7 @@ std::string_view RecordStore::cellText(std::size_t row, ColumnId column) const {
 
 std::optional<std::size_t> RecordStore::insertItem(std::size_t position, Slot slot) {
     if (!m_texts.hasReader()) return std::nullopt;
+    ++m_changes;
     const bool inside = position != 0 && position < stored().size();
     if (!inside) position = stored().size();
     m_rows.store(position, slot);
@@ -48,11 +50,13 @@ RecordStore::Outcome RecordStore::deleteStored(std::size_t position) {
 }
 
 void RecordStore::deleteRecord(Slot slot) {
+    ++m_changes;
     m_rows.remove(slot);
     m_texts.forget(slot);
 }
 
 void RecordStore::reset() {
+    ++m_changes;
     m_rows.reset();
     m_texts.drop();
 }
@@ -68,6 +72,7 @@ void RecordStore::judgeAgain(Slot slot) {
 }
 
 void RecordStore::judgeAndPlace(Slot slot) {
+    ++m_changes;
     const SlotSequence& rows = visible().order();
     const bool shown = rows.contains(slot);
     if (!m_passing.passes(slot)) {
@@ -79,54 +84,85 @@ void RecordStore::judgeAndPlace(Slot slot) {
     }
 }
 
-// ---- Filters ----
+// ---- Passes over all ----
 
-RecordStore::Outcome RecordStore::filter() {
-    if (!m_texts.hasReader()) return Outcome::nothingDone;
-    RowFilters before = filters();
+// False: it was ended. A record that comes, changes or goes at a question leaves on the way what a
+// pass must not go on with.
+template <class Pass>
+bool RecordStore::goThrough(const LongWork& work, Pass pass) {
+    const auto changes = [this] { return m_changes + m_texts.drops(); };
+    const std::uint64_t before = changes();
+    const LongWork watched =
+        work.isAsked()
+            ? LongWork([&] { return work.goesOn() && changes() == before; }, work.between())
+            : LongWork();
     try {
-        return filterNow();
-    } catch (...) {
-        filters() = std::move(before);  // what judges records is what the rows passed
-        throw;
+        pass(watched);
+    } catch (const LongWork::Ended&) {
+        if (changes() == before) return false;
+        pass({});
     }
+    ++m_changes;
+    return true;
 }
 
-RecordStore::Outcome RecordStore::filterNow() {
+RecordStore::Outcome RecordStore::filter(const LongWork& work) {
+    if (!m_texts.hasReader()) return Outcome::nothingDone;
+    // What judges records is what the rows passed, whatever ends the pass.
+    struct Scope {
+        RowFilters& filters;
+        RowFilters before = filters;
+        bool done = false;
+        ~Scope() {
+            if (!done) filters = std::move(before);
+        }
+    } scope{filters()};
     if (!filters().apply()) {
+        scope.done = true;
         m_rows.replaceRows({});
         return Outcome::filtersUneven;
     }
-    std::vector<Slot>& rows = m_passing.all();
-    m_order.arrange(rows);
-    m_rows.replaceRows(rows);
-    m_rows.recount();
-    return Outcome::done;
+    scope.done = goThrough(work, [this](const LongWork& watched) { showPassing(watched); });
+    return scope.done ? Outcome::done : Outcome::ended;
 }
 
-DistinctValues RecordStore::distinctValues(ColumnId column, ValueOrder order) {
-    if (!m_texts.hasReader()) return {};
-    return m_texts.column(column, stored()).distinct(stored(), m_passing.all(column), order);
+void RecordStore::showPassing(const LongWork& work) {
+    std::vector<Slot>& rows = m_passing.all(work);
+    m_order.arrange(rows, m_order.order(), work);
+    m_rows.replaceRows(rows);
+    m_rows.recount();
+}
+
+std::optional<DistinctValues> RecordStore::distinctValues(ColumnId column, ValueOrder order,
+                                                          const LongWork& work) {
+    DistinctValues values;
+    const auto find = [&](const LongWork& watched) {
+        values = m_texts.column(column, stored(), watched)
+                     .distinct(stored(), m_passing.all(watched, column), order, watched);
+    };
+    if (m_texts.hasReader() && !goThrough(work, find)) return std::nullopt;
+    return values;
 }
 
 // ---- Order ----
 
-void RecordStore::sort(const SortOrder& order) {
-    const std::optional<SortOrder> before = m_order.get();
-    m_order.set(order);
-    if (!m_texts.hasReader()) return;
-    try {
+RecordStore::Outcome RecordStore::sort(const SortOrder& order, const LongWork& work) {
+    if (!m_texts.hasReader()) {
+        m_order.set(order);
+        return Outcome::nothingDone;
+    }
+    const bool sorted = goThrough(work, [&](const LongWork& watched) {
         std::vector<Slot> rows;
         visible().order().copyTo(rows);
-        m_order.arrange(rows);
+        m_order.arrange(rows, order, watched);
         m_rows.replaceRows(rows);
-    } catch (...) {
-        m_order.set(before);  // the one that the rows are in
-        throw;
-    }
+        m_order.set(order);
+    });
+    return sorted ? Outcome::done : Outcome::ended;
 }
 
 void RecordStore::unsort() {
+    ++m_changes;
     std::vector<Slot> rows;
     rows.reserve(visible().order().size());
     stored().forEach([&](Slot slot) {
@@ -144,6 +180,7 @@ const char* messageOf(RecordStore::Outcome outcome) {
             return "Error occured while filtering";
         case RecordStore::Outcome::done:
         case RecordStore::Outcome::nothingDone:
+        case RecordStore::Outcome::ended:
             break;
     }
     return nullptr;

@@ -15,9 +15,13 @@
 //
 // The store ties its parts: CellTexts has what records say, PassingRecords who has a row, RowOrder
 // where, and RowTable keeps records, rows and selection in step.
+//
+// What goes through all records takes a LongWork, by which it may be ended. What is asked may let
+// records come, change or go: the call then begins again, and is not ended any more.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string_view>
 
@@ -38,6 +42,7 @@ public:
         nothingDone,       // there is no such record, or no reader
         rowWithoutRecord,  // a failed filter pass left the row without one
         filtersUneven,     // the lists of filter columns and texts differ in length
+        ended,             // before it was done: rows, order, filters and selection are as before
     };
 
     // Without a reader, set here, the list has no data: nothing is inserted, filtered or sorted.
@@ -105,30 +110,38 @@ public:
     // Rows filtered out are deselected. Records that come or change later are judged as in this
     // pass. Nothing happens without a reader; filtersUneven leaves rows without records. Costs one
     // pass over the slots, and over the different texts of the filtered columns.
-    Outcome filter();
+    Outcome filter(const LongWork& work = {});
 
     // The choices of a column over all records, filtered out or not, with how many rows each would
     // have under the other filters of the last pass. Costs as much as a filter pass.
-    DistinctValues distinctValues(ColumnId column, ValueOrder order = ValueOrder::mostFrequent);
+    // None when it was ended.
+    std::optional<DistinctValues> distinctValues(ColumnId column, ValueOrder order,
+                                                 const LongWork& work);
+    DistinctValues distinctValues(ColumnId column, ValueOrder order = ValueOrder::mostFrequent) {
+        return *distinctValues(column, order, {});
+    }
 
     // ---- Order ----
 
     // Sorts the rows, and from now on keeps them so; rows that compare equal keep their order.
     // Costs what RowOrder::arrange() does.
-    void sort(const SortOrder& order);
+    Outcome sort(const SortOrder& order, const LongWork& work = {});
     // Back to stored order, in one pass.
     void unsort();
 
 private:
     static constexpr std::size_t kEnd = ~std::size_t{0};
     std::size_t indexOfNew(Slot slot, std::size_t position) const;
-    Outcome filterNow();
     void judgeAndPlace(Slot slot);
+    void showPassing(const LongWork& work);
+    template <class Pass>
+    bool goThrough(const LongWork& work, Pass pass);
 
     CellTexts m_texts;
     RowTable m_rows;
     PassingRecords m_passing{m_texts, m_rows.stored()};
     RowOrder m_order{m_texts, m_rows};
+    std::uint64_t m_changes = 0;  // counts those of records, rows and their order
 };
 
 // The message that tells the user of an outcome; null when there is nothing to tell.

@@ -7,20 +7,24 @@
 
 namespace mc {
 
-void RowOrder::arrange(std::vector<Slot>& slots) {
-    if (!m_order) return;
-    if (isNumeric(m_order->comparison) && m_texts.readsOnce(m_order->column))
-        return sortByNumbers(slots);
-    m_texts.column(m_order->column, m_rows.stored())
-        .sort(slots, m_order->comparison, m_order->direction);
+void RowOrder::arrange(std::vector<Slot>& slots, const std::optional<SortOrder>& order,
+                       const LongWork& work) {
+    if (!order) return;
+    if (isNumeric(order->comparison) && m_texts.readsOnce(order->column))
+        return sortByNumbers(slots, *order, work);
+    m_texts.column(order->column, m_rows.stored(), work)
+        .sort(slots, order->comparison, order->direction, work);
 }
 
-void RowOrder::sortByNumbers(std::vector<Slot>& slots) const {
+void RowOrder::sortByNumbers(std::vector<Slot>& slots, const SortOrder& order,
+                             const LongWork& work) const {
     std::vector<Keyed> items(slots.size()), scratch(slots.size());
-    const std::uint64_t turned = m_order->direction < 0 ? 0 : ~std::uint64_t{0};
-    for (std::size_t i = 0; i < items.size(); ++i)
-        items[i] = {sortKey(m_order->comparison, m_texts.text(slots[i], m_order->column)) ^ turned,
+    const std::uint64_t turned = order.direction < 0 ? 0 : ~std::uint64_t{0};
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        items[i] = {sortKey(order.comparison, m_texts.text(slots[i], order.column)) ^ turned,
                     slots[i]};
+        work.did();
+    }
     sortByKey(items, scratch);
     for (std::size_t i = 0; i < items.size(); ++i) slots[i] = items[i].value;
 }

@@ -18,12 +18,13 @@ public:
 
     // From now on rows are to be in this order; none is the stored one. Moves none.
     void set(std::optional<SortOrder> order) { m_order = order; }
-    const std::optional<SortOrder>& get() const { return m_order; }
     bool isStored() const { return !m_order; }
+    const std::optional<SortOrder>& order() const { return m_order; }
 
-    // Puts records that are in stored order, or in one that equal ones are to keep, into this one.
+    // Puts records that are in stored order, or in one that equal ones are to keep, into an order.
     // Costs one pass over them and, where the column's texts are not yet ranked, one over these.
-    void arrange(std::vector<Slot>& slots);
+    void arrange(std::vector<Slot>& slots, const std::optional<SortOrder>& order,
+                 const LongWork& work);
 
     // The index that a stored record should get among the rows of the others: behind its equals.
     std::size_t indexFor(Slot slot) const;
@@ -32,7 +33,8 @@ public:
     bool fits(std::size_t index) const;
 
 private:
-    void sortByNumbers(std::vector<Slot>& slots) const;
+    void sortByNumbers(std::vector<Slot>& slots, const SortOrder& order,
+                       const LongWork& work) const;
 
     CellTexts& m_texts;
     const RowTable& m_rows;

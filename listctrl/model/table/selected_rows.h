@@ -40,6 +40,12 @@ public:
     // Another value after every change of which records are selected.
     std::uint64_t revision() const { return m_held.revision(); }
 
+    // What RowSelection remembers, and puts back.
+    void remember() { m_held.remember(); }
+    bool wasSelected(Slot slot) const { return m_held.remembered(slot); }
+    void selectRemembered() { m_held.selectRemembered(); }
+    void putBack() { m_held.putBack(); }
+
     // The row that the keys act on.
     void setFocus(std::size_t row) { m_held.setFocus(m_visible.slotAt(row)); }
     std::optional<std::size_t> focusedRow() const { return m_visible.rowOf(m_held.focus()); }

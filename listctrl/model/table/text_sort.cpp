@@ -46,13 +46,15 @@ std::uint64_t bytesAt(std::string_view text, std::size_t depth) {
 // Ranks texts that are equal up to a depth.
 class Ranking {
 public:
-    explicit Ranking(const TextTable& texts) : m_texts(texts), m_ranks(texts.size()) {}
+    Ranking(const TextTable& texts, const LongWork& work)
+        : m_texts(texts), m_work(work), m_ranks(texts.size()) {}
 
     // The first of `codes` gets the rank `first`. They are sorted by their next eight bytes, then
     // each run of equal ones by the bytes behind.
     void rank(std::span<Keyed> codes, std::span<Keyed> scratch, std::size_t depth,
               std::uint64_t first) {
         constexpr std::size_t kFew = 48, kDeep = 64;
+        m_work.did(codes.size());
         if (codes.size() <= kFew || depth >= kDeep) return rankFew(codes, first);
         for (Keyed& item : codes) item.key = bytesAt(m_texts.text(item.value), depth);
         sortByKey(codes, scratch);
@@ -76,6 +78,7 @@ private:
     }
 
     const TextTable& m_texts;
+    const LongWork& m_work;
     std::vector<std::uint64_t> m_ranks;
 };
 
@@ -94,10 +97,10 @@ void sortByKey(std::span<Keyed> items, std::span<Keyed> scratch) {
     if (from.data() != items.data()) std::copy(from.begin(), from.end(), items.begin());
 }
 
-std::vector<std::uint64_t> ranksOf(const TextTable& texts) {
+std::vector<std::uint64_t> ranksOf(const TextTable& texts, const LongWork& work) {
     std::vector<Keyed> codes(texts.size()), scratch(texts.size());
     for (std::uint32_t code = 0; code < codes.size(); ++code) codes[code].value = code;
-    Ranking ranking(texts);
+    Ranking ranking(texts, work);
     ranking.rank(codes, scratch, 0, 0);
     return std::move(ranking.ranks());
 }

@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "listctrl/model/table/long_work.h"
 #include "listctrl/model/table/text_table.h"
 
 namespace mc {
@@ -20,6 +21,6 @@ void sortByKey(std::span<Keyed> items, std::span<Keyed> scratch);
 
 // By code: the rank of each text of the table among all, sorted byte by byte; equal ones have the
 // same.
-std::vector<std::uint64_t> ranksOf(const TextTable& texts);
+std::vector<std::uint64_t> ranksOf(const TextTable& texts, const LongWork& work = {});
 
 }  // namespace mc

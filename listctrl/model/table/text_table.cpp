@@ -7,8 +7,7 @@
 
 namespace mc {
 
-TextTable::TextTable()
-    : m_texts(1024), m_lowered(1024), m_begins{kMargin, kMargin}, m_buckets(64) {
+TextTable::TextTable() : m_texts(1024), m_lowered(1024), m_begins{kMargin, kMargin}, m_buckets(64) {
     m_begins.reserve(64);
 }
 

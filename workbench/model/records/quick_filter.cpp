@@ -10,7 +10,7 @@ constexpr int kKinds = 5;
 }  // namespace
 
 std::string_view QuickFilter::words() const {
-    return kWords[static_cast<std::size_t>(m_kind)];
+    return kWords[static_cast<std::size_t>(m_choice.kind)];
 }
 
 void QuickFilter::next() {
@@ -22,7 +22,7 @@ void QuickFilter::back() {
 }
 
 void QuickFilter::step(int by) {
-    Kind kind = m_kind;
+    Kind kind = m_choice.kind;
     do kind = static_cast<Kind>((static_cast<int>(kind) + by) % kKinds);
     while (!possible(kind));
     choose(kind);
@@ -33,24 +33,33 @@ bool QuickFilter::possible(Kind kind) const {
 }
 
 void QuickFilter::choose(Kind kind) {
-    m_kind = kind;
-    if (kind == Kind::neighbours) m_isNeighbour = m_neighboursOf(m_states.openedLast());
-    m_openings = m_states.openings();
+    m_choice.kind = kind;
+    if (kind == Kind::neighbours) m_choice.isNeighbour = m_neighboursOf(m_states.openedLast());
+    m_choice.openings = m_states.openings();
     // One that passes now is read like one that is opened from now on.
-    if (m_states.shown() != kNoSlot && holds(m_states.shown())) --m_openings;
-    if (kind == Kind::off)
+    if (m_states.shown() != kNoSlot && holds(m_states.shown())) --m_choice.openings;
+    judge();
+}
+
+void QuickFilter::putBack(Choice choice) {
+    m_choice = std::move(choice);
+    judge();
+}
+
+void QuickFilter::judge() {
+    if (m_choice.kind == Kind::off)
         m_rows.passing().setJudge({});
     else
         m_rows.passing().setJudge([this](Slot slot) { return passes(slot); });
 }
 
 bool QuickFilter::passes(Slot slot) const {
-    const bool kept = slot == m_states.openedLast() && m_states.openings() != m_openings;
+    const bool kept = slot == m_states.openedLast() && m_states.openings() != m_choice.openings;
     return kept || holds(slot);
 }
 
 bool QuickFilter::holds(Slot slot) const {
-    switch (m_kind) {
+    switch (m_choice.kind) {
         case Kind::notLookedAt:
             return m_states.of(slot).reading == Reading::notLookedAt;
         case Kind::changedSince:
@@ -58,7 +67,7 @@ bool QuickFilter::holds(Slot slot) const {
         case Kind::toPair:
             return m_isHalf(slot);
         case Kind::neighbours:
-            return m_isNeighbour(slot);
+            return m_choice.isNeighbour(slot);
         case Kind::off:
             break;
     }

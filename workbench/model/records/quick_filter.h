@@ -36,12 +36,22 @@ public:
     void back();
     void choose(Kind kind);
 
-    Kind kind() const { return m_kind; }
+    // What is chosen, to put it back before another pass.
+    struct Choice {
+        Kind kind = Kind::off;
+        IsOne isNeighbour = {};      // of the change that was opened last at the choice
+        std::uint64_t openings = 0;  // later ones keep their rows
+    };
+    const Choice& choice() const { return m_choice; }
+    void putBack(Choice choice);
+
+    Kind kind() const { return m_choice.kind; }
     std::string_view words() const;  // "only not looked at"; empty when off
 
 private:
     bool possible(Kind kind) const;
     void step(int by);
+    void judge();
     bool holds(Slot slot) const;
     bool passes(Slot slot) const;
 
@@ -49,9 +59,7 @@ private:
     const ChangeStates& m_states;
     IsOne m_isHalf;
     NeighboursOf m_neighboursOf;
-    Kind m_kind = Kind::off;
-    IsOne m_isNeighbour;           // of the change that was opened last at the choice
-    std::uint64_t m_openings = 0;  // later ones keep their rows
+    Choice m_choice;
 };
 
 }  // namespace mc
