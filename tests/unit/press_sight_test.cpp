@@ -71,7 +71,7 @@ TEST_F(PressSightTest, SpeaksOfAPressThatWasHeldBack) {
         {"the list selects another", [&] { take("again 2"); }, true},
         {"the hand does", [&] { workbench->selectionMade(); }, false},
         {"it does while a text is refused", [&] { workbench->selectionWaits(); }, false},
-        {"a filter hides rows", [&] { workbench->selectionMoved(); }, true},
+        {"a filter hides rows", [&] { workbench->details().selectionMoved(); }, true},
         {"a press that needs no sight", [&] { workbench->sight().takes({}); }, false},
         {"almost six seconds", [&] { now += 5999ms; }, true},
         {"six seconds", [&] { now += 6s; }, false},
