@@ -99,6 +99,10 @@ public:
     void setBackground(COLORREF color) { m_appearance.setBackground(color); }
     // Whether the appearance dialog may change colours and keywords.
     void setCustomizable(bool customizable) { m_appearance.setCustomizable(customizable); }
+    // Font, rows, columns and tips for the dots per inch that the list has now. What is open over
+    // it ends as if the focus had left; a text that is refused stays open.
+    void followDpi();
+
     // What screen readers call the list; without it, its window's text.
     void setListName(std::function<std::string()> name) { m_access.setListName(std::move(name)); }
     // What the keys and menus offer now.
@@ -128,6 +132,7 @@ private:
     LRESULT onGetDialogCode(const MSG* message);
     void onPaint();
     void onFocusChanged();
+    void onDpiChanged();
     bool onKeyUp(UINT key, bool) { return key == VK_APPS; }  // its menu opened with the press
     void onAreaChanged(int, int) { m_painter.onAreaChanged(); }
     void onInvalidExpression() { m_services.showMessage(kInvalidExpression); }

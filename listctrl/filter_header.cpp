@@ -82,10 +82,24 @@ void CFilterHeader::setBoxes(const std::vector<ColumnFilter>& filters) {
         const UINT id = kFirstBoxId + static_cast<UINT>(item);
         if (!box->create(handle(), id, control().item(item).caption + " filter", m_font, filter))
             break;
-        m_boxHeight = box->height() + scaled(2);
         m_boxes.push_back(std::move(box));
     }
+    measureBoxes();
     layOutBoxes();
+}
+
+void CFilterHeader::setFont(HFONT font) {
+    m_font = font;
+    for (const auto& box : m_boxes) box->setFont(font);
+    measureBoxes();
+}
+
+void CFilterHeader::measureBoxes() {
+    if (!m_boxes.empty()) m_boxHeight = m_boxes.back()->height() + scaled(2);
+}
+
+void CFilterHeader::closeDrops() {
+    for (const auto& box : m_boxes) box->closeDrop();
 }
 
 void CFilterHeader::layOutBoxes() {

@@ -35,6 +35,7 @@ protected:
     void headerBuilt() override;
     void columnRemoved(ColumnId removed) override;
     void fontChanged() override;
+    void leaveParts() override { m_filters.closeDrops(); }
     // The focus came into a part of the list or left it: the parent is notified as if the part were
     // the list.
     void partFocusChanged() override;
@@ -42,6 +43,7 @@ protected:
 private:
     DistinctValues filterChoices(int item, ValueOrder order) override;
     void filterChanged() override;
+    void layOutHeader();
 
     CFilterHeader m_filters{*this};
     std::optional<std::size_t> boxOf(HWND edit) const;

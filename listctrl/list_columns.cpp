@@ -4,6 +4,8 @@
 #include <optional>
 
 #include "framework/handles.h"
+#include "framework/model/dots.h"
+#include "framework/platform.h"
 #include "listctrl/dialogs/reposition_columns.h"
 #include "listctrl/dialogs/user_defined_col.h"
 #include "listctrl/list_messages.h"
@@ -37,6 +39,10 @@ void CListColumns::showOrder() {
     m_parts.update.storeChanged();
 }
 
+int CListColumns::dpi() const {
+    return fw::dpiOf(m_list.handle());
+}
+
 bool CListColumns::isWidthChange(const NMHEADERA& info) const {
     return !m_parts.header.isChanging() && info.pitem != nullptr &&
            (info.pitem->mask & HDI_WIDTH) != 0;
@@ -49,7 +55,9 @@ LRESULT CListColumns::onItemChanging(NMHEADERA& info) {
 
 LRESULT CListColumns::onItemChanged(NMHEADERA& info) {
     if (isWidthChange(info) && info.iItem < m_parts.content.shownCount()) {
-        m_parts.content.columns().setWidth(m_parts.content.columnAt(info.iItem), info.pitem->cxy);
+        ColumnModel& columns = m_parts.content.columns();
+        const ColumnId column = m_parts.content.columnAt(info.iItem);
+        columns.setWidth(column, fw::unitsNow(columns.width(column), info.pitem->cxy, dpi()));
         onHeaderMoved();
         PostMessageA(m_list.handle(), kHeaderMoved, 0, 0);
     }
@@ -60,6 +68,11 @@ void CListColumns::onHeaderMoved() {
     m_parts.header.measure();
     m_hooks.headerBuilt();
     InvalidateRect(m_list.handle(), nullptr, FALSE);
+}
+
+void CListColumns::followDpi() {
+    m_parts.header.widthsChanged(m_parts.content.columns());
+    onHeaderMoved();
 }
 
 LRESULT CListColumns::onDividerDone(NMHEADERA& info) {
@@ -83,13 +96,14 @@ void CListColumns::onCaptionClick(NMLISTVIEW& click) {
 
 void CListColumns::fit(unsigned command) {
     const fw::RedrawOffScope off(m_list.handle());
-    const int client = static_cast<int>(m_list.clientRect().right);
+    const int client = fw::unitsWithin(static_cast<int>(m_list.clientRect().right), dpi());
     const int count = m_parts.content.shownCount();
     const bool measured = command != kFitToWindowCommand;
     for (int item = 0; item < count; ++item) {
         const ColumnId column = m_parts.content.columnAt(item);
-        const int data = measured ? m_parts.painter.dataWidth(item) : 0;
-        const int whole = std::max(data, m_parts.painter.captionWidth(column));
+        const auto around = [this](int pixels) { return fw::unitsAround(pixels, dpi()); };
+        const int data = measured ? around(m_parts.painter.dataWidth(item)) : 0;
+        const int whole = std::max(data, around(m_parts.painter.captionWidth(column)));
         const int width = fittedWidth(command, data, whole, client, count);
         setWidth(item, width);
     }
@@ -100,7 +114,7 @@ void CListColumns::fit(unsigned command) {
 
 void CListColumns::setWidth(int item, int width) {
     m_parts.content.columns().setWidth(m_parts.content.columnAt(item), width);
-    fw::ListView(m_list.handle()).setColumnWidth(item, width);
+    fw::ListView(m_list.handle()).setColumnWidth(item, m_list.scaled(width));
 }
 
 void CListColumns::widen(ColumnId column, int steps) {
@@ -108,9 +122,8 @@ void CListColumns::widen(ColumnId column, int steps) {
     ColumnModel& columns = m_parts.content.columns();
     const auto position = columns.positionOf(column);
     if (!position) return;
-    const int width = columns.width(column) + steps * m_list.scaled(kStep);
-    setWidth(static_cast<int>(*position),
-             std::clamp(width, m_list.scaled(kMin), m_list.scaled(kMax)));
+    const int width = columns.width(column) + steps * kStep;
+    setWidth(static_cast<int>(*position), std::clamp(width, kMin, kMax));
     onHeaderMoved();
     keepWidths({&column, 1});
 }

@@ -56,12 +56,15 @@ public:
     LRESULT onDividerDone(NMHEADERA& info);
     void onKeepWidth(ColumnId column);
     void onHeaderMoved();
+    // The columns get the pixels that their widths are now.
+    void followDpi();
 
 private:
     void columnsChanged();
     void applyLayout(const ColumnLayout& layout);
     void showOrder();
-    void setWidth(int item, int width);
+    int dpi() const;
+    void setWidth(int item, int width);  // at 96 dots per inch
     void keepWidths(std::span<const ColumnId> columns);
     bool isWidthChange(const NMHEADERA& info) const;
 

@@ -19,8 +19,16 @@ void CListHeader::build(const ColumnModel& columns) {
     int item = 0;
     for (const ColumnId id : columns.shown()) {
         const ColumnDescriptor& column = columns.descriptor(id);
-        view().insertColumn(item++, column.caption, columns.width(id), column.flag);
+        view().insertColumn(item++, column.caption, m_list.scaled(columns.width(id)), column.flag);
     }
+    m_changing = false;
+}
+
+void CListHeader::widthsChanged(const ColumnModel& columns) {
+    m_changing = true;
+    int item = 0;
+    for (const ColumnId id : columns.shown())
+        view().setColumnWidth(item++, m_list.scaled(columns.width(id)));
     m_changing = false;
 }
 

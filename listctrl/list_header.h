@@ -31,8 +31,12 @@ public:
 
     // Makes one item per shown column.
     void build(const ColumnModel& columns);
+    // Gives the items the columns' widths: a width is other pixels now.
+    void widthsChanged(const ColumnModel& columns);
     // The items have other widths, or are new: reads where they are, and moves the tips there.
     void measure();
+    // The tips have other dots per inch.
+    void followDpi() { m_tips.followDpi(); }
     // Marks the column that the list is sorted by, if any.
     void showSort(const ColumnModel& columns, const std::optional<ColumnSort>& sort);
     // While the object changes items, their own notifications say nothing new.

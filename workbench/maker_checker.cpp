@@ -56,7 +56,6 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
     static constexpr fw::MessageEntry entries[] = {
         fw::on<WM_INITDIALOG, &CMakerChecker::onInitDialog>(),
         fw::on<WM_SIZE, &CMakerChecker::onSize>(),
-        fw::on<WM_DPICHANGED_AFTERPARENT, &CMakerChecker::onDpiChanged>(),
         fw::observe<WM_DESTROY, &CMakerChecker::onDestroy>(),
         fw::onCommand<IDC_ACCEPT, &CMakerChecker::onAccept, BN_CLICKED>(),
         fw::onCommand<IDC_REJECT, &CMakerChecker::onReject, BN_CLICKED>(),
@@ -125,6 +124,9 @@ void CMakerChecker::onColorsChanged() {
 
 // The frame's own size may have stayed, and what is in it has not.
 void CMakerChecker::onDpiChanged() {
+    m_line.followDpi();
+    m_lists.followDpi();
+    m_decisions.followDpi();
     layOut();
     m_lists.layOut();
     m_decisions.layOut();
