@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "framework/hwnd.h"
 #include "listctrl/list_colors.h"
 
 namespace mc {
@@ -50,6 +51,7 @@ const fw::MessageMap& CFilterHeader::messageMap() const {
         fw::observe<WM_SIZE, &CFilterHeader::onSize>(),
         fw::onAnyCommand<&CFilterHeader::onBoxCommand>(),
         fw::on<WM_DRAWITEM, &CFilterHeader::onDrawItem>(),
+        fw::on<WM_DPICHANGED_AFTERPARENT, &CFilterHeader::onDpiChanged>(),
     };
     static constexpr fw::MessageMap map{nullptr, entries};
     return map;
@@ -92,6 +94,13 @@ void CFilterHeader::setFont(HFONT font) {
     m_font = font;
     for (const auto& box : m_boxes) box->setFont(font);
     measureBoxes();
+}
+
+// The list set the font before the control had its part.
+void CFilterHeader::onDpiChanged() {
+    controlDefault(WM_DPICHANGED_AFTERPARENT, 0, 0);
+    fw::setFont(handle(), m_font);
+    layOutBoxes();
 }
 
 void CFilterHeader::measureBoxes() {

@@ -52,6 +52,7 @@ private:
     void onPaint();
     LRESULT onErase(HDC) { return TRUE; }
     void onSize(int, int) { layOutBoxes(); }
+    void onDpiChanged();
     void onBoxCommand(UINT id, UINT code);
     LRESULT onDrawItem(const DRAWITEMSTRUCT& draw) { return reflectDrawItem(draw); }
     void dropBoxes();

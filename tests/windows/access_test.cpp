@@ -190,45 +190,6 @@ TEST(Readable, RightEdgesAreExact) {
     EXPECT_EQ(cut.size(), 1u) << testing::PrintToString(cut);
 }
 
-// What the plug-in calls of the system by this name is another function for a scope: the emulator
-// knows no high contrast.
-class ReplacedImport {
-public:
-    ReplacedImport(const char* name, FARPROC instead) : m_slot(find(name)) {
-        if (m_slot != nullptr) m_before = put(instead);
-    }
-    ~ReplacedImport() {
-        if (m_slot != nullptr) put(m_before);
-    }
-    bool found() const { return m_slot != nullptr; }
-
-private:
-    static FARPROC* find(const char* name) {
-        auto* const base = reinterpret_cast<BYTE*>(GetModuleHandleA("MakerChecker.dll"));
-        const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-        const auto* pe = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
-        const auto& table = pe->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-        const auto* library =
-            reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + table.VirtualAddress);
-        for (; library->Name != 0; ++library) {
-            const auto* names =
-                reinterpret_cast<const ULONG_PTR*>(base + library->OriginalFirstThunk);
-            auto* slots = reinterpret_cast<FARPROC*>(base + library->FirstThunk);
-            for (; *names != 0; ++names, ++slots)
-                if (std::string_view(reinterpret_cast<const char*>(base + *names + 2)) == name)
-                    return slots;
-        }
-        return nullptr;
-    }
-    FARPROC put(FARPROC function) const {
-        DWORD protection = 0;
-        VirtualProtect(m_slot, sizeof *m_slot, PAGE_READWRITE, &protection);
-        return std::exchange(*m_slot, function);
-    }
-    FARPROC* const m_slot;
-    FARPROC m_before = nullptr;
-};
-
 int s_asked = 0;
 BOOL WINAPI answerHighContrast(UINT action, UINT size, void* result, UINT flags) {
     if (action != SPI_GETHIGHCONTRAST) return SystemParametersInfoW(action, size, result, flags);
