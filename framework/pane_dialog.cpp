@@ -119,7 +119,7 @@ void CPaneDialog::checkDpi() {
 // The font before goes when no control has it any more.
 void CPaneDialog::followDpi() {
     if (handle() == nullptr) return;
-    if (holdsMouse(handle())) ReleaseCapture();
+    if (holdsMouse(handle())) SendMessageA(GetCapture(), WM_CANCELMODE, 0, 0);
     m_dpi = dpiOf(handle());
     const Font before = std::exchange(m_font, Font());
     for (HWND child = GetWindow(handle(), GW_CHILD); child != nullptr;

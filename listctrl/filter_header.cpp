@@ -52,6 +52,7 @@ const fw::MessageMap& CFilterHeader::messageMap() const {
         fw::onAnyCommand<&CFilterHeader::onBoxCommand>(),
         fw::on<WM_DRAWITEM, &CFilterHeader::onDrawItem>(),
         fw::on<WM_DPICHANGED_AFTERPARENT, &CFilterHeader::onDpiChanged>(),
+        fw::observe<WM_CANCELMODE, &CFilterHeader::onCancelMode>(),
     };
     static constexpr fw::MessageMap map{nullptr, entries};
     return map;
@@ -101,6 +102,17 @@ void CFilterHeader::onDpiChanged() {
     controlDefault(WM_DPICHANGED_AFTERPARENT, 0, 0);
     fw::setFont(handle(), m_font);
     layOutBoxes();
+}
+
+// A divider that is dragged stays where it is. Not every version of the control ends a drag that
+// loses the mouse; let go outside, a pressed caption is not clicked.
+void CFilterHeader::onCancelMode() {
+    if (GetCapture() != handle()) return;
+    POINT at{};
+    GetCursorPos(&at);
+    ScreenToClient(handle(), &at);
+    at.y = -1000;
+    controlDefault(WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
 }
 
 void CFilterHeader::measureBoxes() {

@@ -53,6 +53,7 @@ private:
     LRESULT onErase(HDC) { return TRUE; }
     void onSize(int, int) { layOutBoxes(); }
     void onDpiChanged();
+    void onCancelMode();
     void onBoxCommand(UINT id, UINT code);
     LRESULT onDrawItem(const DRAWITEMSTRUCT& draw) { return reflectDrawItem(draw); }
     void dropBoxes();

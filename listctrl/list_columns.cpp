@@ -5,7 +5,6 @@
 
 #include "framework/handles.h"
 #include "framework/model/dots.h"
-#include "framework/platform.h"
 #include "listctrl/dialogs/reposition_columns.h"
 #include "listctrl/dialogs/user_defined_col.h"
 #include "listctrl/list_messages.h"
@@ -37,10 +36,6 @@ void CListColumns::columnsChanged() {
 void CListColumns::showOrder() {
     m_parts.header.showSort(m_parts.content.columns(), m_parts.content.order().current());
     m_parts.update.storeChanged();
-}
-
-int CListColumns::dpi() const {
-    return fw::dpiOf(m_list.handle());
 }
 
 bool CListColumns::isWidthChange(const NMHEADERA& info) const {

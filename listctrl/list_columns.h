@@ -63,7 +63,7 @@ private:
     void columnsChanged();
     void applyLayout(const ColumnLayout& layout);
     void showOrder();
-    int dpi() const;
+    int dpi() const { return m_parts.header.dpi(); }
     void setWidth(int item, int width);  // at 96 dots per inch
     void keepWidths(std::span<const ColumnId> columns);
     bool isWidthChange(const NMHEADERA& info) const;

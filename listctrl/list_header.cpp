@@ -1,6 +1,7 @@
 #include "listctrl/list_header.h"
 
 #include "framework/handles.h"
+#include "framework/platform.h"
 
 namespace mc {
 namespace {
@@ -13,6 +14,7 @@ constexpr int kDescendingImage = 2;
 
 void CListHeader::build(const ColumnModel& columns) {
     m_changing = true;
+    m_dpi = fw::dpiOf(m_list.handle());
     m_sorted.reset();
     const fw::RedrawOffScope off(m_list.handle());
     view().removeColumns();
@@ -26,6 +28,7 @@ void CListHeader::build(const ColumnModel& columns) {
 
 void CListHeader::widthsChanged(const ColumnModel& columns) {
     m_changing = true;
+    m_dpi = fw::dpiOf(m_list.handle());
     int item = 0;
     for (const ColumnId id : columns.shown())
         view().setColumnWidth(item++, m_list.scaled(columns.width(id)));

@@ -39,6 +39,8 @@ public:
     void followDpi() { m_tips.followDpi(); }
     // Marks the column that the list is sorted by, if any.
     void showSort(const ColumnModel& columns, const std::optional<ColumnSort>& sort);
+    // The dots per inch that the items' widths are made for.
+    int dpi() const { return m_dpi; }
     // While the object changes items, their own notifications say nothing new.
     bool isChanging() const { return m_changing; }
 
@@ -59,6 +61,7 @@ private:
     fw::CToolTip m_tips;
     std::size_t m_tools = 0;  // with the ids from 1 on
     std::optional<int> m_sorted;
+    int m_dpi = 0;
     bool m_changing = false;
 };
 

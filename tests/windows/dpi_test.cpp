@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <set>
 
 #include "console/holdings.h"
 #include "framework/model/dots.h"
@@ -144,9 +145,10 @@ TEST_F(Screens, ThePaneIsTheSameOnAScreenWhereverItWasBefore) {
         }
         Workbench open(96, floats);
         seen[96] = picture(findPane());
+        EXPECT_GT(std::set<DWORD>(seen[96].begin(), seen[96].end()).size(), 5u);
         const int column = columnWidth(0), field = columnWidth(0, details());
         zek::Holdings before{};
-        for (const int dpi : {144, 96, 120, 192, 144, 192, 120, 96, 144, 192, 120, 96}) {
+        for (const int dpi : {144, 192, 120, 96, 192, 144, 120, 96}) {
             SCOPED_TRACE(dpi);
             open.moveTo(dpi);
             const Pixels now = picture(findPane());
@@ -160,7 +162,9 @@ TEST_F(Screens, ThePaneIsTheSameOnAScreenWhereverItWasBefore) {
             EXPECT_EQ(columnWidth(0, details()), fw::toPixels(field, dpi));
             if (dpi != 96) continue;
             const zek::Holdings held = zek::countHoldings();
-            if (before.gdiObjects != 0) EXPECT_EQ(zek::grown(before, held), "");
+            if (before.gdiObjects != 0) {
+                EXPECT_EQ(zek::grown(before, held), "");
+            }
             before = held;
         }
         EXPECT_EQ(takeSent(), std::vector<std::string>{});
@@ -225,8 +229,7 @@ TEST_F(Screens, WhatIsOpenEndsAsIfTheFocusHadLeft) {
     hand::drag(divider, {divider.x + 40, divider.y}, false, [&] { open.moveTo(192); });
     EXPECT_EQ(GetCapture(), nullptr);
     open.moveTo(144);
-    EXPECT_TRUE(columnWidth(0, details()) == width || columnWidth(0, details()) == width + 40)
-        << "as it was, or as far as it was dragged: " << columnWidth(0, details());
+    EXPECT_NEAR(columnWidth(0, details()), width + 40, 1) << "as far as it was dragged";
     EXPECT_EQ(takeSent(), std::vector<std::string>{}) << "nothing is decided";
 }
 
