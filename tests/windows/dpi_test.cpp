@@ -23,14 +23,15 @@ UINT WINAPI answerDpi(HWND) {
     return static_cast<UINT>(s_dpi);
 }
 
-FARPROC functionOf(void* function) {
-    return reinterpret_cast<FARPROC>(function);
+template <class Function>
+FARPROC address(Function* function) {
+    return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(function));
 }
 
 // The emulator's frames are those of its one screen.
 FARPROC WINAPI findFunction(HMODULE module, LPCSTR name) {
     const std::string wanted = HIWORD(name) != 0 ? name : "";
-    if (wanted == "GetDpiForWindow") return functionOf(reinterpret_cast<void*>(answerDpi));
+    if (wanted == "GetDpiForWindow") return address(answerDpi);
     return wanted != "AdjustWindowRectExForDpi" ? GetProcAddress(module, name) : nullptr;
 }
 
@@ -38,22 +39,19 @@ Pixels picture(HWND window) {
     RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     pump();
     const RECT box = onScreen(window);
-    const int width = fw::widthOf(box), height = fw::heightOf(box);
     BITMAPINFO info{};
-    info.bmiHeader = {sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    void* bits = nullptr;
-    const HDC shown = GetDCEx(window, nullptr, DCX_WINDOW | DCX_CACHE);
-    const HDC memory = CreateCompatibleDC(shown);
-    const HBITMAP bitmap = CreateDIBSection(shown, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    const HGDIOBJ before = SelectObject(memory, bitmap);
-    BitBlt(memory, 0, 0, width, height, shown, 0, 0, SRCCOPY);
-    GdiFlush();
-    const auto* first = static_cast<const DWORD*>(bits);
-    Pixels pixels(first, first + width * height);
+    info.bmiHeader = {
+        sizeof info.bmiHeader, fw::widthOf(box), -fw::heightOf(box), 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    const fw::WindowDcScope shown(window);
+    const HDC memory = CreateCompatibleDC(shown.dc());
+    const HBITMAP copy = CreateCompatibleBitmap(shown.dc(), fw::widthOf(box), fw::heightOf(box));
+    const HGDIOBJ before = SelectObject(memory, copy);
+    BitBlt(memory, 0, 0, fw::widthOf(box), fw::heightOf(box), shown.dc(), 0, 0, SRCCOPY);
     SelectObject(memory, before);
-    DeleteObject(bitmap);
+    Pixels pixels(static_cast<std::size_t>(fw::widthOf(box) * fw::heightOf(box)));
+    GetDIBits(memory, copy, 0, static_cast<UINT>(fw::heightOf(box)), pixels.data(), &info, 0);
+    DeleteObject(copy);
     DeleteDC(memory);
-    ReleaseDC(window, shown);
     return pixels;
 }
 
@@ -61,12 +59,6 @@ int fontHeight(HWND window) {
     LOGFONTA font{};
     GetObjectA(fw::fontOf(window), sizeof font, &font);
     return static_cast<int>(-font.lfHeight);
-}
-
-int rowHeight(HWND list) {
-    RECT row{LVIR_BOUNDS, 0, 0, 0};
-    SendMessageA(list, LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&row));
-    return fw::heightOf(row);
 }
 
 int columnWidth(int item, HWND list = mainList()) {
@@ -122,8 +114,7 @@ protected:
     private:
         Measure m_width, m_height;  // of the top-level window, as it was first
         LoadedPlugin m_plugin;
-        const ReplacedImport m_functions{"GetProcAddress",
-                                         functionOf(reinterpret_cast<void*>(findFunction))};
+        const ReplacedImport m_functions{"GetProcAddress", address(findFunction)};
         std::optional<fw::DockPlace> m_place = fw::DockPlace{kDockTop, 380};
         std::unique_ptr<MainFrame> m_frame;
     };
@@ -156,18 +147,16 @@ TEST_F(Screens, ThePaneIsTheSameOnAScreenWhereverItWasBefore) {
             EXPECT_TRUE(isNew || known->second == now) << "another picture";
             for (const HWND window : {mainList(), details(), filterEdit(0), button("Accept")})
                 EXPECT_EQ(fontHeight(window), MulDiv(8, dpi, 72)) << classOf(window);
-            const TEXTMETRICA metrics = fw::metricsOf(fw::fontOf(mainList()), mainList());
-            EXPECT_EQ(rowHeight(mainList()), metrics.tmHeight + metrics.tmExternalLeading + 1);
+            const TEXTMETRICA font = fw::metricsOf(fw::fontOf(mainList()), mainList());
+            EXPECT_EQ(hand::cell(mainList(), 1).y - hand::cell(mainList(), 0).y,
+                      font.tmHeight + font.tmExternalLeading + 1);
             EXPECT_EQ(columnWidth(0), fw::toPixels(column, dpi));
             EXPECT_EQ(columnWidth(0, details()), fw::toPixels(field, dpi));
             if (dpi != 96) continue;
             const zek::Holdings held = zek::countHoldings();
-            if (before.gdiObjects != 0) {
-                EXPECT_EQ(zek::grown(before, held), "");
-            }
+            EXPECT_EQ(before.gdiObjects != 0 ? zek::grown(before, held) : "", "");
             before = held;
         }
-        EXPECT_EQ(takeSent(), std::vector<std::string>{});
     }
 }
 
@@ -195,16 +184,14 @@ TEST_F(Screens, WhatIsOpenEndsAsIfTheFocusHadLeft) {
     ASSERT_NE(editor(), nullptr);
     EXPECT_EQ(textOf(editor()), "12a");
     EXPECT_EQ(fontHeight(editor()), MulDiv(8, 192, 72));
-    RECT cell{LVIR_BOUNDS, 1, 0, 0}, common{};
-    SendMessageA(details(), LVM_GETSUBITEMRECT, kNumber, reinterpret_cast<LPARAM>(&cell));
-    MapWindowPoints(details(), nullptr, reinterpret_cast<POINT*>(&cell), 2);
-    const RECT at = onScreen(GetParent(editor()));
-    EXPECT_TRUE(IntersectRect(&common, &cell, &at) && common.left == at.left) << "over its cell";
+    const RECT at = onScreen(editor());
+    EXPECT_TRUE(PtInRect(&at, hand::cell(details(), kNumber, 1))) << "over its cell";
     hand::key(VK_ESCAPE);
 
     const std::string chosen = value(choice);
     hand::doubleClickRow(details(), choice, 1);
     hand::key(VK_DOWN);
+    ASSERT_NE(editor(), nullptr);
     open.moveTo(120);
     EXPECT_EQ(editor(), nullptr);
     EXPECT_EQ(value(choice), chosen) << "nothing was taken from the drop-down";
@@ -217,17 +204,14 @@ TEST_F(Screens, WhatIsOpenEndsAsIfTheFocusHadLeft) {
     EXPECT_EQ(textOf(filterEdit(1)), "x") << "what was being typed";
     EXPECT_EQ(GetFocus(), filterEdit(1));
 
-    const Pixels before = picture(bar());
     const LONG barAt = inParent(bar()).top;
     hand::drag(hand::middle(bar()), {200, 300}, false, [&] { open.moveTo(96); });
     open.moveTo(144);
     EXPECT_EQ(inParent(bar()).top, barAt);
-    EXPECT_EQ(picture(bar()), before);
 
     const int width = columnWidth(0, details());
     const POINT divider = captionPoint(0, details(), 1);
     hand::drag(divider, {divider.x + 40, divider.y}, false, [&] { open.moveTo(192); });
-    EXPECT_EQ(GetCapture(), nullptr);
     open.moveTo(144);
     EXPECT_NEAR(columnWidth(0, details()), width + 40, 1) << "as far as it was dragged";
     EXPECT_EQ(takeSent(), std::vector<std::string>{}) << "nothing is decided";
@@ -243,7 +227,6 @@ TEST_F(Screens, WhatIsStoredIsOf96Dots) {
         EXPECT_EQ(client.right, 750);
         EXPECT_EQ(client.bottom, 600);
         SetFocus(mainList());
-        hand::key(VK_HOME);
         hand::key(VK_OEM_PERIOD, hand::kCtrlShift);
         EXPECT_EQ(columnWidth(0), fw::toPixels(83, 144)) << "8 wider";
         const POINT divider = captionPoint(1, mainList(), 1);
