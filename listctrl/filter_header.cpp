@@ -176,6 +176,21 @@ void CFilterHeader::onPaint() {
     DrawEdge(dc, &client, BDR_SUNKENOUTER, BF_BOTTOM);
 }
 
+// The images are made for 96 dots per inch; an image list draws them in no other size.
+void CFilterHeader::drawImage(HDC dc, int image, POINT captionAt) const {
+    int width = 0, height = 0;
+    ImageList_GetIconSize(m_glyphs, &width, &height);
+    const int x = static_cast<int>(captionAt.x);
+    const int y = static_cast<int>(captionAt.y) + (m_captionHeight - scaled(height)) / 2;
+    if (scaled(height) == height) {
+        ImageList_Draw(m_glyphs, image, dc, x, y, ILD_TRANSPARENT);
+        return;
+    }
+    const HICON icon = ImageList_GetIcon(m_glyphs, image, ILD_TRANSPARENT);
+    DrawIconEx(dc, x, y, icon, scaled(width), scaled(height), 0, nullptr, DI_NORMAL);
+    DestroyIcon(icon);
+}
+
 void CFilterHeader::drawItem(HDC dc, int item) const {
     const fw::Header::Item shown = control().item(item);
     const RECT rect = control().rect(item);
@@ -190,8 +205,7 @@ void CFilterHeader::drawItem(HDC dc, int item) const {
     RECT words{rect.left + scaled(6), rect.top, rect.right - scaled(6), rect.top + m_captionHeight};
     if ((shown.format & HDF_IMAGE) != 0) {
         words.right -= scaled(13);
-        ImageList_Draw(m_glyphs, shown.image, dc, words.right + scaled(3),
-                       rect.top + (m_captionHeight - 5) / 2, ILD_TRANSPARENT);
+        drawImage(dc, shown.image, {words.right + scaled(3), rect.top});
     }
     static constexpr UINT alignments[] = {DT_LEFT, DT_RIGHT, DT_CENTER};
     SetTextColor(dc, ink);

@@ -59,6 +59,7 @@ private:
     void dropBoxes();
     void measureBoxes();
     void drawItem(HDC dc, int item) const;
+    void drawImage(HDC dc, int image, POINT captionAt) const;
     fw::Header control() const { return fw::Header(handle()); }
 
     FilterHeaderOwner& m_owner;
