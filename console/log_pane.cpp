@@ -2,6 +2,7 @@
 
 #include "console/resource_ids.h"
 #include "framework/hwnd.h"
+#include "framework/platform.h"
 
 namespace zek {
 namespace {
@@ -16,6 +17,7 @@ const fw::MessageMap& CLogPane::messageMap() const {
         fw::on<WM_CREATE, &CLogPane::onCreate>(),
         fw::on<WM_SIZE, &CLogPane::onSize>(),
         fw::on<WM_SETFOCUS, &CLogPane::onFocus>(),
+        fw::on<WM_DPICHANGED_AFTERPARENT, &CLogPane::onDpiChanged>(),
         fw::onNotify<IDC_LOG_TABS, TCN_SELCHANGE, &CLogPane::onTabChange>(),
         fw::onNotify<IDC_LOG_LIST, LVN_GETDISPINFOA, &CLogPane::onDisplay>(),
     };
@@ -31,6 +33,7 @@ bool CLogPane::create(HWND frame) {
 
 LRESULT CLogPane::onCreate() {
     m_font = messageFont(handle());
+    m_dpi = fw::dpiOf(handle());
     m_tabs =
         CreateWindowExA(0, WC_TABCONTROLA, "", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, 0, 0, 0,
                         handle(), reinterpret_cast<HMENU>(IDC_LOG_TABS), fw::module(), nullptr);
@@ -52,6 +55,14 @@ void CLogPane::onSize(int width, int height) {
     TabCtrl_AdjustRect(m_tabs, FALSE, &room);
     SetWindowPos(m_list, HWND_TOP, room.left, room.top, room.right - room.left,
                  room.bottom - room.top, SWP_NOACTIVATE);
+}
+
+void CLogPane::onDpiChanged() {
+    followFont(handle(), m_font, {m_tabs, m_list});
+    followColumns(m_list, std::exchange(m_dpi, fw::dpiOf(handle())));
+    const RECT room = clientRect();
+    onSize(static_cast<int>(room.right), static_cast<int>(room.bottom));
+    InvalidateRect(handle(), nullptr, TRUE);
 }
 
 void CLogPane::onTabChange(NMHDR&) {

@@ -23,6 +23,7 @@ private:
     LRESULT onCreate();
     void onSize(int width, int height);
     void onFocus() { SetFocus(m_list); }
+    void onDpiChanged();
     void onTabChange(NMHDR& header);
     void onDisplay(NMLVDISPINFOA& asked);
 
@@ -31,6 +32,7 @@ private:
 
     LogBook& m_book;
     fw::Font m_font;
+    int m_dpi = 0;  // that font and columns are made for
     HWND m_tabs = nullptr;
     HWND m_list = nullptr;
 };

@@ -4,6 +4,8 @@
 
 #include "console/resource_ids.h"
 #include "framework/hwnd.h"
+#include "framework/model/dots.h"
+#include "framework/platform.h"
 #include "sdk/docking.h"
 
 namespace zek {
@@ -18,8 +20,9 @@ constexpr int kWindowMenu = 5;
 RECT startPlace() {
     RECT work{};
     SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
-    const LONG width = std::min<LONG>(work.right - work.left, 1280);
-    const LONG height = std::min<LONG>(work.bottom - work.top, 900);
+    const auto scaled = [](int pixels) { return fw::toPixels(pixels, fw::systemDpi()); };
+    const LONG width = std::min<LONG>(work.right - work.left, scaled(1280));
+    const LONG height = std::min<LONG>(work.bottom - work.top, scaled(900));
     const LONG left = work.left + (work.right - work.left - width) / 2;
     const LONG top = work.top + (work.bottom - work.top - height) / 2;
     return {left, top, left + width, top + height};
@@ -45,6 +48,7 @@ const fw::MessageMap& CMainFrame::messageMap() const {
         fw::on<WM_CREATE, &CMainFrame::onCreate>(),
         fw::on<WM_SIZE, &CMainFrame::onSize>(),
         fw::on<WM_CLOSE, &CMainFrame::onClose>(),
+        fw::on<WM_DPICHANGED, &CMainFrame::onDpiChanged>(),
         fw::on<WM_TIMER, &CMainFrame::onTimer>(),
         fw::onCommand<ID_VIEW_PENDING, &CMainFrame::onViewPending>(),
         fw::onCommand<ID_VIEW_REGISTRY, &CMainFrame::onViewRegistry>(),
@@ -117,6 +121,11 @@ void CMainFrame::createStatusBar() {
 void CMainFrame::setStatus(const std::vector<std::string>& parts) {
     if (parts == m_statusParts) return;
     m_statusParts = parts;
+    showStatus();
+}
+
+void CMainFrame::showStatus() {
+    const std::vector<std::string>& parts = m_statusParts;
     std::vector<int> edges;
     for (std::size_t i = 0; i < parts.size(); ++i)
         edges.push_back(i + 1 < parts.size() ? scaled(180) * static_cast<int>(i + 1) : -1);
@@ -147,6 +156,16 @@ void CMainFrame::onSize(int, int) {
     if (m_status == nullptr) return;
     SendMessageA(m_status, WM_SIZE, 0, 0);
     layOut();
+}
+
+// The views and panes hear of it themselves, after this.
+void CMainFrame::onDpiChanged(const RECT& suggested) {
+    m_site->cancelDrag();
+    followFont(handle(), m_font, {m_status});
+    showStatus();
+    SetWindowPos(handle(), nullptr, suggested.left, suggested.top, fw::widthOf(suggested),
+                 fw::heightOf(suggested), SWP_NOZORDER | SWP_NOACTIVATE);
+    onSize(0, 0);
 }
 
 int CMainFrame::statusHeight() const {

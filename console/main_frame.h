@@ -49,6 +49,7 @@ private:
     LRESULT onCreate();
     void onSize(int width, int height);
     void onClose();
+    void onDpiChanged(const RECT& suggested);
     void onTimer(UINT_PTR id);
     void onCascade();
     template <WPARAM direction>
@@ -62,6 +63,7 @@ private:
 
     void createClient();
     void createStatusBar();
+    void showStatus();
     void layOut();
     void tileViews();
     void raiseOwnedWindows();

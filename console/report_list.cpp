@@ -1,5 +1,8 @@
 #include "console/report_list.h"
 
+#include "framework/hwnd.h"
+#include "framework/list_view.h"
+#include "framework/model/dots.h"
 #include "framework/platform.h"
 #include "framework/window.h"
 
@@ -39,6 +42,20 @@ void setRowCount(HWND list, std::size_t count) {
 
 fw::Font messageFont(HWND window) {
     return fw::systemFont(&NONCLIENTMETRICSW::lfMessageFont, fw::dpiOf(window));
+}
+
+void followFont(HWND window, fw::Font& font, std::initializer_list<HWND> controls) {
+    const fw::Font before = std::exchange(font, messageFont(window));
+    for (const HWND control : controls) fw::setFont(control, font.get());
+}
+
+void followColumns(HWND list, int before) {
+    const int now = fw::dpiOf(list);
+    const int count = fw::ListView(list).header().count();
+    for (int column = 0; column < count; ++column) {
+        const fw::Measure width{ListView_GetColumnWidth(list, column), before};
+        ListView_SetColumnWidth(list, column, width.at(now));
+    }
 }
 
 }  // namespace zek

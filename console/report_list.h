@@ -5,6 +5,7 @@
 
 #include <commctrl.h>
 
+#include <initializer_list>
 #include <span>
 #include <string>
 
@@ -27,5 +28,11 @@ void setRowCount(HWND list, std::size_t count);
 
 // The font of messages on the window's monitor.
 fw::Font messageFont(HWND window);
+
+// Gives controls the font of messages for the dots per inch that `window` has now; `font` keeps it.
+void followFont(HWND window, fw::Font& font, std::initializer_list<HWND> controls);
+
+// The columns' widths were made at `before` dots per inch.
+void followColumns(HWND list, int before);
 
 }  // namespace zek

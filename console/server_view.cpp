@@ -2,6 +2,7 @@
 
 #include "console/resource_ids.h"
 #include "framework/hwnd.h"
+#include "framework/platform.h"
 
 namespace zek {
 
@@ -9,6 +10,7 @@ const fw::MessageMap& CServerView::messageMap() const {
     static constexpr fw::MessageEntry entries[] = {
         fw::observe<WM_SIZE, &CServerView::onSize>(),
         fw::observe<WM_SETFOCUS, &CServerView::onFocus>(),
+        fw::observe<WM_DPICHANGED_AFTERPARENT, &CServerView::onDpiChanged>(),
         fw::observe<WM_ENTERSIZEMOVE, &CServerView::onEnterSizeMove>(),
         fw::observe<WM_EXITSIZEMOVE, &CServerView::onExitSizeMove>(),
         fw::onNotify<IDC_VIEW_LIST, LVN_GETDISPINFOA, &CServerView::onDisplay>(),
@@ -39,6 +41,7 @@ void CServerView::open(HWND client) {
                          CW_USEDEFAULT, CW_USEDEFAULT, client, fw::module(), 0);
     if (!subclass(view)) return;
     m_font = messageFont(view);
+    m_dpi = fw::dpiOf(view);
     m_list = createReportList(view, IDC_VIEW_LIST, m_table.columns);
     fw::setFont(m_list, m_font.get());
     m_shownRevision = m_exchange.revision() - 1;
@@ -61,6 +64,12 @@ void CServerView::onSize(int width, int height) {
 
 void CServerView::onFocus() {
     SetFocus(m_list);
+}
+
+void CServerView::onDpiChanged() {
+    followFont(handle(), m_font, {m_list});
+    followColumns(m_list, std::exchange(m_dpi, fw::dpiOf(handle())));
+    InvalidateRect(m_list, nullptr, TRUE);
 }
 
 void CServerView::onEnterSizeMove() {

@@ -43,6 +43,7 @@ protected:
 private:
     void onSize(int width, int height);
     void onFocus();
+    void onDpiChanged();
     void onEnterSizeMove();
     void onExitSizeMove();
     void onDisplay(NMLVDISPINFOA& asked);
@@ -52,6 +53,7 @@ private:
     std::function<void()> m_onMoved;
     RECT m_before{};  // the rectangle when the user took hold of the window
     fw::Font m_font;
+    int m_dpi = 0;  // that font and columns are made for
     HWND m_list = nullptr;
     std::vector<std::string> m_ids;
     unsigned m_shownRevision = 0;

@@ -109,6 +109,15 @@ TypedValue CDetailEditing::typed() const {
 
 // ---- Cells and lines that move ----
 
+void CDetailEditing::focusTaken() {
+    if (m_editor != nullptr) m_editor->closeDropped();
+    leave();
+}
+
+void CDetailEditing::fontChanged() {
+    if (m_editor != nullptr) m_editor->setFont(fw::fontOf(m_list.handle()));
+}
+
 void CDetailEditing::cellsMove() {
     if (m_editor != nullptr && !m_editor->leave(false))
         PostMessageA(m_list.handle(), kFollowCell, 0, 0);

@@ -41,6 +41,11 @@ public:
     // What leave() would do with the text that is being typed.
     TypedValue typed() const;
 
+    // Ends an edit as the focus going elsewhere does: what is dropped down closes first.
+    void focusTaken();
+    // An editor that stays open has the list's new font.
+    void fontChanged();
+
     // Cells move: an edit ends; only an editor whose text is refused stays, and follows its cell.
     void cellsMove();
 

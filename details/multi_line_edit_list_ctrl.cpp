@@ -25,7 +25,6 @@ const fw::MessageMap& CMultiLineEditListCtrl::messageMap() const {
         fw::offer<WM_MOUSEHWHEEL, &C::scrollRefused>(),
         fw::onReflected<LVN_ENDSCROLL, &C::onScrolled>(),
         fw::observe<WM_SIZE, &C::onResized>(),
-        fw::observe<WM_DPICHANGED_AFTERPARENT, &C::cellsMove>(),
     };
     static const fw::MessageMap map{&CMultiLineListCtrl::baseMap(), entries};
     return map;

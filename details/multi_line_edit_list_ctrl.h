@@ -68,6 +68,14 @@ private:
     bool beforeCellsMove() override { return leaveEditor(); }
     RowState rowState(std::size_t row) const override;
     void cellsMove() override { m_editing.cellsMove(); }
+    void leaveParts() override {
+        CMultiLineListCtrl::leaveParts();
+        m_editing.focusTaken();
+    }
+    void fontChanged() override {
+        CMultiLineListCtrl::fontChanged();
+        m_editing.fontChanged();
+    }
     bool scrollRefused() { return !leaveEditor(); }
     void onScrolled(NMHDR&) { cellsMove(); }
     void onResized(int, int) { cellsMove(); }

@@ -137,7 +137,7 @@ void CCellEditor::tell() {
 
 void CCellEditor::close() {
     const bool hadFocus = owns(GetFocus());
-    if (m_control->dropped()) m_control->closeDropped();
+    closeDropped();
     if (hadFocus) SetFocus(GetParent(handle()));
     ShowWindow(handle(), SW_HIDE);
 }

@@ -57,6 +57,14 @@ public:
     // Why the text would be refused now.
     std::optional<std::string> refused() const { return m_session.refused(); }
 
+    // Closes what is dropped down, with nothing taken from it.
+    void closeDropped() {
+        if (m_control->dropped()) m_control->closeDropped();
+    }
+
+    // Another font, which must outlive the editor.
+    void setFont(HFONT font) { fw::setFont(m_control->handle(), font); }
+
     // The cell is elsewhere now.
     void moveTo(const RECT& cell);
 

@@ -1,5 +1,6 @@
-// CControlPos: keeps a row of a pane's controls visible while the pane is resized, by the rules of
-// frames/model/control_pos.h.
+// CControlPos: keeps a row of a dialog's controls visible while the dialog is resized, by the rules
+// of frames/model/control_pos.h. Their sizes are in units of the dialog's font, so that they follow
+// it.
 #pragma once
 
 #include <windows.h>
@@ -21,8 +22,7 @@ public:
 private:
     struct Control {
         HWND window;
-        fw::Rect own;  // in pixels at `dpi`
-        int dpi;
+        fw::Rect own;  // in dialog units
     };
     std::vector<Control> m_controls;
 };

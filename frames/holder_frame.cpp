@@ -5,6 +5,8 @@
 #include "framework/dialog.h"
 #include "framework/handles.h"
 #include "framework/hwnd.h"
+#include "framework/model/dots.h"
+#include "framework/platform.h"
 
 namespace mc {
 namespace {
@@ -71,6 +73,11 @@ void CVTHolderFrame::noteChanged(std::size_t view) {
 
 void CVTHolderFrame::makeBar(std::size_t index) {
     SplitterEvents events;
+    events.grabbed = [this] { m_before = m_split; };
+    events.putBack = [this] {
+        m_split = m_before;
+        layOut();
+    };
     events.movedTo = [this, index](int position) {
         m_split.moveBar(index, position);
         layOut();
@@ -94,14 +101,15 @@ void CVTHolderFrame::restoreSizes() {
     if (m_views.size() < 2) return;
     for (std::size_t i = 0; i < m_views.size(); ++i)
         if (const auto size = m_settings.restoreSplitterSize(m_views[i].keyName))
-            m_split.setSize(i, *size);
+            m_split.setSize(i, scaled(*size));
     layOut();
 }
 
 void CVTHolderFrame::onDestroy() {
     if (m_views.size() < 2) return;
     for (std::size_t i = 0; i < m_views.size(); ++i)
-        m_settings.saveSplitterSize(m_views[i].keyName, m_split.sizeOf(i));
+        m_settings.saveSplitterSize(m_views[i].keyName,
+                                    fw::toUnits(m_split.sizeOf(i), fw::dpiOf(handle())));
 }
 
 // ---- Lay-out ----

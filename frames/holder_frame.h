@@ -82,6 +82,7 @@ private:
     std::vector<CFlatFrame> m_frames;  // one for each view
     std::vector<std::unique_ptr<CSplitterBar>> m_bars;
     SplitPanes m_split{1};
+    SplitPanes m_before{1};  // when a bar was grabbed
 };
 
 }  // namespace mc

@@ -45,7 +45,7 @@ LRESULT CSplitterBar::onSetCursor(HWND, UINT) {
 void CSplitterBar::onButtonDown(POINT client) {
     m_dragging = true;
     m_grabbedAt = along(client);
-    m_before = start();
+    m_events.grabbed();
     SetCapture(handle());
 }
 
@@ -62,7 +62,7 @@ void CSplitterBar::onButtonUp(POINT) {
 void CSplitterBar::onCaptureLost() {
     if (!m_dragging) return;
     m_dragging = false;
-    m_events.movedTo(m_before);
+    m_events.putBack();
 }
 
 bool CSplitterBar::onKeyDown(UINT key, bool) {

@@ -12,6 +12,8 @@ namespace mc {
 
 // What the user did with a bar.
 struct SplitterEvents {
+    std::function<void()> grabbed;              // a drag begins
+    std::function<void()> putBack;              // it ends with nothing moved
     std::function<void(int position)> movedTo;  // of its start, in the frame, along the direction
     std::function<void(BarMove move)> stepped;
     std::function<void()> evenedOut;  // by a double-click, or by space
@@ -46,7 +48,6 @@ private:
     SplitterEvents m_events;
     bool m_dragging = false;
     int m_grabbedAt = 0;  // within the bar
-    int m_before = 0;     // start() when the drag began
 };
 
 }  // namespace mc

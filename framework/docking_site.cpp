@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "framework/hwnd.h"
+#include "framework/platform.h"
 #include "framework/window.h"
 
 namespace fw {
@@ -37,12 +38,13 @@ CDockingSite::Docked* CDockingSite::docked(HWND window) {
 }
 
 void CDockingSite::dock(HWND pane, unsigned side, int extent) {
-    const DockedPane wanted{side, extent > 0 ? extent : defaultExtent(side),
-                            leastExtent(pane, side)};
-    if (Docked* found = docked(pane))
-        found->pane = wanted;
-    else
-        m_docked.push_back({pane, wanted, {}});
+    const Measure wanted{extent > 0 ? extent : defaultExtent(side), dpi()};
+    if (Docked* found = docked(pane)) {
+        found->side = side;
+        found->extent = wanted;
+    } else {
+        m_docked.push_back({pane, side, wanted, {}});
+    }
     m_relayout();
 }
 
@@ -58,7 +60,8 @@ Rect CDockingSite::layOut(Rect client) {
     m_client = client;
     std::vector<DockedPane> panes;
     panes.reserve(m_docked.size());
-    for (const Docked& each : m_docked) panes.push_back(each.pane);
+    for (const Docked& each : m_docked)
+        panes.push_back(paneOf(each.window, each.side, each.extent));
     const DockLayout layout = fw::layOut(client, panes, metrics());
     for (std::size_t i = 0; i < m_docked.size(); ++i) {
         const Rect& rect = layout.docked[i].pane;
@@ -69,6 +72,14 @@ Rect CDockingSite::layOut(Rect client) {
     return layout.inner;
 }
 
+int CDockingSite::dpi() const {
+    return dpiOf(m_frame);
+}
+
+DockedPane CDockingSite::paneOf(HWND window, unsigned side, Measure extent) const {
+    return {side, extent.at(dpi()), leastExtent(window, side)};
+}
+
 bool CDockingSite::handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     if (message == WM_PARENTNOTIFY && LOWORD(wParam) == WM_DESTROY) {
         remove(reinterpret_cast<HWND>(lParam));
@@ -77,6 +88,7 @@ bool CDockingSite::handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& r
     if (message == WM_SYSCOLORCHANGE ||
         message == WM_SETTINGCHANGE)  // sent to top-level windows only
         for (const Docked& each : m_docked) SendMessageA(each.window, message, wParam, lParam);
+    if (message == WM_DPICHANGED) cancelDrag();
     const bool active = LOWORD(wParam) != WA_INACTIVE, minimized = HIWORD(wParam) != 0;
     if (message == WM_ACTIVATE && !(active && minimized) && answerActivation(active)) {
         result = 0;
@@ -136,12 +148,12 @@ LRESULT CDockingSite::recall(DockRequest& request) const {
         m_memory.recall ? m_memory.recall(textOf(static_cast<HWND>(request.pane))) : std::nullopt;
     if (!place) return 0;
     request.side = place->side;
-    request.extent = place->extent;
+    request.extent = toPixels(place->extent, dpi());
     return 1;
 }
 
 void CDockingSite::keep(const Docked& held) const {
-    if (m_memory.keep) m_memory.keep(textOf(held.window), {held.pane.side, held.pane.extent});
+    if (m_memory.keep) m_memory.keep(textOf(held.window), {held.side, held.extent.units()});
 }
 
 LRESULT CDockingSite::query(DockRequest& request) {
@@ -159,13 +171,13 @@ LRESULT CDockingSite::query(DockRequest& request) {
 
 // Where dock() would put the pane.
 Rect CDockingSite::rectFor(HWND pane, unsigned side, int extent) const {
-    const DockedPane wanted{side, extent > 0 ? extent : defaultExtent(side),
-                            leastExtent(pane, side)};
+    const DockedPane wanted =
+        paneOf(pane, side, {extent > 0 ? extent : defaultExtent(side), dpi()});
     std::vector<DockedPane> panes;
     std::size_t index = m_docked.size();
     for (const Docked& each : m_docked) {
         if (each.window == pane) index = panes.size();
-        panes.push_back(each.window == pane ? wanted : each.pane);
+        panes.push_back(each.window == pane ? wanted : paneOf(each.window, each.side, each.extent));
     }
     if (index == panes.size()) panes.push_back(wanted);
     return fw::layOut(m_client, panes, metrics()).docked[index].pane;
@@ -200,7 +212,7 @@ bool CDockingSite::answerMouse(UINT message, WPARAM wParam, LPARAM lParam, LRESU
             return takeSash(at);
         case WM_MOUSEMOVE:
             if (Docked* held = docked(m_dragged))
-                setExtent(*held, extentTo(held->rects.pane, held->pane.side, at.x, at.y));
+                setExtent(*held, {extentTo(held->rects.pane, held->side, at.x, at.y), dpi()});
             return m_dragged != nullptr;
         case WM_LBUTTONUP:
             return releaseSash();
@@ -227,7 +239,7 @@ bool CDockingSite::showSashCursor(LRESULT& result) {
     ScreenToClient(m_frame, &cursor);
     const Docked* sash = sashAt(cursor);
     if (sash == nullptr) return false;
-    SetCursor(LoadCursorA(nullptr, acrossIsHeight(sash->pane.side) ? IDC_SIZENS : IDC_SIZEWE));
+    SetCursor(LoadCursorA(nullptr, acrossIsHeight(sash->side) ? IDC_SIZENS : IDC_SIZEWE));
     result = 1;
     return true;
 }
@@ -236,13 +248,13 @@ bool CDockingSite::takeSash(POINT client) {
     const Docked* sash = sashAt(client);
     if (sash == nullptr) return false;
     m_dragged = sash->window;
-    m_extentBefore = sash->pane.extent;
+    m_extentBefore = sash->extent;
     SetCapture(m_frame);
     return true;
 }
 
-void CDockingSite::setExtent(Docked& held, int extent) {
-    held.pane.extent = extent;
+void CDockingSite::setExtent(Docked& held, Measure extent) {
+    held.extent = extent;
     m_relayout();
 }
 

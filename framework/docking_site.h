@@ -15,13 +15,14 @@
 
 #include "framework/dock_frame.h"
 #include "framework/model/dock_layout.h"
+#include "framework/model/dots.h"
 
 namespace fw {
 
 // Where a pane is docked.
 struct DockPlace {
     unsigned side = 0;
-    int extent = 0;  // pixels across the side
+    int extent = 0;  // across the side, in pixels at 96 dots per inch
 };
 
 // What a frame keeps of its panes, by name, from one session to the next.
@@ -46,8 +47,8 @@ public:
     // Takes the window out of the layout; true when it was in it. The window itself is left alone.
     bool remove(HWND pane);
 
-    // Moves every docked window to its rectangle in `client` (frame client pixels); returns the
-    // rest.
+    // Moves every docked window to its rectangle in `client` (frame client pixels), at the dots per
+    // inch that the frame has now; returns the rest.
     Rect layOut(Rect client);
 
     // Answers the docking messages, and the mouse over the bars. False: not the site's.
@@ -63,7 +64,8 @@ public:
 private:
     struct Docked {
         HWND window;
-        DockedPane pane;
+        unsigned side;
+        Measure extent;
         DockRects rects;
     };
 
@@ -77,7 +79,9 @@ private:
     bool answerMouse(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     bool showSashCursor(LRESULT& result);
     bool takeSash(POINT client);
-    void setExtent(Docked& held, int extent);
+    void setExtent(Docked& held, Measure extent);
+    int dpi() const;
+    DockedPane paneOf(HWND window, unsigned side, Measure extent) const;
     Docked* docked(HWND window);
     Rect rectFor(HWND pane, unsigned side, int extent) const;
     Docked* sashAt(POINT client);
@@ -89,7 +93,7 @@ private:
     std::vector<Docked> m_docked;
     Rect m_client;             // of the last layOut
     HWND m_dragged = nullptr;  // the window whose bar is held
-    int m_extentBefore = 0;    // of that window
+    Measure m_extentBefore;    // of that window
     HWND m_focused = nullptr;  // the docked window that had the focus when the frame lost it
     DockMessages m_messages;
     DockMemory m_memory;  // empty functions: none

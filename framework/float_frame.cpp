@@ -31,6 +31,7 @@ const MessageMap& CFloatFrame::messageMap() const {
         on<WM_NCLBUTTONDBLCLK, &CFloatFrame::onCaptionDoubleClick>(),
         on<WM_SETFOCUS, &CFloatFrame::onSetFocus>(),
         on<WM_GETMINMAXINFO, &CFloatFrame::onMinimum>(),
+        on<WM_DPICHANGED, &CFloatFrame::onDpiChanged>(),
         observe<WM_ACTIVATE, &CFloatFrame::onActivate>(),
         observe<WM_SYSCOLORCHANGE, &CFloatFrame::onSystemColors>(),
         observe<WM_SETTINGCHANGE, &CFloatFrame::onSetting>(),
@@ -83,6 +84,13 @@ void CFloatFrame::onSystemColors() {
 
 void CFloatFrame::onSetting(WPARAM what, LPARAM section) {
     if (m_docking.inFloatFrame()) SendMessageA(m_pane.handle(), WM_SETTINGCHANGE, what, section);
+}
+
+// The rectangle keeps the pointer that drags the window where it holds it.
+void CFloatFrame::onDpiChanged(const RECT& suggested) {
+    SetWindowPos(handle(), nullptr, suggested.left, suggested.top, widthOf(suggested),
+                 heightOf(suggested), SWP_NOZORDER | SWP_NOACTIVATE);
+    if (m_docking.inFloatFrame()) m_pane.checkDpi();
 }
 
 void CFloatFrame::onMinimum(MINMAXINFO& info) {

@@ -32,6 +32,7 @@ private:
     void onCaptionDoubleClick(UINT hit, POINT screen);
     void onSetFocus();
     void onMinimum(MINMAXINFO& info);
+    void onDpiChanged(const RECT& suggested);
     void onActivate(bool active);
     void onSystemColors();
     void onSetting(WPARAM what, LPARAM section);

@@ -27,6 +27,18 @@ TEXTMETRICA metricsOf(HFONT font, HWND window) noexcept {
     return metrics;
 }
 
+// As the platform has it: the average of the letters, and the height of the font.
+SIZE dialogUnits(HFONT font, HWND window) noexcept {
+    constexpr char kLetters[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+    const DcScope scope(window);
+    const SelectScope select(scope.dc(), font != nullptr ? font : GetStockObject(SYSTEM_FONT));
+    SIZE letters{};
+    TEXTMETRICA metrics{};
+    GetTextExtentPoint32A(scope.dc(), kLetters, sizeof kLetters - 1, &letters);
+    GetTextMetricsA(scope.dc(), &metrics);
+    return {(letters.cx / 26 + 1) / 2, metrics.tmHeight};
+}
+
 RECT screenRect(HWND window) noexcept {
     RECT rect{};
     GetWindowRect(window, &rect);

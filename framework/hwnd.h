@@ -17,6 +17,9 @@ void setFont(HWND window, HFONT font) noexcept;
 // Measures of a font on the window's screen.
 TEXTMETRICA metricsOf(HFONT font, HWND window) noexcept;
 
+// What four dialog units across and eight down are in pixels, in a dialog with this font.
+SIZE dialogUnits(HFONT font, HWND window) noexcept;
+
 // The whole window on the screen, and in its parent's client area.
 RECT screenRect(HWND window) noexcept;
 RECT rectInParent(HWND window) noexcept;

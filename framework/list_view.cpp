@@ -55,6 +55,16 @@ void ListView::bringIntoView(std::size_t row) const {
     send(LVM_ENSUREVISIBLE, row, FALSE);
 }
 
+std::size_t ListView::topRow() const {
+    return static_cast<std::size_t>(send(LVM_GETTOPINDEX));
+}
+
+void ListView::bringToTop(std::size_t row) const {
+    if (row >= rowCount() || row == topRow()) return;
+    const RECT now = rowRect(topRow()), wanted = rowRect(row);
+    send(LVM_SCROLL, 0, wanted.top - now.top);
+}
+
 void ListView::scrollSideways(int pixels) const {
     send(LVM_SCROLL, static_cast<WPARAM>(pixels));
 }

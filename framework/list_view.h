@@ -33,6 +33,9 @@ public:
     std::optional<std::size_t> rowAt(POINT client) const;
     std::size_t rowsPerPage() const;
     void bringIntoView(std::size_t row) const;
+    // The first visible row. Scrolls until a row is that, as far as there are rows behind it.
+    std::size_t topRow() const;
+    void bringToTop(std::size_t row) const;
     void scrollSideways(int pixels) const;
 
     // ---- Looks ----

@@ -184,6 +184,13 @@ struct Crack<WM_ACTIVATE> {  // (bool active)
     }
 };
 template <>
+struct Crack<WM_DPICHANGED> {  // (const RECT& suggested)
+    template <class Handler>
+    static decltype(auto) with(Handler handler, WPARAM, LPARAM l) {
+        return handler(*reinterpret_cast<const RECT*>(l));
+    }
+};
+template <>
 struct Crack<WM_SETTINGCHANGE> {  // (WPARAM what, LPARAM section)
     template <class Handler>
     static decltype(auto) with(Handler handler, WPARAM w, LPARAM l) {

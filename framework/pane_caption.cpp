@@ -6,6 +6,7 @@
 #include "framework/dialog.h"
 #include "framework/handles.h"
 #include "framework/hwnd.h"
+#include "framework/model/dots.h"
 #include "framework/pane_dialog.h"
 #include "framework/platform.h"
 
@@ -28,10 +29,11 @@ constexpr CaptionCommand kCaptionCommands[] = {
     {kCloseCommand, 0, "&Close"},
 };
 
-void drawGripper(HDC dc, RECT strip) {
+void drawGripper(HDC dc, RECT strip, int dpi) {
+    const int margin = toPixels(3, dpi);
     for (int bar = 0; bar < 2; ++bar) {
-        RECT line{strip.left + 3 + bar * 4, strip.top + 3, strip.left + 6 + bar * 4,
-                  strip.bottom - 3};
+        const LONG left = strip.left + margin + toPixels(bar * 4, dpi);
+        RECT line{left, strip.top + margin, left + margin, strip.bottom - margin};
         DrawEdge(dc, &line, BDR_RAISEDINNER, BF_RECT);
     }
 }
@@ -66,9 +68,10 @@ void PaneCaption::onNcPaint() {
     const HDC dc = scope.dc();
     RECT strip{0, 0, widthOf(screenRect(m_pane.handle())), height()};
     FillRect(dc, &strip, GetSysColorBrush(COLOR_3DFACE));
-    drawGripper(dc, strip);
+    const int dpi = dpiOf(m_pane.handle());
+    drawGripper(dc, strip, dpi);
 
-    const Font font = systemFont(&NONCLIENTMETRICSW::lfSmCaptionFont, dpiOf(m_pane.handle()));
+    const Font font = systemFont(&NONCLIENTMETRICSW::lfSmCaptionFont, dpi);
     const SelectScope select(dc, font.get());
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
@@ -110,8 +113,9 @@ void PaneCaption::onNcDoubleClick(UINT hit, POINT) {
 void PaneCaption::onMouseMove(POINT client) {
     if (!m_pressed) return;
     ClientToScreen(m_pane.handle(), &client);
-    m_dragging = m_dragging || std::abs(client.x - m_pressedAt.x) > GetSystemMetrics(SM_CXDRAG) ||
-                 std::abs(client.y - m_pressedAt.y) > GetSystemMetrics(SM_CYDRAG);
+    const int dpi = dpiOf(m_pane.handle());
+    m_dragging = m_dragging || std::abs(client.x - m_pressedAt.x) > metric(SM_CXDRAG, dpi) ||
+                 std::abs(client.y - m_pressedAt.y) > metric(SM_CYDRAG, dpi);
     if (!m_dragging) return;
     SetCursor(LoadCursorA(nullptr, IDC_SIZEALL));
     m_docking.previewDrop(client);

@@ -7,6 +7,10 @@
 // Order of life: create(), enableDocking(), dock() or show(); the user closes (hides) it and
 // bringToView() brings it back; it ends with destroy() or with its frame.
 //
+// It follows the dots per inch of its monitor, however it hears of others: by WM_DPICHANGED of its
+// float frame, by WM_DPICHANGED_AFTERPARENT, by another parent or only by another size. Its font is
+// its own, made at the dots per inch that it has.
+//
 // Its parts: PaneDocking knows where it is, PaneCaption draws and drags it, PaneKeys has the keys
 // and the focus. They ask what a derived class answers.
 #pragma once
@@ -17,6 +21,7 @@
 #include <span>
 #include <vector>
 
+#include "framework/handles.h"
 #include "framework/pane_caption.h"
 #include "framework/pane_docking.h"
 #include "framework/pane_keys.h"
@@ -62,6 +67,11 @@ public:
     // The caption comes or goes.
     void frameChanged();
 
+    // Fonts, sizes and tips for the dots per inch that the pane has now. What the mouse drags in it
+    // goes back. checkDpi() does that only when they are others than the last time.
+    void followDpi();
+    void checkDpi();
+
     // Destroys the window; false when there is none.
     bool destroy();
 
@@ -91,22 +101,44 @@ public:
     // after this.
     virtual void onColorsChanged() {}
 
+    // The pane has other dots per inch, and its controls have its new font; lays out.
+    virtual void onDpiChanged() {}
+
     // The user closed the pane: it was hidden.
     virtual void onHidden() {}
 
-    // The size in which the pane floats for the first time, in pixels; empty: two thirds of its
-    // frame.
+    // The size in which the pane floats for the first time, in pixels at 96 dots per inch; empty:
+    // two thirds of its frame.
     virtual SIZE firstFloatSize() const { return {}; }
 
 protected:
     const MessageMap& messageMap() const override { return baseMap(); }
     static const MessageMap& baseMap();
 
-    // The size in which it floats, or floated last; nothing if it never did.
+    // The size in which it floats, or floated last, in pixels at 96 dots per inch; nothing if it
+    // never did.
     std::optional<SIZE> lastFloatSize() const { return m_docking.lastFloatSize(); }
 
 private:
+    // Stands before the dialog's own procedure, so that the platform's dialog manager is done with
+    // a message when the pane follows it.
+    class Watch final : public CWindow {
+    public:
+        explicit Watch(CPaneDialog& pane) : m_pane(pane) {}
+        using CWindow::subclass;
+
+    protected:
+        const MessageMap& messageMap() const override;
+
+    private:
+        void onDpiChanged();
+        void onSize(int, int) { m_pane.checkDpi(); }
+        CPaneDialog& m_pane;
+    };
+
     LRESULT onInitPane() { return FALSE; }
+    LRESULT onGetFont() { return reinterpret_cast<LRESULT>(font()); }
+    HFONT font();
     // The pane's menus are its parts' own; asked for elsewhere in it, none comes from the host.
     void onContextMenu(POINT) {}
     void onButtonFocus() { m_keys.buttonFocusChanged(); }
@@ -115,6 +147,9 @@ private:
     void onActivate(bool active);
     void onDestroy();
 
+    Watch m_watch{*this};
+    Font m_font;
+    int m_dpi = 0;  // that it follows; 0 before it is made
     PaneDocking m_docking;
     PaneCaption m_caption;
     PaneKeys m_keys;

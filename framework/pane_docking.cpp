@@ -32,7 +32,7 @@ void PaneDocking::dock() {
     if (!std::exchange(m_recalled, true))
         if (const auto last = m_frame.recall(m_pane.handle()); last && allows(last->side)) {
             m_side = last->side;
-            m_extent = last->extent;
+            m_extent = {last->extent, frameDpi()};
         }
     dockAt(m_side);
 }
@@ -41,14 +41,14 @@ void PaneDocking::dockAt(unsigned side) {
     const HWND pane = m_pane.handle();
     if (pane == nullptr) return;
     if (side != m_side)
-        m_extent = 0;
+        m_extent = {};
     else if (m_mode == Mode::docked && !m_hidden)
         m_extent = presentExtent();
     const HWND focus = GetFocus();
     m_side = side;
     m_mode = Mode::docked;
     m_hidden = false;
-    if (!allows(side) || !m_frame.attach(pane, side & m_allowedSides, m_extent)) {
+    if (!allows(side) || !m_frame.attach(pane, side & m_allowedSides, extent())) {
         m_mode = Mode::floating;
         showFloating(false);
         return;
@@ -93,9 +93,13 @@ void PaneDocking::leaveFrame() {
     m_frame.detach(m_pane.handle());
 }
 
-int PaneDocking::presentExtent() const {
+Measure PaneDocking::presentExtent() const {
     const RECT window = screenRect(m_pane.handle());
-    return acrossIsHeight(m_side) ? heightOf(window) : widthOf(window);
+    return {acrossIsHeight(m_side) ? heightOf(window) : widthOf(window), frameDpi()};
+}
+
+int PaneDocking::frameDpi() const {
+    return dpiOf(m_frame.window());
 }
 
 // ---- The float frame ----
@@ -107,7 +111,9 @@ bool PaneDocking::inFloatFrame() const {
 std::optional<SIZE> PaneDocking::lastFloatSize() const {
     if (m_float == nullptr || m_float->handle() == nullptr) return std::nullopt;
     const RECT room = m_float->clientRect();
-    return SIZE{room.right, room.bottom};
+    const int dpi = dpiOf(m_float->handle());
+    return SIZE{toUnits(static_cast<int>(room.right), dpi),
+                toUnits(static_cast<int>(room.bottom), dpi)};
 }
 
 void PaneDocking::destroyFloatFrame() {
@@ -118,14 +124,14 @@ void PaneDocking::showFloating(bool activate) {
     if (IsRectEmpty(&m_floatRect)) {
         const RECT frame = screenRect(m_frame.window());
         m_floatRect = floatRectAt({frame.left + m_pane.scaled(60), frame.top + m_pane.scaled(90)});
+        m_floatDpi = dpiOf(m_pane.handle());
     }
     if (m_float == nullptr) m_float = std::make_unique<CFloatFrame>(m_pane, *this);
     if (m_float->handle() == nullptr &&
         !m_float->create(m_frame.window(), textOf(m_pane.handle()), m_floatRect))
         return;
     if (!inFloatFrame()) {
-        SetWindowPos(m_float->handle(), nullptr, m_floatRect.left, m_floatRect.top,
-                     widthOf(m_floatRect), heightOf(m_floatRect), SWP_NOZORDER | SWP_NOACTIVATE);
+        placeFloatFrame();
         SetParent(m_pane.handle(), m_float->handle());
         m_pane.frameChanged();
     }
@@ -135,13 +141,29 @@ void PaneDocking::showFloating(bool activate) {
     ShowWindow(m_float->handle(), activate ? SW_SHOW : SW_SHOWNA);
 }
 
+// First it goes where it shall be, and gets the dots per inch there, with a size by the platform's
+// own reckoning; then the size that it has at those.
+void PaneDocking::placeFloatFrame() {
+    const HWND window = m_float->handle();
+    SetWindowPos(window, nullptr, m_floatRect.left, m_floatRect.top, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const int dpi = dpiOf(window);
+    SetWindowPos(window, nullptr, m_floatRect.left, m_floatRect.top,
+                 Measure{widthOf(m_floatRect), m_floatDpi}.at(dpi),
+                 Measure{heightOf(m_floatRect), m_floatDpi}.at(dpi), SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 // As large as it floated last.
 RECT PaneDocking::floatRectAt(POINT corner) const {
-    RECT rect{0, 0, widthOf(m_floatRect), heightOf(m_floatRect)};
+    const int dpi = dpiOf(m_pane.handle());
+    RECT rect{0, 0, Measure{widthOf(m_floatRect), m_floatDpi}.at(dpi),
+              Measure{heightOf(m_floatRect), m_floatDpi}.at(dpi)};
     if (IsRectEmpty(&rect)) {
-        const SIZE wished = m_pane.firstFloatSize(), least = m_pane.leastSize();
+        const SIZE stored = m_pane.firstFloatSize(), least = m_pane.leastSize();
+        const SIZE wished{toPixels(static_cast<int>(stored.cx), dpi),
+                          toPixels(static_cast<int>(stored.cy), dpi)};
         rect = CFloatFrame::windowAround(
-            {std::max(wished.cx, least.cx), std::max(wished.cy, least.cy)}, dpiOf(m_pane.handle()));
+            {std::max(wished.cx, least.cx), std::max(wished.cy, least.cy)}, dpi);
         if (wished.cx == 0 && wished.cy == 0) {
             const RECT frame = screenRect(m_frame.window());
             rect.right = std::max<LONG>(rect.right, rect.left + widthOf(frame) * 2 / 3);
@@ -166,6 +188,7 @@ void PaneDocking::floatFrameReleased(bool moved) {
     m_preview.hide();
     if (!moved) return;
     m_floatRect = screenRect(m_float->handle());
+    m_floatDpi = dpiOf(m_float->handle());
     POINT cursor{};
     GetCursorPos(&cursor);
     dropAt(cursor);
@@ -182,8 +205,8 @@ DockFrame::Target PaneDocking::targetFor(POINT screen) const {
     const auto target = m_frame.targetAt(m_pane.handle(), screen, 0);
     if (!target || !allows(target->side)) return floating;
     if (target->side != m_side) return *target;
-    const int extent = m_mode == Mode::docked ? presentExtent() : m_extent;
-    return m_frame.targetAt(m_pane.handle(), screen, extent).value_or(*target);
+    const int own = m_mode == Mode::docked ? presentExtent().pixels : extent();
+    return m_frame.targetAt(m_pane.handle(), screen, own).value_or(*target);
 }
 
 void PaneDocking::previewDrop(POINT screen) {
@@ -195,6 +218,7 @@ void PaneDocking::dropAt(POINT screen) {
     if (target.side != 0) return dockAt(target.side);
     if (m_mode == Mode::floating) return;
     m_floatRect = target.rect;
+    m_floatDpi = dpiOf(m_pane.handle());
     floatPane();
 }
 

@@ -9,6 +9,7 @@
 
 #include "framework/dock_frame.h"
 #include "framework/drop_preview.h"
+#include "framework/model/dots.h"
 
 namespace fw {
 
@@ -38,7 +39,7 @@ public:
 
     const DockFrame& frame() const { return m_frame; }
     bool inFloatFrame() const;
-    std::optional<SIZE> lastFloatSize() const;
+    std::optional<SIZE> lastFloatSize() const;  // at 96 dots per inch
 
     // While the pane is dragged by its caption: shows where it would be, at a side or floating.
     void previewDrop(POINT screen);
@@ -56,17 +57,21 @@ private:
     void leaveFrame();
     void showFloating(bool activate);
     RECT floatRectAt(POINT corner) const;
-    int presentExtent() const;
+    void placeFloatFrame();
+    Measure presentExtent() const;
+    int extent() const { return m_extent.at(frameDpi()); }
+    int frameDpi() const;
 
     CPaneDialog& m_pane;
     DockFrame m_frame;
     unsigned m_allowedSides = 0;
     unsigned m_side = 0;
-    int m_extent = 0;  // across the side, as last seen; 0 leaves it to the frame
+    Measure m_extent;  // across the side, as last seen; 0 leaves it to the frame
     Mode m_mode = Mode::docked;
     bool m_hidden = true;
-    bool m_recalled = false;  // the frame was asked where the pane was
-    RECT m_floatRect{};       // screen; empty until it floated once
+    bool m_recalled = false;    // the frame was asked where the pane was
+    RECT m_floatRect{};         // screen; empty until it floated once
+    int m_floatDpi = kUnitDpi;  // where it has that size
     std::unique_ptr<CFloatFrame> m_float;
     CDropPreview m_preview;
 };

@@ -24,6 +24,7 @@ public:
     // The pane's window is there; it goes.
     void open();
     void close();
+    void followDpi() { m_tips.followDpi(); }
 
     // Where the focus is in the pane, before it leaves; elsewhere, nothing new.
     void keepFocus();

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "framework/hwnd.h"
+#include "framework/platform.h"
 #include "framework/window.h"
 
 namespace fw {
@@ -24,6 +26,15 @@ void CToolTip::create(HWND owner, DWORD style) {
     // A signed 16-bit number.
     constexpr WORD kStays = 30'000;
     SendMessageA(m_handle, TTM_SETDELAYTIME, TTDT_AUTOPOP, MAKELPARAM(kStays, 0));
+    m_owner = owner;
+    followDpi();
+}
+
+void CToolTip::followDpi() {
+    if (m_handle == nullptr) return;
+    Font font = systemFont(&NONCLIENTMETRICSW::lfStatusFont, dpiOf(m_owner));
+    setFont(m_handle, font.get());
+    m_font = std::move(font);
 }
 
 void CToolTip::destroy() {

@@ -1,6 +1,7 @@
 // CToolTip: a tool-tip window and its tools, which watch the mouse by themselves.
 //
-// Texts are shown as they are: "&" marks no letter.
+// Texts are shown as they are: "&" marks no letter. The font is the system's for tips, at the dots
+// per inch of the owner.
 #pragma once
 
 #include <windows.h>
@@ -8,6 +9,8 @@
 #include <commctrl.h>
 
 #include <string>
+
+#include "framework/handles.h"
 
 namespace fw {
 
@@ -24,6 +27,9 @@ public:
     bool created() const { return m_handle != nullptr; }
     void destroy();
 
+    // The owner has other dots per inch.
+    void followDpi();
+
     void setTextColor(COLORREF color) const;
     // Longer texts wrap.
     void setMaxWidth(int pixels) const;
@@ -36,6 +42,8 @@ public:
 
 private:
     HWND m_handle = nullptr;
+    HWND m_owner = nullptr;
+    Font m_font;
 };
 
 }  // namespace fw

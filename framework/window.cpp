@@ -4,6 +4,7 @@
 
 #include "framework/activation.h"
 #include "framework/model/calls.h"
+#include "framework/model/dots.h"
 #include "framework/platform.h"
 
 extern "C" IMAGE_DOS_HEADER __ImageBase;
@@ -99,7 +100,7 @@ RECT CWindow::clientRect() const noexcept {
 }
 
 int scaledFor(HWND window, int pixels) noexcept {
-    return window != nullptr ? MulDiv(pixels, dpiOf(window), USER_DEFAULT_SCREEN_DPI) : pixels;
+    return window != nullptr ? toPixels(pixels, dpiOf(window)) : pixels;
 }
 
 HWND makeControl(const char* windowClass, const char* text, DWORD style, DWORD exStyle, SIZE size,

@@ -24,6 +24,11 @@ void CCellTip::forget() {
     hide();
 }
 
+void CCellTip::followDpi() {
+    forget();
+    m_tip.followDpi();
+}
+
 void CCellTip::show(ListCell cell) {
     const std::string text = m_painter.tipOf(cell);
     if (text.empty()) return;

@@ -22,6 +22,8 @@ public:
     // Other texts may be under the mouse now.
     void forget();
 
+    void followDpi();
+
 private:
     void show(ListCell cell);
     void hide();

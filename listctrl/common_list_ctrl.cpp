@@ -43,8 +43,6 @@ bool CCommonListCtrl::create(HWND parent, UINT id, const std::string& name, std:
     const HWND list =
         fw::makeControl(WC_LISTVIEWA, name.c_str(), style, WS_EX_CLIENTEDGE, {}, parent, id);
     if (!subclass(list)) return false;
-    const auto font = SendMessageA(GetAncestor(parent, GA_PARENT), WM_GETFONT, 0, 0);
-    SendMessageA(list, WM_SETFONT, static_cast<WPARAM>(font), FALSE);
     const DWORD extended = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
     fw::ListView(list).setExtendedStyle(extended, extended);
     m_columns.setName(name);
@@ -55,7 +53,7 @@ bool CCommonListCtrl::create(HWND parent, UINT id, const std::string& name, std:
 void CCommonListCtrl::setColumns(std::span<const sVoskColInfo> columns, CellReader reader,
                                  std::span<const ColumnId> mandatory, CellReader whole) {
     m_content.setWholeReader(std::move(whole));
-    m_content.install(columns, scaled(USER_DEFAULT_SCREEN_DPI), std::move(reader), mandatory);
+    m_content.install(columns, std::move(reader), mandatory);
     m_columns.loadProfile();
 }
 
@@ -86,6 +84,26 @@ void CCommonListCtrl::fontChanged() {
     m_input.endMarquee();
     m_painter.fontChanged();
     m_header.measure();
+}
+
+// The control does its own part first. The row at the top stays there.
+void CCommonListCtrl::onDpiChanged() {
+    controlDefault(WM_DPICHANGED_AFTERPARENT, 0, 0);
+    followDpi();
+}
+
+void CCommonListCtrl::followDpi() {
+    if (handle() == nullptr) return;
+    leaveParts();
+    const fw::ListView view(handle());
+    const std::size_t top = view.topRow();
+    m_cellTip.followDpi();
+    m_header.followDpi();
+    m_appearance.show();
+    m_columns.followDpi();
+    view.bringToTop(top);
+    cellsMove();
+    InvalidateRect(handle(), nullptr, TRUE);
 }
 
 // Enter in a list belongs to the list: it must never press the dialog's default button.
@@ -148,6 +166,7 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::observe<WM_KILLFOCUS, &C::m_input, &CListInput::onFocusChanged>(),
         fw::observe<WM_KILLFOCUS, &C::m_access, &CListAccess::onFocus>(),
         fw::observe<WM_SYSCOLORCHANGE, &C::m_appearance, &CListAppearance::showColors>(),
+        fw::on<WM_DPICHANGED_AFTERPARENT, &C::onDpiChanged>(),
         fw::on<LVM_GETITEMSTATE, &C::m_answers, &CSelectionAnswers::onGetItemState>(),
         fw::on<LVM_SETITEMSTATE, &C::m_answers, &CSelectionAnswers::onSetItemState>(),
         fw::on<LVM_GETNEXTITEM, &C::m_answers, &CSelectionAnswers::onGetNextItem>(),

@@ -86,6 +86,10 @@ public:
     // Reads the profile of every list of the process again.
     static void loadAllColumnProfiles();
 
+    // Font, rows, columns and tips for the dots per inch that the list has now. What is open over
+    // it ends as if the focus had left; a text that is refused stays open.
+    void followDpi();
+
 protected:
     const fw::MessageMap& messageMap() const override { return baseMap(); }
     static const fw::MessageMap& baseMap();
@@ -103,6 +107,7 @@ protected:
 private:
     LRESULT onGetDialogCode(const MSG* message);
     void onPaint();
+    void onDpiChanged();
 
     ListServices& m_services;
     std::function<void()> m_updated;

@@ -69,11 +69,29 @@ bool CFilterBox::create(HWND header, UINT id, const std::string& name, HFONT fon
                                        0, {60, fw::scaledFor(header, kDropHeight)}, header, id);
     if (combo == nullptr || !subclass(combo)) return false;
     if (!m_edit.subclass(FindWindowExA(combo, nullptr, WC_EDITA, nullptr))) return false;
-    SendMessageA(combo, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
-    takeHeights(font);
+    setFont(font);
     m_box = FilterBox(std::move(filter));
     show();
     return true;
+}
+
+void CFilterBox::setFont(HFONT font) {
+    const auto [first, last] = selection();
+    SendMessageA(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    takeHeights(font);
+    SendMessageA(edit(), EM_SETSEL, first, static_cast<LPARAM>(last));
+    InvalidateRect(handle(), nullptr, TRUE);
+}
+
+void CFilterBox::closeDrop() const {
+    if (dropped()) SendMessageA(handle(), CB_SHOWDROPDOWN, FALSE, 0);
+}
+
+std::pair<DWORD, DWORD> CFilterBox::selection() const {
+    DWORD first = 0, last = 0;
+    SendMessageA(edit(), EM_GETSEL, reinterpret_cast<WPARAM>(&first),
+                 reinterpret_cast<LPARAM>(&last));
+    return {first, last};
 }
 
 // A box whose lines are drawn by its owner does not follow the font: it takes the heights of one
@@ -101,9 +119,7 @@ void CFilterBox::moveTo(int left, int top, int width) {
     MapWindowPoints(HWND_DESKTOP, GetParent(handle()), reinterpret_cast<POINT*>(&now), 2);
     const bool resized = now.right - now.left != width;
     if (!resized && now.left == left && now.top == top) return;
-    DWORD first = 0, last = 0;
-    SendMessageA(edit(), EM_GETSEL, reinterpret_cast<WPARAM>(&first),
-                 reinterpret_cast<LPARAM>(&last));
+    const auto [first, last] = selection();
     SetWindowPos(handle(), nullptr, left, top, width, scaled(kDropHeight),
                  SWP_NOZORDER | SWP_NOACTIVATE | (resized ? 0U : SWP_NOSIZE));
     if (!resized) return;

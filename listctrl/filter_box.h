@@ -11,6 +11,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "framework/window.h"
 #include "listctrl/model/filter_box.h"
@@ -38,6 +39,11 @@ public:
 
     // Makes the box as a child of the header; `name` is for screen readers.
     bool create(HWND header, UINT id, const std::string& name, HFONT font, ColumnFilter filter);
+
+    // Another font, which the caller keeps; the text and its selection stay.
+    void setFont(HFONT font);
+    // Closes the drop-down as the focus going elsewhere does: nothing is chosen.
+    void closeDrop() const;
 
     int height() const;
     // Costs nothing when the box is there already.
@@ -87,6 +93,7 @@ private:
     void onDropped();
     LRESULT onDrawItem(const DRAWITEMSTRUCT& draw);
     void takeHeights(HFONT font);
+    std::pair<DWORD, DWORD> selection() const;
     void fill();
 
     bool dropped() const { return SendMessageA(handle(), CB_GETDROPPEDSTATE, 0, 0) != 0; }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "framework/hwnd.h"
 #include "listctrl/list_colors.h"
 
 namespace mc {
@@ -50,6 +51,8 @@ const fw::MessageMap& CFilterHeader::messageMap() const {
         fw::observe<WM_SIZE, &CFilterHeader::onSize>(),
         fw::onAnyCommand<&CFilterHeader::onBoxCommand>(),
         fw::on<WM_DRAWITEM, &CFilterHeader::onDrawItem>(),
+        fw::on<WM_DPICHANGED_AFTERPARENT, &CFilterHeader::onDpiChanged>(),
+        fw::observe<WM_CANCELMODE, &CFilterHeader::onCancelMode>(),
     };
     static constexpr fw::MessageMap map{nullptr, entries};
     return map;
@@ -82,10 +85,42 @@ void CFilterHeader::setBoxes(const std::vector<ColumnFilter>& filters) {
         const UINT id = kFirstBoxId + static_cast<UINT>(item);
         if (!box->create(handle(), id, control().item(item).caption + " filter", m_font, filter))
             break;
-        m_boxHeight = box->height() + scaled(2);
         m_boxes.push_back(std::move(box));
     }
+    measureBoxes();
     layOutBoxes();
+}
+
+void CFilterHeader::setFont(HFONT font) {
+    m_font = font;
+    for (const auto& box : m_boxes) box->setFont(font);
+    measureBoxes();
+}
+
+// The list set the font before the control had its part.
+void CFilterHeader::onDpiChanged() {
+    controlDefault(WM_DPICHANGED_AFTERPARENT, 0, 0);
+    fw::setFont(handle(), m_font);
+    layOutBoxes();
+}
+
+// A divider that is dragged stays where it is. Not every version of the control ends a drag that
+// loses the mouse; let go outside, a pressed caption is not clicked.
+void CFilterHeader::onCancelMode() {
+    if (GetCapture() != handle()) return;
+    POINT at{};
+    GetCursorPos(&at);
+    ScreenToClient(handle(), &at);
+    at.y = -1000;
+    controlDefault(WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
+}
+
+void CFilterHeader::measureBoxes() {
+    if (!m_boxes.empty()) m_boxHeight = m_boxes.back()->height() + scaled(2);
+}
+
+void CFilterHeader::closeDrops() {
+    for (const auto& box : m_boxes) box->closeDrop();
 }
 
 void CFilterHeader::layOutBoxes() {
@@ -148,6 +183,21 @@ void CFilterHeader::onPaint() {
     DrawEdge(dc, &client, BDR_SUNKENOUTER, BF_BOTTOM);
 }
 
+// The images are made for 96 dots per inch; an image list draws them in no other size.
+void CFilterHeader::drawImage(HDC dc, int image, POINT captionAt) const {
+    int width = 0, height = 0;
+    ImageList_GetIconSize(m_glyphs, &width, &height);
+    const int x = static_cast<int>(captionAt.x);
+    const int y = static_cast<int>(captionAt.y) + (m_captionHeight - scaled(height)) / 2;
+    if (scaled(height) == height) {
+        ImageList_Draw(m_glyphs, image, dc, x, y, ILD_TRANSPARENT);
+        return;
+    }
+    const HICON icon = ImageList_GetIcon(m_glyphs, image, ILD_TRANSPARENT);
+    DrawIconEx(dc, x, y, icon, scaled(width), scaled(height), 0, nullptr, DI_NORMAL);
+    DestroyIcon(icon);
+}
+
 void CFilterHeader::drawItem(HDC dc, int item) const {
     const fw::Header::Item shown = control().item(item);
     const RECT rect = control().rect(item);
@@ -162,8 +212,7 @@ void CFilterHeader::drawItem(HDC dc, int item) const {
     RECT words{rect.left + scaled(6), rect.top, rect.right - scaled(6), rect.top + m_captionHeight};
     if ((shown.format & HDF_IMAGE) != 0) {
         words.right -= scaled(13);
-        ImageList_Draw(m_glyphs, shown.image, dc, words.right + scaled(3),
-                       rect.top + (m_captionHeight - 5) / 2, ILD_TRANSPARENT);
+        drawImage(dc, shown.image, {words.right + scaled(3), rect.top});
     }
     static constexpr UINT alignments[] = {DT_LEFT, DT_RIGHT, DT_CENTER};
     SetTextColor(dc, ink);

@@ -23,9 +23,10 @@ public:
     // Takes the header control over; once. `glyphs` are the sort images, which the caller keeps.
     bool attach(HWND header, HFONT font, HIMAGELIST glyphs);
 
-    // The font of captions and boxes; boxes that are there already keep theirs. The caller keeps
-    // it.
-    void setFont(HFONT font) { m_font = font; }
+    // The font of captions and boxes, which the caller keeps. What is being typed stays.
+    void setFont(HFONT font);
+    // A drop-down that is open closes as if the focus had left.
+    void closeDrops();
 
     // Makes one box per item, with the filters that apply; a text that was being typed is gone.
     void setBoxes(const std::vector<ColumnFilter>& filters);
@@ -53,10 +54,14 @@ private:
     void onPaint();
     LRESULT onErase(HDC) { return TRUE; }
     void onSize(int, int) { layOutBoxes(); }
+    void onDpiChanged();
+    void onCancelMode();
     void onBoxCommand(UINT id, UINT code);
     LRESULT onDrawItem(const DRAWITEMSTRUCT& draw) { return reflectDrawItem(draw); }
     void dropBoxes();
+    void measureBoxes();
     void drawItem(HDC dc, int item) const;
+    void drawImage(HDC dc, int image, POINT captionAt) const;
     fw::Header control() const { return fw::Header(handle()); }
 
     FilterHeaderOwner& m_owner;

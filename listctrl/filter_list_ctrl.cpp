@@ -41,12 +41,16 @@ void CFilterListCtrl::headerBuilt() {
     std::vector<ColumnFilter> filters;
     for (const ColumnId column : m_boxColumns) filters.push_back(store().filters().of(column));
     m_filters.setBoxes(filters);
-    // The control asks the header for its height when its own size changes.
+    layOutHeader();
+    if (!first)
+        pass(nullptr);  // the filter of a column that went, or was hidden, ends with its box
+}
+
+// The control asks the header for its height when its own size changes.
+void CFilterListCtrl::layOutHeader() {
     const RECT client = clientRect();
     SendMessageA(handle(), WM_SIZE, SIZE_RESTORED, MAKELPARAM(client.right, client.bottom));
     m_filters.layOutBoxes();
-    if (!first)
-        pass(nullptr);  // the filter of a column that went, or was hidden, ends with its box
 }
 
 void CFilterListCtrl::columnRemoved(ColumnId removed) {
@@ -62,13 +66,11 @@ void CFilterListCtrl::columnRemoved(ColumnId removed) {
     store().filters().setAll(std::move(columns), std::move(filters));
 }
 
-// The boxes are made again, with the filters that apply.
 void CFilterListCtrl::fontChanged() {
     CCommonListCtrl::fontChanged();
     if (m_filters.handle() == nullptr) return;
     m_filters.setFont(reinterpret_cast<HFONT>(SendMessageA(handle(), WM_GETFONT, 0, 0)));
-    m_boxColumns.clear();
-    headerBuilt();
+    layOutHeader();
 }
 
 bool CFilterListCtrl::applyFilter() {

@@ -37,6 +37,7 @@ protected:
     void headerBuilt() override;
     void columnRemoved(ColumnId removed) override;
     void fontChanged() override;
+    void leaveParts() override { m_filters.closeDrops(); }
     // The focus came into a part of the list or left it: the parent is notified as if the part were
     // the list.
     void partFocusChanged() override;
@@ -49,6 +50,7 @@ private:
     bool pass(const RowFilters* before);
     void putBack(const RowFilters& before);
     void filterChanged() override;
+    void layOutHeader();
 
     CFilterHeader m_filters{*this};
     std::optional<std::size_t> boxOf(HWND edit) const;

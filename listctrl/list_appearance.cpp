@@ -3,7 +3,9 @@
 #include <cstdlib>
 #include <utility>
 
+#include "framework/hwnd.h"
 #include "framework/list_view.h"
+#include "framework/platform.h"
 #include "framework/point_font.h"
 #include "listctrl/dialogs/customized_appearance.h"
 
@@ -75,7 +77,7 @@ Appearance CListAppearance::shown() const {
     LOGFONTA font{};
     GetObjectA(reinterpret_cast<HFONT>(SendMessageA(m_list.handle(), WM_GETFONT, 0, 0)),
                sizeof font, &font);
-    const int dpi = m_list.scaled(USER_DEFAULT_SCREEN_DPI);
+    const int dpi = fw::dpiOf(m_list.handle());
     Appearance appearance;
     appearance.background = colors().background;
     appearance.text = GetSysColor(COLOR_WINDOWTEXT);
@@ -84,14 +86,22 @@ Appearance CListAppearance::shown() const {
     return appearance;
 }
 
-void CListAppearance::show() {
+// Until the user chooses, as the pane's.
+fw::Font CListAppearance::makeFont() const {
     if (m_chosen) {
         const int points = fontPoints(m_chosen->fontSize).value_or(kStandardPoints);
-        fw::Font font =
-            fw::pointFont(m_chosen->fontFace, points, m_list.scaled(USER_DEFAULT_SCREEN_DPI));
-        SendMessageA(m_list.handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), FALSE);
-        m_font = std::move(font);
+        return fw::pointFont(m_chosen->fontFace, points, fw::dpiOf(m_list.handle()));
     }
+    const HFONT panes = fw::fontOf(GetAncestor(GetParent(m_list.handle()), GA_PARENT));
+    LOGFONTA font{};
+    return fw::Font(GetObjectA(panes, sizeof font, &font) != 0 ? CreateFontIndirectA(&font)
+                                                               : nullptr);
+}
+
+// The font before goes when nothing has it any more.
+void CListAppearance::show() {
+    const fw::Font before = std::exchange(m_font, makeFont());
+    fw::setFont(m_list.handle(), m_font.get());
     measureRows();
     m_hooks.fontChanged();
     showColors();

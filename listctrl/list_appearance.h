@@ -35,6 +35,8 @@ public:
     // Asks for another appearance over the list, puts it in force and stores it. The list's window
     // may be gone when this returns.
     void customize(const ColumnModel& columns);
+    // Puts the appearance in force again: the pane has another font, or other dots per inch.
+    void show();
     // The system's colours changed.
     void showColors();
     // A user-defined column went: keywords follow their column, or have none.
@@ -48,7 +50,7 @@ public:
 private:
     std::string key() const;
     Appearance shown() const;
-    void show();
+    fw::Font makeFont() const;
     void measureRows() const;
     void store() const;
 
@@ -60,7 +62,7 @@ private:
     bool m_customizable = true;
     std::optional<COLORREF> m_background;  // the owner's
     std::optional<Appearance> m_chosen;
-    fw::Font m_font;  // of the chosen appearance
+    fw::Font m_font;  // the list's
 };
 
 }  // namespace mc

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "framework/handles.h"
+#include "framework/model/dots.h"
 #include "listctrl/dialogs/reposition_columns.h"
 #include "listctrl/dialogs/user_defined_col.h"
 #include "listctrl/list_messages.h"
@@ -52,7 +53,9 @@ LRESULT CListColumns::onItemChanging(NMHEADERA& info) {
 
 LRESULT CListColumns::onItemChanged(NMHEADERA& info) {
     if (isWidthChange(info) && info.iItem < m_parts.content.shownCount()) {
-        m_parts.content.columns().setWidth(m_parts.content.columnAt(info.iItem), info.pitem->cxy);
+        ColumnModel& columns = m_parts.content.columns();
+        const ColumnId column = m_parts.content.columnAt(info.iItem);
+        columns.setWidth(column, fw::unitsNow(columns.width(column), info.pitem->cxy, dpi()));
         onHeaderMoved();
         PostMessageA(m_list.handle(), kHeaderMoved, 0, 0);
     }
@@ -63,6 +66,11 @@ void CListColumns::onHeaderMoved() {
     m_parts.header.measure();
     m_hooks.headerBuilt();
     InvalidateRect(m_list.handle(), nullptr, FALSE);
+}
+
+void CListColumns::followDpi() {
+    m_parts.header.widthsChanged(m_parts.content.columns());
+    onHeaderMoved();
 }
 
 LRESULT CListColumns::onDividerDone(NMHEADERA& info) {
@@ -86,14 +94,17 @@ void CListColumns::onCaptionClick(NMLISTVIEW& click) {
     if (sorted) showOrder();
 }
 
+// At 96 dots per inch.
 std::vector<int> CListColumns::fittedWidths(unsigned command, const LongWork& work) const {
-    const int client = static_cast<int>(m_list.clientRect().right);
+    const int client = fw::unitsWithin(static_cast<int>(m_list.clientRect().right), dpi());
     const int count = m_parts.content.shownCount();
+    const auto around = [this](int pixels) { return fw::unitsAround(pixels, dpi()); };
     std::vector<int> widths;
     for (int item = 0; item < count; ++item) {
         const ColumnId column = m_parts.content.columnAt(item);
-        const int data = command != kFitToWindowCommand ? m_parts.painter.dataWidth(item, work) : 0;
-        const int whole = std::max(data, m_parts.painter.captionWidth(column));
+        const int data =
+            command != kFitToWindowCommand ? around(m_parts.painter.dataWidth(item, work)) : 0;
+        const int whole = std::max(data, around(m_parts.painter.captionWidth(column)));
         widths.push_back(fittedWidth(command, data, whole, client, count));
     }
     return widths;
@@ -116,7 +127,7 @@ void CListColumns::fit(unsigned command) {
 
 void CListColumns::setWidth(int item, int width) {
     m_parts.content.columns().setWidth(m_parts.content.columnAt(item), width);
-    fw::ListView(m_list.handle()).setColumnWidth(item, width);
+    fw::ListView(m_list.handle()).setColumnWidth(item, m_list.scaled(width));
 }
 
 void CListColumns::widen(ColumnId column, int steps) {
@@ -124,9 +135,8 @@ void CListColumns::widen(ColumnId column, int steps) {
     ColumnModel& columns = m_parts.content.columns();
     const auto position = columns.positionOf(column);
     if (!position) return;
-    const int width = columns.width(column) + steps * m_list.scaled(kStep);
-    setWidth(static_cast<int>(*position),
-             std::clamp(width, m_list.scaled(kMin), m_list.scaled(kMax)));
+    const int width = columns.width(column) + steps * kStep;
+    setWidth(static_cast<int>(*position), std::clamp(width, kMin, kMax));
     onHeaderMoved();
     keepWidths({&column, 1});
 }

@@ -62,12 +62,15 @@ public:
     void onKeepWidth(ColumnId column);
     void onHeaderMoved();
     void onInvalidExpression() { m_services.showMessage(kInvalidExpression); }
+    // The columns get the pixels that their widths are now.
+    void followDpi();
 
 private:
     void columnsChanged();
     void applyLayout(const ColumnLayout& layout);
     void showOrder();
-    void setWidth(int item, int width);
+    int dpi() const { return m_parts.header.dpi(); }
+    void setWidth(int item, int width);  // at 96 dots per inch
     std::vector<int> fittedWidths(unsigned command, const LongWork& work) const;
     void keepWidths(std::span<const ColumnId> columns);
     bool isWidthChange(const NMHEADERA& info) const;

@@ -1,6 +1,7 @@
 #include "listctrl/list_header.h"
 
 #include "framework/handles.h"
+#include "framework/platform.h"
 
 namespace mc {
 namespace {
@@ -13,14 +14,24 @@ constexpr int kDescendingImage = 2;
 
 void CListHeader::build(const ColumnModel& columns) {
     m_changing = true;
+    m_dpi = fw::dpiOf(m_list.handle());
     m_sorted.reset();
     const fw::RedrawOffScope off(m_list.handle());
     view().removeColumns();
     int item = 0;
     for (const ColumnId id : columns.shown()) {
         const ColumnDescriptor& column = columns.descriptor(id);
-        view().insertColumn(item++, column.caption, columns.width(id), column.flag);
+        view().insertColumn(item++, column.caption, m_list.scaled(columns.width(id)), column.flag);
     }
+    m_changing = false;
+}
+
+void CListHeader::widthsChanged(const ColumnModel& columns) {
+    m_changing = true;
+    m_dpi = fw::dpiOf(m_list.handle());
+    int item = 0;
+    for (const ColumnId id : columns.shown())
+        view().setColumnWidth(item++, m_list.scaled(columns.width(id)));
     m_changing = false;
 }
 

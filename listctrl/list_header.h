@@ -31,10 +31,16 @@ public:
 
     // Makes one item per shown column.
     void build(const ColumnModel& columns);
+    // Gives the items the columns' widths: a width is other pixels now.
+    void widthsChanged(const ColumnModel& columns);
     // The items have other widths, or are new: reads where they are, and moves the tips there.
     void measure();
+    // The tips have other dots per inch.
+    void followDpi() { m_tips.followDpi(); }
     // Marks the column that the list is sorted by, if any.
     void showSort(const ColumnModel& columns, const std::optional<ColumnSort>& sort);
+    // The dots per inch that the items' widths are made for.
+    int dpi() const { return m_dpi; }
     // While the object changes items, their own notifications say nothing new.
     bool isChanging() const { return m_changing; }
 
@@ -55,6 +61,7 @@ private:
     fw::CToolTip m_tips;
     std::size_t m_tools = 0;  // with the ids from 1 on
     std::optional<int> m_sorted;
+    int m_dpi = 0;
     bool m_changing = false;
 };
 

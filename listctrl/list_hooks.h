@@ -25,6 +25,9 @@ public:
     // Cells move and cannot be kept from it. What stays open over one moves along.
     virtual void cellsMove() {}
 
+    // What is open over the list, an editor or a drop-down, ends as if the focus had left.
+    virtual void leaveParts() {}
+
     // The header has new items, or items of another width.
     virtual void headerBuilt() {}
     // A user-defined column went, and the ids behind it moved down (idAfterRemoval). The header

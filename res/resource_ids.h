@@ -2,6 +2,10 @@
 // Grouped by dialog; the numbers are the plug-in's own and stay what they are.
 #pragma once
 
+// The font of every dialog, and so of the pane, which makes it again for other dots per inch.
+#define DIALOG_FONT_POINTS 8
+#define DIALOG_FONT_FACE "MS Shell Dlg"
+
 // Bitmaps of the sort images: none, ascending, descending.
 #define IDB_GLYPH_NONE 131
 #define IDB_GLYPH_UP 132

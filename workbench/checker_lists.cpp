@@ -111,6 +111,12 @@ void CheckerLists::move(const RECT& rect) {
     if (m_holder.handle() != nullptr) m_holder.move(rect);
 }
 
+void CheckerLists::followDpi() {
+    if (m_main == nullptr) return;
+    m_main->followDpi();
+    m_details->followDpi();
+}
+
 void CheckerLists::showWindows() {
     for (const HWND window :
          {m_main->handle(), m_details->handle(), m_line.handle(), m_holder.handle()})

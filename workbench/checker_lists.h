@@ -34,6 +34,7 @@ public:
 
     void move(const RECT& rect);
     void layOut() { m_holder.layOut(); }  // what is in the frame: the dots per inch changed
+    void followDpi();
     void showWindows();
     void colorsChanged();
 

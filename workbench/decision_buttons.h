@@ -29,6 +29,7 @@ public:
 
     // Places the buttons and the line at the top of the pane; returns the room for the lists.
     RECT arrange();
+    void followDpi() { m_line.followDpi(); }
 
     // Something that the line says may have changed.
     void stale() { m_line.stale(); }

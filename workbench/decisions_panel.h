@@ -31,6 +31,9 @@ public:
     // Takes its part of the lists' room and returns the rest.
     RECT takeRoom(RECT room);
     void layOut();  // the dots per inch changed
+    void followDpi() {
+        if (m_list != nullptr) m_list->followDpi();
+    }
 
     std::vector<HWND> tabStops() const;
     bool claims(HWND control, UINT key) const;

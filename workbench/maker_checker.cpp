@@ -36,7 +36,6 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
     static constexpr fw::MessageEntry entries[] = {
         fw::on<WM_INITDIALOG, &C::onInitDialog>(),
         fw::on<WM_SIZE, &C::layOut>(),
-        fw::on<WM_DPICHANGED_AFTERPARENT, &C::onDpiChanged>(),
         fw::observe<WM_DESTROY, &C::onDestroy>(),
         fw::onCommand<IDC_ACCEPT, BN_CLICKED, &C::m_buttons, &DecisionButtons::accept>(),
         fw::onCommand<IDC_REJECT, BN_CLICKED, &C::m_buttons, &DecisionButtons::reject>(),
@@ -92,6 +91,9 @@ void CMakerChecker::onColorsChanged() {
 
 // The frame's own size may have stayed, and what is in it has not.
 void CMakerChecker::onDpiChanged() {
+    m_buttons.followDpi();
+    m_lists.followDpi();
+    m_decisions.followDpi();
     layOut();
     m_lists.layOut();
     m_decisions.layOut();

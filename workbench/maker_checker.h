@@ -50,12 +50,12 @@ protected:
     std::span<const fw::ActionKey> actionKeys() const override;
     void onHidden() override { keepFloatSize(); }
     void onColorsChanged() override;
+    void onDpiChanged() override;
     SIZE leastSize() const override { return {scaled(220), scaled(320)}; }
     SIZE firstFloatSize() const override;
 
 private:
     LRESULT onInitDialog();
-    void onDpiChanged();
     void onDestroy();
     void keepFloatSize();
     void onCancel() {}

@@ -258,6 +258,12 @@ void CPressLine::onPaint() {
     }
 }
 
+void CPressLine::followDpi() {
+    m_tip.destroy();
+    m_tipText.clear();
+    stale();
+}
+
 void CPressLine::showTip(bool cutOff) {
     const std::string text = cutOff ? m_line.warning + m_line.text : "";
     if (text == std::exchange(m_tipText, text)) return;

@@ -35,6 +35,9 @@ public:
     // The height in a pane of `width` pixels: one line of text, two where the pane is narrow.
     int heightFor(int width) const;
 
+    // The pane has another font, and other dots per inch.
+    void followDpi();
+
     // Something that it says may have changed.
     void stale();
 

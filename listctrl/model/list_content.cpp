@@ -11,9 +11,9 @@ ListContent::~ListContent() {
     if (m_reader) m_store.texts().setReader({});
 }
 
-void ListContent::install(std::span<const sVoskColInfo> columns, int dpi, CellReader reader,
+void ListContent::install(std::span<const sVoskColInfo> columns, CellReader reader,
                           std::span<const ColumnId> mandatory) {
-    m_columns.install(columns, dpi);
+    m_columns.install(columns);
     m_columns.setMandatory(mandatory);
     m_reader = std::move(reader);
     m_store.texts().setReader(

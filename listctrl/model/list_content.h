@@ -32,7 +32,7 @@ public:
 
     // Starts with these columns, of which `reader` reads the texts; those that are mandatory cannot
     // be hidden.
-    void install(std::span<const sVoskColInfo> columns, int dpi, CellReader reader,
+    void install(std::span<const sVoskColInfo> columns, CellReader reader,
                  std::span<const ColumnId> mandatory);
 
     RecordStore& store() const { return m_store; }

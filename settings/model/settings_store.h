@@ -3,8 +3,9 @@
 //   section                        key                      value
 //   a list's name                  COLUMNPROFILE            listctrl/model/columns/column_profile.h
 //   CUSTOMIZE_LISTS                <list name>-<control id> listctrl/model/columns/appearance.h
-//   HOLDER_FRAME_SPLITTER_SIZE     a pane's key name        height or width, pixels
-//   VOSK_DIALOG_BAR_SIZE           a bar's control id       width,height, pixels
+//   HOLDER_FRAME_SPLITTER_SIZE     a pane's key name        height or width, pixels at 96 dots per
+//   inch VOSK_DIALOG_BAR_SIZE           a bar's control id       width,height, pixels at 96 dots
+//   per inch
 //
 // The file is UserSetting.ini in Ostravine\VoskTrader under the user's roaming application data.
 // Its path is built, and its folder created, on every access; the folder's parent never is, so
@@ -61,7 +62,7 @@ protected:
     ~SettingsFiles() = default;
 };
 
-// The size of a resizable dialog bar, in pixels.
+// The size of a resizable dialog bar, in pixels at 96 dots per inch.
 struct BarSize {
     int width;
     int height;
@@ -95,7 +96,8 @@ public:
     // reads as "Settings not found". There is no error text.
     int AccessColumnProfile(int mode, const std::string& listName, std::string& value);
 
-    // The height of a splitter's row or the width of its column, by its pane's key name; a pane
+    // The height of a splitter's row or the width of its column, in pixels at 96 dots per inch, by
+    // its pane's key name; a pane
     // without one is not stored. Sizes are written but do not come back: restoring asks the store
     // in a mode that it does not serve.
     void saveSplitterSize(const std::string& paneKey, int pixels);

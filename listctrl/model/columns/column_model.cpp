@@ -54,12 +54,11 @@ std::optional<ColumnId> idAfterRemoval(ColumnId id, ColumnId removed) {
     return id > removed ? toColumnId(toIndex(id) - 1) : id;
 }
 
-void ColumnModel::install(std::span<const sVoskColInfo> columns, int dpi) {
+void ColumnModel::install(std::span<const sVoskColInfo> columns) {
     m_columns.clear();
-    for (const sVoskColInfo& column : columns) {
-        const int width = (column.width * dpi + 48) / 96;
-        m_columns.push_back({{column.name, width, column.flag, column.type, {}, {}}, width});
-    }
+    for (const sVoskColInfo& column : columns)
+        m_columns.push_back(
+            {{column.name, column.width, column.flag, column.type, {}, {}}, column.width});
     m_dataSize = m_columns.size();
     reset();
 }

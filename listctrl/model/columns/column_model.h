@@ -6,10 +6,10 @@
 //   4. show(), setWidth(), add(), remove(), reset()    as the user changes them
 //   5. profile()         what is stored
 //
-// Mandatory columns always show, and so does at least one column. Widths are pixels of the screen
-// that the list is on. A hidden column is 100 wide, so that it comes back the same whether or
-// not the profile was stored and loaded in between. Display texts are cleaned of what a profile
-// cannot hold; captions and expressions that it cannot hold are refused.
+// Mandatory columns always show, and so does at least one column. Widths are pixels at 96 dots per
+// inch, whatever screen the list is on. A hidden column is 100 wide, so that it comes back the same
+// whether or not the profile was stored and loaded in between. Display texts are cleaned of what a
+// profile cannot hold; captions and expressions that it cannot hold are refused.
 #pragma once
 
 #include <optional>
@@ -43,8 +43,8 @@ std::optional<ColumnId> idAfterRemoval(ColumnId id, ColumnId removed);
 
 class ColumnModel {
 public:
-    // Forgets everything and starts with these; `dpi` is the screen's dots per inch.
-    void install(std::span<const sVoskColInfo> columns, int dpi = 96);
+    // Forgets everything and starts with these.
+    void install(std::span<const sVoskColInfo> columns);
 
     // Columns that may not be hidden. Those that are now, are shown behind the others.
     void setMandatory(std::span<const ColumnId> columns);
@@ -59,7 +59,7 @@ public:
     bool isUserDefined(ColumnId id) const { return toIndex(id) >= m_dataSize; }
     bool isMandatory(ColumnId id) const { return m_columns[toIndex(id)].mandatory; }
     int width(ColumnId id) const { return m_columns[toIndex(id)].width; }
-    void setWidth(ColumnId id, int pixels) { m_columns[toIndex(id)].width = pixels; }
+    void setWidth(ColumnId id, int width) { m_columns[toIndex(id)].width = width; }
 
     // The shown columns from left to right.
     const std::vector<ColumnId>& shown() const { return m_shown; }

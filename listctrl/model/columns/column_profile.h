@@ -4,9 +4,9 @@
 //   0,0,75,1,2,75,2,1,120,3,-1,0,Sum#"0"+"2"#"Key" + "Limit"
 //
 // First a triple for each column: its id, its display position (-1: hidden) and its width in
-// pixels. Then for each user-defined column its caption, its expression and the expression as it is
-// displayed, between "#". No part may hold a comma, nor a caption or expression a "#"; the column
-// model sees to that. A "#" part may also follow its column's triple.
+// pixels at 96 dots per inch. Then for each user-defined column its caption, its expression and the
+// expression as it is displayed, between "#". No part may hold a comma, nor a caption or expression
+// a "#"; the column model sees to that. A "#" part may also follow its column's triple.
 #pragma once
 
 #include <optional>
