@@ -63,8 +63,8 @@ TEST(LongWork, EscEndsItAndDoesNothingElse) {
     SendMessageA(mainList(), WM_COMMAND, mc::kFitToDataCommand, 0);
     isAsBefore("fit");
     hand::click(filterEdit(0));
-    hand::type("9");
     theKeys = {VK_ESCAPE};
+    hand::type("9");
     hand::key(VK_RETURN);
     isAsBefore("filter");
     theKeys = {VK_ESCAPE};
