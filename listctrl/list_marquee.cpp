@@ -17,6 +17,16 @@ bool isDrag(POINT from, POINT to) {
            std::abs(from.y - to.y) >= GetSystemMetrics(SM_CYDRAG);
 }
 
+// How many lines to scroll, sideways too, with the mouse there.
+POINT linesBeyond(const fw::CWindow& list, const CListHeader& header, int height, POINT client) {
+    RECT captions{};
+    GetClientRect(header.control().handle(), &captions);
+    const RECT area = list.clientRect();
+    return {linesToScroll(static_cast<int>(client.x), 0, static_cast<int>(area.right), height),
+            linesToScroll(static_cast<int>(client.y), static_cast<int>(captions.bottom),
+                          static_cast<int>(area.bottom), height)};
+}
+
 }  // namespace
 
 // ---- Where the rows are ----
@@ -65,21 +75,17 @@ void CListMarquee::moveTo(POINT client) {
     RECT changed{};
     const RECT now = frame();
     UnionRect(&changed, &before, &now);
-    InvalidateRect(m_list.handle(), &changed, FALSE);
+    InvalidateRect(m_list.handle(), &changed, TRUE);
 }
 
+// What scrolls takes the frame along.
 void CListMarquee::scrollTo(POINT client) {
-    RECT captions{};
-    GetClientRect(m_header.control().handle(), &captions);
-    const RECT area = m_list.clientRect();
     const int height = rowSize().height;
-    const int lines = linesToScroll(static_cast<int>(client.y), static_cast<int>(captions.bottom),
-                                    static_cast<int>(area.bottom), height);
-    const int sideways =
-        linesToScroll(static_cast<int>(client.x), 0, static_cast<int>(area.right), height);
-    if (lines != 0 || sideways != 0)
-        SendMessageA(m_list.handle(), LVM_SCROLL, static_cast<WPARAM>(sideways * height),
-                     lines * height);
+    const POINT lines = linesBeyond(m_list, m_header, height, client);
+    if (lines.x == 0 && lines.y == 0) return;
+    SendMessageA(m_list.handle(), LVM_SCROLL, static_cast<WPARAM>(lines.x * height),
+                 lines.y * height);
+    InvalidateRect(m_list.handle(), nullptr, TRUE);
 }
 
 std::optional<POINT> CListMarquee::onTimer(UINT_PTR id) const {
@@ -87,7 +93,8 @@ std::optional<POINT> CListMarquee::onTimer(UINT_PTR id) const {
     POINT at{};
     GetCursorPos(&at);
     ScreenToClient(m_list.handle(), &at);
-    return at;
+    const POINT lines = linesBeyond(m_list, m_header, rowSize().height, at);
+    return lines.x != 0 || lines.y != 0 ? std::optional(at) : std::nullopt;
 }
 
 // ---- The end ----
@@ -96,7 +103,7 @@ CListMarquee::State CListMarquee::stop() {
     const State before = std::exchange(m_state, State::none);
     if (before != State::dragging) return before;
     KillTimer(m_list.handle(), kScrollTimer);
-    InvalidateRect(m_list.handle(), nullptr, FALSE);
+    InvalidateRect(m_list.handle(), nullptr, TRUE);
     return before;
 }
 

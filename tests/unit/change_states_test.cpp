@@ -205,6 +205,8 @@ TEST_F(ChangeStatesTest, TheQueueSaysWhyItIsEmptyAndHowMuchItHides) {
     EXPECT_EQ(emptyQueueText(states()), "No pending changes");
     EXPECT_EQ(summaryText({.rows = 12, .records = 3000, .filters = 2}),
               "12 of 3,000 shown, 2 filters");
+    EXPECT_EQ(summaryText({.selected = 1, .work = "sorting was interrupted"}),
+              "sorting was interrupted, 1 selected");
 }
 
 }  // namespace

@@ -42,17 +42,12 @@ TEST_F(MarqueeTest, SelectsTheRowsItTouches) {
     } cases[] = {
         {"upwards beside rows", false, {120, 59}, {99, 40}, {4, 5}, 5, 4},
         {"only beside them", false, {120, 59}, {100, 0}, {}, 1, 7},
-        {"a drag from left to right", false, {-30, 0}, {0, 10}, {0, 1}, 0, 1},
         {"from below", false, {50, 300}, {50, 175}, {17, 18, 19}, 19, 17},
         {"above the first", false, {120, 15}, {50, -40}, {0, 1}, 1, 0},
         {"added", true, {120, 65}, {50, 85}, {1, 6, 7, 8, 19}, 6, 8},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.what);
-        press(each.adds, each.from);
-        moveTo({50, 100});  // on its way
-        moveTo(each.from);
-        m_marquee.putBack();
         press(each.adds, each.from);
         moveTo(each.to);
         EXPECT_EQ(selected(), each.selected);
@@ -94,8 +89,7 @@ TEST_F(MarqueeTest, IsAlwaysWhatItTouchesNow) {
 }
 
 TEST(LinesToScroll, GrowWithTheDistance) {
-    for (const auto& [y, lines] :
-         {std::pair{-1, -1}, {-25, -3}, {0, 0}, {99, 0}, {100, 1}, {130, 4}})
+    for (const auto& [y, lines] : {std::pair{-1, -1}, {-25, -3}, {0, 0}, {99, 0}, {100, 1}})
         EXPECT_EQ(linesToScroll(y, 0, 100, 10), lines) << y;
 }
 
