@@ -46,11 +46,11 @@ void CFloatFrame::onSize(int width, int height) {
 }
 
 void CFloatFrame::onClose() {
-    m_pane.hide();
+    m_docking.hide();
 }
 
 void CFloatFrame::onSetFocus() {
-    m_pane.takeFocus();
+    m_pane.keys().takeFocus();
 }
 
 void CFloatFrame::onMoveBegins() {
@@ -69,12 +69,12 @@ void CFloatFrame::onMoveEnds() {
 }
 
 void CFloatFrame::onCaptionDoubleClick(UINT hit, POINT) {
-    if (hit == HTCAPTION) m_pane.dock();
+    if (hit == HTCAPTION) m_docking.dock();
 }
 
 // The platform gives the frame the focus when it is activated again, and that gives it to the pane.
 void CFloatFrame::onActivate(bool active) {
-    if (!active) m_pane.keepFocus();
+    if (!active) m_pane.keys().keepFocus();
 }
 
 // A docked pane hears of both from its frame.

@@ -96,9 +96,9 @@ LRESULT PaneCaption::onNcHitTest(POINT screen) {
 
 void PaneCaption::onNcButtonDown(UINT hit, POINT screen) {
     if (hit == HTCLOSE) {
-        m_pane.hide();
+        m_docking.hide();
     } else if (hit == HTMINBUTTON) {
-        m_pane.floatPane();
+        m_docking.floatPane();
     } else if (hit == HTCAPTION) {
         m_pressed = true;
         m_pressedAt = screen;
@@ -107,7 +107,7 @@ void PaneCaption::onNcButtonDown(UINT hit, POINT screen) {
 }
 
 void PaneCaption::onNcDoubleClick(UINT hit, POINT) {
-    if (hit == HTCAPTION) m_pane.floatPane();
+    if (hit == HTCAPTION) m_docking.floatPane();
 }
 
 void PaneCaption::onMouseMove(POINT client) {
@@ -145,8 +145,8 @@ void PaneCaption::showMenu(UINT, POINT screen) {
         if (command.side == 0 || m_docking.allows(command.side))
             AppendMenuA(menu.get(), MF_STRING, command.id, command.text);
     const UINT chosen = trackMenu(menu.get(), screen, m_pane.handle());
-    if (chosen == kFloatCommand) m_pane.floatPane();
-    if (chosen == kCloseCommand) m_pane.hide();
+    if (chosen == kFloatCommand) m_docking.floatPane();
+    if (chosen == kCloseCommand) m_docking.hide();
     for (const CaptionCommand& command : kCaptionCommands)
         if (command.side != 0 && command.id == chosen) m_docking.dockAt(command.side);
 }

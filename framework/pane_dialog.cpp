@@ -86,9 +86,9 @@ const MessageMap& CPaneDialog::baseMap() {
         on<WM_LBUTTONUP, &Pane::m_caption, &PaneCaption::onButtonUp>(),
         observe<WM_CAPTURECHANGED, &Pane::m_caption, &PaneCaption::onCaptureLost>(),
         on<kPaneKey, &Pane::m_keys, &PaneKeys::onPaneKey>(),
-        on<WM_SETFOCUS, &Pane::takeFocus>(),
-        onCommand<kAnyId, &Pane::onButtonFocus, BN_SETFOCUS>(),
-        onCommand<kAnyId, &Pane::onButtonFocus, BN_KILLFOCUS>(),
+        on<WM_SETFOCUS, &Pane::m_keys, &PaneKeys::takeFocus>(),
+        onCommand<kAnyId, BN_SETFOCUS, &Pane::m_keys, &PaneKeys::buttonFocusChanged>(),
+        onCommand<kAnyId, BN_KILLFOCUS, &Pane::m_keys, &PaneKeys::buttonFocusChanged>(),
         on<WM_GETMINMAXINFO, &Pane::m_caption, &PaneCaption::onMinimum>(),
         observe<WM_SYSCOLORCHANGE, &Pane::onSystemColors>(),
         observe<WM_SETTINGCHANGE, &Pane::onSetting>(),
@@ -170,7 +170,7 @@ void CPaneDialog::onSetting(WPARAM what, LPARAM section) {
 
 // Sent by the frame of a docked pane, which is no window that is activated itself.
 void CPaneDialog::onActivate(bool active) {
-    if (!active) keepFocus();
+    if (!active) m_keys.keepFocus();
 }
 
 // Also when the frame takes the pane along, behind a box of its own.

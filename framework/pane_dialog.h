@@ -4,8 +4,8 @@
 // while it is docked. Floating, it fills a tool window owned by the frame. It asks the frame for
 // room with the messages of sdk/docking.h; in a frame that does not answer it always floats.
 //
-// Order of life: create(), enableDocking(), dock() or show(); the user closes (hides) it and
-// bringToView() brings it back; it ends with destroy() or with its frame.
+// Order of life: create(), docking().allow(), docking().dock() or show(); the user closes (hides)
+// it and show() brings it back; it ends with destroy() or with its frame.
 //
 // It follows the dots per inch of its monitor, however it hears of others: by WM_DPICHANGED of its
 // float frame, by WM_DPICHANGED_AFTERPARENT, by another parent or only by another size. Its font is
@@ -39,30 +39,14 @@ public:
     // False when the window cannot be made.
     bool create(HWND frame, const char* caption, UINT templateId, DWORD style, UINT id);
 
-    // Which sides the user may dock the pane at (a set of DockSide). Without one it only floats.
-    void enableDocking(unsigned sides) { m_docking.allow(sides); }
+    // Where it is: which sides it may be docked at, docking, floating and hiding it.
+    PaneDocking& docking() { return m_docking; }
 
-    // Docks the pane at its current side, or floats it where the frame does not dock, and shows it.
-    void dock() { m_docking.dock(); }
-
-    // Makes the pane a floating tool window and shows it.
-    void floatPane() { m_docking.floatPane(); }
+    // Its keys, and the focus in it.
+    PaneKeys& keys() { return m_keys; }
 
     // Shows the pane as it was, docked or floating; `activate` gives it the focus.
     void show(bool activate);
-    void hide() { m_docking.hide(); }
-
-    // Shows the pane if hidden, raises it if floating, and gives it the focus.
-    void bringToView() { show(true); }
-
-    // Keeps in mind which control has the focus, if one has: it is about to leave the pane.
-    void keepFocus() { m_keys.keepFocus(); }
-    // Gives the focus to that control, or else to initialFocus().
-    void takeFocus() { m_keys.takeFocus(); }
-
-    // How long ago, in milliseconds, the hand made the press of a button that is at work; none when
-    // no hand made it, or when it was asked before.
-    std::optional<unsigned> takePressAge() { return m_keys.takePressAge(); }
 
     // The caption comes or goes.
     void frameChanged();
@@ -115,10 +99,6 @@ protected:
     const MessageMap& messageMap() const override { return baseMap(); }
     static const MessageMap& baseMap();
 
-    // The size in which it floats, or floated last, in pixels at 96 dots per inch; nothing if it
-    // never did.
-    std::optional<SIZE> lastFloatSize() const { return m_docking.lastFloatSize(); }
-
 private:
     // Stands before the dialog's own procedure, so that the platform's dialog manager is done with
     // a message when the pane follows it.
@@ -141,7 +121,6 @@ private:
     HFONT font();
     // The pane's menus are its parts' own; asked for elsewhere in it, none comes from the host.
     void onContextMenu(POINT) {}
-    void onButtonFocus() { m_keys.buttonFocusChanged(); }
     void onSystemColors();
     void onSetting(WPARAM what, LPARAM section);
     void onActivate(bool active);

@@ -1,6 +1,6 @@
 // Where a pane is: docked at a side of the frame, floating in a tool window, or hidden.
 //
-// A part of CPaneDialog, which describes the calls. Everything does nothing while the pane has no
+// A part of CPaneDialog. Everything does nothing while the pane has no
 // window.
 #pragma once
 
@@ -26,20 +26,24 @@ public:
     // It goes, perhaps with the frame.
     void close();
 
+    // Which sides the user may dock the pane at (a set of DockSide). Without one it only floats.
     void allow(unsigned sides) { m_allowedSides = sides; }
     bool allows(unsigned side) const { return (side & m_allowedSides) != 0; }
 
-    // The first time where the frame says that the pane was docked last.
+    // Docks the pane at its current side, the first time where the frame says that it was docked
+    // last, or floats it where the frame does not dock, and shows it.
     void dock();
     void dockAt(unsigned side);
-    void floatPane();
+    void floatPane();  // in a tool window
     void show(bool activate);
     void hide();
     void destroyFloatFrame();
 
     const DockFrame& frame() const { return m_frame; }
     bool inFloatFrame() const;
-    std::optional<SIZE> lastFloatSize() const;  // at 96 dots per inch
+    // The size in which it floats, or floated last, in pixels at 96 dots per inch; nothing if it
+    // never did.
+    std::optional<SIZE> lastFloatSize() const;
 
     // While the pane is dragged by its caption: shows where it would be, at a side or floating.
     void previewDrop(POINT screen);

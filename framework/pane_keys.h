@@ -28,13 +28,14 @@ public:
 
     // Where the focus is in the pane, before it leaves; elsewhere, nothing new.
     void keepFocus();
-    // Gives the focus back to where it was then, or else to the first control.
+    // Gives the focus back to where it was then, or else to the pane's initialFocus().
     void takeFocus();
 
     // What a key does that no derived class took.
     void dialogKey(UINT key, bool repeated);
 
-    // CKeyFilter::takePressAge().
+    // How long ago, in milliseconds, the hand made the press of a button that is at work; none when
+    // no hand made it, or when it was asked before.
     std::optional<unsigned> takePressAge() {
         return m_filter != nullptr ? m_filter->takePressAge() : std::nullopt;
     }

@@ -91,7 +91,7 @@ CMakerChecker* makePane(Plugin& self, HWND frame) {
     self.workbench = std::make_unique<CMakerChecker>(self.host, self.lists);
     CMakerChecker& pane = *self.workbench;
     if (!pane.createPane(frame)) return nullptr;
-    pane.enableDocking(kDockAnySide);
+    pane.docking().allow(kDockAnySide);
     return &pane;
 }
 
@@ -104,12 +104,12 @@ void startUp(Plugin& self) {
     self.host.findTabbedLog();
     if (paneExists(self)) {
         CMakerChecker& pane = *self.workbench;
-        pane.enableDocking(kDockAnySide);
-        pane.dock();
+        pane.docking().allow(kDockAnySide);
+        pane.docking().dock();
         pane.show(true);
         pane.layOutAgain();
     } else if (CMakerChecker* pane = makePane(self, frame)) {
-        pane->dock();
+        pane->docking().dock();
         pane->show(false);
     }
 }
@@ -117,13 +117,13 @@ void startUp(Plugin& self) {
 void openWorkbench(Plugin& self) {
     if (!self.host.checkPeerData()) return showIncompatible(self);
     self.host.findTabbedLog();
-    if (paneExists(self)) return self.workbench->bringToView();
+    if (paneExists(self)) return self.workbench->show(true);
     const HWND frame = mainFrame();
     if (frame == nullptr) return;
     CMakerChecker* const pane = makePane(self, frame);
     if (pane == nullptr) return;
     pane->show(true);
-    pane->dock();
+    pane->docking().dock();
     if (Workbench* workbench = pane->workbench()) workbench->subscribe();
 }
 

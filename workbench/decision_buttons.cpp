@@ -76,7 +76,7 @@ void DecisionButtons::press(PressButton button, Decision decision) {
 
 // False for an Accept or Reject that the hand made before what it hits now could be seen.
 bool DecisionButtons::pressedInSight(PressButton button) {
-    const auto age = m_pane.takePressAge();
+    const auto age = m_pane.keys().takePressAge();
     const bool decides = button == PressButton::accept || button == PressButton::reject;
     const bool taken = m_workbench->sight().takes(
         age && decides ? std::optional(PressSight::Milliseconds(*age)) : std::nullopt);

@@ -106,7 +106,7 @@ SIZE CMakerChecker::firstFloatSize() const {
 }
 
 void CMakerChecker::keepFloatSize() {
-    const auto floated = lastFloatSize();
+    const auto floated = docking().lastFloatSize();
     if (!floated) return;
     m_bar.setSize({static_cast<int>(floated->cx), static_cast<int>(floated->cy)});
     m_bar.save();
@@ -214,7 +214,7 @@ void CMakerChecker::layOutAgain() {
     if (m_lists.mainWindow() == nullptr) return;
     layOut();
     m_lists.showWindows();
-    dock();
+    docking().dock();
 }
 
 }  // namespace mc

@@ -66,7 +66,6 @@ protected:
 private:
     LRESULT onInitDialog();
     LRESULT onDrawItem(const DRAWITEMSTRUCT& draw);
-    void onDestroy() { m_tips.destroy(); }
     void onPropertyChanged();
     void onColumnChanged();
     void onKeywordFocus() { setDefaultButton(IDC_KEYWORD_ADD); }
@@ -76,7 +75,6 @@ private:
     void onUnlock();
     void onAdd();
     void onKeywordKey(NMLVKEYDOWN& pressed);
-    LRESULT onKeywordDraw(NMLVCUSTOMDRAW& draw) { return m_keywords.onCustomDraw(draw); }
     void onApply() { end(IDC_APPEARANCE_APPLY); }
     void onCancel() { end(IDCANCEL); }
 
@@ -103,7 +101,7 @@ const fw::MessageMap& CCustomizedAppearance::messageMap() const {
     static constexpr fw::MessageEntry entries[] = {
         fw::on<WM_INITDIALOG, &CCustomizedAppearance::onInitDialog>(),
         fw::on<WM_DRAWITEM, &CCustomizedAppearance::onDrawItem>(),
-        fw::observe<WM_DESTROY, &CCustomizedAppearance::onDestroy>(),
+        fw::observe<WM_DESTROY, &CCustomizedAppearance::m_tips, &fw::CToolTip::destroy>(),
         fw::onCommand<IDC_APPEARANCE_PROPERTY, &CCustomizedAppearance::onPropertyChanged,
                       CBN_SELCHANGE>(),
         fw::onCommand<IDC_APPEARANCE_COLOR, &CCustomizedAppearance::onColor, BN_CLICKED>(),
@@ -117,7 +115,7 @@ const fw::MessageMap& CCustomizedAppearance::messageMap() const {
         fw::onCommand<IDC_APPEARANCE_CANCEL, &CCustomizedAppearance::onCancel>(),
         fw::onNotify<IDC_KEYWORD_LIST, LVN_KEYDOWN, &CCustomizedAppearance::onKeywordKey>(),
         fw::onNotify<IDC_KEYWORD_LIST, static_cast<UINT>(NM_CUSTOMDRAW),
-                     &CCustomizedAppearance::onKeywordDraw>(),
+                     &CCustomizedAppearance::m_keywords, &CKeywordList::onCustomDraw>(),
     };
     static constexpr fw::MessageMap map{nullptr, entries};
     return map;

@@ -19,7 +19,7 @@ void OpenDetails::empty() {
 
 void OpenDetails::open(PendingChange change) {
     const PendingChanges::Hold hold(m_changes);
-    if (m_shown.editCount() != 0) {
+    if (m_shown.edits().count() != 0) {
         if (!mayLeaveEdits("Drop them and open " + ShownDetails::nameOf(change) + "?")) return;
         auto now = m_changes.current(change);
         if (!now) return;
@@ -96,7 +96,7 @@ void OpenDetails::refused(DetailKind kind, const FieldReader& answer) {
     if (!m_shown.takes(kind, answer.text(MNM_AUTHORIZATION_KEY))) return;
     if (m_shown.awaited()) return;
     m_shown.refused(answerError(answer).value_or(AnswerError{}));
-    if (m_shown.editCount() == 0) m_view.emptyDetails();
+    if (m_shown.edits().count() == 0) m_view.emptyDetails();
     caption();
 }
 
@@ -128,7 +128,7 @@ bool OpenDetails::unselected() const {
 }
 
 void OpenDetails::followSelection() {
-    if (unselected() && m_shown.editCount() == 0) return empty();
+    if (unselected() && m_shown.edits().count() == 0) return empty();
     selectionMoved();
 }
 
@@ -139,22 +139,22 @@ void OpenDetails::selectionMoved() {
 // ---- Edits ----
 
 bool OpenDetails::mayLeaveEdits(const std::string& question) {
-    if (m_shown.editCount() == 0) return true;
-    const bool one = m_shown.editCount() == 1;
+    if (m_shown.edits().count() == 0) return true;
+    const bool one = m_shown.edits().count() == 1;
     return m_host.confirm(m_shown.editsText() + (one ? " has" : " have") + " not been sent.\n\n" +
                           question);
 }
 
 void OpenDetails::editsSent() {
-    m_shown.editsEnded();
+    m_shown.edits().end();
     m_view.editsSent();
     caption();
     followSelection();
 }
 
 void OpenDetails::dropEdits() {
-    if (m_shown.editCount() == 0 || !mayLeaveEdits("Drop them?")) return;
-    m_shown.editsEnded();
+    if (m_shown.edits().count() == 0 || !mayLeaveEdits("Drop them?")) return;
+    m_shown.edits().end();
     m_view.editsDropped();
     caption();
     followSelection();
@@ -170,7 +170,7 @@ std::optional<std::string> OpenDetails::choiceMade(int mnemonic, const std::stri
 
 std::optional<std::string> OpenDetails::keepEdit(int mnemonic, std::optional<std::string> value) {
     if (mnemonic == 0 || !m_shown.asked().key || !value) return std::nullopt;
-    m_shown.keepEdit(mnemonic, *value);
+    m_shown.edits().keep(mnemonic, *value);
     caption();
     return value;
 }

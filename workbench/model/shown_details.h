@@ -1,12 +1,7 @@
 // Whose details the checker looks at, what was asked of the server for them, and what the details
 // list says about itself.
-//
-// Several detail requests can be unanswered at a time, as the checker goes from change to change.
-// An answer is for the request whose key it names; one without a key is for the oldest unanswered
-// request of its kind.
 #pragma once
 
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,6 +11,8 @@
 #include "link/model/message.h"
 #include "link/model/pending_record.h"
 #include "link/model/requests.h"
+#include "workbench/model/unanswered_requests.h"
+#include "workbench/model/unsent_edits.h"
 #include "workbench/model/workbench_view.h"
 
 namespace mc {
@@ -27,8 +24,8 @@ public:
     const DetailsOnShow& asked() const { return m_asked; }
 
     // The key of the change that the details are about; none when there is none.
-    const std::optional<std::string>& key() const { return m_key; }
-    DetailKind kind() const { return m_kind; }
+    const std::optional<std::string>& key() const { return m_about.key; }
+    DetailKind kind() const { return m_about.kind; }
 
     // The checker opens a change. The details before it, edits included, are forgotten.
     void open(const sMakeCheckStruct& record);
@@ -49,7 +46,7 @@ public:
     bool askAgain() const { return m_askAgain && !awaited(); }
 
     // A request for the change that is looked at is unanswered.
-    bool awaited() const;
+    bool awaited() const { return m_unanswered.contains(m_about.key); }
 
     // An answer came: whether it is for the details of the change that is looked at.
     bool takes(DetailKind kind, const std::optional<std::string_view>& key);
@@ -63,9 +60,7 @@ public:
 
     // ---- Edits ----
 
-    std::size_t editCount() const { return m_asked.modifiedValues.size(); }
-    void keepEdit(int mnemonic, std::string value);
-    void editsEnded();
+    UnsentEdits& edits() { return m_edits; }
     std::string editsText() const;  // "2 edited values of Client - C1, RMS Limits, 1007"
 
     // Other changes are selected than the one that is looked at, or no longer. Returns whether
@@ -78,32 +73,28 @@ public:
     bool changedSince() const { return m_changedSince; }
 
 private:
-    enum class State { none, waiting, shown, withoutDetails, notSent, refused };
-    struct Request {
-        std::string key;
-        DetailKind kind;
-        bool operator==(const Request&) const = default;
+    struct About {  // the change that is looked at
+        std::optional<std::string> key;
+        std::string name;
+        DetailKind kind = DetailKind::none;
     };
+    enum class State { none, waiting, shown, withoutDetails, notSent, refused };
 
     void name(const sMakeCheckStruct& record);
-    void putEdits(std::vector<DetailGroup>& groups);
     std::string emptyText() const;
 
     DetailsOnShow m_asked;
-    std::optional<std::string> m_key;
-    std::string m_name;
-    DetailKind m_kind = DetailKind::none;
+    UnsentEdits m_edits{m_asked.modifiedValues};
+    About m_about;
     State m_state = State::none;
     std::string m_error;
-    std::string m_news;                 // what happened to the details since they were opened
-    std::vector<Request> m_unanswered;  // oldest first
+    std::string m_news;  // what happened to the details since they were opened
+    UnansweredRequests m_unanswered;
     bool m_askAgain = false;
     bool m_dimmed = false;
     bool m_changedSince = false;
     std::optional<std::string> m_shownKey;  // of the details shown last
     std::size_t m_print = 0;  // of their texts when they were opened; 0: not shown yet
-    std::map<int, std::string> m_received;   // by field: the values of the last answer
-    std::map<int, std::string> m_typedOver;  // by edited field: the value at the time
 };
 
 }  // namespace mc
