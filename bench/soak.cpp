@@ -64,7 +64,7 @@ private:
     static Fields changeOf(std::size_t number) {
         if (number % kLimits != 0) return change(number);
         return ::pending(keyText(number), "360",
-                         {{54001, "C" + std::to_string(number % 100)}, {64056, "ZEKB"}});
+                         {{54001, "C" + std::to_string(number % 2000)}, {64056, "ZEKB"}});
     }
     std::vector<std::size_t> m_pending;
     std::unordered_map<std::string, std::size_t> m_at;
