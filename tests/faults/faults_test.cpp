@@ -278,8 +278,9 @@ struct Operation {
     const char* name;
     std::function<void(World&)> before;  // without faults
     std::function<void(World&)> run;
-    bool whole = true;  // it happens, or nothing of it does
-    bool again = true;  // once more afterwards gives the same as once
+    bool whole = true;     // it happens, or nothing of it does
+    bool again = true;     // once more afterwards gives the same as once,
+    bool reopens = false;  // with what comes before it: details that could not be shown are closed
 };
 void nothing(World&) {}
 
@@ -321,13 +322,13 @@ const Operation kOperations[] = {
     {"opening a neighbour", [](World& w) { w.open("1"); },
      [](World& w) { w.workbench.showNeighbour(); }, false, false},
     {"details of a user", [](World& w) { w.open("3"); },
-     [](World& w) { w.answer(kGetUserDetails, kUserAnswer); }, false},
+     [](World& w) { w.answer(kGetUserDetails, kUserAnswer); }, false, true, true},
     {"details of a client", [](World& w) { w.open("8"); },
-     [](World& w) { w.answer(kGetAccountDetails, kClientAnswer); }, false},
+     [](World& w) { w.answer(kGetAccountDetails, kClientAnswer); }, false, true, true},
     {"limits", [](World& w) { w.open("2"); },
-     [](World& w) { w.answer(kGetLimitsDetails, kLimitsAnswer); }, false},
+     [](World& w) { w.answer(kGetLimitsDetails, kLimitsAnswer); }, false, true, true},
     {"limits again, over an edit", openEdited,
-     [](World& w) { w.answer(kGetLimitsDetails, kLimitsAnswer); }, false},
+     [](World& w) { w.answer(kGetLimitsDetails, kLimitsAnswer); }, false, false},
     {"a filter", nothing,
      [](World& w) {
          w.rows().filters().set(kEntityColumn, "*" + kLong.substr(1));
@@ -414,6 +415,7 @@ protected:
         EXPECT_TRUE(!GetParam().whole || !fault.throws || now == m_before || now == m_after)
             << "done by half";
         if (GetParam().again) {
+            if (GetParam().reopens) GetParam().before(world);
             GetParam().run(world);
             world.check();
             const World::Sight again = world.sight();
