@@ -68,13 +68,14 @@ void ShownDetails::forget() {
     m_print = 0;
 }
 
+// Without memory for it nothing has changed.
 void ShownDetails::requested() {
-    if (m_state == State::shown)
-        m_news = "published again, asking for it";
-    else
-        m_state = State::waiting;
-    m_askAgain = false;
+    const bool again = m_state == State::shown;
+    std::string news = again ? "published again, asking for it" : m_news;
     m_unanswered.add(*m_about.key, m_about.kind);
+    m_news = std::move(news);
+    if (!again) m_state = State::waiting;
+    m_askAgain = false;
 }
 
 void ShownDetails::notSent() {
