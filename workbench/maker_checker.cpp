@@ -48,6 +48,10 @@ CMakerChecker::CMakerChecker(Host& host, ListServices& lists)
 
 bool CMakerChecker::createPane(HWND frame) {
     if (!create(frame, kCaption, IDD_MAKER_CHECKER, kPaneStyle, IDD_MAKER_CHECKER)) return false;
+    if (!m_initialized) {  // for want of memory: a part of a pane decides nothing
+        destroy();
+        return false;
+    }
     m_workbench->tellLinkFailures();
     return handle() != nullptr;
 }
@@ -99,6 +103,7 @@ LRESULT CMakerChecker::onInitDialog() {
         m_buttons.add(button);
         m_line.watch(button, static_cast<PressButton>(i));
     }
+    m_initialized = true;
     return FALSE;
 }
 

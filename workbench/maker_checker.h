@@ -93,6 +93,7 @@ private:
     CControlPos m_buttons;
     CVoskDialogBar m_bar;  // the pane while it floats
     std::unique_ptr<Workbench> m_workbench;
+    bool m_initialized = false;  // onInitDialog() came to its end
     CPressLine m_line{[this](PressButton button) { return describe(button); }};
     CheckerLists m_lists;           // on the rows of the workbench, and so behind it here
     DecisionsPanel m_decisions;     // likewise
