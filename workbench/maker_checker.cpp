@@ -27,6 +27,10 @@ CMakerChecker::CMakerChecker(Host& host, ListServices& lists)
 
 bool CMakerChecker::createPane(HWND frame) {
     if (!create(frame, kCaption, IDD_MAKER_CHECKER, kPaneStyle, IDD_MAKER_CHECKER)) return false;
+    if (!m_initialized) {  // for want of memory: a part of a pane decides nothing
+        destroy();
+        return false;
+    }
     m_workbench->tellLinkFailures();
     return handle() != nullptr;
 }
@@ -79,6 +83,7 @@ LRESULT CMakerChecker::onInitDialog() {
     else
         m_lists.offerEditing(handle());
     m_buttons.addButtons();
+    m_initialized = true;
     return FALSE;
 }
 

@@ -67,7 +67,8 @@ private:
     Host& m_host;
     CVoskDialogBar m_bar;  // the pane while it floats
     std::unique_ptr<Workbench> m_workbench;
-    CheckerLists m_lists;  // on the rows of the workbench, and so behind it here
+    bool m_initialized = false;  // onInitDialog() came to its end
+    CheckerLists m_lists;        // on the rows of the workbench, and so behind it here
     DecisionButtons m_buttons{*this, m_lists};
     ListActions m_actions{m_lists, m_buttons};
     DecisionsPanel m_decisions;  // on the log of the workbench
