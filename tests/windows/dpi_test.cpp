@@ -65,6 +65,24 @@ int columnWidth(int item, HWND list = mainList()) {
     return fw::widthOf(headerItem(item, list));
 }
 
+int tipHeight(int dpi) {
+    LOGFONTW font{};
+    GetObjectW(fw::systemFont(&NONCLIENTMETRICSW::lfStatusFont, dpi).get(), sizeof font, &font);
+    return static_cast<int>(-font.lfHeight);
+}
+
+// Those with something to say: of the buttons and of both lists' captions.
+std::vector<HWND> tips() {
+    std::vector<HWND> found;
+    findWindow(nullptr, [&](HWND window) {
+        if (classOf(window) == TOOLTIPS_CLASSA && SendMessageA(window, TTM_GETTOOLCOUNT, 0, 0) != 0)
+            found.push_back(window);
+        return false;
+    });
+    EXPECT_GE(found.size(), 3u);
+    return found;
+}
+
 class Screens : public testing::Test {
 protected:
     // A workbench on a screen of so many dots, with the details of limits.
@@ -147,6 +165,7 @@ TEST_F(Screens, ThePaneIsTheSameOnAScreenWhereverItWasBefore) {
             EXPECT_TRUE(isNew || known->second == now) << "another picture";
             for (const HWND window : {mainList(), details(), filterEdit(0), button("Accept")})
                 EXPECT_EQ(fontHeight(window), MulDiv(8, dpi, 72)) << classOf(window);
+            for (const HWND tip : tips()) EXPECT_EQ(fontHeight(tip), tipHeight(dpi));
             const TEXTMETRICA font = fw::metricsOf(fw::fontOf(mainList()), mainList());
             EXPECT_EQ(hand::cell(mainList(), 1).y - hand::cell(mainList(), 0).y,
                       font.tmHeight + font.tmExternalLeading + 1);
