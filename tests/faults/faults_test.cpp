@@ -174,11 +174,11 @@ public:
         }
         host.receiver->onMessage(0, 0, message->handle(), nullptr);
         const HostsOwn hosts;
-        if (std::exchange(view.shown, false)) m_linesAbout = workbench.shownKey();
+        if (std::exchange(view.shown, false)) m_linesAbout = workbench.details().key();
         message.reset();
     }
 
-    void open(const char* key) { workbench.showDetails(*workbench.changes().findRecord(key)); }
+    void open(const char* key) { workbench.details().open(*workbench.changes().findRecord(key)); }
     RecordStore& rows() { return workbench.changes().rows(); }
     void select(std::initializer_list<std::size_t> which) {
         rows().selection().clear();
@@ -237,7 +237,7 @@ void World::check() {
         ASSERT_EQ(changes.find(change.key), change.slot) << "every change is indexed";
         for (const ColumnId column : {kEntityColumn, kKeyColumn, kMakerColumn})
             ASSERT_EQ(rows().texts().text(change.slot, column),
-                      changes.cellText(change.slot, column))
+                      changes.table().cellText(change.slot, column))
                 << "kept texts are those of the change";
         ASSERT_EQ(rows().stored().rowOf(change.slot), at);
         if (const auto row = rows().rowOf(change.slot)) {
@@ -247,8 +247,9 @@ void World::check() {
     }
     ASSERT_EQ(rows().rowCount(), visible);
     const bool lines = view.lines.rows().stored().size() != 0;
-    ASSERT_TRUE(!lines || workbench.shownKey() == m_linesAbout) << "whose details these are";
-    ASSERT_TRUE(lines || workbench.plan(PressButton::update).edits == 0) << "an edit out of sight";
+    ASSERT_TRUE(!lines || workbench.details().key() == m_linesAbout) << "whose details these are";
+    ASSERT_TRUE(lines || workbench.presses().plan(PressButton::update).edits == 0)
+        << "an edit out of sight";
     std::size_t selected = 0;
     for (const std::size_t row : rows().selection().rows()) {
         ASSERT_LT(row, visible);
@@ -295,7 +296,7 @@ void fillBlock(World& world) {
 }
 void openEdited(World& world) {
     openLimits(world);
-    world.workbench.valueEdited(64031, "1600");
+    world.workbench.details().valueEdited(64031, "1600");
 }
 
 const Operation kOperations[] = {
@@ -320,7 +321,7 @@ const Operation kOperations[] = {
     {"opening another", openEdited, [](World& w) { w.open("3"); }, false},
     {"opening the next", nothing, [](World& w) { w.workbench.openNext(); }, false, false},
     {"opening a neighbour", [](World& w) { w.open("1"); },
-     [](World& w) { w.workbench.showNeighbour(); }, false, false},
+     [](World& w) { w.workbench.details().openNeighbour(); }, false, false},
     {"details of a user", [](World& w) { w.open("3"); },
      [](World& w) { w.answer(kGetUserDetails, kUserAnswer); }, false, true, true},
     {"details of a client", [](World& w) { w.open("8"); },
@@ -350,22 +351,25 @@ const Operation kOperations[] = {
          w.rows().sort({kKeyColumn, Comparison::longInteger, 1});
      }},
     {"a value is typed", openLimits,
-     [](World& w) { w.workbench.valueEdited(64210, "12345678.9"); }},
+     [](World& w) { w.workbench.details().valueEdited(64210, "12345678.9"); }},
     {"a reject", nothing,
      [](World& w) {
-         w.workbench.reject(w.workbench.changes().selectedRecords(), [] { return kLong; });
+         w.workbench.presses().reject(w.workbench.changes().selectedRecords(),
+                                      [] { return kLong; });
      },
      false},
     {"an accept of singles",
      [](World& w) {
          w.select({2, 3, 4});
      },
-     [](World& w) { w.workbench.accept(w.workbench.changes().selectedRecords()); }, false},
+     [](World& w) { w.workbench.presses().accept(w.workbench.changes().selectedRecords()); },
+     false},
     {"an accept of a pair", nothing,
-     [](World& w) { w.workbench.accept(w.workbench.changes().selectedRecords()); }, false},
-    {"an update", openEdited, [](World& w) { w.workbench.update(); }, false},
-    {"edits are dropped", openEdited, [](World& w) { w.workbench.dropEdits(); }, false},
-    {"a recovery", openEdited, [](World& w) { w.workbench.recover(); }, false},
+     [](World& w) { w.workbench.presses().accept(w.workbench.changes().selectedRecords()); },
+     false},
+    {"an update", openEdited, [](World& w) { w.workbench.presses().update(); }, false},
+    {"edits are dropped", openEdited, [](World& w) { w.workbench.details().dropEdits(); }, false},
+    {"a recovery", openEdited, [](World& w) { w.workbench.presses().recover(); }, false},
     {"a recovery is answered", nothing,
      [](World& w) {
          w.answer(kGetFunctionalityDetails, {{MNM_PUBLICATION_STATUS, "auth pending"},
