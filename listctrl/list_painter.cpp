@@ -14,7 +14,6 @@ namespace {
 // No screen is wider than this many characters, and this many fill one.
 constexpr std::size_t kMaxDrawn = 4096;
 constexpr std::size_t kMaxTip = 1000;
-constexpr std::string_view kDots = "...";
 
 void fill(HDC dc, const RECT& rect, COLORREF color) {
     SetBkColor(dc, color);

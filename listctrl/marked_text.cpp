@@ -9,7 +9,6 @@
 namespace mc {
 namespace {
 
-constexpr std::string_view kDots = "...";
 constexpr int kRunShare = 150;  // of the run's colour in the background, of 255
 
 // How many characters of the text fit into a width.

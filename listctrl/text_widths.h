@@ -11,6 +11,8 @@
 
 namespace mc {
 
+inline constexpr std::string_view kDots = "...";  // what a cut text ends in
+
 class CTextWidths {
 public:
     // The list must outlive the object.
