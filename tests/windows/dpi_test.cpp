@@ -10,6 +10,7 @@
 #include "framework/model/dots.h"
 #include "framework/platform.h"
 #include "tests/windows/hand.h"
+#include "tests/windows/replaced_import.h"
 #include "tests/windows/test_host.h"
 
 namespace {

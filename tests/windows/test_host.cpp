@@ -160,41 +160,6 @@ void LoadedPlugin::publish(const Fields& fields) {
     m_publish(makeMessage(fields).handle());
 }
 
-namespace {
-
-// Where the plug-in keeps the address of what it imports by this name.
-FARPROC* importSlot(const char* name) {
-    auto* const base = reinterpret_cast<BYTE*>(GetModuleHandleA("MakerChecker.dll"));
-    const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-    const auto* pe = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
-    const auto& table = pe->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-    const auto* library =
-        reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + table.VirtualAddress);
-    for (; library->Name != 0; ++library) {
-        const auto* names = reinterpret_cast<const ULONG_PTR*>(base + library->OriginalFirstThunk);
-        auto* slots = reinterpret_cast<FARPROC*>(base + library->FirstThunk);
-        for (; *names != 0; ++names, ++slots)
-            if (std::string(reinterpret_cast<const char*>(base + *names + 2)) == name) return slots;
-    }
-    return nullptr;
-}
-
-}  // namespace
-
-ReplacedImport::ReplacedImport(const char* name, FARPROC instead) : m_slot(importSlot(name)) {
-    if (m_slot != nullptr) m_before = put(instead);
-}
-
-ReplacedImport::~ReplacedImport() {
-    if (m_slot != nullptr) put(m_before);
-}
-
-FARPROC ReplacedImport::put(FARPROC function) const {
-    DWORD protection = 0;
-    VirtualProtect(m_slot, sizeof *m_slot, PAGE_READWRITE, &protection);
-    return std::exchange(*m_slot, function);
-}
-
 MainFrame::MainFrame(bool docks) {
     static const fw::WindowClass windowClass{"Test.MainFrame", 0, IDC_ARROW, COLOR_APPWORKSPACE};
     create(windowClass, "Test host", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN, 0,

@@ -87,22 +87,6 @@ private:
     ExitVoskPluginEntry* m_exit;
 };
 
-// What the plug-in calls of the system by this name is another function for a scope: for what the
-// emulator knows nothing of.
-class ReplacedImport {
-public:
-    ReplacedImport(const char* name, FARPROC instead);
-    ~ReplacedImport();
-    ReplacedImport(const ReplacedImport&) = delete;
-    ReplacedImport& operator=(const ReplacedImport&) = delete;
-    bool found() const { return m_slot != nullptr; }
-
-private:
-    FARPROC put(FARPROC function) const;
-    FARPROC* const m_slot;
-    FARPROC m_before = nullptr;
-};
-
 // The host's main frame; `docks` false makes it one that knows nothing of docking.
 class MainFrame final : public fw::CWindow {
 public:
