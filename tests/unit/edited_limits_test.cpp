@@ -103,7 +103,7 @@ TEST_F(EditedLimits, NothingThatLeavesThemBehindGoesUnasked) {
 TEST_F(EditedLimits, ADecisionIsOfWhatWasSelectedAtThePress) {
     host.answersYes = true;
     host.whileBoxIsOpen = [&] {  // decided elsewhere: the list selects the row after it
-        workbench->handlePublished(publication("accepted", "1001").handle());
+        take("end 1001");
     };
     select({"1001"});
     workbench->presses().accept(selected());
@@ -114,7 +114,7 @@ TEST_F(EditedLimits, ADecisionIsOfWhatWasSelectedAtThePress) {
     select({"1001"});
     host.takeSaid();
     workbench->presses().reject(selected(), [&] {
-        workbench->handlePublished(publication("accepted", "1001").handle());
+        take("end 1001");
         return "no";
     });
     EXPECT_EQ(requests(), Lines{});

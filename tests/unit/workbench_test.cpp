@@ -78,8 +78,7 @@ TEST_F(WorkbenchTest, ShowsOnlyAnswersForTheChangeThatIsLookedAt) {
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
-        workbench.reset();  // the host holds one control of a kind at a time
-        workbench = std::make_unique<Workbench>(host, view);
+        restart();
         list("1001", "339");
         list("1002", "339");
         list("1003", "360");
