@@ -11,6 +11,7 @@
 #include "details/model/line_groups.h"
 #include "sdk/connectvosk.h"
 #include "tests/faults/failing_new.h"
+#include "tests/unit/fake_host.h"
 #include "tests/unit/message_builder.h"
 #include "workbench/model/records/main_list.h"
 #include "workbench/model/workbench.h"
@@ -55,65 +56,17 @@ const struct Fault {
      false},
 };
 
-// What the host does in the life of one does not fail.
-struct HostsOwn {
-    HostsOwn() { endCallFault(); }
-    ~HostsOwn() { otp_fail_call(static_cast<int>(s_callsLeft)); }
-    HostsOwn(const HostsOwn&) = delete;
-    HostsOwn& operator=(const HostsOwn&) = delete;
-    const faults::NotCounted allocations;
-};
-
-// ---- The host ----
-
-class QuietHost final : public Host {
-public:
-    QuietHost() { s_current = this; }
-
-    struct Control final : CQuonRxControl {
-        std::vector<std::string> sent;  // key of each request, and what it decides
-        int send(int&, void* message, int, void**) override {
-            const HostsOwn hosts;
-            const char *key = "", *decision = "";
-            otp_get_data_as_cstring(message, MNM_AUTHORIZATION_KEY, 0, &key, nullptr);
-            otp_get_data_as_cstring(message, MNM_STATUS, 0, &decision, nullptr);
-            sent.push_back(std::string(key) + " " + decision);
-            return 1;
-        }
-        int subscribe(int&, const int*, const char* const*, int, CQuonRxControl*, int, int, int,
-                      void**) override {
-            return 1;
-        }
-        int unsubscribe(int) override { return 1; }
-    } control;
-    CQuonRxNotifierBase* receiver = nullptr;
-    int held = 0;  // controls that were not released
-
-    const std::string& peerBrokerId() const override { return m_broker; }
-    const std::string& peerUserId() const override { return m_user; }
-    int privilegeLevel() const override { return 0; }
-    PuGetFindMenuItemInRoles* menuItemService() override {
-        return [](int) { return 1; };
+void hostsOwn(bool begins) {
+    static std::optional<faults::NotCounted> allocations;
+    static int depth = 0;
+    if (begins && ++depth == 1) {
+        endCallFault();
+        allocations.emplace();
+    } else if (!begins && --depth == 0) {
+        allocations.reset();
+        otp_fail_call(static_cast<int>(s_callsLeft));
     }
-    PuGetMakerCheckerModifyRight* modifyRightService() override {
-        return [] { return 1; };
-    }
-    GetQuonRxControlService* receiveControlService() override { return &controlOf; }
-    void reportToUser(std::string_view, int) override {}
-    void showMessage(const std::string&) override {}
-    bool confirm(const std::string&) override { return true; }
-    void beep() override {}
-
-private:
-    static CQuonRxControl* controlOf(int kind, CQuonRxNotifierBase* receiver, CQuonRxControl*) {
-        s_current->held += receiver != nullptr ? 1 : -1;
-        if (receiver == nullptr) return nullptr;
-        if (kind == 0) s_current->receiver = receiver;
-        return &s_current->control;
-    }
-    static inline QuietHost* s_current = nullptr;
-    std::string m_broker = "ZEKB", m_user = "CHECK01";
-};
+}
 
 // Keeps the details in lines, as the pane's list does.
 struct LinesView final : WorkbenchView {
@@ -139,6 +92,9 @@ const std::string kLong(40, 'x');  // longer than what a record keeps in itself
 class World {
 public:
     World() {
+        HostsOwn::change = hostsOwn;
+        host.modifyRight = 1;
+        host.answersYes = true;
         for (int key = 1; key <= 6; ++key)
             publish(std::to_string(key), key % 2 == 0 ? "360" : "340", "ENT" + kLong);
         publish("7", "339", "INV1", "INVESTOR_CLIENT");
@@ -172,7 +128,7 @@ public:
             message = makeMessage(fields);
             message->add(MNM_ANSWERED_REQUEST, request);
         }
-        host.receiver->onMessage(0, 0, message->handle(), nullptr);
+        host.control().receiver->onMessage(0, 0, message->handle(), nullptr);
         const HostsOwn hosts;
         if (std::exchange(view.shown, false)) m_linesAbout = workbench.details().key();
         message.reset();
@@ -198,7 +154,7 @@ public:
     // What must hold at any time.
     void check();
 
-    QuietHost host;
+    FakeHost host;
     LinesView view;
     Workbench workbench{host, view};
 
@@ -256,10 +212,10 @@ void World::check() {
         ++selected;
     }
     ASSERT_EQ(rows().selection().count(), selected);
-    for (const auto& sent : host.control.sent)  // what has left is noted with its change
-        if (const Slot slot = changes.find(sent.substr(0, sent.find(' ')));
-            slot != kNoSlot && sent.back() == 'd') {
-            ASSERT_NE(changes.states().of(slot).sent, SentDecision::none) << sent;
+    for (const SentMessage& sent : host.control().sent)  // what left is noted with its change
+        if (const Slot slot = changes.find(valueOf(sent, MNM_AUTHORIZATION_KEY));
+            slot != kNoSlot && !valueOf(sent, MNM_STATUS).empty()) {
+            ASSERT_NE(changes.states().of(slot).sent, SentDecision::none);
         }
 }
 
@@ -428,7 +384,8 @@ protected:
             EXPECT_EQ(again.lines, m_after.lines);
         }
         world.workbench.close();
-        EXPECT_EQ(world.host.held, 0) << "the receive controls are released";
+        EXPECT_EQ(world.host.released, (std::vector<int>{3, 0}))
+            << "the receive controls are released";
         EXPECT_EQ(otp_open_handles(), handles) << "the handles are closed";
         return failed;
     }

@@ -208,21 +208,16 @@ private:
 
     // While it is being sent.
     void checkSent(const SentMessage& message) const {
-        const auto value = [&](int mnemonic) -> std::optional<std::string> {
-            for (const auto& [id, text] : message)
-                if (id == mnemonic) return text;
-            return std::nullopt;
-        };
         require(!message.empty() && message.front().first == MNM_REQUEST_NAME,
                 "a request begins with its name");
         require(std::find(kRequests.begin(), kRequests.end(), message.front().second) !=
                     kRequests.end(),
                 "the name of a request is known");
-        const auto decision = value(MNM_STATUS);
-        const std::string key = value(MNM_AUTHORIZATION_KEY).value_or("");
-        require(!decision || m_workbench.changes().findRecord(key),
+        const auto decision = valueOf(message, MNM_STATUS);
+        const std::string key = valueOf(message, MNM_AUTHORIZATION_KEY);
+        require(decision.empty() || m_workbench.changes().findRecord(key),
                 "only what is pending is decided");
-        require((decision == "rejected") == !value(MNM_ERROR).value_or("").empty(),
+        require((decision == "rejected") == !valueOf(message, MNM_ERROR).empty(),
                 "a reject, and only a reject, has a reason");
     }
 

@@ -13,12 +13,6 @@ namespace {
 
 constexpr char kInvestorType[] = "INVESTOR_CLIENT";
 
-std::string valueOf(const SentMessage& message, int mnemonic) {
-    for (const auto& [id, text] : message)
-        if (id == mnemonic) return text;
-    return "(absent)";
-}
-
 // A listed change.
 struct PairRow {
     std::string key, code, type, entityName, linkedUser;

@@ -31,10 +31,8 @@ protected:
     std::string decided() {
         std::string keys;
         for (const SentMessage& message : host.control().sent)
-            for (const auto& [id, text] : message)
-                if (id == MNM_AUTHORIZATION_KEY &&
-                    message.front().second == kAuthenticateFunctionality)
-                    keys += (keys.empty() ? "" : " ") + text;
+            if (message.front().second == kAuthenticateFunctionality)
+                keys += (keys.empty() ? "" : " ") + valueOf(message, MNM_AUTHORIZATION_KEY);
         return keys;
     }
 
