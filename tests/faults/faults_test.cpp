@@ -135,6 +135,8 @@ public:
     }
 
     void open(const char* key) { workbench.details().open(*workbench.changes().findRecord(key)); }
+    void sort(ColumnId column, Comparison comparison) { rows().sort({column, comparison, 1}); }
+    std::vector<Slot> selected() { return workbench.changes().selectedRecords(); }
     RecordStore& rows() { return workbench.changes().rows(); }
     void select(std::initializer_list<std::size_t> which) {
         rows().selection().clear();
@@ -157,6 +159,7 @@ public:
     FakeHost host;
     LinesView view;
     Workbench workbench{host, view};
+    Presses& presses = workbench.presses();
 
 private:
     std::optional<std::string> m_linesAbout;
@@ -204,8 +207,7 @@ void World::check() {
     ASSERT_EQ(rows().rowCount(), visible);
     const bool lines = view.lines.rows().stored().size() != 0;
     ASSERT_TRUE(!lines || workbench.details().key() == m_linesAbout) << "whose details these are";
-    ASSERT_TRUE(lines || workbench.presses().plan(PressButton::update).edits == 0)
-        << "an edit out of sight";
+    ASSERT_TRUE(lines || presses.plan(PressButton::update).edits == 0) << "an edit out of sight";
     std::size_t selected = 0;
     for (const std::size_t row : rows().selection().rows()) {
         ASSERT_LT(row, visible);
@@ -230,6 +232,11 @@ const FieldTexts kClientAnswer{
     {MNM_ACCOUNT_ID, "C1"}, {30001, kLong}, {MNM_SEGMENTS, "nse_cm|mcx"}, {MNM_CLIENT_STATUS, "Y"}};
 const FieldTexts kLimitsAnswer{{MNM_ACCOUNT_ID, "C1"}, {64031, "1500"}, {64031, "1200"},
                                {64210, "10"},          {64037, "yes"},  {MNM_LIMIT_REMARKS, kLong}};
+const FieldTexts kRefused{{MNM_ERROR, kLong}};
+const FieldTexts kRecovered{{MNM_PUBLICATION_STATUS, "auth pending"},
+                            {MNM_AUTHORIZATION_KEY, "9"},
+                            {MNM_FUNCTIONALITY, "340"},
+                            {MNM_USER, kLong}};
 
 struct Operation {
     const char* name;
@@ -241,9 +248,21 @@ struct Operation {
 };
 void nothing(World&) {}
 
+void openThird(World& world) {
+    world.open("3");
+}
+void limitsCome(World& world) {
+    world.answer(kGetLimitsDetails, kLimitsAnswer);
+}
+void selectSingles(World& world) {
+    world.select({2, 3, 4});
+}
+void accept(World& world) {
+    world.presses.accept(world.selected());
+}
 void openLimits(World& world) {
     world.open("2");
-    world.answer(kGetLimitsDetails, kLimitsAnswer);
+    limitsCome(world);
 }
 // As many as a block of rows holds.
 void fillBlock(World& world) {
@@ -258,34 +277,28 @@ void openEdited(World& world) {
 const Operation kOperations[] = {
     {"a change comes", nothing, [](World& w) { w.publish("9", "340", "NEW" + kLong); }},
     {"one comes to many", fillBlock, [](World& w) { w.publish("1000", "353", kLong); }},
-    {"one comes sorted to many",
-     [](World& w) {
-         fillBlock(w);
-         w.rows().unsort();
-     },
+    {"one comes sorted to many", [](World& w) { fillBlock(w), w.rows().unsort(); },
      [](World& w) { w.publish("1000", "353", kLong); }},
     {"an investor comes", nothing,
      [](World& w) { w.publish("9", "339", "INV" + kLong, "INVESTOR_CLIENT"); }},
     {"a change comes again", nothing,
      [](World& w) { w.publish("3", "353", "OTHER" + kLong, "RETAIL2"); }},
-    {"the open change comes again", [](World& w) { w.open("3"); },
+    {"the open change comes again", openThird,
      [](World& w) { w.publish("3", "340", "OTHER" + kLong); }, false},
     {"a change goes", nothing, [](World& w) { w.publish("8", "", "", "", "accepted"); }},
     {"the open change goes", openLimits, [](World& w) { w.publish("2", "", "", "", "rejected"); },
      false},
-    {"opening", nothing, [](World& w) { w.open("3"); }, false},
-    {"opening another", openEdited, [](World& w) { w.open("3"); }, false},
+    {"opening", nothing, openThird, false},
+    {"opening another", openEdited, openThird, false},
     {"opening the next", nothing, [](World& w) { w.workbench.openNext(); }, false, false},
     {"opening a neighbour", [](World& w) { w.open("1"); },
      [](World& w) { w.workbench.details().openNeighbour(); }, false, false},
-    {"details of a user", [](World& w) { w.open("3"); },
-     [](World& w) { w.answer(kGetUserDetails, kUserAnswer); }, false, true, true},
+    {"details of a user", openThird, [](World& w) { w.answer(kGetUserDetails, kUserAnswer); },
+     false, true, true},
     {"details of a client", [](World& w) { w.open("8"); },
      [](World& w) { w.answer(kGetAccountDetails, kClientAnswer); }, false, true, true},
-    {"limits", [](World& w) { w.open("2"); },
-     [](World& w) { w.answer(kGetLimitsDetails, kLimitsAnswer); }, false, true, true},
-    {"limits again, over an edit", openEdited,
-     [](World& w) { w.answer(kGetLimitsDetails, kLimitsAnswer); }, false, false},
+    {"limits", [](World& w) { w.open("2"); }, limitsCome, false, true, true},
+    {"limits again, over an edit", openEdited, limitsCome, false, false},
     {"a filter", nothing,
      [](World& w) {
          w.rows().filters().set(kEntityColumn, "*" + kLong.substr(1));
@@ -298,46 +311,21 @@ const Operation kOperations[] = {
          w.rows().filter();
      }},
     {"a drop-down", nothing, [](World& w) { w.rows().distinctValues(kBranchColumn); }},
-    {"a sort by text", nothing,
-     [](World& w) {
-         w.rows().sort({kMakerColumn, Comparison::text, 1});
-     }},
-    {"a sort by number", nothing,
-     [](World& w) {
-         w.rows().sort({kKeyColumn, Comparison::longInteger, 1});
-     }},
+    {"a sort by text", nothing, [](World& w) { w.sort(kMakerColumn, Comparison::text); }},
+    {"a sort by number", nothing, [](World& w) { w.sort(kKeyColumn, Comparison::longInteger); }},
     {"a value is typed", openLimits,
      [](World& w) { w.workbench.details().valueEdited(64210, "12345678.9"); }},
-    {"a reject", nothing,
-     [](World& w) {
-         w.workbench.presses().reject(w.workbench.changes().selectedRecords(),
-                                      [] { return kLong; });
-     },
+    {"a reject", nothing, [](World& w) { w.presses.reject(w.selected(), [] { return kLong; }); },
      false},
-    {"an accept of singles",
-     [](World& w) {
-         w.select({2, 3, 4});
-     },
-     [](World& w) { w.workbench.presses().accept(w.workbench.changes().selectedRecords()); },
-     false},
-    {"an accept of a pair", nothing,
-     [](World& w) { w.workbench.presses().accept(w.workbench.changes().selectedRecords()); },
-     false},
-    {"an update", openEdited, [](World& w) { w.workbench.presses().update(); }, false},
+    {"an accept of singles", selectSingles, accept, false},
+    {"an accept of a pair", nothing, accept, false},
+    {"an update", openEdited, [](World& w) { w.presses.update(); }, false},
     {"edits are dropped", openEdited, [](World& w) { w.workbench.details().dropEdits(); }, false},
-    {"a recovery", openEdited, [](World& w) { w.workbench.presses().recover(); }, false},
+    {"a recovery", openEdited, [](World& w) { w.presses.recover(); }, false},
     {"a recovery is answered", nothing,
-     [](World& w) {
-         w.answer(kGetFunctionalityDetails, {{MNM_PUBLICATION_STATUS, "auth pending"},
-                                             {MNM_AUTHORIZATION_KEY, "9"},
-                                             {MNM_FUNCTIONALITY, "340"},
-                                             {MNM_USER, kLong}});
-     }},
-    {"details are refused", [](World& w) { w.open("3"); },
-     [](World& w) {
-         w.answer(kGetUserDetails, {{MNM_ERROR, kLong}});
-     },
-     false, false},
+     [](World& w) { w.answer(kGetFunctionalityDetails, kRecovered); }},
+    {"details are refused", openThird, [](World& w) { w.answer(kGetUserDetails, kRefused); }, false,
+     false},
     {"the end", openEdited, [](World& w) { w.workbench.close(); }, false, false},
 };
 

@@ -78,6 +78,7 @@ public:
     void filter(std::size_t column, const std::string& text) {
         m_lines.rows().filters().set(toColumnId(column), text);
         m_filters[column] = FilterPattern(text, false);
+        m_lines.rows().filter();
     }
 
     void fold(std::size_t row, bool folded) {
@@ -103,10 +104,10 @@ public:
             line.edited = false;
         }
         sent ? m_lines.editsSent() : m_lines.editsDropped();
+        m_lines.rows().filter();
     }
 
     void check() {
-        m_lines.rows().filter();
         require(m_lines.rows().stored().size() == m_plain.size(), "every row is a line");
         std::set<Slot> expected;
         Slot heading = 0;

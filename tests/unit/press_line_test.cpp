@@ -169,7 +169,6 @@ TEST_F(PressLineTest, OfUpdateAndRecover) {
     }
 }
 
-// Halves come, go and change their user id; the other half is always a pending one that fits.
 // A press takes what is being typed first.
 TEST_F(PressLineTest, CountsTheValueThatIsBeingTyped) {
     run("list 1007 360,open 1007,answer limits 1007,edit 1700");
@@ -185,42 +184,6 @@ TEST_F(PressLineTest, CountsTheValueThatIsBeingTyped) {
         EXPECT_EQ(
             describePress(workbench->presses().plan(PressButton::update, typed), changes()).text,
             update);
-}
-
-TEST_F(PressLineTest, FindsTheOtherHalf) {
-    for (int i = 0; i < 300; ++i) {
-        const std::string user = "U" + std::to_string(i % 100);
-        listChange(std::to_string(2 * i), "339", user, "");
-        listChange(std::to_string(2 * i + 1), "353", "C" + user, user);
-    }
-    for (int i = 0; i < 300; ++i) {
-        if (i % 3 == 0) publish("accepted", std::to_string(2 * i));
-        if (i % 5 == 0) listChange(std::to_string(2 * i + 1), "353", "C", "U7");
-        if (i % 7 == 0) listChange(std::to_string(2 * i + 1), "353", "C", "none");
-    }
-    rows().selection().selectAll();
-    for (std::size_t i = 0; i < changes().size(); ++i) {
-        const PendingChange half = changes().at(i);
-        EXPECT_EQ(changes().related().otherHalf(half.slot), kNoSlot) << "all are selected";
-    }
-    rows().selection().clear();
-    for (std::size_t i = 0; i < changes().size(); ++i) {
-        const PendingChange half = changes().at(i);
-        bool fits = false;
-        for (std::size_t j = 0; j < changes().size() && !fits; ++j) {
-            const PendingChange other = changes().at(j);
-            fits = half.functionalityCode == kAddUser ? other.linkedUser == half.entityName
-                                                      : other.entityName == half.linkedUser;
-        }
-        const auto found = changes().recordIn(changes().related().otherHalf(half.slot));
-        ASSERT_EQ(found.has_value(), fits) << half.key;
-        if (!found) continue;
-        const auto userOf = [this](Slot slot) {
-            return changes().related().userOf(slot, changes().related().halfOf(slot));
-        };
-        EXPECT_EQ(userOf(found->slot), userOf(half.slot));
-        EXPECT_NE(found->functionalityCode, half.functionalityCode);
-    }
 }
 
 }  // namespace

@@ -53,7 +53,7 @@ protected:
     // message names none), "new answer KIND KEY" with another value, "again KEY" (published again),
     // "other KEY" (with another maker), "own KEY" (by the checker himself), "end KEY".
     // By the checker: "open KEY", "read KEY" (and its details come), "only KEY", "select KEY"
-    // (too), "edit VALUE", "accept", "reject", "update", "recover".
+    // (too), "edit VALUE", "drop", "accept", "reject", "update", "recover".
     void take(const std::string& step) {
         std::istringstream words(step);
         std::string verb, kind, key, code = "339", entity, linked;
@@ -83,6 +83,7 @@ protected:
         if (verb == "only" || verb == "select")
             return rows().selection().select(*rows().rowOf(workbench->changes().find(key)), true);
         if (verb == "edit") return void(workbench->details().valueEdited(64031, key));
+        if (verb == "drop") return workbench->details().dropEdits();
         if (verb == "accept") return workbench->presses().accept(selected);
         if (verb == "reject") return workbench->presses().reject(selected, [] { return "no"; });
         if (verb == "update") return workbench->presses().update();
