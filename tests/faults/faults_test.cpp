@@ -11,6 +11,7 @@
 #include "details/model/line_groups.h"
 #include "sdk/connectvosk.h"
 #include "tests/faults/failing_new.h"
+#include "tests/unit/fake_host.h"
 #include "tests/unit/message_builder.h"
 #include "workbench/model/records/main_list.h"
 #include "workbench/model/workbench.h"
@@ -55,65 +56,17 @@ const struct Fault {
      false},
 };
 
-// What the host does in the life of one does not fail.
-struct HostsOwn {
-    HostsOwn() { endCallFault(); }
-    ~HostsOwn() { otp_fail_call(static_cast<int>(s_callsLeft)); }
-    HostsOwn(const HostsOwn&) = delete;
-    HostsOwn& operator=(const HostsOwn&) = delete;
-    const faults::NotCounted allocations;
-};
-
-// ---- The host ----
-
-class QuietHost final : public Host {
-public:
-    QuietHost() { s_current = this; }
-
-    struct Control final : CQuonRxControl {
-        std::vector<std::string> sent;  // key of each request, and what it decides
-        int send(int&, void* message, int, void**) override {
-            const HostsOwn hosts;
-            const char *key = "", *decision = "";
-            otp_get_data_as_cstring(message, MNM_AUTHORIZATION_KEY, 0, &key, nullptr);
-            otp_get_data_as_cstring(message, MNM_STATUS, 0, &decision, nullptr);
-            sent.push_back(std::string(key) + " " + decision);
-            return 1;
-        }
-        int subscribe(int&, const int*, const char* const*, int, CQuonRxControl*, int, int, int,
-                      void**) override {
-            return 1;
-        }
-        int unsubscribe(int) override { return 1; }
-    } control;
-    CQuonRxNotifierBase* receiver = nullptr;
-    int held = 0;  // controls that were not released
-
-    const std::string& peerBrokerId() const override { return m_broker; }
-    const std::string& peerUserId() const override { return m_user; }
-    int privilegeLevel() const override { return 0; }
-    PuGetFindMenuItemInRoles* menuItemService() override {
-        return [](int) { return 1; };
+void hostsOwn(bool begins) {
+    static std::optional<faults::NotCounted> allocations;
+    static int depth = 0;
+    if (begins && ++depth == 1) {
+        endCallFault();
+        allocations.emplace();
+    } else if (!begins && --depth == 0) {
+        allocations.reset();
+        otp_fail_call(static_cast<int>(s_callsLeft));
     }
-    PuGetMakerCheckerModifyRight* modifyRightService() override {
-        return [] { return 1; };
-    }
-    GetQuonRxControlService* receiveControlService() override { return &controlOf; }
-    void reportToUser(std::string_view, int) override {}
-    void showMessage(const std::string&) override {}
-    bool confirm(const std::string&) override { return true; }
-    void beep() override {}
-
-private:
-    static CQuonRxControl* controlOf(int kind, CQuonRxNotifierBase* receiver, CQuonRxControl*) {
-        s_current->held += receiver != nullptr ? 1 : -1;
-        if (receiver == nullptr) return nullptr;
-        if (kind == 0) s_current->receiver = receiver;
-        return &s_current->control;
-    }
-    static inline QuietHost* s_current = nullptr;
-    std::string m_broker = "ZEKB", m_user = "CHECK01";
-};
+}
 
 // Keeps the details in lines, as the pane's list does.
 struct LinesView final : WorkbenchView {
@@ -139,6 +92,9 @@ const std::string kLong(40, 'x');  // longer than what a record keeps in itself
 class World {
 public:
     World() {
+        HostsOwn::change = hostsOwn;
+        host.modifyRight = 1;
+        host.answersYes = true;
         for (int key = 1; key <= 6; ++key)
             publish(std::to_string(key), key % 2 == 0 ? "360" : "340", "ENT" + kLong);
         publish("7", "339", "INV1", "INVESTOR_CLIENT");
@@ -172,13 +128,15 @@ public:
             message = makeMessage(fields);
             message->add(MNM_ANSWERED_REQUEST, request);
         }
-        host.receiver->onMessage(0, 0, message->handle(), nullptr);
+        host.control().receiver->onMessage(0, 0, message->handle(), nullptr);
         const HostsOwn hosts;
         if (std::exchange(view.shown, false)) m_linesAbout = workbench.details().key();
         message.reset();
     }
 
     void open(const char* key) { workbench.details().open(*workbench.changes().findRecord(key)); }
+    void sort(ColumnId column, Comparison comparison) { rows().sort({column, comparison, 1}); }
+    std::vector<Slot> selected() { return workbench.changes().selectedRecords(); }
     RecordStore& rows() { return workbench.changes().rows(); }
     void select(std::initializer_list<std::size_t> which) {
         rows().selection().clear();
@@ -198,9 +156,10 @@ public:
     // What must hold at any time.
     void check();
 
-    QuietHost host;
+    FakeHost host;
     LinesView view;
     Workbench workbench{host, view};
+    Presses& presses = workbench.presses();
 
 private:
     std::optional<std::string> m_linesAbout;
@@ -248,18 +207,17 @@ void World::check() {
     ASSERT_EQ(rows().rowCount(), visible);
     const bool lines = view.lines.rows().stored().size() != 0;
     ASSERT_TRUE(!lines || workbench.details().key() == m_linesAbout) << "whose details these are";
-    ASSERT_TRUE(lines || workbench.presses().plan(PressButton::update).edits == 0)
-        << "an edit out of sight";
+    ASSERT_TRUE(lines || presses.plan(PressButton::update).edits == 0) << "an edit out of sight";
     std::size_t selected = 0;
     for (const std::size_t row : rows().selection().rows()) {
         ASSERT_LT(row, visible);
         ++selected;
     }
     ASSERT_EQ(rows().selection().count(), selected);
-    for (const auto& sent : host.control.sent)  // what has left is noted with its change
-        if (const Slot slot = changes.find(sent.substr(0, sent.find(' ')));
-            slot != kNoSlot && sent.back() == 'd') {
-            ASSERT_NE(changes.states().of(slot).sent, SentDecision::none) << sent;
+    for (const SentMessage& sent : host.control().sent)  // what left is noted with its change
+        if (const Slot slot = changes.find(valueOf(sent, MNM_AUTHORIZATION_KEY));
+            slot != kNoSlot && !valueOf(sent, MNM_STATUS).empty()) {
+            ASSERT_NE(changes.states().of(slot).sent, SentDecision::none);
         }
 }
 
@@ -274,6 +232,11 @@ const FieldTexts kClientAnswer{
     {MNM_ACCOUNT_ID, "C1"}, {30001, kLong}, {MNM_SEGMENTS, "nse_cm|mcx"}, {MNM_CLIENT_STATUS, "Y"}};
 const FieldTexts kLimitsAnswer{{MNM_ACCOUNT_ID, "C1"}, {64031, "1500"}, {64031, "1200"},
                                {64210, "10"},          {64037, "yes"},  {MNM_LIMIT_REMARKS, kLong}};
+const FieldTexts kRefused{{MNM_ERROR, kLong}};
+const FieldTexts kRecovered{{MNM_PUBLICATION_STATUS, "auth pending"},
+                            {MNM_AUTHORIZATION_KEY, "9"},
+                            {MNM_FUNCTIONALITY, "340"},
+                            {MNM_USER, kLong}};
 
 struct Operation {
     const char* name;
@@ -285,9 +248,21 @@ struct Operation {
 };
 void nothing(World&) {}
 
+void openThird(World& world) {
+    world.open("3");
+}
+void limitsCome(World& world) {
+    world.answer(kGetLimitsDetails, kLimitsAnswer);
+}
+void selectSingles(World& world) {
+    world.select({2, 3, 4});
+}
+void accept(World& world) {
+    world.presses.accept(world.selected());
+}
 void openLimits(World& world) {
     world.open("2");
-    world.answer(kGetLimitsDetails, kLimitsAnswer);
+    limitsCome(world);
 }
 // As many as a block of rows holds.
 void fillBlock(World& world) {
@@ -302,34 +277,28 @@ void openEdited(World& world) {
 const Operation kOperations[] = {
     {"a change comes", nothing, [](World& w) { w.publish("9", "340", "NEW" + kLong); }},
     {"one comes to many", fillBlock, [](World& w) { w.publish("1000", "353", kLong); }},
-    {"one comes sorted to many",
-     [](World& w) {
-         fillBlock(w);
-         w.rows().unsort();
-     },
+    {"one comes sorted to many", [](World& w) { fillBlock(w), w.rows().unsort(); },
      [](World& w) { w.publish("1000", "353", kLong); }},
     {"an investor comes", nothing,
      [](World& w) { w.publish("9", "339", "INV" + kLong, "INVESTOR_CLIENT"); }},
     {"a change comes again", nothing,
      [](World& w) { w.publish("3", "353", "OTHER" + kLong, "RETAIL2"); }},
-    {"the open change comes again", [](World& w) { w.open("3"); },
+    {"the open change comes again", openThird,
      [](World& w) { w.publish("3", "340", "OTHER" + kLong); }, false},
     {"a change goes", nothing, [](World& w) { w.publish("8", "", "", "", "accepted"); }},
     {"the open change goes", openLimits, [](World& w) { w.publish("2", "", "", "", "rejected"); },
      false},
-    {"opening", nothing, [](World& w) { w.open("3"); }, false},
-    {"opening another", openEdited, [](World& w) { w.open("3"); }, false},
+    {"opening", nothing, openThird, false},
+    {"opening another", openEdited, openThird, false},
     {"opening the next", nothing, [](World& w) { w.workbench.openNext(); }, false, false},
     {"opening a neighbour", [](World& w) { w.open("1"); },
      [](World& w) { w.workbench.details().openNeighbour(); }, false, false},
-    {"details of a user", [](World& w) { w.open("3"); },
-     [](World& w) { w.answer(kGetUserDetails, kUserAnswer); }, false, true, true},
+    {"details of a user", openThird, [](World& w) { w.answer(kGetUserDetails, kUserAnswer); },
+     false, true, true},
     {"details of a client", [](World& w) { w.open("8"); },
      [](World& w) { w.answer(kGetAccountDetails, kClientAnswer); }, false, true, true},
-    {"limits", [](World& w) { w.open("2"); },
-     [](World& w) { w.answer(kGetLimitsDetails, kLimitsAnswer); }, false, true, true},
-    {"limits again, over an edit", openEdited,
-     [](World& w) { w.answer(kGetLimitsDetails, kLimitsAnswer); }, false, false},
+    {"limits", [](World& w) { w.open("2"); }, limitsCome, false, true, true},
+    {"limits again, over an edit", openEdited, limitsCome, false, false},
     {"a filter", nothing,
      [](World& w) {
          w.rows().filters().set(kEntityColumn, "*" + kLong.substr(1));
@@ -342,46 +311,21 @@ const Operation kOperations[] = {
          w.rows().filter();
      }},
     {"a drop-down", nothing, [](World& w) { w.rows().distinctValues(kBranchColumn); }},
-    {"a sort by text", nothing,
-     [](World& w) {
-         w.rows().sort({kMakerColumn, Comparison::text, 1});
-     }},
-    {"a sort by number", nothing,
-     [](World& w) {
-         w.rows().sort({kKeyColumn, Comparison::longInteger, 1});
-     }},
+    {"a sort by text", nothing, [](World& w) { w.sort(kMakerColumn, Comparison::text); }},
+    {"a sort by number", nothing, [](World& w) { w.sort(kKeyColumn, Comparison::longInteger); }},
     {"a value is typed", openLimits,
      [](World& w) { w.workbench.details().valueEdited(64210, "12345678.9"); }},
-    {"a reject", nothing,
-     [](World& w) {
-         w.workbench.presses().reject(w.workbench.changes().selectedRecords(),
-                                      [] { return kLong; });
-     },
+    {"a reject", nothing, [](World& w) { w.presses.reject(w.selected(), [] { return kLong; }); },
      false},
-    {"an accept of singles",
-     [](World& w) {
-         w.select({2, 3, 4});
-     },
-     [](World& w) { w.workbench.presses().accept(w.workbench.changes().selectedRecords()); },
-     false},
-    {"an accept of a pair", nothing,
-     [](World& w) { w.workbench.presses().accept(w.workbench.changes().selectedRecords()); },
-     false},
-    {"an update", openEdited, [](World& w) { w.workbench.presses().update(); }, false},
+    {"an accept of singles", selectSingles, accept, false},
+    {"an accept of a pair", nothing, accept, false},
+    {"an update", openEdited, [](World& w) { w.presses.update(); }, false},
     {"edits are dropped", openEdited, [](World& w) { w.workbench.details().dropEdits(); }, false},
-    {"a recovery", openEdited, [](World& w) { w.workbench.presses().recover(); }, false},
+    {"a recovery", openEdited, [](World& w) { w.presses.recover(); }, false},
     {"a recovery is answered", nothing,
-     [](World& w) {
-         w.answer(kGetFunctionalityDetails, {{MNM_PUBLICATION_STATUS, "auth pending"},
-                                             {MNM_AUTHORIZATION_KEY, "9"},
-                                             {MNM_FUNCTIONALITY, "340"},
-                                             {MNM_USER, kLong}});
-     }},
-    {"details are refused", [](World& w) { w.open("3"); },
-     [](World& w) {
-         w.answer(kGetUserDetails, {{MNM_ERROR, kLong}});
-     },
-     false, false},
+     [](World& w) { w.answer(kGetFunctionalityDetails, kRecovered); }},
+    {"details are refused", openThird, [](World& w) { w.answer(kGetUserDetails, kRefused); }, false,
+     false},
     {"the end", openEdited, [](World& w) { w.workbench.close(); }, false, false},
 };
 
@@ -428,7 +372,8 @@ protected:
             EXPECT_EQ(again.lines, m_after.lines);
         }
         world.workbench.close();
-        EXPECT_EQ(world.host.held, 0) << "the receive controls are released";
+        EXPECT_EQ(world.host.released, (std::vector<int>{3, 0}))
+            << "the receive controls are released";
         EXPECT_EQ(otp_open_handles(), handles) << "the handles are closed";
         return failed;
     }

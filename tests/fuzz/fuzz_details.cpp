@@ -9,60 +9,13 @@
 #include "details/model/captions.h"
 #include "details/model/details_builders.h"
 #include "details/model/line_groups.h"
+#include "tests/fuzz/detail_fields.h"
 #include "tests/fuzz/input.h"
 #include "tests/unit/message_builder.h"
 
 using namespace mc;
 
 namespace {
-
-// Fields that the builders ask for, of each kind of detail.
-const std::array kFields{MNM_ACCOUNT_ID,
-                         MNM_USER,
-                         MNM_ACCOUNT_GROUP,
-                         MNM_BROKER,
-                         MNM_PASSWORD,
-                         MNM_ACCESS_TYPE,
-                         MNM_CLIENT_OVERVIEW,
-                         MNM_EXCHANGE,
-                         MNM_EXCHANGE_EXPIRY,
-                         MNM_USER_IP,
-                         MNM_EXCHANGE_STATUS,
-                         MNM_EXCHANGE_USER_ID,
-                         MNM_ROUTE_TO_RMS,
-                         MNM_PRODUCTS,
-                         MNM_SEGMENTS,
-                         MNM_ORDER_TYPES,
-                         MNM_CLIENT_STATUS,
-                         MNM_CLIENT_CONTEXT,
-                         MNM_SOR_ENABLED,
-                         MNM_ATTRIBUTES,
-                         MNM_PAYMENT_MODE,
-                         MNM_BRANCH_NAME_2,
-                         MNM_ADHOC_COUNTS,
-                         MNM_GROUPWISE_VALIDATION,
-                         MNM_CATEGORY,
-                         MNM_LIMIT_REMARKS,
-                         MNM_ORDER_QUANTITY_LIMIT};
-constexpr std::array kTexts{"ML",
-                            "|ML|ML",
-                            "A|MLB|ML",
-                            "nse_cm|mcx_sx||any|",
-                            "Y",
-                            "OK",
-                            "-1",
-                            "0",
-                            "yes",
-                            "NEFT",
-                            "nse_fo",
-                            "1e9",
-                            "1e999",
-                            "nan",
-                            "-12345678.91",
-                            "007",
-                            "7",
-                            "E",
-                            ""};
 
 std::vector<int> allCaptioned() {
     std::vector<int> ids;
@@ -77,8 +30,8 @@ FieldTexts fieldsOf(Input& input) {
     for (std::size_t count = input.below(48); count > 0 && !input.empty(); --count) {
         const std::size_t which = input.below(64);
         const int field =
-            which < kFields.size()
-                ? kFields[which]
+            which < kDetailFields.size()
+                ? kDetailFields[which]
                 : captioned[(input.below(256) * 256 + input.below(256)) % captioned.size()];
         const std::size_t how = input.below(32);
         if (how == 0)
@@ -86,7 +39,7 @@ FieldTexts fieldsOf(Input& input) {
         else if (how < 8)
             fields.push_back({field, input.until('\0')});
         else
-            fields.push_back({field, input.oneOf(kTexts)});
+            fields.push_back({field, input.oneOf(kDetailTexts)});
     }
     return fields;
 }
@@ -125,6 +78,7 @@ public:
     void filter(std::size_t column, const std::string& text) {
         m_lines.rows().filters().set(toColumnId(column), text);
         m_filters[column] = FilterPattern(text, false);
+        m_lines.rows().filter();
     }
 
     void fold(std::size_t row, bool folded) {
@@ -150,10 +104,10 @@ public:
             line.edited = false;
         }
         sent ? m_lines.editsSent() : m_lines.editsDropped();
+        m_lines.rows().filter();
     }
 
     void check() {
-        m_lines.rows().filter();
         require(m_lines.rows().stored().size() == m_plain.size(), "every row is a line");
         std::set<Slot> expected;
         Slot heading = 0;

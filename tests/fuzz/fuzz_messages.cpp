@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 
+#include "tests/fuzz/detail_fields.h"
 #include "tests/fuzz/input.h"
 #include "tests/unit/fake_host.h"
 #include "tests/unit/message_builder.h"
@@ -30,26 +31,10 @@ constexpr std::array kWords{"339", "340",     "353",     "354",   "360", "365",
 constexpr std::array kRequests{"om_get_auth_limits_details", "om_get_auth_user_details",
                                "om_get_auth_account_details", "om_get_functionality_details",
                                "om_authenticate_functionality"};
-constexpr auto numbers(auto... each) {
-    return std::array{each...};
-}
 constexpr auto kMnemonics = numbers(
     MNM_REQUEST_NAME, MNM_STATUS, MNM_USER, MNM_ERROR, MNM_ANSWERED_REQUEST, MNM_AUTHORIZATION_KEY,
     MNM_ACCOUNT_ID, MNM_TYPE, MNM_PUBLICATION_STATUS, MNM_REQUESTING_USER, MNM_FUNCTIONALITY,
     MNM_ACCOUNT_GROUP, MNM_BRANCH, MNM_BROKER, MNM_GROUPWISE_VALIDATION);
-
-// Fields of details: lists, exchanges, gates and their neighbours, and a limit of each kind.
-constexpr auto kDetailFields = numbers(
-    MNM_ACCOUNT_ID, MNM_USER, MNM_ACCOUNT_GROUP, MNM_BROKER, MNM_PASSWORD, MNM_CLIENT_OVERVIEW,
-    MNM_USER_IP, MNM_ACCESS_TYPE, MNM_EXCHANGE, MNM_EXCHANGE_EXPIRY, MNM_EXCHANGE_STATUS,
-    MNM_EXCHANGE_USER_ID, MNM_ROUTE_TO_RMS, MNM_PRODUCTS, MNM_ATTRIBUTES, MNM_ORDER_TYPES,
-    MNM_CLIENT_STATUS, MNM_CLIENT_CONTEXT, MNM_SOR_ENABLED, MNM_PAYMENT_MODE, MNM_BRANCH_NAME_2,
-    MNM_SEGMENTS, MNM_ADHOC_COUNTS, MNM_CATEGORY, MNM_GROUPWISE_VALIDATION,
-    MNM_ORDER_QUANTITY_LIMIT, MNM_LIMIT_REMARKS, 64031, 64158, 64704, 64832, 41336);
-constexpr std::array kDetailTexts{
-    "ML",  "|ML|ML",      "A|MLB|ML", "nse_cm|mcx_sx||any|", "Y",      "OK",  "-1",
-    "0",   "yes",         "NEFT",     "Online-Sqroff",       "nse_fo", "1e9", "1e999",
-    "nan", "-12345678.91"};
 
 class Session {
 public:
@@ -102,7 +87,10 @@ private:
         FieldTexts fields{{MNM_ANSWERED_REQUEST, m_input.oneOf(kRequests)}};
         if (m_input.below(2) == 0) fields.push_back({MNM_PUBLICATION_STATUS, "auth pending"});
         addFields(fields);
-        const auto message = makeMessage(fields);
+        deliver(fields);
+    }
+    void deliver(const FieldTexts& answer) {
+        const auto message = makeMessage(answer);
         ++m_messages;
         m_host.control().receiver->onMessage(0, 0, message.handle(), nullptr);
     }
@@ -116,9 +104,7 @@ private:
             fields.push_back({field, m_input.below(4) == 0 ? text() : m_input.oneOf(kDetailTexts)});
         }
         m_view.shown.clear();
-        const auto message = makeMessage(fields);
-        ++m_messages;
-        m_host.control().receiver->onMessage(0, 0, message.handle(), nullptr);
+        deliver(fields);
         for (const DetailGroup& group : m_view.shown) {
             require(!group.rows.empty() || m_view.shown.size() == 1,
                     "a group has rows, or says that there are none");
@@ -222,21 +208,16 @@ private:
 
     // While it is being sent.
     void checkSent(const SentMessage& message) const {
-        const auto value = [&](int mnemonic) -> std::optional<std::string> {
-            for (const auto& [id, text] : message)
-                if (id == mnemonic) return text;
-            return std::nullopt;
-        };
         require(!message.empty() && message.front().first == MNM_REQUEST_NAME,
                 "a request begins with its name");
         require(std::find(kRequests.begin(), kRequests.end(), message.front().second) !=
                     kRequests.end(),
                 "the name of a request is known");
-        const auto decision = value(MNM_STATUS);
-        const std::string key = value(MNM_AUTHORIZATION_KEY).value_or("");
-        require(!decision || m_workbench.changes().findRecord(key),
+        const auto decision = valueOf(message, MNM_STATUS);
+        const std::string key = valueOf(message, MNM_AUTHORIZATION_KEY);
+        require(decision.empty() || m_workbench.changes().findRecord(key),
                 "only what is pending is decided");
-        require((decision == "rejected") == !value(MNM_ERROR).value_or("").empty(),
+        require((decision == "rejected") == !valueOf(message, MNM_ERROR).empty(),
                 "a reject, and only a reject, has a reason");
     }
 

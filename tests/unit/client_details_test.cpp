@@ -9,15 +9,8 @@ using namespace mc;
 
 namespace {
 
-// Each case's fields stand behind a client id, and its lines behind that id's.
 void expectBehindTheClientId(std::span<const DetailCase> cases) {
-    for (const auto& [name, fields, lines] : cases) {
-        FieldTexts answer{{MNM_ACCOUNT_ID, "C1"}};
-        answer.insert(answer.end(), fields.begin(), fields.end());
-        DetailLines expected{"[General]", "Client Id: C1"};
-        expected.insert(expected.end(), lines.begin(), lines.end());
-        EXPECT_EQ(built(BuildClientDetails, answer), expected) << name;
-    }
+    expectBehind({MNM_ACCOUNT_ID, "C1"}, {"[General]", "Client Id: C1"}, cases, BuildClientDetails);
 }
 
 TEST(ClientDetails, ShowsTheFieldsThatTheAnswerCarries) {

@@ -97,7 +97,6 @@ TEST_F(ColumnModelTest, AnyStoredTextLeavesAUsableList) {
         const char* shown;
     } cases[] = {
         {"", all},
-        {"Settings not found", all},
         {"0,-1,0,1,-1,0,2,-1,0", all},  // nothing placed: no profile
         {"0,-1,75,1,-7,60,9,0,50,-3,1,50", all},
         {"0,0,75,0,-1,50,1,1,60", "Name:75 Key:60 "},
@@ -106,8 +105,6 @@ TEST_F(ColumnModelTest, AnyStoredTextLeavesAUsableList) {
         {"0,0,75,0,3,50,1,1,60", "Key:60 Name:50 "},  // the last of two counts
         {"0,2147483647,-5,1,99999999999999,99999999999", "Name:75 Key:60 "},
         {"1,0,0,2,1,32767", "Key:60 Limit:32767 "},
-        {"x,y,z", "Name:75 "},
-        {"1,0,44,junk", "Key:44 "},
     };
     for (const auto& each : cases) {
         load(each.text);

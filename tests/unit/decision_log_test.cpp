@@ -31,8 +31,8 @@ TEST_F(WorkbenchTest, NotesWhatLeftAndWhatCameOfIt) {
     workbench->presses().accept({&second.slot, 1});
     workbench->presses().recover();
     EXPECT_EQ(log.summary(), "4 decisions, 3 outcomes awaited");
-    workbench->handlePublished(publication("rejected", "1002").handle());
-    workbench->handlePublished(publication("accepted", "9999").handle());
+    publish("rejected", "1002");
+    take("end 9999");
     EXPECT_EQ(log.summary(), "4 decisions, 1 outcome awaited");
     const char* const rows[] = {
         "Reject|1001||MODIFY CLIENT|wrong branch|awaited",

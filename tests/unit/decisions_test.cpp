@@ -1,59 +1,16 @@
 #include "workbench/model/decisions.h"
 
-#include <gtest/gtest.h>
-
-#include "link/model/mnemonics.h"
-#include "tests/unit/answer_recorder.h"
-#include "tests/unit/fake_host.h"
-#include "tests/unit/view_recorder.h"
+#include "tests/unit/workbench_fixture.h"
 
 using namespace mc;
 
 namespace {
 
-constexpr char kInvestorType[] = "INVESTOR_CLIENT";
-
-std::string valueOf(const SentMessage& message, int mnemonic) {
-    for (const auto& [id, text] : message)
-        if (id == mnemonic) return text;
-    return "(absent)";
-}
-
-// A listed change.
-struct PairRow {
-    std::string key, code, type, entityName, linkedUser;
-};
-
-PairRow plain(const std::string& key) {
-    return {key, "354", "RETAIL", "CL" + key, ""};
-}
-PairRow user(const std::string& key, const std::string& name) {
-    return {key, "339", kInvestorType, name, ""};
-}
-PairRow client(const std::string& key, const std::string& linkedUser) {
-    return {key, "353", kInvestorType, "CL" + key, linkedUser};
-}
-
-struct DecisionsFixture {
-    void list(const PairRow& row) {
-        changes.addRecord(row.key, {.entityName = row.entityName,
-                                    .functionalityCode = row.code,
-                                    .linkedUser = row.linkedUser,
-                                    .type = row.type});
-    }
-    void list(const std::vector<PairRow>& rows) {
-        for (const PairRow& row : rows) list(row);
-    }
-
-    PressPlan planOfAll(PressButton button) {
-        std::vector<Slot> slots;
-        for (std::size_t i = 0; i < changes.size(); ++i) slots.push_back(changes.at(i).slot);
-        return planPress(button, slots, changes, details);
-    }
-    void acceptAll() { acceptSelected(planOfAll(PressButton::accept), changes, requests, host); }
-    void rejectAll(const std::string& reason) {
-        rejectSelected(planOfAll(PressButton::reject), reason, changes, requests);
-    }
+class Decisions : public WorkbenchTest {
+protected:
+    // Presses on all rows.
+    void acceptAll() { press("accept"); }
+    void rejectAll() { press("reject"); }
 
     // The decisions that were sent, as "accepted 1001".
     Lines decisions() {
@@ -64,81 +21,65 @@ struct DecisionsFixture {
         return lines;
     }
 
-    FakeHost host;
-    ViewRecorder view;
-    PendingChanges changes{view};
-    AnswerRecorder answers;
-    serverLink link{host, answers};
-    DetailsOnShow details;
-    Requests requests{host, link, details};
+private:
+    void press(const char* button) {
+        rows().selection().selectAll();
+        take(button);
+    }
 };
 
-class Decisions : public testing::Test, protected DecisionsFixture {};
-
-TEST(Accept, PairsInvestorsUsersWithTheirClients) {
+TEST_F(Decisions, PairInvestorsUsersWithTheirClients) {
     const struct {
         const char* name;
-        std::vector<PairRow> rows;
+        const char* changes;   // 339: a new user, 353: a new client with its user
         Lines accepted;        // keys
         std::string unpaired;  // as the message box names them
     } cases[] = {
-        {"changes of others go at once",
-         {{"1", "339", "DEALER", "U", ""},
-          {"2", "353", "RETAIL", "C", "U"},
-          {"3", "360", "", "", ""}},
-         {"1", "2", "3"},
-         ""},
+        {"changes of others go at once", "list 1 339,list 2 353,list 3 360", {"1", "2", "3"}, ""},
         {"so do an investor's other changes",
-         {{"1", "340", kInvestorType, "U", ""},
-          {"2", "354", kInvestorType, "C", "U"},
-          {"3", "365", kInvestorType, "U", ""},
-          {"4", "366", kInvestorType, "C", "U"},
-          {"5", "360", kInvestorType, "", ""},
-          {"6", "777", kInvestorType, "", ""}},
+         "list 1 340 U,list 2 354 C,list 3 365 U,list 4 366 C,list 5 360 C,list 6 777 C",
          {"1", "2", "3", "4", "5", "6"},
          ""},
         {"the user first, after all others",
-         {client("1", "U"), plain("2"), user("3", "U"), plain("4")},
+         "list 1 353 C U,list 2 354,list 3 339 U,list 4 354",
          {"2", "4", "3", "1"},
          ""},
         {"from the last to the first",
-         {user("1", "U1"), user("2", "U2"), user("3", "U3")},
+         "list 1 339 U1,list 2 339 U2,list 3 339 U3",
          {},
          "  U3  U2  U1"},
         {"clients stay unnamed while a user is unpaired",
-         {user("1", "U1"), client("2", "U2"), client("3", "U3")},
+         "list 1 339 U1,list 2 353 C2 U2,list 3 353 C3 U3",
          {},
          "  U1"},
         {"a pair between unpaired ones",
-         {user("1", "U1"), user("2", "U2"), client("3", "U2"), client("4", "U4")},
+         "list 1 339 U1,list 2 339 U2,list 3 353 C3 U2,list 4 353 C4 U4",
          {"2", "3"},
          "  U1"},
         {"pairs from the last to the first",
-         {user("1", "U1"), user("2", "U2"), client("3", "U1"), client("4", "U2")},
+         "list 1 339 U1,list 2 339 U2,list 3 353 C3 U1,list 4 353 C4 U2",
          {"2", "4", "1", "3"},
          ""},
-        {"names are compared exactly",
-         {user("1", "u"), client("2", "U"), user("3", "U ")},
-         {},
-         "  U   u"},
+        {"names are compared exactly", "list 1 339 u,list 2 353 C2 U,list 3 339 U_", {}, "  U_  u"},
         {"one client for two users of its name",
-         {user("1", "U"), user("2", "U"), client("3", "U")},
+         "list 1 339 U,list 2 339 U,list 3 353 C3 U",
          {"2", "3", "1", "3"},
          ""},
         {"the last of two clients takes both users",
-         {client("1", "U"), client("2", "U"), user("3", "U"), user("4", "U"), plain("5")},
+         "list 1 353 C1 U,list 2 353 C2 U,list 3 339 U,list 4 339 U,list 5 354",
          {"5", "4", "2", "3", "2"},
-         "  CL1"},
+         "  C1"},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
-        DecisionsFixture f;
-        f.list(each.rows);
-        f.acceptAll();
+        restart();
+        run(each.changes);
+        const std::size_t listed = workbench->changes().size();
+        acceptAll();
 
-        Lines decisions, said;
+        Lines sent, said;
         for (const std::string& key : each.accepted) {
-            decisions.push_back("accepted " + key);
+            sent.push_back("accepted " + key);
             said.emplace_back("log Request sent to Accept Authentication");
         }
         if (!each.unpaired.empty()) {
@@ -147,18 +88,17 @@ TEST(Accept, PairsInvestorsUsersWithTheirClients) {
             said.push_back("log " + text +
                            "For Investor client Autenticate User and Client Together");
         }
-        EXPECT_EQ(f.decisions(), decisions);
-        EXPECT_EQ(f.host.said, said);
-        EXPECT_EQ(f.changes.size(), each.rows.size()) << "no decision removes a row";
+        EXPECT_EQ(decisions(), sent);
+        EXPECT_EQ(host.takeSaid(), said);
+        EXPECT_EQ(workbench->changes().size(), listed) << "no decision removes a row";
     }
 }
 
 TEST_F(Decisions, AFailingUserWithholdsItsClient) {
-    list({user("1", "U"), client("2", "U")});
+    run("list 1 339 U,list 2 353 C2 U");
     host.control().works = false;
     acceptAll();
     EXPECT_EQ(host.takeSaid(), Lines{"error Failed while sending om_authenticate_functionality"});
-    EXPECT_EQ(changes.size(), 2u);
 
     // Pressing again does it.
     host.control().works = true;
@@ -168,15 +108,14 @@ TEST_F(Decisions, AFailingUserWithholdsItsClient) {
 
 // What others decide while a message box is open is neither decided again nor read after it went.
 TEST_F(Decisions, AcceptSkipsWhatWasDecidedBehindAMessageBox) {
-    list({plain("1"), plain("2"), plain("3"), user("4", "U"), client("5", "U"), user("6", "V"),
-          client("7", "V"), user("8", "W"), client("9", "W"), user("10", "X"), user("11", "Y")});
+    run("list 1 354,list 2 354,list 3 354,list 4 339 U,list 5 353 C U,list 6 339 V,list 7 353 C V,"
+        "list 8 339 W,list 9 353 C W,list 10 339 X,list 11 339 Y");
     host.control().works = false;
     host.whileBoxIsOpen = [this] {
         host.control().works = true;
         // Of the second pair the user goes, of the third the client: neither half is accepted
-        // alone.
-        for (const char* key : {"1", "2", "6", "9", "11"}) changes.removeRecord(key);
-        list(plain("2"));  // another change of that key was never selected
+        // alone. Another change of a decided one's key was never selected.
+        run("end 1,end 2,end 6,end 9,end 11,list 2 354");
     };
     acceptAll();
     EXPECT_EQ(decisions(), (Lines{"accepted 3", "accepted 4", "accepted 5"}));
@@ -185,34 +124,27 @@ TEST_F(Decisions, AcceptSkipsWhatWasDecidedBehindAMessageBox) {
 }
 
 TEST_F(Decisions, RejectSendsTheReasonInRowOrderWithoutPairing) {
-    list({client("1", "U"), plain("2"), user("3", "U"), user("4", "V")});
-    rejectAll("not agreed");
+    rejectAll();
+    run("list 1 353 C U,list 2 354,list 3 339 U,list 4 339 V");
+    rejectAll();
     EXPECT_EQ(decisions(), (Lines{"rejected 1", "rejected 2", "rejected 3", "rejected 4"}));
     for (const SentMessage& message : host.control().sent)
-        EXPECT_EQ(valueOf(message, MNM_ERROR), "not agreed");
-    EXPECT_EQ(host.said, Lines(4, "log Request sent to Reject Authentication"));
-    EXPECT_EQ(changes.size(), 4u);
-}
-
-TEST_F(Decisions, RejectWithoutAReasonOrRowsSendsNothing) {
-    rejectAll("not agreed");
-    list(plain("1"));
-    rejectAll("");
-    EXPECT_EQ(decisions(), Lines{});
+        EXPECT_EQ(valueOf(message, MNM_ERROR), "no");
+    EXPECT_EQ(host.takeSaid(), Lines(4, "log Request sent to Reject Authentication"));
+    workbench->presses().reject(workbench->changes().selectedRecords(), [] { return ""; });
+    EXPECT_EQ(decisions().size(), 4u) << "without a reason";
     EXPECT_EQ(host.said, Lines{});
 }
 
 TEST_F(Decisions, RejectSkipsWhatWasDecidedBehindAMessageBox) {
-    list({plain("1"), plain("2"), plain("3")});
+    run("list 1 354,list 2 354,list 3 354");
     host.control().works = false;
     host.whileBoxIsOpen = [this] {
         host.control().works = true;
-        changes.removeRecord("2");
-        changes.removeRecord("1");
+        run("end 2,end 1");
     };
-    rejectAll("not agreed");
+    rejectAll();
     EXPECT_EQ(decisions(), Lines{"rejected 3"});
-    EXPECT_EQ(changes.size(), 1u);
 }
 
 }  // namespace

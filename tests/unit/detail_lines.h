@@ -1,6 +1,9 @@
 // Groups of details as lines that a test can compare.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <span>
 #include <string>
 #include <vector>
 
@@ -39,6 +42,19 @@ struct DetailCase {
     FieldTexts answer;
     DetailLines lines;
 };
+
+// The fields of each case stand behind `id`, and its lines behind those that `id` brings.
+template <class Builder, class... More>
+void expectBehind(const FieldText& id, const DetailLines& ofId, std::span<const DetailCase> cases,
+                  Builder builder, More... more) {
+    for (const auto& [name, fields, lines] : cases) {
+        FieldTexts answer{id};
+        answer.insert(answer.end(), fields.begin(), fields.end());
+        DetailLines expected = ofId;
+        expected.insert(expected.end(), lines.begin(), lines.end());
+        EXPECT_EQ(built(builder, answer, more...), expected) << name;
+    }
+}
 
 inline const DetailLines kNothing{"[No Parameters are Modified]"};
 

@@ -1,5 +1,4 @@
 // Limits that were edited and not sent: what keeps them, what drops them, what asks first.
-#include <functional>
 #include <set>
 
 #include "tests/unit/workbench_fixture.h"
@@ -15,8 +14,7 @@ protected:
         list("1001", "339");
         list("1003", "360");
         select({"1003"});
-        take("open 1003");
-        take("answer limits 1003");
+        run("open 1003,answer limits 1003");
         workbench->details().valueEdited(64031, "1700");
         host.control().sent.clear();
         view.events.clear();
@@ -51,46 +49,31 @@ TEST_F(EditedLimits, NothingThatLeavesThemBehindGoesUnasked) {
         "question 1 edited value of Dealer - DLR101, RMS Limits, 1003 has not been sent.";
     const std::string decide = "om_authenticate_functionality";
     const struct {
-        const char* name;
-        std::function<void()> press;
+        const char* press;
         std::string question;
         Lines requests;  // after Yes
         bool drops;
     } cases[] = {
-        {"accept",
-         [&] { workbench->presses().accept(selected()); },
-         "Accept without sending?",
-         {decide},
-         false},
-        {"reject",
-         [&] { workbench->presses().reject(selected(), [] { return "no"; }); },
-         "Reject without sending?",
-         {decide},
-         false},
-        {"recover",
-         [&] { workbench->presses().recover(); },
-         "Recover and drop them?",
-         {"om_get_functionality_details"},
-         true},
-        {"open another",
-         [&] { take("open 1001"); },
+        {"accept", "Accept without sending?", {decide}, false},
+        {"reject", "Reject without sending?", {decide}, false},
+        {"recover", "Recover and drop them?", {"om_get_functionality_details"}, true},
+        {"open 1001",
          "Drop them and open DLR101, ADD USER, 1001?",
          {"om_get_auth_user_details"},
          true},
-        {"drop", [&] { workbench->details().dropEdits(); }, "Drop them?", {}, true},
+        {"drop", "Drop them?", {}, true},
     };
     for (const auto& each : cases) {
-        SCOPED_TRACE(each.name);
+        SCOPED_TRACE(each.press);
         host.answersYes = false;
-        each.press();
+        take(each.press);
         EXPECT_EQ(host.takeSaid(), Lines{edits + "\n\n" + each.question});
         EXPECT_EQ(requests(), Lines{});
         host.answersYes = true;
-        each.press();
+        take(each.press);
         EXPECT_EQ(requests(), each.requests);
         EXPECT_EQ(update(), each.drops ? "" : "1700.00");
-        take("open 1003");
-        take("answer limits 1003");
+        run("open 1003,answer limits 1003");
         workbench->details().valueEdited(64031, "1700");
         host.takeSaid();
         host.control().sent.clear();
@@ -103,7 +86,7 @@ TEST_F(EditedLimits, NothingThatLeavesThemBehindGoesUnasked) {
 TEST_F(EditedLimits, ADecisionIsOfWhatWasSelectedAtThePress) {
     host.answersYes = true;
     host.whileBoxIsOpen = [&] {  // decided elsewhere: the list selects the row after it
-        workbench->handlePublished(publication("accepted", "1001").handle());
+        take("end 1001");
     };
     select({"1001"});
     workbench->presses().accept(selected());
@@ -114,7 +97,7 @@ TEST_F(EditedLimits, ADecisionIsOfWhatWasSelectedAtThePress) {
     select({"1001"});
     host.takeSaid();
     workbench->presses().reject(selected(), [&] {
-        workbench->handlePublished(publication("accepted", "1001").handle());
+        take("end 1001");
         return "no";
     });
     EXPECT_EQ(requests(), Lines{});
@@ -137,8 +120,7 @@ TEST_F(EditedLimits, SelectingAnotherChangeEmptiesDetailsUnlessTheyHoldEdits) {
     EXPECT_EQ(view.caption.title, "Maker Checker Details");
 
     select({"1003"});
-    take("open 1003");
-    take("answer limits 1003");
+    run("open 1003,answer limits 1003");
     view.events.clear();
     select({"1001", "1003"});
     select({});
@@ -154,7 +136,7 @@ TEST_F(EditedLimits, StayInTheRowsOfALaterAnswer) {
     EXPECT_TRUE(row().edited);
     EXPECT_FALSE(row().overOlder);
 
-    for (const char* step : {"again 1003", "new answer limits 1003"}) take(step);
+    run("again 1003,new answer limits 1003");
     EXPECT_EQ(row().value, "1700.00");
     EXPECT_EQ(row().received, "1600.00");
     EXPECT_TRUE(row().overOlder);
@@ -164,7 +146,7 @@ TEST_F(EditedLimits, StayInTheRowsOfALaterAnswer) {
     EXPECT_EQ(row().value, "1700.00") << "what an update sends is always visible";
     EXPECT_EQ(row().caption, "Cash Margin");
 
-    for (const char* step : {"again 1003", "error limits 1003"}) take(step);
+    run("again 1003,error limits 1003");
     EXPECT_EQ(view.events.back(), "rows") << "an error takes no edits away";
     EXPECT_EQ(update(), "1700.00");
 }
@@ -189,12 +171,11 @@ TEST_F(EditedLimits, AreSpelledReplacedSentAndForgotten) {
                                                        {64037, "no"}}));
     EXPECT_EQ(view.events, Lines{"edits sent"});
     EXPECT_EQ(update(), "");
-    take("again 1003");
-    take("answer limits 1003");
+    run("again 1003,answer limits 1003");
     EXPECT_FALSE(row().edited);
 
     workbench->details().valueEdited(64031, "3");
-    workbench->handlePublished(publication("rejected", "1003").handle());
+    publish("rejected", "1003");
     EXPECT_EQ(update(), "");
     EXPECT_EQ(workbench->details().valueEdited(64031, "1"), std::nullopt)
         << "no details are visible";

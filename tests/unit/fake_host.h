@@ -38,6 +38,22 @@ inline SentMessage readBack(void* message) {
     return fields;
 }
 
+// The first text of a field; empty: there is none.
+inline std::string valueOf(const SentMessage& message, int mnemonic) {
+    for (const auto& [id, text] : message)
+        if (id == mnemonic) return text;
+    return {};
+}
+
+// What the host does in the life of one is its own: tests of faults let it succeed.
+struct HostsOwn {
+    HostsOwn() { change(true); }
+    ~HostsOwn() { change(false); }
+    HostsOwn(const HostsOwn&) = delete;
+    HostsOwn& operator=(const HostsOwn&) = delete;
+    static inline void (*change)(bool begins) = [](bool) {};
+};
+
 struct Subscription {
     SentMessage pairs;
     bool ofItself;             // names the control that it goes through
@@ -59,6 +75,7 @@ public:
     std::function<void(const SentMessage& fields)> sending = [](const SentMessage&) {};
 
     int send(int& requestId, void* message, int, void**) override {
+        const HostsOwn own;
         const SentMessage fields = readBack(message);
         sending(fields);
         if (!works) return 0;
@@ -70,6 +87,7 @@ public:
     int subscribe(int& subscriptionId, const int* mnemonics, const char* const* values, int pairs,
                   CQuonRxControl* self, int first, int second, int third, void**) override {
         if (!works) return 0;
+        const HostsOwn own;
         Subscription subscription{{}, self == this, {first, second, third}};
         for (int i = 0; i < pairs; ++i) subscription.pairs.emplace_back(mnemonics[i], values[i]);
         subscriptions.push_back(subscription);
@@ -132,6 +150,7 @@ public:
     }
 
     void reportToUser(std::string_view text, int reportLevel) override {
+        const HostsOwn own;
         said.push_back((reportLevel == kReportError     ? "error "
                         : reportLevel == kReportMessage ? "log "
                                                         : "level? ") +
@@ -139,10 +158,12 @@ public:
         if (reportLevel == kReportError) boxIsOpen();
     }
     void showMessage(const std::string& text) override {
+        const HostsOwn own;
         said.push_back("box " + text);
         boxIsOpen();
     }
     bool confirm(const std::string& question) override {
+        const HostsOwn own;
         said.push_back("question " + question);
         const bool yes = answersYes;
         boxIsOpen();
@@ -156,6 +177,7 @@ private:
     }
 
     static int holdsMenuItem(int menuItem) {
+        const HostsOwn own;
         s_current->menuItemsAsked.push_back(menuItem);
         return s_current->roles.contains(menuItem) ? 1 : 0;
     }
@@ -164,6 +186,7 @@ private:
 
     static CQuonRxControl* receiveControl(int kind, CQuonRxNotifierBase* receiver,
                                           CQuonRxControl* release) {
+        const HostsOwn own;
         if (receiver == nullptr) {
             const auto* control = static_cast<FakeControl*>(release);
             s_current->released.push_back(control != nullptr ? control->kind : -1);

@@ -45,13 +45,8 @@ TEST(LimitsDetails, FormatsEachKindOfLimit) {
          {"Category Name: HNI", "Remarks Text: why < how", "Cur NRML Adhoc: 1.00",
           "Premium Net Limit: 4"}},
     };
-    for (const auto& [name, fields, lines] : cases) {
-        FieldTexts answer{{MNM_ACCOUNT_ID, "C1"}};
-        answer.insert(answer.end(), fields.begin(), fields.end());
-        DetailLines expected{"[RMS Limits]", "RMS Limit For: Client - C1"};
-        expected.insert(expected.end(), lines.begin(), lines.end());
-        EXPECT_EQ(built(BuildLimitsDetails, answer, true), expected) << name;
-    }
+    expectBehind({MNM_ACCOUNT_ID, "C1"}, {"[RMS Limits]", "RMS Limit For: Client - C1"}, cases,
+                 BuildLimitsDetails, true);
 }
 
 TEST(LimitsDetails, WhatTellsSomethingDependsOnWhoseLimitsTheyAre) {

@@ -26,34 +26,6 @@ std::string shown(LineGroups& lines) {
     return text;
 }
 
-TEST(LineGroups, AHeadingStaysWhileAnyOfItsLinesPasses) {
-    LineGroups lines;
-    lines.append(twoGroups());
-    EXPECT_EQ(shown(lines), "General|Dealer ID|Branch ID|Exchange:NSE|Status|");
-    const struct {
-        int column;
-        const char* filter;
-        const char* left;
-    } cases[] = {
-        {0, "branch", "General|Branch ID|"},
-        {1, "enabled", "Exchange:NSE|Status|"},
-        {0, "exchange", "Exchange:NSE|"},
-        {1, "nothing", ""},
-        {1, "", "General|Dealer ID|Branch ID|Exchange:NSE|Status|"},
-    };
-    for (const auto& each : cases) {
-        lines.rows().filters().clear();
-        lines.rows().filters().set(ColumnId{each.column}, each.filter);
-        lines.rows().filter();
-        EXPECT_EQ(shown(lines), each.left) << each.filter;
-    }
-    // Groups that come while a filter is in force are judged by it.
-    lines.rows().filters().set(ColumnId{0}, "status");
-    lines.rows().filter();
-    lines.append(twoGroups());
-    EXPECT_EQ(shown(lines), "Exchange:NSE|Status|Exchange:NSE|Status|");
-}
-
 TEST(LineGroups, AFoldedGroupShowsItsHeadingOnlyAndOpensAsItWas) {
     LineGroups lines;
     lines.append(twoGroups());
@@ -70,26 +42,17 @@ TEST(LineGroups, AFoldedGroupShowsItsHeadingOnlyAndOpensAsItWas) {
     EXPECT_EQ(lines.lineAt(99), nullptr);
 }
 
-TEST(LineGroups, ARowWithAnUnsentEditPassesEveryFilterAndFold) {
+TEST(LineGroups, AHeadingHoldsTheEditsOfItsLines) {
     LineGroups lines;
     lines.append(twoGroups());
     LineGroups::Line& branch = *lines.lineAt(2);
     branch.row->received = std::exchange(branch.row->value, "DEL");
     branch.row->edited = true;
     lines.rowChanged(branch);
-    lines.setFolded(branch, true);
     EXPECT_TRUE(lines.holdsEdits(*lines.lineAt(0)));
-    EXPECT_FALSE(lines.holdsEdits(*lines.lineAt(2)));
-    EXPECT_EQ(shown(lines), "General|Branch ID|Exchange:NSE|Status|");
-    lines.rows().filters().set(ColumnId{0}, "status");
-    lines.rows().filter();
-    EXPECT_EQ(shown(lines), "General|Branch ID|Exchange:NSE|Status|");
-
+    EXPECT_FALSE(lines.holdsEdits(*lines.lineAt(3)));
     EXPECT_TRUE(lines.editsDropped());
-    EXPECT_EQ(lines.rows().cellText(1, ColumnId{1}), "MUM");
     EXPECT_FALSE(lines.editsSent());
-    lines.rows().filter();
-    EXPECT_EQ(shown(lines), "Exchange:NSE|Status|");
 }
 
 TEST(LineGroups, WhatAnUpdateSentIsTheValueFromThenOn) {

@@ -66,8 +66,10 @@ private:
 
 using Pass = bool (*)(List&, const LongWork&);  // false: it was ended
 
-bool sortBy(List& list, SortOrder order, const LongWork& work) {
-    return list.rows.sort(order, work) != RecordStore::Outcome::ended;
+template <int column, Comparison comparison, int direction>
+bool sortBy(List& list, const LongWork& work) {
+    return list.rows.sort({ColumnId{column}, comparison, direction}, work) !=
+           RecordStore::Outcome::ended;
 }
 bool filterBy(List& list, ColumnId column, const char* text, const LongWork& work) {
     const RowFilters before = list.rows.filters();
@@ -86,26 +88,11 @@ const struct {
     const char* what;
     Pass pass;
 } kPasses[] = {
-    {"sort by text",
-     [](List& l, auto& w) {
-         return sortBy(l, {kDate, Comparison::text, -1}, w);
-     }},
-    {"by numbers",
-     [](List& l, auto& w) {
-         return sortBy(l, {kNumber, Comparison::number, 1}, w);
-     }},
-    {"by numbers, read once",
-     [](List& l, auto& w) {
-         return sortBy(l, {kDate, Comparison::integer, 1}, w);
-     }},
-    {"by dates",
-     [](List& l, auto& w) {
-         return sortBy(l, {kDate, Comparison::dateTime, 1}, w);
-     }},
-    {"the other way",
-     [](List& l, auto& w) {
-         return sortBy(l, {kName, Comparison::text, -1}, w);
-     }},
+    {"sort by text", sortBy<2, Comparison::text, -1>},
+    {"by numbers", sortBy<1, Comparison::number, 1>},
+    {"by numbers, read once", sortBy<2, Comparison::integer, 1>},
+    {"by dates", sortBy<2, Comparison::dateTime, 1>},
+    {"the other way", sortBy<0, Comparison::text, -1>},
     {"filter", [](List& l, auto& w) { return filterBy(l, kDate, "*5*", w); }},
     {"by numbers", [](List& l, auto& w) { return filterBy(l, kDate, ">3", w); }},
     {"filter ends", [](List& l, auto& w) { return filterBy(l, kNumber, "", w); }},

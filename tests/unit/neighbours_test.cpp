@@ -63,6 +63,7 @@ TEST(Neighbours, AreFoundAsALookAtEveryChangeFindsThem) {
                            .linkedUser = random() % 2 ? "I1" : "I2",
                            .type = random() % 2 ? "INVESTOR_CLIENT" : "CLIENT"};
     };
+    int halves = 0;
     for (int step = 0; step < 1500; ++step) {
         const std::string key = std::to_string(random() % 90);
         switch (random() % 3) {
@@ -84,7 +85,24 @@ TEST(Neighbours, AreFoundAsALookAtEveryChangeFindsThem) {
             found.push_back(std::stol(each.key));
         std::ranges::sort(expected);
         ASSERT_EQ(found, expected) << "step " << step;
+
+        // The other half of a pair is one that fits and is not selected.
+        if (const auto row = changes.rows().rowOf(one.slot))
+            changes.rows().selection().select(*row, random() % 2 == 0);
+        const RelatedChanges& related = changes.related();
+        const auto fits = [&](Slot other) {
+            const auto half = related.halfOf(one.slot), its = related.halfOf(other);
+            return half != RelatedChanges::Half::none && its != RelatedChanges::Half::none &&
+                   half != its && related.userOf(one.slot, half) == related.userOf(other, its) &&
+                   !changes.rows().selection().isSelected(other);
+        };
+        bool any = false;
+        for (std::size_t i = 0; i < changes.size(); ++i) any |= fits(changes.at(i).slot);
+        const Slot other = related.otherHalf(one.slot);
+        ASSERT_TRUE(any ? fits(other) : other == kNoSlot) << "step " << step;
+        halves += any;
     }
+    EXPECT_GT(halves, 20);
     changes.clearAllRecords();
     changes.addRecord("1", {.entityName = "A", .functionalityCode = kAddClient});
     EXPECT_EQ(changes.related().aboutTheSame(changes.at(0)).size(), 1u);
@@ -92,9 +110,7 @@ TEST(Neighbours, AreFoundAsALookAtEveryChangeFindsThem) {
 
 TEST_F(WorkbenchTest, NamesTheNeighboursOfTheShownChangeAndGoesRoundThem) {
     const auto limits = [this](const char* key, const char* user) {
-        workbench->handlePublished(
-            publication("auth pending", key, {{MNM_FUNCTIONALITY, "360"}, {MNM_USER, user}})
-                .handle());
+        publish("auth pending", key, {{MNM_FUNCTIONALITY, "360"}, {MNM_USER, user}});
     };
     list("1002", "340");
     EXPECT_EQ(workbench->details().openNeighbour(), std::nullopt);
@@ -121,7 +137,7 @@ TEST_F(WorkbenchTest, NamesTheNeighboursOfTheShownChangeAndGoesRoundThem) {
     EXPECT_EQ(workbench->details().openNeighbour(), std::nullopt);
     for (int key = 2000; key < 2003; ++key) limits(std::to_string(key).c_str(), "DLR101");
     EXPECT_TRUE(view.caption.neighbours.ends_with("; 2000 RMS Limits; and 2 more (F8)"));
-    workbench->handlePublished(publication("accepted", "1001").handle());
+    take("end 1001");
     EXPECT_TRUE(view.caption.neighbours.starts_with("also pending: 1002 MODIFY USER; 2000"));
 }
 

@@ -51,21 +51,6 @@ TEST_F(PendingChangesTest, KeepsEveryTextAndShowsItByColumn) {
     }
 }
 
-TEST_F(PendingChangesTest, AKeyIsAddedOnceAndRemovedOnce) {
-    add("1001", "first");
-    add("1001", "second");
-    EXPECT_EQ(changes.size(), 1u);
-    EXPECT_EQ(changes.findRecord("1001")->entityName, "first");
-    changes.removeRecord("1002");
-    changes.removeRecord("");
-    EXPECT_EQ(changes.size(), 1u);
-    EXPECT_EQ(view.events, std::vector<std::string>{"rows"});
-    changes.removeRecord("1001");
-    changes.removeRecord("1001");
-    EXPECT_EQ(changes.size(), 0u);
-    EXPECT_EQ(view.events, (std::vector<std::string>{"rows", "rows"}));
-}
-
 TEST_F(PendingChangesTest, FiltersByTheTextsAsTheyAreNow) {
     changes.addRecord("1001", {.makerId = "MAKER01", .entityName = "name"});
     changes.rows().filters().set(kMakerColumn, "maker02");

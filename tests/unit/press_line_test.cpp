@@ -12,68 +12,27 @@ namespace {
 class PressLineTest : public WorkbenchTest {
 protected:
     PendingChanges& changes() { return workbench->changes(); }
-    RecordStore& rows() { return changes().rows(); }
 
-    // "list KEY CODE [ENTITY [LINKED]]" (an investor's when it has an entity), "read KEY" (and its
-    // details come), "select KEY" (too), "only KEY", "end KEY", "hide MAKER", "edit VALUE", "wait",
-    // "accept", "reject", "update", and the fixture's own steps.
+    // Beside what take() does: "wait SECONDS", and rows of this entity only stay by "hide ENTITY".
     void run(const std::string& steps) {
         std::istringstream lines(steps);
-        for (std::string step; std::getline(lines >> std::ws, step, ',');) does(step);
-    }
-
-    void does(const std::string& step) {
-        std::istringstream words(step);
-        std::string verb, key, code, entity, linked;
-        words >> verb >> key >> code >> entity >> linked;
-        const auto select = [&] {
-            rows().selection().select(*rows().rowOf(changes().find(key)), true);
-        };
-        const auto selected = changes().selectedRecords();
-        if (verb == "list") return listChange(key, code, entity, linked);
-        if (verb == "only") return rows().selection().clear(), select();
-        if (verb == "select") return select();
-        if (verb == "end") return publish("accepted", key, {});
-        if (verb == "other") return publish("auth pending", key, {{MNM_REQUESTING_USER, "MK2"}});
-        if (verb == "wait") return void(now += std::stoi(key));
-        if (verb == "edit") return void(workbench->details().valueEdited(64031, key));
-        if (verb == "accept") return workbench->presses().accept(selected);
-        if (verb == "reject") return workbench->presses().reject(selected, [] { return "no"; });
-        if (verb == "update") return workbench->presses().update();
-        if (verb == "hide") return hide(key);
-        if (verb == "read") return take("open " + key), take("answer user " + key);
-        take(step);
-    }
-
-    void publish(const char* status, const std::string& key, const FieldTexts& more) {
-        workbench->handlePublished(publication(status, key, more).handle());
-    }
-
-    void listChange(const std::string& key, const std::string& code, const std::string& entity,
-                    const std::string& linked) {
-        FieldTexts texts{{MNM_FUNCTIONALITY, code}, {MNM_USER, "DLR101"}};
-        if (code == "354" || code == "360")
-            texts = {{MNM_FUNCTIONALITY, code}, {MNM_ACCOUNT_ID, "C10021"}};
-        if (!entity.empty()) texts = {{MNM_FUNCTIONALITY, code}, {MNM_TYPE, "INVESTOR_CLIENT"}};
-        if (code == "353") texts.push_back({MNM_ACCOUNT_ID, entity});
-        if (!entity.empty()) texts.push_back({MNM_USER, code == "353" ? linked : entity});
-        publish("auth pending", key, texts);
-    }
-
-    // Rows of this entity only stay.
-    void hide(const std::string& text) {
-        rows().filters().set(ColumnId{0}, text);
-        rows().filter();
+        for (std::string step; std::getline(lines >> std::ws, step, ',');) {
+            const std::string word = step.substr(5);
+            if (step.starts_with("wait "))
+                now += std::stoi(word);
+            else if (step.starts_with("hide "))
+                rows().filters().set(ColumnId{0}, word), rows().filter();
+            else
+                take(step);
+        }
     }
 
     // The decisions that left: "1003 1004".
     std::string decided() {
         std::string keys;
         for (const SentMessage& message : host.control().sent)
-            for (const auto& [id, text] : message)
-                if (id == MNM_AUTHORIZATION_KEY &&
-                    message.front().second == kAuthenticateFunctionality)
-                    keys += (keys.empty() ? "" : " ") + text;
+            if (message.front().second == kAuthenticateFunctionality)
+                keys += (keys.empty() ? "" : " ") + valueOf(message, MNM_AUTHORIZATION_KEY);
         return keys;
     }
 
@@ -138,13 +97,11 @@ TEST_F(PressLineTest, SaysWhatAPressSends) {
     host.answersYes = true;
     for (const auto& each : cases) {
         SCOPED_TRACE(each.steps);
-        workbench = nullptr;
-        workbench = std::make_unique<Workbench>(host, view);
-        host.control().sent.clear();
+        restart();
         run(each.steps);
         EXPECT_EQ(describePress(workbench->presses().plan(each.button), changes()).whole(),
                   each.line);
-        does(each.button == PressButton::accept ? "accept" : "reject");
+        take(each.button == PressButton::accept ? "accept" : "reject");
         EXPECT_EQ(decided(), each.decided);
     }
 }
@@ -170,8 +127,7 @@ TEST_F(PressLineTest, SaysWhatWasSentBefore) {
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.steps);
-        workbench = nullptr;
-        workbench = std::make_unique<Workbench>(host, view);
+        restart();
         changes().states().setClock([this] { return now; });
         run(kThree + each.steps);
         EXPECT_EQ(describePress(workbench->presses().plan(each.button), changes()).whole(),
@@ -180,13 +136,13 @@ TEST_F(PressLineTest, SaysWhatWasSentBefore) {
         host.control().sent.clear();
         host.takeSaid();
         host.answersYes = false;
-        does(press);
+        take(press);
         EXPECT_EQ(decided().empty(), !each.question.empty());
         EXPECT_EQ(host.said.empty() || !host.said[0].starts_with("question"),
                   each.question.empty());
         host.answersYes = true;
         host.control().sent.clear();
-        does(press);
+        take(press);
         EXPECT_NE(decided(), "");
     }
 }
@@ -213,7 +169,6 @@ TEST_F(PressLineTest, OfUpdateAndRecover) {
     }
 }
 
-// Halves come, go and change their user id; the other half is always a pending one that fits.
 // A press takes what is being typed first.
 TEST_F(PressLineTest, CountsTheValueThatIsBeingTyped) {
     run("list 1007 360,open 1007,answer limits 1007,edit 1700");
@@ -229,42 +184,6 @@ TEST_F(PressLineTest, CountsTheValueThatIsBeingTyped) {
         EXPECT_EQ(
             describePress(workbench->presses().plan(PressButton::update, typed), changes()).text,
             update);
-}
-
-TEST_F(PressLineTest, FindsTheOtherHalf) {
-    for (int i = 0; i < 300; ++i) {
-        const std::string user = "U" + std::to_string(i % 100);
-        listChange(std::to_string(2 * i), "339", user, "");
-        listChange(std::to_string(2 * i + 1), "353", "C" + user, user);
-    }
-    for (int i = 0; i < 300; ++i) {
-        if (i % 3 == 0) publish("accepted", std::to_string(2 * i), {});
-        if (i % 5 == 0) listChange(std::to_string(2 * i + 1), "353", "C", "U7");
-        if (i % 7 == 0) listChange(std::to_string(2 * i + 1), "353", "C", "none");
-    }
-    rows().selection().selectAll();
-    for (std::size_t i = 0; i < changes().size(); ++i) {
-        const PendingChange half = changes().at(i);
-        EXPECT_EQ(changes().related().otherHalf(half.slot), kNoSlot) << "all are selected";
-    }
-    rows().selection().clear();
-    for (std::size_t i = 0; i < changes().size(); ++i) {
-        const PendingChange half = changes().at(i);
-        bool fits = false;
-        for (std::size_t j = 0; j < changes().size() && !fits; ++j) {
-            const PendingChange other = changes().at(j);
-            fits = half.functionalityCode == kAddUser ? other.linkedUser == half.entityName
-                                                      : other.entityName == half.linkedUser;
-        }
-        const auto found = changes().recordIn(changes().related().otherHalf(half.slot));
-        ASSERT_EQ(found.has_value(), fits) << half.key;
-        if (!found) continue;
-        const auto userOf = [this](Slot slot) {
-            return changes().related().userOf(slot, changes().related().halfOf(slot));
-        };
-        EXPECT_EQ(userOf(found->slot), userOf(half.slot));
-        EXPECT_NE(found->functionalityCode, half.functionalityCode);
-    }
 }
 
 }  // namespace

@@ -120,20 +120,10 @@ private:
         const bool isValue = below(4) == 0;
         m_store.filters().set(ColumnId{column}, text,
                               isValue ? FilterKind::value : FilterKind::pattern);
-        auto& columns = m_reference.filterColumns;
-        auto& texts = m_reference.filterTexts;
-        auto& values = m_reference.filterIsValue;
-        texts.resize(columns.size());
-        values.resize(columns.size());
-        const auto found = std::find(columns.begin(), columns.end(), column);
-        if (found != columns.end()) {
-            texts.erase(texts.begin() + (found - columns.begin()));
-            values.erase(values.begin() + (found - columns.begin()));
-            columns.erase(found);
+        m_reference.setFilter({column, text, isValue});
+        if (!text.empty()) {
+            EXPECT_EQ(m_store.filters().of(ColumnId{column}).text, text);
         }
-        if (text.empty()) return;
-        columns.push_back(column), texts.push_back(text), values.push_back(isValue);
-        EXPECT_EQ(m_store.filters().of(ColumnId{column}).text, text);
     }
     void filter() { expectSame(m_store.filter(), m_reference.filter()); }
 
@@ -213,12 +203,11 @@ private:
                 break;
             case 5:
                 m_store.filters().clear();
-                m_reference.filterColumns.clear(), m_reference.filterTexts.clear();
+                m_reference.filters.clear(), m_reference.filtersFit = true;
                 break;
             case 6:
                 m_store.filters().setAll({ColumnId{0}, ColumnId{1}}, {ColumnFilter{"a"}});
-                m_reference.filterColumns = {0, 1}, m_reference.filterTexts = {"a"};
-                m_reference.filterIsValue = {false};
+                m_reference.filters = {{0, "a"}, {1, ""}}, m_reference.filtersFit = false;
                 break;
             default:
                 break;

@@ -23,48 +23,29 @@ namespace mc {
 
 namespace reference {
 
-struct Entry {
-    std::string spelling;
+struct Level {
     int precedence;
+    std::vector<std::string> spellings;
 };
 
-inline const std::vector<Entry>& table() {
-    static const std::vector<Entry> entries = {{"<>=*/%+-^&|\\", 0},
-                                               {"*", 19},
-                                               {"/", 19},
-                                               {"\\", 19},
-                                               {"%", 18},
-                                               {"<<", 17},
-                                               {">>", 17},
-                                               {"-", 16},
-                                               {"+", 16},
-                                               {"^", 15},
-                                               {"&", 15},
-                                               {"|", 15},
-                                               {"!|", 15},
-                                               {"&&", 14},
-                                               {"||", 14},
-                                               {"!&", 15},
-                                               {"==", 13},
-                                               {"<", 13},
-                                               {">", 13},
-                                               {">=", 13},
-                                               {"!=", 13},
-                                               {"<=", 13}};
-    return entries;
+// The level of an operator; null: there is none of that spelling.
+inline const Level* lookUp(const std::string& spelling) {
+    static const std::vector<Level> levels = {{19, {"*", "/", "\\"}},
+                                              {18, {"%"}},
+                                              {17, {"<<", ">>"}},
+                                              {16, {"-", "+"}},
+                                              {15, {"^", "&", "|", "!|", "!&"}},
+                                              {14, {"&&", "||"}},
+                                              {13, {"==", "<", ">", ">=", "!=", "<="}}};
+    for (const Level& level : levels)
+        if (std::ranges::find(level.spellings, spelling) != level.spellings.end()) return &level;
+    return nullptr;
 }
 
-inline int lookUp(const std::string& spelling) {
-    for (std::size_t i = 1; i < table().size(); ++i)
-        if (table()[i].spelling == spelling) return static_cast<int>(i);
-    return -1;
-}
-
-inline int operatorAt(const std::string& text, std::size_t at) {
-    std::string run;
-    while (at < text.size() && table()[0].spelling.find(text[at]) != std::string::npos)
-        run += text[at++];
-    return lookUp(run);
+// The operator that the run of its characters is; empty: none.
+inline std::string operatorAt(const std::string& text, std::size_t at) {
+    const std::string run = text.substr(at, text.find_first_not_of("<>=*/%+-^&|\\", at) - at);
+    return lookUp(run) != nullptr ? run : "";
 }
 
 inline bool isBlank(char c) {
@@ -81,13 +62,13 @@ inline std::string operandAt(const std::string& text, std::size_t at) {
 
 inline bool inOperandPosition(const std::string& text, std::size_t at) {
     while (at > 0)
-        if (!isBlank(text[--at])) return operatorAt(text, at) != -1;
+        if (!isBlank(text[--at])) return !operatorAt(text, at).empty();
     return true;
 }
 
 inline int precedenceOf(const std::string& token) {
-    const int found = lookUp(token);
-    return found == -1 ? 1 : table()[static_cast<std::size_t>(found)].precedence;
+    const Level* found = lookUp(token);
+    return found == nullptr ? 1 : found->precedence;
 }
 
 inline int toPostfix(const std::string& infix, std::string& postfix) {
@@ -112,15 +93,14 @@ inline int toPostfix(const std::string& infix, std::string& postfix) {
             afterShortOperator = false;
             ++at;
         } else {
-            const int found = operatorAt(infix, at);
-            if (found == -1 || inOperandPosition(infix, at)) {
+            const std::string spelling = operatorAt(infix, at);
+            if (spelling.empty() || inOperandPosition(infix, at)) {
                 const std::string operand = operandAt(infix, at);
-                postfix += found == -1 ? " " + operand : " (" + operand + ")";
+                postfix += spelling.empty() ? " " + operand : " (" + operand + ")";
                 afterShortOperator = false;
                 at += operand.size();
             } else {
                 if (postfix.empty() || afterShortOperator) postfix += " 0";
-                const std::string& spelling = table()[static_cast<std::size_t>(found)].spelling;
                 while (!waiting.empty() && waiting.top() != "(" &&
                        precedenceOf(waiting.top()) >= precedenceOf(spelling))
                     popTop();
@@ -175,12 +155,11 @@ inline int evaluatePostfix(const std::string& postfix, double& value) {
             ++at;
             continue;
         }
-        const int found = operatorAt(postfix, at);
-        if (found != -1 && postfix[at - 1] != '(') {
+        const std::string spelling = operatorAt(postfix, at);
+        if (!spelling.empty() && postfix[at - 1] != '(') {
             if (numbers.size() < 2) return 1;
             const double b = numbers.top();
             numbers.pop();
-            const std::string& spelling = table()[static_cast<std::size_t>(found)].spelling;
             const auto result = apply(spelling, numbers.top(), b);
             if (!result) return 4;
             numbers.top() = *result;

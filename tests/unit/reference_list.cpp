@@ -164,13 +164,20 @@ void List::refresh(Record* record) {
     }
 }
 
+void List::setFilter(const Filter& filter) {
+    filtersFit = true;
+    std::erase_if(filters, [&](const Filter& each) { return each.column == filter.column; });
+    if (!filter.text.empty()) filters.push_back(filter);
+}
+
 List::Outcome List::filter() {
     map.clear();
-    if (filterColumns.size() != filterTexts.size()) {
+    if (!filtersFit) {
         deselectHidden();
         return {0, "Error occured while filtering"};
     }
-    m_judge = {filterColumns, filterTexts, filterIsValue, exactOnce || exactAlways};
+    m_judge = filters;
+    m_exact = exactOnce || exactAlways;
     for (std::size_t stored = 0; stored < store.size(); ++stored)
         if (passes(*store[stored])) map.push_back(stored);
     exactOnce = false;
@@ -215,12 +222,11 @@ std::map<std::string, std::size_t> List::counts(int column) const {
 }
 
 bool List::passes(const Record& record, int butColumn) const {
-    for (std::size_t i = 0; i < m_judge.columns.size(); ++i)
-        if (m_judge.columns[i] != butColumn &&
-            !matches(record.cells[static_cast<std::size_t>(m_judge.columns[i])], m_judge.texts[i],
-                     m_judge.exact, m_judge.isValue[i]))
-            return false;
-    return true;
+    return std::ranges::all_of(m_judge, [&](const Filter& each) {
+        return each.column == butColumn ||
+               matches(record.cells[static_cast<std::size_t>(each.column)], each.text, m_exact,
+                       each.isValue);
+    });
 }
 
 void List::deselectHidden() {

@@ -28,6 +28,12 @@ struct Sorting {
     int direction;
 };
 
+struct Filter {
+    int column;
+    std::string text;
+    bool isValue = false;
+};
+
 class List {
 public:
     struct Outcome {
@@ -55,9 +61,11 @@ public:
     std::size_t itemCount = 0;
     bool reversed = false;
 
-    std::vector<int> filterColumns;
-    std::vector<std::string> filterTexts;
-    std::vector<bool> filterIsValue;
+    // Replaces the filter of the column; an empty text is none.
+    void setFilter(const Filter& filter);
+
+    std::vector<Filter> filters;
+    bool filtersFit = true;  // as many texts as columns
     bool exactOnce = false, exactAlways = false;
     std::optional<Sorting> sorting;
 
@@ -66,19 +74,13 @@ public:
     Record* anchor = nullptr;
 
 private:
-    struct Judge {
-        std::vector<int> columns;
-        std::vector<std::string> texts;
-        std::vector<bool> isValue;
-        bool exact = false;
-    };
-
     bool passes(const Record& record, int butColumn = -1) const;
     void deselectHidden();
     void showSorted(std::size_t stored);
     bool before(std::size_t a, std::size_t b) const;
 
-    Judge m_judge;  // of the last pass
+    std::vector<Filter> m_judge;  // of the last pass
+    bool m_exact = false;
 };
 
 }  // namespace mc::reference

@@ -39,13 +39,7 @@ TEST(UserDetails, ShowsTheFieldsThatTheAnswerCarries) {
          {"[Attributes]", ": DAY", ": NA", ": IOC", "[Vosk Actions]", ": T", "[Order Types]",
           ": Limit"}},
     };
-    for (const auto& [name, fields, lines] : cases) {
-        FieldTexts answer{{MNM_USER, "DLR1"}};
-        answer.insert(answer.end(), fields.begin(), fields.end());
-        DetailLines expected{"[General]", "Dealer ID: DLR1"};
-        expected.insert(expected.end(), lines.begin(), lines.end());
-        EXPECT_EQ(built(BuildUserDetails, answer), expected) << name;
-    }
+    expectBehind({MNM_USER, "DLR1"}, {"[General]", "Dealer ID: DLR1"}, cases, BuildUserDetails);
 }
 
 TEST(UserDetails, GroupsExchanges) {
