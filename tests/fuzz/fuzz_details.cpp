@@ -44,6 +44,12 @@ FieldTexts fieldsOf(Input& input) {
     return fields;
 }
 
+// Most find some of the lines.
+std::string filterOf(Input& input) {
+    static constexpr std::array kFilters{"", "", "*e*", "*a*", "*1*", "E", "Dealer", "*Limit*"};
+    return input.below(4) != 0 ? input.oneOf(kFilters) : input.until('\0');
+}
+
 DetailGroups build(std::size_t kind, const FieldReader& answer) {
     DetailGroups groups = kind == 0   ? BuildUserDetails(answer)
                           : kind == 1 ? BuildClientDetails(answer)
@@ -161,7 +167,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                 break;
             }
             case 1:
-                lines.filter(input.below(3), input.below(2) == 0 ? "" : input.until('\0'));
+                lines.filter(input.below(3), filterOf(input));
                 break;
             case 2:
                 lines.fold(input.below(64), input.below(3) != 0);

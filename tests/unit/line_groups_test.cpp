@@ -42,17 +42,26 @@ TEST(LineGroups, AFoldedGroupShowsItsHeadingOnlyAndOpensAsItWas) {
     EXPECT_EQ(lines.lineAt(99), nullptr);
 }
 
-TEST(LineGroups, AHeadingHoldsTheEditsOfItsLines) {
+TEST(LineGroups, ARowWithAnUnsentEditPassesEveryFilterAndFold) {
     LineGroups lines;
     lines.append(twoGroups());
     LineGroups::Line& branch = *lines.lineAt(2);
     branch.row->received = std::exchange(branch.row->value, "DEL");
     branch.row->edited = true;
     lines.rowChanged(branch);
+    lines.setFolded(branch, true);
     EXPECT_TRUE(lines.holdsEdits(*lines.lineAt(0)));
-    EXPECT_FALSE(lines.holdsEdits(*lines.lineAt(3)));
+    EXPECT_FALSE(lines.holdsEdits(*lines.lineAt(2)));
+    EXPECT_EQ(shown(lines), "General|Branch ID|Exchange:NSE|Status|");
+    lines.rows().filters().set(ColumnId{0}, "status");
+    lines.rows().filter();
+    EXPECT_EQ(shown(lines), "General|Branch ID|Exchange:NSE|Status|");
+
     EXPECT_TRUE(lines.editsDropped());
+    EXPECT_EQ(lines.rows().cellText(1, ColumnId{1}), "MUM");
     EXPECT_FALSE(lines.editsSent());
+    lines.rows().filter();
+    EXPECT_EQ(shown(lines), "Exchange:NSE|Status|");
 }
 
 TEST(LineGroups, WhatAnUpdateSentIsTheValueFromThenOn) {
