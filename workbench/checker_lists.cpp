@@ -112,7 +112,7 @@ void CheckerLists::move(const RECT& rect) {
 }
 
 void CheckerLists::followDpi() {
-    if (m_main == nullptr) return;
+    if (m_details == nullptr) return;  // the last that is made
     m_main->followDpi();
     m_details->followDpi();
 }

@@ -112,7 +112,7 @@ void useOnce(LoadedPlugin& plugin) {
     toList(mainList(), WM_KEYDOWN, VK_HOME);
     toList(mainList(), WM_KEYDOWN, VK_END);
     toList(mainList(), WM_KEYDOWN, VK_RETURN);
-    if (host().receiver != nullptr) answer(limitsAnswer("3"));
+    if (host().receiver != nullptr && !host().controls.empty()) answer(limitsAnswer("3"));
     paint();
     pump();
 }
