@@ -11,16 +11,15 @@
 namespace fw {
 namespace {
 
+BOOL CALLBACK passOn(HWND child, LPARAM sent) {
+    const auto& each = *reinterpret_cast<const MSG*>(sent);
+    SendMessageA(child, each.message, each.wParam, each.lParam);
+    return TRUE;
+}
+
 void sendToDescendants(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     const MSG passed{nullptr, message, wParam, lParam, 0, {}};
-    EnumChildWindows(
-        window,
-        [](HWND child, LPARAM sent) -> BOOL {
-            const auto& each = *reinterpret_cast<const MSG*>(sent);
-            SendMessageA(child, each.message, each.wParam, each.lParam);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&passed));
+    EnumChildWindows(window, passOn, reinterpret_cast<LPARAM>(&passed));
 }
 
 }  // namespace
