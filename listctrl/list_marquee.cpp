@@ -121,8 +121,9 @@ bool CListMarquee::isLost() {
 
 RECT CListMarquee::frame() const {
     const POINT zero = origin();
-    const auto [left, right] = std::minmax(m_marquee.from().x, m_at.x);
-    const auto [top, bottom] = std::minmax(m_marquee.from().y, m_at.y);
+    const Marquee::Point from = m_marquee.from();
+    const auto [left, right] = std::minmax(from.x, m_at.x);
+    const auto [top, bottom] = std::minmax(from.y, m_at.y);
     return {zero.x + left, zero.y + top, zero.x + right + 1, zero.y + bottom + 1};
 }
 

@@ -100,7 +100,8 @@ protected:
             for (const char* key : {"6", "7", "8"})
                 m_plugin.publish(pending(key, "360", {{54001, "C1"}}));
             pump();
-            if (floats) SendMessageA(findPane(), WM_NCLBUTTONDBLCLK, HTCAPTION, 0);
+            const RECT pane = onScreen(findPane());
+            if (floats) hand::doubleClick(POINT{pane.left + 200, pane.top + 4});
             hand::doubleClickRow(mainList(), 1);
             answer(limitsAnswer("7"));
             hand::moveTo({1270, 890});

@@ -90,6 +90,8 @@ private:
 
 // ---- What is done meanwhile ----
 
+// What was refused may be the window that would have the focus: a hand's keys could go astray, and
+// it is the handlers that must bear it.
 LRESULT toList(HWND list, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
     return list != nullptr ? SendMessageA(list, message, wParam, lParam) : 0;
 }
