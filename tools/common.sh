@@ -66,11 +66,16 @@ start_screen() {
     export DISPLAY=":$display"
 }
 
-# A Wine prefix inside the build folder, quiet, without the parts that nothing here uses.
+# A Wine prefix inside the build folder, quiet, without the parts that nothing here uses. Its desktop
+# stays open, so that not every program starts all of Wine.
 start_wine() {
     export WINEPREFIX="$root/build/wine" WINEDEBUG=-all WINEARCH=win64
     export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
-    [ -f "$WINEPREFIX/.ready-2" ] && return
+    [ -f "$WINEPREFIX/.ready-2" ] || prepare_wine
+    wine explorer /desktop=Default,1280x900 >/dev/null 2>&1 &
+}
+
+prepare_wine() {
     say "preparing Wine"
     rm -rf "$WINEPREFIX"
     mkdir -p "$WINEPREFIX"

@@ -1,6 +1,6 @@
 // Runs a fuzz target on the files of its corpus and on random inputs, without a fuzzer:
 //
-//   fuzz_messages [COUNT [FIRST_SEED]]
+//   fuzz_messages CORPUS [COUNT [FIRST_SEED]]
 //   fuzz_messages FILE
 //
 // Every random input follows from its seed. A failing run names the file or the seed; FILE, or
@@ -49,9 +49,9 @@ void runFile(const std::filesystem::path& path) {
     g_file.clear();
 }
 
-int runCorpus() {
+int runCorpus(const std::filesystem::path& folder) {
     int files = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(MC_CORPUS)) {
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         runFile(entry.path());
         ++files;
     }
@@ -72,10 +72,11 @@ int main(int argc, char** argv) {
 #if defined(__SANITIZE_ADDRESS__)
     __sanitizer_set_death_callback(nameInput);
 #endif
-    if (argc > 1 && std::filesystem::exists(argv[1])) return runFile(argv[1]), 0;
-    const unsigned long count = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : 1000;
-    const unsigned long first = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 1;
-    const int files = runCorpus();
+    if (argc < 2) return 2;
+    if (!std::filesystem::is_directory(argv[1])) return runFile(argv[1]), 0;
+    const unsigned long count = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 1000;
+    const unsigned long first = argc > 3 ? std::strtoul(argv[3], nullptr, 10) : 1;
+    const int files = runCorpus(argv[1]);
     for (g_seed = first; g_seed < first + count; ++g_seed) {
         const std::vector<std::uint8_t> input = inputOf(g_seed);
         LLVMFuzzerTestOneInput(input.data(), input.size());
