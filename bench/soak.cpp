@@ -4,10 +4,11 @@
 //   soak [MESSAGES]      a million, when nothing is said
 //
 // Changes come, are refreshed and are decided at random, some 20,000 of them pending at any time.
-// The checker filters, sorts, opens, edits, decides, recovers and docks; what it decides is
-// published, as a server does. Fails when the last tenth of the messages costs more than 1.5 times
-// the first tenth (the best block of each, as the machine is shared), when memory, windows, menus,
-// GDI objects or handles grow over the second half, or when a change is not where it must be.
+// The checker filters, sorts, opens, edits, decides, recovers, docks and moves to screens of other
+// dots per inch; what it decides is published, as a server does. Fails when the last tenth of the
+// messages costs more than 1.5 times the first tenth (the best block of each, as the machine is
+// shared), when memory, windows, menus, GDI objects or handles grow over the second half, or when a
+// change is not where it must be.
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -20,6 +21,7 @@
 #include "bench/host_messages.h"
 #include "console/holdings.h"
 #include "res/resource_ids.h"
+#include "tests/windows/screen_dpi.h"
 
 namespace {
 
@@ -88,9 +90,9 @@ public:
 
     void act() {
         static constexpr void (Checker::*kActs[])() = {
-            &Checker::filter, &Checker::sort,   &Checker::open,   &Checker::open,
-            &Checker::edit,   &Checker::accept, &Checker::reject, &Checker::recover,
-            &Checker::dock,   &Checker::update};
+            &Checker::filter, &Checker::sort,   &Checker::open,     &Checker::open,
+            &Checker::edit,   &Checker::accept, &Checker::reject,   &Checker::recover,
+            &Checker::dock,   &Checker::update, &Checker::changeDpi};
         const DialogTrap boxes([](HWND dialog) {
             if (const HWND reason = GetDlgItem(dialog, IDC_REJECTION_REASON))
                 SetWindowTextA(reason, "not agreed");
@@ -162,6 +164,12 @@ private:
     }
     void recover() { pressButton(IDC_RECOVER); }
     void dock() { SendMessageA(findPane(), WM_NCLBUTTONDBLCLK, HTCAPTION, 0); }
+
+    static void changeDpi() {
+        static constexpr int kDpis[] = {96, 120, 144, 192};
+        const HWND top = GetAncestor(findPane(), GA_ROOT);
+        ScreenDpi::moveTo(kDpis[below(std::size(kDpis))], top, onScreen(top));
+    }
 
     // As the server does: details, outcomes, and some of what is pending for a recovery.
     void answerRequests() {
@@ -242,10 +250,15 @@ bool allAreThere(const Day& day) {
 int main(int argc, char** argv) {
     const std::size_t messages = argc > 1 ? std::strtoull(argv[1], nullptr, 10) : 1'000'000;
     const std::size_t blocks = std::max<std::size_t>(messages / kBlock, 40);
-    OpenWorkbench open;
-    auto* publish = open.plugin.entry<HandlePublishMsgEntry>("HandlePublishMsg");
+    LoadedPlugin plugin;
+    const ScreenDpi screen(96);
+    plugin.init();
+    const MainFrame frame;
+    plugin.hotKey();
+    pump();
+    auto* publish = plugin.entry<HandlePublishMsgEntry>("HandlePublishMsg");
     Day day;
-    Checker checker(open.plugin, day);
+    Checker checker(plugin, day);
     std::vector<double> costs;  // of the blocks since so many were pending
     std::vector<Sample> samples;
     std::printf("%9s %8s %10s %12s %8s %6s %6s %8s %8s\n", "messages", "ns each", "pending",
@@ -265,7 +278,7 @@ int main(int argc, char** argv) {
     checker.showAll();
     bool good = allAreThere(day);
     good = isFlat(samples) && good;
-    while (day.pending() > 0) open.plugin.publish(day.decided(day.last(), "accepted"));
+    while (day.pending() > 0) plugin.publish(day.decided(day.last(), "accepted"));
     pump();
     if (costs.empty()) costs = {1};  // the day was too short
     const auto tenth = static_cast<std::ptrdiff_t>((costs.size() + 9) / 10);

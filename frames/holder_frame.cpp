@@ -149,10 +149,10 @@ void CVTHolderFrame::layOut() {
 
 // Two lines of text where one is short; none where the view has little room itself.
 int CVTHolderFrame::footHeight(const RECT& view) const {
-    constexpr int kWideEnough = 760, kLeastLines = 6;
+    constexpr int kWideEnough = 760, kMinLines = 6;
     const int lines = fw::widthOf(view) < scaled(kWideEnough) ? 2 : 1;
     const int height = lines * lineHeight() + scaled(4);
-    return fw::heightOf(view) - height < kLeastLines * lineHeight() ? 0 : height;
+    return fw::heightOf(view) - height < kMinLines * lineHeight() ? 0 : height;
 }
 
 HFONT CVTHolderFrame::font() const {

@@ -7,10 +7,10 @@ namespace fw {
 namespace {
 
 // No screen has fewer or more dots.
-constexpr int kFewest = 24, kMost = 2400;
+constexpr int kMinDpi = 24, kMaxDpi = 2400;
 
 std::int64_t sound(int dpi) {
-    return dpi >= kFewest && dpi <= kMost ? dpi : kUnitDpi;
+    return dpi >= kMinDpi && dpi <= kMaxDpi ? dpi : kUnitDpi;
 }
 
 int length(std::int64_t value) {

@@ -184,8 +184,8 @@ std::string Checks::updates(const Story& story) {
     return "";
 }
 
-// A detail request is for the row that was meant, and of its kind; or for the change on show, which
-// was published again.
+// A detail request is for the row that was meant, and of its kind; or for the change that is shown,
+// which was published again.
 std::string Checks::opened(const Story& story) {
     const Keys asked = keysOf(story, Kind::details);
     const Keys selected = story.after.selectedKeys();

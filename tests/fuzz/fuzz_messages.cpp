@@ -95,7 +95,7 @@ private:
         m_host.control().receiver->onMessage(0, 0, message.handle(), nullptr);
     }
 
-    // An answer to the change on show, or to any: its rows are what an edit may belong to.
+    // An answer to the change that is shown, or to any: its rows are what an edit may belong to.
     void answerDetails() {
         FieldTexts fields{{MNM_ANSWERED_REQUEST, kRequests[m_input.below(3)]},
                           {m_input.below(2) == 0 ? MNM_ACCOUNT_ID : MNM_USER, text()}};

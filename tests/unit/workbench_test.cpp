@@ -42,7 +42,7 @@ TEST_F(WorkbenchTest, ShowsOnlyAnswersForTheChangeThatIsLookedAt) {
          "show again", user1},
         {"again and another", "open 1001,answer user 1001,again 1001", "new answer user 1001",
          "show again", user1 + " (changed since you opened it)"},
-        {"opened anew", "open 1001,answer user,again 1001,new answer user", "open 1001",
+        {"opened again", "open 1001,answer user,again 1001,new answer user", "open 1001",
          "empty details", user1},
     };
     for (const auto& each : cases) {

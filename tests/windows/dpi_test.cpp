@@ -1,6 +1,4 @@
-// The pane on monitors of different dots per inch. The emulator has one screen, so the pane is told
-// by the system's messages, in their documented order, and its question for the dots is answered
-// here.
+// The pane on monitors of different dots per inch.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -10,31 +8,13 @@
 #include "framework/model/dots.h"
 #include "framework/platform.h"
 #include "tests/windows/hand.h"
-#include "tests/windows/replaced_import.h"
+#include "tests/windows/screen_dpi.h"
 #include "tests/windows/test_host.h"
 
 namespace {
 
 using fw::Measure;
 using Pixels = std::vector<DWORD>;
-
-int s_dpi = 96;
-
-UINT WINAPI answerDpi(HWND) {
-    return static_cast<UINT>(s_dpi);
-}
-
-template <class Function>
-FARPROC address(Function* function) {
-    return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(function));
-}
-
-// The emulator's frames are those of its one screen.
-FARPROC WINAPI findFunction(HMODULE module, LPCSTR name) {
-    const std::string wanted = HIWORD(name) != 0 ? name : "";
-    if (wanted == "GetDpiForWindow") return address(answerDpi);
-    return wanted != "AdjustWindowRectExForDpi" ? GetProcAddress(module, name) : nullptr;
-}
 
 Pixels picture(HWND window) {
     RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
@@ -89,8 +69,7 @@ protected:
     // A workbench on a screen of so many dots, with the details of limits.
     class Workbench {
     public:
-        explicit Workbench(int dpi, bool floats = false) {
-            s_dpi = dpi;
+        explicit Workbench(int dpi, bool floats = false) : m_screen(dpi) {
             m_plugin.init();
             m_frame = std::make_unique<MainFrame>();
             m_frame->remember(m_place);
@@ -107,39 +86,27 @@ protected:
             hand::moveTo({1270, 890});
             host().sent.clear();
         }
-        // As the system tells a window that came to another monitor: the window itself, then its
-        // children from the top.
         void moveTo(int dpi) {
             const HWND top = GetAncestor(findPane(), GA_ROOT);
             const RECT now = onScreen(top);
             if (m_width.pixels == 0) {
-                m_width = {fw::widthOf(now), s_dpi};
-                m_height = {fw::heightOf(now), s_dpi};
+                m_width = {fw::widthOf(now), ScreenDpi::now()};
+                m_height = {fw::heightOf(now), ScreenDpi::now()};
             }
-            s_dpi = dpi;
-            const RECT suggested{now.left, now.top, now.left + m_width.at(dpi),
-                                 now.top + m_height.at(dpi)};
-            SendMessageA(top, WM_DPICHANGED, MAKEWPARAM(dpi, dpi),
-                         reinterpret_cast<LPARAM>(&suggested));
-            EnumChildWindows(
-                top,
-                [](HWND child, LPARAM) -> BOOL {
-                    SendMessageA(child, WM_DPICHANGED_AFTERPARENT, 0, 0);
-                    return TRUE;
-                },
-                0);
-            pump();
+            ScreenDpi::moveTo(
+                dpi, top,
+                {now.left, now.top, now.left + m_width.at(dpi), now.top + m_height.at(dpi)});
         }
 
     private:
         Measure m_width, m_height;  // of the top-level window, as it was first
         LoadedPlugin m_plugin;
-        const ReplacedImport m_functions{"GetProcAddress", address(findFunction)};
+        const ScreenDpi m_screen;
         std::optional<fw::DockPlace> m_place = fw::DockPlace{kDockTop, 380};
         std::unique_ptr<MainFrame> m_frame;
     };
 
-    Screens() : m_before(std::exchange(fw::newerWindows().dpiForWindow, answerDpi)) {}
+    Screens() : m_before(std::exchange(fw::newerWindows().dpiForWindow, ScreenDpi::answer)) {}
     ~Screens() override { fw::newerWindows().dpiForWindow = m_before; }
 
 private:
