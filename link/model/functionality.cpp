@@ -1,6 +1,7 @@
 #include "link/model/functionality.h"
 
 #include "link/model/mnemonics.h"
+#include "text/text_bytes.h"
 
 namespace mc {
 namespace {
@@ -20,7 +21,7 @@ constexpr Functionality kFunctionalities[] = {
 
 const Functionality* findFunctionality(std::string_view code) {
     for (const Functionality& each : kFunctionalities)
-        if (each.code == code) return &each;
+        if (same(each.code, code)) return &each;
     return nullptr;
 }
 
