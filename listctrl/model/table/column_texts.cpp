@@ -17,11 +17,7 @@ ColumnTexts::Code ColumnTexts::codeFor(Slot slot, std::string_view text) {
     const Code before = m_codes[slot];
     if (before == 0 ? text.empty() : same(m_table.text(before), text)) return before;
     const Code code = m_shared ? m_table.add(text) : m_table.append(text);
-    if (code >= m_uses.size()) {
-        const std::size_t known = m_uses.size();
-        m_uses.resize(code + std::size_t{1});
-        m_unused += m_uses.size() - known;
-    }
+    for (; code >= m_uses.size(); ++m_unused) m_uses.push_back(0);
     return code;
 }
 

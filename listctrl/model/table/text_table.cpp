@@ -14,17 +14,25 @@ TextTable::TextTable() : m_texts(1024), m_lowered(1024), m_begins{kMargin, kMarg
 TextTable::Code TextTable::add(std::string_view text) {
     if (text.empty()) return 0;
     if (size() > m_buckets.size() / 2) grow();
-    const std::uint32_t hash = hashOf(text);
+    const bool isShort = text.size() <= 8;
+    const Bucket sought{isShort ? lastBytes(text) : hashOf(text),
+                        static_cast<std::uint32_t>(text.size()), 0};
     const std::size_t mask = m_buckets.size() - 1;
-    for (std::size_t at = hash & mask;; at = (at + 1) & mask) {
+    for (std::size_t at = homeOf(sought);; at = (at + 1) & mask) {
         Bucket& bucket = m_buckets[at];
         if (bucket.code == 0) {
-            bucket = {hash, append(text)};
-        } else if (bucket.hash != hash || !same(this->text(bucket.code), text)) {
+            bucket = {sought.bytes, sought.size, append(text)};
+        } else if (bucket.bytes != sought.bytes || bucket.size != sought.size ||
+                   (!isShort && !same(this->text(bucket.code), text))) {
             continue;
         }
         return bucket.code;
     }
+}
+
+std::size_t TextTable::homeOf(const Bucket& bucket) const {
+    const std::uint64_t mixed = (bucket.bytes + bucket.size) * 0x9E3779B97F4A7C15;
+    return static_cast<std::size_t>(__builtin_bswap64(mixed)) & (m_buckets.size() - 1);
 }
 
 TextTable::Code TextTable::append(std::string_view text) {
@@ -49,7 +57,7 @@ void TextTable::grow() {
     const std::size_t mask = m_buckets.size() - 1;
     for (const Bucket& bucket : before) {
         if (bucket.code == 0) continue;
-        std::size_t at = bucket.hash & mask;
+        std::size_t at = homeOf(bucket);
         while (m_buckets[at].code != 0) at = (at + 1) & mask;
         m_buckets[at] = bucket;
     }

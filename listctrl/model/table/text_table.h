@@ -42,10 +42,14 @@ public:
     std::size_t end(Code code) const { return m_begins[code + std::size_t{1}]; }
 
 private:
+    // A text of up to eight bytes is known by these and its size, a longer one by its hash first.
     struct Bucket {
-        std::uint32_t hash = 0;
+        std::uint64_t bytes = 0;
+        std::uint32_t size = 0;
         Code code = 0;  // 0: the bucket is empty, as the empty text needs none
     };
+
+    std::size_t homeOf(const Bucket& bucket) const;
 
     void grow();
 
