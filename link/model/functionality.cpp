@@ -1,5 +1,8 @@
 #include "link/model/functionality.h"
 
+#include <algorithm>
+#include <cstring>
+
 #include "link/model/mnemonics.h"
 
 namespace mc {
@@ -16,11 +19,17 @@ constexpr Functionality kFunctionalities[] = {
     {kDeleteClient, "DELETE Account", FunctionalityGroup::client, DetailKind::none, 0},
 };
 
+constexpr std::size_t kCodeBytes = kAddUser.size();
+static_assert(std::ranges::all_of(kFunctionalities, [](const Functionality& each) {
+    return each.code.size() == kCodeBytes;
+}));
+
 }  // namespace
 
 const Functionality* findFunctionality(std::string_view code) {
+    if (code.size() != kCodeBytes) return nullptr;
     for (const Functionality& each : kFunctionalities)
-        if (each.code == code) return &each;
+        if (std::memcmp(each.code.data(), code.data(), kCodeBytes) == 0) return &each;
     return nullptr;
 }
 

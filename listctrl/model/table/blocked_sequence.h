@@ -50,7 +50,10 @@ public:
             if (!m_blocks.empty()) m_sizes.push_back(kBlockItems);
             addBlock(m_blocks.size());
         }
-        put(*m_blocks.back(), m_blocks.back()->items.size(), item);
+        Block& last = *m_blocks.back();
+        last.items.push_back(item);  // the last block is not among m_sizes
+        m_homes(item) = &last;
+        ++m_size;
     }
 
     // The next item that is put in asks for no memory. Every call that puts items in does so

@@ -17,31 +17,17 @@ ColumnTexts::Code ColumnTexts::codeFor(Slot slot, std::string_view text) {
     const Code before = m_codes[slot];
     if (before == 0 ? text.empty() : same(m_table.text(before), text)) return before;
     const Code code = m_shared ? m_table.add(text) : m_table.append(text);
-    if (code >= m_uses.size()) {
-        const std::size_t known = m_uses.size();
-        m_uses.resize(code + std::size_t{1});
-        m_unused += m_uses.size() - known;
-    }
+    for (; code >= m_uses.size(); ++m_unused) m_uses.push_back(0);
     return code;
 }
 
-bool ColumnTexts::put(Slot slot, Code code) noexcept {
-    const Code before = std::exchange(m_codes[slot], code);
-    if (before == code) return false;
-    if (code != 0 && m_uses[code]++ == 0) --m_unused;
-    if (before != 0 && --m_uses[before] == 0) ++m_unused;
-    if (worn()) dropUnused();
-    return true;
-}
-
-// More than half of the texts, and enough of them that a pass over all slots is cheap for each.
-bool ColumnTexts::worn() const {
-    return m_unused > 1024 && m_unused > m_table.size() / 2 && m_unused > m_codes.size() / 16;
-}
-
-// Without memory they stay until there is some.
-void ColumnTexts::dropUnused() noexcept try {
-    rebuild(m_shared, {});
+// A slot holds the code no longer. When more than half of the texts are unused, and enough of them
+// that a pass over all slots is cheap for each, they go; without memory, when there is some.
+void ColumnTexts::letGo(Code code) noexcept try {
+    if (--m_uses[code] != 0) return;
+    ++m_unused;
+    if (m_unused > 1024 && m_unused > m_table.size() / 2 && m_unused > m_codes.size() / 16)
+        rebuild(m_shared, {});
 } catch (const std::bad_alloc&) {
 }
 

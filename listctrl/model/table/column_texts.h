@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "listctrl/model/table/distinct_values.h"
@@ -48,7 +49,13 @@ public:
     // first found, and cannot.
     using Code = TextTable::Code;
     Code codeFor(Slot slot, std::string_view text);
-    bool put(Slot slot, Code code) noexcept;
+    bool put(Slot slot, Code code) noexcept {
+        const Code before = std::exchange(m_codes[slot], code);
+        if (before == code) return false;
+        if (code != 0 && m_uses[code]++ == 0) --m_unused;
+        if (before != 0) letGo(before);
+        return true;
+    }
 
     // The slot's text; it lives until the next set().
     std::string_view text(Slot slot) const { return m_table.text(m_codes[slot]); }
@@ -77,8 +84,7 @@ public:
 private:
     static constexpr std::size_t kSample = 1024;  // texts that tell whether nearly all differ
 
-    bool worn() const;
-    void dropUnused() noexcept;
+    void letGo(Code code) noexcept;
     void rebuild(bool shared, const LongWork& work);
     void readNumbers(const LongWork& work);
     void makeKeys(Comparison comparison, const LongWork& work);

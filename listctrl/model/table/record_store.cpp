@@ -79,7 +79,7 @@ void RecordStore::judgeAndPlace(Slot slot) {
         if (shown) m_rows.hide(slot);
     } else if (!shown) {
         m_rows.show(slot, m_order.indexFor(slot));
-    } else if (!m_order.fits(rows.rowOf(slot))) {
+    } else if (!m_order.isStored() && !m_order.fits(rows.rowOf(slot))) {
         m_rows.move(slot, m_order.indexFor(slot));
     }
 }

@@ -11,20 +11,29 @@ TextTable::TextTable() : m_texts(1024), m_lowered(1024), m_begins{kMargin, kMarg
     m_begins.reserve(64);
 }
 
-TextTable::Code TextTable::add(std::string_view text) {
-    if (text.empty()) return 0;
-    if (size() > m_buckets.size() / 2) grow();
-    const std::uint32_t hash = hashOf(text);
+TextTable::Code TextTable::findLong(std::string_view text) const {
+    const std::uint64_t hash = hashOf(text);
     const std::size_t mask = m_buckets.size() - 1;
-    for (std::size_t at = hash & mask;; at = (at + 1) & mask) {
-        Bucket& bucket = m_buckets[at];
-        if (bucket.code == 0) {
-            bucket = {hash, append(text)};
-        } else if (bucket.hash != hash || !same(this->text(bucket.code), text)) {
-            continue;
-        }
-        return bucket.code;
+    for (std::size_t at = homeOf(hash, text.size());; at = (at + 1) & mask) {
+        const Bucket& bucket = m_buckets[at];
+        if (bucket.code == 0) return 0;
+        if (bucket.bytes == hash && same(this->text(bucket.code), text)) return bucket.code;
     }
+}
+
+TextTable::Code TextTable::insert(std::string_view text) {
+    if (size() > m_buckets.size() / 2) grow();
+    const std::uint64_t bytes = text.size() <= kShort ? lastBytes(text) : hashOf(text);
+    Bucket& bucket = emptyBucket(bytes, text.size());
+    const Code code = append(text);
+    bucket = {bytes, static_cast<std::uint32_t>(text.size()), code};
+    return code;
+}
+
+TextTable::Bucket& TextTable::emptyBucket(std::uint64_t bytes, std::size_t size) {
+    std::size_t at = homeOf(bytes, size);
+    while (m_buckets[at].code != 0) at = (at + 1) & (m_buckets.size() - 1);
+    return m_buckets[at];
 }
 
 TextTable::Code TextTable::append(std::string_view text) {
@@ -46,13 +55,8 @@ TextTable::Code TextTable::append(std::string_view text) {
 void TextTable::grow() {
     std::vector<Bucket> before(m_buckets.size() * 2);
     before.swap(m_buckets);
-    const std::size_t mask = m_buckets.size() - 1;
-    for (const Bucket& bucket : before) {
-        if (bucket.code == 0) continue;
-        std::size_t at = bucket.hash & mask;
-        while (m_buckets[at].code != 0) at = (at + 1) & mask;
-        m_buckets[at] = bucket;
-    }
+    for (const Bucket& bucket : before)
+        if (bucket.code != 0) emptyBucket(bucket.bytes, bucket.size) = bucket;
 }
 
 }  // namespace mc

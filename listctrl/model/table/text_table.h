@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+#include "text/text_bytes.h"
+
 namespace mc {
 
 class TextTable {
@@ -23,7 +25,11 @@ public:
     TextTable();
 
     // The text's code; a text that is new gets the next.
-    Code add(std::string_view text);
+    Code add(std::string_view text) {
+        if (text.empty()) return 0;
+        const Code found = text.size() <= kShort ? findShort(text) : findLong(text);
+        return found != 0 ? found : insert(text);
+    }
     // The next code, whether the text is new or not, without a look-up; the empty text's is 0.
     // add() does not find it.
     Code append(std::string_view text);
@@ -42,11 +48,33 @@ public:
     std::size_t end(Code code) const { return m_begins[code + std::size_t{1}]; }
 
 private:
+    // A text of up to eight bytes is known by these and its size, a longer one by its hash first.
+    static constexpr std::size_t kShort = 8;
     struct Bucket {
-        std::uint32_t hash = 0;
+        std::uint64_t bytes = 0;
+        std::uint32_t size = 0;
         Code code = 0;  // 0: the bucket is empty, as the empty text needs none
     };
 
+    // The product's last byte depends on all others, and comes first.
+    std::size_t homeOf(std::uint64_t bytes, std::size_t size) const {
+        const std::uint64_t mixed = (bytes + size) * 0x9E3779B97F4A7C15;
+        return static_cast<std::size_t>(__builtin_bswap64(mixed)) & (m_buckets.size() - 1);
+    }
+
+    Code findShort(std::string_view text) const {
+        const std::uint64_t bytes = lastBytes(text);
+        const Bucket* const buckets = m_buckets.data();
+        std::size_t at = homeOf(bytes, text.size());
+        while (buckets[at].code != 0 &&
+               (buckets[at].bytes != bytes || buckets[at].size != text.size()))
+            at = (at + 1) & (m_buckets.size() - 1);
+        return buckets[at].code;
+    }
+    Code findLong(std::string_view text) const;
+
+    Bucket& emptyBucket(std::uint64_t bytes, std::size_t size);
+    Code insert(std::string_view text);
     void grow();
 
     std::vector<char> m_texts;          // margin, texts one behind the other, room for more

@@ -1,5 +1,7 @@
 #include "workbench/model/records/change_states.h"
 
+#include <array>
+
 #include "text/time_of_day.h"
 
 namespace mc {
@@ -132,21 +134,27 @@ ChangeState ChangeStates::of(Slot slot) const {
 }
 
 StateCounts ChangeStates::count(std::span<const Slot> slots) const {
-    StateCounts counts;
+    StateCounts counts{.changes = slots.size()};
+    std::array<std::size_t, 4> readings{}, decisions{};
     for (const Slot slot : slots) {
-        const ChangeState state = of(slot);
-        ++counts.changes;
-        counts.notLookedAt += state.reading == Reading::notLookedAt;
-        counts.lookedAt += state.reading == Reading::lookedAt;
-        counts.changedSince += state.reading == Reading::changedSince;
-        counts.accepted += state.sent == SentDecision::accept;
-        counts.rejected += state.sent == SentDecision::reject;
-        counts.updated += state.sent == SentDecision::update;
-        counts.doubtful += state.doubtful;
-        counts.newByRecover += state.newByRecover;
-        counts.chosenByList += state.chosenByList;
-        counts.chosenUnseen += state.chosenByList && state.reading != Reading::lookedAt;
+        const Bits bits = slot < m_bits.size() ? m_bits[slot] : Bits{};
+        const bool chosen = m_rows.selection().chosenByList(slot);
+        ++readings[static_cast<std::size_t>(bits.reading)];
+        ++decisions[static_cast<std::size_t>(bits.sent)];
+        counts.doubtful += bits.doubtful;
+        counts.newByRecover += bits.newByRecover;
+        counts.chosenByList += chosen;
+        counts.chosenUnseen += chosen && bits.reading != Reading::lookedAt;
     }
+    const auto of = [](const auto& tally, auto which) {
+        return tally[static_cast<std::size_t>(which)];
+    };
+    counts.notLookedAt = of(readings, Reading::notLookedAt);
+    counts.lookedAt = of(readings, Reading::lookedAt);
+    counts.changedSince = of(readings, Reading::changedSince);
+    counts.accepted = of(decisions, SentDecision::accept);
+    counts.rejected = of(decisions, SentDecision::reject);
+    counts.updated = of(decisions, SentDecision::update);
     return counts;
 }
 

@@ -1,6 +1,7 @@
 #include "workbench/model/records/change_table.h"
 
 #include "link/model/functionality.h"
+#include "text/text_bytes.h"
 #include "workbench/model/records/main_list.h"
 
 namespace mc {
@@ -30,14 +31,18 @@ void ChangeTable::shareWith(CellTexts& cells) {
 // ---- Slots ----
 
 Slot ChangeTable::grow() {
-    for (ColumnTexts& column : m_coded) column.grow(m_own.size() + 1);
-    m_kinds.grow(m_own.size() + 1);
-    m_own.emplace_back();
-    return end() - 1;
+    if (m_end == m_own.size() * kBlock) {
+        const std::size_t end = m_end + kBlock;
+        for (ColumnTexts& column : m_coded) column.grow(end);
+        m_kinds.grow(end);
+        m_own.push_back(std::make_unique<Block>());
+    }
+    return m_end++;
 }
 
 void ChangeTable::clear() {
     m_own.clear();
+    m_end = 0;
     for (ColumnTexts& column : m_coded) column = {};
     m_kinds = {};
 }
@@ -47,9 +52,9 @@ void ChangeTable::clear() {
 PendingChange ChangeTable::read(Slot slot) const {
     PendingChange change;
     change.slot = slot;
-    change.key = m_own[slot].key.view();
-    change.entityName = m_own[slot].entityName.view();
-    change.linkedUser = m_own[slot].linkedUser.view();
+    change.key = own(slot).key.view();
+    change.entityName = own(slot).entityName.view();
+    change.linkedUser = own(slot).linkedUser.view();
     for (std::size_t i = 0; i < kCodedCount; ++i)
         change.*kCodedFields[i].field = m_coded[i].text(slot);
     return change;
@@ -61,8 +66,8 @@ std::string_view ChangeTable::cellText(Slot slot, ColumnId column) const {
 
 std::string_view ChangeTable::wholeText(Slot slot, ColumnId column) const {
     std::string_view text;
-    if (column == kEntityColumn) text = m_own[slot].entityName.view();
-    if (column == kKeyColumn) text = m_own[slot].key.view();
+    if (column == kEntityColumn) text = own(slot).entityName.view();
+    if (column == kKeyColumn) text = own(slot).key.view();
     if (column == kKindColumn) text = m_kinds.text(slot);
     for (std::size_t i = 0; i < kCodedCount; ++i)
         if (kCodedFields[i].column == column) text = m_coded[i].text(slot);
@@ -88,43 +93,39 @@ void ChangeTable::prefetch(Slot slot) const {
 // ---- Writing ----
 
 // What asks for memory comes first: a change is never written by half.
-bool ChangeTable::write(Slot slot, const ChangeTexts& texts) {
-    OwnTexts& own = m_own[slot];
-    OwnTexts made;
-    const auto make = [](ShortText& text, const ShortText& now, const ChangeTexts::Text& given) {
-        const bool other = given && now.view() != *given;
-        if (other) text = *given;
-        return other;
-    };
-    const bool otherEntity = make(made.entityName, own.entityName, texts.entityName);
-    const bool otherUser = make(made.linkedUser, own.linkedUser, texts.linkedUser);
+void ChangeTable::write(Slot slot, const ChangeTexts& texts) {
+    ShortText entityName, linkedUser;
+    if (texts.entityName) entityName = *texts.entityName;
+    if (texts.linkedUser) linkedUser = *texts.linkedUser;
     std::array<ColumnTexts::Code, kCodedCount> codes{};
     for (std::size_t i = 0; i < kCodedCount; ++i)
         if (const auto& text = texts.*kCodedFields[i].given)
             codes[i] = m_coded[i].codeFor(slot, *text);
     const auto& code = texts.functionalityCode;
-    const bool otherKind = code && text(slot, CodedText::functionality) != *code;
-    const Functionality* const kind = otherKind ? findFunctionality(*code) : nullptr;
+    const Functionality* const kind = code ? findFunctionality(*code) : nullptr;
     const ColumnTexts::Code kindCode =
-        otherKind ? m_kinds.codeFor(slot, kind != nullptr ? kind->displayName : "") : 0;
+        code ? m_kinds.codeFor(slot, kind != nullptr ? kind->displayName : "") : 0;
 
-    bool different = otherEntity || otherUser;
-    if (otherEntity) own.entityName.swap(made.entityName);
-    if (otherUser) own.linkedUser.swap(made.linkedUser);
+    if (texts.entityName) own(slot).entityName.swap(entityName);
+    if (texts.linkedUser) own(slot).linkedUser.swap(linkedUser);
     for (std::size_t i = 0; i < kCodedCount; ++i)
-        if (texts.*kCodedFields[i].given) different |= m_coded[i].put(slot, codes[i]);
-    if (otherKind) m_kinds.put(slot, kindCode);
-    return different;
+        if (texts.*kCodedFields[i].given) m_coded[i].put(slot, codes[i]);
+    if (code) m_kinds.put(slot, kindCode);
 }
 
-bool ChangeTable::renames(Slot slot, const ChangeTexts& texts) const {
+ChangeTable::Difference ChangeTable::compare(Slot slot, const ChangeTexts& texts) const {
     const auto differs = [](const ChangeTexts::Text& given, std::string_view now) {
-        return given && *given != now;
+        return given && !same(*given, now);
     };
-    return differs(texts.entityName, entityName(slot)) ||
-           differs(texts.linkedUser, linkedUser(slot)) ||
-           differs(texts.functionalityCode, text(slot, CodedText::functionality)) ||
-           differs(texts.type, text(slot, CodedText::type));
+    Difference found;
+    found.about = differs(texts.entityName, entityName(slot)) ||
+                  differs(texts.linkedUser, linkedUser(slot)) ||
+                  differs(texts.functionalityCode, text(slot, CodedText::functionality)) ||
+                  differs(texts.type, text(slot, CodedText::type));
+    found.any = found.about || differs(texts.makerId, text(slot, CodedText::maker)) ||
+                differs(texts.branchId, text(slot, CodedText::branch)) ||
+                differs(texts.brokerId, text(slot, CodedText::broker));
+    return found;
 }
 
 }  // namespace mc

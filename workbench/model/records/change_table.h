@@ -9,9 +9,10 @@
 
 #include <array>
 #include <cstddef>
-#include <deque>
+#include <memory>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "link/model/entity.h"
 #include "link/model/pending_record.h"
@@ -42,22 +43,25 @@ public:
     // A new slot, whose texts are empty, and a used one: nothing of its last change is left.
     Slot grow();
     void wipe(Slot slot) { write(slot, {"", "", "", "", "", "", ""}); }
-    Slot end() const { return static_cast<Slot>(m_own.size()); }  // behind the largest
+    Slot end() const { return m_end; }  // behind the largest
     void clear();
 
-    void setKey(Slot slot, std::string_view key) { m_own[slot].key = key; }
+    void setKey(Slot slot, std::string_view key) { own(slot).key = key; }
 
-    // Returns whether a text is another one than before. Without memory it throws, and nothing is
-    // written.
-    bool write(Slot slot, const ChangeTexts& texts);
+    // Without memory it throws, and nothing is written.
+    void write(Slot slot, const ChangeTexts& texts);
 
-    // Whether what the change in the slot is about may be another with these texts.
-    bool renames(Slot slot, const ChangeTexts& texts) const;
+    // Whether one of the texts is another than the slot's, and whether it is one of those that say
+    // what the change is about.
+    struct Difference {
+        bool any = false, about = false;
+    };
+    Difference compare(Slot slot, const ChangeTexts& texts) const;
 
     PendingChange read(Slot slot) const;
-    std::string_view key(Slot slot) const { return m_own[slot].key.view(); }
-    std::string_view entityName(Slot slot) const { return m_own[slot].entityName.view(); }
-    std::string_view linkedUser(Slot slot) const { return m_own[slot].linkedUser.view(); }
+    std::string_view key(Slot slot) const { return own(slot).key.view(); }
+    std::string_view entityName(Slot slot) const { return own(slot).entityName.view(); }
+    std::string_view linkedUser(Slot slot) const { return own(slot).linkedUser.view(); }
 
     // One of the texts of a slot; empty for kNoSlot.
     enum class CodedText { maker, branch, broker, functionality, type };
@@ -86,7 +90,13 @@ private:
     static const CodedField kCodedFields[];
     static constexpr std::size_t kCodedCount = 5;
 
-    std::deque<OwnTexts> m_own;                    // by slot
+    static constexpr std::size_t kBlock = 256;  // slots
+    using Block = std::array<OwnTexts, kBlock>;
+    OwnTexts& own(Slot slot) { return (*m_own[slot / kBlock])[slot % kBlock]; }
+    const OwnTexts& own(Slot slot) const { return (*m_own[slot / kBlock])[slot % kBlock]; }
+
+    std::vector<std::unique_ptr<Block>> m_own;     // by slot
+    Slot m_end = 0;
     std::array<ColumnTexts, kCodedCount> m_coded;  // by slot; in the order of CodedText
     ColumnTexts m_kinds;                           // by slot: the names of the kinds of change
 };

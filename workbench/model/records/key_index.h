@@ -32,7 +32,7 @@ public:
 
     // Adds a slot under its key; false, and nothing changes, when the key is in the index already.
     bool insert(std::string_view key, Slot slot) {
-        if (m_size + 1 > m_entries.size() * 3 / 4) grow();
+        if (m_size + 1 > m_entries.size() / 2) grow();
         const std::uint32_t hash = hashOf(key);
         Entry& entry = m_entries[indexOf(key, hash)];
         if (entry.slot != kNoSlot) return false;

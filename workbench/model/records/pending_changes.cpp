@@ -96,17 +96,16 @@ void PendingChanges::removeRecord(std::string_view key) {
 
 bool PendingChanges::rewriteRecord(Slot slot, const ChangeTexts& texts) {
     if (!m_rows.stored().contains(slot)) return false;
-    const bool renamed = m_table.renames(slot, texts);
-    if (renamed) m_related.goes(slot);
-    bool different = false;
+    const ChangeTable::Difference different = m_table.compare(slot, texts);
+    if (different.about) m_related.goes(slot);
     try {
-        different = m_table.write(slot, texts);
+        if (different.any) m_table.write(slot, texts);
     } catch (...) {
-        if (renamed) m_related.came(slot);
+        if (different.about) m_related.came(slot);
         throw;
     }
-    m_states.cameAgain(slot, different);
-    if (renamed) m_related.came(slot);
+    m_states.cameAgain(slot, different.any);
+    if (different.about) m_related.came(slot);
     return true;
 }
 
