@@ -1,8 +1,10 @@
 #include "workbench/press_line_window.h"
 
 #include <algorithm>
+#include <numeric>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "framework/handles.h"
 #include "framework/hwnd.h"
@@ -22,6 +24,17 @@ int widthOf(HDC dc, std::string_view text) {
     SIZE size{};
     GetTextExtentPoint32A(dc, text.data(), static_cast<int>(text.size()), &size);
     return static_cast<int>(size.cx);
+}
+
+// Each character as wide as the text was measured: the platform may draw it narrower, and what
+// follows would lie apart.
+void drawAsMeasured(HDC dc, int x, int y, const std::string& text) {
+    const int size = static_cast<int>(text.size());
+    std::vector<INT> steps(text.size());
+    SIZE whole{};
+    GetTextExtentExPointA(dc, text.data(), size, 0, nullptr, steps.data(), &whole);
+    std::adjacent_difference(steps.begin(), steps.end(), steps.begin());
+    ExtTextOutA(dc, x, y, 0, nullptr, text.data(), static_cast<UINT>(size), steps.data());
 }
 
 // Red on the dialog's face, light or dark; high contrast has the colours of a selection for it.
@@ -249,7 +262,7 @@ void CPressLine::onPaint() {
                      piece.kind == Piece::link ? linkColor() : GetSysColor(COLOR_BTNTEXT));
         if (piece.kind == Piece::warning) setWarningColors(paint.dc());
         const int y = scaled(1) + piece.line * height;
-        TextOutA(paint.dc(), piece.x, y, piece.text.c_str(), static_cast<int>(piece.text.size()));
+        drawAsMeasured(paint.dc(), piece.x, y, piece.text);
         if (piece.kind != Piece::link) continue;
         m_link = {piece.x, y, piece.x + piece.width, y + height};
         const RECT underline{m_link.left, m_link.bottom - scaled(1), m_link.right, m_link.bottom};
