@@ -7,7 +7,7 @@ namespace zek {
 namespace {
 
 // The kinds of controls that there are. Both are plain connections here.
-constexpr int kKinds[] = {0, 3};
+constexpr int kControlKinds[] = {0, 3};
 
 // Runs `operation`, which answers a number; 0 when it throws.
 template <class Operation>
@@ -68,7 +68,7 @@ ReceiveControls::ReceiveControls(CExchange& exchange,
     : m_exchange(exchange), m_onPublished(std::move(onPublished)) {}
 
 CQuonRxControl* ReceiveControls::make(int kind, CQuonRxNotifierBase* receiver) {
-    if (receiver == nullptr || std::ranges::find(kKinds, kind) == std::end(kKinds)) return nullptr;
+    if (receiver == nullptr || std::ranges::find(kControlKinds, kind) == std::end(kControlKinds)) return nullptr;
     m_controls.push_back(std::make_unique<ReceiveControl>(m_exchange, *receiver, m_onPublished));
     return m_controls.back().get();
 }

@@ -105,8 +105,8 @@ void announceKey(Act& act, const KeyChoice& choice, const Sight& sight) {
 }
 
 RECT visiblePart(HWND window) {
-    RECT place{}, seen{};
-    GetWindowRect(window, &place);
+    const RECT place = onScreen(window);
+    RECT seen{};
     IntersectRect(&seen, &place, &kScreen);
     return seen;
 }
@@ -121,126 +121,135 @@ std::string words(POINT at) {
            std::to_string(at.y);
 }
 
-}  // namespace
-
 // ---- Where ----
 
-struct Actor::Target {
-    std::optional<POINT> (Actor::*find)(const Sight&);
-    int weight;
-};
+using Place = std::optional<POINT>;  // none: there is no such place now
 
-POINT Actor::inWindow(HWND window) {
+POINT inWindow(Dice& dice, HWND window) {
     const RECT seen = visiblePart(window);
-    return {seen.left + m_dice.below(static_cast<int>(seen.right - seen.left)),
-            seen.top + m_dice.below(static_cast<int>(seen.bottom - seen.top))};
+    return {seen.left + dice.below(fw::widthOf(seen)), seen.top + dice.below(fw::heightOf(seen))};
 }
 
-std::optional<POINT> Actor::inButton(const Sight& sight) {
+Place inButton(Dice& dice, const Sight& sight) {
     static constexpr struct {
         const char* text;
         int weight;
     } buttons[] = {{"Accept", 4}, {"Reject", 2}, {"Update", 3}, {"Recover", 1}};
-    const HWND button = FindWindowExA(sight.pane, nullptr, "Button", m_dice.weighted(buttons).text);
+    const HWND button = FindWindowExA(sight.pane, nullptr, "Button", dice.weighted(buttons).text);
     if (IsWindowVisible(button) == 0) return std::nullopt;
-    return inWindow(button);
+    return inWindow(dice, button);
 }
 
-std::optional<POINT> Actor::inRow(const ListSight& list) {
+Place inRow(Dice& dice, const ListSight& list) {
     if (list.rows.empty()) return std::nullopt;
     const int top = static_cast<int>(SendMessageA(list.window, LVM_GETTOPINDEX, 0, 0));
     const int page = static_cast<int>(SendMessageA(list.window, LVM_GETCOUNTPERPAGE, 0, 0));
     const int rows = std::min(page, static_cast<int>(list.rows.size()) - top);
-    const int column = m_dice.below(static_cast<int>(list.captions.size()));
+    const int column = dice.below(static_cast<int>(list.captions.size()));
     if (rows <= 0) return std::nullopt;
-    return hand::cell(list.window, top + m_dice.below(rows), column);
+    return hand::cell(list.window, top + dice.below(rows), column);
 }
 
-std::optional<POINT> Actor::inHeader(const Sight& sight) {
-    const ListSight& list = m_dice.chance(70) ? sight.main : sight.details;
-    return inWindow(header(list.window));
+Place inMainRow(Dice& dice, const Sight& sight) {
+    return inRow(dice, sight.main);
 }
 
-std::optional<POINT> Actor::atDivider(const Sight& sight) {
-    const ListSight& list = m_dice.chance(60) ? sight.main : sight.details;
-    return captionPoint(m_dice.below(static_cast<int>(list.captions.size())), list.window, 1);
+Place inDetailsRow(Dice& dice, const Sight& sight) {
+    return inRow(dice, sight.details);
 }
 
-std::optional<POINT> Actor::inBox(const Sight& sight) {
-    const ListSight& list = m_dice.chance(75) ? sight.main : sight.details;
+Place inHeader(Dice& dice, const Sight& sight) {
+    return inWindow(dice, header((dice.chance(70) ? sight.main : sight.details).window));
+}
+
+Place atDivider(Dice& dice, const Sight& sight) {
+    const ListSight& list = dice.chance(60) ? sight.main : sight.details;
+    return captionPoint(dice.below(static_cast<int>(list.captions.size())), list.window, 1);
+}
+
+Place inBox(Dice& dice, const Sight& sight) {
+    const ListSight& list = dice.chance(75) ? sight.main : sight.details;
     if (list.boxes.empty()) return std::nullopt;
-    return inWindow(m_dice.oneOf(list.boxes).window);
+    return inWindow(dice, dice.oneOf(list.boxes).window);
 }
 
-std::optional<POINT> Actor::atArrow(const Sight& sight) {
+Place atArrow(Dice& dice, const Sight& sight) {
     if (sight.main.boxes.empty()) return std::nullopt;
-    RECT place{};
-    GetWindowRect(m_dice.oneOf(sight.main.boxes).window, &place);
+    const RECT place = onScreen(dice.oneOf(sight.main.boxes).window);
     return POINT{place.right - 6, place.top + 8};
 }
 
-std::optional<POINT> Actor::inDropList(const Sight& sight) {
+Place inDropList(Dice& dice, const Sight& sight) {
     for (const Box& box : sight.main.boxes) {
         if (!box.dropped) continue;
         COMBOBOXINFO info{};
         info.cbSize = sizeof info;
-        if (GetComboBoxInfo(box.window, &info) != 0) return inWindow(info.hwndList);
+        if (GetComboBoxInfo(box.window, &info) != 0) return inWindow(dice, info.hwndList);
     }
     return std::nullopt;
 }
 
-std::optional<POINT> Actor::inBar(const Sight&) {
-    return inWindow(bar());
+Place inBar(Dice& dice, const Sight&) {
+    return inWindow(dice, bar());
 }
 
-std::optional<POINT> Actor::inCaption(const Sight& sight) {
+Place inCaption(Dice& dice, const Sight& sight) {
     const HWND root = GetAncestor(sight.pane, GA_ROOT);
-    const HWND captioned = classOf(root) == "MakerChecker.FloatFrame" ? root : sight.pane;
-    RECT place{};
-    GetWindowRect(captioned, &place);
-    const int width = static_cast<int>(place.right - place.left);
-    return POINT{place.left + (m_dice.chance(15) ? width - 12 : m_dice.below(width)),
-                 place.top + 8};
+    const RECT place = onScreen(classOf(root) == "MakerChecker.FloatFrame" ? root : sight.pane);
+    const int width = fw::widthOf(place);
+    return POINT{place.left + (dice.chance(15) ? width - 12 : dice.below(width)), place.top + 8};
 }
 
-std::optional<POINT> Actor::inEditor(const Sight& sight) {
+Place inEditor(Dice& dice, const Sight& sight) {
     if (sight.editor == nullptr) return std::nullopt;
-    return inWindow(sight.editor);
+    return inWindow(dice, sight.editor);
 }
 
-std::optional<POINT> Actor::anywhere(const Sight& sight) {
-    return inWindow(sight.pane);
+Place anywhere(Dice& dice, const Sight& sight) {
+    return inWindow(dice, sight.pane);
 }
+
+constexpr struct {
+    Place (*find)(Dice&, const Sight&);
+    int weight;
+} kTargets[] = {{inMainRow, 26}, {inDetailsRow, 16}, {inButton, 22}, {inHeader, 5},
+                {atDivider, 3},  {inBox, 8},         {atArrow, 5},   {inDropList, 14},
+                {inBar, 2},      {inCaption, 1},     {inEditor, 3},  {anywhere, 10}};
 
 // ---- What ----
 
-hand::Keys Actor::someModifiers() {
+Keys someModifiers(Dice& dice) {
     static constexpr struct {
         Keys keys;
         int weight;
     } choices[] = {{{}, 80}, {hand::kCtrl, 8}, {hand::kShift, 8}, {hand::kCtrlShift, 4}};
-    return m_dice.weighted(choices).keys;
+    return dice.weighted(choices).keys;
 }
 
-Act Actor::mouseAct(const Sight& sight) {
-    static constexpr Target targets[] = {
-        {&Actor::inMainRow, 26}, {&Actor::inDetailsRow, 16}, {&Actor::inButton, 22},
-        {&Actor::inHeader, 5},   {&Actor::atDivider, 3},     {&Actor::inBox, 8},
-        {&Actor::atArrow, 5},    {&Actor::inDropList, 14},   {&Actor::inBar, 2},
-        {&Actor::inCaption, 1},  {&Actor::inEditor, 3},      {&Actor::anywhere, 10},
-    };
-    const auto found = (this->*m_dice.weighted(targets).find)(sight);
+Act keyAct(Dice& dice, const Sight& sight) {
+    const KeyChoice& choice = dice.weighted(kKeyChoices);
+    const int repeats = dice.chance(12) ? 1 + dice.below(12) : 0;
+    Act act{.name = choice.name, .run = [=] { hand::hold(choice.key, repeats, choice.keys); }};
+    act.key = choice.key;
+    if (repeats > 0) act.name += " held, " + std::to_string(repeats) + " repeats";
+    act.name += " in " + classOf(sight.focus) + " '" + textOf(sight.focus) + "'";
+    announceKey(act, choice, sight);
+    return act;
+}
+
+Act mouseAct(Dice& dice, const Sight& sight) {
+    const Place found = dice.weighted(kTargets).find(dice, sight);
     if (!found || PtInRect(&kScreen, *found) == 0 || !inThisThread(WindowFromPoint(*found)))
-        return keyAct(sight);
+        return keyAct(dice, sight);
     const POINT at = *found;
     const HWND under = WindowFromPoint(at);
     const std::string on = words(at);
     const std::string pressed = buttonOf(sight.pane, under);
     Act act;
     act.inDropList = classOf(under) == "ComboLBox";
-    const int gesture = m_dice.below(100);
+    const int gesture = dice.below(100);
     if (gesture < 62) {
-        const Keys keys = someModifiers();
+        const Keys keys = someModifiers(dice);
         act.name =
             std::string(keys.ctrl ? "Ctrl+" : "") + (keys.shift ? "Shift+" : "") + "click " + on;
         act.run = [at, keys] { hand::click(at, keys); };
@@ -255,38 +264,29 @@ Act Actor::mouseAct(const Sight& sight) {
         act.run = [at] { hand::click(at, {}, hand::Button::right); };
     } else if (gesture < 95) {
         const POINT to =
-            inWindow(m_dice.chance(80) ? sight.pane : GetAncestor(sight.pane, GA_ROOT));
-        const bool escape = m_dice.chance(20);
+            inWindow(dice, dice.chance(80) ? sight.pane : GetAncestor(sight.pane, GA_ROOT));
+        const bool escape = dice.chance(20);
         act.name = "drag " + on + " to " + words(to) + (escape ? " and Esc" : "");
         act.run = [=] { hand::drag(at, to, escape); };
         if (WindowFromPoint(to) == under) act.press = pressed;
     } else {
-        const int notches = m_dice.below(5) - 2;
+        const int notches = dice.below(5) - 2;
         act.name = "wheel " + std::to_string(notches) + " " + on;
         act.run = [at, notches] { hand::wheel(at, notches); };
     }
     return act;
 }
 
-Act Actor::keyAct(const Sight& sight) {
-    const KeyChoice& choice = m_dice.weighted(kKeyChoices);
-    const int repeats = m_dice.chance(12) ? 1 + m_dice.below(12) : 0;
-    Act act{.name = choice.name, .run = [=] { hand::hold(choice.key, repeats, choice.keys); }};
-    act.key = choice.key;
-    if (repeats > 0) act.name += " held, " + std::to_string(repeats) + " repeats";
-    act.name += " in " + classOf(sight.focus) + " '" + textOf(sight.focus) + "'";
-    announceKey(act, choice, sight);
-    return act;
-}
-
-Act Actor::typeAct(const Sight& sight) {
-    const char* text = m_dice.oneOf(kTyped);
+Act typeAct(Dice& dice, const Sight& sight) {
+    const char* text = dice.oneOf(kTyped);
     // A blank presses the button that has the focus.
-    if (!buttonOf(sight.pane, sight.focus).empty()) return keyAct(sight);
+    if (!buttonOf(sight.pane, sight.focus).empty()) return keyAct(dice, sight);
     return {.name = "type \"" + std::string(text) + "\" into " + classOf(sight.focus),
             .run = [text] { hand::type(text); },
             .key = 'A'};
 }
+
+}  // namespace
 
 Act Actor::serverActOf(std::string (Server::*move)()) {
     Act act{.name = "server:", .run = {}, .byHand = false};
@@ -301,7 +301,7 @@ Act Actor::serverActOf(std::string (Server::*move)()) {
     return act;
 }
 
-Act Actor::serverAct(const Sight&) {
+Act Actor::serverAct() {
     static constexpr struct {
         std::string (Server::*act)();
         int weight;
@@ -312,11 +312,7 @@ Act Actor::serverAct(const Sight&) {
     return serverActOf(m_dice.weighted(moves).act);
 }
 
-Act Actor::pauseAct(const Sight&) {
-    return {.name = "pause", .run = m_pause, .pause = true};
-}
-
-Act Actor::hotKeyAct(const Sight&) {
+Act Actor::hotKeyAct() {
     return {.name = "hot key",
             .run =
                 [this] {
@@ -328,21 +324,15 @@ Act Actor::hotKeyAct(const Sight&) {
 
 // ---- Habits: without them a blind hand would rarely get to a value that can be edited ----
 
-struct Actor::Habit {
-    bool (*when)(const Actor&, const Sight&);
-    int percent;
-    std::optional<Act> (Actor::*make)(const Sight&);
-};
-
 std::optional<Act> Actor::answerAct(const Sight&) {
     return serverActOf(&Server::answerSomething);
 }
 
 // A double-click on a row, of limits if there is one in sight.
 std::optional<Act> Actor::openAct(const Sight& sight) {
-    std::optional<POINT> at;
+    Place at;
     for (int tries = 0; tries < 5; ++tries) {
-        at = inRow(sight.main);
+        at = inRow(m_dice, sight.main);
         LVHITTESTINFO hit{};
         if (!at || WindowFromPoint(*at) != sight.main.window) return std::nullopt;
         hit.pt = *at;
@@ -402,7 +392,11 @@ std::optional<Act> Actor::emptyBoxAct(const Sight& sight) {
 }
 
 Act Actor::next(const Sight& sight) {
-    static constexpr Habit habits[] = {
+    static constexpr struct {
+        bool (*when)(const Actor&, const Sight&);
+        int percent;
+        std::optional<Act> (Actor::*make)(const Sight&);
+    } habits[] = {
         {[](const Actor& self, const Sight&) { return self.m_server.owesAnswer(); }, 30,
          &Actor::answerAct},
         {[](const Actor&, const Sight& seen) { return seen.editor != nullptr; }, 25,
@@ -417,37 +411,38 @@ Act Actor::next(const Sight& sight) {
          15, &Actor::emptyBoxAct},
     };
     static constexpr struct {
-        Act (Actor::*make)(const Sight&);
+        Act (*make)(Actor&, const Sight&);
         int weight;
-    } kinds[] = {{&Actor::mouseAct, 400},  {&Actor::keyAct, 340}, {&Actor::typeAct, 60},
-                 {&Actor::serverAct, 110}, {&Actor::pauseAct, 4}, {&Actor::hotKeyAct, 10}};
+    } kinds[] = {{[](Actor& self, const Sight& seen) { return mouseAct(self.m_dice, seen); }, 400},
+                 {[](Actor& self, const Sight& seen) { return keyAct(self.m_dice, seen); }, 340},
+                 {[](Actor& self, const Sight& seen) { return typeAct(self.m_dice, seen); }, 60},
+                 {[](Actor& self, const Sight&) { return self.serverAct(); }, 110},
+                 {[](Actor& self, const Sight&) {
+                      return Act{.name = "pause", .run = self.m_pause, .pause = true};
+                  },
+                  4},
+                 {[](Actor& self, const Sight&) { return self.hotKeyAct(); }, 10}};
     m_loopSteps = 0;
     // An act of its own: what has the focus then is known only afterwards.
     if (!inThisThread(GetForegroundWindow()))
         return Act{.name = "back to the front",
                    .run = [root = GetAncestor(sight.pane, GA_ROOT)] { SetForegroundWindow(root); }};
-    if (IsWindowVisible(sight.pane) == 0) return hotKeyAct(sight);
+    if (IsWindowVisible(sight.pane) == 0) return hotKeyAct();
     const RECT seen = visiblePart(sight.pane);
     if (seen.right - seen.left < 100 || seen.bottom - seen.top < 100)
         SetWindowPos(GetAncestor(sight.pane, GA_ROOT), nullptr, 100, 100, 700, 600, SWP_NOZORDER);
-    for (const Habit& habit : habits)
+    for (const auto& habit : habits)
         if (habit.when(*this, sight) && m_dice.chance(habit.percent))
             if (const auto act = (this->*habit.make)(sight)) return *act;
-    if (!sight.keysReachPane() && m_dice.chance(40)) return hotKeyAct(sight);
-    return (this->*m_dice.weighted(kinds).make)(sight);
+    if (!sight.keysReachPane() && m_dice.chance(40)) return hotKeyAct();
+    return m_dice.weighted(kinds).make(*this, sight);
 }
 
 // ---- In loops ----
 
-struct Actor::LoopMove {
-    const char* name;
-    void (*act)(Actor&);
-    int weight;
-};
-
 // A click beside a menu ends it and goes on to what lies below.
 void Actor::clickIn(HWND window) {
-    const POINT at = inWindow(window);
+    const POINT at = inWindow(m_dice, window);
     m_loopWords += " (" + words(at) + ")";
     m_loopPress = buttonOf(findPane(), WindowFromPoint(at));
     hand::click(at);
@@ -455,19 +450,19 @@ void Actor::clickIn(HWND window) {
 
 void Actor::clickInDialog() {
     std::vector<HWND> children;
-    EnumChildWindows(
-        GetActiveWindow(),
-        [](HWND child, LPARAM into) -> BOOL {
-            if (IsWindowVisible(child) != 0)
-                reinterpret_cast<std::vector<HWND>*>(into)->push_back(child);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&children));
+    findWindow(GetActiveWindow(), [&children](HWND child) {
+        if (IsWindowVisible(child) != 0) children.push_back(child);
+        return false;
+    });
     if (!children.empty()) clickIn(m_dice.oneOf(children));
 }
 
 void Actor::answerLoop() {
-    static constexpr LoopMove moves[] = {
+    static constexpr struct {
+        const char* name;
+        void (*act)(Actor&);
+        int weight;
+    } moves[] = {
         {"Esc", [](Actor&) { hand::key(VK_ESCAPE); }, 24},
         {"Enter", [](Actor&) { hand::key(VK_RETURN); }, 18},
         {"Space", [](Actor&) { hand::key(VK_SPACE); }, 6},
@@ -484,7 +479,7 @@ void Actor::answerLoop() {
         {"publish", [](Actor& self) { self.m_server.publishNew(); }, 4},
         {"answer", [](Actor& self) { self.m_server.answerSomething(); }, 3},
     };
-    const LoopMove& move = m_dice.weighted(moves);
+    const auto& move = m_dice.weighted(moves);
     const std::string where = textOf(GetActiveWindow());
     if (++m_loopSteps > kMaxLoopSteps) {
         m_loopWords += " <ended>";

@@ -43,38 +43,15 @@ public:
     std::string takeLoopWords() { return std::exchange(m_loopWords, {}); }
 
 private:
-    struct Target;
-    struct LoopMove;
-    struct Habit;
-    Act keyAct(const Sight& sight);
-    Act typeAct(const Sight& sight);
-    Act mouseAct(const Sight& sight);
-    Act serverAct(const Sight& sight);
-    Act pauseAct(const Sight& sight);
-    Act hotKeyAct(const Sight& sight);
+    Act serverAct();
     Act serverActOf(std::string (Server::*move)());
+    Act hotKeyAct();
     std::optional<Act> answerAct(const Sight& sight);
     std::optional<Act> openAct(const Sight& sight);
     std::optional<Act> editAct(const Sight& sight);
     std::optional<Act> valueAct(const Sight& sight);
     std::optional<Act> updateAct(const Sight& sight);
     std::optional<Act> emptyBoxAct(const Sight& sight);
-
-    std::optional<POINT> inButton(const Sight& sight);
-    std::optional<POINT> inMainRow(const Sight& sight) { return inRow(sight.main); }
-    std::optional<POINT> inDetailsRow(const Sight& sight) { return inRow(sight.details); }
-    std::optional<POINT> inHeader(const Sight& sight);
-    std::optional<POINT> atDivider(const Sight& sight);
-    std::optional<POINT> inBox(const Sight& sight);
-    std::optional<POINT> atArrow(const Sight& sight);
-    std::optional<POINT> inDropList(const Sight& sight);
-    std::optional<POINT> inBar(const Sight& sight);
-    std::optional<POINT> inCaption(const Sight& sight);
-    std::optional<POINT> inEditor(const Sight& sight);
-    std::optional<POINT> anywhere(const Sight& sight);
-    std::optional<POINT> inRow(const ListSight& list);
-    POINT inWindow(HWND window);
-    hand::Keys someModifiers();
     void clickIn(HWND window);
     void clickInDialog();
 

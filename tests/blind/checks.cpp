@@ -49,18 +49,8 @@ bool isSubsequence(const Keys& part, const Keys& whole) {
 }
 
 const char* pressOf(Kind kind) {
-    switch (kind) {
-        case Kind::accept:
-            return "Accept";
-        case Kind::reject:
-            return "Reject";
-        case Kind::update:
-            return "Update";
-        case Kind::recover:
-            return "Recover";
-        default:
-            return "";
-    }
+    constexpr const char* presses[] = {"Accept", "Reject", "Update", "Recover", "", ""};
+    return presses[static_cast<int>(kind)];
 }
 
 }  // namespace
@@ -269,12 +259,11 @@ std::string Checks::editor(const Story& story) {
     const int column = now.details.column("Value");
     for (int row = 0; row < static_cast<int>(now.details.rows.size()); ++row) {
         if (now.details.cell(row, "Field") != m_editedField) continue;
-        RECT cell{column == 0 ? LVIR_LABEL : LVIR_BOUNDS, column, 0, 0}, client{}, seen{};
-        SendMessageA(now.details.window, LVM_GETSUBITEMRECT, static_cast<WPARAM>(row),
-                     reinterpret_cast<LPARAM>(&cell));
+        const RECT cell = cellRect(now.details.window, row, column);
+        RECT client{}, seen{};
         GetClientRect(now.details.window, &client);
         IntersectRect(&seen, &cell, &client);
-        MapWindowPoints(now.details.window, nullptr, reinterpret_cast<POINT*>(&seen), 2);
+        seen = onScreen(now.details.window, seen);
         const LONG middle = (now.editorPlace.top + now.editorPlace.bottom) / 2;
         if (now.editorPlace.left == seen.left && middle >= seen.top && middle <= seen.bottom)
             return "";

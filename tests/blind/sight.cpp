@@ -34,12 +34,8 @@ ListSight lookAt(HWND list, HWND focus, std::initializer_list<const char*> colum
     for (std::size_t row = 0; row < sight.rows.size(); ++row)
         for (const char* column : columns)
             sight.rows[row][column] = sight.readCell(static_cast<int>(row), column);
-    const auto next = [list](int after, UINT flags) {
-        return static_cast<int>(
-            SendMessageA(list, LVM_GETNEXTITEM, static_cast<WPARAM>(after), flags));
-    };
-    for (int row = -1; (row = next(row, LVNI_SELECTED)) >= 0;) sight.selected.push_back(row);
-    sight.focused = next(-1, LVNI_FOCUSED);
+    sight.selected = selectedRows(list);
+    sight.focused = ListView_GetNextItem(list, -1, LVNI_FOCUSED);
     sight.boxes = boxesOf(header(list), focus);
     return sight;
 }
@@ -95,15 +91,8 @@ std::string ListSight::cell(int row, const std::string& caption) const {
 }
 
 std::string ListSight::readCell(int row, const std::string& caption) const {
-    char text[512]{};
-    LVITEMA item{};
-    item.iSubItem = column(caption);
-    item.pszText = text;
-    item.cchTextMax = sizeof text;
-    if (item.iSubItem >= 0)
-        SendMessageA(window, LVM_GETITEMTEXTA, static_cast<WPARAM>(row),
-                     reinterpret_cast<LPARAM>(&item));
-    return item.pszText;
+    const int from = column(caption);
+    return from >= 0 ? cellText(window, row, from) : "";
 }
 
 std::vector<std::string> Sight::selectedKeys() const {
@@ -134,14 +123,13 @@ Sight look(const Sight& last) {
     sight.pane = same ? last.pane : findPane();
     sight.focus = GetFocus();
     sight.main = lookAt(same ? last.main.window : mainList(), sight.focus, {"Key"});
-    sight.details = lookAt(same ? last.details.window : descendant(sight.pane, WC_LISTVIEWA, 4001),
-                           sight.focus, {"Field", "Value"});
+    sight.details = lookAt(same ? last.details.window : details(), sight.focus, {"Field", "Value"});
     sight.strip = stripText(sight.details.window);
     sight.line = textOf(FindWindowExA(sight.pane, nullptr, "MakerChecker.PressLine", nullptr));
     findTag(sight, last);
     sight.editor = FindWindowExA(sight.details.window, nullptr, "MakerChecker.CellEditor", nullptr);
     if (sight.editor != nullptr && IsWindowVisible(sight.editor) != 0) {
-        GetWindowRect(sight.editor, &sight.editorPlace);
+        sight.editorPlace = onScreen(sight.editor);
         sight.editedField = sight.details.cell(sight.details.focused, "Field");
     } else {
         sight.editor = nullptr;

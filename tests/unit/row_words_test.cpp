@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "details/model/row_state.h"
+#include "listctrl/model/empty_text.h"
 #include "workbench/model/key_list.h"
 #include "workbench/model/press_line.h"
 
@@ -78,6 +79,14 @@ TEST(RowWords, DetailsSayTheirMarks) {
     const RowState folded = stateOf(lines, *lines.lineAt(0), false);
     EXPECT_EQ(folded.words, "group, folded; holds edits");
     EXPECT_TRUE(folded.folded == true && open.folded == false);
+}
+
+TEST(EmptyText, SaysWhyThereIsNothingToSee) {
+    EXPECT_EQ(emptyListText(0, 0, "No pending changes"), "No pending changes");
+    EXPECT_EQ(
+        emptyListText(12, 0, "No pending changes"),
+        "12 hidden by filters. Reset Filters, in the captions' menu (Ctrl+Menu key), shows them");
+    EXPECT_EQ(emptyListText(12, 3, "No pending changes"), "");
 }
 
 TEST(KeyList, HasTheKeysThatAreOfferedOnly) {

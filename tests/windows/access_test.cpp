@@ -1,21 +1,12 @@
 // For people who do not see the screen or do not use a mouse: what a screen reader would say, keys
 // for what the mouse does, and where the focus comes back to.
-#include <gtest/gtest.h>
-
 #include <oleacc.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <tuple>
-#include <utility>
 
-#include "tests/windows/hand.h"
-#include "tests/windows/replaced_import.h"
 #include "tests/windows/test_host.h"
 
 namespace {
-
-using Texts = std::vector<std::string>;
 
 template <class Function>
 Function* from(const char* library, const char* name) {
@@ -84,7 +75,7 @@ private:
     HWINEVENTHOOK m_hook;
 };
 
-TEST(ScreenReader, HearsAChangeFoundOpenedReadEditedAndDecided) {
+TEST(PaneKeys, AScreenReaderHearsAChangeFoundOpenedReadEditedAndDecided) {
     OpenWorkbench open;
     open.plugin.publish(pending("6", "340", {{31003, "DLR6"}}));
     open.plugin.publish(pending("7", "360", {{54001, "C1"}}));
@@ -157,56 +148,45 @@ TEST(ScreenReader, HearsAChangeFoundOpenedReadEditedAndDecided) {
     }
 }
 
-TEST(ByKey, ColumnsAreSortedAndWidened) {
+TEST(PaneKeys, ColumnsAreSortedAndWidened) {
     const StoredProfile profile;
-    OpenWorkbench open;
-    for (const char* key : {"2", "1"}) open.plugin.publish(pending(key, "340", {{31003, "U"}}));
+    OpenWorkbench open({"2", "1"});
     SetFocus(filterEdit(2));
-    const auto width = [] {
-        const RECT item = headerItem(2);
-        return item.right - item.left;
-    };
-    const LONG before = width();
+    const int before = columnWidth(2);
     hand::key('O', hand::kCtrlShift);
     EXPECT_EQ(column(2), (Texts{"1", "2"}));
     hand::key(VK_OEM_PERIOD, hand::kCtrlShift);
-    EXPECT_EQ(width(), before + 8);
+    EXPECT_EQ(columnWidth(2), before + 8);
     SetFocus(mainList());
     hand::key(VK_OEM_COMMA, hand::kCtrlShift);
     hand::key(VK_OEM_COMMA, hand::kCtrlShift);
-    EXPECT_EQ(width(), before - 8);
+    EXPECT_EQ(columnWidth(2), before - 8);
     EXPECT_EQ(textOf(filterEdit(2)), "");
 }
 
-TEST(ByKey, MenusOpenWhereTheFocusIs) {
-    OpenWorkbench open;
-    for (const char* key : {"1", "2"}) open.plugin.publish(pending(key, "340", {{31003, "U"}}));
+TEST(PaneKeys, MenusOpenWhereTheFocusIs) {
+    OpenWorkbench open({"1", "2"});
     hand::clickRow(mainList(), 1, {}, 2);
     hand::moveTo({5, 5});
-    const auto menuAt = [](WORD key, hand::Keys keys) {
+    const RECT row = onScreen(mainList(), cellRect(mainList(), 1));
+    const RECT caption = onScreen(header(), headerItem(2));
+    const struct {
+        WORD key;
+        hand::Keys keys;
+        const RECT& below;
+    } cases[] = {{VK_APPS, {}, row}, {VK_F10, hand::kShift, row}, {VK_APPS, hand::kCtrl, caption}};
+    for (const auto& [key, keys, below] : cases) {
         RECT menu{};
         hand::during([&] { hand::key(key, keys); }, {[&] {
                          menu = onScreen(FindWindowA("#32768", nullptr));
                          hand::key(VK_ESCAPE);
                      }});
-        return POINT{menu.left, menu.top};
-    };
-    RECT row{LVIR_BOUNDS, 0, 0, 0};
-    SendMessageA(mainList(), LVM_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&row));
-    MapWindowPoints(mainList(), nullptr, reinterpret_cast<POINT*>(&row), 2);
-    RECT caption = headerItem(2);
-    MapWindowPoints(header(), nullptr, reinterpret_cast<POINT*>(&caption), 2);
-    for (const auto& [key, keys, expected] :
-         {std::tuple{WORD{VK_APPS}, hand::Keys{}, POINT{row.left + 6, row.bottom}},
-          std::tuple{WORD{VK_F10}, hand::kShift, POINT{row.left + 6, row.bottom}},
-          std::tuple{WORD{VK_APPS}, hand::kCtrl, POINT{caption.left + 6, caption.bottom}}}) {
-        const POINT at = menuAt(key, keys);
-        EXPECT_NEAR(at.x, expected.x, 4) << key;
-        EXPECT_NEAR(at.y, expected.y, 4) << key;
+        EXPECT_NEAR(menu.left, below.left + 6, 4) << key;
+        EXPECT_NEAR(menu.top, below.bottom, 4) << key;
     }
 }
 
-TEST(ByKey, F1ListsTheKeys) {
+TEST(PaneKeys, F1ListsTheKeys) {
     OpenWorkbench open;
     SetFocus(mainList());
     std::string listed;
@@ -219,17 +199,16 @@ TEST(ByKey, F1ListsTheKeys) {
     EXPECT_EQ(GetFocus(), mainList());
 }
 
-TEST(ByKey, TheFocusComesBackWithTheProgram) {
+TEST(PaneKeys, TheFocusComesBackWithTheProgram) {
     OpenWorkbench open;
     const HWND other = CreateWindowA("STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50, nullptr,
                                      nullptr, nullptr, nullptr);
     for (const bool floating : {false, true}) {
-        if (floating)
-            hand::doubleClick(POINT{onScreen(findPane()).left + 300, onScreen(findPane()).top + 4});
+        if (floating) floatPane();
         const HWND root = GetAncestor(findPane(), GA_ROOT);
         if (floating) {
-            RECT frame = onScreen(open.frame->handle()), pane = onScreen(root);
-            EXPECT_EQ(pane.right - pane.left, (frame.right - frame.left) * 2 / 3);
+            EXPECT_EQ(fw::widthOf(onScreen(root)),
+                      fw::widthOf(onScreen(open.frame->handle())) * 2 / 3);
         }
         for (const HWND control : {filterEdit(1), details(), button("Reject")}) {
             SetFocus(control);

@@ -1,12 +1,5 @@
 // A list that takes what the appearance and font dialogs give, stores it and has it again.
-#include <gtest/gtest.h>
-
-#include "listctrl/dialogs/customized_appearance.h"
-#include "res/resource_ids.h"
-#include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
-
-using namespace mc;
 
 namespace {
 
@@ -40,45 +33,36 @@ hand::Step takingColor(const char* red, const char* green, const char* blue) {
 
 // ---- The list ----
 
-constexpr char kSection[] = "CUSTOMIZE_LISTS";
-constexpr char kKey[] = "Maker checker List-4000";
-
 int rowHeight() {
-    RECT place{LVIR_BOUNDS, 0, 0, 0};
-    SendMessageA(mainList(), LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&place));
-    return static_cast<int>(place.bottom - place.top);
+    return fw::heightOf(cellRect(mainList(), 0));
 }
 
 // Whether a colour shows in a row of the main list.
 bool shows(int row, COLORREF color) {
     RedrawWindow(mainList(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
-    RECT place{LVIR_BOUNDS, 0, 0, 0};
-    SendMessageA(mainList(), LVM_GETITEMRECT, static_cast<WPARAM>(row),
-                 reinterpret_cast<LPARAM>(&place));
+    const RECT place = cellRect(mainList(), row);
     for (LONG y = place.top; y < place.bottom; ++y)
         for (LONG x = 0; x < 300; ++x)
             if (pixel(mainList(), static_cast<int>(x), static_cast<int>(y)) == color) return true;
     return false;
 }
 
-class AppearanceOfList {
-public:
-    AppearanceOfList() {
-        open.plugin.publish(pending("1", "340", {{31003, "III sell III"}}));
-        open.plugin.publish(pending("2", "340", {{31003, "III Buy III"}}));
+struct SellAndBuy : OpenWorkbench {
+    SellAndBuy() {
+        plugin.publish(pending("1", "340", {{31003, "III sell III"}}));
+        plugin.publish(pending("2", "340", {{31003, "III Buy III"}}));
         pump();
     }
-    OpenWorkbench open;
 };
 
-TEST(Appearance, AppliesToTheListIsStoredAndComesBack) {
-    const StoredSetting stored(kSection, kKey, nullptr);
+TEST(List, AnAppearanceAppliesToTheListIsStoredAndComesBack) {
+    const StoredSetting stored("CUSTOMIZE_LISTS", "Maker checker List-4000", nullptr);
     constexpr COLORREF background = RGB(0, 0, 64);
     constexpr COLORREF red = RGB(255, 0, 0);
     const char* const text = "400000,FFFFFF,Tahoma,24,0,buy,FF,";
     int plain = 0;
     {
-        const AppearanceOfList list;
+        const SellAndBuy open;
         plain = rowHeight();
         hand::clickRow(mainList(), 0);
         hand::during([] { hand::key('C', hand::kCtrlShift); },
@@ -113,7 +97,7 @@ TEST(Appearance, AppliesToTheListIsStoredAndComesBack) {
         EXPECT_EQ(stored.text(), text);
         EXPECT_GT(rowHeight(), 2 * plain);
     }
-    const AppearanceOfList list;
+    const SellAndBuy open;
     EXPECT_GT(rowHeight(), 2 * plain);
     EXPECT_EQ(SendMessageA(mainList(), LVM_GETBKCOLOR, 0, 0), static_cast<LRESULT>(background));
     selectRows(mainList(), {});

@@ -1,22 +1,13 @@
 // Editing limits in the details list by a real hand: what becomes of a text that is being typed
 // when something else happens.
-#include <gtest/gtest.h>
-
 #include "listctrl/model/list_commands.h"
-#include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
 using namespace mc;
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 const std::string kRefusal = "\"12a\" is not a number";
-
-std::string value(int row) {
-    return rowTexts(details(), row, 2)[1];
-}
 
 // Behind the heading and the entity: numbers to edit and, last, a choice.
 Fields answerOfLimits() {
@@ -29,36 +20,22 @@ constexpr int kFirst = 2, kSecond = 3;
 
 class CellEdits : public testing::Test {
 protected:
-    void SetUp() override {
-        open.plugin.publish(pending("6", "340", {{31003, "DLR6"}}));
-        open.plugin.publish(pending("7", "360", {{54001, "C1"}}));
-        hand::doubleClickRow(mainList(), 1);
-        answer(answerOfLimits());
-        host().sent.clear();
-    }
-    static void edit(int row, const char* text) {
-        hand::doubleClickRow(details(), row, 1);
-        ASSERT_NE(editor(), nullptr);
-        hand::type(text);
-    }
+    void SetUp() override { open.openLimits(answerOfLimits()); }
     static int last() { return rowCount(details()) - 1; }
     const StoredDetailsProfile profile;  // widths are dragged
-    OpenWorkbench open;
+    OpenWorkbench open{{"6"}};
 };
 
 TEST_F(CellEdits, ThePressLineCountsWhatIsBeingTyped) {
-    const auto line = [] {
-        return textOf(FindWindowExA(findPane(), nullptr, "MakerChecker.PressLine", nullptr));
-    };
     hand::doubleClickRow(details(), kFirst, 1);
     hand::moveTo(hand::middle(button("Update")));
-    EXPECT_EQ(line(), "Update nothing: no value is edited");
+    EXPECT_EQ(pressLine(), "Update nothing: no value is edited");
     hand::type("77");
-    EXPECT_EQ(line(), "Update 1 value of 7 RMS Limits, Client - C1");
+    EXPECT_EQ(pressLine(), "Update 1 value of 7 RMS Limits, Client - C1");
     hand::type("a");
-    EXPECT_EQ(line(), "Update nothing: the text in the editor cannot be kept");
+    EXPECT_EQ(pressLine(), "Update nothing: the text in the editor cannot be kept");
     hand::key(VK_ESCAPE);
-    EXPECT_EQ(line(), "Update nothing: no value is edited");
+    EXPECT_EQ(pressLine(), "Update nothing: no value is edited");
 }
 
 TEST_F(CellEdits, KeysTakeLeaveAndGoOn) {
@@ -72,7 +49,7 @@ TEST_F(CellEdits, KeysTakeLeaveAndGoOn) {
     hand::key(VK_F2);
     hand::key(VK_TAB);  // untouched
     hand::type("25");
-    EXPECT_EQ(selectedRows(details()), std::vector<int>{kSecond + 1});
+    EXPECT_EQ(selectedRows(details()), Rows{kSecond + 1});
     hand::key(VK_TAB, hand::kShift);
     EXPECT_EQ(value(kSecond + 1), "25.00");
     hand::key(VK_ESCAPE);
@@ -153,7 +130,7 @@ TEST_F(CellEdits, ARefusedTextStopsThePress) {
         SendMessageA(typed, EM_SETSEL, 1, 1);
         DialogTrap boxes;
         each.act();
-        EXPECT_TRUE(pumpUntil([&] { return !boxes.texts.empty() && GetFocus() == typed; }));
+        EXPECT_TRUE(hand::waitUntil([&] { return !boxes.texts.empty() && GetFocus() == typed; }));
         // On a busy machine the two clicks of a double-click may be told of one by one.
         EXPECT_EQ(boxes.texts, Texts(boxes.texts.size(), kRefusal));
         EXPECT_LE(boxes.texts.size(), 2u);
@@ -175,7 +152,7 @@ TEST_F(CellEdits, ASelectionMadeWhileATextIsRefusedCountsAfterwards) {
     {
         const DialogTrap boxes;
         hand::clickRow(mainList(), 0);
-        EXPECT_TRUE(pumpUntil([] { return GetFocus() == editor(); }));
+        EXPECT_TRUE(hand::waitUntil([] { return GetFocus() == editor(); }));
     }
     EXPECT_GT(rowCount(details()), 0);
     hand::key(VK_ESCAPE);
@@ -247,7 +224,7 @@ void typeFilterBehindTheEditor(const char* text) {
 TEST_F(CellEdits, AFilterPassUnderAnEditorEndsItFirst) {
     edit(kFirst, "77");
     typeFilterBehindTheEditor("fin");
-    EXPECT_TRUE(pumpUntil([] { return editor() == nullptr && rowCount(details()) == 3; }));
+    EXPECT_TRUE(hand::waitUntil([] { return editor() == nullptr && rowCount(details()) == 3; }));
     EXPECT_EQ(value(1), "77.00") << "an unsent edit passes the filter";
     EXPECT_EQ(value(2), "300.00");
 }
@@ -256,8 +233,8 @@ TEST_F(CellEdits, ARefusedTextWhoseRowIsFilteredAwayIsToldOf) {
     edit(kFirst, "12a");
     const DialogTrap boxes;
     typeFilterBehindTheEditor("fin");
-    EXPECT_TRUE(pumpUntil([] { return editor() == nullptr && rowCount(details()) == 2; }));
-    EXPECT_TRUE(pumpUntil([&] { return !boxes.texts.empty(); }));
+    EXPECT_TRUE(hand::waitUntil([] { return editor() == nullptr && rowCount(details()) == 2; }));
+    EXPECT_TRUE(hand::waitUntil([&] { return !boxes.texts.empty(); }));
     EXPECT_EQ(boxes.texts, Texts{kRefusal});
     EXPECT_EQ(value(1), "300.00");
 }
@@ -268,10 +245,7 @@ TEST_F(CellEdits, AnEditorThatStaysFollowsItsCell) {
     const HWND typed = editor();
     const DialogTrap boxes;
     const auto liesOnItsCell = [&](int row = kFirst) {
-        RECT cell{LVIR_BOUNDS, 1, 0, 0};
-        SendMessageA(details(), LVM_GETSUBITEMRECT, static_cast<WPARAM>(row),
-                     reinterpret_cast<LPARAM>(&cell));
-        MapWindowPoints(details(), nullptr, reinterpret_cast<POINT*>(&cell), 2);
+        const RECT cell = onScreen(details(), cellRect(details(), row, 1));
         const RECT place = onScreen(GetParent(typed));
         return place.left == cell.left && place.top <= cell.top && place.bottom >= cell.bottom;
     };
@@ -285,7 +259,7 @@ TEST_F(CellEdits, AnEditorThatStaysFollowsItsCell) {
     answer(answerOfLimits());
     EXPECT_TRUE(editor() == typed && liesOnItsCell()) << "the details came again";
     typeFilterBehindTheEditor("cash");
-    EXPECT_TRUE(pumpUntil([] { return rowCount(details()) == 2; }));
+    EXPECT_TRUE(hand::waitUntil([] { return rowCount(details()) == 2; }));
     pump();
     EXPECT_TRUE(editor() == typed && liesOnItsCell(1)) << "a filter hid the row before it";
     EXPECT_EQ(textOf(typed), "12a");

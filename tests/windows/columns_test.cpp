@@ -1,17 +1,11 @@
 // The columns of a list as a checker makes them: the column profile dialog, and the dialogs that
 // add and delete a column, with what they leave in the list and in the settings file.
-#include <gtest/gtest.h>
-
 #include "listctrl/model/list_commands.h"
-#include "res/resource_ids.h"
-#include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
 using namespace mc;
 
 namespace {
-
-using Texts = std::vector<std::string>;
 
 constexpr char kAllColumns[] = "0,0,75,1,1,75,2,2,75,3,3,75,4,4,75,5,5,75";
 
@@ -56,15 +50,23 @@ Texts names(HWND dialog, int id) {
     return texts;
 }
 
+using Keys = std::initializer_list<const char*>;
+
 // Three changes.
 class Columns : public testing::Test {
 protected:
     Columns() { start(); }
     void start() {
         open.reset();
-        open = std::make_unique<OpenWorkbench>();
-        for (const char* key : {"30", "4", "100"})
-            open->plugin.publish(pending(key, "340", {{31003, std::string("U") + key}}));
+        open = std::make_unique<OpenWorkbench>(Keys{"30", "4", "100"});
+    }
+    // Hides a column until the list is made again.
+    static void hide(int row) {
+        inDialog(kRepositionCommand, [row](HWND dialog) {
+            selectRows(GetDlgItem(dialog, IDC_CP_SHOWN), {row});
+            click(dialog, IDC_CP_REMOVE);
+            click(dialog, IDC_CP_VIEW);
+        });
     }
     void addColumn(const char* name, const char* expression) {
         EXPECT_EQ(inDialog(kAddColumnCommand,
@@ -177,32 +179,24 @@ TEST_F(Columns, AWidthIsKeptAtTheEndOfItsDrag) {
     };
     dragDivider(0, 20);
     EXPECT_EQ(stored.text(), "0,0,95,1,1,75,2,2,75,3,3,75,4,4,75,5,5,75");
-    inDialog(kRepositionCommand, [](HWND dialog) {
-        selectRows(GetDlgItem(dialog, IDC_CP_SHOWN), {5});
-        click(dialog, IDC_CP_REMOVE);
-        click(dialog, IDC_CP_VIEW);
-    });
+    hide(5);
     ASSERT_EQ(captions().size(), 5u);
     dragDivider(1, -10);
     EXPECT_EQ(stored.text(), "0,0,95,1,1,65,2,2,75,3,3,75,4,4,75,5,5,75");
     start();
     EXPECT_EQ(captions().size(), 6u);
-    EXPECT_EQ(headerItem(1).right - headerItem(1).left, 65);
+    EXPECT_EQ(columnWidth(1), 65);
     hand::doubleClick(captionPoint(0, mainList(), 1));
     pump();
-    EXPECT_EQ(stored.text(), "0,0," + std::to_string(headerItem(0).right - headerItem(0).left) +
-                                 ",1,1,65,2,2,75,3,3,75,4,4,75,5,5,75");
+    EXPECT_EQ(stored.text(),
+              "0,0," + std::to_string(columnWidth(0)) + ",1,1,65,2,2,75,3,3,75,4,4,75,5,5,75");
 }
 
 TEST_F(Columns, SortingEndsWithItsColumn) {
     open->plugin.publish(pending("5", "340", {{54247, "ALAN"}}));
     hand::click(captionPoint(3));
     EXPECT_EQ(column(2), (Texts{"5", "30", "4", "100"}));
-    inDialog(kRepositionCommand, [](HWND dialog) {
-        selectRows(GetDlgItem(dialog, IDC_CP_SHOWN), {3});
-        click(dialog, IDC_CP_REMOVE);
-        click(dialog, IDC_CP_VIEW);
-    });
+    hide(3);
     EXPECT_EQ(column(2), (Texts{"30", "4", "100", "5"}));
 }
 

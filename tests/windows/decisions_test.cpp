@@ -1,19 +1,11 @@
 // What only a dialog or a message box can do to a decision, and the list of the session's own.
-#include <gtest/gtest.h>
-
-#include "res/resource_ids.h"
-#include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 // Another checker is quicker while the box of a failed accept is open, and Accept is pressed again.
-TEST(Decisions, OneAtATimeAndOnlyOfWhatIsStillPending) {
-    OpenWorkbench open;
-    for (const char* key : {"1", "2", "3"})
-        open.plugin.publish(pending(key, "340", {{31003, "U"}}));
+TEST(Presses, OneAtATimeAndOnlyOfWhatIsStillPending) {
+    OpenWorkbench open({"1", "2", "3"});
     selectRows(mainList(), {0, 1, 2});
     host().sends = false;
     DialogTrap boxes([&](HWND) {
@@ -28,7 +20,7 @@ TEST(Decisions, OneAtATimeAndOnlyOfWhatIsStillPending) {
     EXPECT_EQ(rowCount(mainList()), 2) << "a row goes with the published outcome, not before";
 }
 
-TEST(Decisions, RejectSendsTheReasonThatOkConfirms) {
+TEST(Presses, RejectSendsTheReasonThatOkConfirms) {
     OpenWorkbench open;
     open.plugin.publish(pending("1", "354", {{54001, "ACC1"}}));
     hand::clickRow(mainList(), 0);
@@ -54,11 +46,9 @@ HWND ownDecisions() {
 }
 
 // One key shows them at the focused change's own, beside the lists that a press is about.
-TEST(Decisions, OneKeyListsTheSessionsOwn) {
+TEST(Presses, OneKeyListsTheSessionsOwn) {
     const StoredSetting noProfile("Maker Checker Decisions List", "COLUMNPROFILE", nullptr);
-    OpenWorkbench open;
-    for (const char* key : {"1", "2", "3"})
-        open.plugin.publish(pending(key, "340", {{31003, "U"}}));
+    OpenWorkbench open({"1", "2", "3"});
     for (const int row : {1, 0}) {
         hand::clickRow(mainList(), row);
         hand::key('Y', hand::kCtrlShift);
@@ -69,7 +59,7 @@ TEST(Decisions, OneKeyListsTheSessionsOwn) {
     const HWND list = ownDecisions();
     ASSERT_NE(list, nullptr);
     EXPECT_EQ(GetFocus(), list);
-    EXPECT_EQ(selectedRows(list), std::vector<int>{0}) << "the decision about change 2";
+    EXPECT_EQ(selectedRows(list), Rows{0}) << "the decision about change 2";
     EXPECT_EQ(rowCount(list), 2);
     EXPECT_EQ(rowTexts(list, 0, 7)[2], "2");
     EXPECT_EQ(rowTexts(list, 0, 7)[6], "awaited");

@@ -1,8 +1,5 @@
 // Docking: the drag with its preview, hidden and back by the hot key, and a frame without a site.
-#include <gtest/gtest.h>
-
 #include "sdk/docking.h"
-#include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
 namespace {
@@ -33,7 +30,7 @@ bool floats() {
     return (GetWindowLongPtrA(GetParent(findPane()), GWL_EXSTYLE) & WS_EX_TOOLWINDOW) != 0;
 }
 
-TEST(Docking, ADragShowsWhereThePaneWillBeAndEscForgetsIt) {
+TEST(Pane, ADragShowsWhereThePaneWillBeAndEscForgetsIt) {
     const OpenWorkbench open;
     const MainFrame& frame = *open.frame;
     const RECT pane = onScreen(findPane());
@@ -61,7 +58,7 @@ TEST(Docking, ADragShowsWhereThePaneWillBeAndEscForgetsIt) {
     }
 }
 
-TEST(Docking, ClosedItIsHiddenUntilTheHotKey) {
+TEST(Pane, IsHiddenWhenClosedUntilTheHotKey) {
     OpenWorkbench open;
     for (const bool floating : {false, true}) {
         if (floating) hand::drag(grip(), onFrame(*open.frame, 600, 400));
@@ -85,7 +82,7 @@ TEST(Docking, ClosedItIsHiddenUntilTheHotKey) {
 }
 
 // A frame that keeps where panes were gives it back to the first that docks.
-TEST(Docking, TheFrameRemembersTheSide) {
+TEST(Pane, DocksAtTheSideThatItsFrameRemembers) {
     std::optional<fw::DockPlace> kept;
     for (const unsigned side : {kDockTop, kDockRight}) {
         LoadedPlugin plugin;
@@ -107,7 +104,7 @@ TEST(Docking, TheFrameRemembersTheSide) {
     }
 }
 
-TEST(Docking, InAFrameWithoutASiteThePaneFloats) {
+TEST(Pane, FloatsInAFrameWithoutASite) {
     LoadedPlugin plugin;
     plugin.init();
     const MainFrame frame(false);

@@ -1,49 +1,16 @@
 // The pane on monitors of different dots per inch.
-#include <gtest/gtest.h>
-
-#include <map>
-#include <set>
-
 #include "console/holdings.h"
 #include "framework/model/dots.h"
 #include "framework/platform.h"
-#include "tests/windows/hand.h"
 #include "tests/windows/screen_dpi.h"
 #include "tests/windows/test_host.h"
 
 namespace {
 
-using fw::Measure;
-using Pixels = std::vector<DWORD>;
-
-Pixels picture(HWND window) {
-    RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-    pump();
-    const RECT box = onScreen(window);
-    BITMAPINFO info{};
-    info.bmiHeader = {
-        sizeof info.bmiHeader, fw::widthOf(box), -fw::heightOf(box), 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    const fw::WindowDcScope shown(window);
-    const HDC memory = CreateCompatibleDC(shown.dc());
-    const HBITMAP copy = CreateCompatibleBitmap(shown.dc(), fw::widthOf(box), fw::heightOf(box));
-    const HGDIOBJ before = SelectObject(memory, copy);
-    BitBlt(memory, 0, 0, fw::widthOf(box), fw::heightOf(box), shown.dc(), 0, 0, SRCCOPY);
-    SelectObject(memory, before);
-    Pixels pixels(static_cast<std::size_t>(fw::widthOf(box) * fw::heightOf(box)));
-    GetDIBits(memory, copy, 0, static_cast<UINT>(fw::heightOf(box)), pixels.data(), &info, 0);
-    DeleteObject(copy);
-    DeleteDC(memory);
-    return pixels;
-}
-
 int fontHeight(HWND window) {
     LOGFONTA font{};
     GetObjectA(fw::fontOf(window), sizeof font, &font);
     return static_cast<int>(-font.lfHeight);
-}
-
-int columnWidth(int item, HWND list = mainList()) {
-    return fw::widthOf(headerItem(item, list));
 }
 
 int tipHeight(int dpi) {
@@ -52,71 +19,56 @@ int tipHeight(int dpi) {
     return static_cast<int>(-font.lfHeight);
 }
 
-// Those with something to say: of the buttons and of both lists' captions.
-std::vector<HWND> tips() {
-    std::vector<HWND> found;
-    findWindow(nullptr, [&](HWND window) {
-        if (classOf(window) == TOOLTIPS_CLASSA && SendMessageA(window, TTM_GETTOOLCOUNT, 0, 0) != 0)
-            found.push_back(window);
-        return false;
-    });
-    EXPECT_GE(found.size(), 3u);
-    return found;
-}
-
-class Screens : public testing::Test {
-protected:
-    // A workbench on a screen of so many dots, with the details of limits.
-    class Workbench {
-    public:
-        explicit Workbench(int dpi, bool floats = false) : m_screen(dpi) {
-            m_plugin.init();
-            m_frame = std::make_unique<MainFrame>();
-            m_frame->remember(m_place);
-            SetWindowPos(m_frame->handle(), nullptr, 10, 10, fw::toPixels(560, dpi),
-                         fw::toPixels(400, dpi), SWP_NOZORDER);
-            m_plugin.hotKey();
-            for (const char* key : {"6", "7", "8"})
-                m_plugin.publish(pending(key, "360", {{54001, "C1"}}));
-            pump();
-            const RECT pane = onScreen(findPane());
-            if (floats) hand::doubleClick(POINT{pane.left + 200, pane.top + 4});
-            hand::doubleClickRow(mainList(), 1);
-            answer(limitsAnswer("7"));
-            hand::moveTo({1270, 890});
-            host().sent.clear();
-        }
-        void moveTo(int dpi) {
-            const HWND top = GetAncestor(findPane(), GA_ROOT);
-            const RECT now = onScreen(top);
-            if (m_width.pixels == 0) {
-                m_width = {fw::widthOf(now), ScreenDpi::now()};
-                m_height = {fw::heightOf(now), ScreenDpi::now()};
-            }
-            ScreenDpi::moveTo(
-                dpi, top,
-                {now.left, now.top, now.left + m_width.at(dpi), now.top + m_height.at(dpi)});
-        }
-
-    private:
-        Measure m_width, m_height;  // of the top-level window, as it was first
-        LoadedPlugin m_plugin;
-        const ScreenDpi m_screen;
-        std::optional<fw::DockPlace> m_place = fw::DockPlace{kDockTop, 380};
-        std::unique_ptr<MainFrame> m_frame;
-    };
-
-    Screens() : m_before(std::exchange(fw::newerWindows().dpiForWindow, ScreenDpi::answer)) {}
-    ~Screens() override { fw::newerWindows().dpiForWindow = m_before; }
-
-private:
-    decltype(&GetDpiForWindow) m_before;
+// What this program's own windows are told, for a scope.
+struct AnsweredDots {
+    AnsweredDots() : before(std::exchange(fw::newerWindows().dpiForWindow, ScreenDpi::answer)) {}
+    ~AnsweredDots() { fw::newerWindows().dpiForWindow = before; }
+    decltype(&GetDpiForWindow) before;
 };
 
-TEST_F(Screens, ThePaneIsTheSameOnAScreenWhereverItWasBefore) {
+// A workbench on a screen of so many dots, with the details of limits.
+class Workbench {
+public:
+    explicit Workbench(int dpi, bool floats = false) : m_screen(dpi) {
+        m_plugin.init();
+        m_frame = std::make_unique<MainFrame>();
+        m_frame->remember(m_place);
+        SetWindowPos(m_frame->handle(), nullptr, 10, 10, fw::toPixels(560, dpi),
+                     fw::toPixels(400, dpi), SWP_NOZORDER);
+        m_plugin.hotKey();
+        for (const char* key : {"6", "7", "8"})
+            m_plugin.publish(pending(key, "360", {{54001, "C1"}}));
+        pump();
+        if (floats) floatPane();
+        hand::doubleClickRow(mainList(), 1);
+        answer(limitsAnswer("7"));
+        hand::moveTo({1270, 890});
+        host().sent.clear();
+    }
+    void moveTo(int dpi) {
+        const HWND top = GetAncestor(findPane(), GA_ROOT);
+        const RECT now = onScreen(top);
+        if (m_width.pixels == 0) {
+            m_width = {fw::widthOf(now), ScreenDpi::now()};
+            m_height = {fw::heightOf(now), ScreenDpi::now()};
+        }
+        ScreenDpi::moveTo(
+            dpi, top, {now.left, now.top, now.left + m_width.at(dpi), now.top + m_height.at(dpi)});
+    }
+
+private:
+    const AnsweredDots m_dots;
+    fw::Measure m_width, m_height;  // of the top-level window, as it was first
+    LoadedPlugin m_plugin;
+    const ScreenDpi m_screen;
+    std::optional<fw::DockPlace> m_place = fw::DockPlace{kDockTop, 380};
+    std::unique_ptr<MainFrame> m_frame;
+};
+
+TEST(Screens, ThePaneIsTheSameOnAScreenWhereverItWasBefore) {
     for (const bool floats : {false, true}) {
         SCOPED_TRACE(floats ? "floating" : "docked");
-        std::map<int, Pixels> seen;
+        std::map<int, std::vector<DWORD>> seen;
         if (!floats) {
             const Workbench fresh(144);
             seen[144] = picture(findPane());
@@ -129,11 +81,12 @@ TEST_F(Screens, ThePaneIsTheSameOnAScreenWhereverItWasBefore) {
         for (const int dpi : {144, 192, 120, 96, 192, 144, 120, 96}) {
             SCOPED_TRACE(dpi);
             open.moveTo(dpi);
-            const Pixels now = picture(findPane());
+            const std::vector<DWORD> now = picture(findPane());
             const auto [known, isNew] = seen.try_emplace(dpi, now);
             EXPECT_TRUE(isNew || known->second == now) << "another picture";
             for (const HWND window : {mainList(), details(), filterEdit(0), button("Accept")})
                 EXPECT_EQ(fontHeight(window), MulDiv(8, dpi, 72)) << classOf(window);
+            EXPECT_GE(tips().size(), 3u) << "of the buttons and of both lists' captions";
             for (const HWND tip : tips()) EXPECT_EQ(fontHeight(tip), tipHeight(dpi));
             const TEXTMETRICA font = fw::metricsOf(fw::fontOf(mainList()), mainList());
             EXPECT_EQ(hand::cell(mainList(), 1).y - hand::cell(mainList(), 0).y,
@@ -148,26 +101,23 @@ TEST_F(Screens, ThePaneIsTheSameOnAScreenWhereverItWasBefore) {
     }
 }
 
-TEST_F(Screens, WhatIsOpenEndsAsIfTheFocusHadLeft) {
+TEST(Screens, WhatIsOpenEndsAsIfTheFocusHadLeft) {
     const StoredDetailsProfile profile;
     Workbench open(96);
-    const auto value = [](int row) { return rowTexts(details(), row, 2)[1]; };
     constexpr int kNumber = 2;
     const int choice = rowCount(details()) - 1;
 
-    hand::doubleClickRow(details(), kNumber, 1);
-    hand::type("2500.129");
+    edit(kNumber, "2500.129");
     open.moveTo(144);
     EXPECT_EQ(editor(), nullptr);
     EXPECT_EQ(value(kNumber), "2500.13") << "kept";
 
-    hand::doubleClickRow(details(), kNumber, 1);
-    hand::type("12a");
+    edit(kNumber, "12a");
     {
         const DialogTrap trap;
         open.moveTo(192);
-        pumpUntil([&] { return !trap.texts.empty(); });
-        EXPECT_EQ(trap.texts, std::vector<std::string>{"\"12a\" is not a number"});
+        hand::waitUntil([&] { return !trap.texts.empty(); });
+        EXPECT_EQ(trap.texts, Texts{"\"12a\" is not a number"});
     }
     ASSERT_NE(editor(), nullptr);
     EXPECT_EQ(textOf(editor()), "12a");
@@ -188,7 +138,7 @@ TEST_F(Screens, WhatIsOpenEndsAsIfTheFocusHadLeft) {
     hand::type("x");
     hand::key(VK_F4);
     open.moveTo(144);
-    EXPECT_EQ(SendMessageA(filterBox(1), CB_GETDROPPEDSTATE, 0, 0), 0);
+    EXPECT_FALSE(isDropped(1));
     EXPECT_EQ(textOf(filterEdit(1)), "x") << "what was being typed";
     EXPECT_EQ(GetFocus(), filterEdit(1));
 
@@ -202,10 +152,10 @@ TEST_F(Screens, WhatIsOpenEndsAsIfTheFocusHadLeft) {
     hand::drag(divider, {divider.x + 40, divider.y}, false, [&] { open.moveTo(192); });
     open.moveTo(144);
     EXPECT_NEAR(columnWidth(0, details()), width + 40, 1) << "as far as it was dragged";
-    EXPECT_EQ(takeSent(), std::vector<std::string>{}) << "nothing is decided";
+    EXPECT_EQ(takeSent(), Texts{}) << "nothing is decided";
 }
 
-TEST_F(Screens, WhatIsStoredIsOf96Dots) {
+TEST(Screens, WhatIsStoredIsOf96Dots) {
     StoredProfile profile;
     const StoredSetting bar("VOSK_DIALOG_BAR_SIZE", "1000", "500,400");
     {

@@ -1,7 +1,5 @@
 // The editors of list cells, over a plain list-view in a window whose keys are filtered as a
 // pane's are.
-#include <gtest/gtest.h>
-
 #include "editors/cell_editor.h"
 #include "editors/combo_control.h"
 #include "editors/date_time_control.h"
@@ -10,14 +8,11 @@
 #include "framework/dialog.h"
 #include "framework/key_filter.h"
 #include "listctrl/clipboard.h"
-#include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
 using namespace mc;
 
 namespace {
-
-using Log = std::vector<std::string>;
 
 constexpr char kDigits[] = "0123456789.-";
 constexpr RECT kCell{40, 30, 200, 46};
@@ -57,7 +52,7 @@ public:
 
     HWND list, other;
     std::unique_ptr<CCellEditor> editor;
-    Log log;
+    Texts log;
     bool destroys = false;  // the editor, as soon as it asks
 
 protected:
@@ -121,7 +116,7 @@ TEST_F(Editors, TakeTheirAllowedCharactersOnly) {
     SetWindowTextA(edit, "7<8");
     const DialogTrap trap;
     hand::key(VK_RETURN);
-    EXPECT_EQ(bed.log, Log{"\"7<8\" has characters that cannot be used here"});
+    EXPECT_EQ(bed.log, Texts{"\"7<8\" has characters that cannot be used here"});
     EXPECT_TRUE(isOpen());
 }
 
@@ -132,14 +127,14 @@ TEST_F(Editors, ARefusedTextWaitsUntilTheUserIsBack) {
     const DialogTrap trap;
     const auto settle = [] {
         const ULONGLONG end = GetTickCount64() + 300;
-        pumpUntil([end] { return GetTickCount64() > end; });
+        hand::waitUntil([end] { return GetTickCount64() > end; });
     };
     SetFocus(bed.other);
     SetCapture(bed.other);
     settle();
     EXPECT_TRUE(bed.log.empty());
     ReleaseCapture();
-    EXPECT_TRUE(pumpUntil([&] { return GetFocus() == edit; }));
+    EXPECT_TRUE(hand::waitUntil([&] { return GetFocus() == edit; }));
     EXPECT_EQ(bed.log.size(), 1u);
 
     bed.log.clear();
@@ -148,7 +143,7 @@ TEST_F(Editors, ARefusedTextWaitsUntilTheUserIsBack) {
     settle();
     EXPECT_TRUE(bed.log.empty() && isOpen());
     SetActiveWindow(bed.handle());
-    EXPECT_TRUE(pumpUntil([&] { return GetFocus() == edit && !bed.log.empty(); }));
+    EXPECT_TRUE(hand::waitUntil([&] { return GetFocus() == edit && !bed.log.empty(); }));
     EXPECT_EQ(bed.log.size(), 1u);
 }
 
@@ -159,7 +154,7 @@ TEST_F(Editors, MayBeDestroyedAtAnyTime) {
     bed.open<CEditControl>("2", "");
     hand::type("3");
     SetFocus(bed.other);
-    EXPECT_EQ(bed.log, Log{"commit 3"});
+    EXPECT_EQ(bed.log, Texts{"commit 3"});
     EXPECT_EQ(bed.editor, nullptr);
 
     // Behind its own message box, and before that opened.
@@ -169,7 +164,7 @@ TEST_F(Editors, MayBeDestroyedAtAnyTime) {
         const DialogTrap trap([this](HWND) { bed.editor.reset(); });
         hand::key(VK_RETURN);
     }
-    EXPECT_EQ(bed.log, Log{"\"x\" is not a number"});
+    EXPECT_EQ(bed.log, Texts{"\"x\" is not a number"});
     bed.open<CPriceControl>("1", "");
     hand::type("x");
     SetFocus(bed.other);
@@ -186,7 +181,7 @@ TEST_F(Editors, MayBeDestroyedAtAnyTime) {
     EXPECT_TRUE(bed.log.empty());
 }
 
-const std::vector<std::string> kChoices{"E", "D"};
+const Texts kChoices{"E", "D"};
 
 HWND droppedList(HWND combo) {
     COMBOBOXINFO info{};
@@ -202,13 +197,13 @@ TEST_F(Editors, AChoiceIsTakenByKeyOrMouse) {
     hand::key(VK_DOWN);
     EXPECT_TRUE(bed.log.empty());
     hand::key(VK_RETURN);
-    EXPECT_EQ(bed.log, Log{"commit D"});
+    EXPECT_EQ(bed.log, Texts{"commit D"});
 
     bed.open<CComboControl>("yes", kChoices);
     EXPECT_EQ(text(), "yes") << "nothing changes silently";
     hand::key(VK_DOWN);
     SetFocus(bed.other);
-    EXPECT_EQ(bed.log, Log{"commit E"});
+    EXPECT_EQ(bed.log, Texts{"commit E"});
 
     combo = bed.open<CComboControl>("E", kChoices);
     hand::key(VK_F4);
@@ -224,7 +219,7 @@ TEST_F(Editors, AChoiceIsTakenByKeyOrMouse) {
     hand::key(VK_F4);
     hand::key(VK_DOWN);
     hand::key(VK_RETURN);
-    EXPECT_EQ(bed.log, Log{"commit D"});
+    EXPECT_EQ(bed.log, Texts{"commit D"});
 
     combo = bed.open<CComboControl>("E", kChoices);
     bed.editor->openedWithMouse();
@@ -233,31 +228,31 @@ TEST_F(Editors, AChoiceIsTakenByKeyOrMouse) {
     GetWindowRect(choices, &list);
     const auto row = static_cast<LONG>(SendMessageA(choices, LB_GETITEMHEIGHT, 0, 0));
     hand::click(POINT{list.left + 5, list.top + row + row / 2});
-    EXPECT_EQ(bed.log, Log{"commit D"});
+    EXPECT_EQ(bed.log, Texts{"commit D"});
 }
 
 TEST_F(Editors, DatesGoInAndOutInTheirForm) {
     bed.open<CDateTimeControl>("31/12/2023", DateTimeForm::date);
     hand::key(VK_UP);
     hand::key(VK_RETURN);
-    EXPECT_EQ(bed.log, Log{"commit 01/12/2023"});
+    EXPECT_EQ(bed.log, Texts{"commit 01/12/2023"});
 
     bed.open<CDateTimeControl>("05/06/2024", DateTimeForm::date);
     hand::type("7");
     hand::key(VK_RETURN);
-    EXPECT_EQ(bed.log, Log{"commit 07/06/2024"}) << "typed digits count at Enter";
+    EXPECT_EQ(bed.log, Texts{"commit 07/06/2024"}) << "typed digits count at Enter";
 
     bed.open<CDateTimeControl>("05/06/2024 10:20:30", DateTimeForm::dateAndTime);
     hand::key(VK_RIGHT);
     hand::key(VK_UP);
     SetFocus(bed.other);
-    EXPECT_EQ(bed.log, Log{"commit 05/07/2024 10:20:30"});
+    EXPECT_EQ(bed.log, Texts{"commit 05/07/2024 10:20:30"});
 
     // What was not touched comes back as it was.
     for (const char* before : {"5/6/2024", "soon", ""}) {
         bed.open<CDateTimeControl>(before, DateTimeForm::date);
         hand::key(VK_RETURN);
-        EXPECT_EQ(bed.log, Log{"commit"});
+        EXPECT_EQ(bed.log, Texts{"commit"});
     }
 }
 

@@ -1,24 +1,15 @@
 // The border: exports, start-up in both orders, hosts that lack services, shut-down and unloading.
-#include <gtest/gtest.h>
-
-#include "res/resource_ids.h"
+#include "framework/platform.h"
 #include "sdk/host_services.h"
 #include "sdk/host_text.h"
-#include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
 namespace {
 
 TEST(EntryPoints, AreTheSevenUndecoratedNames) {
     const LoadedPlugin plugin;
-    auto* base = reinterpret_cast<char*>(plugin.module());
-    auto* dos = reinterpret_cast<IMAGE_DOS_HEADER*>(base);
-    auto* nt = reinterpret_cast<IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
-    const auto& directory = nt->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT];
-    auto* exports = reinterpret_cast<IMAGE_EXPORT_DIRECTORY*>(base + directory.VirtualAddress);
-    auto* names = reinterpret_cast<DWORD*>(base + exports->AddressOfNames);
     std::set<std::string> found;
-    for (DWORD i = 0; i < exports->NumberOfNames; ++i) found.insert(base + names[i]);
+    for (const char* name : exportedNames(plugin.module())) found.insert(name);
     EXPECT_EQ(found, (std::set<std::string>{"GetVoskPluginInfo", "GetOptionalVoskPluginInfo",
                                             "InitVoskPlugin", "PluginProcessHotKey",
                                             "ProcessVoskPluginMsg", "HandlePublishMsg",
@@ -55,7 +46,7 @@ TEST(EntryPoints, TellWhatThePluginIs) {
     EXPECT_EQ(command(nullptr), 0);
 }
 
-TEST(StartUp, AfterTheFrameMakesThePaneButDoesNotSubscribe) {
+TEST(EntryPoints, AfterTheFrameMakesThePaneButDoesNotSubscribe) {
     LoadedPlugin plugin;
     const MainFrame frame;
     plugin.init();
@@ -73,59 +64,59 @@ TEST(StartUp, AfterTheFrameMakesThePaneButDoesNotSubscribe) {
     EXPECT_TRUE(IsWindowVisible(mainList()));
 }
 
-// Of the first caption, which a click sorts by.
-std::vector<COLORREF> captionPixels() {
-    InvalidateRect(header(), nullptr, TRUE);
-    UpdateWindow(header());
-    const HDC dc = GetDC(header());
-    std::vector<COLORREF> pixels;
-    for (int y = 0; y < 16; ++y)
-        for (int x = 0; x < 75; ++x) pixels.push_back(GetPixel(dc, x, y));
-    ReleaseDC(header(), dc);
-    return pixels;
-}
-
-TEST(StartUp, ASecondOneKeepsThePaneAndMakesANewOneInANewFrame) {
+TEST(EntryPoints, ASecondOneKeepsThePaneAndMakesANewOneInANewFrame) {
     LoadedPlugin plugin;
     plugin.init();
     auto frame = std::make_unique<MainFrame>();
     plugin.hotKey();
     plugin.publish(pending("1", "339", {{31003, "U1"}}));
-    const auto plain = captionPixels();
+    const auto plain = picture(header());
     hand::click(captionPoint(0));
-    const auto sorted = captionPixels();
+    const auto sorted = picture(header());
     EXPECT_NE(sorted, plain);
     plugin.init();
     EXPECT_EQ(rowCount(mainList()), 1);
-    EXPECT_EQ(captionPixels(), sorted) << "the sort image went";
+    EXPECT_EQ(picture(header()), sorted) << "the sort image went";
 
     frame = std::make_unique<MainFrame>();
     plugin.init();
     ASSERT_NE(findPane(), nullptr);
     EXPECT_EQ(rowCount(mainList()), 0) << "nothing of the pane that went with its frame";
-    EXPECT_EQ(captionPixels(), plain);
+    EXPECT_EQ(picture(header()), plain);
     plugin.publish(pending("2", "339", {{31003, "U2"}}));
     selectRows(mainList(), {0});
     hand::click(button("Accept"));
     EXPECT_EQ(host().sent.size(), 1u);
 }
 
-TEST(StartUp, TheHotKeySubscribesOnceForAPaneOfItsOwn) {
+TEST(EntryPoints, TheHotKeySubscribesOnceForAPaneOfItsOwn) {
     LoadedPlugin plugin;
     plugin.init();
     plugin.publish(pending("1", "339"));  // no workbench yet
     const MainFrame frame;
+    // A pane that cannot be made is tried again by the next hot key.
+    const auto refuse = [](int code, WPARAM wParam, LPARAM lParam) -> LRESULT {
+        if (code == HCBT_CREATEWND && classOf(reinterpret_cast<HWND>(wParam)) == "#32770") return 1;
+        return CallNextHookEx(nullptr, code, wParam, lParam);
+    };
+    const HHOOK hook = SetWindowsHookExA(WH_CBT, refuse, nullptr, GetCurrentThreadId());
+    plugin.hotKey();
+    UnhookWindowsHookEx(hook);
+    EXPECT_EQ(findPane(), nullptr);
+    EXPECT_TRUE(host().subscriptions.empty());
+    plugin.publish(pending("1", "339"));  // a workbench without a window
+
     plugin.hotKey();
     const HWND pane = findPane();
     ASSERT_NE(pane, nullptr);
+    EXPECT_EQ(rowCount(mainList()), 0);
     plugin.hotKey();
     EXPECT_EQ(findPane(), pane);
     EXPECT_EQ(host().subscriptions, (std::vector<Fields>{{{64056, ""}, {63713, ""}, {51803, ""}}}));
-    EXPECT_EQ(rowCount(mainList()), 0);
 }
 
 // What else a host has on its thread comes and goes, and would take the pane along.
-TEST(StartUp, TakesTheFrameAndNothingElse) {
+TEST(EntryPoints, TakesTheFrameAndNothingElse) {
     LoadedPlugin plugin;
     plugin.init();
     const MainFrame frame;
@@ -153,60 +144,35 @@ TEST(StartUp, TakesTheFrameAndNothingElse) {
     }
 }
 
-TEST(StartUp, APaneThatCannotBeMadeIsTriedAgainByTheNextHotKey) {
-    LoadedPlugin plugin;
-    plugin.init();
-    const MainFrame frame;
-    const auto refuse = [](int code, WPARAM wParam, LPARAM lParam) -> LRESULT {
-        if (code == HCBT_CREATEWND && classOf(reinterpret_cast<HWND>(wParam)) == "#32770") return 1;
-        return CallNextHookEx(nullptr, code, wParam, lParam);
-    };
-    const HHOOK hook = SetWindowsHookExA(WH_CBT, refuse, nullptr, GetCurrentThreadId());
-    plugin.hotKey();
-    UnhookWindowsHookEx(hook);
-    EXPECT_EQ(findPane(), nullptr);
-    EXPECT_TRUE(host().subscriptions.empty());
-    plugin.publish(pending("1", "339"));  // a workbench without a window
-
-    plugin.hotKey();
-    EXPECT_NE(findPane(), nullptr);
-    EXPECT_EQ(host().subscriptions.size(), 1u);
-}
-
-TEST(MissingServices, WithoutIdentityThePluginStaysIdle) {
-    for (const char* service : {kPuGetPeerData, kPuGetUserPrivilige}) {
-        const HiddenExport hidden(service);
+TEST(Hosts, WithoutIdentityThePluginStaysIdle) {
+    const struct {
+        const char* missing;
+        bool hotKey;
+    } cases[] = {{kPuGetPeerData, false}, {kPuGetUserPrivilige, false}, {kPuGetPeerData, true}};
+    for (const auto& [missing, hotKey] : cases) {
+        const HiddenExport hidden(missing);
         const MainFrame frame;
         LoadedPlugin plugin;
         const DialogTrap boxes;
-        plugin.init();
-        EXPECT_EQ(boxes.texts, std::vector<std::string>{"Exe is not compatible with ZEK"})
-            << service;
-        EXPECT_EQ(findPane(), nullptr) << service;
+        hotKey ? plugin.hotKey() : plugin.init();
+        EXPECT_EQ(boxes.texts, Texts{"Exe is not compatible with ZEK"}) << missing << hotKey;
+        EXPECT_EQ(findPane(), nullptr) << missing << hotKey;
     }
-    const HiddenExport hidden(kPuGetPeerData);
-    const MainFrame frame;
-    LoadedPlugin plugin;
-    const DialogTrap boxes;
-    plugin.hotKey();
-    EXPECT_EQ(boxes.texts, std::vector<std::string>{"Exe is not compatible with ZEK"});
-    EXPECT_EQ(findPane(), nullptr);
 }
 
-TEST(MissingServices, WithoutAConnectionThePaneOpens) {
+TEST(Hosts, WithoutAConnectionThePaneOpens) {
     const HiddenExport hidden(kGetQuonRxControl);
     const DialogTrap boxes;
     OpenWorkbench open;
-    EXPECT_EQ(boxes.texts, std::vector<std::string>{"From ZEK Connection to quon failed"});
+    EXPECT_EQ(boxes.texts, Texts{"From ZEK Connection to quon failed"});
     ASSERT_NE(findPane(), nullptr);
     EXPECT_EQ(open.plugin.exit(), 1);
-    EXPECT_EQ(host().log, (std::vector<std::string>{
-                              "Maker Checker Zek Message : Failed to subscribe ",
-                              "Maker Checker Zek Message : Failed to Unsubscribe",
-                              "Maker Checker Zek Message : Destroying Quon Connection Failed"}));
+    EXPECT_EQ(host().log, (Texts{"Maker Checker Zek Message : Failed to subscribe ",
+                                 "Maker Checker Zek Message : Failed to Unsubscribe",
+                                 "Maker Checker Zek Message : Destroying Quon Connection Failed"}));
 }
 
-TEST(ShutDown, DestroysThePaneAndUnsubscribes) {
+TEST(Hosts, ExitDestroysThePaneAndUnsubscribes) {
     OpenWorkbench open;
     open.plugin.publish(pending("1", "339"));
     EXPECT_EQ(open.plugin.exit(), 1);
@@ -219,7 +185,7 @@ TEST(ShutDown, DestroysThePaneAndUnsubscribes) {
     EXPECT_NE(findPane(), nullptr);
 }
 
-TEST(ShutDown, AFrameThatGoesFirstTakesThePaneAlong) {
+TEST(Hosts, AFrameThatGoesFirstTakesThePaneAlong) {
     for (const bool docks : {true, false}) {
         LoadedPlugin plugin;
         plugin.init();
@@ -235,7 +201,7 @@ TEST(ShutDown, AFrameThatGoesFirstTakesThePaneAlong) {
     }
 }
 
-TEST(ShutDown, ManyLoadsLeaveNothing) {
+TEST(Hosts, ManyLoadsLeaveNothing) {
     const MainFrame frame;
     const auto once = [&] {
         LoadedPlugin plugin;
@@ -264,6 +230,64 @@ TEST(ShutDown, ManyLoadsLeaveNothing) {
         EXPECT_FALSE(GetClassInfoExA(again, name, &left)) << name;
     }
     FreeLibrary(again);
+}
+
+// ---- Hosts as they are (console/minimal is one that has no common controls itself): without a
+// manifest, as this one is, and on Windows without what is newer.
+
+TEST(Hosts, TipsOfEveryKindAreMade) {
+    const OpenWorkbench open;
+    std::set<std::string> found;
+    for (const HWND tip : tips()) {
+        char text[256]{};
+        TTTOOLINFOA tool{};
+        tool.cbSize = TTTOOLINFOA_V2_SIZE;
+        tool.lpszText = text;
+        for (WPARAM each = 0;
+             SendMessageA(tip, TTM_ENUMTOOLSA, each, reinterpret_cast<LPARAM>(&tool)) != 0; ++each)
+            found.insert(text);
+    }
+    EXPECT_TRUE(found.contains("Accept the selected changes (Ctrl+Shift+Y)")) << "of a button";
+    EXPECT_TRUE(found.contains("Entity Name")) << "of a caption";
+}
+
+// What older Windows answers in the stead of each function, at the system's dots per inch.
+TEST(Hosts, OlderWindowsGivesTheSameAtItsOwnDotsPerInch) {
+    const MainFrame frame;
+    const auto answers = [&] {
+        const int dpi = fw::dpiOf(frame.handle());
+        LOGFONTW font{};
+        GetObjectW(fw::systemFont(&NONCLIENTMETRICSW::lfMessageFont, 2 * dpi).get(), sizeof font,
+                   &font);
+        const RECT around = fw::windowAround({0, 0, 50, 50}, WS_POPUP | WS_CAPTION, 0, dpi);
+        return std::vector<long>{dpi,         fw::systemDpi(), fw::metric(SM_CXVSCROLL, 2 * dpi),
+                                 around.left, around.top,      font.lfHeight};
+    };
+    const auto now = answers();
+    fw::NewerWindows& newer = fw::newerWindows();
+    const fw::NewerWindows all = std::exchange(newer, {});
+    EXPECT_EQ(answers(), now);
+    newer = all;
+}
+
+// Nothing asks the host for a menu, and none opens before what asked for it has returned.
+TEST(Hosts, MenusClimbNowhereAndOpenLater) {
+    const OpenWorkbench open;
+    for (const HWND window : {header(), mainList(), button("Accept"), findPane(), details()}) {
+        const LPARAM at = MAKELPARAM(5, 5);
+        PostMessageA(window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), at);
+        hand::waitUntil([] { return GetQueueStatus(QS_POSTMESSAGE) == 0; });
+        SendMessageA(window, WM_RBUTTONDOWN, 0, at);
+        SendMessageA(window, WM_RBUTTONUP, 0, at);
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        GetGUIThreadInfo(GetCurrentThreadId(), &info);
+        EXPECT_EQ(info.flags & GUI_INMENUMODE, 0u) << classOf(window);
+        MSG menu;
+        while (PeekMessageA(&menu, nullptr, WM_APP, 0xBFFF, PM_REMOVE))
+            continue;  // the menus, unopened
+    }
+    EXPECT_EQ(host().contextMenus, 0);
 }
 
 }  // namespace

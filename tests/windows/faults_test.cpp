@@ -1,14 +1,7 @@
 // The system refuses what the plug-in asks for, once and at every point of its start-up: no crash,
 // nothing is left over, and the next start works.
-#include <gtest/gtest.h>
-
-#include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <deque>
-#include <functional>
-#include <string>
-#include <utility>
 
 #include "console/holdings.h"
 #include "tests/checked/failing_allocation.h"
@@ -66,8 +59,7 @@ private:
     template <int number, class Function>
     void replace(const char* name) {
         using Instead = Failing<number, Function>;
-        const auto& import = m_imports.emplace_back(
-            name, reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&Instead::call)));
+        const auto& import = m_imports.emplace_back(name, &Instead::call);
         EXPECT_TRUE(import.found()) << name;
         Instead::real = reinterpret_cast<Function>(reinterpret_cast<void*>(import.before()));
     }
@@ -130,7 +122,7 @@ void endIt(LoadedPlugin& plugin) {
 void expectWorking(LoadedPlugin& plugin) {
     useOnce(plugin);
     ASSERT_NE(mainList(), nullptr);
-    EXPECT_EQ(column(2), (std::vector<std::string>{"1", "2", "3"}));
+    EXPECT_EQ(column(2), (Texts{"1", "2", "3"}));
     EXPECT_GT(rowCount(details()), 3);
     endIt(plugin);
 }

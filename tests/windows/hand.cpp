@@ -5,14 +5,13 @@
 #include <algorithm>
 #include <deque>
 
-#include <gtest/gtest.h>
-
 #include "tests/windows/test_host.h"
 
 namespace hand {
 namespace {
 
-constexpr ULONGLONG kMaxIdle = 5000;  // milliseconds that a loop may wait for input
+constexpr ULONGLONG kMaxIdle = 5000;   // milliseconds that a loop may wait for input
+constexpr ULONGLONG kMaxWait = 10000;  // milliseconds until a condition that is waited for
 constexpr WORD kExtended[] = {VK_UP,    VK_DOWN, VK_LEFT,   VK_RIGHT,  VK_HOME, VK_END,
                               VK_PRIOR, VK_NEXT, VK_INSERT, VK_DELETE, VK_APPS};
 
@@ -300,7 +299,7 @@ void duringEach(const Step& act, const Step& each) {
 }
 
 bool waitUntil(const std::function<bool()>& condition) {
-    const ULONGLONG end = GetTickCount64() + 2000;
+    const ULONGLONG end = GetTickCount64() + kMaxWait;
     run([&] { return condition() || GetTickCount64() > end; });
     return condition();
 }
@@ -331,12 +330,8 @@ POINT middle(HWND window) {
 }
 
 POINT cell(HWND list, int row, int column) {
-    RECT place{LVIR_LABEL, column, 0, 0};
-    SendMessageA(list, LVM_GETSUBITEMRECT, static_cast<WPARAM>(row),
-                 reinterpret_cast<LPARAM>(&place));
-    POINT at{place.left + 5, (place.top + place.bottom) / 2};
-    ClientToScreen(list, &at);
-    return at;
+    const RECT place = onScreen(list, cellRect(list, row, column));
+    return {place.left + 5, (place.top + place.bottom) / 2};
 }
 
 }  // namespace hand

@@ -56,7 +56,7 @@ void during(const Step& act, std::vector<Step> steps);
 // the loop some time.
 void duringEach(const Step& act, const Step& each);
 
-// Handles messages until `condition` holds; false when it does not within two seconds.
+// Handles messages until `condition` holds; false when it does not within ten seconds.
 bool waitUntil(const std::function<bool()>& condition);
 
 // The points that are used above.

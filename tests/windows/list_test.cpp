@@ -1,27 +1,19 @@
 // The main list as a checker uses it: sorting, copying, exporting, columns of an older session.
-#include <gtest/gtest.h>
-
+#include "framework/header.h"
 #include "listctrl/dialogs/progress.h"
-#include "res/resource_ids.h"
+#include "listctrl/model/list_commands.h"
 #include "sdk/host_services.h"
-#include "tests/windows/hand.h"
+#include "tests/windows/replaced_import.h"
 #include "tests/windows/test_host.h"
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 int sortImage(int item) {
-    HDITEMA info{};
-    info.mask = HDI_IMAGE | HDI_FORMAT;
-    SendMessageA(header(), HDM_GETITEMA, static_cast<WPARAM>(item),
-                 reinterpret_cast<LPARAM>(&info));
-    return (info.fmt & HDF_IMAGE) != 0 ? info.iImage : 0;
+    return fw::Header(header()).item(item).image;
 }
 
-class List : public testing::Test {
-protected:
-    List() {
+struct Four : OpenWorkbench {
+    Four() {
         const struct {
             const char *key, *code, *user;
         } changes[] = {{"9", "340", "Bela"},
@@ -29,13 +21,13 @@ protected:
                        {"100", "340", "Chitra"},
                        {"11", "365", "ASHOK"}};
         for (const auto& each : changes)
-            open.plugin.publish(pending(each.key, each.code, {{31003, each.user}}));
+            plugin.publish(pending(each.key, each.code, {{31003, each.user}}));
         hand::clickRow(mainList(), 0);
     }
-    OpenWorkbench open;
 };
 
-TEST_F(List, SortsByAClickOnACaption) {
+TEST(List, SortsByAClickOnACaption) {
+    Four open;
     hand::click(captionPoint(2));  // keys are numbers
     EXPECT_EQ(column(2), (Texts{"9", "10", "11", "100"}));
     EXPECT_EQ(sortImage(2), 1);
@@ -60,7 +52,8 @@ std::string clipboardText() {
     return text;
 }
 
-TEST_F(List, CopiesTheSelectedRowsWhereTheHostLetsIt) {
+TEST(List, CopiesTheSelectedRowsWhereTheHostLetsIt) {
+    Four open;
     selectRows(mainList(), {1, 3});
     hand::key('C', hand::kCtrl);
     EXPECT_EQ(clipboardText(),
@@ -74,7 +67,8 @@ TEST_F(List, CopiesTheSelectedRowsWhereTheHostLetsIt) {
     EXPECT_EQ(clipboardText().substr(0, 4), "asha");
 }
 
-TEST_F(List, ExportsWhatItShows) {
+TEST(List, ExportsWhatItShows) {
+    Four open;
     char folder[MAX_PATH]{};
     GetTempPathA(sizeof folder, folder);
     SetEnvironmentVariableA("ZEK_EXPORT_DIR", folder);
@@ -93,7 +87,7 @@ TEST_F(List, ExportsWhatItShows) {
 }
 
 // Only the user's input and painting are handled while work goes on.
-TEST(Progress, IsSeenAndGivenUp) {
+TEST(List, ProgressIsSeenAndGivenUp) {
     OpenWorkbench open;
     PostMessageA(findPane(), WM_COMMAND, IDCANCEL, 0);
     const auto dialog = [] { return FindWindowA("#32770", "Copying"); };
@@ -120,17 +114,81 @@ TEST(Progress, IsSeenAndGivenUp) {
     EXPECT_TRUE(mc::runWithProgress("Copying", 1, [](const auto& step) { step(0); }));
 }
 
-TEST(ListProfile, AnInvalidExpressionIsToldOnceNotPerRow) {
+TEST(List, AnInvalidExpressionIsToldOnceNotPerRow) {
     const StoredProfile stored(
         "0,0,75,1,1,75,2,2,75,3,3,75,4,4,75,5,5,75,6,6,80,Bad#2 \"2\"#2 Key");
     const DialogTrap boxes;
-    OpenWorkbench open;
-    for (const char* key : {"30", "4", "100"}) open.plugin.publish(pending(key, "340"));
-    pumpUntil([&] { return !boxes.texts.empty(); });
+    const OpenWorkbench open({"30", "4", "100"});
+    hand::waitUntil([&] { return !boxes.texts.empty(); });
     RedrawWindow(mainList(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
     pump();
     EXPECT_EQ(boxes.texts, Texts{"Invalid Expression,while calculating value"});
     EXPECT_EQ(rowTexts(mainList(), 0, 7)[6], "");
+}
+
+// Work is long for the plug-in: each look at the clock finds it far on. At the first look Esc is
+// pressed, and another key behind it.
+std::vector<WORD> theKeys;
+
+ULONGLONG WINAPI fastClock() {
+    static ULONGLONG now = 0;
+    for (const WORD key : std::exchange(theKeys, {}))
+        for (const DWORD up : {0, KEYEVENTF_KEYUP}) {
+            INPUT input{};
+            input.type = INPUT_KEYBOARD;
+            input.ki.wVk = key;
+            input.ki.dwFlags = up;
+            SendInput(1, &input, sizeof input);
+        }
+    return now += 1000;
+}
+
+TEST(List, EscEndsLongWorkAndDoesNothingElse) {
+    OpenWorkbench open;
+    for (int i = 0; i < 4200; ++i)
+        open.plugin.publish(pending(std::to_string(i * 11 % 4200 + 1000), "340",
+                                    {{31003, "U" + std::to_string(i * 13 % 4200)}}));
+    pump();
+    hand::clickRow(mainList(), 3);
+    hand::click(filterEdit(0));
+    hand::type("U");
+    hand::key(VK_RETURN);
+    const LONG width = headerItem(0).right;
+    const auto firstRows = [] {
+        Texts keys;
+        for (int row = 0; row < 20; ++row) keys.push_back(rowTexts(mainList(), row)[2]);
+        return keys;
+    };
+    const Texts before = firstRows();
+    const ReplacedImport clock("GetTickCount64", fastClock);
+    ASSERT_TRUE(clock.found());
+    const auto isAsBefore = [&](const char* what) {
+        EXPECT_TRUE(theKeys.empty()) << what << " asked";
+        EXPECT_EQ(firstRows(), before) << what;
+        EXPECT_EQ(textOf(filterEdit(0)), "U") << what;
+        EXPECT_EQ(headerItem(0).right, width) << what;
+        EXPECT_NE(GetCursor(), LoadCursorA(nullptr, IDC_WAIT)) << what;
+    };
+    SetFocus(mainList());
+    theKeys = {VK_ESCAPE, VK_DOWN};
+    hand::click(captionPoint(2));
+    isAsBefore("sort");
+    EXPECT_EQ(selectedRows(), Rows{4}) << "the other key came";
+    theKeys = {VK_ESCAPE};
+    SendMessageA(mainList(), WM_COMMAND, mc::kFitToDataCommand, 0);
+    isAsBefore("fit");
+    hand::click(filterEdit(0));
+    theKeys = {VK_ESCAPE};
+    hand::type("9");
+    hand::key(VK_RETURN);
+    isAsBefore("filter");
+    theKeys = {VK_ESCAPE};
+    hand::key(VK_F4);
+    isAsBefore("choices");
+    EXPECT_FALSE(isDropped(0));
+    theKeys = {VK_DOWN, VK_ESCAPE};
+    hand::click(captionPoint(2));
+    EXPECT_NE(firstRows(), before) << "keys that were pressed before Esc come first";
 }
 
 }  // namespace

@@ -1,13 +1,9 @@
 // The plug-in, its frame or its library go while a message box, a menu or a dialog of it is open.
-#include <gtest/gtest.h>
-
 #include "details/model/line_groups.h"
 #include "listctrl/filter_list_ctrl.h"
 #include "listctrl/model/list_commands.h"
-#include "res/resource_ids.h"
 #include "sdk/host_services.h"
 #include "settings/settings_store.h"
-#include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
 using namespace mc;
@@ -37,8 +33,7 @@ void command(unsigned id) {
 void editLimit(const char* text) {
     hand::doubleClickRow(mainList(), 4);
     answer(limitsAnswer("5"));
-    hand::doubleClickRow(details(), 2, 1);
-    hand::type(text);
+    edit(2, text);
     hand::key(VK_RETURN);
 }
 
@@ -58,8 +53,7 @@ const struct Opening {
      1},
     {"an error box of Recover, floating",
      [] {
-         const RECT pane = onScreen(findPane());
-         hand::doubleClick(POINT{pane.left + 200, pane.top + 8});
+         floatPane();
          host().sends = false;
          clickButton("Recover");
      },
@@ -84,20 +78,14 @@ const struct Opening {
 
 // The windows of the thread that the user sees, without menus.
 int visibleWindows(bool dialogsOnly = false) {
-    struct Count {
-        bool dialogsOnly;
-        int windows = 0;
-    } count{dialogsOnly};
-    const auto add = [](HWND window, LPARAM into) -> BOOL {
-        auto& counted = *reinterpret_cast<Count*>(into);
+    int count = 0;
+    findWindow(nullptr, [&](HWND window) {
         const std::string name = classOf(window);
-        if (IsWindowVisible(window) != 0 && name != "#32768" &&
-            (!counted.dialogsOnly || name == "#32770"))
-            ++counted.windows;
-        return TRUE;
-    };
-    EnumThreadWindows(GetCurrentThreadId(), add, reinterpret_cast<LPARAM>(&count));
-    return count.windows;
+        if (IsWindowVisible(window) != 0 && name != "#32768" && (!dialogsOnly || name == "#32770"))
+            ++count;
+        return false;
+    });
+    return count;
 }
 
 // ---- What happens behind it ----
@@ -169,7 +157,7 @@ void expectNothingAfter(const Opening& opening, const Event& event) {
         open.plugin.publish(pending("4", "339", {{54036, "INVESTOR_CLIENT"}, {31003, "INV"}}));
         open.plugin.publish(pending("5", "360", {{54001, "C1"}}));
         pump();
-        std::vector<std::string> log;
+        Texts log;
         std::size_t sent = 0;
         std::vector<hand::Step> steps;
         if (*opening.typed != '\0') steps.emplace_back([&] { hand::type(opening.typed); });
@@ -184,7 +172,7 @@ void expectNothingAfter(const Opening& opening, const Event& event) {
         EXPECT_EQ(host().log, log);
         EXPECT_EQ(host().sent.size(), sent);
         if (event.happens == exitAndFree)
-            EXPECT_TRUE(pumpUntil([] { return !pluginIsLoaded(); }));
+            EXPECT_TRUE(hand::waitUntil([] { return !pluginIsLoaded(); }));
         else
             expectWorking(open);
     }
@@ -212,7 +200,7 @@ TEST(Lives, StartUpEndsBehindItsOwnBox) {
             const HiddenExport hidden(each.missing);
             DialogTrap boxes([&](HWND) { open.plugin.exit(); });
             open.plugin.hotKey();
-            EXPECT_EQ(boxes.texts, std::vector<std::string>{each.text});
+            EXPECT_EQ(boxes.texts, Texts{each.text});
             EXPECT_EQ(findPane(), nullptr);
         }
         EXPECT_EQ(host().subscriptions.size(), 1u) << "by the first workbench only";
@@ -278,7 +266,7 @@ TEST(Lives, ABoxBehindAnotherProgramIsOwnedByThePanesWindow) {
     };
     const HWND frame = open.frame->handle();
     EXPECT_EQ(ownerOfBox(), frame) << "docked";
-    SendMessageA(findPane(), WM_NCLBUTTONDBLCLK, HTCAPTION, 0);
+    floatPane();
     const HWND floating = GetParent(findPane());
     ASSERT_NE(floating, frame);
     EXPECT_EQ(ownerOfBox(), floating) << "floating";

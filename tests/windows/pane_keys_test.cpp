@@ -1,12 +1,7 @@
 // What presses a button of the pane and what does not, and whose a key is, by a real hand.
-#include <gtest/gtest.h>
-
-#include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
 namespace {
-
-using Texts = std::vector<std::string>;
 
 // The decisions and requests that left since the last call.
 Texts sent() {
@@ -22,23 +17,23 @@ Texts sent() {
 const std::string kRecover = "om_get_functionality_details";
 const std::string kDetails = "om_get_auth_user_details";
 
-class PaneKeys : public testing::Test {
-protected:
-    void SetUp() override {
-        for (const char* key : {"1", "2", "3"})
-            open.plugin.publish(pending(key, "340", {{31003, "U"}}));
-        pump();
-        hand::clickRow(mainList(), 0);
-    }
-    OpenWorkbench open;
+// Three changes, of which the first is selected.
+struct FirstSelected : OpenWorkbench {
+    FirstSelected() : OpenWorkbench({"1", "2", "3"}) { hand::clickRow(mainList(), 0); }
 };
 
 void rejectAndEsc() {
     hand::during([] { hand::click(button("Reject")); }, {[] { hand::key(VK_ESCAPE); }});
 }
 
+void onAccept(WORD key, int repeats = 0) {
+    SetFocus(button("Accept"));
+    hand::hold(key, repeats);
+}
+
 // Each begins with the first row selected and the focus in the main list.
-TEST_F(PaneKeys, ADecisionNeedsItsOwnButton) {
+TEST(PaneKeys, ADecisionNeedsItsOwnButton) {
+    const FirstSelected open;
     const struct {
         const char* what;
         std::function<void()> act;
@@ -64,18 +59,10 @@ TEST_F(PaneKeys, ADecisionNeedsItsOwnButton) {
              hand::during([] { hand::key(VK_RETURN); }, {[] { hand::key(VK_ESCAPE); }});
          },
          {}},
-        {"Enter on Accept",
-         [] { SetFocus(button("Accept")), hand::key(VK_RETURN); },
-         {"accepted 1"}},
-        {"Enter held on Accept",
-         [] { SetFocus(button("Accept")), hand::hold(VK_RETURN, 5); },
-         {"accepted 1"}},
-        {"Space on Accept",
-         [] { SetFocus(button("Accept")), hand::key(VK_SPACE); },
-         {"accepted 1"}},
-        {"Space held on Accept",
-         [] { SetFocus(button("Accept")), hand::hold(VK_SPACE, 5); },
-         {"accepted 1"}},
+        {"Enter on Accept", [] { onAccept(VK_RETURN); }, {"accepted 1"}},
+        {"Enter held on Accept", [] { onAccept(VK_RETURN, 5); }, {"accepted 1"}},
+        {"Space on Accept", [] { onAccept(VK_SPACE); }, {"accepted 1"}},
+        {"Space held on Accept", [] { onAccept(VK_SPACE, 5); }, {"accepted 1"}},
         // Posted: a hand's space would also have gone down where it was before.
         {"a space held since before",
          [] {
@@ -95,7 +82,13 @@ TEST_F(PaneKeys, ADecisionNeedsItsOwnButton) {
              hand::key(VK_RETURN);  // Update, with nothing to send
          },
          {}},
-        {"Esc on Accept", [] { SetFocus(button("Accept")), hand::key(VK_ESCAPE); }, {}},
+        {"Esc anywhere",
+         [] {
+             for (const HWND focus : {mainList(), details(), bar(), button("Accept")})
+                 SetFocus(focus), hand::key(VK_ESCAPE);
+             EXPECT_TRUE(IsWindowVisible(findPane()));
+         },
+         {}},
         {"Y", [] { hand::key('Y'); }, {}},
         {"Ctrl+Shift+Alt+Y, a character to some keyboards",
          [] {
@@ -126,7 +119,8 @@ TEST_F(PaneKeys, ADecisionNeedsItsOwnButton) {
 }
 
 // The second click of a double-click on a box's button falls on what the box covered.
-TEST_F(PaneKeys, ADoubleClickThatClosesABoxPressesNothingBelow) {
+TEST(PaneKeys, ADoubleClickThatClosesABoxPressesNothingBelow) {
+    const FirstSelected open;
     hand::during([] { hand::click(button("Reject")); }, {[] {
                      const HWND dialog = GetActiveWindow();
                      const POINT ok = hand::middle(GetDlgItem(dialog, IDOK));
@@ -142,18 +136,19 @@ TEST_F(PaneKeys, ADoubleClickThatClosesABoxPressesNothingBelow) {
 }
 
 // A key that opened a box and is still held does not answer the box.
-TEST_F(PaneKeys, AHeldKeyDoesNotAnswerTheBoxThatItOpened) {
+TEST(PaneKeys, AHeldKeyDoesNotAnswerTheBoxThatItOpened) {
+    const FirstSelected open;
     host().sends = false;
-    SetFocus(button("Accept"));
     int boxes = 0;
-    hand::during([] { hand::hold(VK_RETURN, 5); }, {[&boxes] {
+    hand::during([] { onAccept(VK_RETURN, 5); }, {[&boxes] {
                      boxes += classOf(GetActiveWindow()) == "#32770";
                      hand::key(VK_ESCAPE);
                  }});
     EXPECT_EQ(boxes, 1);
 }
 
-TEST_F(PaneKeys, OnlyTheButtonWithTheFocusIsDrawnAsTheDefaultOne) {
+TEST(PaneKeys, OnlyTheButtonWithTheFocusIsDrawnAsTheDefaultOne) {
+    const FirstSelected open;
     const auto drawn = [] {
         Texts texts;
         for (const char* text : {"Accept", "Reject", "Update", "Recover"})
@@ -170,7 +165,8 @@ TEST_F(PaneKeys, OnlyTheButtonWithTheFocusIsDrawnAsTheDefaultOne) {
     EXPECT_EQ(drawn(), Texts{});
 }
 
-TEST_F(PaneKeys, TabGoesFromTheButtonsThroughTheListsAndTheBar) {
+TEST(PaneKeys, TabGoesFromTheButtonsThroughTheListsAndTheBar) {
+    const FirstSelected open;
     const auto next = [](HWND from) {
         SetFocus(from);
         hand::key(VK_TAB);
@@ -187,22 +183,10 @@ TEST_F(PaneKeys, TabGoesFromTheButtonsThroughTheListsAndTheBar) {
     EXPECT_EQ(sent(), Texts{});
 }
 
-TEST_F(PaneKeys, EscEndsADragAndNeverClosesThePane) {
-    const LONG before = onScreen(bar()).top;
-    const POINT from = hand::middle(bar());
-    hand::drag(from, {from.x, from.y + 40}, true);
-    EXPECT_EQ(onScreen(bar()).top, before);
-    for (const HWND focus : {mainList(), details(), button("Accept"), bar()}) {
-        SetFocus(focus);
-        hand::key(VK_ESCAPE);
-    }
-    EXPECT_TRUE(IsWindowVisible(findPane()));
-    EXPECT_EQ(sent(), Texts{});
-}
-
 // The menu's loop of some systems takes keys out of the queue as a host's does. Posted and taken
 // here, as which call takes a key is what counts.
-TEST_F(PaneKeys, ThePaneTakesNoKeyWhileAMenuIsOpen) {
+TEST(PaneKeys, ThePaneTakesNoKeyWhileAMenuIsOpen) {
+    const FirstSelected open;
     const auto taken = [](UINT flags) {
         PostMessageA(mainList(), WM_KEYDOWN, VK_RETURN, 1);
         MSG message{};
@@ -223,8 +207,8 @@ TEST_F(PaneKeys, ThePaneTakesNoKeyWhileAMenuIsOpen) {
 
 // The host's accelerators hold every key of the lists and of the pane; what the lists do not use
 // goes to the host.
-TEST_F(PaneKeys, TheListsKeysComeBeforeTheHostsAccelerators) {
-    host().restricted.clear();
+TEST(PaneKeys, TheListsKeysComeBeforeTheHostsAccelerators) {
+    const FirstSelected open;
     const struct {
         const char* what;
         WORD key;
@@ -270,7 +254,7 @@ TEST_F(PaneKeys, TheListsKeysComeBeforeTheHostsAccelerators) {
     DestroyAcceleratorTable(accelerators);
 }
 
-TEST(PaneFocus, F6GoesToTheConsoleAndBackToWhereItWas) {
+TEST(PaneKeys, F6GoesToTheConsoleAndBackToWhereItWas) {
     for (const bool docks : {true, false}) {
         host() = HostState{};
         LoadedPlugin plugin;

@@ -1,47 +1,38 @@
 // What the press line says of the buttons, its action, and opening the next change in one stroke.
-#include <gtest/gtest.h>
-
-#include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
 namespace {
-
-using Texts = std::vector<std::string>;
-
-HWND line() {
-    return FindWindowExA(findPane(), nullptr, "MakerChecker.PressLine", nullptr);
-}
 
 Fields half(const char* key, const char* code, Fields more) {
     more.insert(more.begin(), {54036, "INVESTOR_CLIENT"});
     return pending(key, code, more);
 }
 
-TEST(PressLine, FollowsSelectionMouseAndFocus) {
-    OpenWorkbench open;
-    open.plugin.publish(pending("1", "340", {{31003, "U"}}));
+TEST(Presses, FollowsSelectionMouseAndFocus) {
+    OpenWorkbench open({"1"});
     open.plugin.publish(pending("2", "354", {{54001, "C"}}));
     pump();
-    EXPECT_EQ(textOf(line()), "Accept nothing: no change is selected");
+    const HWND line = GetDlgItem(findPane(), IDC_PRESS_LINE);
+    EXPECT_EQ(pressLine(), "Accept nothing: no change is selected");
     const RECT buttons = onScreen(button("Accept")), list = onScreen(header());
-    EXPECT_GE(onScreen(line()).top, buttons.bottom);
-    EXPECT_LE(onScreen(line()).bottom, list.top);
+    EXPECT_GE(onScreen(line).top, buttons.bottom);
+    EXPECT_LE(onScreen(line).bottom, list.top);
     hand::clickRow(mainList(), 0);
-    EXPECT_EQ(textOf(line()), "Accept 1 MODIFY USER U, not looked at");
+    EXPECT_EQ(pressLine(), "Accept 1 MODIFY USER U, not looked at");
     hand::moveTo(hand::middle(button("Reject")));
-    EXPECT_EQ(textOf(line()), "Reject 1 MODIFY USER U, not looked at");
+    EXPECT_EQ(pressLine(), "Reject 1 MODIFY USER U, not looked at");
     hand::moveTo(hand::middle(details()));
-    EXPECT_TRUE(hand::waitUntil([] { return textOf(line()).starts_with("Accept"); }));
+    EXPECT_TRUE(hand::waitUntil([] { return pressLine().starts_with("Accept"); }));
     SetFocus(button("Recover"));
-    EXPECT_EQ(textOf(line()), "Recover: asks for everything that is pending");
+    EXPECT_EQ(pressLine(), "Recover: asks for everything that is pending");
     SetFocus(mainList());
     open.plugin.publish(outcome("1", "accepted"));
-    EXPECT_EQ(textOf(line()),
+    EXPECT_EQ(pressLine(),
               "Selected by the list, not looked at: Accept 2 MODIFY CLIENT C, not looked at");
 }
 
 // The other half is hidden by a filter, which goes for it.
-TEST(PressLine, SelectsTheOtherHalf) {
+TEST(Presses, SelectsTheOtherHalf) {
     OpenWorkbench open;
     open.plugin.publish(half("1", "339", {{31003, "INV1"}}));
     open.plugin.publish(half("2", "353", {{54001, "CL1"}, {31003, "INV1"}}));
@@ -50,16 +41,17 @@ TEST(PressLine, SelectsTheOtherHalf) {
     hand::type("INV");
     hand::key(VK_RETURN);
     hand::clickRow(mainList(), 0);
-    EXPECT_EQ(textOf(line()),
+    EXPECT_EQ(pressLine(),
               "Accept: half of a pair: 2 ADD CLIENT CL1 is hidden by a filter, nothing will leave"
               "  Select pair");
     hand::key('P', hand::kCtrlShift);
-    EXPECT_EQ(selectedRows(), (std::vector<int>{0, 1}));
-    EXPECT_EQ(textOf(line()),
+    EXPECT_EQ(selectedRows(), (Rows{0, 1}));
+    EXPECT_EQ(pressLine(),
               "Accept 2 ADD CLIENT CL1 and its user INV1 (1), user first; 2 not looked at");
     hand::clickRow(mainList(), 1);
-    UpdateWindow(line());
-    const RECT rect = onScreen(line());
+    const HWND line = GetDlgItem(findPane(), IDC_PRESS_LINE);
+    UpdateWindow(line);
+    const RECT rect = onScreen(line);
     // The action is the last of the line: from the right, the first pixel that is a link.
     LONG x = rect.right - rect.left - 1;
     const int y = static_cast<int>(rect.bottom - rect.top) / 2;
@@ -70,23 +62,21 @@ TEST(PressLine, SelectsTheOtherHalf) {
     while (x > 0 && !cursorAt(x)) x -= 12;
     ASSERT_GT(x, 0);
     hand::click({rect.left + x, rect.top + y});
-    EXPECT_EQ(selectedRows(), (std::vector<int>{0, 1}));
+    EXPECT_EQ(selectedRows(), (Rows{0, 1}));
 }
 
 // The outcome comes as the hand presses: what the list selected instead was not seen by anybody.
-TEST(PressLine, APressIsOfWhatWasSeen) {
-    OpenWorkbench open;
-    for (const char* key : {"1", "2", "3", "4"})
-        open.plugin.publish(pending(key, "340", {{31003, "U"}}));
+TEST(Presses, APressIsOfWhatWasSeen) {
+    OpenWorkbench open({"1", "2", "3", "4"});
     hand::clickRow(mainList(), 0);
     open.plugin.publish(outcome("1", "accepted"));
     hand::key('Y', hand::kCtrlShift);
     hand::key('N', hand::kCtrlShift);
-    EXPECT_EQ(textOf(line()),
+    EXPECT_EQ(pressLine(),
               "Not sent, as this changed just before the press: Selected by the "
               "list, not looked at: Accept 2 MODIFY USER U, not looked at");
     hand::clickRow(mainList(), 1);
-    EXPECT_EQ(textOf(line()), "Accept 3 MODIFY USER U, not looked at") << "another than was kept";
+    EXPECT_EQ(pressLine(), "Accept 3 MODIFY USER U, not looked at") << "another than was kept";
     hand::clickRow(mainList(), 0);
     const POINT accept = hand::middle(button("Accept"));
     hand::drag(accept, {accept.x + 1, accept.y}, false, [&] {
@@ -97,17 +87,15 @@ TEST(PressLine, APressIsOfWhatWasSeen) {
     EXPECT_EQ(takeSent(51803), Texts{}) << "the mouse was pressed before";
     hand::click(button("Accept"));
     EXPECT_EQ(takeSent(51803), Texts{"3"});
-    EXPECT_FALSE(textOf(line()).starts_with("Not sent"));
+    EXPECT_FALSE(pressLine().starts_with("Not sent"));
     open.plugin.publish(outcome("3", "accepted"));
     SendMessageA(button("Accept"), BM_CLICK, 0, 0);
     EXPECT_EQ(takeSent(51803), Texts{"4"}) << "no hand pressed it";
 }
 
 // Decided, and not yet gone: the next one below is read, and decided by the next press.
-TEST(PressLine, OneStrokeOpensTheNextChange) {
-    OpenWorkbench open;
-    for (const char* key : {"1", "2", "3"})
-        open.plugin.publish(pending(key, "340", {{31003, "U"}}));
+TEST(Presses, OneStrokeOpensTheNextChange) {
+    OpenWorkbench open({"1", "2", "3"});
     hand::clickRow(mainList(), 0);
     hand::key('Y', hand::kCtrlShift);
     hand::key(VK_RETURN, hand::kCtrlShift);
@@ -116,20 +104,7 @@ TEST(PressLine, OneStrokeOpensTheNextChange) {
     hand::click(filterEdit(0));
     hand::hold(VK_RETURN, 3, hand::kCtrlShift);
     EXPECT_EQ(takeSent(51803), (Texts{"1", "2", "2", "3"}));
-    EXPECT_EQ(selectedRows(), std::vector<int>{1});
-}
-
-TEST(PressLine, TheOppositeOfWhatWasSentAsks) {
-    OpenWorkbench open;
-    open.plugin.publish(pending("1", "340", {{31003, "U"}}));
-    hand::clickRow(mainList(), 0);
-    hand::key('Y', hand::kCtrlShift);
-    EXPECT_TRUE(textOf(line()).ends_with(", again, sent 0 s ago") ||
-                textOf(line()).ends_with(", again, sent 1 s ago"))
-        << textOf(line());
-    takeSent();
-    hand::during([] { hand::key('N', hand::kCtrlShift); }, {[] { hand::key(VK_RETURN); }});
-    EXPECT_EQ(takeSent(51803), Texts{}) << "No is the default";
+    EXPECT_EQ(selectedRows(), Rows{1});
 }
 
 }  // namespace

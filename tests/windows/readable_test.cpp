@@ -1,12 +1,8 @@
 // Texts and colours that can be read: exact edges, dark schemes, high contrast.
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <array>
-#include <set>
 
 #include "framework/model/contrast.h"
-#include "tests/windows/hand.h"
 #include "tests/windows/replaced_import.h"
 #include "tests/windows/test_host.h"
 
@@ -14,9 +10,7 @@ namespace {
 
 // The last column of a cell, from its right edge, that is not its background.
 int lastInk(HWND list, int row, int item) {
-    RECT cell{LVIR_BOUNDS, item, 0, 0};
-    SendMessageA(list, LVM_GETSUBITEMRECT, static_cast<WPARAM>(row),
-                 reinterpret_cast<LPARAM>(&cell));
+    const RECT cell = cellRect(list, row, item);
     const COLORREF ground = pixel(list, cell.right - 2, cell.top + 2);
     for (int x = cell.right - 2; x > cell.left; --x)
         for (int y = cell.top + 2; y < cell.bottom - 2; ++y)
@@ -25,7 +19,7 @@ int lastInk(HWND list, int row, int item) {
 }
 
 // Whole texts and cut ones, in bold and not.
-TEST(Readable, RightEdgesAreExact) {
+TEST(Screens, RightEdgesAreExact) {
     OpenWorkbench open;
     const char* const makers[] = {
         "1", "WA 11", "Tyo 31", "iiii421", "MMMMMMMMMMMMMMMM1", "Tllllllllllllllllllllllllllll1"};
@@ -79,29 +73,22 @@ private:
 
 // The system's two colours and nothing between, docked and floating; a dark scheme without high
 // contrast tints a changed value, and its text stays readable.
-TEST(Readable, ChangedValuesFollowTheScheme) {
+TEST(Screens, ChangedValuesFollowTheScheme) {
     OpenWorkbench open;
-    open.plugin.publish(pending("7", "360", {{54001, "C1"}}));
-    hand::doubleClickRow(mainList(), 0);
-    answer(limitsAnswer("7"));
-    pump();
+    open.openLimits();
     const auto ground = [] {
-        RECT cell{LVIR_BOUNDS, 1, 0, 0};
-        SendMessageA(details(), LVM_GETSUBITEMRECT, 2, reinterpret_cast<LPARAM>(&cell));
+        const RECT cell = cellRect(details(), 2, 1);
         return pixel(details(), cell.left + 4, cell.top + 2);
     };
     const COLORREF light = ground();
     for (const bool floating : {false, true}) {
-        if (floating)
-            hand::doubleClick(POINT{onScreen(findPane()).left + 300, onScreen(findPane()).top + 4});
+        if (floating) floatPane();
         {
             const BlackScheme black;
             EXPECT_NE(ground(), 0u) << "the changed value is tinted";
             EXPECT_GE(fw::contrast(ground(), RGB(255, 255, 255)), fw::kReadable);
         }
-        const ReplacedImport system(
-            "SystemParametersInfoW",
-            reinterpret_cast<FARPROC>(reinterpret_cast<void*>(answerHighContrast)));
+        const ReplacedImport system("SystemParametersInfoW", answerHighContrast);
         ASSERT_TRUE(system.found());
         const BlackScheme black;
         EXPECT_EQ(ground(), 0u);

@@ -8,8 +8,10 @@
 
 class ReplacedImport {
 public:
-    ReplacedImport(const char* name, FARPROC instead) : m_slot(find(name)) {
-        if (m_slot != nullptr) m_before = put(instead);
+    template <class Function>
+    ReplacedImport(const char* name, Function* instead) : m_slot(find(name)) {
+        if (m_slot != nullptr)
+            m_before = put(reinterpret_cast<FARPROC>(reinterpret_cast<void*>(instead)));
     }
     ~ReplacedImport() {
         if (m_slot != nullptr) put(m_before);

@@ -1,14 +1,9 @@
 // What mouse and keys select in the main list, what the parent is told of it, what others are
 // answered, and what the buttons then decide.
-#include <gtest/gtest.h>
-
-#include "tests/windows/hand.h"
 #include "tests/windows/test_host.h"
 
 namespace {
 
-using Rows = std::vector<int>;
-using Texts = std::vector<std::string>;
 using hand::kCtrl;
 using hand::kShift;
 
@@ -55,30 +50,23 @@ private:
 };
 
 // Ten changes, with the keys 10 to 19.
-class Selection : public testing::Test {
-protected:
-    void SetUp() override {
+struct Ten : OpenWorkbench {
+    Ten() {
         for (const char* name : {"Bela", "asha", "Chitra", "ASHOK", "deepa", "Esha", "Gopal",
                                  "arun 1", "arun 2", "arun 3"})
             publish(name);
         pump();
     }
     void publish(const char* name) {
-        open.plugin.publish(pending(std::to_string(m_key++), "340", {{31003, name}}));
+        plugin.publish(pending(std::to_string(m_key++), "340", {{31003, name}}));
     }
-    // The keys of what the hand's press of a button sent.
-    static Texts pressed(const char* name) {
-        host().sent.clear();
-        hand::click(button(name));
-        return takeSent(51803);
-    }
-    OpenWorkbench open;
 
 private:
     int m_key = 10;
 };
 
-TEST_F(Selection, EachGestureSelectsWhatItSays) {
+TEST(Selection, EachGestureSelectsWhatItSays) {
+    Ten open;
     const auto program = [](int row, UINT state, UINT mask) {
         LVITEMA item{};
         item.state = state;
@@ -120,11 +108,12 @@ TEST_F(Selection, EachGestureSelectsWhatItSays) {
     }
 }
 
-TEST_F(Selection, WhatRowsDoIsNotTold) {
+TEST(Selection, WhatRowsDoIsNotTold) {
+    Ten open;
     hand::clickRow(mainList(), 1);
     hand::clickRow(mainList(), 3, kShift);
     Told told;
-    publish("Zoya");
+    open.publish("Zoya");
     open.plugin.publish(outcome("12", "accepted"));
     pump();
     EXPECT_EQ(selectedRows(), (Rows{1, 2}));
@@ -139,10 +128,13 @@ TEST_F(Selection, WhatRowsDoIsNotTold) {
     EXPECT_EQ(selectedRows(), Rows{0}) << "a row that was filtered out is deselected";
     EXPECT_EQ(told.take(), 0);
     Sleep(300);  // until the hand can have seen what the list selected
-    EXPECT_EQ(pressed("Accept"), Texts{"13"});
+    takeSent();
+    hand::click(button("Accept"));
+    EXPECT_EQ(takeSent(51803), Texts{"13"});
 }
 
-TEST_F(Selection, OthersAreAnswered) {
+TEST(Selection, OthersAreAnswered) {
+    Ten open;
     hand::clickRow(mainList(), 2);
     hand::clickRow(mainList(), 7, kCtrl);
     LVFINDINFOA bytes{};
@@ -181,29 +173,26 @@ TEST_F(Selection, OthersAreAnswered) {
     EXPECT_EQ(index.iItem, 7);
 }
 
-TEST_F(Selection, WhoIsToldMayEndTheList) {
-    const Told told([this] { open.plugin.exit(); });
+TEST(Selection, WhoIsToldMayEndTheList) {
+    Ten open;
+    const Told told([&] { open.plugin.exit(); });
     hand::doubleClickRow(mainList(), 3);
     EXPECT_EQ(findPane(), nullptr);
 }
 
 // From below the rows, with a frame; Esc puts back what was selected.
-TEST(Marquee, SelectsTheRowsItTouches) {
-    OpenWorkbench open;
-    for (const char* key : {"1", "2", "3", "4"})
-        open.plugin.publish(pending(key, "340", {{31003, "U"}}));
-    pump();
+TEST(Selection, AMarqueeSelectsTheRowsItTouches) {
+    const OpenWorkbench open({"1", "2", "3", "4"});
     hand::clickRow(mainList(), 0);
     POINT from = hand::cell(mainList(), 3);
     from.y += 40;
     const POINT to{from.x + 60, hand::cell(mainList(), 2).y};
     POINT edge{from.x, from.y - 10};
     ScreenToClient(mainList(), &edge);
-    const HWND line = FindWindowExA(findPane(), nullptr, "MakerChecker.PressLine", nullptr);
     Told told;
     hand::drag(from, to, false, [&] {
         EXPECT_EQ(selectedRows(), (Rows{2, 3}));
-        EXPECT_TRUE(textOf(line).starts_with("Accept 2 changes")) << textOf(line);
+        EXPECT_TRUE(pressLine().starts_with("Accept 2 changes")) << pressLine();
         EXPECT_EQ(pixel(mainList(), edge.x, edge.y), GetSysColor(COLOR_HIGHLIGHT));
     });
     EXPECT_LE(told.take(), 3) << "the press and two moves";

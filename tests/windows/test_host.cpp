@@ -1,14 +1,12 @@
 #include "tests/windows/test_host.h"
 
-#include <shlobj.h>
-
-#include <gtest/gtest.h>
+#include <filesystem>
 
 #include "console/model/owned_message.h"
-#include "res/resource_ids.h"
 #include "sdk/connectvosk.h"
 #include "sdk/host_services.h"
 #include "sdk/host_text.h"
+#include "settings/settings_store.h"
 
 namespace {
 
@@ -91,15 +89,22 @@ HOST_EXPORT CQuonRxControl* GetQuonRxControl(int kind, CQuonRxNotifierBase* rece
     return *host().controls.insert(new TestControl).first;
 }
 
-HiddenExport::HiddenExport(const char* name) {
-    auto* base = reinterpret_cast<char*>(GetModuleHandleA(nullptr));
-    auto* dos = reinterpret_cast<IMAGE_DOS_HEADER*>(base);
-    auto* nt = reinterpret_cast<IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
+std::vector<char*> exportedNames(HMODULE module) {
+    auto* const base = reinterpret_cast<char*>(module);
+    const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+    const auto* nt = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
     const auto& directory = nt->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT];
-    auto* exports = reinterpret_cast<IMAGE_EXPORT_DIRECTORY*>(base + directory.VirtualAddress);
-    auto* names = reinterpret_cast<DWORD*>(base + exports->AddressOfNames);
-    for (DWORD i = 0; i < exports->NumberOfNames; ++i)
-        if (std::string(base + names[i]) == name) m_name = base + names[i];
+    const auto* exports =
+        reinterpret_cast<const IMAGE_EXPORT_DIRECTORY*>(base + directory.VirtualAddress);
+    const auto* offsets = reinterpret_cast<const DWORD*>(base + exports->AddressOfNames);
+    std::vector<char*> names;
+    for (DWORD i = 0; i < exports->NumberOfNames; ++i) names.push_back(base + offsets[i]);
+    return names;
+}
+
+HiddenExport::HiddenExport(const char* name) {
+    for (char* const exported : exportedNames(GetModuleHandleA(nullptr)))
+        if (std::string(exported) == name) m_name = exported;
     if (m_name == nullptr) return;
     m_last = m_name[std::string(m_name).size() - 1];
     // The names stay in order: the changed letter still sorts between its neighbours.
@@ -238,13 +243,8 @@ LRESULT CALLBACK DialogTrap::hookProc(int code, WPARAM wParam, LPARAM lParam) {
 }
 
 StoredSetting::StoredSetting(const char* section, const char* key, const char* text)
-    : m_section(section), m_key(key) {
-    char folder[MAX_PATH]{};
-    SHGetSpecialFolderPathA(nullptr, folder, CSIDL_APPDATA, TRUE);
-    std::string path = std::string(folder) + "\\Ostravine";
-    CreateDirectoryA(path.c_str(), nullptr);
-    CreateDirectoryA((path += "\\VoskTrader").c_str(), nullptr);
-    m_file = path + "\\UserSetting.ini";
+    : m_section(section), m_key(key), m_file(mc::settingsStore().GetUserSettingPath()) {
+    std::filesystem::create_directories(std::filesystem::path(m_file).parent_path());
     WritePrivateProfileStringA(section, key, text, m_file.c_str());
 }
 
@@ -282,194 +282,6 @@ void pump() {
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) dispatch(message);
 }
 
-bool pumpUntil(const std::function<bool()>& condition) {
-    const ULONGLONG end = GetTickCount64() + 10000;
-    while (GetTickCount64() < end) {
-        pump();
-        if (condition()) return true;
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
-    }
-    return false;
-}
-
-// The first window below `parent`, or of this thread, of which `fits` is true.
-HWND findWindow(HWND parent, const std::function<bool(HWND)>& fits) {
-    struct Search {
-        const std::function<bool(HWND)>& fits;
-        HWND found = nullptr;
-    } search{fits};
-    const auto look = [](HWND window, LPARAM into) -> BOOL {
-        auto& wanted = *reinterpret_cast<Search*>(into);
-        if (wanted.found == nullptr && wanted.fits(window)) wanted.found = window;
-        return wanted.found == nullptr;
-    };
-    if (parent != nullptr)
-        EnumChildWindows(parent, look, reinterpret_cast<LPARAM>(&search));
-    else
-        EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&search));
-    return search.found;
-}
-
-HWND findPane() {
-    const auto isPane = [](HWND window) {
-        return textOf(window) == "Maker Checker" && classOf(window) == "#32770";
-    };
-    HWND pane = nullptr;
-    findWindow(nullptr, [&](HWND top) { return (pane = findWindow(top, isPane)) != nullptr; });
-    return pane;
-}
-
-HWND descendant(HWND parent, const char* windowClass, int id) {
-    return findWindow(parent, [&](HWND window) {
-        return GetDlgCtrlID(window) == id && classOf(window) == windowClass;
-    });
-}
-
-HWND button(const char* text) {
-    return FindWindowExA(findPane(), nullptr, "Button", text);
-}
-
-HWND mainList() {
-    return descendant(findPane(), WC_LISTVIEWA, IDC_MAIN_LIST);
-}
-
-HWND details() {
-    return descendant(findPane(), WC_LISTVIEWA, IDC_DETAILS_LIST);
-}
-
-HWND bar() {
-    return descendant(findPane(), "MakerChecker.SplitterBar", 0);
-}
-
-HWND header(HWND list) {
-    return reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
-}
-
-RECT headerItem(int item, HWND list) {
-    RECT place{};
-    SendMessageA(header(list), HDM_GETITEMRECT, static_cast<WPARAM>(item),
-                 reinterpret_cast<LPARAM>(&place));
-    return place;
-}
-
-POINT captionPoint(int item, HWND list, int fromRight) {
-    const RECT place = headerItem(item, list);
-    POINT at{place.right - fromRight, place.top + 6};
-    ClientToScreen(header(list), &at);
-    return at;
-}
-
-HWND filterBox(int item, HWND list) {
-    return GetDlgItem(header(list), 5000 + item);
-}
-
-HWND filterEdit(int item, HWND list) {
-    return FindWindowExA(filterBox(item, list), nullptr, "Edit", nullptr);
-}
-
-HWND editor() {
-    const HWND open = FindWindowExA(details(), nullptr, "MakerChecker.CellEditor", nullptr);
-    if (open == nullptr || IsWindowVisible(open) == 0) return nullptr;
-    HWND control = GetWindow(open, GW_CHILD);
-    while (IsWindow(control) != 0 && IsWindowVisible(control) == 0)  // its label
-        control = GetWindow(control, GW_HWNDNEXT);
-    return control;
-}
-
-std::string classOf(HWND window) {
-    char name[64]{};
-    GetClassNameA(window, name, sizeof name);
-    return name;
-}
-
-RECT onScreen(HWND window) {
-    RECT place{};
-    GetWindowRect(window, &place);
-    return place;
-}
-
-RECT inParent(HWND window) {
-    RECT place = onScreen(window);
-    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&place), 2);
-    return place;
-}
-
-std::vector<std::string> captions(HWND list) {
-    std::vector<std::string> texts;
-    const auto count = SendMessageA(header(list), HDM_GETITEMCOUNT, 0, 0);
-    for (WPARAM item = 0; static_cast<LRESULT>(item) < count; ++item) {
-        char text[256]{};
-        HDITEMA info{};
-        info.mask = HDI_TEXT;
-        info.pszText = text;
-        info.cchTextMax = sizeof text;
-        SendMessageA(header(list), HDM_GETITEMA, item, reinterpret_cast<LPARAM>(&info));
-        texts.emplace_back(text);
-    }
-    return texts;
-}
-
-std::vector<std::string> column(int column) {
-    std::vector<std::string> texts;
-    for (int row = 0; row < rowCount(mainList()); ++row)
-        texts.push_back(rowTexts(mainList(), row, column + 1).back());
-    return texts;
-}
-
-int threadWindows() {
-    int count = 0;
-    const auto add = [](HWND, LPARAM into) -> BOOL {
-        ++*reinterpret_cast<int*>(into);
-        return TRUE;
-    };
-    EnumThreadWindows(GetCurrentThreadId(), add, reinterpret_cast<LPARAM>(&count));
-    return count;
-}
-
-COLORREF pixel(HWND window, int x, int y) {
-    const HDC dc = GetDC(window);
-    const COLORREF color = GetPixel(dc, x, y);
-    ReleaseDC(window, dc);
-    return color;
-}
-
-std::vector<std::string> rowTexts(HWND list, int row, int columns) {
-    std::vector<std::string> texts;
-    for (int column = 0; column < columns; ++column) {
-        char buffer[512]{};
-        LVITEMA item{};
-        item.iSubItem = column;
-        item.pszText = buffer;
-        item.cchTextMax = sizeof buffer;
-        SendMessageA(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(row),
-                     reinterpret_cast<LPARAM>(&item));
-        texts.emplace_back(item.pszText);
-    }
-    return texts;
-}
-
-int rowCount(HWND list) {
-    return static_cast<int>(SendMessageA(list, LVM_GETITEMCOUNT, 0, 0));
-}
-
-std::vector<int> selectedRows(HWND list) {
-    std::vector<int> rows;
-    for (int row = -1; (row = static_cast<int>(SendMessageA(
-                            list, LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED))) >= 0;)
-        rows.push_back(row);
-    return rows;
-}
-
-void selectRows(HWND list, const std::vector<int>& rows) {
-    LVITEMA item{};
-    item.stateMask = LVIS_SELECTED;
-    SendMessageA(list, LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&item));
-    item.state = LVIS_SELECTED;
-    for (const int row : rows)
-        SendMessageA(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row),
-                     reinterpret_cast<LPARAM>(&item));
-}
-
 Fields pending(const std::string& key, const std::string& code, Fields more) {
     Fields fields{{54211, "auth pending"}, {51803, key}, {63713, code}};
     if (std::none_of(more.begin(), more.end(), [](const auto& f) { return f.first == 54247; }))
@@ -503,16 +315,24 @@ std::string sentField(const Fields& message, int mnemonic) {
     return "<absent>";
 }
 
-std::vector<std::string> takeSent(int mnemonic) {
-    std::vector<std::string> texts;
+Texts takeSent(int mnemonic) {
+    Texts texts;
     for (const Fields& message : std::exchange(host().sent, {}))
         texts.push_back(sentField(message, mnemonic));
     return texts;
 }
 
-OpenWorkbench::OpenWorkbench() {
+OpenWorkbench::OpenWorkbench(std::initializer_list<const char*> keys) {
     plugin.init();
     frame = std::make_unique<MainFrame>();
     plugin.hotKey();
+    for (const char* key : keys) plugin.publish(pending(key, "340", {{31003, "U"}}));
     pump();
+}
+
+void OpenWorkbench::openLimits(const Fields& answered) {
+    plugin.publish(pending("7", "360", {{54001, "C1"}}));
+    hand::doubleClickRow(mainList(), rowCount(mainList()) - 1);
+    answer(answered);
+    host().sent.clear();
 }

@@ -1,10 +1,11 @@
 // The test executable is a host: it exports the services of sdk/host_services.h, has a main frame
-// that docks, and loads the real MakerChecker.dll.
+// that docks, and loads the real MakerChecker.dll. All that a Windows test needs comes with this.
 #pragma once
 
 #include <windows.h>
 
 #include <commctrl.h>
+#include <gtest/gtest.h>
 
 #include <functional>
 #include <map>
@@ -17,9 +18,13 @@
 #include "framework/docking_site.h"
 #include "framework/hwnd.h"
 #include "framework/window.h"
+#include "res/resource_ids.h"
 #include "sdk/plugin_exports.h"
 #include "sdk/receive_control.h"
+#include "tests/windows/hand.h"
 
+using Rows = std::vector<int>;
+using Texts = std::vector<std::string>;
 using Fields = std::vector<std::pair<int, std::string>>;
 
 // What the exported services answer and what they were told. One per process.
@@ -37,7 +42,7 @@ struct HostState {
     int accelerated = 0;
     int contextMenus = 0;  // that were asked of the frame
 
-    std::vector<std::string> log;
+    Texts log;
     std::vector<Fields> sent;           // messages, field by field
     std::vector<Fields> subscriptions;  // pairs
     int unsubscribed = 0;
@@ -45,6 +50,9 @@ struct HostState {
     CQuonRxNotifierBase* receiver = nullptr;  // of the control of kind 0
 };
 HostState& host();
+
+// The names that a module exports.
+std::vector<char*> exportedNames(HMODULE module);
 
 // Takes an export of this executable away for a scope, as if the host had never had it.
 class HiddenExport {
@@ -119,8 +127,8 @@ public:
     DialogTrap(const DialogTrap&) = delete;
     DialogTrap& operator=(const DialogTrap&) = delete;
 
-    std::vector<std::string> texts;  // the static text of each
-    int pressed = IDOK;              // the button that closes them
+    Texts texts;         // the static text of each
+    int pressed = IDOK;  // the button that closes them
 
 private:
     static LRESULT CALLBACK hookProc(int code, WPARAM wParam, LPARAM lParam);
@@ -164,9 +172,6 @@ void dispatch(MSG& message);
 // Dispatches until the queue is empty.
 void pump();
 
-// Dispatches until `condition` holds; false after ten seconds without.
-bool pumpUntil(const std::function<bool()>& condition);
-
 // The pane: under the frame or in a floating window of this thread; null when there is none.
 HWND findPane();
 // The first window below `parent`, or of this thread, of which `fits` is true.
@@ -179,25 +184,41 @@ HWND details();  // the list of them
 HWND bar();      // between the two lists
 HWND header(HWND list = mainList());
 RECT headerItem(int item, HWND list = mainList());
+int columnWidth(int item, HWND list = mainList());
+// Of a cell, in its list.
+RECT cellRect(HWND list, int row, int column = 0);
 // On a caption, `fromRight` pixels from its right end: 1 is the divider.
 POINT captionPoint(int item, HWND list = mainList(), int fromRight = 20);
 HWND filterBox(int item, HWND list = mainList());
 HWND filterEdit(int item, HWND list = mainList());
+bool isDropped(int item);
+std::string pressLine();
+// Floats the docked pane, by a double-click on its caption.
+void floatPane();
+// The tips' windows that have something to say.
+std::vector<HWND> tips();
 // The control that a value is typed into; null when there is none.
 HWND editor();
+// Opens it with a double-click and types.
+void edit(int row, const char* text);
+std::string value(int row);  // of the details
 using fw::textOf;
 std::string classOf(HWND window);
 RECT onScreen(HWND window);
 RECT inParent(HWND window);
-std::vector<std::string> captions(HWND list = mainList());
-std::vector<std::string> column(int column);  // of the main list
+RECT onScreen(HWND window, RECT inside);
+Texts captions(HWND list = mainList());
+Texts column(int column);  // of the main list
 // The windows of this thread.
 int threadWindows();
 COLORREF pixel(HWND window, int x, int y);
-std::vector<std::string> rowTexts(HWND list, int row, int columns = 6);
+// All pixels of a window, drawn up to now, row by row.
+std::vector<DWORD> picture(HWND window);
+std::string cellText(HWND list, int row, int column);
+Texts rowTexts(HWND list, int row, int columns = 6);
 int rowCount(HWND list);
-std::vector<int> selectedRows(HWND list = mainList());
-void selectRows(HWND list, const std::vector<int>& rows);
+Rows selectedRows(HWND list = mainList());
+void selectRows(HWND list, const Rows& rows);
 
 // A publication of a pending change.
 Fields pending(const std::string& key, const std::string& code, Fields more = {});
@@ -212,12 +233,15 @@ Fields limitsAnswer(const std::string& key, const std::string& margin = "1500");
 // A field of what was sent.
 std::string sentField(const Fields& message, int mnemonic);
 // A field of all that was sent since the last call: the requests' names, or the keys.
-std::vector<std::string> takeSent(int mnemonic = 0);
+Texts takeSent(int mnemonic = 0);
 
-// Loads the plug-in before the frame, makes the frame and presses the hot key.
+// Loads the plug-in before the frame, makes the frame and presses the hot key; then changes of
+// users are pending under these keys.
 class OpenWorkbench {
 public:
-    OpenWorkbench();
+    explicit OpenWorkbench(std::initializer_list<const char*> keys = {});
+    // Makes the limits of client C1 pending, and opens them from the list's last row.
+    void openLimits(const Fields& answer = limitsAnswer("7"));
     LoadedPlugin plugin;
     std::unique_ptr<MainFrame> frame;
 };
