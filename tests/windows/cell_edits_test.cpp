@@ -49,7 +49,7 @@ TEST_F(CellEdits, KeysTakeLeaveAndGoOn) {
     hand::key(VK_F2);
     hand::key(VK_TAB);  // untouched
     hand::type("25");
-    EXPECT_EQ(selectedRows(details()), Rows{kSecond + 1});
+    EXPECT_EQ(selectedRows(details()), RowNumbers{kSecond + 1});
     hand::key(VK_TAB, hand::kShift);
     EXPECT_EQ(value(kSecond + 1), "25.00");
     hand::key(VK_ESCAPE);

@@ -59,7 +59,7 @@ TEST(Presses, OneKeyListsTheSessionsOwn) {
     const HWND list = ownDecisions();
     ASSERT_NE(list, nullptr);
     EXPECT_EQ(GetFocus(), list);
-    EXPECT_EQ(selectedRows(list), Rows{0}) << "the decision about change 2";
+    EXPECT_EQ(selectedRows(list), RowNumbers{0}) << "the decision about change 2";
     EXPECT_EQ(rowCount(list), 2);
     EXPECT_EQ(rowTexts(list, 0, 7)[2], "2");
     EXPECT_EQ(rowTexts(list, 0, 7)[6], "awaited");

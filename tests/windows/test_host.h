@@ -23,7 +23,7 @@
 #include "sdk/receive_control.h"
 #include "tests/windows/hand.h"
 
-using Rows = std::vector<int>;
+using RowNumbers = std::vector<int>;
 using Texts = std::vector<std::string>;
 using Fields = std::vector<std::pair<int, std::string>>;
 
@@ -217,8 +217,8 @@ std::vector<DWORD> picture(HWND window);
 std::string cellText(HWND list, int row, int column);
 Texts rowTexts(HWND list, int row, int columns = 6);
 int rowCount(HWND list);
-Rows selectedRows(HWND list = mainList());
-void selectRows(HWND list, const Rows& rows);
+RowNumbers selectedRows(HWND list = mainList());
+void selectRows(HWND list, const RowNumbers& rows);
 
 // A publication of a pending change.
 Fields pending(const std::string& key, const std::string& code, Fields more = {});
