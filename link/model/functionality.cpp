@@ -8,7 +8,7 @@
 namespace mc {
 namespace {
 
-constexpr Functionality kFunctionalities[] = {
+constexpr Functionality kFunctionalities[kFunctionalityCount] = {
     {kAddUser, "ADD USER", FunctionalityGroup::user, DetailKind::user, MNM_USER},
     {kModifyUser, "MODIFY USER", FunctionalityGroup::user, DetailKind::user, MNM_USER},
     {kAddClient, "ADD CLIENT", FunctionalityGroup::client, DetailKind::account, MNM_ACCOUNT_ID},
@@ -25,6 +25,10 @@ static_assert(std::ranges::all_of(kFunctionalities, [](const Functionality& each
 }));
 
 }  // namespace
+
+std::span<const Functionality, kFunctionalityCount> functionalities() {
+    return kFunctionalities;
+}
 
 const Functionality* findFunctionality(std::string_view code) {
     if (code.size() != kCodeBytes) return nullptr;

@@ -1,6 +1,8 @@
 // The kinds of change that a checker decides, by their functionality code.
 #pragma once
 
+#include <cstddef>
+#include <span>
 #include <string_view>
 
 namespace mc {
@@ -17,6 +19,10 @@ struct Functionality {
     DetailKind details;
     int entityField;  // the field that names the entity in a decision; 0: a decision names none
 };
+
+// All kinds there are.
+inline constexpr std::size_t kFunctionalityCount = 7;
+std::span<const Functionality, kFunctionalityCount> functionalities();
 
 // The kind of `code` (exact text), or null for a code that the workbench does not know.
 const Functionality* findFunctionality(std::string_view code);

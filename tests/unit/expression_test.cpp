@@ -115,6 +115,25 @@ TEST(ExpressionTest, OperatorsHaveAResultForAllOperands) {
     }
 }
 
+// One expression for rows of every shape, those seen before and new ones, more than are kept.
+TEST(ExpressionTest, EachRowIsComputedAsIfItWereTheOnlyOne) {
+    const char* const cells[] = {"5",    "-5", "2.5", "-0.25", "1,000", "-1,234.5", "+3", "0",
+                                 "-0.0", "",   "-",   "5-3",   "1,,0",  "-.5",      "--1"};
+    for (const std::string expression : {R"( "0"*"1")", R"( "0"-"1"/"2")", R"(2-"0"+(-"1"))",
+                                         R"( "0"5+"1")", R"( "0"<="1"-"2")"}) {
+        const CompiledExpression compiled(expression);
+        std::mt19937 random(3);
+        for (int i = 0; i < 400; ++i) {
+            Cells row;
+            while (row.size() < 3) row.emplace_back(cells[random() % std::size(cells)]);
+            std::string text = "old";
+            const CellOutcome outcome = compiled.compute(fetchFrom(row), text);
+            EXPECT_EQ(shown(outcome, text), referenceCell(expression, row))
+                << expression << " of " << row[0] << " | " << row[1] << " | " << row[2];
+        }
+    }
+}
+
 TEST(ExpressionTest, TakesDeepAndHugeTexts) {
     const auto times = [](std::size_t count, const std::string& text) {
         std::string all;

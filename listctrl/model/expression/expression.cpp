@@ -1,8 +1,8 @@
 #include "listctrl/model/expression/expression.h"
 
+#include <algorithm>
 #include <array>
 #include <exception>
-#include <memory_resource>
 #include <utility>
 
 #include "text/expression_pieces.h"
@@ -91,9 +91,57 @@ CellOutcome CompiledExpression::compute(CellFetch fetch, std::string& text) cons
         numbers[i] = zero ? 0.0 : number.value_or(0.0);
         plain = plain && (zero || number);
     }
-    return plain ? m_steps->run(numbers, text) : CheckedProgram(substitute(parts)).run({}, text);
+    if (plain) return m_steps->run(numbers, text);
+    std::pmr::vector<double> values(&memory);
+    if (const CheckedProgram* const steps = stepsFor(parts, values))
+        return steps->run(values, text);
+    return CheckedProgram(substitute(parts)).run({}, text);
 } catch (const std::exception&) {
     return CellOutcome::invalid;
+}
+
+// A shape has a "0" for each run of digits and points, and a quote behind each part.
+const CheckedProgram* CompiledExpression::stepsFor(std::span<const std::string_view> parts,
+                                                   std::pmr::vector<double>& values) const {
+    constexpr std::size_t kMostShapes = 64;
+    constexpr std::string_view kPlain = "0123456789.";
+    std::string shape;
+    for (std::string_view part : parts) {
+        while (!part.empty()) {
+            const std::size_t run = std::min(part.find_first_not_of(kPlain), part.size());
+            if (run == 0 && std::string_view("+-,").find(part.front()) == part.npos) return nullptr;
+            if (run != 0) {
+                const auto number = readPlainNumber(part.substr(0, run));
+                if (!number) return nullptr;
+                values.push_back(*number);
+            }
+            shape += run != 0 ? '0' : part.front();
+            part.remove_prefix(std::max<std::size_t>(run, 1));
+        }
+        shape += '"';
+    }
+    auto known = m_shapes.find(shape);
+    if (known == m_shapes.end()) {
+        if (m_shapes.size() == kMostShapes) return nullptr;
+        known = m_shapes.emplace(shape, compileShape(shape)).first;
+    }
+    return known->second ? &*known->second : nullptr;
+}
+
+std::optional<CheckedProgram> CompiledExpression::compileShape(std::string_view shape) const {
+    std::string infix;
+    std::vector<std::size_t> slots;
+    for (const Reference& reference : m_references) {
+        infix += reference.literal;
+        for (; shape.front() != '"'; shape.remove_prefix(1)) {
+            if (shape.front() == '0') slots.push_back(infix.size());
+            infix += shape.front();
+        }
+        shape.remove_prefix(1);
+    }
+    CheckedProgram steps(infix += m_tail, slots);
+    if (!steps.slotsAreSeparate()) return std::nullopt;
+    return steps;
 }
 
 std::string CompiledExpression::substitute(std::span<const std::string_view> parts) const {

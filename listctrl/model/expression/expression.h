@@ -5,6 +5,8 @@
 
 #include <concepts>
 #include <cstddef>
+#include <map>
+#include <memory_resource>
 #include <optional>
 #include <span>
 #include <string>
@@ -64,8 +66,9 @@ private:
 //
 // A cell goes into the text as it is, or as "0" when it begins with no decimal number but 0. A row
 // of plain numbers only (digits and points) runs the steps. Any other cell can change how the text
-// falls into tokens (2 minus -5 becomes "2--5"), so that row is read as text again. Both ways give
-// the same result.
+// falls into tokens (2 minus -5 becomes "2--5"): rows with signs and commas between their digits
+// share the steps of their shape (-5 and 1,000 have the shapes "-0" and "0,0"), any other row is
+// read as text again. All ways give the same result. One thread.
 class CompiledExpression {
 public:
     explicit CompiledExpression(std::string_view expression);
@@ -80,10 +83,15 @@ private:
     };
     // The whole text, with these parts instead of the references.
     std::string substitute(std::span<const std::string_view> parts) const;
+    // The steps of the parts' shape, and the values that they take; null when there are none.
+    const CheckedProgram* stepsFor(std::span<const std::string_view> parts,
+                                   std::pmr::vector<double>& values) const;
+    std::optional<CheckedProgram> compileShape(std::string_view shape) const;
 
     std::vector<Reference> m_references;
     std::string m_tail;                     // the literal text behind the last
     std::optional<CheckedProgram> m_steps;  // none: every row is read as text
+    mutable std::map<std::string, std::optional<CheckedProgram>> m_shapes;
 };
 
 // Computes one cell of an expression that is used once.

@@ -61,9 +61,7 @@ public:
     std::string_view text(Slot slot) const { return m_table.text(m_codes[slot]); }
 
     // The slot's text will be read or set soon: it comes into the cache meanwhile.
-    void prefetch(Slot slot) const {
-        if (slot < m_codes.size()) __builtin_prefetch(m_codes.data() + slot);
-    }
+    void prefetch(Slot slot) const { prefetchBySlot(m_codes, slot); }
 
     // Each of these three may be ended on the way: `slots` are then of no use, and the texts as
     // good as before.

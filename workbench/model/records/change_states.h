@@ -81,6 +81,7 @@ public:
     // ---- Reading ----
 
     ChangeState of(Slot slot) const;
+    void prefetch(Slot slot) const { prefetchBySlot(m_bits, slot); }
     Slot shown() const { return m_shown; }
     Slot openedLast() const { return m_openedLast; }       // its details may be closed since
     std::uint64_t openings() const { return m_openings; }  // how often a change was opened

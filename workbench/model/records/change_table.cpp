@@ -1,6 +1,5 @@
 #include "workbench/model/records/change_table.h"
 
-#include "link/model/functionality.h"
 #include "text/text_bytes.h"
 #include "workbench/model/records/main_list.h"
 
@@ -45,6 +44,7 @@ void ChangeTable::clear() {
     m_end = 0;
     for (ColumnTexts& column : m_coded) column = {};
     m_kinds = {};
+    m_kindCodes = {};
 }
 
 // ---- Reading ----
@@ -102,15 +102,22 @@ void ChangeTable::write(Slot slot, const ChangeTexts& texts) {
         if (const auto& text = texts.*kCodedFields[i].given)
             codes[i] = m_coded[i].codeFor(slot, *text);
     const auto& code = texts.functionalityCode;
-    const Functionality* const kind = code ? findFunctionality(*code) : nullptr;
-    const ColumnTexts::Code kindCode =
-        code ? m_kinds.codeFor(slot, kind != nullptr ? kind->displayName : "") : 0;
+    const ColumnTexts::Code kind = code ? kindCode(slot, *code) : 0;
 
     if (texts.entityName) own(slot).entityName.swap(entityName);
     if (texts.linkedUser) own(slot).linkedUser.swap(linkedUser);
     for (std::size_t i = 0; i < kCodedCount; ++i)
         if (texts.*kCodedFields[i].given) m_coded[i].put(slot, codes[i]);
-    if (code) m_kinds.put(slot, kindCode);
+    if (code) m_kinds.put(slot, kind);
+}
+
+// The code of a kind's name, the empty text's for a kind that is not known.
+ColumnTexts::Code ChangeTable::kindCode(Slot slot, std::string_view functionalityCode) {
+    const Functionality* const kind = findFunctionality(functionalityCode);
+    if (kind == nullptr) return 0;
+    auto& code = m_kindCodes[static_cast<std::size_t>(kind - functionalities().data())];
+    if (code == 0) code = m_kinds.codeFor(slot, kind->displayName);
+    return code;
 }
 
 ChangeTable::Difference ChangeTable::compare(Slot slot, const ChangeTexts& texts) const {

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "link/model/entity.h"
+#include "link/model/functionality.h"
 #include "link/model/pending_record.h"
 #include "listctrl/model/table/cell_texts.h"
 #include "workbench/model/records/short_text.h"
@@ -86,6 +87,8 @@ private:
     struct OwnTexts {
         ShortText key, entityName, linkedUser;
     };
+    ColumnTexts::Code kindCode(Slot slot, std::string_view functionalityCode);
+
     struct CodedField;
     static const CodedField kCodedFields[];
     static constexpr std::size_t kCodedCount = 5;
@@ -95,10 +98,12 @@ private:
     OwnTexts& own(Slot slot) { return (*m_own[slot / kBlock])[slot % kBlock]; }
     const OwnTexts& own(Slot slot) const { return (*m_own[slot / kBlock])[slot % kBlock]; }
 
-    std::vector<std::unique_ptr<Block>> m_own;     // by slot
+    std::vector<std::unique_ptr<Block>> m_own;  // by slot
     Slot m_end = 0;
     std::array<ColumnTexts, kCodedCount> m_coded;  // by slot; in the order of CodedText
     ColumnTexts m_kinds;                           // by slot: the names of the kinds of change
+    // Of the kinds whose names have come; of so few none is ever let go.
+    std::array<ColumnTexts::Code, kFunctionalityCount> m_kindCodes{};
 };
 
 }  // namespace mc
