@@ -73,6 +73,8 @@ start_wine() {
     export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
     [ -f "$WINEPREFIX/.ready-2" ] || prepare_wine
     wine explorer /desktop=Default,1280x900 >/dev/null 2>&1 &
+    # Nothing of Wine is left to be started by a program whose output somebody waits for.
+    wine cmd /c exit >/dev/null 2>&1
 }
 
 prepare_wine() {

@@ -79,6 +79,7 @@ TEST(PaneKeys, AScreenReaderHearsAChangeFoundOpenedReadEditedAndDecided) {
     OpenWorkbench open;
     open.plugin.publish(pending("6", "340", {{31003, "DLR6"}}));
     open.plugin.publish(pending("7", "360", {{54001, "C1"}}));
+    open.plugin.publish(pending("8", "340", {{31003, "DLR8"}}));
     pump();
     const Reader reader;
     const struct {
@@ -136,7 +137,9 @@ TEST(PaneKeys, AScreenReaderHearsAChangeFoundOpenedReadEditedAndDecided) {
           "update, outcome awaited; its details are open"}},
         {"(the server publishes the outcome)",
          [&] { open.plugin.publish(outcome("7", "accepted")); },
-         {"the selection changed", "Accept nothing: no change is selected"}},
+         {"the selection changed",
+          "Selected by the list, not looked at: Accept 8 MODIFY USER DLR8, not looked at",
+          "ALERT: Selected by the list, not looked at: Accept 8 MODIFY USER DLR8, not looked at"}},
     };
     for (const auto& step : steps) {
         step.act();

@@ -107,6 +107,18 @@ TEST(Screens, WhatIsOpenEndsAsIfTheFocusHadLeft) {
     constexpr int kNumber = 2;
     const int choice = rowCount(details()) - 1;
 
+    hand::clickRow(mainList(), 0);
+    const POINT row = hand::cell(mainList(), 1);
+    hand::drag({onScreen(mainList()).right - 30, row.y}, row, false, [&] {
+        EXPECT_EQ(selectedRows(), std::vector<int>{1});
+        open.moveTo(192);
+    });
+    EXPECT_EQ(selectedRows(), std::vector<int>{0}) << "as before the marquee";
+    open.moveTo(96);
+    hand::doubleClickRow(mainList(), 1);
+    answer(limitsAnswer("7"));
+    host().sent.clear();
+
     edit(kNumber, "2500.129");
     open.moveTo(144);
     EXPECT_EQ(editor(), nullptr);
