@@ -38,7 +38,6 @@ protected:
         if (!press.empty()) story.act.press = press;
         story.after = seen = look(seen);
         story.sent = host().sent;
-        if (loud) say(story);
         for (const Fields& request : story.sent) server.noteRequest(request, story.before.tag);
         story.saidYes = watch.saidYes();
         story.excepted = watch.excepted();
@@ -62,33 +61,17 @@ protected:
             });
     }
 
-    void say(const Story& story) const {
-        std::printf("    focus %s '%s', %zu rows, %zu selected, details '%s'%s\n",
-                    classOf(seen.focus).c_str(), textOf(seen.focus).c_str(), seen.main.rows.size(),
-                    seen.main.selected.size(), seen.strip.c_str(),
-                    seen.editor != nullptr ? ", editor" : "");
-        for (const Box& box : seen.main.boxes)
-            if (!box.text.empty())
-                std::printf("    box %s '%s'%s\n", box.column.c_str(), box.text.c_str(),
-                            box.dropped ? " open" : "");
-        for (const Fields& request : story.sent)
-            std::printf("    sent %s %s\n", sentField(request, 0).c_str(),
-                        sentField(request, 51803).c_str());
-    }
-
     void remember(const std::string& words, bool more = false) {
         if (!more) last.emplace_back();
         if (last.size() > 20) last.pop_front();
         last.back() += words;
-        if (loud && more) std::printf("%s\n", last.back().c_str());
     }
 
     const StoredProfile profile;
-    const StoredDetailsProfile detailsProfile;
+    const StoredProfile detailsProfile{nullptr, kDetailsList};
     OpenWorkbench open;
     Watch watch;
     const unsigned seed = static_cast<unsigned>(std::stoul(setting("MC_HAND_SEED", "1")));
-    const bool loud = !setting("MC_HAND_LOUD", "").empty();
     Dice dice{seed};
     Server server{open.plugin, dice};
     Actor actor{dice, server, [this] { open.plugin.hotKey(); },

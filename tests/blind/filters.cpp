@@ -112,12 +112,6 @@ std::string Filters::complaint(const std::map<std::string, Change>& pending, con
             if (expected == seen) {
                 exactly.insert(all);
                 for (const auto& [name, filter] : guess) fitting[name].insert(filter);
-            } else {
-                wrong += "\n  " + std::to_string(expected.size()) + " rows pass";
-                for (const auto& [name, filter] : guess)
-                    if (!filter.text.empty())
-                        wrong += ", " + name + (all || filter.chosen ? " is '" : " like '") +
-                                 filter.text + "'";
             }
         }
     for (const auto& [name, column] : m_columns)

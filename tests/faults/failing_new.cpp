@@ -3,45 +3,10 @@
 #include <cstdlib>
 #include <new>
 
-namespace faults {
-namespace {
-
-std::size_t failAt = 0, count = 0;  // 0: none fails
-bool allBehind = false, failed = false;
-int notCounted = 0;
-
-bool failsNow() {
-    if (failAt == 0 || notCounted > 0) return false;
-    ++count;
-    if (allBehind ? count < failAt : count != failAt) return false;
-    return failed = true;
-}
-
-}  // namespace
-
-void failNew(std::size_t first, bool forGood) {
-    failAt = first;
-    allBehind = forGood;
-    count = 0;
-    failed = false;
-}
-
-bool endFailing() {
-    failAt = 0;
-    return failed;
-}
-
-NotCounted::NotCounted() {
-    ++notCounted;
-}
-NotCounted::~NotCounted() {
-    --notCounted;
-}
-
-}  // namespace faults
+constinit checked::FailingAllocation faults::allocations;
 
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return faults::failsNow() ? nullptr : std::malloc(size != 0 ? size : 1);
+    return faults::allocations.failsNow() ? nullptr : std::malloc(size != 0 ? size : 1);
 }
 void* operator new(std::size_t size) {
     void* const block = operator new(size, std::nothrow);

@@ -2,23 +2,10 @@
 // has failing_new.cpp.
 #pragma once
 
-#include <cstddef>
+#include "tests/checked/failing_allocation.h"
 
 namespace faults {
 
-// From now on the `first`-th allocation fails (1 is the next), and with `forGood` all that follow.
-void failNew(std::size_t first, bool forGood);
-
-// Allocations succeed again. Returns whether one failed.
-bool endFailing();
-
-// What is allocated in the life of one neither fails nor counts: it is not the plug-in's.
-class NotCounted {
-public:
-    NotCounted();
-    ~NotCounted();
-    NotCounted(const NotCounted&) = delete;
-    NotCounted& operator=(const NotCounted&) = delete;
-};
+extern checked::FailingAllocation allocations;
 
 }  // namespace faults

@@ -32,16 +32,20 @@ void endCallFault() {
     s_callsLeft -= std::min(made, s_callsLeft);
 }
 
+bool endAllocationFault() {
+    return faults::allocations.end();
+}
+
 const struct Fault {
     const char* name;
     void (*arm)(std::size_t first);
     bool (*end)();  // whether there was one
     bool throws;
 } kFaults[] = {
-    {"allocation", [](std::size_t first) { faults::failNew(first, false); }, faults::endFailing,
-     true},
-    {"all allocations from", [](std::size_t first) { faults::failNew(first, true); },
-     faults::endFailing, true},
+    {"allocation", [](std::size_t first) { faults::allocations.fail(first, false); },
+     endAllocationFault, true},
+    {"all allocations from", [](std::size_t first) { faults::allocations.fail(first, true); },
+     endAllocationFault, true},
     {"messaging call",
      [](std::size_t first) {
          s_callsLeft = first;
@@ -57,13 +61,12 @@ const struct Fault {
 };
 
 void hostsOwn(bool begins) {
-    static std::optional<faults::NotCounted> allocations;
     static int depth = 0;
     if (begins && ++depth == 1) {
         endCallFault();
-        allocations.emplace();
+        faults::allocations.hosts = true;
     } else if (!begins && --depth == 0) {
-        allocations.reset();
+        faults::allocations.hosts = false;
         otp_fail_call(static_cast<int>(s_callsLeft));
     }
 }

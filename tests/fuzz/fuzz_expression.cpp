@@ -82,10 +82,7 @@ private:
 
 // What the cell shows, and all digits of the value and the status, which it does not show.
 void agrees(const std::string& expression, const Texts& cells) {
-    const auto fetch = [&](int column) -> CellFetch::Result {
-        if (column < 0 || static_cast<std::size_t>(column) >= cells.size()) return std::nullopt;
-        return cells[static_cast<std::size_t>(column)];
-    };
+    const auto fetch = reference::fetchFrom(cells);
     std::string text = "old", expected = "old";
     const CellOutcome outcome = computeCell(expression, fetch, text);
     require(outcome == reference::computeCell(expression, fetch, expected) && text == expected,

@@ -14,7 +14,7 @@
 #include "tests/fuzz/input.h"
 #include "tests/unit/fake_host.h"
 #include "tests/unit/message_builder.h"
-#include "tests/unit/view_recorder.h"
+#include "tests/unit/recorders.h"
 #include "workbench/model/records/main_list.h"
 #include "workbench/model/workbench.h"
 
@@ -31,7 +31,7 @@ constexpr std::array kWords{"339", "340",     "353",     "354",   "360", "365",
 constexpr std::array kRequests{"om_get_auth_limits_details", "om_get_auth_user_details",
                                "om_get_auth_account_details", "om_get_functionality_details",
                                "om_authenticate_functionality"};
-constexpr auto kMnemonics = numbers(
+constexpr auto kMnemonics = listOf(
     MNM_REQUEST_NAME, MNM_STATUS, MNM_USER, MNM_ERROR, MNM_ANSWERED_REQUEST, MNM_AUTHORIZATION_KEY,
     MNM_ACCOUNT_ID, MNM_TYPE, MNM_PUBLICATION_STATUS, MNM_REQUESTING_USER, MNM_FUNCTIONALITY,
     MNM_ACCOUNT_GROUP, MNM_BRANCH, MNM_BROKER, MNM_GROUPWISE_VALIDATION);

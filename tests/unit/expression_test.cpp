@@ -21,35 +21,20 @@ using Cells = std::vector<std::string>;
 
 // What the user sees: the text, or the outcome in brackets.
 std::string shown(CellOutcome outcome, const std::string& text) {
-    switch (outcome) {
-        case CellOutcome::produced:
-            return text;
-        case CellOutcome::notFetched:
-            return text + "[not fetched]";
-        case CellOutcome::unchanged:
-            return text + "[unchanged]";
-        case CellOutcome::invalid:
-            return text + "[invalid]";
-    }
-    return "?";
-}
-
-auto fetchFrom(const Cells& cells) {
-    return [&cells](int column) -> CellFetch::Result {
-        if (column < 0 || static_cast<std::size_t>(column) >= cells.size()) return std::nullopt;
-        return cells[static_cast<std::size_t>(column)];
-    };
+    constexpr const char* kOutcomes[] = {"", "[not fetched]", "[unchanged]", "[invalid]"};
+    return text + kOutcomes[static_cast<int>(outcome)];
 }
 
 std::string cell(std::string_view expression, const Cells& cells = {}) {
     std::string text = "old";
-    const CellOutcome outcome = computeCell(expression, fetchFrom(cells), text);
+    const CellOutcome outcome = computeCell(expression, reference::fetchFrom(cells), text);
     return shown(outcome, text);
 }
 
 std::string referenceCell(const std::string& expression, const Cells& cells) {
     std::string text = "old";
-    const CellOutcome outcome = reference::computeCell(expression, fetchFrom(cells), text);
+    const CellOutcome outcome =
+        reference::computeCell(expression, reference::fetchFrom(cells), text);
     return shown(outcome, text);
 }
 

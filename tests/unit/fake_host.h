@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "console/model/owned_message.h"
 #include "link/model/host.h"
 #include "sdk/connectvosk.h"
 
@@ -26,15 +27,9 @@ using SentMessage = std::vector<std::pair<int, std::string>>;
 inline SentMessage readBack(void* message) {
     otp_fail_call(0);
     SentMessage fields;
-    std::map<int, int> seen;
-    for (int place = 0; place < otp_field_count(message); ++place) {
-        const int mnemonic = otp_field_at(message, place);
-        const char* text = nullptr;
-        void* error = nullptr;
-        if (otp_get_data_as_cstring(message, mnemonic, seen[mnemonic]++, &text, &error) == 0)
-            text = "(unreadable)";
-        fields.emplace_back(mnemonic, text);
-    }
+    for (const zek::Field& field : zek::readFields(message))
+        for (const auto& text : field.occurrences)
+            fields.emplace_back(field.id, text.value_or("(unreadable)"));
     return fields;
 }
 

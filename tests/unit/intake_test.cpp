@@ -7,7 +7,7 @@
 
 #include "tests/unit/fake_host.h"
 #include "tests/unit/message_builder.h"
-#include "tests/unit/view_recorder.h"
+#include "tests/unit/recorders.h"
 
 using namespace mc;
 
@@ -130,40 +130,50 @@ TEST_F(IntakeTest, IgnoresMessagesWithoutAKnownStatusAndAKey) {
     EXPECT_EQ(listener.told, Lines{});
 }
 
-TEST_F(IntakeTest, RefreshesAKnownChangeInPlace) {
-    const PendingChange before = listed("1001", allFields("353", kInvestor));
-    listed("1002", allFields("339", "DEALER"));
-    take(publication(kPending, "1001",
-                     {{MNM_FUNCTIONALITY, "354"},
-                      {MNM_TYPE, "RETAIL"},
-                      {MNM_USER, "DLR202"},
-                      {MNM_ACCOUNT_ID, "CL9"},
-                      {MNM_REQUESTING_USER, "MAKER02"},
-                      {MNM_BROKER, "OTHB"},
-                      {MNM_BRANCH, "DEL01"}}));
-    EXPECT_EQ(view.events, Lines{"rows"});
-    EXPECT_EQ(host.beeps, 1);
-    EXPECT_EQ(changes.size(), 2u);
-    EXPECT_EQ(changes.at(0).key, "1001");
-    EXPECT_EQ(textOf(changes.at(0)), "354|RETAIL|CL9||MAKER02|OTHB|DEL01")
-        << "only an investor's client has a linked user";
-}
-
-TEST_F(IntakeTest, KeepsWhatARefreshDoesNotTell) {
-    // A linked user and the name of limits are told each time.
-    const std::pair<const char*, const char*> cases[] = {
-        {"339", "DLR101"}, {"353", "CL5"}, {"360", ""}};
-    for (const auto& [code, entityName] : cases)
-        for (const bool unreadable : {false, true}) {
-            changes.clearAllRecords();
-            listed("1001", allFields(code, kInvestor));
-            FieldTexts fields = allFields(code, kInvestor);
-            for (auto& field : fields) field.text = kUnreadable;
-            take(publication(kPending, "1001", unreadable ? fields : FieldTexts{}));
-            EXPECT_EQ(view.events, Lines{"rows"});
-            EXPECT_EQ(textOf(changes.at(0)), std::string(code) + "|INVESTOR_CLIENT|" + entityName +
-                                                 "||MAKER01|ZEKB|MUM01");
-        }
+TEST_F(IntakeTest, ARefreshOverwritesInPlaceWhatItTells) {
+    FieldTexts unreadable = allFields("353", kInvestor);
+    for (auto& field : unreadable) field.text = kUnreadable;
+    const std::string rest = "||MAKER01|ZEKB|MUM01";
+    const struct {
+        const char* code;
+        FieldTexts told;
+        std::string now;
+        bool shown = true;
+    } cases[] = {
+        // Only an investor's client has a linked user.
+        {"353",
+         {{MNM_FUNCTIONALITY, "354"},
+          {MNM_TYPE, "RETAIL"},
+          {MNM_USER, "DLR202"},
+          {MNM_ACCOUNT_ID, "CL9"},
+          {MNM_REQUESTING_USER, "MAKER02"},
+          {MNM_BROKER, "OTHB"},
+          {MNM_BRANCH, "DEL01"}},
+         "354|RETAIL|CL9||MAKER02|OTHB|DEL01"},
+        // A linked user and the name of limits are told each time.
+        {"339", {}, "339|INVESTOR_CLIENT|DLR101" + rest},
+        {"353", {}, "353|INVESTOR_CLIENT|CL5" + rest},
+        {"353", unreadable, "353|INVESTOR_CLIENT|CL5" + rest},
+        {"360", {}, "360|INVESTOR_CLIENT|" + rest},
+        {"360", unreadable, "360|INVESTOR_CLIENT|" + rest},
+        // The checker's own is kept and not shown.
+        {"339",
+         {{MNM_FUNCTIONALITY, "340"}, {MNM_USER, "DLR202"}, {MNM_REQUESTING_USER, host.userId}},
+         "340|INVESTOR_CLIENT|DLR202||CHECK01|ZEKB|MUM01",
+         false},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.now);
+        changes.clearAllRecords();
+        listed("1001", allFields(each.code, kInvestor));
+        listed("1002", allFields("339", "DEALER"));
+        take(publication(kPending, "1001", each.told));
+        EXPECT_EQ(view.events, each.shown ? Lines{"rows"} : Lines{});
+        EXPECT_EQ(host.beeps, each.shown ? 1 : 0);
+        EXPECT_EQ(changes.size(), 2u);
+        EXPECT_EQ(changes.at(0).key, "1001");
+        EXPECT_EQ(textOf(changes.at(0)), each.now);
+    }
 }
 
 TEST_F(IntakeTest, NeverListsTheCheckersOwnChange) {
@@ -178,18 +188,6 @@ TEST_F(IntakeTest, NeverListsTheCheckersOwnChange) {
     alike[2].text = "check01";
     take(publication(kPending, "1001", alike));
     EXPECT_EQ(changes.size(), 1u) << "names differ in case";
-}
-
-TEST_F(IntakeTest, KeepsWhatAnOwnRefreshToldWithoutShowingIt) {
-    listed("1001", allFields("339", "DEALER"));
-    take(publication(kPending, "1001",
-                     {{MNM_FUNCTIONALITY, "340"},
-                      {MNM_USER, "DLR202"},
-                      {MNM_REQUESTING_USER, host.userId},
-                      {MNM_BRANCH, "DEL01"}}));
-    expectNothingHappened();
-    EXPECT_EQ(changes.size(), 1u);
-    EXPECT_EQ(textOf(changes.at(0)), "340|DEALER|DLR202||CHECK01|ZEKB|DEL01");
 }
 
 TEST_F(IntakeTest, DropsAListedChangeWhoseRightIsLost) {

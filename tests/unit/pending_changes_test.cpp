@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <random>
 
-#include "tests/unit/view_recorder.h"
+#include "tests/unit/recorders.h"
 #include "workbench/model/records/main_list.h"
 
 using namespace mc;

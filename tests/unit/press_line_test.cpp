@@ -27,6 +27,10 @@ protected:
         }
     }
 
+    PressLine line(PressButton button, const TypedValue& typed = {}) {
+        return describePress(workbench->presses().plan(button, typed), changes());
+    }
+
     // The decisions that left: "1003 1004".
     std::string decided() {
         std::string keys;
@@ -99,8 +103,7 @@ TEST_F(PressLineTest, SaysWhatAPressSends) {
         SCOPED_TRACE(each.steps);
         restart();
         run(each.steps);
-        EXPECT_EQ(describePress(workbench->presses().plan(each.button), changes()).whole(),
-                  each.line);
+        EXPECT_EQ(line(each.button).whole(), each.line);
         take(each.button == PressButton::accept ? "accept" : "reject");
         EXPECT_EQ(decided(), each.decided);
     }
@@ -130,8 +133,7 @@ TEST_F(PressLineTest, SaysWhatWasSentBefore) {
         restart();
         changes().states().setClock([this] { return now; });
         run(kThree + each.steps);
-        EXPECT_EQ(describePress(workbench->presses().plan(each.button), changes()).whole(),
-                  each.line);
+        EXPECT_EQ(line(each.button).whole(), each.line);
         const std::string press = each.button == PressButton::accept ? "accept" : "reject";
         host.control().sent.clear();
         host.takeSaid();
@@ -162,10 +164,8 @@ TEST_F(PressLineTest, OfUpdateAndRecover) {
     for (const auto& each : cases) {
         SCOPED_TRACE(each.steps);
         run(each.steps);
-        EXPECT_EQ(describePress(workbench->presses().plan(PressButton::update), changes()).text,
-                  each.update);
-        EXPECT_EQ(describePress(workbench->presses().plan(PressButton::recover), changes()).text,
-                  each.recover);
+        EXPECT_EQ(line(PressButton::update).text, each.update);
+        EXPECT_EQ(line(PressButton::recover).text, each.recover);
     }
 }
 
@@ -181,9 +181,7 @@ TEST_F(PressLineTest, CountsTheValueThatIsBeingTyped) {
         {{.refused = true}, "Update nothing: the text in the editor cannot be kept"},
     };
     for (const auto& [typed, update] : cases)
-        EXPECT_EQ(
-            describePress(workbench->presses().plan(PressButton::update, typed), changes()).text,
-            update);
+        EXPECT_EQ(line(PressButton::update, typed).text, update);
 }
 
 // ---- Which messages from the server a press may come too soon after ----

@@ -208,6 +208,14 @@ inline double decimalOf(const std::string& text) {
     return hexadecimal || word ? 0.0 : std::strtod(text.c_str(), nullptr);
 }
 
+// What fetches a row's cells.
+inline auto fetchFrom(const std::vector<std::string>& cells) {
+    return [&cells](int column) -> CellFetch::Result {
+        if (column < 0 || static_cast<std::size_t>(column) >= cells.size()) return std::nullopt;
+        return cells[static_cast<std::size_t>(column)];
+    };
+}
+
 template <class Fetch>
 std::optional<std::string> substitute(const std::string& expression, Fetch fetch) {
     std::string infix, piece;

@@ -5,8 +5,8 @@
 #include <functional>
 #include <ostream>
 
-#include "tests/unit/answer_recorder.h"
 #include "tests/unit/fake_host.h"
+#include "tests/unit/recorders.h"
 
 using namespace mc;
 
@@ -77,36 +77,28 @@ void nameEntity(RequestCase& made, const std::string& code) {
         made.pieces.push_back({54001, "ENT7", "error MNM_ACCOUNT_ID failed" + kSending});
 }
 
-RequestCase acceptCase(const std::string& code) {
-    RequestCase made{
-        "accept_" + code,
-        [code](RequestsFixture& f) { return f.requests->sendAccept(changeOf(code)) == 1; },
-        "log Request sent to Accept Authentication",
-        "",
-        {{0, kDecision, ""}}};
-    nameEntity(made, code);
-    made.pieces.push_back({54294, "CHECK01", "error MNM_SOURCE_USER_ID failed" + kSending});
-    made.pieces.push_back({51803, "1001", "error 51803 failed" + kSending});
-    made.pieces.push_back({63713, code, kFailure});
-    made.pieces.push_back({10303, "accepted", "error MNM_STATUS failed" + kSending});
-    return made;
-}
-
-RequestCase rejectCase(const std::string& code) {
-    const std::string general = "error Failed" + kSending;
-    RequestCase made{"reject_" + code,
-                     [code](RequestsFixture& f) {
-                         return f.requests->sendReject(changeOf(code), "not agreed") == 1;
+// What fails at a piece is named in the words of the button.
+RequestCase decisionCase(const std::string& code, bool accepts) {
+    const std::string failed = (accepts ? " failed" : " Failed") + kSending;
+    const std::string general = accepts ? "" : "error Failed" + kSending;
+    RequestCase made{(accepts ? "accept_" : "reject_") + code,
+                     [=](RequestsFixture& f) {
+                         return (accepts
+                                     ? f.requests->sendAccept(changeOf(code))
+                                     : f.requests->sendReject(changeOf(code), "not agreed")) == 1;
                      },
-                     "log Request sent to Reject Authentication",
+                     accepts ? "log Request sent to Accept Authentication"
+                             : "log Request sent to Reject Authentication",
                      general,
                      {{0, kDecision, general}}};
     nameEntity(made, code);
-    made.pieces.push_back({54294, "CHECK01", "error MNM_USER Failed" + kSending});
-    made.pieces.push_back({32766, "not agreed", kFailure});
-    made.pieces.push_back({63713, code, kFailure});
-    made.pieces.push_back({51803, "1001", "error 51803 Failed" + kSending});
-    made.pieces.push_back({10303, "rejected", "error MNM_STATUS Failed" + kSending});
+    const Piece key{51803, "1001", "error 51803" + failed}, kind{63713, code, kFailure};
+    const char* const user = accepts ? "MNM_SOURCE_USER_ID" : "MNM_USER";
+    made.pieces.push_back({54294, "CHECK01", std::string("error ") + user + failed});
+    if (!accepts) made.pieces.push_back({32766, "not agreed", kFailure});
+    made.pieces.push_back(accepts ? key : kind);
+    made.pieces.push_back(accepts ? kind : key);
+    made.pieces.push_back({10303, accepts ? "accepted" : "rejected", "error MNM_STATUS" + failed});
     return made;
 }
 
@@ -143,8 +135,8 @@ std::vector<RequestCase> allRequests() {
          recovery,
          {{0, recover, recovery}, {31003, "CHECK01", recovery}}}};
     for (const char* code : {"339", "340", "353", "354", "360", "365", "366", "777"}) {
-        cases.push_back(acceptCase(code));
-        cases.push_back(rejectCase(code));
+        cases.push_back(decisionCase(code, true));
+        cases.push_back(decisionCase(code, false));
     }
     return cases;
 }

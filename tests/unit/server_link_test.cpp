@@ -6,9 +6,9 @@
 
 #include "link/model/mnemonics.h"
 #include "link/model/receiver.h"
-#include "tests/unit/answer_recorder.h"
 #include "tests/unit/fake_host.h"
 #include "tests/unit/message_builder.h"
+#include "tests/unit/recorders.h"
 
 using namespace mc;
 

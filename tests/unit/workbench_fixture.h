@@ -9,7 +9,7 @@
 
 #include "tests/unit/fake_host.h"
 #include "tests/unit/message_builder.h"
-#include "tests/unit/view_recorder.h"
+#include "tests/unit/recorders.h"
 #include "workbench/model/workbench.h"
 
 namespace mc {
@@ -38,6 +38,14 @@ protected:
     void restart() {
         workbench.reset();  // the host holds one control of a kind at a time
         workbench = std::make_unique<Workbench>(host, view);
+    }
+
+    // A field of each message that left since the last call.
+    Lines takeSent(int mnemonic = MNM_REQUEST_NAME) {
+        Lines texts;
+        for (const SentMessage& message : std::exchange(host.control().sent, {}))
+            texts.push_back(valueOf(message, mnemonic));
+        return texts;
     }
 
     RecordStore& rows() { return workbench->changes().rows(); }

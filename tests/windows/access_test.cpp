@@ -82,6 +82,14 @@ TEST(PaneKeys, AScreenReaderHearsAChangeFoundOpenedReadEditedAndDecided) {
     open.plugin.publish(pending("8", "340", {{31003, "DLR8"}}));
     pump();
     const Reader reader;
+    const std::string six = "Entity Name: DLR6; Auth Type: MODIFY USER; Key: 6; Maker: MAKER1; ",
+                      seven =
+                          "Entity Name: Client - C1; Auth Type: RMS Limits; Key: 7; Maker: "
+                          "MAKER1; ",
+                      accept = "Accept 7 RMS Limits, Client - C1",
+                      list = "Maker Checker Details: Client - C1, RMS Limits, 7",
+                      edited = "Field: Cash Margin; Value: 2500.00; Old Value: 1200; changed; ",
+                      margin = "Cash Margin: 1200 to 2500.00, +1,300 (+108.3 %), 2 thousand 500";
     const struct {
         const char* what;
         std::function<void()> act;
@@ -89,27 +97,20 @@ TEST(PaneKeys, AScreenReaderHearsAChangeFoundOpenedReadEditedAndDecided) {
     } steps[] = {
         {"Down",
          [] { hand::key(VK_DOWN); },
-         {"Entity Name: DLR6; Auth Type: MODIFY USER; Key: 6; Maker: MAKER1; not looked at",
-          "Accept 6 MODIFY USER DLR6, not looked at"}},
-        {"c",
-         [] { hand::type("c"); },
-         {"Entity Name: Client - C1; Auth Type: RMS Limits; Key: 7; Maker: MAKER1; not looked at",
-          "Accept 7 RMS Limits, Client - C1, not looked at"}},
+         {six + "not looked at", "Accept 6 MODIFY USER DLR6, not looked at"}},
+        {"c", [] { hand::type("c"); }, {seven + "not looked at", accept + ", not looked at"}},
         {"Enter; the details come",
          [] {
              hand::key(VK_RETURN);
              answer(limitsAnswer("7"));
          },
-         {"Entity Name: Client - C1; Auth Type: RMS Limits; Key: 7; Maker: MAKER1; not looked at; "
-          "its details are open",
-          "Accept 7 RMS Limits, Client - C1",
-          "Entity Name: Client - C1; Auth Type: RMS Limits; Key: 7; Maker: MAKER1; looked at; its "
-          "details are open"}},
+         {seven + "not looked at; its details are open", accept,
+          seven + "looked at; its details are open"}},
         {"Tab",
          [] {
              for (int stop = 0; stop < 5; ++stop) hand::key(VK_TAB);
          },
-         {"Splitter", "<no name>", "Maker Checker Details: Client - C1, RMS Limits, 7"}},
+         {"Splitter", "<no name>", list}},
         {"Down",
          [] {
              for (int row = 0; row < 3; ++row) hand::key(VK_DOWN);
@@ -123,18 +124,14 @@ TEST(PaneKeys, AScreenReaderHearsAChangeFoundOpenedReadEditedAndDecided) {
              hand::type("2500");
              hand::key(VK_RETURN);
          },
-         {"Accept 7 RMS Limits, Client - C1; asks about 1 unsent value first",
-          "Field: Cash Margin; Value: 2500.00; Old Value: 1200; changed; edited, not sent; Cash "
-          "Margin: 1200 to 2500.00, +1,300 (+108.3 %), 2 thousand 500; Update sends 2500.00, the "
-          "maker asked for 1500; can be edited",
-          "Maker Checker Details: Client - C1, RMS Limits, 7"}},
+         {accept + "; asks about 1 unsent value first",
+          edited + "edited, not sent; " + margin +
+              "; Update sends 2500.00, the maker asked for 1500; can be edited",
+          list}},
         {"Ctrl+Shift+U",
          [] { hand::key('U', hand::kCtrlShift); },
-         {"Accept 7 RMS Limits, Client - C1, again, ago",
-          "Field: Cash Margin; Value: 2500.00; Old Value: 1200; changed; Cash Margin: 1200 to "
-          "2500.00, +1,300 (+108.3 %), 2 thousand 500; can be edited",
-          "Entity Name: Client - C1; Auth Type: RMS Limits; Key: 7; Maker: MAKER1; looked at; "
-          "update, outcome awaited; its details are open"}},
+         {accept + ", again, ago", edited + margin + "; can be edited",
+          seven + "looked at; update, outcome awaited; its details are open"}},
         {"(the server publishes the outcome)",
          [&] { open.plugin.publish(outcome("7", "accepted")); },
          {"the selection changed",

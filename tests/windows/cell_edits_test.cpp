@@ -22,7 +22,7 @@ class CellEdits : public testing::Test {
 protected:
     void SetUp() override { open.openLimits(answerOfLimits()); }
     static int last() { return rowCount(details()) - 1; }
-    const StoredDetailsProfile profile;  // widths are dragged
+    const StoredProfile profile{nullptr, kDetailsList};  // widths are dragged
     OpenWorkbench open{{"6"}};
 };
 
@@ -49,7 +49,7 @@ TEST_F(CellEdits, KeysTakeLeaveAndGoOn) {
     hand::key(VK_F2);
     hand::key(VK_TAB);  // untouched
     hand::type("25");
-    EXPECT_EQ(selectedRows(details()), RowNumbers{kSecond + 1});
+    EXPECT_EQ(selectedRows(details()), ListRows{kSecond + 1});
     hand::key(VK_TAB, hand::kShift);
     EXPECT_EQ(value(kSecond + 1), "25.00");
     hand::key(VK_ESCAPE);

@@ -47,7 +47,7 @@ HWND ownDecisions() {
 
 // One key shows them at the focused change's own, beside the lists that a press is about.
 TEST(Presses, OneKeyListsTheSessionsOwn) {
-    const StoredSetting noProfile("Maker Checker Decisions List", "COLUMNPROFILE", nullptr);
+    const StoredProfile noProfile(nullptr, "Maker Checker Decisions List");
     OpenWorkbench open({"1", "2", "3"});
     for (const int row : {1, 0}) {
         hand::clickRow(mainList(), row);
@@ -59,7 +59,7 @@ TEST(Presses, OneKeyListsTheSessionsOwn) {
     const HWND list = ownDecisions();
     ASSERT_NE(list, nullptr);
     EXPECT_EQ(GetFocus(), list);
-    EXPECT_EQ(selectedRows(list), RowNumbers{0}) << "the decision about change 2";
+    EXPECT_EQ(selectedRows(list), ListRows{0}) << "the decision about change 2";
     EXPECT_EQ(rowCount(list), 2);
     EXPECT_EQ(rowTexts(list, 0, 7)[2], "2");
     EXPECT_EQ(rowTexts(list, 0, 7)[6], "awaited");

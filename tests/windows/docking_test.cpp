@@ -104,16 +104,4 @@ TEST(Pane, DocksAtTheSideThatItsFrameRemembers) {
     }
 }
 
-TEST(Pane, FloatsInAFrameWithoutASite) {
-    LoadedPlugin plugin;
-    plugin.init();
-    const MainFrame frame(false);
-    plugin.hotKey();
-    pump();
-    ASSERT_NE(findPane(), nullptr);
-    EXPECT_TRUE(floats());
-    EXPECT_TRUE(IsWindowVisible(findPane()));
-    EXPECT_EQ(host().subscriptions.size(), 1u);
-}
-
 }  // namespace

@@ -102,7 +102,7 @@ TEST(Screens, ThePaneIsTheSameOnAScreenWhereverItWasBefore) {
 }
 
 TEST(Screens, WhatIsOpenEndsAsIfTheFocusHadLeft) {
-    const StoredDetailsProfile profile;
+    const StoredProfile profile{nullptr, kDetailsList};
     Workbench open(96);
     constexpr int kNumber = 2;
     const int choice = rowCount(details()) - 1;

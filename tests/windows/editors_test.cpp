@@ -232,27 +232,26 @@ TEST_F(Editors, AChoiceIsTakenByKeyOrMouse) {
 }
 
 TEST_F(Editors, DatesGoInAndOutInTheirForm) {
-    bed.open<CDateTimeControl>("31/12/2023", DateTimeForm::date);
-    hand::key(VK_UP);
-    hand::key(VK_RETURN);
-    EXPECT_EQ(bed.log, Texts{"commit 01/12/2023"});
-
-    bed.open<CDateTimeControl>("05/06/2024", DateTimeForm::date);
-    hand::type("7");
-    hand::key(VK_RETURN);
-    EXPECT_EQ(bed.log, Texts{"commit 07/06/2024"}) << "typed digits count at Enter";
-
-    bed.open<CDateTimeControl>("05/06/2024 10:20:30", DateTimeForm::dateAndTime);
-    hand::key(VK_RIGHT);
-    hand::key(VK_UP);
-    SetFocus(bed.other);
-    EXPECT_EQ(bed.log, Texts{"commit 05/07/2024 10:20:30"});
-
-    // What was not touched comes back as it was.
-    for (const char* before : {"5/6/2024", "soon", ""}) {
-        bed.open<CDateTimeControl>(before, DateTimeForm::date);
-        hand::key(VK_RETURN);
-        EXPECT_EQ(bed.log, Texts{"commit"});
+    constexpr auto date = DateTimeForm::date, dateAndTime = DateTimeForm::dateAndTime;
+    const struct {
+        const char* before;
+        DateTimeForm form;
+        std::vector<WORD> keys;  // then another window has the focus
+        const char* log;
+    } cases[] = {
+        {"31/12/2023", date, {VK_UP, VK_RETURN}, "commit 01/12/2023"},
+        {"05/06/2024", date, {'7', VK_RETURN}, "commit 07/06/2024"},  // typed digits count
+        {"05/06/2024 10:20:30", dateAndTime, {VK_RIGHT, VK_UP}, "commit 05/07/2024 10:20:30"},
+        // What was not touched comes back as it was.
+        {"5/6/2024", date, {VK_RETURN}, "commit"},
+        {"soon", date, {VK_RETURN}, "commit"},
+        {"", date, {VK_RETURN}, "commit"},
+    };
+    for (const auto& each : cases) {
+        bed.open<CDateTimeControl>(each.before, each.form);
+        for (const WORD key : each.keys) hand::key(key);
+        SetFocus(bed.other);
+        EXPECT_EQ(bed.log, Texts{each.log}) << each.before;
     }
 }
 

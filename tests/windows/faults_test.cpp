@@ -192,11 +192,9 @@ TEST(Faults, AllocationsOfThePluginFail) {
     const LoadedPlugin loaded;
     ASSERT_TRUE(failing.watched) << "only the checked build's allocations fail";
     for (const bool forGood : {false, true}) {
-        const Fault fault{[&](int first) {
-                              failing = {true, static_cast<std::size_t>(first), 0, forGood};
-                          },
-                          [&] { return failing.count >= std::exchange(failing.first, 0); },
-                          [](int tried) { return tried + 1 + tried / 16; }};
+        const Fault fault{
+            [&](int first) { failing.fail(static_cast<std::size_t>(first), forGood); },
+            [&] { return failing.end(); }, [](int tried) { return tried + 1 + tried / 16; }};
         const int tried = tryEach(fault);
         EXPECT_GT(tried, 20);
         std::printf("%d allocations failed%s\n", tried, forGood ? ", with all behind" : "");

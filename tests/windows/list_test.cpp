@@ -173,7 +173,7 @@ TEST(List, EscEndsLongWorkAndDoesNothingElse) {
     theKeys = {VK_ESCAPE, VK_DOWN};
     hand::click(captionPoint(2));
     isAsBefore("sort");
-    EXPECT_EQ(selectedRows(), RowNumbers{4}) << "the other key came";
+    EXPECT_EQ(selectedRows(), ListRows{4}) << "the other key came";
     theKeys = {VK_ESCAPE};
     SendMessageA(mainList(), WM_COMMAND, mc::kFitToDataCommand, 0);
     isAsBefore("fit");

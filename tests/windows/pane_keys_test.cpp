@@ -262,6 +262,7 @@ TEST(PaneKeys, F6GoesToTheConsoleAndBackToWhereItWas) {
         const MainFrame frame(docks);
         plugin.hotKey();
         pump();
+        EXPECT_EQ(GetAncestor(findPane(), GA_ROOT) == frame.handle(), docks) << "else it floats";
         SetFocus(button("Reject"));
         hand::hold(VK_F6, 3);
         EXPECT_EQ(GetFocus(), frame.handle());

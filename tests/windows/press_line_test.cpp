@@ -45,7 +45,7 @@ TEST(Presses, SelectsTheOtherHalf) {
               "Accept: half of a pair: 2 ADD CLIENT CL1 is hidden by a filter, nothing will leave"
               "  Select pair");
     hand::key('P', hand::kCtrlShift);
-    EXPECT_EQ(selectedRows(), (RowNumbers{0, 1}));
+    EXPECT_EQ(selectedRows(), (ListRows{0, 1}));
     EXPECT_EQ(pressLine(),
               "Accept 2 ADD CLIENT CL1 and its user INV1 (1), user first; 2 not looked at");
     hand::clickRow(mainList(), 1);
@@ -62,7 +62,7 @@ TEST(Presses, SelectsTheOtherHalf) {
     while (x > 0 && !cursorAt(x)) x -= 12;
     ASSERT_GT(x, 0);
     hand::click({rect.left + x, rect.top + y});
-    EXPECT_EQ(selectedRows(), (RowNumbers{0, 1}));
+    EXPECT_EQ(selectedRows(), (ListRows{0, 1}));
 }
 
 // The outcome comes as the hand presses: what the list selected instead was not seen by anybody.
@@ -104,7 +104,7 @@ TEST(Presses, OneStrokeOpensTheNextChange) {
     hand::click(filterEdit(0));
     hand::hold(VK_RETURN, 3, hand::kCtrlShift);
     EXPECT_EQ(takeSent(51803), (Texts{"1", "2", "2", "3"}));
-    EXPECT_EQ(selectedRows(), RowNumbers{1});
+    EXPECT_EQ(selectedRows(), ListRows{1});
 }
 
 }  // namespace

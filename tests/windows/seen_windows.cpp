@@ -210,15 +210,15 @@ int rowCount(HWND list) {
     return static_cast<int>(SendMessageA(list, LVM_GETITEMCOUNT, 0, 0));
 }
 
-RowNumbers selectedRows(HWND list) {
-    RowNumbers rows;
+ListRows selectedRows(HWND list) {
+    ListRows rows;
     for (int row = -1; (row = static_cast<int>(SendMessageA(
                             list, LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED))) >= 0;)
         rows.push_back(row);
     return rows;
 }
 
-void selectRows(HWND list, const RowNumbers& rows) {
+void selectRows(HWND list, const ListRows& rows) {
     LVITEMA item{};
     item.stateMask = LVIS_SELECTED;
     SendMessageA(list, LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&item));

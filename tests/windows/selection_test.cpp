@@ -76,7 +76,7 @@ TEST(Selection, EachGestureSelectsWhatItSays) {
     const struct {
         const char* what;
         std::function<void()> act;  // row 4 was clicked
-        RowNumbers selected;
+        ListRows selected;
         int focused;
         int told;
     } cases[] = {
@@ -116,16 +116,16 @@ TEST(Selection, WhatRowsDoIsNotTold) {
     open.publish("Zoya");
     open.plugin.publish(outcome("12", "accepted"));
     pump();
-    EXPECT_EQ(selectedRows(), (RowNumbers{1, 2}));
+    EXPECT_EQ(selectedRows(), (ListRows{1, 2}));
     hand::click(
         captionPoint(0));  // ASHOK, Bela, Chitra, Esha, Gopal, Zoya, arun 1 to 3, asha, deepa
-    EXPECT_EQ(selectedRows(), (RowNumbers{0, 8}));
+    EXPECT_EQ(selectedRows(), (ListRows{0, 8}));
     hand::click(filterEdit(0));
     hand::type("ashok");
     hand::key(VK_RETURN);
-    EXPECT_EQ(selectedRows(), RowNumbers{0});
+    EXPECT_EQ(selectedRows(), ListRows{0});
     hand::key(VK_ESCAPE);
-    EXPECT_EQ(selectedRows(), RowNumbers{0}) << "a row that was filtered out is deselected";
+    EXPECT_EQ(selectedRows(), ListRows{0}) << "a row that was filtered out is deselected";
     EXPECT_EQ(told.take(), 0);
     Sleep(300);  // until the hand can have seen what the list selected
     takeSent();
@@ -191,18 +191,18 @@ TEST(Selection, AMarqueeSelectsTheRowsItTouches) {
     ScreenToClient(mainList(), &edge);
     Told told;
     hand::drag(from, to, false, [&] {
-        EXPECT_EQ(selectedRows(), (RowNumbers{2, 3}));
+        EXPECT_EQ(selectedRows(), (ListRows{2, 3}));
         EXPECT_TRUE(pressLine().starts_with("Accept 2 changes")) << pressLine();
         EXPECT_EQ(pixel(mainList(), edge.x, edge.y), GetSysColor(COLOR_HIGHLIGHT));
     });
     EXPECT_LE(told.take(), 3) << "the press and two moves";
     EXPECT_NE(pixel(mainList(), edge.x, edge.y), GetSysColor(COLOR_HIGHLIGHT));
     hand::clickRow(mainList(), 1, kShift);
-    EXPECT_EQ(selectedRows(), (RowNumbers{1, 2, 3})) << "from the row where it began";
+    EXPECT_EQ(selectedRows(), (ListRows{1, 2, 3})) << "from the row where it began";
     hand::drag(from, hand::cell(mainList(), 0), true);
-    EXPECT_EQ(selectedRows(), (RowNumbers{1, 2, 3}));
+    EXPECT_EQ(selectedRows(), (ListRows{1, 2, 3}));
     hand::click(from);
-    EXPECT_EQ(selectedRows(), RowNumbers{});
+    EXPECT_EQ(selectedRows(), ListRows{});
 }
 
 }  // namespace

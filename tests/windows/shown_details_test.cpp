@@ -71,7 +71,7 @@ TEST(Details, KeysShowTheWholeTextAndTheNeighbour) {
     // An unsent edit is asked about; the neighbour is then the selected change.
     hand::during([] { hand::key(VK_F8); }, {[] { hand::key('Y'); }});
     EXPECT_EQ(strip(), kStrip + ": C1, MODIFY CLIENT, 9 - also pending: 7 RMS Limits (F8)");
-    EXPECT_EQ(selectedRows(), RowNumbers{3});
+    EXPECT_EQ(selectedRows(), ListRows{3});
     EXPECT_EQ(takeSent(), Texts{"om_get_auth_account_details"});
 }
 

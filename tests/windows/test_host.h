@@ -23,7 +23,7 @@
 #include "sdk/receive_control.h"
 #include "tests/windows/hand.h"
 
-using RowNumbers = std::vector<int>;
+using ListRows = std::vector<int>;
 using Texts = std::vector<std::string>;
 using Fields = std::vector<std::pair<int, std::string>>;
 
@@ -155,16 +155,12 @@ private:
     HANDLE m_held = INVALID_HANDLE_VALUE;
 };
 
-// The profile of the main list.
+// The column profile of a list, of the main one unless it is named.
 struct StoredProfile : StoredSetting {
-    explicit StoredProfile(const char* text = nullptr)
-        : StoredSetting("Maker checker List", "COLUMNPROFILE", text) {}
+    explicit StoredProfile(const char* text = nullptr, const char* list = "Maker checker List")
+        : StoredSetting(list, "COLUMNPROFILE", text) {}
 };
-
-struct StoredDetailsProfile : StoredSetting {
-    StoredDetailsProfile()
-        : StoredSetting("Maker Checker Details List", "COLUMNPROFILE", nullptr) {}
-};
+inline constexpr char kDetailsList[] = "Maker Checker Details List";
 
 // What the host's loop does with a message.
 void dispatch(MSG& message);
@@ -217,8 +213,8 @@ std::vector<DWORD> picture(HWND window);
 std::string cellText(HWND list, int row, int column);
 Texts rowTexts(HWND list, int row, int columns = 6);
 int rowCount(HWND list);
-RowNumbers selectedRows(HWND list = mainList());
-void selectRows(HWND list, const RowNumbers& rows);
+ListRows selectedRows(HWND list = mainList());
+void selectRows(HWND list, const ListRows& rows);
 
 // A publication of a pending change.
 Fields pending(const std::string& key, const std::string& code, Fields more = {});

@@ -1,4 +1,4 @@
-// A handler of answers that writes down what reaches it.
+// A handler of answers and a workbench view that write down what reaches them.
 #pragma once
 
 #include <stdexcept>
@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "link/model/receiver.h"
+#include "workbench/model/workbench_view.h"
 
 namespace mc {
 
@@ -31,6 +32,24 @@ private:
         taken.push_back(std::move(what));
         if (throws) throw std::runtime_error("the handler fails");
     }
+};
+
+class ViewRecorder final : public WorkbenchView {
+public:
+    std::vector<std::string> events;  // "rows", "empty details", "show details", "show again" ...
+    DetailsCaption caption;
+    std::vector<DetailGroup> shown;
+
+    void rowsChanged() override { events.emplace_back("rows"); }
+    void statesChanged() override {}
+    void emptyDetails() override { events.emplace_back("empty details"); }
+    void showDetails(std::vector<DetailGroup> groups, bool anotherChange) override {
+        events.emplace_back(anotherChange ? "show details" : "show again");
+        shown = std::move(groups);
+    }
+    void editsSent() override { events.emplace_back("edits sent"); }
+    void editsDropped() override { events.emplace_back("edits dropped"); }
+    void captionDetails(const DetailsCaption& now) override { caption = now; }
 };
 
 }  // namespace mc
