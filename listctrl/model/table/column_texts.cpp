@@ -12,6 +12,15 @@
 
 namespace mc {
 
+// Where nearly all texts differ there will be one for each slot: room for them is made at once.
+void ColumnTexts::sampled(std::size_t slots) {
+    m_shared = m_table.size() < kSample - kSample / 8;
+    grow(slots);
+    if (m_shared) return;
+    m_table.reserve(slots);
+    m_uses.reserve(slots + 1);
+}
+
 ColumnTexts::Code ColumnTexts::codeFor(Slot slot, std::string_view text) {
     grow(slot + std::size_t{1});
     const Code before = m_codes[slot];

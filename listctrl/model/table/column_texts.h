@@ -35,7 +35,7 @@ public:
         std::size_t left = kSample;
         slots.forEach([&](Slot slot) {
             set(slot, read(slot));
-            if (--left == 0) m_shared = m_table.size() < kSample - kSample / 8;
+            if (--left == 0) sampled(slots.size());
             work.did();
         });
     }
@@ -82,6 +82,7 @@ public:
 private:
     static constexpr std::size_t kSample = 1024;  // texts that tell whether nearly all differ
 
+    void sampled(std::size_t slots);
     void letGo(Code code) noexcept;
     void rebuild(bool shared, const LongWork& work);
     void readNumbers(const LongWork& work);

@@ -1,5 +1,6 @@
 #include "listctrl/model/table/text_table.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "text/characters.h"
@@ -36,12 +37,21 @@ TextTable::Bucket& TextTable::emptyBucket(std::uint64_t bytes, std::size_t size)
     return m_buckets[at];
 }
 
+void TextTable::reserve(std::size_t texts) {
+    const std::size_t bytes = m_begins.back() / size() * texts;
+    for (auto* block : {&m_texts, &m_lowered}) block->reserve(bytes + bytes / 8);
+    m_begins.reserve(texts + 2);
+}
+
 TextTable::Code TextTable::append(std::string_view text) {
     if (text.empty()) return 0;
     const std::size_t at = m_begins.back(), end = at + text.size() + kMargin;
-    if (end > m_texts.size()) {
-        m_texts.resize(2 * end);
-        m_lowered.resize(2 * end);
+    if (end > m_lowered.size()) {  // which is made larger last, if at all
+        constexpr std::size_t kMost = 1
+                                      << 16;  // the cache holds what is cleared until it is filled
+        const std::size_t room = end + std::min(end, kMost);
+        m_texts.resize(room);
+        m_lowered.resize(room);
     }
     std::memcpy(m_texts.data() + at, text.data(), text.size());
     for (std::size_t i = at; i < at + text.size(); i += 8) {

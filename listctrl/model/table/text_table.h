@@ -34,6 +34,9 @@ public:
     // add() does not find it.
     Code append(std::string_view text);
 
+    // Makes room for so many texts, as long as those that are there on average.
+    void reserve(std::size_t texts);
+
     std::size_t size() const { return m_begins.size() - 1; }
     std::size_t length(Code code) const { return end(code) - begin(code); }
     std::string_view text(Code code) const { return {m_texts.data() + begin(code), length(code)}; }
