@@ -78,7 +78,7 @@ TEST_F(ChangeStatesTest, OnlyWhatLeftIsSent) {
         run("update,reject,recover");
         EXPECT_EQ(states().of(0).sent, works ? SentDecision::update : SentDecision::none);
         EXPECT_EQ(states().of(1).sent, works ? SentDecision::reject : SentDecision::none);
-        EXPECT_EQ(states().recovered(), works);
+        EXPECT_EQ(states().arrivals().recovered, works);
     }
 }
 
@@ -145,10 +145,10 @@ TEST_F(ChangeStatesTest, TheQuickFilterShowsOneStateAndTheChangeThatIsRead) {
 
 TEST_F(ChangeStatesTest, TheQueueSaysWhyItIsEmptyAndHowMuchItHides) {
     const std::string recover = "Recover (F5) asks for what ";
-    EXPECT_EQ(emptyQueueText(states()),
+    EXPECT_EQ(emptyQueueText(states().arrivals()),
               "Nothing comes by itself in this session. " + recover + "is pending");
     workbench->subscribe();
-    EXPECT_EQ(emptyQueueText(states()),
+    EXPECT_EQ(emptyQueueText(states().arrivals()),
               "Nothing has come since 9:14. " + recover + "was pending before");
     run("list 5,list 6,open 5,answer user 5,only 5");
     EXPECT_EQ(summaryText(queueSummary(workbench->changes())), "1 selected, 1 not looked at");
@@ -158,10 +158,10 @@ TEST_F(ChangeStatesTest, TheQueueSaysWhyItIsEmptyAndHowMuchItHides) {
     EXPECT_EQ(summaryText(queueSummary(workbench->changes())),
               "1 of 2 shown, 1 filter, only not looked at, 1 not looked at");
     run("end 5,end 6");
-    EXPECT_EQ(emptyQueueText(states()),
+    EXPECT_EQ(emptyQueueText(states().arrivals()),
               "Nothing is left of what has come since 9:14. " + recover + "was pending before");
     run("recover");
-    EXPECT_EQ(emptyQueueText(states()), "No pending changes");
+    EXPECT_EQ(emptyQueueText(states().arrivals()), "No pending changes");
     EXPECT_EQ(summaryText({.rows = 12, .records = 3000, .filters = 2}),
               "12 of 3,000 shown, 2 filters");
     EXPECT_EQ(summaryText({.selected = 1, .work = "sorting was interrupted"}),

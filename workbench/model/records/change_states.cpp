@@ -43,7 +43,7 @@ void ChangeStates::came(Slot slot, Origin origin) {
     bits.pending = true;
     bits.newByRecover = origin == Origin::recovered;
     ++m_notLookedAt;
-    m_anyCame = true;
+    m_arrivals.any = true;
 }
 
 void ChangeStates::cameAgain(Slot slot, bool different) {
@@ -92,7 +92,7 @@ void ChangeStates::sent(Slot slot, SentDecision decision) {
 }
 
 void ChangeStates::recoverSent() {
-    m_recovered = true;
+    m_arrivals.recovered = true;
     for (Bits& bits : m_bits) {
         bits.doubtful = bits.pending;
         bits.newByRecover = false;
@@ -101,7 +101,7 @@ void ChangeStates::recoverSent() {
 }
 
 void ChangeStates::subscribed() {
-    m_subscribedAt = now();
+    m_arrivals.subscribedAt = now();
     m_view.statesChanged();
 }
 
