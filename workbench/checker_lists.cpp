@@ -57,9 +57,9 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
     m_holder.create(pane, rect, IDC_HOLDER_FRAME);
     m_main->create(m_holder.handle(), IDC_MAIN_LIST, kMainListName, kMainTitle);
     m_details->create(m_holder.handle(), IDC_DETAILS_LIST, kDetailsListName, kDetailsTitle);
-    m_main->painter().setEmptyText(emptyQueueText(changes.states()));
+    m_main->painter().setEmptyText(emptyQueueText(changes.states().arrivals()));
     m_main->onUpdate([this, &changes] {
-        m_main->painter().setEmptyText(emptyQueueText(changes.states()));
+        m_main->painter().setEmptyText(emptyQueueText(changes.states().arrivals()));
         m_holder.noteChanged(kMainView);
         m_news();
     });

@@ -37,7 +37,7 @@ FieldTexts fieldsOf(Input& input) {
         if (how == 0)
             fields.push_back({field, kUnreadable});
         else if (how < 8)
-            fields.push_back({field, input.until('\0')});
+            fields.push_back({field, input.bytes(input.below(16))});
         else
             fields.push_back({field, input.oneOf(kDetailTexts)});
     }
@@ -47,7 +47,7 @@ FieldTexts fieldsOf(Input& input) {
 // Most find some of the lines.
 std::string filterOf(Input& input) {
     static constexpr std::array kFilters{"", "", "*e*", "*a*", "*1*", "E", "Dealer", "*Limit*"};
-    return input.below(4) != 0 ? input.oneOf(kFilters) : input.until('\0');
+    return input.below(4) != 0 ? input.oneOf(kFilters) : input.bytes(input.below(8));
 }
 
 DetailGroups build(std::size_t kind, const FieldReader& answer) {
@@ -176,7 +176,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                 lines.endEdits(input.below(2) == 0);
                 break;
             default:
-                lines.edit(input.below(64), input.until('\0'));
+                lines.edit(input.below(64), input.bytes(input.below(8)));
                 break;
         }
         lines.check();

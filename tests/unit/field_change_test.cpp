@@ -112,8 +112,10 @@ TEST(LineGroups, AFoldedGroupOpensAsItWas) {
     lines.setFolded(branch, true);
     EXPECT_TRUE(lines.folded(*lines.lineAt(0)));
     EXPECT_TRUE(lines.rows().selection().selected(2));  // the selection belongs to the line
+    lines.setFolded(branch, false);
     branch.row->edited = true;
     lines.rowChanged(branch);
+    lines.setFolded(branch, true);
     EXPECT_TRUE(lines.holdsEdits(*lines.lineAt(0)));
     EXPECT_FALSE(lines.holdsEdits(*lines.lineAt(2)));
     EXPECT_EQ(shown(lines), "General|Branch ID|Exchange:NSE|Status|");
@@ -133,6 +135,7 @@ TEST(LineGroups, WhatAnUpdateSentIsTheValueFromThenOn) {
     lines.append(std::move(groups));
     EXPECT_TRUE(lines.editsSent());
     const sMCListStruct& sent = *lines.lineAt(2)->row;
+    EXPECT_FALSE(sent.edited);
     EXPECT_EQ(sent.sent->value, "1200");
     EXPECT_EQ(sent.change, FieldChange::none) << "as it was before";
 }

@@ -14,13 +14,12 @@ ListSummary queueSummary(const PendingChanges& changes) {
             .notLookedAt = changes.states().notLookedAtVisible()};
 }
 
-std::string emptyQueueText(const ChangeStates& states) {
-    if (states.recovered()) return "No pending changes";
-    if (!states.subscribedAt())
+std::string emptyQueueText(const Arrivals& arrivals) {
+    if (arrivals.recovered) return "No pending changes";
+    if (!arrivals.subscribedAt)
         return "Nothing comes by itself in this session. Recover (F5) asks for what is pending";
-    const std::string since = timeOfDay(*states.subscribedAt());
-    return (states.anyCame() ? "Nothing is left of what has come since "
-                             : "Nothing has come since ") +
+    const std::string since = timeOfDay(*arrivals.subscribedAt);
+    return (arrivals.any ? "Nothing is left of what has come since " : "Nothing has come since ") +
            since + ". Recover (F5) asks for what was pending before";
 }
 

@@ -13,6 +13,6 @@ ListSummary queueSummary(const PendingChanges& changes);
 
 // Instead of rows. A subscription brings only what is made from then on, so before the first
 // Recover an empty list does not mean that nothing is pending.
-std::string emptyQueueText(const ChangeStates& states);
+std::string emptyQueueText(const Arrivals& arrivals);
 
 }  // namespace mc

@@ -45,7 +45,7 @@ void ChangeStates::came(Slot slot, Origin origin) {
     bits.pending = true;
     bits.newByRecover = origin == Origin::recovered;
     ++m_notLookedAt;
-    m_anyCame = true;
+    m_arrivals.any = true;
 }
 
 void ChangeStates::cameAgain(Slot slot, bool different) {
@@ -94,7 +94,7 @@ void ChangeStates::sent(Slot slot, SentDecision decision) {
 }
 
 void ChangeStates::recoverSent() {
-    m_recovered = true;
+    m_arrivals.recovered = true;
     for (Bits& bits : m_bits) {
         bits.doubtful = bits.pending;
         bits.newByRecover = false;
@@ -103,7 +103,7 @@ void ChangeStates::recoverSent() {
 }
 
 void ChangeStates::subscribed() {
-    m_subscribedAt = now();
+    m_arrivals.subscribedAt = now();
     m_view.statesChanged();
 }
 

@@ -48,6 +48,13 @@ struct StateCounts {
     std::size_t chosenByList = 0, chosenUnseen = 0;  // the latter not looked at, or changed since
 };
 
+// How changes have come in this session.
+struct Arrivals {
+    std::optional<std::time_t> subscribedAt;  // what is made from then on comes by itself
+    bool any = false;
+    bool recovered = false;  // a Recover has left
+};
+
 std::string_view wordsOf(Reading reading);        // "not looked at"
 std::string_view wordsOf(SentDecision decision);  // "accept"; empty for none
 std::string wordsOf(const ChangeState& state);    // all that holds, "; " between
@@ -76,7 +83,7 @@ public:
     void lookedAt(Slot slot);
     void sent(Slot slot, SentDecision decision);
     void recoverSent();  // takes one pass
-    void subscribed();   // what is made from now on comes by itself
+    void subscribed();
 
     // ---- Reading ----
 
@@ -85,9 +92,7 @@ public:
     Slot shown() const { return m_shown; }
     Slot openedLast() const { return m_openedLast; }       // its details may be closed since
     std::uint64_t openings() const { return m_openings; }  // how often a change was opened
-    std::optional<std::time_t> subscribedAt() const { return m_subscribedAt; }
-    bool anyCame() const { return m_anyCame; }      // in this session
-    bool recovered() const { return m_recovered; }  // a Recover has left in this session
+    const Arrivals& arrivals() const { return m_arrivals; }
 
     StateCounts count(std::span<const Slot> slots) const;  // one pass over them
     // Of the visible rows: one pass over these where filters hide some.
@@ -115,9 +120,7 @@ private:
     Slot m_shown = kNoSlot;
     Slot m_openedLast = kNoSlot;
     std::uint64_t m_openings = 0;
-    std::optional<std::time_t> m_subscribedAt;
-    bool m_recovered = false;
-    bool m_anyCame = false;
+    Arrivals m_arrivals;
 };
 
 }  // namespace mc
