@@ -165,7 +165,7 @@ private:
     void recover() { pressButton(IDC_RECOVER); }
     void dock() { SendMessageA(findPane(), WM_NCLBUTTONDBLCLK, HTCAPTION, 0); }
 
-    static void changeDpi() {
+    void changeDpi() {
         static constexpr int kDpis[] = {96, 120, 144, 192};
         const HWND top = GetAncestor(findPane(), GA_ROOT);
         ScreenDpi::moveTo(kDpis[below(std::size(kDpis))], top, onScreen(top));

@@ -112,7 +112,7 @@ TEST(ExpressionTest, EachRowIsComputedAsIfItWereTheOnlyOne) {
             Cells row;
             while (row.size() < 3) row.emplace_back(cells[random() % std::size(cells)]);
             std::string text = "old";
-            const CellOutcome outcome = compiled.compute(fetchFrom(row), text);
+            const CellOutcome outcome = compiled.compute(reference::fetchFrom(row), text);
             EXPECT_EQ(shown(outcome, text), referenceCell(expression, row))
                 << expression << " of " << row[0] << " | " << row[1] << " | " << row[2];
         }
