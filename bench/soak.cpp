@@ -100,6 +100,7 @@ public:
         (this->*kActs[below(std::size(kActs))])();
         answerRequests();
         pump();
+        host().log.clear();
         ++m_acts;
     }
 
