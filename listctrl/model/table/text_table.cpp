@@ -47,9 +47,9 @@ TextTable::Code TextTable::append(std::string_view text) {
     if (text.empty()) return 0;
     const std::size_t at = m_begins.back(), end = at + text.size() + kMargin;
     if (end > m_lowered.size()) {  // which is made larger last, if at all
-        constexpr std::size_t kMost = 1
-                                      << 16;  // the cache holds what is cleared until it is filled
-        const std::size_t room = end + std::min(end, kMost);
+        // The cache holds what is cleared until it is filled.
+        constexpr std::size_t kMaxCleared = 1 << 16;
+        const std::size_t room = end + std::min(end, kMaxCleared);
         m_texts.resize(room);
         m_lowered.resize(room);
     }
