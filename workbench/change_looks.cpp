@@ -2,6 +2,10 @@
 
 #include <algorithm>
 
+#include "framework/handles.h"
+#include "framework/model/dots.h"
+#include "framework/platform.h"
+
 namespace mc {
 namespace {
 
@@ -38,23 +42,38 @@ std::span<const std::string_view> markOf(SentDecision sent) {
     return {};
 }
 
-void fillWithText(HDC dc, const RECT& rect) {
-    SetDCBrushColor(dc, GetTextColor(dc));
-    FillRect(dc, &rect, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-}
+// Fills rectangles with the text's colour, in a scope.
+class TextBrush {
+public:
+    explicit TextBrush(HDC dc) : m_dc(dc), m_brush(dc, GetStockObject(DC_BRUSH)) {
+        SetDCBrushColor(dc, GetTextColor(dc));
+    }
+    void fill(LONG left, LONG top, LONG right, LONG bottom) const {
+        PatBlt(m_dc, static_cast<int>(left), static_cast<int>(top), static_cast<int>(right - left),
+               static_cast<int>(bottom - top), PATCOPY);
+    }
+
+private:
+    HDC m_dc;
+    fw::SelectScope m_brush;
+};
 
 }  // namespace
 
 // From `left` to the right, in the middle between top and bottom of the cell.
 void ChangeLooks::drawMark(HDC dc, Mark mark, LONG left, const RECT& cell) const {
-    const LONG top = (cell.top + cell.bottom - m_list.scaled(static_cast<int>(mark.size()))) / 2;
-    int y = 0;
+    if (mark.empty()) return;
+    const auto pixels = [dpi = fw::dpiOf(m_list.handle())](std::size_t dots) {
+        return fw::toPixels(static_cast<int>(dots), dpi);
+    };
+    const LONG top = (cell.top + cell.bottom - pixels(mark.size())) / 2;
+    const TextBrush brush(dc);
+    std::size_t y = 0;
     for (const std::string_view dots : mark) {
-        const LONG above = top + m_list.scaled(y), below = top + m_list.scaled(++y);
+        const LONG above = top + pixels(y), below = top + pixels(++y);
         for (std::size_t end, x = dots.find('#'); x < dots.size(); x = dots.find('#', end)) {
             end = std::min(dots.find(' ', x), dots.size());
-            fillWithText(dc, {left + m_list.scaled(static_cast<int>(x)), above,
-                              left + m_list.scaled(static_cast<int>(end)), below});
+            brush.fill(left + pixels(x), above, left + pixels(end), below);
         }
     }
 }
@@ -65,8 +84,8 @@ void ChangeLooks::drawOver(HDC dc, std::size_t row, int item, const RECT& cell) 
     if (item == 1)
         return drawMark(dc, markOf(state.sent), cell.left + m_list.scaled(kBeforeText), cell);
     if (state.shown)
-        fillWithText(dc, {cell.left + m_list.scaled(kBarLeft), cell.top,
-                          cell.left + m_list.scaled(kBarRight), cell.bottom});
+        TextBrush(dc).fill(cell.left + m_list.scaled(kBarLeft), cell.top,
+                           cell.left + m_list.scaled(kBarRight), cell.bottom);
     if (state.reading == Reading::changedSince)
         drawMark(dc, kChanged, cell.left + m_list.scaled(kBesideBar), cell);
     const LONG right = cell.right - m_list.scaled(kMargin);
