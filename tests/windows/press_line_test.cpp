@@ -89,6 +89,7 @@ TEST(Presses, APressIsOfWhatWasSeen) {
     EXPECT_EQ(takeSent(51803), Texts{"3"});
     EXPECT_FALSE(pressLine().starts_with("Not sent"));
     open.plugin.publish(outcome("3", "accepted"));
+    // A message: what a host or a tool presses is never held back, right behind an outcome either.
     SendMessageA(button("Accept"), BM_CLICK, 0, 0);
     EXPECT_EQ(takeSent(51803), Texts{"4"}) << "no hand pressed it";
 }
