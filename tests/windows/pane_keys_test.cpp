@@ -63,13 +63,13 @@ TEST(PaneKeys, ADecisionNeedsItsOwnButton) {
         {"Enter held on Accept", [] { onAccept(VK_RETURN, 5); }, {"accepted 1"}},
         {"Space on Accept", [] { onAccept(VK_SPACE); }, {"accepted 1"}},
         {"Space held on Accept", [] { onAccept(VK_SPACE, 5); }, {"accepted 1"}},
-        // Posted: a hand's space would also have gone down where it was before.
         {"a space held since before",
          [] {
+             SetFocus(bar());
+             keybd_event(VK_SPACE, 0, 0, 0), pump();
              SetFocus(button("Accept"));
-             PostMessageA(button("Accept"), WM_KEYDOWN, VK_SPACE, 0x40000001);
-             PostMessageA(button("Accept"), WM_KEYUP, VK_SPACE, static_cast<LPARAM>(0xC0000001));
-             pump();
+             for (const DWORD repeatedThenUp : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}})
+                 keybd_event(VK_SPACE, 0, repeatedThenUp, 0), pump();
          },
          {}},
         {"an arrow from Recover, Enter",
