@@ -46,7 +46,7 @@ bool CPaneDialog::create(HWND frame, const char* caption, UINT templateId, DWORD
     const auto dialogBits = static_cast<DWORD>(GetWindowLongPtrA(pane, GWL_STYLE)) & 0xFFFF;
     SetWindowLongPtrA(pane, GWL_STYLE, static_cast<LONG_PTR>((style & 0xFFFF0000) | dialogBits));
     m_watch.subclass(pane);
-    followDpi();
+    takeFont();
     setModalHome(pane);
     m_keys.open();
     return true;
@@ -115,15 +115,20 @@ void CPaneDialog::checkDpi() {
     if (m_dpi != 0 && m_dpi != dpiOf(handle())) followDpi();
 }
 
+// Its controls in its own font, and no longer in the template's.
+void CPaneDialog::takeFont() {
+    m_dpi = dpiOf(handle());
+    for (HWND child = GetWindow(handle(), GW_CHILD); child != nullptr;
+         child = GetWindow(child, GW_HWNDNEXT))
+        setFont(child, font());
+}
+
 // The font before goes when no control has it any more.
 void CPaneDialog::followDpi() {
     if (handle() == nullptr) return;
     if (holdsMouse(handle())) SendMessageA(GetCapture(), WM_CANCELMODE, 0, 0);
-    m_dpi = dpiOf(handle());
     const Font before = std::exchange(m_font, Font());
-    for (HWND child = GetWindow(handle(), GW_CHILD); child != nullptr;
-         child = GetWindow(child, GW_HWNDNEXT))
-        setFont(child, font());
+    takeFont();
     m_keys.followDpi();
     frameChanged();
     onDpiChanged();

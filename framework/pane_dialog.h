@@ -119,6 +119,7 @@ private:
     LRESULT onInitPane() { return FALSE; }
     LRESULT onGetFont() { return reinterpret_cast<LRESULT>(font()); }
     HFONT font();
+    void takeFont();
     // The pane's menus are its parts' own; asked for elsewhere in it, none comes from the host.
     void onContextMenu(POINT) {}
     void onSystemColors();

@@ -60,7 +60,7 @@ CFilterBox::~CFilterBox() {
 }
 
 bool CFilterBox::create(HWND header, UINT id, const std::string& name, HFONT font,
-                        ColumnFilter filter) {
+                        const Heights& heights, ColumnFilter filter) {
     // Never seen: a box's name, for screen readers, is the label before it.
     m_label = fw::makeControl(WC_STATICA, name.c_str(), WS_CHILD, 0, {}, header, 0);
     const HWND combo = fw::makeControl(WC_COMBOBOXA, "",
@@ -69,16 +69,17 @@ bool CFilterBox::create(HWND header, UINT id, const std::string& name, HFONT fon
                                        0, {60, fw::scaledFor(header, kDropHeight)}, header, id);
     if (combo == nullptr || !subclass(combo)) return false;
     if (!m_edit.subclass(FindWindowExA(combo, nullptr, WC_EDITA, nullptr))) return false;
-    setFont(font);
+    setFont(font, heights);
     m_box = FilterBox(std::move(filter));
     show();
     return true;
 }
 
-void CFilterBox::setFont(HFONT font) {
+void CFilterBox::setFont(HFONT font, const Heights& heights) {
     const auto [first, last] = selection();
     SendMessageA(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
-    takeHeights(font);
+    SendMessageA(handle(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), heights.closed);
+    SendMessageA(handle(), CB_SETITEMHEIGHT, 0, heights.line);
     SendMessageA(edit(), EM_SETSEL, first, static_cast<LPARAM>(last));
     InvalidateRect(handle(), nullptr, TRUE);
 }
@@ -94,16 +95,14 @@ std::pair<DWORD, DWORD> CFilterBox::selection() const {
     return {first, last};
 }
 
-// A box whose lines are drawn by its owner does not follow the font: it takes the heights of one
-// that does.
-void CFilterBox::takeHeights(HFONT font) {
-    const HWND plain = fw::makeControl(WC_COMBOBOXA, "", WS_CHILD | CBS_DROPDOWN, 0, {60, 60},
-                                       GetParent(handle()), 0);
+CFilterBox::Heights CFilterBox::heightsIn(HFONT font, HWND header) {
+    const HWND plain =
+        fw::makeControl(WC_COMBOBOXA, "", WS_CHILD | CBS_DROPDOWN, 0, {60, 60}, header, 0);
     SendMessageA(plain, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
-    for (const WPARAM part : {static_cast<WPARAM>(-1), WPARAM{0}})
-        SendMessageA(handle(), CB_SETITEMHEIGHT, part,
-                     SendMessageA(plain, CB_GETITEMHEIGHT, part, 0));
+    const Heights heights{SendMessageA(plain, CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0),
+                          SendMessageA(plain, CB_GETITEMHEIGHT, 0, 0)};
     DestroyWindow(plain);
+    return heights;
 }
 
 int CFilterBox::height() const {

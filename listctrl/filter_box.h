@@ -37,11 +37,19 @@ public:
     CFilterBox(FilterHeaderOwner& owner, int item) : m_owner(owner), m_item(item) {}
     ~CFilterBox() override;
 
+    // A box whose lines are drawn by its owner does not follow the font: it takes the heights of
+    // one that does, which costs making that one.
+    struct Heights {
+        LRESULT closed = 0, line = 0;
+    };
+    static Heights heightsIn(HFONT font, HWND header);
+
     // Makes the box as a child of the header; `name` is for screen readers.
-    bool create(HWND header, UINT id, const std::string& name, HFONT font, ColumnFilter filter);
+    bool create(HWND header, UINT id, const std::string& name, HFONT font, const Heights& heights,
+                ColumnFilter filter);
 
     // Another font, which the caller keeps; the text and its selection stay.
-    void setFont(HFONT font);
+    void setFont(HFONT font, const Heights& heights);
     // Closes the drop-down as the focus going elsewhere does: nothing is chosen.
     void closeDrop() const;
 
@@ -92,7 +100,6 @@ private:
     void onSettle();
     void onDropped();
     LRESULT onDrawItem(const DRAWITEMSTRUCT& draw);
-    void takeHeights(HFONT font);
     std::pair<DWORD, DWORD> selection() const;
     void fill();
 

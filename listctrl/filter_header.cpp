@@ -79,12 +79,13 @@ void CFilterHeader::dropBoxes() {
 
 void CFilterHeader::setBoxes(const std::vector<ColumnFilter>& filters) {
     dropBoxes();
+    const auto heights = CFilterBox::heightsIn(m_font, handle());
     for (const ColumnFilter& filter : filters) {
         const auto item = static_cast<int>(m_boxes.size());
         auto box = std::make_unique<CFilterBox>(m_owner, item);
         const UINT id = kFirstBoxId + static_cast<UINT>(item);
-        if (!box->create(handle(), id, control().item(item).caption + " filter", m_font, filter))
-            break;
+        const std::string name = control().item(item).caption + " filter";
+        if (!box->create(handle(), id, name, m_font, heights, filter)) break;
         m_boxes.push_back(std::move(box));
     }
     measureBoxes();
@@ -93,7 +94,8 @@ void CFilterHeader::setBoxes(const std::vector<ColumnFilter>& filters) {
 
 void CFilterHeader::setFont(HFONT font) {
     m_font = font;
-    for (const auto& box : m_boxes) box->setFont(font);
+    const auto heights = CFilterBox::heightsIn(font, handle());
+    for (const auto& box : m_boxes) box->setFont(font, heights);
     measureBoxes();
 }
 
