@@ -2,14 +2,14 @@
 
 #include <algorithm>
 
-#include "framework/handles.h"
 #include "framework/model/dots.h"
 #include "framework/platform.h"
 
 namespace mc {
 namespace {
 
-// A mark is made of dots, one pixel each at 96 dots per inch. It is no wider than a margin.
+// The lines of a mark from the top, of dots that are one pixel each at 96 dots per inch. It is no
+// wider than a margin.
 constexpr std::string_view kChanged[] = {"#   ", "##  ", "### ", "####", "### ", "##  ", "#   "};
 constexpr std::string_view kNew[] = {"  #  ", "  #  ", "#####", "  #  ", "  #  "};
 constexpr std::string_view kDoubtful[] = {" ### ", "#   #", "    #", "   # ",
@@ -42,40 +42,42 @@ std::span<const std::string_view> markOf(SentDecision sent) {
     return {};
 }
 
-// Fills rectangles with the text's colour, in a scope.
-class TextBrush {
-public:
-    explicit TextBrush(HDC dc) : m_dc(dc), m_brush(dc, GetStockObject(DC_BRUSH)) {
-        SetDCBrushColor(dc, GetTextColor(dc));
-    }
-    void fill(LONG left, LONG top, LONG right, LONG bottom) const {
-        PatBlt(m_dc, static_cast<int>(left), static_cast<int>(top), static_cast<int>(right - left),
-               static_cast<int>(bottom - top), PATCOPY);
-    }
+HBRUSH brushOfText(HDC dc) {
+    SetDCBrushColor(dc, GetTextColor(dc));
+    return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
+}
 
-private:
-    HDC m_dc;
-    fw::SelectScope m_brush;
-};
+// Of the dots of a mark, from the origin. Null when the system has no more regions.
+fw::Region shapeOf(std::span<const std::string_view> mark, int dpi) {
+    fw::Region shape(CreateRectRgn(0, 0, 0, 0)), run(CreateRectRgn(0, 0, 0, 0));
+    const auto pixels = [dpi](std::size_t dots) {
+        return fw::toPixels(static_cast<int>(dots), dpi);
+    };
+    for (std::size_t y = 0; y < mark.size(); ++y) {
+        const std::string_view dots = mark[y];
+        for (std::size_t end, x = dots.find('#'); x < dots.size(); x = dots.find('#', end)) {
+            end = std::min(dots.find(' ', x), dots.size());
+            SetRectRgn(run.get(), pixels(x), pixels(y), pixels(end), pixels(y + 1));
+            CombineRgn(shape.get(), shape.get(), run.get(), RGN_OR);
+        }
+    }
+    return shape;
+}
 
 }  // namespace
 
-// From `left` to the right, in the middle between top and bottom of the cell.
+// From `left` to the right, in the middle between top and bottom of the cell. One call for all of a
+// mark's dots: a row may have three marks.
 void ChangeLooks::drawMark(HDC dc, Mark mark, LONG left, const RECT& cell) const {
     if (mark.empty()) return;
-    const auto pixels = [dpi = fw::dpiOf(m_list.handle())](std::size_t dots) {
-        return fw::toPixels(static_cast<int>(dots), dpi);
-    };
-    const LONG top = (cell.top + cell.bottom - pixels(mark.size())) / 2;
-    const TextBrush brush(dc);
-    std::size_t y = 0;
-    for (const std::string_view dots : mark) {
-        const LONG above = top + pixels(y), below = top + pixels(++y);
-        for (std::size_t end, x = dots.find('#'); x < dots.size(); x = dots.find('#', end)) {
-            end = std::min(dots.find(' ', x), dots.size());
-            brush.fill(left + pixels(x), above, left + pixels(end), below);
-        }
-    }
+    const int dpi = fw::dpiOf(m_list.handle());
+    fw::Region& shape = m_shapes[mark.data()];
+    if (!shape) shape = shapeOf(mark, dpi);
+    const LONG height = fw::toPixels(static_cast<int>(mark.size()), dpi);
+    const int x = static_cast<int>(left), y = static_cast<int>(cell.top + cell.bottom - height) / 2;
+    OffsetRgn(shape.get(), x, y);
+    FillRgn(dc, shape.get(), brushOfText(dc));
+    OffsetRgn(shape.get(), -x, -y);
 }
 
 void ChangeLooks::drawOver(HDC dc, std::size_t row, int item, const RECT& cell) const {
@@ -83,14 +85,21 @@ void ChangeLooks::drawOver(HDC dc, std::size_t row, int item, const RECT& cell) 
     const ChangeState state = stateOf(row);
     if (item == 1)
         return drawMark(dc, markOf(state.sent), cell.left + m_list.scaled(kBeforeText), cell);
-    if (state.shown)
-        TextBrush(dc).fill(cell.left + m_list.scaled(kBarLeft), cell.top,
-                           cell.left + m_list.scaled(kBarRight), cell.bottom);
+    if (state.shown) {
+        const RECT bar{cell.left + m_list.scaled(kBarLeft), cell.top,
+                       cell.left + m_list.scaled(kBarRight), cell.bottom};
+        FillRect(dc, &bar, brushOfText(dc));
+    }
     if (state.reading == Reading::changedSince)
         drawMark(dc, kChanged, cell.left + m_list.scaled(kBesideBar), cell);
     const LONG right = cell.right - m_list.scaled(kMargin);
     if (state.doubtful) drawMark(dc, kDoubtful, right, cell);
     if (state.newByRecover) drawMark(dc, kNew, right, cell);
+}
+
+void ChangeLooks::fontChanged() {
+    m_bold.reset();
+    m_shapes.clear();
 }
 
 ChangeState ChangeLooks::stateOf(std::size_t row) const {

@@ -6,9 +6,11 @@
 // shape and position. All in one cell's tip, in words.
 #pragma once
 
+#include <map>
 #include <span>
 #include <string_view>
 
+#include "framework/handles.h"
 #include "framework/window.h"
 #include "listctrl/bold_font.h"
 #include "listctrl/cell_looks.h"
@@ -22,8 +24,8 @@ public:
     ChangeLooks(const fw::CWindow& list, const PendingChanges& changes)
         : m_list(list), m_changes(changes) {}
 
-    // The list has another font.
-    void fontChanged() { m_bold.reset(); }
+    // The list has another font or other dots per inch.
+    void fontChanged();
 
     CellLook look(std::size_t row, int item) const override;
     void drawOver(HDC dc, std::size_t row, int item, const RECT& cell) const override;
@@ -31,12 +33,14 @@ public:
 
 private:
     ChangeState stateOf(std::size_t row) const;
-    using Mark = std::span<const std::string_view>;  // its lines of dots, from the top
+    using Mark = std::span<const std::string_view>;
     void drawMark(HDC dc, Mark mark, LONG left, const RECT& cell) const;
 
     const fw::CWindow& m_list;
     const PendingChanges& m_changes;
     BoldFont m_bold;
+    // By the lines of a mark; as far as they were drawn since the font changed.
+    mutable std::map<const std::string_view*, fw::Region> m_shapes;
 };
 
 }  // namespace mc
