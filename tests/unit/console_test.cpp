@@ -5,6 +5,7 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "console/model/authorization_server.h"
@@ -22,24 +23,29 @@ Fields fieldsOf(std::vector<std::pair<int, std::string>> texts) {
     return fields;
 }
 
-Change modifyUser() {
+Change changeOf(const char* code, const char* maker, Fields fields) {
     Change change;
-    change.code = "340";
-    change.maker = "MAKER01";
+    change.code = code;
+    change.maker = maker;
+    change.fields = std::move(fields);
+    return change;
+}
+
+Change modifyUser() {
+    Change change =
+        changeOf("340", "MAKER01",
+                 {{30001, {"Asha Iyer", "Asha Rao"}}, {44201, {"DAY", "IOC"}}, {64710, {{}}}});
     change.type = "DEALER";
     change.broker = "ZEKB";
     change.branch = "MUM01";
     change.user = "DLR101";
-    change.fields = {{30001, {"Asha Iyer", "Asha Rao"}}, {44201, {"DAY", "IOC"}}, {64710, {{}}}};
     return change;
 }
 
 Change clientLimits() {
-    Change change;
-    change.code = "360";
-    change.maker = "MAKER02";
+    Change change =
+        changeOf("360", "MAKER02", {{64031, {"300000", "250000"}}, {64211, {"5000", "4000"}}});
     change.client = "C10021";
-    change.fields = {{64031, {"300000", "250000"}}, {64211, {"5000", "4000"}}};
     return change;
 }
 
