@@ -1,5 +1,5 @@
 // Scenario files: what was read is written so that it reads the same, an error names its line, and
-// every change that is read reaches the server and is decided there once.
+// every change that is read reaches the server and is decided there once, not by its maker.
 #include <algorithm>
 
 #include "console/model/authorization_server.h"
@@ -23,9 +23,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     zek::AuthorizationServer server;
     for (const zek::Change& change : read.value.changes) {
-        const std::string key = server.submit(change);
-        require(server.decideAs("SOMEBODY", key, true, "") == "", "a change is decided", key);
-        require(server.decideAs("SOMEBODY", key, true, "") != "", "and once only", key);
+        const std::string key = server.submit(change), checker = change.maker + "2";
+        require(server.decideAs(change.maker, key, true, "") != "", "not by its maker", key);
+        require(server.decideAs(checker, key, true, "") == "", "a change is decided", key);
+        require(server.decideAs(checker, key, true, "") != "", "and once only", key);
     }
     return 0;
 }
