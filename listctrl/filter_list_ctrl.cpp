@@ -172,7 +172,7 @@ bool CFilterListCtrl::dialogKey(HWND focus, UINT key) {
 
 // The list's parts count as the list.
 void CFilterListCtrl::partFocusChanged() {
-    if (const auto box = boxOf(GetFocus())) input().goToColumn(m_boxColumns[*box]);
+    if (const auto box = boxOf(GetFocus())) input().current().goToColumn(m_boxColumns[*box]);
     notifyParent(handle(), IsChild(handle(), GetFocus()) != 0 ? NM_SETFOCUS : NM_KILLFOCUS);
 }
 
