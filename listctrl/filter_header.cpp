@@ -138,7 +138,7 @@ ColumnFilter CFilterHeader::filter(int item) const {
 }
 
 void CFilterHeader::clear() {
-    for (const auto& box : m_boxes) box->clear();
+    for (const auto& box : m_boxes) box->putBack({});
     InvalidateRect(handle(), nullptr, FALSE);
 }
 
