@@ -79,18 +79,19 @@ void CFloatFrame::onActivate(bool active) {
 
 // A docked pane hears of both from its frame.
 void CFloatFrame::onSystemColors() {
-    if (m_docking.inFloatFrame()) SendMessageA(m_pane.handle(), WM_SYSCOLORCHANGE, 0, 0);
+    if (m_docking.floating().holdsPane()) SendMessageA(m_pane.handle(), WM_SYSCOLORCHANGE, 0, 0);
 }
 
 void CFloatFrame::onSetting(WPARAM what, LPARAM section) {
-    if (m_docking.inFloatFrame()) SendMessageA(m_pane.handle(), WM_SETTINGCHANGE, what, section);
+    if (m_docking.floating().holdsPane())
+        SendMessageA(m_pane.handle(), WM_SETTINGCHANGE, what, section);
 }
 
 // The rectangle keeps the pointer that drags the window where it holds it.
 void CFloatFrame::onDpiChanged(const RECT& suggested) {
     SetWindowPos(handle(), nullptr, suggested.left, suggested.top, widthOf(suggested),
                  heightOf(suggested), SWP_NOZORDER | SWP_NOACTIVATE);
-    if (m_docking.inFloatFrame()) m_pane.checkDpi();
+    if (m_docking.floating().holdsPane()) m_pane.checkDpi();
 }
 
 void CFloatFrame::onMinimum(MINMAXINFO& info) {

@@ -63,7 +63,7 @@ void CPaneDialog::show(bool activate) {
 bool CPaneDialog::destroy() {
     const HWND pane = handle();
     const bool destroyed = pane != nullptr && DestroyWindow(pane) != 0;
-    m_docking.destroyFloatFrame();
+    m_docking.floating().destroy();
     return destroyed;
 }
 

@@ -111,7 +111,7 @@ SIZE CMakerChecker::firstFloatSize() const {
 }
 
 void CMakerChecker::keepFloatSize() {
-    const auto floated = docking().lastFloatSize();
+    const auto floated = docking().floating().lastSize();
     if (!floated) return;
     m_bar.setSize({static_cast<int>(floated->cx), static_cast<int>(floated->cy)});
     m_bar.save();
