@@ -74,7 +74,7 @@ void CFloatFrame::onCaptionDoubleClick(UINT hit, POINT) {
 
 // The platform gives the frame the focus when it is activated again, and that gives it to the pane.
 void CFloatFrame::onActivate(bool active) {
-    if (!active) m_pane.keys().keepFocus();
+    m_pane.keys().onActivate(active);
 }
 
 // A docked pane hears of both from its frame.
@@ -91,7 +91,7 @@ void CFloatFrame::onSetting(WPARAM what, LPARAM section) {
 void CFloatFrame::onDpiChanged(const RECT& suggested) {
     SetWindowPos(handle(), nullptr, suggested.left, suggested.top, widthOf(suggested),
                  heightOf(suggested), SWP_NOZORDER | SWP_NOACTIVATE);
-    if (m_docking.floating().holdsPane()) m_pane.checkDpi();
+    if (m_docking.floating().holdsPane()) m_pane.dpi().check();
 }
 
 void CFloatFrame::onMinimum(MINMAXINFO& info) {
