@@ -94,8 +94,7 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
     m_details->setDetailColumns();
     m_details->commands().offerColumns(false, false);
     m_details->appearance().setBackground(detailsBackground());
-    m_details->setAllowedCharacters(kAllowedInValues);
-    m_details->setChoices({"E", "D"});
+    m_details->setEditRules({kAllowedInValues, {"E", "D"}});
     captionDetails(m_caption);
 }
 
