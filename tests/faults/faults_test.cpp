@@ -72,7 +72,7 @@ void hostsOwn(bool begins) {
 }
 
 // Keeps the details in lines, as the pane's list does.
-struct LinesView final : WorkbenchView {
+struct LinesView final : RecordsView, DetailsView {
     LineGroups lines;
     void rowsChanged() override {}
     void statesChanged() override {}
@@ -161,7 +161,7 @@ public:
 
     FakeHost host;
     LinesView view;
-    Workbench workbench{host, view};
+    Workbench workbench{host, view, view};
     Presses& presses = workbench.presses();
 
 private:

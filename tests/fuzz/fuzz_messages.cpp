@@ -224,7 +224,7 @@ private:
     Input m_input;
     FakeHost m_host;
     ViewRecorder m_view;
-    Workbench m_workbench{m_host, m_view};
+    Workbench m_workbench{m_host, m_view, m_view};
     int m_messages = 0;
 };
 

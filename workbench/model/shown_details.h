@@ -11,9 +11,9 @@
 #include "link/model/message.h"
 #include "link/model/pending_record.h"
 #include "link/model/requests.h"
+#include "workbench/model/details_view.h"
 #include "workbench/model/unanswered_requests.h"
 #include "workbench/model/unsent_edits.h"
-#include "workbench/model/workbench_view.h"
 
 namespace mc {
 
