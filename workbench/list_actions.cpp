@@ -7,7 +7,8 @@ namespace mc {
 namespace {
 
 void showRow(Workbench& workbench, std::size_t row) {
-    if (auto change = workbench.changes().recordAt(row))
+    const PendingChanges& changes = workbench.changes();
+    if (auto change = changes.recordIn(changes.rows().slotAt(row)))
         workbench.details().open(std::move(*change));
 }
 

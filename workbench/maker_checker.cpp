@@ -151,8 +151,9 @@ void CMakerChecker::toggleDecisions() {
         return layOut();
     }
     DecisionLog& log = m_workbench->decisionLog();
-    const auto row = m_workbench->changes().rows().selection().focusedRow();
-    const auto change = row ? m_workbench->changes().recordAt(*row) : std::nullopt;
+    const PendingChanges& changes = m_workbench->changes();
+    const auto row = changes.rows().selection().focusedRow();
+    const auto change = row ? changes.recordIn(changes.rows().slotAt(*row)) : std::nullopt;
     const Slot about = change ? log.newestAbout(change->key) : kNoSlot;
     m_decisions.open(handle(), log, about != kNoSlot ? about : log.newest());
     layOut();

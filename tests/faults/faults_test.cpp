@@ -180,7 +180,7 @@ World::Sight World::sight() {
                                    std::string(wordsOf(state.sent));
     }
     for (std::size_t row = 0; row < rows().rowCount(); ++row)
-        seen.rows.push_back(changes.recordAt(row)->key);
+        seen.rows.push_back(changes.recordIn(changes.rows().slotAt(row))->key);
     for (const Slot slot : changes.selectedRecords())
         seen.selected.push_back(changes.recordIn(slot)->key);
     seen.caption = view.caption;

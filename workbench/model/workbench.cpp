@@ -99,7 +99,7 @@ bool Workbench::openNext() {
     };
     std::size_t row = rows.selection().focusedRow().value_or(0);
     while (row < rows.rowCount() && sent(row)) ++row;
-    const auto change = m_changes.recordAt(row);
+    const auto change = m_changes.recordIn(rows.slotAt(row));
     if (!change) return false;
     m_details.open(*change);
     const auto now = rows.rowOf(change->slot);
