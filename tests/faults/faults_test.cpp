@@ -96,7 +96,7 @@ class World {
 public:
     World() {
         HostsOwn::change = hostsOwn;
-        host.modifyRight = 1;
+        host.rights.modify = 1;
         host.answersYes = true;
         for (int key = 1; key <= 6; ++key)
             publish(std::to_string(key), key % 2 == 0 ? "360" : "340", "ENT" + kLong);
@@ -211,12 +211,9 @@ void World::check() {
     const bool lines = view.lines.rows().stored().size() != 0;
     ASSERT_TRUE(!lines || workbench.details().key() == m_linesAbout) << "whose details these are";
     ASSERT_TRUE(lines || presses.plan(PressButton::update).edits == 0) << "an edit out of sight";
-    std::size_t selected = 0;
-    for (const std::size_t row : rows().selection().rows()) {
-        ASSERT_LT(row, visible);
-        ++selected;
-    }
-    ASSERT_EQ(rows().selection().count(), selected);
+    const auto& selected = rows().selection().rows();
+    for (const std::size_t row : selected) ASSERT_LT(row, visible);
+    ASSERT_EQ(rows().selection().count(), selected.size());
     for (const SentMessage& sent : host.control().sent)  // what left is noted with its change
         if (const Slot slot = changes.find(valueOf(sent, MNM_AUTHORIZATION_KEY));
             slot != kNoSlot && !valueOf(sent, MNM_STATUS).empty()) {
@@ -256,9 +253,6 @@ void openThird(World& world) {
 }
 void limitsCome(World& world) {
     world.answer(kGetLimitsDetails, kLimitsAnswer);
-}
-void selectSingles(World& world) {
-    world.select({2, 3, 4});
 }
 void accept(World& world) {
     world.presses.accept(world.selected());
@@ -320,7 +314,11 @@ const Operation kOperations[] = {
      [](World& w) { w.workbench.details().valueEdited(64210, "12345678.9"); }},
     {"a reject", nothing, [](World& w) { w.presses.reject(w.selected(), [] { return kLong; }); },
      false},
-    {"an accept of singles", selectSingles, accept, false},
+    {"an accept of singles",
+     [](World& w) {
+         w.select({2, 3, 4});
+     },
+     accept, false},
     {"an accept of a pair", nothing, accept, false},
     {"an update", openEdited, [](World& w) { w.presses.update(); }, false},
     {"edits are dropped", openEdited, [](World& w) { w.workbench.details().dropEdits(); }, false},
@@ -375,7 +373,7 @@ protected:
             EXPECT_EQ(again.lines, m_after.lines);
         }
         world.workbench.close();
-        EXPECT_EQ(world.host.released, (std::vector<int>{3, 0}))
+        EXPECT_EQ(world.host.controls.released, (std::vector<int>{3, 0}))
             << "the receive controls are released";
         EXPECT_EQ(otp_open_handles(), handles) << "the handles are closed";
         return failed;
