@@ -32,10 +32,6 @@ void endCallFault() {
     s_callsLeft -= std::min(made, s_callsLeft);
 }
 
-bool endAllocationFault() {
-    return faults::allocations.end();
-}
-
 const struct Fault {
     const char* name;
     void (*arm)(std::size_t first);
@@ -43,9 +39,9 @@ const struct Fault {
     bool throws;
 } kFaults[] = {
     {"allocation", [](std::size_t first) { faults::allocations.fail(first, false); },
-     endAllocationFault, true},
+     [] { return faults::allocations.end(); }, true},
     {"all allocations from", [](std::size_t first) { faults::allocations.fail(first, true); },
-     endAllocationFault, true},
+     [] { return faults::allocations.end(); }, true},
     {"messaging call",
      [](std::size_t first) {
          s_callsLeft = first;
