@@ -110,6 +110,14 @@ void CListInput::onRightUp(POINT client) {
 
 // ---- Keys ----
 
+// Enter in a list belongs to the list: it must never press the dialog's default button.
+LRESULT CListInput::onGetDialogCode(const MSG* message) const {
+    const LRESULT code = DefSubclassProc(m_list.handle(), WM_GETDLGCODE, 0,
+                                         reinterpret_cast<LPARAM>(message)) |
+                         DLGC_WANTCHARS;  // letters find rows
+    return message != nullptr && message->wParam == VK_RETURN ? code | DLGC_WANTMESSAGE : code;
+}
+
 bool CListInput::onKeyDown(UINT key, bool) {
     const Modifiers keys = modifiersDown();
     m_keyTaken = false;

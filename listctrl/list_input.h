@@ -64,6 +64,7 @@ public:
     void onDoubleClick(POINT client) { pressTwice(client); }
     void onRightDown(POINT client);
     void onRightUp(POINT client);
+    LRESULT onGetDialogCode(const MSG* message) const;
     bool onKeyDown(UINT key, bool repeated);
     void onCharacter(UINT character);
     void onFocusChanged();
