@@ -235,10 +235,7 @@ bool CDockingSite::releaseSash() {
 }
 
 bool CDockingSite::showSashCursor(LRESULT& result) {
-    POINT cursor{};
-    GetCursorPos(&cursor);
-    ScreenToClient(m_frame, &cursor);
-    const Docked* sash = sashAt(cursor);
+    const Docked* sash = sashAt(mousePointIn(m_frame));
     if (sash == nullptr) return false;
     SetCursor(LoadCursorA(nullptr, acrossIsHeight(sash->side) ? IDC_SIZENS : IDC_SIZEWE));
     result = 1;

@@ -97,9 +97,7 @@ int PaneDocking::frameDpi() const {
 }
 
 void PaneDocking::floatFrameDragged() {
-    POINT cursor{};
-    GetCursorPos(&cursor);
-    const DockFrame::Target target = targetFor(cursor);
+    const DockFrame::Target target = targetFor(mousePoint());
     if (target.side != 0)
         m_preview.show(target.rect);
     else
@@ -110,9 +108,7 @@ void PaneDocking::floatFrameReleased(bool moved) {
     m_preview.hide();
     if (!moved) return;
     m_floating.moved();
-    POINT cursor{};
-    GetCursorPos(&cursor);
-    dropAt(cursor);
+    dropAt(mousePoint());
 }
 
 // ---- Where a pane that is let go would be ----

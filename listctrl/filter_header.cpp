@@ -108,11 +108,7 @@ void CFilterHeader::onDpiChanged() {
 // loses the mouse; let go outside, a pressed caption is not clicked.
 void CFilterHeader::onCancelMode() {
     if (GetCapture() != handle()) return;
-    POINT at{};
-    GetCursorPos(&at);
-    ScreenToClient(handle(), &at);
-    at.y = -1000;
-    controlDefault(WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
+    controlDefault(WM_LBUTTONUP, 0, MAKELPARAM(fw::mousePointIn(handle()).x, -1000));
 }
 
 void CFilterHeader::measureBoxes() {

@@ -73,12 +73,6 @@ void CListCommands::onOpenMenu(UINT which, POINT screen) {
     if (chosen != 0) run(chosen);
 }
 
-POINT CListCommands::cursor() {
-    POINT at{};
-    GetCursorPos(&at);
-    return at;
-}
-
 void CListCommands::onContextMenu(POINT screen) {
     if (screen.x == -1 && screen.y == -1) openMenu(modifiersDown().ctrl);
 }
