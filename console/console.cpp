@@ -152,10 +152,11 @@ void Console::showStatus() {
     const char* connection = m_runs.controls().isSubscribed() ? "Connected, subscribed"
                              : m_runs.controls().count() > 0  ? "Connected"
                                                               : "Not connected";
-    m_frame->setStatus({"User: " + m_logins.profile().user, "Broker: " + m_logins.profile().broker,
-                        "Privilege level: " + std::to_string(m_logins.profile().level) + " (" +
-                            m_logins.profile().privilege + ")",
-                        connection});
+    m_frame->status().show({"User: " + m_logins.profile().user,
+                            "Broker: " + m_logins.profile().broker,
+                            "Privilege level: " + std::to_string(m_logins.profile().level) + " (" +
+                                m_logins.profile().privilege + ")",
+                            connection});
 }
 
 }  // namespace zek

@@ -85,9 +85,8 @@ LRESULT CMainFrame::onCreate() {
     SendMessageA(handle(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
     SetMenu(handle(), LoadMenuA(module, MAKEINTRESOURCEA(IDR_MAIN_MENU)));
     m_accelerators = LoadAcceleratorsA(module, MAKEINTRESOURCEA(IDR_ACCELERATORS));
-    m_font = messageFont(handle());
     createClient();
-    createStatusBar();
+    m_status.create(handle());
     m_site = std::make_unique<fw::CDockingSite>(handle(), [this] { layOut(); });
     layOut();
     if (m_log.create(handle())) m_site->dock(m_log.handle(), kDockBottom, scaled(170));
@@ -111,29 +110,6 @@ void CMainFrame::createClient() {
         0, 0, handle(), reinterpret_cast<HMENU>(IDC_CLIENT), fw::module(), &made);
 }
 
-void CMainFrame::createStatusBar() {
-    m_status =
-        CreateWindowExA(0, STATUSCLASSNAMEA, "", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0, 0, 0,
-                        handle(), reinterpret_cast<HMENU>(IDC_STATUS_BAR), fw::module(), nullptr);
-    fw::setFont(m_status, m_font.get());
-}
-
-void CMainFrame::setStatus(const std::vector<std::string>& parts) {
-    if (parts == m_statusParts) return;
-    m_statusParts = parts;
-    showStatus();
-}
-
-void CMainFrame::showStatus() {
-    const std::vector<std::string>& parts = m_statusParts;
-    std::vector<int> edges;
-    for (std::size_t i = 0; i < parts.size(); ++i)
-        edges.push_back(i + 1 < parts.size() ? scaled(180) * static_cast<int>(i + 1) : -1);
-    SendMessageA(m_status, SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
-    for (std::size_t i = 0; i < parts.size(); ++i)
-        SendMessageA(m_status, SB_SETTEXTA, i, reinterpret_cast<LPARAM>((" " + parts[i]).c_str()));
-}
-
 void CMainFrame::setProfiles(const std::vector<std::string>& names, const std::string& current) {
     const HMENU menu = GetSubMenu(GetMenu(handle()), kUserMenu);
     if (names.empty()) return;
@@ -153,30 +129,24 @@ bool CMainFrame::translate(MSG& message) {
 }
 
 void CMainFrame::onSize(int, int) {
-    if (m_status == nullptr) return;
-    SendMessageA(m_status, WM_SIZE, 0, 0);
+    m_status.fit();
     layOut();
 }
 
 // The views and panes hear of it themselves, after this.
 void CMainFrame::onDpiChanged(const RECT& suggested) {
     m_site->cancelDrag();
-    followFont(handle(), m_font, {m_status});
-    showStatus();
+    m_status.followDpi();
     SetWindowPos(handle(), nullptr, suggested.left, suggested.top, fw::widthOf(suggested),
                  fw::heightOf(suggested), SWP_NOZORDER | SWP_NOACTIVATE);
     onSize(0, 0);
 }
 
-int CMainFrame::statusHeight() const {
-    return fw::heightOf(fw::screenRect(m_status));
-}
-
 void CMainFrame::layOut() {
     if (IsIconic(handle()) != 0 || m_site == nullptr) return;
     const RECT client = clientRect();
-    const fw::Rect inner = m_site->layOut(
-        {0, 0, static_cast<int>(client.right), static_cast<int>(client.bottom) - statusHeight()});
+    const fw::Rect inner = m_site->layOut({0, 0, static_cast<int>(client.right),
+                                           static_cast<int>(client.bottom) - m_status.height()});
     SetWindowPos(m_client, nullptr, inner.left, inner.top, inner.width(), inner.height(),
                  SWP_NOZORDER | SWP_NOACTIVATE);
     tileViews();

@@ -11,6 +11,7 @@
 
 #include "console/log_pane.h"
 #include "console/server_view.h"
+#include "console/status_bar.h"
 #include "framework/docking_site.h"
 
 namespace zek {
@@ -18,7 +19,7 @@ namespace zek {
 struct FrameEvents {
     std::function<bool(UINT id)> onCommand;  // false: not known
     std::function<void()> onClose;           // the user wants to leave; the frame stays
-    std::function<void()> onRefresh;         // a few times a second: the time to call setStatus()
+    std::function<void()> onRefresh;         // a few times a second: the time to show the status
 };
 
 class CMainFrame : public fw::CWindow {
@@ -33,8 +34,7 @@ public:
         if (m_site != nullptr) m_site->setMemory(std::move(memory));
     }
 
-    // The parts of the status bar, from the left.
-    void setStatus(const std::vector<std::string>& parts);
+    StatusBar& status() { return m_status; }
     // Fills the menu "User"; its commands are ID_USER_FIRST and on.
     void setProfiles(const std::vector<std::string>& names, const std::string& current);
 
@@ -62,19 +62,14 @@ private:
     void onViewRegistry();
 
     void createClient();
-    void createStatusBar();
-    void showStatus();
     void layOut();
     void tileViews();
     void raiseOwnedWindows();
-    int statusHeight() const;
 
     FrameEvents m_events;
     LogBook& m_book;
-    fw::Font m_font;
     HWND m_client = nullptr;
-    HWND m_status = nullptr;
-    std::vector<std::string> m_statusParts;
+    StatusBar m_status;
     // The direction in which the views are kept tiled, until the user arranges them otherwise.
     std::optional<WPARAM> m_tiling = MDITILE_VERTICAL;
     HACCEL m_accelerators = nullptr;

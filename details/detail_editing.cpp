@@ -16,6 +16,11 @@ void nameEditor(HWND editor, const std::string& field) {
     SetWindowPos(label, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
+std::unique_ptr<CCellControl> controlFor(RowAttribute attribute, const EditRules& rules) {
+    if (attribute == RowAttribute::choice) return std::make_unique<CComboControl>(rules.choices);
+    return std::make_unique<CPriceControl>(rules.allowed);
+}
+
 }  // namespace
 
 // ---- Opening ----
@@ -36,23 +41,14 @@ void CDetailEditing::open(std::size_t row, OpenedBy by) {
     rows.selection().select(row, true);
     rows.selection().setFocus(row);
     m_list.storeChanged();
-    m_editor = makeEditor(line->row->attribute);
+    CellEditorOwner& owner = *this;
+    m_editor = std::make_unique<CCellEditor>(owner, controlFor(line->row->attribute, m_rules));
     m_edited = line;
-    const auto font = reinterpret_cast<HFONT>(SendMessageA(m_list.handle(), WM_GETFONT, 0, 0));
+    const HFONT font = fw::fontOf(m_list.handle());
     if (!m_editor->open(m_list.handle(), m_list.bringValueIntoView(row), font, line->row->value))
         close();
     if (m_editor != nullptr) nameEditor(m_editor->handle(), line->row->caption);
     if (m_editor != nullptr && by == OpenedBy::mouse) m_editor->openedWithMouse();
-}
-
-std::unique_ptr<CCellEditor> CDetailEditing::makeEditor(RowAttribute attribute) {
-    CellEditorOwner& owner = *this;
-    std::unique_ptr<CCellControl> control;
-    if (attribute == RowAttribute::choice)
-        control = std::make_unique<CComboControl>(m_choices);
-    else
-        control = std::make_unique<CPriceControl>(m_allowed);
-    return std::make_unique<CCellEditor>(owner, std::move(control));
 }
 
 void CDetailEditing::onNextEditor(WPARAM how) {

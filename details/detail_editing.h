@@ -13,6 +13,11 @@
 
 namespace mc {
 
+struct EditRules {
+    std::string allowed;               // the characters that can be typed into values
+    std::vector<std::string> choices;  // the entries of choice cells
+};
+
 class CDetailEditing final : private CellEditorOwner {
 public:
     // Both must outlive the object.
@@ -20,8 +25,7 @@ public:
 
     // As CMultiLineEditListCtrl says.
     void setOwner(HWND owner) { m_owner = owner; }
-    void setAllowedCharacters(std::string characters) { m_allowed = std::move(characters); }
-    void setChoices(std::vector<std::string> choices) { m_choices = std::move(choices); }
+    void setRules(EditRules rules) { m_rules = std::move(rules); }
 
     bool isEnabled() const { return m_owner != nullptr; }
     bool canEdit(const LineGroups::Line& line) const {
@@ -64,15 +68,13 @@ private:
     void editorFocusChanged() override { m_list.partFocusChanged(); }
     void editorTextChanged() override;
 
-    std::unique_ptr<CCellEditor> makeEditor(RowAttribute attribute);
     void report(const std::string& typed);
     void dropText();
 
     CMultiLineListCtrl& m_list;
     LineGroups& m_lines;
     HWND m_owner = nullptr;
-    std::string m_allowed;
-    std::vector<std::string> m_choices;
+    EditRules m_rules;
     std::unique_ptr<CCellEditor> m_editor;
     LineGroups::Line* m_edited = nullptr;   // the line under the editor
     std::optional<std::string> m_lostText;  // why a text whose line went was refused

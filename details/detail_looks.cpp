@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "framework/hwnd.h"
 #include "listctrl/list_colors.h"
 
 namespace mc {
@@ -69,7 +70,7 @@ DetailLooks::DetailLooks(const fw::CWindow& list, const ListContent& content, Li
 
 HFONT DetailLooks::boldFont() const {
     if (m_bold) return m_bold.get();
-    const auto font = reinterpret_cast<HFONT>(SendMessageA(m_list.handle(), WM_GETFONT, 0, 0));
+    const HFONT font = fw::fontOf(m_list.handle());
     LOGFONTA bold{};
     if (GetObjectA(font, sizeof bold, &bold) == 0) return nullptr;
     bold.lfWeight = FW_BOLD;

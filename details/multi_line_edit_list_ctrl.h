@@ -26,13 +26,7 @@ public:
     void setEditOwner(HWND owner) { m_editing.setOwner(owner); }
     bool offersEditing() const { return m_editing.isEnabled(); }
 
-    // The characters that can be typed into values.
-    void setAllowedCharacters(std::string characters) {
-        m_editing.setAllowedCharacters(std::move(characters));
-    }
-
-    // The entries of choice cells.
-    void setChoices(std::vector<std::string> choices) { m_editing.setChoices(std::move(choices)); }
+    void setEditRules(EditRules rules) { m_editing.setRules(std::move(rules)); }
 
     // Ends an edit in which nothing was typed, then shows the groups; any other edit goes on over
     // its field, if that is among them.

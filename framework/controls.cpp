@@ -81,6 +81,10 @@ std::pair<std::size_t, std::size_t> Edit::selection() const {
     return {first, end};
 }
 
+void Edit::select(std::size_t first, std::size_t end) const {
+    SendMessageA(m_handle, EM_SETSEL, first, static_cast<LPARAM>(end));
+}
+
 void Edit::selectAll() const {
     SendMessageA(m_handle, EM_SETSEL, 0, -1);
 }

@@ -60,6 +60,8 @@ public:
 
     // From the first selected character to the one behind the last.
     std::pair<std::size_t, std::size_t> selection() const;
+    // The caret is at `end`, which may come before `first`.
+    void select(std::size_t first, std::size_t end) const;
     void selectAll() const;
     void moveCaretToEnd() const;
 

@@ -26,6 +26,10 @@ BOOL CALLBACK takeOwned(HWND window, LPARAM found) {
     return TRUE;
 }
 
+DockMetrics metricsIn(HWND frame) {
+    return {scaledFor(frame, 5), scaledFor(frame, 80), scaledFor(frame, 60)};
+}
+
 }  // namespace
 
 CDockingSite::CDockingSite(HWND frame, std::function<void()> relayout)
@@ -38,7 +42,7 @@ CDockingSite::Docked* CDockingSite::docked(HWND window) {
 }
 
 void CDockingSite::dock(HWND pane, unsigned side, int extent) {
-    const Measure wanted{extent > 0 ? extent : defaultExtent(side), dpi()};
+    const Measure wanted{extent > 0 ? extent : defaultExtent(side), dpiOf(m_frame)};
     if (Docked* found = docked(pane)) {
         found->side = side;
         found->extent = wanted;
@@ -62,7 +66,7 @@ Rect CDockingSite::layOut(Rect client) {
     panes.reserve(m_docked.size());
     for (const Docked& each : m_docked)
         panes.push_back(paneOf(each.window, each.side, each.extent));
-    const DockLayout layout = fw::layOut(client, panes, metrics());
+    const DockLayout layout = fw::layOut(client, panes, metricsIn(m_frame));
     for (std::size_t i = 0; i < m_docked.size(); ++i) {
         const Rect& rect = layout.docked[i].pane;
         m_docked[i].rects = layout.docked[i];
@@ -72,12 +76,8 @@ Rect CDockingSite::layOut(Rect client) {
     return layout.inner;
 }
 
-int CDockingSite::dpi() const {
-    return dpiOf(m_frame);
-}
-
 DockedPane CDockingSite::paneOf(HWND window, unsigned side, Measure extent) const {
-    return {side, extent.at(dpi()), leastExtent(window, side)};
+    return {side, extent.at(dpiOf(m_frame)), leastExtent(window, side)};
 }
 
 bool CDockingSite::handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
@@ -148,7 +148,7 @@ LRESULT CDockingSite::recall(DockRequest& request) const {
         m_memory.recall ? m_memory.recall(textOf(static_cast<HWND>(request.pane))) : std::nullopt;
     if (!place) return 0;
     request.side = place->side;
-    request.extent = toPixels(place->extent, dpi());
+    request.extent = toPixels(place->extent, dpiOf(m_frame));
     return 1;
 }
 
@@ -172,7 +172,7 @@ LRESULT CDockingSite::query(DockRequest& request) {
 // Where dock() would put the pane.
 Rect CDockingSite::rectFor(HWND pane, unsigned side, int extent) const {
     const DockedPane wanted =
-        paneOf(pane, side, {extent > 0 ? extent : defaultExtent(side), dpi()});
+        paneOf(pane, side, {extent > 0 ? extent : defaultExtent(side), dpiOf(m_frame)});
     std::vector<DockedPane> panes;
     std::size_t index = m_docked.size();
     for (const Docked& each : m_docked) {
@@ -180,7 +180,7 @@ Rect CDockingSite::rectFor(HWND pane, unsigned side, int extent) const {
         panes.push_back(each.window == pane ? wanted : paneOf(each.window, each.side, each.extent));
     }
     if (index == panes.size()) panes.push_back(wanted);
-    return fw::layOut(m_client, panes, metrics()).docked[index].pane;
+    return fw::layOut(m_client, panes, metricsIn(m_frame)).docked[index].pane;
 }
 
 // Floating panes are tool windows that the frame owns.
@@ -212,7 +212,8 @@ bool CDockingSite::answerMouse(UINT message, WPARAM wParam, LPARAM lParam, LRESU
             return takeSash(at);
         case WM_MOUSEMOVE:
             if (Docked* held = docked(m_dragged))
-                setExtent(*held, {extentTo(held->rects.pane, held->side, at.x, at.y), dpi()});
+                setExtent(*held,
+                          {extentTo(held->rects.pane, held->side, at.x, at.y), dpiOf(m_frame)});
             return m_dragged != nullptr;
         case WM_LBUTTONUP:
             return releaseSash();
@@ -234,10 +235,7 @@ bool CDockingSite::releaseSash() {
 }
 
 bool CDockingSite::showSashCursor(LRESULT& result) {
-    POINT cursor{};
-    GetCursorPos(&cursor);
-    ScreenToClient(m_frame, &cursor);
-    const Docked* sash = sashAt(cursor);
+    const Docked* sash = sashAt(mousePointIn(m_frame));
     if (sash == nullptr) return false;
     SetCursor(LoadCursorA(nullptr, acrossIsHeight(sash->side) ? IDC_SIZENS : IDC_SIZEWE));
     result = 1;
@@ -267,10 +265,6 @@ CDockingSite::Docked* CDockingSite::sashAt(POINT client) {
 // A pane that is the frame's main work gets the greater part of the height, or half of the width.
 int CDockingSite::defaultExtent(unsigned side) const {
     return acrossIsHeight(side) ? m_client.height() * 2 / 3 : m_client.width() / 2;
-}
-
-DockMetrics CDockingSite::metrics() const {
-    return {scaledFor(m_frame, 5), scaledFor(m_frame, 80), scaledFor(m_frame, 60)};
 }
 
 }  // namespace fw

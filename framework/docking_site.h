@@ -80,13 +80,11 @@ private:
     bool showSashCursor(LRESULT& result);
     bool takeSash(POINT client);
     void setExtent(Docked& held, Measure extent);
-    int dpi() const;
     DockedPane paneOf(HWND window, unsigned side, Measure extent) const;
     Docked* docked(HWND window);
     Rect rectFor(HWND pane, unsigned side, int extent) const;
     Docked* sashAt(POINT client);
     int defaultExtent(unsigned side) const;
-    DockMetrics metrics() const;
 
     HWND m_frame;
     std::function<void()> m_relayout;

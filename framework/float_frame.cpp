@@ -74,23 +74,24 @@ void CFloatFrame::onCaptionDoubleClick(UINT hit, POINT) {
 
 // The platform gives the frame the focus when it is activated again, and that gives it to the pane.
 void CFloatFrame::onActivate(bool active) {
-    if (!active) m_pane.keys().keepFocus();
+    m_pane.keys().onActivate(active);
 }
 
 // A docked pane hears of both from its frame.
 void CFloatFrame::onSystemColors() {
-    if (m_docking.inFloatFrame()) SendMessageA(m_pane.handle(), WM_SYSCOLORCHANGE, 0, 0);
+    if (m_docking.floating().holdsPane()) SendMessageA(m_pane.handle(), WM_SYSCOLORCHANGE, 0, 0);
 }
 
 void CFloatFrame::onSetting(WPARAM what, LPARAM section) {
-    if (m_docking.inFloatFrame()) SendMessageA(m_pane.handle(), WM_SETTINGCHANGE, what, section);
+    if (m_docking.floating().holdsPane())
+        SendMessageA(m_pane.handle(), WM_SETTINGCHANGE, what, section);
 }
 
 // The rectangle keeps the pointer that drags the window where it holds it.
 void CFloatFrame::onDpiChanged(const RECT& suggested) {
     SetWindowPos(handle(), nullptr, suggested.left, suggested.top, widthOf(suggested),
                  heightOf(suggested), SWP_NOZORDER | SWP_NOACTIVATE);
-    if (m_docking.inFloatFrame()) m_pane.checkDpi();
+    if (m_docking.floating().holdsPane()) m_pane.dpi().check();
 }
 
 void CFloatFrame::onMinimum(MINMAXINFO& info) {

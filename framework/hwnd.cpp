@@ -51,4 +51,16 @@ RECT rectInParent(HWND window) noexcept {
     return rect;
 }
 
+POINT mousePoint() noexcept {
+    POINT at{};
+    GetCursorPos(&at);
+    return at;
+}
+
+POINT mousePointIn(HWND window) noexcept {
+    POINT at = mousePoint();
+    ScreenToClient(window, &at);
+    return at;
+}
+
 }  // namespace fw

@@ -24,6 +24,10 @@ SIZE dialogUnits(HFONT font, HWND window) noexcept;
 RECT screenRect(HWND window) noexcept;
 RECT rectInParent(HWND window) noexcept;
 
+// Where the mouse is: on the screen, and in a window's client area.
+POINT mousePoint() noexcept;
+POINT mousePointIn(HWND window) noexcept;
+
 inline int widthOf(const RECT& rect) noexcept {
     return static_cast<int>(rect.right - rect.left);
 }

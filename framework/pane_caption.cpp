@@ -43,7 +43,7 @@ void drawGripper(HDC dc, RECT strip, int dpi) {
 // ---- The strip ----
 
 int PaneCaption::height() const {
-    return m_docking.inFloatFrame() ? 0 : m_pane.scaled(22);
+    return m_docking.floating().holdsPane() ? 0 : m_pane.scaled(22);
 }
 
 RECT PaneCaption::buttonRect(Button button) const {

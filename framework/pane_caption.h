@@ -18,6 +18,8 @@ public:
 
     // The menu with what can be done with the pane.
     void showMenu(UINT, POINT screen);
+    // The pane's menus are its parts' own; asked for elsewhere in it, none comes from the host.
+    void onContextMenu(POINT) {}
 
     void onMinimum(MINMAXINFO& info);
     void onNcCalcSize(RECT& rect);

@@ -3,10 +3,6 @@
 #include "framework/activation.h"
 #include "framework/dialog.h"
 #include "framework/high_contrast.h"
-#include "framework/key_filter.h"
-#include "framework/platform.h"
-#include "framework/point_font.h"
-#include "res/resource_ids.h"
 
 namespace fw {
 namespace {
@@ -25,7 +21,10 @@ void sendToDescendants(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
 }  // namespace
 
 CPaneDialog::CPaneDialog()
-    : m_docking(*this), m_caption(*this, m_docking), m_keys(*this, m_caption, m_docking.frame()) {}
+    : m_dpi(*this),
+      m_docking(*this),
+      m_caption(*this, m_docking),
+      m_keys(*this, m_caption, m_docking.frame()) {}
 
 CPaneDialog::~CPaneDialog() {
     // While the window goes, the derived class is gone: its map and overrides are not called.
@@ -45,8 +44,7 @@ bool CPaneDialog::create(HWND frame, const char* caption, UINT templateId, DWORD
     SetWindowLongPtrA(pane, GWLP_ID, static_cast<LONG_PTR>(id));
     const auto dialogBits = static_cast<DWORD>(GetWindowLongPtrA(pane, GWL_STYLE)) & 0xFFFF;
     SetWindowLongPtrA(pane, GWL_STYLE, static_cast<LONG_PTR>((style & 0xFFFF0000) | dialogBits));
-    m_watch.subclass(pane);
-    takeFont();
+    m_dpi.open();
     setModalHome(pane);
     m_keys.open();
     return true;
@@ -63,7 +61,7 @@ void CPaneDialog::show(bool activate) {
 bool CPaneDialog::destroy() {
     const HWND pane = handle();
     const bool destroyed = pane != nullptr && DestroyWindow(pane) != 0;
-    m_docking.destroyFloatFrame();
+    m_docking.floating().destroy();
     return destroyed;
 }
 
@@ -71,7 +69,7 @@ const MessageMap& CPaneDialog::baseMap() {
     using Pane = CPaneDialog;
     static constexpr MessageEntry entries[] = {
         on<WM_INITDIALOG, &Pane::onInitPane>(),
-        on<WM_GETFONT, &Pane::onGetFont>(),
+        on<WM_GETFONT, &Pane::m_dpi, &PaneDpi::onGetFont>(),
         on<WM_NCCALCSIZE, &Pane::m_caption, &PaneCaption::onNcCalcSize>(),
         on<WM_NCPAINT, &Pane::m_caption, &PaneCaption::onNcPaint>(),
         on<WM_NCHITTEST, &Pane::m_caption, &PaneCaption::onNcHitTest>(),
@@ -80,7 +78,7 @@ const MessageMap& CPaneDialog::baseMap() {
         on<WM_NCRBUTTONDOWN, &Pane::m_caption, &PaneCaption::onNcRightDown>(),
         on<WM_NCRBUTTONUP, &Pane::m_caption, &PaneCaption::onNcContext>(),
         on<kOpenMenu, &Pane::m_caption, &PaneCaption::showMenu>(),
-        on<WM_CONTEXTMENU, &Pane::onContextMenu>(),
+        on<WM_CONTEXTMENU, &Pane::m_caption, &PaneCaption::onContextMenu>(),
         on<WM_MOUSEMOVE, &Pane::m_caption, &PaneCaption::onMouseMove>(),
         on<WM_LBUTTONUP, &Pane::m_caption, &PaneCaption::onButtonUp>(),
         observe<WM_CAPTURECHANGED, &Pane::m_caption, &PaneCaption::onCaptureLost>(),
@@ -91,7 +89,7 @@ const MessageMap& CPaneDialog::baseMap() {
         on<WM_GETMINMAXINFO, &Pane::m_caption, &PaneCaption::onMinimum>(),
         observe<WM_SYSCOLORCHANGE, &Pane::onSystemColors>(),
         observe<WM_SETTINGCHANGE, &Pane::onSetting>(),
-        on<WM_ACTIVATE, &Pane::onActivate>(),
+        on<WM_ACTIVATE, &Pane::m_keys, &PaneKeys::onActivate>(),
         observe<WM_DESTROY, &Pane::onDestroy>(),
     };
     static constexpr MessageMap map{nullptr, entries};
@@ -99,60 +97,9 @@ const MessageMap& CPaneDialog::baseMap() {
 }
 
 void CPaneDialog::frameChanged() {
-    checkDpi();
+    m_dpi.check();
     SetWindowPos(handle(), nullptr, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
-}
-
-// ---- Dots per inch ----
-
-HFONT CPaneDialog::font() {
-    if (!m_font) m_font = pointFont(DIALOG_FONT_FACE, DIALOG_FONT_POINTS, dpiOf(handle()));
-    return m_font.get();
-}
-
-void CPaneDialog::checkDpi() {
-    if (m_dpi != 0 && m_dpi != dpiOf(handle())) followDpi();
-}
-
-// Its controls in its own font, and no longer in the template's.
-void CPaneDialog::takeFont() {
-    m_dpi = dpiOf(handle());
-    for (HWND child = GetWindow(handle(), GW_CHILD); child != nullptr;
-         child = GetWindow(child, GW_HWNDNEXT))
-        setFont(child, font());
-}
-
-// The font before goes when no control has it any more.
-void CPaneDialog::followDpi() {
-    if (handle() == nullptr) return;
-    if (holdsMouse(handle())) SendMessageA(GetCapture(), WM_CANCELMODE, 0, 0);
-    const Font before = std::exchange(m_font, Font());
-    takeFont();
-    m_keys.followDpi();
-    frameChanged();
-    onDpiChanged();
-    RedrawWindow(handle(), nullptr, nullptr,
-                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
-}
-
-const MessageMap& CPaneDialog::Watch::messageMap() const {
-    static constexpr MessageEntry entries[] = {
-        on<WM_DPICHANGED_AFTERPARENT, &Watch::onDpiChanged>(),
-        observe<WM_SIZE, &Watch::onSize>(),
-    };
-    static constexpr MessageMap map{nullptr, entries};
-    return map;
-}
-
-// The dialog manager gives the dialog and its controls another font and other sizes. Here the frame
-// decides the pane's size, and the pane those of its controls.
-void CPaneDialog::Watch::onDpiChanged() {
-    const RECT own = rectInParent(handle());
-    controlDefault(WM_DPICHANGED_AFTERPARENT, 0, 0);
-    SetWindowPos(handle(), nullptr, own.left, own.top, widthOf(own), heightOf(own),
-                 SWP_NOZORDER | SWP_NOACTIVATE);
-    m_pane.followDpi();
 }
 
 // The system sends both messages to top-level windows only; a frame passes them on to its panes,
@@ -170,11 +117,6 @@ void CPaneDialog::onSetting(WPARAM what, LPARAM section) {
     askHighContrast();
     if (highContrast() != before) onSystemColors();
     sendToDescendants(handle(), WM_SETTINGCHANGE, what, section);
-}
-
-// Sent by the frame of a docked pane, which is no window that is activated itself.
-void CPaneDialog::onActivate(bool active) {
-    if (!active) m_keys.keepFocus();
 }
 
 // Also when the frame takes the pane along, behind a box of its own.

@@ -7,23 +7,19 @@
 // Order of life: create(), docking().allow(), docking().dock() or show(); the user closes (hides)
 // it and show() brings it back; it ends with destroy() or with its frame.
 //
-// It follows the dots per inch of its monitor, however it hears of others: by WM_DPICHANGED of its
-// float frame, by WM_DPICHANGED_AFTERPARENT, by another parent or only by another size. Its font is
-// its own, made at the dots per inch that it has.
-//
 // Its parts: PaneDocking knows where it is, PaneCaption draws and drags it, PaneKeys has the keys
-// and the focus. They ask what a derived class answers.
+// and the focus, PaneDpi its font and the dots per inch of its monitor. They ask what a derived
+// class answers.
 #pragma once
 
 #include <windows.h>
 
-#include <optional>
 #include <span>
 #include <vector>
 
-#include "framework/handles.h"
 #include "framework/pane_caption.h"
 #include "framework/pane_docking.h"
+#include "framework/pane_dpi.h"
 #include "framework/pane_keys.h"
 #include "framework/window.h"
 
@@ -45,16 +41,13 @@ public:
     // Its keys, and the focus in it.
     PaneKeys& keys() { return m_keys; }
 
+    PaneDpi& dpi() { return m_dpi; }
+
     // Shows the pane as it was, docked or floating; `activate` gives it the focus.
     void show(bool activate);
 
     // The caption comes or goes.
     void frameChanged();
-
-    // Fonts, sizes and tips for the dots per inch that the pane has now. What the mouse drags in it
-    // goes back. checkDpi() does that only when they are others than the last time.
-    void followDpi();
-    void checkDpi();
 
     // Destroys the window; false when there is none.
     bool destroy();
@@ -100,36 +93,12 @@ protected:
     static const MessageMap& baseMap();
 
 private:
-    // Stands before the dialog's own procedure, so that the platform's dialog manager is done with
-    // a message when the pane follows it.
-    class Watch final : public CWindow {
-    public:
-        explicit Watch(CPaneDialog& pane) : m_pane(pane) {}
-        using CWindow::subclass;
-
-    protected:
-        const MessageMap& messageMap() const override;
-
-    private:
-        void onDpiChanged();
-        void onSize(int, int) { m_pane.checkDpi(); }
-        CPaneDialog& m_pane;
-    };
-
     LRESULT onInitPane() { return FALSE; }
-    LRESULT onGetFont() { return reinterpret_cast<LRESULT>(font()); }
-    HFONT font();
-    void takeFont();
-    // The pane's menus are its parts' own; asked for elsewhere in it, none comes from the host.
-    void onContextMenu(POINT) {}
     void onSystemColors();
     void onSetting(WPARAM what, LPARAM section);
-    void onActivate(bool active);
     void onDestroy();
 
-    Watch m_watch{*this};
-    Font m_font;
-    int m_dpi = 0;  // that it follows; 0 before it is made
+    PaneDpi m_dpi;
     PaneDocking m_docking;
     PaneCaption m_caption;
     PaneKeys m_keys;

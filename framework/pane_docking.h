@@ -1,25 +1,20 @@
 // Where a pane is: docked at a side of the frame, floating in a tool window, or hidden.
 //
-// A part of CPaneDialog. Everything does nothing while the pane has no
-// window.
+// A part of CPaneDialog. Everything does nothing while the pane has no window.
 #pragma once
-
-#include <memory>
-#include <optional>
 
 #include "framework/dock_frame.h"
 #include "framework/drop_preview.h"
 #include "framework/model/dots.h"
+#include "framework/pane_float.h"
 
 namespace fw {
 
-class CFloatFrame;
 class CPaneDialog;
 
 class PaneDocking {
 public:
-    explicit PaneDocking(CPaneDialog& pane);
-    ~PaneDocking();
+    explicit PaneDocking(CPaneDialog& pane) : m_pane(pane) {}
 
     // The pane's window is about to be made in `frame`; `side` is the first that it docks at.
     void open(HWND frame, unsigned side);
@@ -37,13 +32,9 @@ public:
     void floatPane();  // in a tool window
     void show(bool activate);
     void hide();
-    void destroyFloatFrame();
 
     const DockFrame& frame() const { return m_frame; }
-    bool inFloatFrame() const;
-    // The size in which it floats, or floated last, in pixels at 96 dots per inch; nothing if it
-    // never did.
-    std::optional<SIZE> lastFloatSize() const;
+    PaneFloat& floating() { return m_floating; }
 
     // While the pane is dragged by its caption: shows where it would be, at a side or floating.
     void previewDrop(POINT screen);
@@ -59,9 +50,6 @@ private:
 
     DockFrame::Target targetFor(POINT screen) const;  // side 0: floating
     void leaveFrame();
-    void showFloating(bool activate);
-    RECT floatRectAt(POINT corner) const;
-    void placeFloatFrame();
     Measure presentExtent() const;
     int extent() const { return m_extent.at(frameDpi()); }
     int frameDpi() const;
@@ -73,10 +61,8 @@ private:
     Measure m_extent;  // across the side, as last seen; 0 leaves it to the frame
     Mode m_mode = Mode::docked;
     bool m_hidden = true;
-    bool m_recalled = false;    // the frame was asked where the pane was
-    RECT m_floatRect{};         // screen; empty until it floated once
-    int m_floatDpi = kUnitDpi;  // where it has that size
-    std::unique_ptr<CFloatFrame> m_float;
+    bool m_recalled = false;  // the frame was asked where the pane was
+    PaneFloat m_floating{m_pane, *this, m_frame};
     CDropPreview m_preview;
 };
 

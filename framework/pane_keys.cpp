@@ -94,6 +94,10 @@ void PaneKeys::keepFocus() {
         m_lastStop = GetParent(m_lastStop);
 }
 
+void PaneKeys::onActivate(bool active) {
+    if (!active) keepFocus();
+}
+
 void PaneKeys::leaveForNextPart() {
     keepFocus();
     m_frame.leave(m_pane.handle(), GetKeyState(VK_SHIFT) < 0);

@@ -26,9 +26,10 @@ public:
     void close();
     void followDpi() { m_tips.followDpi(); }
 
-    // Where the focus is in the pane, before it leaves; elsewhere, nothing new.
-    void keepFocus();
-    // Gives the focus back to where it was then, or else to the pane's initialFocus().
+    // The pane's frame is activated, or not any more: then the focus leaves the pane. The frame of
+    // a docked pane sends it on, as the pane is no window that is activated itself.
+    void onActivate(bool active);
+    // Gives the focus back to where it was when it left, or else to the pane's initialFocus().
     void takeFocus();
 
     // What a key does that no derived class took.
@@ -44,6 +45,7 @@ public:
     void buttonFocusChanged();
 
 private:
+    void keepFocus();
     bool pressAction(UINT key, bool repeated);
     void press(HWND button);
     void onButtonKey(HWND button, UINT key);

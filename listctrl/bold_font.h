@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "framework/handles.h"
+#include "framework/hwnd.h"
 
 namespace mc {
 
@@ -12,7 +13,7 @@ public:
     // Made when first asked for; null when it cannot be made.
     HFONT of(HWND list) const {
         if (m_font) return m_font.get();
-        const auto font = reinterpret_cast<HFONT>(SendMessageA(list, WM_GETFONT, 0, 0));
+        const HFONT font = fw::fontOf(list);
         LOGFONTA bold{};
         if (GetObjectA(font, sizeof bold, &bold) == 0) return nullptr;
         bold.lfWeight = FW_BOLD;

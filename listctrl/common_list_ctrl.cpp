@@ -17,8 +17,7 @@ std::vector<CCommonListCtrl*>& allLists() {
 }  // namespace
 
 CCommonListCtrl::CCommonListCtrl(ListServices& services, RecordStore& store)
-    : m_services(services),
-      m_content(store, [this] { PostMessageA(handle(), kInvalidFound, 0, 0); }),
+    : m_content(store, [this] { PostMessageA(handle(), kInvalidFound, 0, 0); }),
       m_update(*this, store),
       m_work(*this, m_update),
       m_header(*this),
@@ -106,13 +105,6 @@ void CCommonListCtrl::followDpi() {
     InvalidateRect(handle(), nullptr, TRUE);
 }
 
-// Enter in a list belongs to the list: it must never press the dialog's default button.
-LRESULT CCommonListCtrl::onGetDialogCode(const MSG* message) {
-    const LRESULT code = controlDefault(WM_GETDLGCODE, 0, reinterpret_cast<LPARAM>(message)) |
-                         DLGC_WANTCHARS;  // letters find rows
-    return message != nullptr && message->wParam == VK_RETURN ? code | DLGC_WANTMESSAGE : code;
-}
-
 void CCommonListCtrl::onPaint() {
     controlDefault(WM_PAINT, 0, 0);
     m_painter.drawEmptyText();
@@ -143,7 +135,7 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::observe<WM_HSCROLL, &C::m_painter, &CListPainter::onAreaChanged>(),
         fw::on<WM_DRAWITEM, &C::m_painter, &CListPainter::onDrawItem>(),
         fw::on<WM_MEASUREITEM, &C::m_painter, &CListPainter::onMeasureItem>(),
-        fw::on<WM_GETDLGCODE, &C::onGetDialogCode>(),
+        fw::on<WM_GETDLGCODE, &C::m_input, &CListInput::onGetDialogCode>(),
         fw::on<WM_LBUTTONDOWN, &C::m_input, &CListInput::onButtonDown>(),
         fw::on<WM_LBUTTONUP, &C::m_input, &CListInput::onButtonUp>(),
         fw::on<WM_LBUTTONDBLCLK, &C::m_input, &CListInput::onDoubleClick>(),

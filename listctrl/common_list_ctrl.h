@@ -100,16 +100,13 @@ protected:
     void fontChanged() override;
     std::vector<NamedText> wholeTexts(std::size_t row, ColumnId column) const override;
 
-    ListServices& services() const { return m_services; }
     const ListContent& content() const { return m_content; }
     const CListHeader& header() const { return m_header; }
 
 private:
-    LRESULT onGetDialogCode(const MSG* message);
     void onPaint();
     void onDpiChanged();
 
-    ListServices& m_services;
     std::function<void()> m_updated;
     ListContent m_content;
     CListUpdate m_update;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "framework/handles.h"
+#include "framework/hwnd.h"
 #include "listctrl/list_colors.h"
 #include "text/count_text.h"
 
@@ -20,20 +21,13 @@ constexpr UINT kPauseMilliseconds = 400;
 
 constexpr int kDropHeight = 300;
 
-std::string windowText(HWND window) {
-    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');
-    text.resize(static_cast<std::size_t>(
-        GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
-
 bool isDown(int key) {
     return GetKeyState(key) < 0;
 }
 
 // The wheel over a closed box is the list's; an open drop-down scrolls itself.
 bool wheelOverBox(fw::CWindow& box, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    if (SendMessageA(box.handle(), CB_GETDROPPEDSTATE, 0, 0) != 0) return false;
+    if (fw::Combo(box.handle()).dropped()) return false;
     result = SendMessageA(GetParent(GetParent(box.handle())), WM_MOUSEWHEEL, wParam, lParam);
     return true;
 }
@@ -47,6 +41,24 @@ bool wheelOverEdit(fw::CWindow& edit, WPARAM wParam, LPARAM lParam, LRESULT& res
 bool lineGoes(fw::CWindow&, WPARAM, LPARAM, LRESULT& result) {
     result = TRUE;
     return true;
+}
+
+// The lines of the open drop-down. By messages to the list itself: the control's own would empty
+// the edit, and with it what is being typed.
+void fillDrop(HWND box, const FilterBox& shown) {
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof parts;
+    GetComboBoxInfo(box, &parts);
+    const std::size_t lines = shown.lineCount();
+    {
+        const fw::RedrawOffScope off(parts.hwndList);
+        SendMessageA(parts.hwndList, LB_RESETCONTENT, 0, 0);
+        SendMessageA(parts.hwndList, LB_INITSTORAGE, lines, static_cast<LPARAM>(lines * 16));
+        for (FilterBox::Line line = 0; line < lines; ++line)
+            SendMessageA(parts.hwndList, LB_ADDSTRING, 0,
+                         reinterpret_cast<LPARAM>(shown.lineText(line).c_str()));
+    }
+    InvalidateRect(parts.hwndList, nullptr, TRUE);
 }
 
 }  // namespace
@@ -76,53 +88,46 @@ bool CFilterBox::create(HWND header, UINT id, const std::string& name, HFONT fon
 }
 
 void CFilterBox::setFont(HFONT font, const Heights& heights) {
-    const auto [first, last] = selection();
-    SendMessageA(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
-    SendMessageA(handle(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), heights.closed);
-    SendMessageA(handle(), CB_SETITEMHEIGHT, 0, heights.line);
-    SendMessageA(edit(), EM_SETSEL, first, static_cast<LPARAM>(last));
+    const fw::Edit typed(edit());
+    const auto [first, end] = typed.selection();
+    fw::setFont(handle(), font);
+    combo().setBoxHeight(heights.closed);
+    combo().setEntryHeight(heights.line);
+    typed.select(first, end);
     InvalidateRect(handle(), nullptr, TRUE);
 }
 
 void CFilterBox::closeDrop() const {
-    if (dropped()) SendMessageA(handle(), CB_SHOWDROPDOWN, FALSE, 0);
-}
-
-std::pair<DWORD, DWORD> CFilterBox::selection() const {
-    DWORD first = 0, last = 0;
-    SendMessageA(edit(), EM_GETSEL, reinterpret_cast<WPARAM>(&first),
-                 reinterpret_cast<LPARAM>(&last));
-    return {first, last};
+    if (combo().dropped()) combo().drop(false);
 }
 
 CFilterBox::Heights CFilterBox::heightsIn(HFONT font, HWND header) {
     const HWND plain =
         fw::makeControl(WC_COMBOBOXA, "", WS_CHILD | CBS_DROPDOWN, 0, {60, 60}, header, 0);
-    SendMessageA(plain, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
-    const Heights heights{SendMessageA(plain, CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0),
-                          SendMessageA(plain, CB_GETITEMHEIGHT, 0, 0)};
+    fw::setFont(plain, font);
+    const auto heightOf = [plain](WPARAM part) {
+        return static_cast<int>(SendMessageA(plain, CB_GETITEMHEIGHT, part, 0));
+    };
+    const Heights heights{heightOf(static_cast<WPARAM>(-1)), heightOf(0)};
     DestroyWindow(plain);
     return heights;
 }
 
 int CFilterBox::height() const {
-    RECT rect{};
-    GetWindowRect(handle(), &rect);
-    return static_cast<int>(rect.bottom - rect.top);
+    return fw::heightOf(fw::screenRect(handle()));
 }
 
 // A combo box that gets another size selects its text.
 void CFilterBox::moveTo(int left, int top, int width) {
-    RECT now{};
-    GetWindowRect(handle(), &now);
-    MapWindowPoints(HWND_DESKTOP, GetParent(handle()), reinterpret_cast<POINT*>(&now), 2);
-    const bool resized = now.right - now.left != width;
+    const RECT now = fw::rectInParent(handle());
+    const bool resized = fw::widthOf(now) != width;
     if (!resized && now.left == left && now.top == top) return;
-    const auto [first, last] = selection();
+    const fw::Edit typed(edit());
+    const auto [first, end] = typed.selection();
     SetWindowPos(handle(), nullptr, left, top, width, scaled(kDropHeight),
                  SWP_NOZORDER | SWP_NOACTIVATE | (resized ? 0U : SWP_NOSIZE));
     if (!resized) return;
-    SendMessageA(edit(), EM_SETSEL, first, static_cast<LPARAM>(last));
+    typed.select(first, end);
     SendMessageA(handle(), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(std::max(width, scaled(200))),
                  0);
 }
@@ -189,12 +194,12 @@ bool CFilterBox::onKeyDown(UINT pressed, bool repeated) {
             return true;
         case VK_UP:
         case VK_DOWN:
-            if (dropped()) return stepIn();
+            if (combo().dropped()) return stepIn();
             if (pressed == VK_DOWN && !repeated) toggle();
             return true;
         case VK_PRIOR:
         case VK_NEXT:
-            return !dropped();
+            return !combo().dropped();
         default:
             return false;
     }
@@ -211,18 +216,15 @@ bool CFilterBox::key(UINT key) {
 
 // By key. Closing the list applies its selected line, as Enter does, but not the text.
 void CFilterBox::toggle() {
-    if (!dropped()) {
-        SendMessageA(handle(), CB_SHOWDROPDOWN, TRUE, 0);
-        return;
-    }
-    const auto chosen = line();
+    if (!combo().dropped()) return combo().drop(true);
+    const auto chosen = combo().selected();
     close(chosen && m_box.taken(*chosen));
 }
 
 // The first step into a list without a selected line goes to the first line that begins with the
 // text, or the first of those that typing has left.
 bool CFilterBox::stepIn() {
-    if (line()) return false;
+    if (combo().selected()) return false;
     const std::string& text = m_box.shown().text;
     const auto found = SendMessageA(handle(), CB_FINDSTRING, static_cast<WPARAM>(-1),
                                     reinterpret_cast<LPARAM>(text.c_str()));
@@ -234,9 +236,10 @@ bool CFilterBox::stepIn() {
 }
 
 void CFilterBox::enter() {
-    const auto chosen = dropped() ? line() : std::nullopt;
+    const bool dropped = combo().dropped();
+    const auto chosen = dropped ? combo().selected() : std::nullopt;
     // A text can also be set from outside, without a notification.
-    if (std::string text = windowText(edit()); !dropped() && text != m_box.shown().text)
+    if (std::string text = fw::textOf(edit()); !dropped && text != m_box.shown().text)
         m_box.typed(std::move(text));
     close(m_box.entered(chosen));
 }
@@ -252,12 +255,13 @@ void CFilterBox::onNotification(UINT code) {
             return onDropped();
         case CBN_EDITCHANGE:
             if (m_showing) return;
-            m_box.typed(windowText(edit()));
-            if (m_box.isOpen()) fill();
+            m_box.typed(fw::textOf(edit()));
+            if (m_box.isOpen()) fillDrop(handle(), m_box);
             SetTimer(handle(), kPauseTimer, kPauseMilliseconds, nullptr);
             return;
         case CBN_SELENDOK:
-            if (const auto chosen = line()) m_applies = m_box.taken(*chosen) || m_applies;
+            if (const auto chosen = combo().selected())
+                m_applies = m_box.taken(*chosen) || m_applies;
             return;
         case CBN_CLOSEUP:
             m_box.closed();
@@ -277,38 +281,19 @@ void CFilterBox::onDropped() {
         return;
     }
     m_box.dropped(std::move(*choices));
-    fill();
+    fillDrop(handle(), m_box);
     show();
     PostMessageA(handle(), kSettle, 0, 0);
-}
-
-// By messages to the list itself: the control's own would empty the edit, and with it what is being
-// typed.
-void CFilterBox::fill() {
-    COMBOBOXINFO parts{};
-    parts.cbSize = sizeof parts;
-    GetComboBoxInfo(handle(), &parts);
-    const std::size_t lines = m_box.lineCount();
-    {
-        const fw::RedrawOffScope off(parts.hwndList);
-        SendMessageA(parts.hwndList, LB_RESETCONTENT, 0, 0);
-        SendMessageA(parts.hwndList, LB_INITSTORAGE, lines, static_cast<LPARAM>(lines * 16));
-        for (FilterBox::Line line = 0; line < lines; ++line)
-            SendMessageA(parts.hwndList, LB_ADDSTRING, 0,
-                         reinterpret_cast<LPARAM>(m_box.lineText(line).c_str()));
-    }
-    InvalidateRect(parts.hwndList, nullptr, TRUE);
 }
 
 // The control has finished with a drop or a close.
 void CFilterBox::onSettle() {
     m_showing = true;
-    if (dropped()) {
-        const auto own = m_box.shownLine();
-        SendMessageA(handle(), CB_SETCURSEL, own ? *own : static_cast<WPARAM>(-1), 0);
+    if (combo().dropped()) {
+        combo().select(m_box.shownLine());
     } else {
         m_box.closed();
-        SendMessageA(handle(), CB_RESETCONTENT, 0, 0);
+        combo().clear();
     }
     m_showing = false;
     show();
@@ -352,30 +337,24 @@ LRESULT CFilterBox::onDrawItem(const DRAWITEMSTRUCT& draw) {
 
 // ---- Results ----
 
-std::optional<FilterBox::Line> CFilterBox::line() const {
-    const auto chosen = SendMessageA(handle(), CB_GETCURSEL, 0, 0);
-    return chosen >= 0 ? std::optional(static_cast<FilterBox::Line>(chosen)) : std::nullopt;
-}
-
 void CFilterBox::close(bool filters) {
     m_box.closed();
     m_applies = filters;
-    if (dropped()) SendMessageA(handle(), CB_SHOWDROPDOWN, FALSE, 0);
+    closeDrop();
     onSettle();
 }
 
 // A value is selected whole, so that typing replaces it; a typed text goes on at its end.
 void CFilterBox::show() {
     const ColumnFilter& shown = m_box.shown();
-    if (windowText(edit()) != shown.text) {
+    if (fw::textOf(edit()) != shown.text) {
         m_showing = true;
         SetWindowTextA(handle(), shown.text.c_str());
         m_showing = false;
     }
     if (GetFocus() != edit()) return m_edit.showBeginning();
-    const auto end = static_cast<WPARAM>(shown.text.size());
-    const bool whole = shown.kind == FilterKind::value;
-    SendMessageA(edit(), EM_SETSEL, end, whole ? 0 : static_cast<LPARAM>(end));
+    const std::size_t end = shown.text.size();
+    fw::Edit(edit()).select(end, shown.kind == FilterKind::value ? 0 : end);
 }
 
 void CFilterBox::putBack(ColumnFilter filter) {

@@ -10,9 +10,10 @@
 // values come by that number, or by name when the list is opened with Ctrl down.
 #pragma once
 
+#include <optional>
 #include <string>
-#include <utility>
 
+#include "framework/controls.h"
 #include "framework/window.h"
 #include "listctrl/model/filter_box.h"
 
@@ -40,7 +41,7 @@ public:
     // A box whose lines are drawn by its owner does not follow the font: it takes the heights of
     // one that does, which costs making that one.
     struct Heights {
-        LRESULT closed = 0, line = 0;
+        int closed = 0, line = 0;  // pixels
     };
     static Heights heightsIn(HFONT font, HWND header);
 
@@ -60,8 +61,7 @@ public:
     const ColumnFilter& filter() const { return m_box.applied(); }
     HWND edit() const { return m_edit.handle(); }
 
-    // Ends the filter, or has another one, without a call of the owner.
-    void clear() { putBack({}); }
+    // Has another filter, or none, without a call of the owner.
     void putBack(ColumnFilter filter);
 
     // Enter or Esc, just pressed; false for any other key. A key that is held down counts once: its
@@ -80,7 +80,7 @@ private:
     public:
         explicit CEdit(CFilterBox& box) : m_box(box) {}
         using CWindow::subclass;
-        void showBeginning() const { SendMessageA(handle(), EM_SETSEL, 0, 0); }
+        void showBeginning() const { fw::Edit(handle()).select(0, 0); }
 
     protected:
         const fw::MessageMap& messageMap() const override;
@@ -100,11 +100,9 @@ private:
     void onSettle();
     void onDropped();
     LRESULT onDrawItem(const DRAWITEMSTRUCT& draw);
-    std::pair<DWORD, DWORD> selection() const;
-    void fill();
 
-    bool dropped() const { return SendMessageA(handle(), CB_GETDROPPEDSTATE, 0, 0) != 0; }
-    std::optional<FilterBox::Line> line() const;  // that the open list is on
+    // An index in it is a FilterBox::Line.
+    fw::Combo combo() const { return fw::Combo(handle()); }
     void toggle();
     bool stepIn();
     void enter();

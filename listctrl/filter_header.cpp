@@ -110,11 +110,7 @@ void CFilterHeader::onDpiChanged() {
 // loses the mouse; let go outside, a pressed caption is not clicked.
 void CFilterHeader::onCancelMode() {
     if (GetCapture() != handle()) return;
-    POINT at{};
-    GetCursorPos(&at);
-    ScreenToClient(handle(), &at);
-    at.y = -1000;
-    controlDefault(WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
+    controlDefault(WM_LBUTTONUP, 0, MAKELPARAM(fw::mousePointIn(handle()).x, -1000));
 }
 
 void CFilterHeader::measureBoxes() {
@@ -140,7 +136,7 @@ ColumnFilter CFilterHeader::filter(int item) const {
 }
 
 void CFilterHeader::clear() {
-    for (const auto& box : m_boxes) box->clear();
+    for (const auto& box : m_boxes) box->putBack({});
     InvalidateRect(handle(), nullptr, FALSE);
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "framework/hwnd.h"
 #include "listctrl/list_notices.h"
 
 namespace mc {
@@ -31,7 +32,7 @@ bool CFilterListCtrl::runOwnCommand(unsigned command) {
 // The boxes follow the columns; a column that stays keeps its filter.
 void CFilterListCtrl::headerBuilt() {
     if (m_filters.handle() == nullptr) {
-        const auto font = reinterpret_cast<HFONT>(SendMessageA(handle(), WM_GETFONT, 0, 0));
+        const HFONT font = fw::fontOf(handle());
         m_filters.attach(header().control().handle(), font, services().glyphs());
     }
     const std::vector<ColumnId>& shown = content().columns().shown();
@@ -69,7 +70,7 @@ void CFilterListCtrl::columnRemoved(ColumnId removed) {
 void CFilterListCtrl::fontChanged() {
     CCommonListCtrl::fontChanged();
     if (m_filters.handle() == nullptr) return;
-    m_filters.setFont(reinterpret_cast<HFONT>(SendMessageA(handle(), WM_GETFONT, 0, 0)));
+    m_filters.setFont(fw::fontOf(handle()));
     layOutHeader();
 }
 
@@ -172,7 +173,7 @@ bool CFilterListCtrl::dialogKey(HWND focus, UINT key) {
 
 // The list's parts count as the list.
 void CFilterListCtrl::partFocusChanged() {
-    if (const auto box = boxOf(GetFocus())) input().goToColumn(m_boxColumns[*box]);
+    if (const auto box = boxOf(GetFocus())) input().current().goToColumn(m_boxColumns[*box]);
     notifyParent(handle(), IsChild(handle(), GetFocus()) != 0 ? NM_SETFOCUS : NM_KILLFOCUS);
 }
 

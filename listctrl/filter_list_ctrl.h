@@ -14,7 +14,9 @@ namespace mc {
 
 class CFilterListCtrl : public CCommonListCtrl, private FilterHeaderOwner {
 public:
-    using CCommonListCtrl::CCommonListCtrl;
+    // Both must outlive the list.
+    CFilterListCtrl(ListServices& services, RecordStore& store)
+        : CCommonListCtrl(services, store), m_services(services) {}
 
     // Runs a filter pass with what applies in the boxes, whatever is being typed in them. False
     // when Esc ended it: the boxes then have what applied before.
@@ -42,6 +44,8 @@ protected:
     // the list.
     void partFocusChanged() override;
 
+    ListServices& services() const { return m_services; }
+
     // resetFilters(), which Esc may end; false then.
     bool resetByHand();
 
@@ -52,10 +56,11 @@ private:
     void filterChanged() override;
     void layOutHeader();
 
-    CFilterHeader m_filters{*this};
     std::optional<std::size_t> boxOf(HWND edit) const;
     std::vector<unsigned> boxCommands(UINT key);
 
+    ListServices& m_services;
+    CFilterHeader m_filters{*this};
     std::vector<ColumnId> m_boxColumns;  // the columns of the boxes, from the left
 };
 

@@ -75,8 +75,7 @@ void CListAppearance::store() const {
 Appearance CListAppearance::shown() const {
     if (m_chosen) return *m_chosen;
     LOGFONTA font{};
-    GetObjectA(reinterpret_cast<HFONT>(SendMessageA(m_list.handle(), WM_GETFONT, 0, 0)),
-               sizeof font, &font);
+    GetObjectA(fw::fontOf(m_list.handle()), sizeof font, &font);
     const int dpi = fw::dpiOf(m_list.handle());
     Appearance appearance;
     appearance.background = colors().background;

@@ -25,9 +25,10 @@ constexpr CListCommands::Command CListCommands::kCommands[] = {
     {kDeleteColumnCommand, [](CListCommands& c) { c.m_parts.columns.deleteUserColumn(); }},
     {kSelectAllCommand, [](CListCommands& c) { c.m_parts.input.selectAll(); }},
     {kWholeTextCommand, [](CListCommands& c) { c.showWholeText(); }},
-    {kWidenCommand, [](CListCommands& c) { c.m_parts.columns.widen(c.m_parts.input.column(), 1); }},
+    {kWidenCommand,
+     [](CListCommands& c) { c.m_parts.columns.widen(c.m_parts.input.current().column(), 1); }},
     {kNarrowCommand,
-     [](CListCommands& c) { c.m_parts.columns.widen(c.m_parts.input.column(), -1); }},
+     [](CListCommands& c) { c.m_parts.columns.widen(c.m_parts.input.current().column(), -1); }},
     {kSortCommand, [](CListCommands& c) { c.sortByColumn(); }},
 };
 
@@ -72,25 +73,20 @@ void CListCommands::onOpenMenu(UINT which, POINT screen) {
     if (chosen != 0) run(chosen);
 }
 
-POINT CListCommands::cursor() {
-    POINT at{};
-    GetCursorPos(&at);
-    return at;
-}
-
 void CListCommands::onContextMenu(POINT screen) {
     if (screen.x == -1 && screen.y == -1) openMenu(modifiersDown().ctrl);
 }
 
 void CListCommands::openMenu(bool ofCaptions) {
-    POINT at = ofCaptions ? m_parts.input.captionPoint() : m_parts.input.rowPoint();
+    POINT at =
+        ofCaptions ? m_parts.input.current().captionPoint() : m_parts.input.current().rowPoint();
     ClientToScreen(m_list.handle(), &at);
     postMenu(ofCaptions ? kHeaderMenu : kItemMenu, at);
 }
 
 // As by a click on the caption.
 void CListCommands::sortByColumn() {
-    const auto position = m_parts.content.columns().positionOf(m_parts.input.column());
+    const auto position = m_parts.content.columns().positionOf(m_parts.input.current().column());
     if (!position) return;
     NMLISTVIEW click{};
     click.hdr = {m_list.handle(), static_cast<UINT_PTR>(GetDlgCtrlID(m_list.handle())),
@@ -122,8 +118,8 @@ bool CListCommands::onKeyDown(UINT key, bool) {
 void CListCommands::showWholeText() {
     const auto row = m_parts.content.store().selection().focusedRow();
     if (!row) return;
-    mc::showWholeText(m_hooks.wholeTexts(*row, m_parts.input.column()), m_services.mayExport(),
-                      m_list.handle());
+    mc::showWholeText(m_hooks.wholeTexts(*row, m_parts.input.current().column()),
+                      m_services.mayExport(), m_list.handle());
 }
 
 void CListCommands::toggleGridLines() {

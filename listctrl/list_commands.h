@@ -2,6 +2,7 @@
 // (model/list_commands.h is what they offer).
 #pragma once
 
+#include "framework/hwnd.h"
 #include "framework/window.h"
 #include "listctrl/list_appearance.h"
 #include "listctrl/list_columns.h"
@@ -38,8 +39,8 @@ public:
     void run(unsigned command);
 
     // Answered, so that no control asks further up for a menu.
-    LRESULT onRightClick(NMHDR&) { return postMenu(kItemMenu, cursor()); }
-    LRESULT onHeaderRightClick(NMHDR&) { return postMenu(kHeaderMenu, cursor()); }
+    LRESULT onRightClick(NMHDR&) { return postMenu(kItemMenu, fw::mousePoint()); }
+    LRESULT onHeaderRightClick(NMHDR&) { return postMenu(kHeaderMenu, fw::mousePoint()); }
     // By mouse the notifications above came before it.
     void onContextMenu(POINT screen);
     // As by the key for it: at the focused row, or with Ctrl at the caption of the column.
@@ -57,7 +58,6 @@ private:
     static const Command kCommands[];
 
     enum Menu : UINT { kItemMenu, kHeaderMenu };
-    static POINT cursor();
     LRESULT postMenu(Menu menu, POINT screen) const;
     void sortByColumn();
     void toggleGridLines();

@@ -44,16 +44,12 @@ bool CListInput::select(const std::function<void()>& change) {
 bool CListInput::goTo(std::size_t row) {
     return select([&] {
         m_rules.goTo(row);
-        bringIntoView(row);
+        fw::ListView(m_list.handle()).bringIntoView(row);
     });
 }
 
 void CListInput::selectAll() {
     select([this] { m_rules.selectAll(); });
-}
-
-void CListInput::bringIntoView(std::size_t row) const {
-    fw::ListView(m_list.handle()).bringIntoView(row);
 }
 
 // ---- The mouse ----
@@ -65,7 +61,7 @@ bool CListInput::press(POINT client) {
     const auto cell = m_header.cellAt(client);
     const Modifiers keys = modifiersDown();
     if (cell)
-        m_column = m_content.columnAt(cell->item);
+        m_current.goToColumn(m_content.columnAt(cell->item));
     else
         m_marquee.press(keys.ctrl || keys.shift);
     if (!select([&] { m_rules.click(m_header.rowAt(client), keys); })) return false;
@@ -114,6 +110,14 @@ void CListInput::onRightUp(POINT client) {
 
 // ---- Keys ----
 
+// Enter in a list belongs to the list: it must never press the dialog's default button.
+LRESULT CListInput::onGetDialogCode(const MSG* message) const {
+    const LRESULT code = DefSubclassProc(m_list.handle(), WM_GETDLGCODE, 0,
+                                         reinterpret_cast<LPARAM>(message)) |
+                         DLGC_WANTCHARS;  // letters find rows
+    return message != nullptr && message->wParam == VK_RETURN ? code | DLGC_WANTMESSAGE : code;
+}
+
 bool CListInput::onKeyDown(UINT key, bool) {
     const Modifiers keys = modifiersDown();
     m_keyTaken = false;
@@ -132,10 +136,12 @@ bool CListInput::navigate(UINT key) {
     const auto found = std::find_if(std::begin(moves), std::end(moves),
                                     [&](const auto& each) { return each.key == key; });
     if (found == std::end(moves)) return false;
-    const std::size_t page = fw::ListView(m_list.handle()).rowsPerPage();
+    const fw::ListView view(m_list.handle());
+    const std::size_t page = view.rowsPerPage();
     m_find.end();
     select([&] {
-        if (const auto row = m_rules.move(found->move, page, modifiersDown())) bringIntoView(*row);
+        const auto row = m_rules.move(found->move, page, modifiersDown());
+        if (row) view.bringIntoView(*row);
     });
     return true;
 }
@@ -152,33 +158,6 @@ bool CListInput::selectByKey(UINT key, Modifiers keys) {
 ColumnId CListInput::findColumn() const {
     const auto& sort = m_content.order().current();
     return sort ? sort->column : m_content.columnAt(0);
-}
-
-ColumnId CListInput::column() const {
-    const ColumnModel& columns = m_content.columns();
-    const bool shown = m_column && columns.has(*m_column) && columns.positionOf(*m_column);
-    return shown ? *m_column : m_content.columnAt(0);
-}
-
-// The lower left corner of what is visible of the area, or of the edge that it lies beyond.
-POINT CListInput::below(const RECT& area) const {
-    const RECT client = m_list.clientRect();
-    const LONG inset = m_list.scaled(6);
-    return {std::clamp(area.left + inset, client.left, std::max(client.left, client.right - inset)),
-            std::clamp(area.bottom, client.top, client.bottom)};
-}
-
-POINT CListInput::rowPoint() const {
-    const auto row = m_content.store().selection().focusedRow();
-    return row ? below(fw::ListView(m_list.handle()).rowRect(*row)) : captionPoint();
-}
-
-POINT CListInput::captionPoint() const {
-    const auto position = m_content.columns().positionOf(column());
-    RECT caption = m_header.control().rect(position ? static_cast<int>(*position) : 0);
-    MapWindowPoints(m_header.control().handle(), m_list.handle(),
-                    reinterpret_cast<POINT*>(&caption), 2);
-    return below(caption);
 }
 
 void CListInput::onCharacter(UINT character) {

@@ -8,9 +8,9 @@
 #pragma once
 
 #include <functional>
-#include <optional>
 
 #include "framework/window.h"
+#include "listctrl/current_cell.h"
 #include "listctrl/list_header.h"
 #include "listctrl/list_marquee.h"
 #include "listctrl/list_update.h"
@@ -33,7 +33,8 @@ public:
           m_header(header),
           m_update(update),
           m_rules(content.store()),
-          m_marquee(list, header, content.store()) {}
+          m_marquee(list, header, content.store()),
+          m_current(list, content, header) {}
 
     // Changes the selection for the checker, and notifies the parent if that changed it. This and
     // the next three: false when the list ended with that.
@@ -49,15 +50,7 @@ public:
     // The column whose first letters are typed to find a row: the sorted, else the first one.
     ColumnId findColumn() const;
 
-    // The column that keys are about: the one that was clicked last, or whose filter box had the
-    // focus since, while it is shown; else the first one.
-    ColumnId column() const;
-    void goToColumn(ColumnId column) { m_column = column; }
-
-    // Where a menu by key opens, in the client area: at the visible part of the focused row, or of
-    // that column's caption.
-    POINT rowPoint() const;
-    POINT captionPoint() const;
+    CCurrentCell& current() { return m_current; }
 
     // A drag from empty ground that selects rows ends; the selection is put back.
     void endMarquee();
@@ -71,6 +64,7 @@ public:
     void onDoubleClick(POINT client) { pressTwice(client); }
     void onRightDown(POINT client);
     void onRightUp(POINT client);
+    LRESULT onGetDialogCode(const MSG* message) const;
     bool onKeyDown(UINT key, bool repeated);
     void onCharacter(UINT character);
     void onFocusChanged();
@@ -78,8 +72,6 @@ public:
 private:
     bool navigate(UINT key);
     bool selectByKey(UINT key, Modifiers keys);
-    void bringIntoView(std::size_t row) const;
-    POINT below(const RECT& area) const;
 
     const fw::CWindow& m_list;
     const ListContent& m_content;
@@ -87,8 +79,8 @@ private:
     CListUpdate& m_update;
     SelectionRules m_rules;
     CListMarquee m_marquee;
+    CCurrentCell m_current;
     TypeToFind m_find;
-    std::optional<ColumnId> m_column;
     bool m_keyTaken = false;
 };
 

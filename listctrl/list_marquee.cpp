@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "framework/handles.h"
+#include "framework/hwnd.h"
 
 namespace mc {
 namespace {
@@ -90,9 +91,7 @@ void CListMarquee::scrollTo(POINT client) {
 
 std::optional<POINT> CListMarquee::onTimer(UINT_PTR id) const {
     if (id != kScrollTimer || m_state != State::dragging) return std::nullopt;
-    POINT at{};
-    GetCursorPos(&at);
-    ScreenToClient(m_list.handle(), &at);
+    const POINT at = fw::mousePointIn(m_list.handle());
     const POINT lines = linesBeyond(m_list, m_header, rowSize().height, at);
     return lines.x != 0 || lines.y != 0 ? std::optional(at) : std::nullopt;
 }

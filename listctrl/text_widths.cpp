@@ -3,6 +3,7 @@
 #include <numeric>
 
 #include "framework/handles.h"
+#include "framework/hwnd.h"
 
 namespace mc {
 
@@ -25,7 +26,7 @@ const CTextWidths::CharWidths& CTextWidths::charWidths(HFONT font) const {
     const auto [at, fresh] = m_widths.try_emplace(font);
     if (!fresh) return at->second;
     const HWND list = m_list.handle();
-    if (font == nullptr) font = reinterpret_cast<HFONT>(SendMessageA(list, WM_GETFONT, 0, 0));
+    if (font == nullptr) font = fw::fontOf(list);
     const HDC dc = GetDC(list);
     {
         const fw::SelectScope select(dc, font);

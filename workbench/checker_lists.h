@@ -1,5 +1,5 @@
 // The pane's two lists in their frame: the pending changes, and below them the details of the
-// change that is looked at. What the workbench's rules say about rows and details goes to them.
+// change that is looked at (CheckerDetails). What the workbench's rules say about rows comes here.
 //
 // Order of life: made with the pane; open() in its dialog; until then, and when the windows are
 // gone, nothing is shown and no key is taken.
@@ -7,48 +7,42 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "details/detail_line.h"
-#include "details/edit_messages.h"
-#include "details/multi_line_edit_list_ctrl.h"
 #include "frames/holder_frame.h"
-#include "workbench/model/workbench_view.h"
+#include "workbench/checker_details.h"
 #include "workbench/pending_list.h"
 
 namespace mc {
 
-class CheckerLists final : public WorkbenchView {
+class CheckerLists final : public RecordsView {
 public:
     // The services must outlive the lists.
     explicit CheckerLists(ListServices& services)
-        : m_services(services), m_holder(services.settings()) {}
+        : m_services(services), m_holder(services.settings()), m_details(services, m_holder) {}
 
     // Creates the windows at `rect` of `pane`; `changes` must outlive them.
     void open(HWND pane, const RECT& rect, PendingChanges& changes);
-
-    // Offers values for editing; the outcomes go to `owner` (details/edit_messages.h).
-    void offerEditing(HWND owner) { m_details->setEditOwner(owner); }
 
     void move(const RECT& rect);
     void layOut() { m_holder.layOut(); }  // what is in the frame: the dots per inch changed
     void followDpi();
     void showWindows();
-    void colorsChanged();
+
+    CheckerDetails& details() { return m_details; }
+    const CheckerDetails& details() const { return m_details; }
 
     // What is called when rows, their selection or states, or unsent edits may have changed. It
     // must not call the workbench.
-    void onNews(std::function<void()> news) { m_news = std::move(news); }
+    void onNews(const std::function<void()>& news);
 
     // Takes every filter off the main list, and brings a row of it into view.
     void resetMainFilters() { m_main->commands().run(kResetFiltersCommand); }
     void bringIntoView(std::size_t mainRow) const;
 
-    // For the list of keys: what the main list offers, and whether values can be edited.
+    // For the list of keys.
     ListOffers offers() const { return m_main->commands().offers(); }
-    bool offersEditing() const { return m_details->offersEditing(); }
 
     HWND mainWindow() const { return m_main != nullptr ? m_main->handle() : nullptr; }
 
@@ -58,39 +52,23 @@ public:
     enum class KeyUse { none, taken, dropsEdits };
     KeyUse dialogKey(UINT key, bool repeated);
 
-    // Ends an edit that is under way; false when its text is refused, and the editor stays open.
-    bool leaveEditor() { return m_details->leaveEditor(); }
-    TypedValue typed() const { return m_details != nullptr ? m_details->typed() : TypedValue{}; }
-
-    // `stored` is what the update will send, if anything.
-    void takeEdit(const EndOfEdit& edit, const std::optional<std::string>& stored);
-
     bool applyMainFilter() { return m_main->applyFilter(); }  // false: Esc ended it
-    void applyDetailsFilter() { m_details->applyFilter(); }
+    void applyDetailsFilter() { m_details.list()->applyFilter(); }
 
     // Selects the row of a change alone, if it has one, and scrolls it into view.
     void selectChange(Slot change);
 
     void rowsChanged() override;
     void statesChanged() override { rowsChanged(); }
-    void emptyDetails() override;
-    void showDetails(std::vector<DetailGroup> groups, bool anotherChange) override;
-    void editsSent() override;
-    void editsDropped() override;
-    void captionDetails(const DetailsCaption& caption) override;
 
 private:
     std::string mainNote(const PendingChanges& changes) const;
 
     ListServices& m_services;
     CVTHolderFrame m_holder;
-    LineGroups m_lines;
     std::unique_ptr<CPendingList> m_main;
-    std::unique_ptr<CMultiLineEditListCtrl> m_details;
-    CDetailLine m_line{m_lines};  // below the details
-    DetailsCaption m_caption;
+    CheckerDetails m_details;
     std::function<void()> m_news = [] {};
-    bool m_heldInEditor = false;  // the last key was pressed in an editor of the details
 };
 
 }  // namespace mc

@@ -86,8 +86,8 @@ bool DecisionButtons::pressedInSight(PressButton button) {
 
 PressLine DecisionButtons::describe(PressButton button) const {
     if (m_workbench == nullptr) return {};
-    PressLine line =
-        describePress(m_workbench->presses().plan(button, m_lists.typed()), m_workbench->changes());
+    PressLine line = describePress(m_workbench->presses().plan(button, m_lists.details().typed()),
+                                   m_workbench->changes());
     if (m_workbench->sight().heldBack()) line.warning.insert(0, kPressedUnseen);
     return line;
 }

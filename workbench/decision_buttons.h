@@ -51,7 +51,7 @@ public:
             ~Scope() { flag = false; }
         } const scope(m_deciding);
         // An edit that is under way ends first; while its text is refused, nothing is decided.
-        if (!m_lists.leaveEditor()) return;
+        if (!m_lists.details().leaveEditor()) return;
         decision(*m_workbench);
     }
 

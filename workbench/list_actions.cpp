@@ -7,7 +7,8 @@ namespace mc {
 namespace {
 
 void showRow(Workbench& workbench, std::size_t row) {
-    if (auto change = workbench.changes().recordAt(row))
+    const PendingChanges& changes = workbench.changes();
+    if (auto change = changes.recordIn(changes.rows().slotAt(row)))
         workbench.details().open(std::move(*change));
 }
 
@@ -18,7 +19,7 @@ void showRow(Workbench& workbench, std::size_t row) {
 // While a text in the details is refused, they stay until its editor closes.
 void ListActions::selectionMade() {
     if (m_workbench == nullptr) return;
-    m_selectionWaits = !m_lists.leaveEditor();
+    m_selectionWaits = !m_lists.details().leaveEditor();
     if (m_selectionWaits)
         m_workbench->selectionWaits();
     else
@@ -91,12 +92,14 @@ void ListActions::openNeighbour() {
 
 void ListActions::endOfEdit(const EndOfEdit& edit) {
     if (m_workbench != nullptr)
-        m_lists.takeEdit(edit, m_workbench->details().valueEdited(edit.row.mnemonic, edit.typed));
+        m_lists.details().takeEdit(
+            edit, m_workbench->details().valueEdited(edit.row.mnemonic, edit.typed));
 }
 
 void ListActions::endOfChoice(const EndOfEdit& edit) {
     if (m_workbench != nullptr)
-        m_lists.takeEdit(edit, m_workbench->details().choiceMade(edit.row.mnemonic, edit.typed));
+        m_lists.details().takeEdit(
+            edit, m_workbench->details().choiceMade(edit.row.mnemonic, edit.typed));
 }
 
 void ListActions::editorClosed() {

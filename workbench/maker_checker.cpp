@@ -69,7 +69,7 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
 }
 
 LRESULT CMakerChecker::onInitDialog() {
-    m_workbench = std::make_unique<Workbench>(m_host, m_lists);
+    m_workbench = std::make_unique<Workbench>(m_host, m_lists, m_lists.details());
     m_workbench->sight().setClock([] { return PressSight::Milliseconds(GetTickCount64()); });
     m_actions.open(*m_workbench);
     m_buttons.open(*m_workbench);
@@ -81,7 +81,7 @@ LRESULT CMakerChecker::onInitDialog() {
     if (mayModify == nullptr || mayModify() == 0)
         ShowWindow(GetDlgItem(handle(), IDC_UPDATE), SW_HIDE);
     else
-        m_lists.offerEditing(handle());
+        m_lists.details().list()->setEditOwner(handle());
     m_buttons.addButtons();
     m_initialized = true;
     return FALSE;
@@ -90,7 +90,7 @@ LRESULT CMakerChecker::onInitDialog() {
 // ---- Lay-out ----
 
 void CMakerChecker::onColorsChanged() {
-    m_lists.colorsChanged();
+    m_lists.details().colorsChanged();
     m_buttons.stale();
 }
 
@@ -111,7 +111,7 @@ SIZE CMakerChecker::firstFloatSize() const {
 }
 
 void CMakerChecker::keepFloatSize() {
-    const auto floated = docking().lastFloatSize();
+    const auto floated = docking().floating().lastSize();
     if (!floated) return;
     m_bar.setSize({static_cast<int>(floated->cx), static_cast<int>(floated->cy)});
     m_bar.save();
@@ -151,8 +151,9 @@ void CMakerChecker::toggleDecisions() {
         return layOut();
     }
     DecisionLog& log = m_workbench->decisionLog();
-    const auto row = m_workbench->changes().rows().selection().focusedRow();
-    const auto change = row ? m_workbench->changes().recordAt(*row) : std::nullopt;
+    const PendingChanges& changes = m_workbench->changes();
+    const auto row = changes.rows().selection().focusedRow();
+    const auto change = row ? changes.recordIn(changes.rows().slotAt(*row)) : std::nullopt;
     const Slot about = change ? log.newestAbout(change->key) : kNoSlot;
     m_decisions.open(handle(), log, about != kNoSlot ? about : log.newest());
     layOut();
@@ -212,7 +213,8 @@ void CMakerChecker::showKeys() {
             buttons.push_back({fw::keyName(each.key, each.ctrlShift, each.ctrlShift),
                                tip.substr(0, tip.find(" ("))});
     }
-    showText("Keys", keyList(buttons, m_lists.offers(), m_lists.offersEditing()), handle());
+    showText("Keys", keyList(buttons, m_lists.offers(), m_lists.details().list()->offersEditing()),
+             handle());
 }
 
 void CMakerChecker::layOutAgain() {

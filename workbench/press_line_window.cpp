@@ -290,10 +290,7 @@ void CPressLine::showTip(bool cutOff) {
 // ---- The action ----
 
 bool CPressLine::onSetCursor(HWND, UINT) {
-    POINT at{};
-    GetCursorPos(&at);
-    ScreenToClient(handle(), &at);
-    if (PtInRect(&m_link, at) == 0) return false;
+    if (PtInRect(&m_link, fw::mousePointIn(handle())) == 0) return false;
     SetCursor(LoadCursorA(nullptr, IDC_HAND));
     return true;
 }

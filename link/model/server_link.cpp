@@ -69,13 +69,13 @@ const char* pairText(PairValue value, const Host& host) {
 serverLink::serverLink(Host& host, AnswerHandler& answers)
     : m_host(host), m_receiverA(answers), m_receiverB(answers) {
     void* error = nullptr;
-    if (otp_ctor_primecb(&m_message, &error) == 0)
+    if (otp_ctor_primecb(&m_handles.message, &error) == 0)
         m_failures.push_back("MnmHndl Open failed in Market Context");
-    if (otp_open_scratch(&m_buffer, kScratchBytes, &error) == 0)
+    if (otp_open_scratch(&m_handles.buffer, kScratchBytes, &error) == 0)
         m_failures.push_back("BufHndl Open failed in Market Context");
-    if (otp_open_scratch(&m_timeBuffer, kScratchBytes, &error) == 0)
+    if (otp_open_scratch(&m_handles.timeBuffer, kScratchBytes, &error) == 0)
         m_failures.push_back("TimeBufHndl Open failed in Market Context");
-    if (sys_open_time_hndl(&m_timeHandle, &error) == 0)
+    if (sys_open_time_hndl(&m_handles.time, &error) == 0)
         m_failures.push_back("TmHndl Open failed in Market Context");
 
     if (auto* getControl = host.receiveControlService()) {
@@ -94,7 +94,7 @@ void serverLink::close() {
     if (std::exchange(m_closed, true)) return;
     CQuonRxControl* const controlA = std::exchange(m_controlA, nullptr);
     CQuonRxControl* const controlB = std::exchange(m_controlB, nullptr);
-    void* const message = std::exchange(m_message, nullptr);
+    void* const message = std::exchange(m_handles.message, nullptr);
     auto* getControl = m_host.receiveControlService();
     if (getControl == nullptr) {
         m_host.reportToUser("Destroying Quon Connection Failed", kReportMessage);
@@ -103,10 +103,10 @@ void serverLink::close() {
     for (CQuonRxControl* control : {controlB, controlA})
         if (control != nullptr) getControl(0, nullptr, control);
     void* error = nullptr;
-    if (m_buffer != nullptr) otp_close_scratch(m_buffer, &error);
+    if (m_handles.buffer != nullptr) otp_close_scratch(m_handles.buffer, &error);
     if (message != nullptr) otp_dtor_primecb(message, &error);
-    if (m_timeBuffer != nullptr) otp_close_scratch(m_timeBuffer, &error);
-    if (m_timeHandle != nullptr) sys_close_time_hndl(m_timeHandle, &error);
+    if (m_handles.timeBuffer != nullptr) otp_close_scratch(m_handles.timeBuffer, &error);
+    if (m_handles.time != nullptr) sys_close_time_hndl(m_handles.time, &error);
 }
 
 int serverLink::subscribe() {
@@ -136,23 +136,23 @@ int serverLink::unsubscribe() {
 }
 
 bool serverLink::startMessage() {
-    if (m_message == nullptr || m_buffer == nullptr) return false;
+    if (m_handles.message == nullptr || m_handles.buffer == nullptr) return false;
     const std::uint32_t empty = 0;
-    std::memcpy(m_buffer, &empty, sizeof empty);
+    std::memcpy(m_handles.buffer, &empty, sizeof empty);
     void* error = nullptr;
-    return otp_start_msg(m_message, m_buffer, &error) != 0;
+    return otp_start_msg(m_handles.message, m_handles.buffer, &error) != 0;
 }
 
 bool serverLink::append(int mnemonic, const char* value) {
     void* error = nullptr;
-    return m_message != nullptr &&
-           otp_add_data_as_cstring(m_message, mnemonic, 1, value, &error) != 0;
+    return m_handles.message != nullptr &&
+           otp_add_data_as_cstring(m_handles.message, mnemonic, 1, value, &error) != 0;
 }
 
 bool serverLink::send() {
     int requestId = 0;
     void* error = nullptr;
-    return m_controlA != nullptr && m_controlA->send(requestId, m_message, 0, &error) != 0;
+    return m_controlA != nullptr && m_controlA->send(requestId, m_handles.message, 0, &error) != 0;
 }
 
 }  // namespace mc

@@ -51,10 +51,12 @@ private:
     std::vector<const char*> m_failures;
     bool m_closed = false;
     bool m_subscribed = false;
-    void* m_message = nullptr;
-    void* m_timeHandle = nullptr;
-    void* m_buffer = nullptr;
-    void* m_timeBuffer = nullptr;
+    struct {  // of the messaging library; null: it could not be had
+        void* message = nullptr;
+        void* buffer = nullptr;
+        void* timeBuffer = nullptr;
+        void* time = nullptr;
+    } m_handles;
     CMCRxr m_receiverA;
     CMCRxr m_receiverB;
     CQuonRxControl* m_controlB = nullptr;  // kind 3: only obtained and released

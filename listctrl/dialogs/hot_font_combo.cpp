@@ -100,10 +100,8 @@ void CHotFontCombo::onMouseMove(POINT) {
 
 bool CHotFontCombo::onTimer(UINT_PTR id) {
     if (id != kHotTimer) return false;
-    POINT cursor{};
-    GetCursorPos(&cursor);
     const RECT rect = fw::screenRect(handle());
-    if (PtInRect(&rect, cursor) != 0) return true;
+    if (PtInRect(&rect, fw::mousePoint()) != 0) return true;
     KillTimer(handle(), kHotTimer);
     setHot(false);
     return true;

@@ -44,7 +44,7 @@ public:
 
     // The shown columns, from the left. `item` is below shownCount().
     int shownCount() const { return static_cast<int>(m_columns.shown().size()); }
-    ColumnId columnAt(int item) const { return m_columns.at(DisplayPosition{item}); }
+    ColumnId columnAt(int item) const { return m_columns.shown()[static_cast<std::size_t>(item)]; }
 
     // The text of a cell as it is drawn, copied and exported; it lives until the next call.
     std::string_view text(std::size_t row, ColumnId column) const {

@@ -32,10 +32,6 @@ void endCallFault() {
     s_callsLeft -= std::min(made, s_callsLeft);
 }
 
-bool endAllocationFault() {
-    return faults::allocations.end();
-}
-
 const struct Fault {
     const char* name;
     void (*arm)(std::size_t first);
@@ -43,9 +39,9 @@ const struct Fault {
     bool throws;
 } kFaults[] = {
     {"allocation", [](std::size_t first) { faults::allocations.fail(first, false); },
-     endAllocationFault, true},
+     [] { return faults::allocations.end(); }, true},
     {"all allocations from", [](std::size_t first) { faults::allocations.fail(first, true); },
-     endAllocationFault, true},
+     [] { return faults::allocations.end(); }, true},
     {"messaging call",
      [](std::size_t first) {
          s_callsLeft = first;
@@ -72,7 +68,7 @@ void hostsOwn(bool begins) {
 }
 
 // Keeps the details in lines, as the pane's list does.
-struct LinesView final : WorkbenchView {
+struct LinesView final : RecordsView, DetailsView {
     LineGroups lines;
     void rowsChanged() override {}
     void statesChanged() override {}
@@ -96,7 +92,7 @@ class World {
 public:
     World() {
         HostsOwn::change = hostsOwn;
-        host.modifyRight = 1;
+        host.rights.modify = 1;
         host.answersYes = true;
         for (int key = 1; key <= 6; ++key)
             publish(std::to_string(key), key % 2 == 0 ? "360" : "340", "ENT" + kLong);
@@ -161,7 +157,7 @@ public:
 
     FakeHost host;
     LinesView view;
-    Workbench workbench{host, view};
+    Workbench workbench{host, view, view};
     Presses& presses = workbench.presses();
 
 private:
@@ -180,7 +176,7 @@ World::Sight World::sight() {
                                    std::string(wordsOf(state.sent));
     }
     for (std::size_t row = 0; row < rows().rowCount(); ++row)
-        seen.rows.push_back(changes.recordAt(row)->key);
+        seen.rows.push_back(changes.recordIn(changes.rows().slotAt(row))->key);
     for (const Slot slot : changes.selectedRecords())
         seen.selected.push_back(changes.recordIn(slot)->key);
     seen.caption = view.caption;
@@ -211,12 +207,9 @@ void World::check() {
     const bool lines = view.lines.rows().stored().size() != 0;
     ASSERT_TRUE(!lines || workbench.details().key() == m_linesAbout) << "whose details these are";
     ASSERT_TRUE(lines || presses.plan(PressButton::update).edits == 0) << "an edit out of sight";
-    std::size_t selected = 0;
-    for (const std::size_t row : rows().selection().rows()) {
-        ASSERT_LT(row, visible);
-        ++selected;
-    }
-    ASSERT_EQ(rows().selection().count(), selected);
+    const auto& selected = rows().selection().rows();
+    for (const std::size_t row : selected) ASSERT_LT(row, visible);
+    ASSERT_EQ(rows().selection().count(), selected.size());
     for (const SentMessage& sent : host.control().sent)  // what left is noted with its change
         if (const Slot slot = changes.find(valueOf(sent, MNM_AUTHORIZATION_KEY));
             slot != kNoSlot && !valueOf(sent, MNM_STATUS).empty()) {
@@ -256,9 +249,6 @@ void openThird(World& world) {
 }
 void limitsCome(World& world) {
     world.answer(kGetLimitsDetails, kLimitsAnswer);
-}
-void selectSingles(World& world) {
-    world.select({2, 3, 4});
 }
 void accept(World& world) {
     world.presses.accept(world.selected());
@@ -320,7 +310,11 @@ const Operation kOperations[] = {
      [](World& w) { w.workbench.details().valueEdited(64210, "12345678.9"); }},
     {"a reject", nothing, [](World& w) { w.presses.reject(w.selected(), [] { return kLong; }); },
      false},
-    {"an accept of singles", selectSingles, accept, false},
+    {"an accept of singles",
+     [](World& w) {
+         w.select({2, 3, 4});
+     },
+     accept, false},
     {"an accept of a pair", nothing, accept, false},
     {"an update", openEdited, [](World& w) { w.presses.update(); }, false},
     {"edits are dropped", openEdited, [](World& w) { w.workbench.details().dropEdits(); }, false},
@@ -375,7 +369,7 @@ protected:
             EXPECT_EQ(again.lines, m_after.lines);
         }
         world.workbench.close();
-        EXPECT_EQ(world.host.released, (std::vector<int>{3, 0}))
+        EXPECT_EQ(world.host.controls.released, (std::vector<int>{3, 0}))
             << "the receive controls are released";
         EXPECT_EQ(otp_open_handles(), handles) << "the handles are closed";
         return failed;

@@ -165,10 +165,10 @@ private:
                 m_workbench.presses().update();
                 return m_workbench.presses().recover();
             case 5:
-                m_host.roles = {};
+                m_host.rights.roles = {};
                 for (const int item : {60302, 60303, 60304})
-                    if (m_input.below(4) != 0) m_host.roles.insert(item);
-                m_host.hasMenuItemService = m_input.below(8) != 0;
+                    if (m_input.below(4) != 0) m_host.rights.roles.insert(item);
+                m_host.rights.hasMenuItemService = m_input.below(8) != 0;
                 return;
             case 6:
                 m_host.control().works = m_input.below(4) != 0;
@@ -224,7 +224,7 @@ private:
     Input m_input;
     FakeHost m_host;
     ViewRecorder m_view;
-    Workbench m_workbench{m_host, m_view};
+    Workbench m_workbench{m_host, m_view, m_view};
     int m_messages = 0;
 };
 

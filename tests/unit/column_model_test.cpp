@@ -76,7 +76,7 @@ TEST_F(ColumnModelTest, ShowsWhatIsAskedAndWhatMust) {
     EXPECT_EQ(model.width(ColumnId{1}), 100);
     EXPECT_EQ(model.positionOf(ColumnId{0}), DisplayPosition{1});
     EXPECT_EQ(model.positionOf(ColumnId{1}), std::nullopt);
-    EXPECT_EQ(model.at(DisplayPosition{0}), ColumnId{2});
+    EXPECT_EQ(model.shown()[0], ColumnId{2});
 
     model.setMandatory(ids({1, 7}));
     EXPECT_EQ(shownText(model), "Limit:90 Name:75 Key:100 ");

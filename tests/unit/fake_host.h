@@ -101,16 +101,24 @@ public:
         s_current = nullptr;
     }
     FakeHost(const FakeHost&) = delete;
-    FakeHost& operator=(const FakeHost&) = delete;
 
     std::string brokerId = "ZEKB";
     std::string userId = "CHECK01";
     int level = 0;
-    std::set<int> roles{kMenuItemSeeLimits, kMenuItemSeeUsers, kMenuItemSeeClientsAndInvestors};
-    bool hasMenuItemService = true;
-    std::optional<int> modifyRight;  // none: the host lacks the service
-    bool hasControlService = true;
-    std::set<int> controlKinds{0, 3};  // of the controls that the service makes
+
+    struct {  // of who is logged in
+        std::set<int> roles{kMenuItemSeeLimits, kMenuItemSeeUsers, kMenuItemSeeClientsAndInvestors};
+        bool hasMenuItemService = true;
+        std::vector<int> asked;     // menu items
+        std::optional<int> modify;  // none: the host lacks the service
+    } rights;
+
+    struct {
+        bool hasService = true;
+        std::set<int> kinds{0, 3};                         // that the service makes
+        std::map<int, std::unique_ptr<FakeControl>> made;  // by kind
+        std::vector<int> released;                         // kinds, in order
+    } controls;
 
     bool answersYes = false;  // to questions
 
@@ -121,11 +129,8 @@ public:
     // report by its level, "question TEXT".
     Lines said;
     int beeps = 0;
-    std::vector<int> menuItemsAsked;
-    std::map<int, std::unique_ptr<FakeControl>> controls;  // made, by kind
-    std::vector<int> released;                             // kinds of controls, in order
 
-    FakeControl& control() { return *controls.at(0); }
+    FakeControl& control() { return *controls.made.at(0); }
 
     // What was said since the last call.
     Lines takeSaid() { return std::exchange(said, {}); }
@@ -135,13 +140,13 @@ public:
     int privilegeLevel() const override { return level; }
 
     PuGetFindMenuItemInRoles* menuItemService() override {
-        return hasMenuItemService ? &holdsMenuItem : nullptr;
+        return rights.hasMenuItemService ? &holdsMenuItem : nullptr;
     }
     PuGetMakerCheckerModifyRight* modifyRightService() override {
-        return modifyRight ? &mayModify : nullptr;
+        return rights.modify ? &mayModify : nullptr;
     }
     GetQuonRxControlService* receiveControlService() override {
-        return hasControlService ? &receiveControl : nullptr;
+        return controls.hasService ? &receiveControl : nullptr;
     }
 
     void reportToUser(std::string_view text, int reportLevel) override {
@@ -173,22 +178,22 @@ private:
 
     static int holdsMenuItem(int menuItem) {
         const HostsOwn own;
-        s_current->menuItemsAsked.push_back(menuItem);
-        return s_current->roles.contains(menuItem) ? 1 : 0;
+        s_current->rights.asked.push_back(menuItem);
+        return s_current->rights.roles.contains(menuItem) ? 1 : 0;
     }
 
-    static int mayModify() { return *s_current->modifyRight; }
+    static int mayModify() { return *s_current->rights.modify; }
 
     static CQuonRxControl* receiveControl(int kind, CQuonRxNotifierBase* receiver,
                                           CQuonRxControl* release) {
         const HostsOwn own;
         if (receiver == nullptr) {
             const auto* control = static_cast<FakeControl*>(release);
-            s_current->released.push_back(control != nullptr ? control->kind : -1);
+            s_current->controls.released.push_back(control != nullptr ? control->kind : -1);
             return nullptr;
         }
-        if (!s_current->controlKinds.contains(kind)) return nullptr;
-        auto& control = s_current->controls[kind];
+        if (!s_current->controls.kinds.contains(kind)) return nullptr;
+        auto& control = s_current->controls.made[kind];
         control = std::make_unique<FakeControl>(kind, receiver);
         return control.get();
     }

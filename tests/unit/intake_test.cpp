@@ -25,7 +25,7 @@ protected:
         take(publication(kPending, key, fields));
         view.events.clear();
         host.beeps = 0;
-        host.menuItemsAsked.clear();
+        host.rights.asked.clear();
         return *changes.findRecord(key);
     }
 
@@ -82,8 +82,8 @@ TEST_F(IntakeTest, ListsEachKindUnderItsRight) {
         const auto message = publication(kPending, "1001", allFields(code, type));
         const auto listedWith = [&](std::set<int> roles, bool service) {
             changes.clearAllRecords();
-            host.roles = std::move(roles);
-            host.hasMenuItemService = service;
+            host.rights.roles = std::move(roles);
+            host.rights.hasMenuItemService = service;
             take(message);
             return changes.size() == 1;
         };
@@ -91,10 +91,10 @@ TEST_F(IntakeTest, ListsEachKindUnderItsRight) {
         others.erase(right);
         EXPECT_EQ(listedWith(others, true), right == 0);
         EXPECT_EQ(listedWith({60302, 60303, 60304}, false), right == 0);
-        host.menuItemsAsked.clear();
+        host.rights.asked.clear();
         host.beeps = 0;
         ASSERT_TRUE(listedWith({right}, true));
-        EXPECT_EQ(host.menuItemsAsked, right != 0 ? std::vector<int>{right} : std::vector<int>{});
+        EXPECT_EQ(host.rights.asked, right != 0 ? std::vector<int>{right} : std::vector<int>{});
         EXPECT_EQ(host.beeps, 1);
         EXPECT_EQ(textOf(changes.at(0)),
                   code + "|" + type + "|" + entityName + "|" + linkedUser + "|MAKER01|ZEKB|MUM01");
@@ -192,11 +192,11 @@ TEST_F(IntakeTest, NeverListsTheCheckersOwnChange) {
 
 TEST_F(IntakeTest, DropsAListedChangeWhoseRightIsLost) {
     for (const bool own : {true, false}) {
-        host.roles = {60302, 60303, 60304};
+        host.rights.roles = {60302, 60303, 60304};
         changes.clearAllRecords();
         listed("1000", allFields("360", ""));
         listed("1001", allFields("339", "DEALER"));
-        host.roles = {60302};
+        host.rights.roles = {60302};
         listener.told.clear();
         // The right is asked for before the maker is read.
         take(publication(kPending, "1001", {{MNM_REQUESTING_USER, own ? host.userId : "MAKER01"}}));
@@ -213,10 +213,10 @@ TEST_F(IntakeTest, RemovesADecidedChangeAndTellsOfItsEndListedOrNot) {
         changes.clearAllRecords();
         for (const char* key : {"1000", "1001", "1002"}) listed(key, allFields("339", "DEALER"));
         listener.told.clear();
-        host.roles = {};  // whoever may not see changes still learns that they are gone
+        host.rights.roles = {};  // whoever may not see changes still learns that they are gone
         for (const char* key : {"1001", "2002"})
             take(publication(status, key, {{MNM_REQUESTING_USER, host.userId}}));
-        host.roles = {60303};
+        host.rights.roles = {60303};
         EXPECT_EQ(view.events, Lines{"rows"});
         EXPECT_EQ(listener.told, (Lines{"ended 1001", "ended 2002"}));
         EXPECT_EQ(changes.size(), 2u);

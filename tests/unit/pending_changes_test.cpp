@@ -126,20 +126,20 @@ TEST_F(PendingChangesTest, AHoldTellsAChangeFromALaterOneOfItsKey) {
             const PendingChanges::Hold outer(changes);
             {
                 const PendingChanges::Hold inner(changes);
-                EXPECT_TRUE(changes.isPending(first));
+                EXPECT_TRUE(changes.isPending(first.slot));
                 if (cleared)
                     changes.clearAllRecords();
                 else
                     changes.removeRecord("1001");
                 EXPECT_EQ(view.events.size(), cleared ? 0u : 1u);
-                EXPECT_FALSE(changes.isPending(first));
-                EXPECT_EQ(changes.isPending(second), !cleared);
+                EXPECT_FALSE(changes.isPending(first.slot));
+                EXPECT_EQ(changes.isPending(second.slot), !cleared);
             }
             add("1001", "again");
-            EXPECT_FALSE(changes.isPending(first));
-            EXPECT_FALSE(changes.current(first));
+            EXPECT_FALSE(changes.isPending(first.slot));
+            EXPECT_FALSE(changes.recordIn(first.slot));
             EXPECT_FALSE(changes.rewriteRecord(first.slot, {}));
-            EXPECT_TRUE(changes.isPending(*changes.findRecord("1001")));
+            EXPECT_TRUE(changes.isPending(changes.findRecord("1001")->slot));
             EXPECT_EQ(changes.findRecord("1001")->entityName, "again");
         }
         // The slots are used again.

@@ -160,10 +160,10 @@ private:
         const bool on = below(2) == 0;
         switch (below(3)) {
             case 0:
-                m_store.filters().setMatchExactly(on), m_reference.exactAlways = on;
+                m_store.filters().setMatchExactly(on), m_reference.wanted.exactAlways = on;
                 break;
             case 1:
-                m_store.filters().matchExactlyOnce(), m_reference.exactOnce = true;
+                m_store.filters().matchExactlyOnce(), m_reference.wanted.exactOnce = true;
                 break;
             default:
                 m_store.setReversed(on), m_reference.reversed = on;
@@ -205,11 +205,11 @@ private:
                 break;
             case 5:
                 m_store.filters().clear();
-                m_reference.filters.clear(), m_reference.filtersFit = true;
+                m_reference.wanted.filters.clear(), m_reference.wanted.fit = true;
                 break;
             case 6:
                 m_store.filters().setAll({ColumnId{0}, ColumnId{1}}, {ColumnFilter{"a"}});
-                m_reference.filters = {{0, "a"}, {1, ""}}, m_reference.filtersFit = false;
+                m_reference.wanted.filters = {{0, "a"}, {1, ""}}, m_reference.wanted.fit = false;
                 break;
             default:
                 break;

@@ -6,7 +6,8 @@
 #include <vector>
 
 #include "link/model/receiver.h"
-#include "workbench/model/workbench_view.h"
+#include "workbench/model/details_view.h"
+#include "workbench/model/records/records_view.h"
 
 namespace mc {
 
@@ -34,7 +35,7 @@ private:
     }
 };
 
-class ViewRecorder final : public WorkbenchView {
+class ViewRecorder final : public RecordsView, public DetailsView {
 public:
     std::vector<std::string> events;  // "rows", "empty details", "show details", "show again" ...
     DetailsCaption caption;

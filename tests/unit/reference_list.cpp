@@ -165,22 +165,21 @@ void List::refresh(Record* record) {
 }
 
 void List::setFilter(const Filter& filter) {
-    filtersFit = true;
-    std::erase_if(filters, [&](const Filter& each) { return each.column == filter.column; });
-    if (!filter.text.empty()) filters.push_back(filter);
+    wanted.fit = true;
+    std::erase_if(wanted.filters, [&](const Filter& each) { return each.column == filter.column; });
+    if (!filter.text.empty()) wanted.filters.push_back(filter);
 }
 
 List::Outcome List::filter() {
     map.clear();
-    if (!filtersFit) {
+    if (!wanted.fit) {
         deselectHidden();
         return {0, "Error occured while filtering"};
     }
-    m_judge = filters;
-    m_exact = exactOnce || exactAlways;
+    m_judge = {wanted.filters, wanted.exactOnce || wanted.exactAlways};
     for (std::size_t stored = 0; stored < store.size(); ++stored)
         if (passes(*store[stored])) map.push_back(stored);
-    exactOnce = false;
+    wanted.exactOnce = false;
     itemCount = map.size();
     deselectHidden();
     if (sorting) sort(*sorting);
@@ -222,10 +221,10 @@ std::map<std::string, std::size_t> List::counts(int column) const {
 }
 
 bool List::passes(const Record& record, int butColumn) const {
-    return std::ranges::all_of(m_judge, [&](const Filter& each) {
+    return std::ranges::all_of(m_judge.filters, [&](const Filter& each) {
         return each.column == butColumn ||
-               matches(record.cells[static_cast<std::size_t>(each.column)], each.text, m_exact,
-                       each.isValue);
+               matches(record.cells[static_cast<std::size_t>(each.column)], each.text,
+                       m_judge.exact, each.isValue);
     });
 }
 

@@ -64,9 +64,11 @@ public:
     // Replaces the filter of the column; an empty text is none.
     void setFilter(const Filter& filter);
 
-    std::vector<Filter> filters;
-    bool filtersFit = true;  // as many texts as columns
-    bool exactOnce = false, exactAlways = false;
+    struct {
+        std::vector<Filter> filters;
+        bool fit = true;  // as many texts as columns
+        bool exactOnce = false, exactAlways = false;
+    } wanted;
     std::optional<Sorting> sorting;
 
     std::set<Record*> selected;
@@ -79,8 +81,10 @@ private:
     void showSorted(std::size_t stored);
     bool before(std::size_t a, std::size_t b) const;
 
-    std::vector<Filter> m_judge;  // of the last pass
-    bool m_exact = false;
+    struct {  // by the last pass
+        std::vector<Filter> filters;
+        bool exact = false;
+    } m_judge;
 };
 
 }  // namespace mc::reference

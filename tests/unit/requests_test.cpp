@@ -24,7 +24,7 @@ sMakeCheckStruct changeOf(const std::string& code) {
 
 struct RequestsFixture {
     explicit RequestsFixture(std::set<int> controlKinds = {0, 3}) {
-        host.controlKinds = std::move(controlKinds);
+        host.controls.kinds = std::move(controlKinds);
         link.emplace(host, answers);
         requests.emplace(host, *link, details);
     }

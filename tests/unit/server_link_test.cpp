@@ -53,7 +53,7 @@ TEST(ServerLink, GoesOnWhereAHandleCannotBeOpened) {
         EXPECT_EQ(host.takeSaid(), Lines{}) << "the pane does not exist yet";
         link->tellFailures();
         EXPECT_EQ(host.takeSaid(), each.said);
-        EXPECT_EQ(host.controls.size(), 2u);
+        EXPECT_EQ(host.controls.made.size(), 2u);
         EXPECT_EQ(canSend(*link), each.canSend);
 
         otp_fail_call(0);
@@ -69,23 +69,23 @@ TEST(ServerLink, BindsAReceiverToEachControlAndReleasesTheSecondFirst) {
     AnswerRecorder answers;
     {
         serverLink link(host, answers);
-        ASSERT_EQ(host.controls.size(), 2u);
-        EXPECT_NE(host.controls.at(0)->receiver, host.controls.at(3)->receiver);
+        ASSERT_EQ(host.controls.made.size(), 2u);
+        EXPECT_NE(host.controls.made.at(0)->receiver, host.controls.made.at(3)->receiver);
         const auto message = makeMessage({{MNM_ANSWERED_REQUEST, "om_get_auth_user_details"}});
-        for (const auto& [kind, control] : host.controls)
+        for (const auto& [kind, control] : host.controls.made)
             control->receiver->onMessage(0, 0, message.handle(), nullptr);
         EXPECT_EQ(answers.taken, (Lines{"user", "user"}));
         ASSERT_TRUE(canSend(link));
-        EXPECT_EQ(host.controls.at(0)->sent.size(), 1u);
-        EXPECT_EQ(host.controls.at(3)->sent.size(), 0u);
-        EXPECT_EQ(host.released, std::vector<int>{});
+        EXPECT_EQ(host.controls.made.at(0)->sent.size(), 1u);
+        EXPECT_EQ(host.controls.made.at(3)->sent.size(), 0u);
+        EXPECT_EQ(host.controls.released, std::vector<int>{});
     }
-    EXPECT_EQ(host.released, (std::vector<int>{3, 0}));
+    EXPECT_EQ(host.controls.released, (std::vector<int>{3, 0}));
 }
 
 TEST(ServerLink, WithoutTheControlServiceSaysSoAndReleasesNothing) {
     FakeHost host;
-    host.hasControlService = false;
+    host.controls.hasService = false;
     AnswerRecorder answers;
     std::optional<serverLink> link;
     {
@@ -124,7 +124,7 @@ TEST(ServerLink, SubscribesToWhatThePrivilegeLevelMaySee) {
         std::vector<Subscription> expected;
         if (!each.pairs.empty()) expected.push_back({each.pairs, true, {0, 0, 1}});
         EXPECT_EQ(host.control().subscriptions, expected);
-        EXPECT_TRUE(host.controls.at(3)->subscriptions.empty());
+        EXPECT_TRUE(host.controls.made.at(3)->subscriptions.empty());
         EXPECT_EQ(host.said, Lines{});
     }
 }

@@ -37,7 +37,7 @@ protected:
 
     void restart() {
         workbench.reset();  // the host holds one control of a kind at a time
-        workbench = std::make_unique<Workbench>(host, view);
+        workbench = std::make_unique<Workbench>(host, view, view);
     }
 
     // A field of each message that left since the last call.
@@ -120,7 +120,7 @@ protected:
 
     FakeHost host;
     ViewRecorder view;
-    std::unique_ptr<Workbench> workbench = std::make_unique<Workbench>(host, view);
+    std::unique_ptr<Workbench> workbench = std::make_unique<Workbench>(host, view, view);
 };
 
 }  // namespace mc

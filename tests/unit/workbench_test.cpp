@@ -99,7 +99,7 @@ TEST_F(WorkbenchTest, AsksTheModifyRightForEachAnswer) {
         {-1, RowAttribute::number}};
     workbench->details().open(list("1001", "360"));
     for (const auto& [right, attribute] : cases) {
-        host.modifyRight = right;
+        host.rights.modify = right;
         answer("om_get_auth_limits_details", {{MNM_ACCOUNT_ID, "C1"}, {64031, "1500"}});
         EXPECT_EQ(view.shown.back().rows.back().attribute, attribute);
     }
@@ -146,7 +146,7 @@ TEST_F(WorkbenchTest, AClosedWorkbenchDecidesAndTakesInNothing) {
     workbench->details().open({});
     workbench->presses().update();
     workbench->presses().recover();
-    EXPECT_EQ(host.released, (std::vector<int>{3, 0}));
+    EXPECT_EQ(host.controls.released, (std::vector<int>{3, 0}));
 }
 
 // ---- Limits that were edited and not sent: what keeps them, drops them, asks first ----

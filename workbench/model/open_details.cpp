@@ -21,7 +21,7 @@ void OpenDetails::open(PendingChange change) {
     const PendingChanges::Hold hold(m_changes);
     if (m_shown.edits().count() != 0) {
         if (!mayLeaveEdits("Drop them and open " + ShownDetails::nameOf(change) + "?")) return;
-        auto now = m_changes.current(change);
+        auto now = m_changes.recordIn(change.slot);
         if (!now) return;
         change = std::move(*now);
     }

@@ -8,17 +8,17 @@
 
 #include "link/model/host.h"
 #include "link/model/requests.h"
+#include "workbench/model/details_view.h"
 #include "workbench/model/neighbours.h"
 #include "workbench/model/press_sight.h"
 #include "workbench/model/shown_details.h"
-#include "workbench/model/workbench_view.h"
 
 namespace mc {
 
 class OpenDetails {
 public:
     // All must outlive the object; the requests may be made after it.
-    OpenDetails(Host& host, WorkbenchView& view, PendingChanges& changes, Requests& requests,
+    OpenDetails(Host& host, DetailsView& view, PendingChanges& changes, Requests& requests,
                 PressSight& sight)
         : m_host(host), m_view(view), m_changes(changes), m_requests(requests), m_sight(sight) {}
 
@@ -83,7 +83,7 @@ private:
     std::optional<std::string> keepEdit(int mnemonic, std::optional<std::string> value);
 
     Host& m_host;
-    WorkbenchView& m_view;
+    DetailsView& m_view;
     PendingChanges& m_changes;
     Requests& m_requests;
     PressSight& m_sight;

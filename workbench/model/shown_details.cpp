@@ -1,7 +1,5 @@
 #include "workbench/model/shown_details.h"
 
-#include <algorithm>
-#include <functional>
 #include <utility>
 
 #include "link/model/functionality.h"
@@ -19,20 +17,6 @@ std::string joined(std::initializer_list<std::string_view> parts) {
         text += part;
     }
     return text;
-}
-
-// Tells two answers apart by the texts of their rows.
-std::size_t printOf(const std::vector<DetailGroup>& groups) {
-    std::size_t print = groups.size();
-    const auto add = [&print](const sMCListStruct& row) {
-        for (const std::string* text : {&row.caption, &row.value, &row.oldValue})
-            print = print * 31 + std::hash<std::string>()(*text);
-    };
-    for (const DetailGroup& group : groups) {
-        add(group.header);
-        std::for_each(group.rows.begin(), group.rows.end(), add);
-    }
-    return print;
 }
 
 }  // namespace
@@ -65,7 +49,7 @@ void ShownDetails::forget() {
     m_news.clear();
     m_state = State::none;
     m_askAgain = m_dimmed = false;
-    m_print = 0;
+    m_answers.opened();
 }
 
 // What asks for memory comes first.
@@ -107,13 +91,10 @@ void ShownDetails::refused(const AnswerError& error) {
 }
 
 bool ShownDetails::shown(std::vector<DetailGroup>& groups) {
-    const std::size_t print = printOf(groups);
-    if (m_print == 0) m_print = print;
-    m_changedSince = print != m_print;
-    m_news = m_changedSince ? "changed since you opened it" : "";
+    m_news = m_answers.compare(groups) ? "changed since you opened it" : "";
     m_state = State::shown;
     m_edits.putInto(groups);
-    return std::exchange(m_shownKey, m_about.key) != m_about.key;
+    return m_answers.shown(m_about.key);
 }
 
 // ---- Edits ----

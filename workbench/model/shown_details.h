@@ -11,9 +11,10 @@
 #include "link/model/message.h"
 #include "link/model/pending_record.h"
 #include "link/model/requests.h"
+#include "workbench/model/details_view.h"
+#include "workbench/model/shown_answers.h"
 #include "workbench/model/unanswered_requests.h"
 #include "workbench/model/unsent_edits.h"
-#include "workbench/model/workbench_view.h"
 
 namespace mc {
 
@@ -70,7 +71,7 @@ public:
     DetailsCaption caption() const;
 
     // Whether the answer shown last differs from the first one since the change was opened.
-    bool changedSince() const { return m_changedSince; }
+    bool changedSince() const { return m_answers.changed(); }
 
 private:
     struct About {  // the change that is looked at
@@ -92,9 +93,7 @@ private:
     UnansweredRequests m_unanswered;
     bool m_askAgain = false;
     bool m_dimmed = false;
-    bool m_changedSince = false;
-    std::optional<std::string> m_shownKey;  // of the details shown last
-    std::size_t m_print = 0;  // of their texts when they were opened; 0: not shown yet
+    ShownAnswers m_answers;
 };
 
 }  // namespace mc

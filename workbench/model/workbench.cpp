@@ -8,10 +8,10 @@
 
 namespace mc {
 
-Workbench::Workbench(Host& host, WorkbenchView& view)
-    : m_view(view),
-      m_changes(view),
-      m_details(host, view, m_changes, m_requests, m_sight),
+Workbench::Workbench(Host& host, RecordsView& records, DetailsView& details)
+    : m_view(records),
+      m_changes(records),
+      m_details(host, details, m_changes, m_requests, m_sight),
       m_intake(host, m_changes, *this),
       m_link(host, *this),
       m_requests(host, m_link, m_details.asked()),
@@ -99,7 +99,7 @@ bool Workbench::openNext() {
     };
     std::size_t row = rows.selection().focusedRow().value_or(0);
     while (row < rows.rowCount() && sent(row)) ++row;
-    const auto change = m_changes.recordAt(row);
+    const auto change = m_changes.recordIn(rows.slotAt(row));
     if (!change) return false;
     m_details.open(*change);
     const auto now = rows.rowOf(change->slot);

@@ -21,8 +21,8 @@ namespace mc {
 
 class Workbench final : private AnswerHandler, private IntakeListener {
 public:
-    // Opens the server link. Both must outlive the object.
-    Workbench(Host& host, WorkbenchView& view);
+    // Opens the server link. All must outlive the object; the views may be one.
+    Workbench(Host& host, RecordsView& records, DetailsView& details);
     ~Workbench() { close(); }
 
     // Shows what the link could not have.
@@ -76,7 +76,7 @@ private:
 
     void take(const FieldReader& message, Intake::Origin origin);
 
-    WorkbenchView& m_view;
+    RecordsView& m_view;
     PendingChanges m_changes;
     DecisionLog m_log;
     PressSight m_sight;

@@ -63,7 +63,6 @@ public:
 
     // The shown columns from left to right.
     const std::vector<ColumnId>& shown() const { return m_shown; }
-    ColumnId at(DisplayPosition place) const { return m_shown[static_cast<std::size_t>(place)]; }
     std::optional<DisplayPosition> positionOf(ColumnId id) const;  // nothing when hidden
 
     // Shows exactly these columns, in this order, and behind them what must show. Ids that are not

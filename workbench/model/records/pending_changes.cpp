@@ -16,11 +16,6 @@ PendingChanges::PendingChanges(RecordsView& view)
 
 // ---- Reading ----
 
-std::optional<PendingChange> PendingChanges::recordAt(std::size_t row) const {
-    const Slot slot = m_rows.slotAt(row);
-    return slot != kNoSlot ? std::optional(m_table.read(slot)) : std::nullopt;
-}
-
 std::optional<PendingChange> PendingChanges::recordIn(Slot slot) const {
     return isPending(slot) ? std::optional(m_table.read(slot)) : std::nullopt;
 }
@@ -37,14 +32,6 @@ Slot PendingChanges::find(std::string_view key) const {
     for (const SlotSequence* rows : {&m_rows.stored(), &m_rows.visible().order()})
         rows->prefetch(slot);
     return slot;
-}
-
-bool PendingChanges::isPending(const PendingChange& change) const {
-    return m_rows.stored().contains(change.slot) && m_table.key(change.slot) == change.key;
-}
-
-std::optional<PendingChange> PendingChanges::current(const PendingChange& change) const {
-    return isPending(change) ? std::optional(m_table.read(change.slot)) : std::nullopt;
 }
 
 bool PendingChanges::selected(std::string_view key) const {

@@ -28,7 +28,6 @@ public:
     // `view` is notified of every row that comes and goes; it must outlive the object.
     explicit PendingChanges(RecordsView& view);
     PendingChanges(const PendingChanges&) = delete;
-    PendingChanges& operator=(const PendingChanges&) = delete;
 
     std::size_t size() const { return m_rows.stored().size(); }
 
@@ -52,11 +51,10 @@ public:
     QuickFilter& quickFilter() { return m_quickFilter; }
     const QuickFilter& quickFilter() const { return m_quickFilter; }
 
-    // The change in a row of the main list; none beyond the end.
-    std::optional<PendingChange> recordAt(std::size_t row) const;
-
-    // The change in a slot; none when no pending one has it.
+    // The change in a slot, with the texts that it has now; none when no pending one has it. While
+    // there is a Hold, that is the change that had the slot when the Hold began.
     std::optional<PendingChange> recordIn(Slot slot) const;
+    bool isPending(Slot slot) const { return m_rows.stored().contains(slot); }
 
     // The slots of the changes whose rows are selected, in row order: one pass over the rows.
     std::vector<Slot> selectedRecords() const { return m_rows.selection().inOrder(); }
@@ -66,13 +64,6 @@ public:
 
     // Its slot alone, or kNoSlot. Its texts are about to be read.
     Slot find(std::string_view key) const;
-
-    // Whether it is still pending, though perhaps with other texts. By slot: while there is a Hold.
-    bool isPending(const PendingChange& change) const;
-    bool isPending(Slot slot) const { return m_rows.stored().contains(slot); }
-
-    // The same change as it is now; none when it is no longer pending.
-    std::optional<PendingChange> current(const PendingChange& change) const;
 
     // Whether the row of the change under `key` is selected.
     bool selected(std::string_view key) const;

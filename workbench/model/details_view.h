@@ -1,11 +1,10 @@
-// The view of the workbench: what its rules ask of the window that shows them.
+// What the rules of the workbench ask of the window that shows details.
 #pragma once
 
 #include <string>
 #include <vector>
 
 #include "details/model/detail_group.h"
-#include "workbench/model/records/pending_changes.h"
 
 namespace mc {
 
@@ -20,7 +19,7 @@ struct DetailsCaption {
 
 // Implemented by the pane, and by a recorder in the native tests. The records already are as the
 // call says; nothing here may call back into the workbench.
-class WorkbenchView : public RecordsView {
+class DetailsView {
 public:
     virtual void emptyDetails() = 0;  // no details are visible any more
 
@@ -37,7 +36,7 @@ public:
     virtual void captionDetails(const DetailsCaption& caption) = 0;
 
 protected:
-    ~WorkbenchView() = default;
+    ~DetailsView() = default;
 };
 
 }  // namespace mc
