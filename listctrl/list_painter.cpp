@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "framework/handles.h"
+#include "framework/hwnd.h"
 #include "listctrl/marked_text.h"
 #include "listctrl/model/empty_text.h"
 
@@ -18,10 +19,6 @@ constexpr std::size_t kMaxTip = 1000;
 void fill(HDC dc, const RECT& rect, COLORREF color) {
     SetBkColor(dc, color);
     ExtTextOutA(dc, 0, 0, ETO_OPAQUE, &rect, nullptr, 0, nullptr);
-}
-
-HFONT fontOfList(const fw::CWindow& list) {
-    return reinterpret_cast<HFONT>(SendMessageA(list.handle(), WM_GETFONT, 0, 0));
 }
 
 }  // namespace
@@ -130,7 +127,7 @@ LRESULT CListPainter::onMeasureItem(MEASUREITEMSTRUCT& measure) {
     const HDC dc = GetDC(m_list.handle());
     TEXTMETRICA metrics{};
     {
-        const fw::SelectScope select(dc, fontOfList(m_list));
+        const fw::SelectScope select(dc, fw::fontOf(m_list.handle()));
         GetTextMetricsA(dc, &metrics);
     }
     ReleaseDC(m_list.handle(), dc);
@@ -159,7 +156,7 @@ void CListPainter::drawEmptyText() const {
     InflateRect(&area, -margin(), 0);
     const HDC dc = GetDC(m_list.handle());
     {
-        const fw::SelectScope select(dc, fontOfList(m_list));
+        const fw::SelectScope select(dc, fw::fontOf(m_list.handle()));
         SetBkMode(dc, TRANSPARENT);
         const auto [paper, ink] = m_appearance.colors();
         SetTextColor(dc, faint(ink, paper));
