@@ -32,21 +32,27 @@ inline std::uint64_t lastBytes(std::string_view text) {
     return size == 0 ? 0 : byte(0) << 16 | byte(size / 2) << 8 | byte(size - 1);
 }
 
-// Copies a text, as short as cells mostly are, to where nothing of it lies.
+// Copies a text, as short as cells mostly are. Of up to sixteen bytes all are read before the first
+// is written; those of a longer one must not lie where it goes to.
 inline void copyText(std::string_view text, char* to) {
-    const auto copy = [&](auto number, std::size_t at) {
-        number = loadBytes<decltype(number)>(text.data() + at);
-        std::memcpy(to + at, &number, sizeof number);
-    };
     const std::size_t size = text.size();
-    if (size >= 8) {
-        for (std::size_t at = 0; at + 8 < size; at += 8) copy(std::uint64_t{}, at);
-        copy(std::uint64_t{}, size - 8);
+    const auto copyEnds = [&](auto number) {
+        const char* const end = text.data() + size - sizeof number;
+        const auto first = loadBytes<decltype(number)>(text.data());
+        const auto last = loadBytes<decltype(number)>(end);
+        std::memcpy(to, &first, sizeof first);
+        std::memcpy(to + size - sizeof last, &last, sizeof last);
+    };
+    if (size > 16) {
+        std::memcpy(to, text.data(), size);
+    } else if (size >= 8) {
+        copyEnds(std::uint64_t{});
     } else if (size >= 4) {
-        copy(std::uint32_t{}, 0);
-        copy(std::uint32_t{}, size - 4);
-    } else {
-        for (std::size_t at = 0; at < size; ++at) to[at] = text[at];
+        copyEnds(std::uint32_t{});
+    } else if (size >= 2) {
+        copyEnds(std::uint16_t{});
+    } else if (size == 1) {
+        *to = text.front();
     }
 }
 

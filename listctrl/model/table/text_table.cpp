@@ -65,8 +65,10 @@ void TextTable::lower() {
     m_lowerEnd = end;
 }
 
+// A small table grows faster: it is the one that most texts are looked up in.
 void TextTable::grow() {
-    std::vector<Bucket> before(std::bit_ceil(size() * 2 + 1));
+    constexpr std::size_t kSmall = 1024;
+    std::vector<Bucket> before(std::bit_ceil(size() * (size() < kSmall ? 4 : 2) + 1));
     before.swap(m_buckets);
     for (const Bucket& bucket : before)
         if (bucket.code != 0) emptyBucket(bucket.bytes, bucket.size) = bucket;
