@@ -32,6 +32,30 @@ inline std::uint64_t lastBytes(std::string_view text) {
     return size == 0 ? 0 : byte(0) << 16 | byte(size / 2) << 8 | byte(size - 1);
 }
 
+// Copies a text, as short as cells mostly are. Of up to sixteen bytes all are read before the first
+// is written; those of a longer one must not lie where it goes to.
+inline void copyText(std::string_view text, char* to) {
+    const std::size_t size = text.size();
+    const auto copyEnds = [&](auto number) {
+        const char* const end = text.data() + size - sizeof number;
+        const auto first = loadBytes<decltype(number)>(text.data());
+        const auto last = loadBytes<decltype(number)>(end);
+        std::memcpy(to, &first, sizeof first);
+        std::memcpy(to + size - sizeof last, &last, sizeof last);
+    };
+    if (size > 16) {
+        std::memcpy(to, text.data(), size);
+    } else if (size >= 8) {
+        copyEnds(std::uint64_t{});
+    } else if (size >= 4) {
+        copyEnds(std::uint32_t{});
+    } else if (size >= 2) {
+        copyEnds(std::uint16_t{});
+    } else if (size == 1) {
+        *to = text.front();
+    }
+}
+
 // A third of the time that the library's takes, for texts as short as cells.
 inline std::uint32_t hashOf(std::string_view text) {
     const auto mix = [](std::uint64_t hash, std::uint64_t bytes) {

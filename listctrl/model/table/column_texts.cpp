@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 #include <new>
+#include <numeric>
 #include <utility>
 
 #include "listctrl/model/table/text_search.h"
@@ -16,16 +17,15 @@ namespace mc {
 void ColumnTexts::sampled(std::size_t slots) {
     m_shared = m_table.size() < kSample - kSample / 8;
     grow(slots);
-    if (m_shared) return;
-    m_table.reserve(slots);
-    m_uses.reserve(slots + 1);
+    if (!m_shared) m_table.reserve(slots);
 }
 
 ColumnTexts::Code ColumnTexts::codeFor(Slot slot, std::string_view text) {
     grow(slot + std::size_t{1});
     const Code before = m_codes[slot];
     if (before == 0 ? text.empty() : same(m_table.text(before), text)) return before;
-    const Code code = m_shared ? m_table.add(text) : m_table.append(text);
+    if (!m_shared) return m_table.append(text);
+    const Code code = m_table.add(text);
     for (; code >= m_uses.size(); ++m_unused) m_uses.push_back(0);
     return code;
 }
@@ -33,33 +33,39 @@ ColumnTexts::Code ColumnTexts::codeFor(Slot slot, std::string_view text) {
 // A slot holds the code no longer. When more than half of the texts are unused, and enough of them
 // that a pass over all slots is cheap for each, they go; without memory, when there is some.
 void ColumnTexts::letGo(Code code) noexcept try {
-    if (--m_uses[code] != 0) return;
+    if (m_shared && --m_uses[code] != 0) return;
     ++m_unused;
     if (m_unused > 1024 && m_unused > m_table.size() / 2 && m_unused > m_codes.size() / 16)
-        rebuild(m_shared, {});
+        rebuild();
 } catch (const std::bad_alloc&) {
 }
 
-// The texts that are used: each once, or one for each slot as before.
-void ColumnTexts::rebuild(bool shared, const LongWork& work) {
+// Keeps the texts that are used alone.
+void ColumnTexts::rebuild() {
     TextTable used;
     std::vector<Code> codes(m_table.size(), 0);
-    std::vector<std::uint32_t> uses = {0};
-    for (Code code = 1; code < m_uses.size(); ++code) {
-        if (m_uses[code] == 0) continue;
-        const std::string_view text = m_table.text(code);
-        codes[code] = shared ? used.add(text) : used.append(text);
-        uses.resize(used.size());
-        uses[codes[code]] += m_uses[code];
-        work.did();
-    }
-    for (Code& code : m_codes) code = codes[code];
+    for (const Code code : m_codes)
+        if (code != 0 && codes[code] == 0) {
+            const std::string_view text = m_table.text(code);
+            codes[code] = m_shared ? used.add(text) : used.append(text);
+        }
+    std::vector<std::uint32_t> uses(used.size(), 0);
+    for (Code& code : m_codes) ++uses[code = codes[code]];
     m_table = std::move(used);
     m_uses = std::move(uses);
-    m_shared = shared;
     m_unused = 0;
     m_numbers.clear();
     m_keys.clear();
+}
+
+// From now on slots with equal texts have the same code.
+void ColumnTexts::share(const LongWork& work) {
+    const std::vector<Code> firsts = m_table.unite([&] { work.did(); });
+    std::vector<std::uint32_t> uses(m_table.size(), 0);
+    for (Code& code : m_codes) ++uses[code = firsts[code]];
+    m_uses = std::move(uses);
+    m_unused = static_cast<std::size_t>(std::count(m_uses.begin() + 1, m_uses.end(), 0U));
+    m_shared = true;
 }
 
 void ColumnTexts::keepMatching(const FilterPattern& pattern, std::vector<Slot>& slots,
@@ -86,6 +92,9 @@ void ColumnTexts::sort(std::vector<Slot>& slots, Comparison comparison, int dire
     if (comparison == Comparison::text && slots.size() < m_table.size() / 8)
         return sortByComparing(slots, direction, compareAsText);
     makeKeys(comparison, work);
+    constexpr std::size_t kCounted = 1 << 17;  // counts that the cache holds
+    if (comparison == Comparison::text && m_table.size() < kCounted)
+        return sortByRanks(slots, direction);
     if (comparison != Comparison::dateTime) return sortByKeys(slots, direction);
     sortByComparing(slots, direction, [&](Slot a, Slot b) {
         work.did();
@@ -95,7 +104,7 @@ void ColumnTexts::sort(std::vector<Slot>& slots, Comparison comparison, int dire
 
 DistinctValues ColumnTexts::distinct(const SlotSequence& stored, std::span<const Slot> counted,
                                      ValueOrder order, const LongWork& work) {
-    if (!m_shared) rebuild(true, work);
+    if (!m_shared) share(work);
     std::vector<std::size_t> rows(m_table.size());
     for (const Slot slot : counted) ++rows[m_codes[slot]];
     const bool ranked = order == ValueOrder::alphabetical;
@@ -144,6 +153,20 @@ void ColumnTexts::makeKeys(Comparison comparison, const LongWork& work) {
         m_keys.push_back(sortKey(comparison, m_table.text(static_cast<Code>(m_keys.size()))));
         work.did();
     }
+}
+
+// Ranks are numbers below that of the texts: the slots of each are counted, and then put there.
+void ColumnTexts::sortByRanks(std::vector<Slot>& slots, int direction) const {
+    const auto placeOf = [&, last = m_keys.size() - 1](Slot slot) {
+        const std::uint64_t rank = m_keys[m_codes[slot]];
+        return direction < 0 ? rank : last - rank;
+    };
+    std::vector<std::uint32_t> begins(m_keys.size() + 1);
+    for (const Slot slot : slots) ++begins[placeOf(slot) + 1];
+    std::partial_sum(begins.begin(), begins.end(), begins.begin());
+    std::vector<Slot> sorted(slots.size());
+    for (const Slot slot : slots) sorted[begins[placeOf(slot)]++] = slot;
+    slots.swap(sorted);
 }
 
 void ColumnTexts::sortByKeys(std::vector<Slot>& slots, int direction) const {

@@ -34,7 +34,12 @@ public:
     void fill(const SlotSequence& slots, Read read, const LongWork& work = {}) {
         std::size_t left = kSample;
         slots.forEach([&](Slot slot) {
-            set(slot, read(slot));
+            if (m_shared) {
+                set(slot, read(slot));
+            } else {
+                grow(slot + std::size_t{1});
+                m_codes[slot] = m_table.append(read(slot));
+            }
             if (--left == 0) sampled(slots.size());
             work.did();
         });
@@ -52,7 +57,7 @@ public:
     bool put(Slot slot, Code code) noexcept {
         const Code before = std::exchange(m_codes[slot], code);
         if (before == code) return false;
-        if (code != 0 && m_uses[code]++ == 0) --m_unused;
+        if (m_shared && code != 0 && m_uses[code]++ == 0) --m_unused;
         if (before != 0) letGo(before);
         return true;
     }
@@ -84,9 +89,12 @@ private:
 
     void sampled(std::size_t slots);
     void letGo(Code code) noexcept;
-    void rebuild(bool shared, const LongWork& work);
+    void rebuild();
+    void share(const LongWork& work);
+    void countUses();
     void readNumbers(const LongWork& work);
     void makeKeys(Comparison comparison, const LongWork& work);
+    void sortByRanks(std::vector<Slot>& slots, int direction) const;
     void sortByKeys(std::vector<Slot>& slots, int direction) const;
     template <class Compare>
     void sortByComparing(std::vector<Slot>& slots, int direction, Compare compare) const;
@@ -94,8 +102,8 @@ private:
     TextTable m_table;
     bool m_shared = true;                     // slots with equal texts have the same code
     std::vector<Code> m_codes;                // by slot
-    std::vector<std::uint32_t> m_uses = {0};  // by code: slots that hold it; not of the empty text
-    std::size_t m_unused = 0;                 // codes without uses
+    std::vector<std::uint32_t> m_uses = {0};  // by code, if shared: slots that hold it; not code 0
+    std::size_t m_unused = 0;                 // codes that no slot holds
 
     // By code, as far as made: what filters on numbers and the last sort asked for.
     std::vector<double> m_numbers;

@@ -15,11 +15,11 @@ using Slot = std::uint32_t;
 inline constexpr Slot kNoSlot = ~Slot{0};
 
 // Makes room for slots below `count` in what is kept by slot, and for half as many more, so that it
-// seldom has to; in a short list for a few hundred more.
+// seldom has to; in a short list for a thousand more.
 template <class Kept>
 void growBySlot(std::vector<Kept>& kept, std::size_t count, const Kept& empty = {}) {
     if (count <= kept.size()) return;
-    kept.reserve(count + std::max<std::size_t>(count / 2, 256));  // resize() alone would double it
+    kept.reserve(count + std::max<std::size_t>(count / 2, 1024));  // resize() alone would double it
     kept.resize(kept.capacity(), empty);
 }
 

@@ -145,8 +145,9 @@ void markKind(Alternatives alternatives, const TextTable& texts, std::vector<std
 
 }  // namespace
 
-void markMatches(const FilterPattern& pattern, const TextTable& texts,
-                 std::span<const double> numbers, std::vector<std::uint8_t>& marks) {
+void markMatches(const FilterPattern& pattern, TextTable& texts, std::span<const double> numbers,
+                 std::vector<std::uint8_t>& marks) {
+    texts.lower();
     marks.assign(texts.size(), static_cast<std::uint8_t>(pattern.matchesEverything()));
     if (pattern.asksNumbers())
         for (Code code = 0; code < texts.size(); ++code)

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <utility>
-
-#include "text/text_bytes.h"
 
 namespace mc {
 namespace {
@@ -35,13 +34,54 @@ void distribute(std::span<const Keyed> from, std::span<Keyed> to, std::size_t di
     for (const Keyed& item : from) to[starts[digitOf(item.key, digit)]++] = item;
 }
 
-// Eight bytes of a text from `depth` on as a number that orders as they do.
-std::uint64_t bytesAt(std::string_view text, std::size_t depth) {
-    if (depth >= text.size()) return 0;
-    const std::uint64_t bytes = __builtin_bswap64(loadBytes(text.data() + depth));
-    const std::size_t left = text.size() - depth;
-    return left >= 8 ? bytes : bytes & ~(~std::uint64_t{0} >> (8 * left));
-}
+// As many bytes of some texts as fit in one number that orders as they do: each takes the bits that
+// tell apart what comes at its offset, the end of a text before any byte.
+class Packing {
+public:
+    // One of the texts, from where they are packed on.
+    void see(std::string_view text) {
+        const std::size_t size = std::min(text.size(), kMost);
+        m_shortest = std::min(m_shortest, size);
+        for (std::size_t at = 0; at < size; ++at) {
+            const auto byte = static_cast<unsigned char>(text[at]);
+            m_seen[at][byte / 64] |= std::uint64_t{1} << byte % 64;
+        }
+    }
+
+    // All were seen. Returns how many bytes are packed.
+    std::size_t settle() {
+        int left = 64;
+        for (m_bytes = 0; m_bytes < kMost; ++m_bytes) {
+            std::uint64_t different = m_shortest <= m_bytes;
+            for (const std::uint64_t bits : m_seen[m_bytes])
+                different += static_cast<std::uint64_t>(std::popcount(bits));
+            left -= static_cast<int>(std::bit_width(different - 1));
+            if (left < 0) break;
+            std::uint64_t next = m_shortest <= m_bytes;
+            for (std::size_t i = 0; i < 4; ++i)
+                for (std::uint64_t bits = m_seen[m_bytes][i]; bits != 0; bits &= bits - 1)
+                    m_values[m_bytes][i * 64 + static_cast<std::size_t>(std::countr_zero(bits))] =
+                        next++ << left;
+        }
+        m_seen = {};
+        m_shortest = kMost;
+        return m_bytes;
+    }
+
+    std::uint64_t pack(std::string_view text) const {
+        std::uint64_t key = 0;
+        for (std::size_t at = 0; at < std::min(text.size(), m_bytes); ++at)
+            key |= m_values[at][static_cast<unsigned char>(text[at])];
+        return key;
+    }
+
+private:
+    static constexpr std::size_t kMost = 16;
+    std::array<std::array<std::uint64_t, 4>, kMost> m_seen{};  // bits by offset and byte
+    std::size_t m_shortest = kMost;
+    std::size_t m_bytes = 0;
+    std::array<std::array<std::uint64_t, 256>, kMost> m_values;  // of the bytes that were seen
+};
 
 // Ranks texts that are equal up to a depth.
 class Ranking {
@@ -49,19 +89,28 @@ public:
     Ranking(const TextTable& texts, const LongWork& work)
         : m_texts(texts), m_work(work), m_ranks(texts.size()) {}
 
-    // The first of `codes` gets the rank `first`. They are sorted by their next eight bytes, then
-    // each run of equal ones by the bytes behind.
+    // The first of `codes` gets the rank `first`. They are sorted by the bytes that are packed
+    // next, then each run of equal ones by those behind.
     void rank(std::span<Keyed> codes, std::span<Keyed> scratch, std::size_t depth,
               std::uint64_t first) {
         constexpr std::size_t kFew = 48, kDeep = 64;
         m_work.did(codes.size());
         if (codes.size() <= kFew || depth >= kDeep) return rankFew(codes, first);
-        for (Keyed& item : codes) item.key = bytesAt(m_texts.text(item.value), depth);
+        const auto rest = [&](const Keyed& item) {
+            const std::string_view text = m_texts.text(item.value);
+            return text.substr(std::min(text.size(), depth));
+        };
+        for (const Keyed& item : codes) m_packing.see(rest(item));
+        const std::size_t packed = m_packing.settle();
+        for (Keyed& item : codes) item.key = m_packing.pack(rest(item));
         sortByKey(codes, scratch);
         for (std::size_t begin = 0, end = 0; begin < codes.size(); begin = end) {
             while (end < codes.size() && codes[end].key == codes[begin].key) ++end;
             const std::size_t run = end - begin;
-            rank(codes.subspan(begin, run), scratch.first(run), depth + 8, first + begin);
+            if (run == 1)
+                m_ranks[codes[begin].value] = first + begin;
+            else
+                rank(codes.subspan(begin, run), scratch.first(run), depth + packed, first + begin);
         }
     }
 
@@ -79,6 +128,7 @@ private:
 
     const TextTable& m_texts;
     const LongWork& m_work;
+    Packing m_packing;
     std::vector<std::uint64_t> m_ranks;
 };
 

@@ -1,6 +1,7 @@
 #include "listctrl/model/table/text_table.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 
 #include "text/characters.h"
@@ -8,7 +9,7 @@
 
 namespace mc {
 
-TextTable::TextTable() : m_texts(1024), m_lowered(1024), m_begins{kMargin, kMargin}, m_buckets(64) {
+TextTable::TextTable() : m_texts(1024), m_begins{kMargin, kMargin}, m_buckets(64) {
     m_begins.reserve(64);
 }
 
@@ -24,11 +25,16 @@ TextTable::Code TextTable::findLong(std::string_view text) const {
 
 TextTable::Code TextTable::insert(std::string_view text) {
     if (size() > m_buckets.size() / 2) grow();
-    const std::uint64_t bytes = text.size() <= kShort ? lastBytes(text) : hashOf(text);
-    Bucket& bucket = emptyBucket(bytes, text.size());
     const Code code = append(text);
-    bucket = {bytes, static_cast<std::uint32_t>(text.size()), code};
+    emptyBucket(text).code = code;
     return code;
+}
+
+TextTable::Bucket& TextTable::emptyBucket(std::string_view text) {
+    const std::uint64_t bytes = bytesOf(text);
+    Bucket& bucket = emptyBucket(bytes, text.size());
+    bucket = {bytes, static_cast<std::uint32_t>(text.size()), 0};
+    return bucket;
 }
 
 TextTable::Bucket& TextTable::emptyBucket(std::uint64_t bytes, std::size_t size) {
@@ -39,31 +45,30 @@ TextTable::Bucket& TextTable::emptyBucket(std::uint64_t bytes, std::size_t size)
 
 void TextTable::reserve(std::size_t texts) {
     const std::size_t bytes = m_begins.back() / size() * texts;
-    for (auto* block : {&m_texts, &m_lowered}) block->reserve(bytes + bytes / 8);
+    m_texts.reserve(bytes + bytes / 8);
     m_begins.reserve(texts + 2);
 }
 
-TextTable::Code TextTable::append(std::string_view text) {
-    if (text.empty()) return 0;
-    const std::size_t at = m_begins.back(), end = at + text.size() + kMargin;
-    if (end > m_lowered.size()) {  // which is made larger last, if at all
-        // The cache holds what is cleared until it is filled.
-        constexpr std::size_t kMaxCleared = 1 << 16;
-        const std::size_t room = end + std::min(end, kMaxCleared);
-        m_texts.resize(room);
-        m_lowered.resize(room);
-    }
-    std::memcpy(m_texts.data() + at, text.data(), text.size());
-    for (std::size_t i = at; i < at + text.size(); i += 8) {
-        const std::uint64_t bytes = lowerEight(loadBytes(m_texts.data() + i));
-        std::memcpy(m_lowered.data() + i, &bytes, sizeof bytes);
-    }
-    m_begins.push_back(at + text.size());
-    return static_cast<Code>(size() - 1);
+void TextTable::makeRoom(std::size_t bytes) {
+    // The cache holds what is cleared until it is filled.
+    constexpr std::size_t kMaxCleared = 1 << 15;
+    m_texts.resize(bytes + std::min(bytes, kMaxCleared));
 }
 
+void TextTable::lower() {
+    const std::size_t end = m_begins.back();
+    if (m_lowered.size() < m_texts.size()) m_lowered.resize(m_texts.size());
+    for (std::size_t at = m_lowerEnd; at < end; at += 8) {
+        const std::uint64_t bytes = lowerEight(loadBytes(m_texts.data() + at));
+        std::memcpy(m_lowered.data() + at, &bytes, sizeof bytes);
+    }
+    m_lowerEnd = end;
+}
+
+// A small table grows faster: it is the one that most texts are looked up in.
 void TextTable::grow() {
-    std::vector<Bucket> before(m_buckets.size() * 2);
+    constexpr std::size_t kSmall = 1024;
+    std::vector<Bucket> before(std::bit_ceil(size() * (size() < kSmall ? 4 : 2) + 1));
     before.swap(m_buckets);
     for (const Bucket& bucket : before)
         if (bucket.code != 0) emptyBucket(bucket.bytes, bucket.size) = bucket;

@@ -2,8 +2,8 @@
 // they were appended.
 //
 // A text is known by its code, the number of texts before it; the empty text is code 0. Beside the
-// texts lies a copy in lower case at the same offsets, for matching without regard to case. Texts
-// are never taken out.
+// texts lies a copy in lower case at the same offsets, for matching without regard to case, as far
+// as it was asked for. Texts are never taken out.
 #pragma once
 
 #include <cstddef>
@@ -27,12 +27,34 @@ public:
     // The text's code; a text that is new gets the next.
     Code add(std::string_view text) {
         if (text.empty()) return 0;
-        const Code found = text.size() <= kShort ? findShort(text) : findLong(text);
+        const Code found = find(text);
         return found != 0 ? found : insert(text);
     }
     // The next code, whether the text is new or not, without a look-up; the empty text's is 0.
-    // add() does not find it.
-    Code append(std::string_view text);
+    // add() does not find it before unite() was called for it.
+    Code append(std::string_view text) {
+        if (text.empty()) return 0;
+        const std::size_t at = m_begins.back(), end = at + text.size();
+        if (end + kMargin > m_texts.size()) makeRoom(end + kMargin);
+        copyText(text, m_texts.data() + at);
+        m_begins.push_back(end);
+        return static_cast<Code>(size() - 1);
+    }
+    // From now on add() finds every text. Returns by code the first text that is equal. `did` is
+    // called after each; when it throws, nothing has changed for anybody who begins again.
+    template <class Did>
+    std::vector<Code> unite(Did did) {
+        constexpr std::size_t kAhead = 16;
+        std::vector<Code> firsts(size(), 0);
+        if (size() > m_buckets.size() / 2) grow();
+        for (Code code = 1; code < size(); ++code, did()) {
+            if (code + kAhead < size()) prefetchBucket(static_cast<Code>(code + kAhead));
+            const Code found = find(text(code));
+            firsts[code] = found != 0 ? found : code;
+            if (found == 0) emptyBucket(text(code)).code = code;
+        }
+        return firsts;
+    }
 
     // Makes room for so many texts, as long as those that are there on average.
     void reserve(std::size_t texts);
@@ -40,13 +62,14 @@ public:
     std::size_t size() const { return m_begins.size() - 1; }
     std::size_t length(Code code) const { return end(code) - begin(code); }
     std::string_view text(Code code) const { return {m_texts.data() + begin(code), length(code)}; }
+
+    // The block of all texts in lower case, and where a text lies in it: the end of one is the
+    // beginning of the next. It has the texts that were there at the last lower().
+    void lower();
+    const char* lowered() const { return m_lowered.data(); }
     std::string_view lowered(Code code) const {
         return {m_lowered.data() + begin(code), length(code)};
     }
-
-    // Where a text lies in the block of all texts in lower case. The end of one is the beginning
-    // of the next.
-    const char* lowered() const { return m_lowered.data(); }
     std::size_t begin(Code code) const { return m_begins[code]; }
     std::size_t end(Code code) const { return m_begins[code + std::size_t{1}]; }
 
@@ -65,6 +88,17 @@ private:
         return static_cast<std::size_t>(__builtin_bswap64(mixed)) & (m_buckets.size() - 1);
     }
 
+    // What a bucket knows of a text.
+    static std::uint64_t bytesOf(std::string_view text) {
+        return text.size() <= kShort ? lastBytes(text) : hashOf(text);
+    }
+    void prefetchBucket(Code code) const {
+        __builtin_prefetch(m_buckets.data() + homeOf(bytesOf(text(code)), length(code)));
+    }
+
+    Code find(std::string_view text) const {
+        return text.size() <= kShort ? findShort(text) : findLong(text);
+    }
     Code findShort(std::string_view text) const {
         const std::uint64_t bytes = lastBytes(text);
         const Bucket* const buckets = m_buckets.data();
@@ -76,12 +110,16 @@ private:
     }
     Code findLong(std::string_view text) const;
 
+    // For a text that has none; it gets all but the code.
+    Bucket& emptyBucket(std::string_view text);
     Bucket& emptyBucket(std::uint64_t bytes, std::size_t size);
     Code insert(std::string_view text);
+    void makeRoom(std::size_t bytes);
     void grow();
 
     std::vector<char> m_texts;          // margin, texts one behind the other, room for more
-    std::vector<char> m_lowered;        // the same in lower case
+    std::vector<char> m_lowered;        // the same in lower case, as far as it was made
+    std::size_t m_lowerEnd = 0;         // of that
     std::vector<std::size_t> m_begins;  // by code, and the end of the last text
     std::vector<Bucket> m_buckets;      // a power of two of them, probed linearly
 };

@@ -65,13 +65,12 @@ std::string_view ChangeTable::cellText(Slot slot, ColumnId column) const {
 }
 
 std::string_view ChangeTable::wholeText(Slot slot, ColumnId column) const {
-    std::string_view text;
-    if (column == kEntityColumn) text = own(slot).entityName.view();
-    if (column == kKeyColumn) text = own(slot).key.view();
-    if (column == kKindColumn) text = m_kinds.text(slot);
+    if (column == kEntityColumn) return own(slot).entityName.view();
+    if (column == kKeyColumn) return own(slot).key.view();
+    if (column == kKindColumn) return m_kinds.text(slot);
     for (std::size_t i = 0; i < kCodedCount; ++i)
-        if (kCodedFields[i].column == column) text = m_coded[i].text(slot);
-    return text;
+        if (kCodedFields[i].column == column) return m_coded[i].text(slot);
+    return {};
 }
 
 Entity ChangeTable::entity(Slot slot) const {

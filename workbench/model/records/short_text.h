@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "text/text_bytes.h"
+
 namespace mc {
 
 class ShortText {
@@ -20,7 +22,7 @@ public:
     ShortText& operator=(std::string_view text) {
         std::string* const before = isLong() ? longText() : nullptr;
         if (text.size() <= kShort) {
-            if (!text.empty()) std::memmove(m_bytes.data(), text.data(), text.size());
+            copyText(text, m_bytes.data());
             m_bytes[kShort] = static_cast<char>(text.size());
         } else {
             const auto* const made = new std::string(text);
