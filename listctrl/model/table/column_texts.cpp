@@ -158,7 +158,7 @@ void ColumnTexts::makeKeys(Comparison comparison, const LongWork& work) {
 // Ranks are numbers below that of the texts: the slots of each are counted, and then put there.
 void ColumnTexts::sortByRanks(std::vector<Slot>& slots, int direction) const {
     const auto placeOf = [&, last = m_keys.size() - 1](Slot slot) {
-        const std::uint64_t rank = m_keys[m_codes[slot]];
+        const auto rank = static_cast<std::size_t>(m_keys[m_codes[slot]]);
         return direction < 0 ? rank : last - rank;
     };
     std::vector<std::uint32_t> begins(m_keys.size() + 1);
