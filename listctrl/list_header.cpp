@@ -12,6 +12,12 @@ constexpr int kDescendingImage = 2;
 
 }  // namespace
 
+fw::Header CListHeader::control() const {
+    if (m_list.handle() == nullptr) return fw::Header(nullptr);
+    if (m_control == nullptr) m_control = view().header().handle();
+    return fw::Header(m_control);
+}
+
 void CListHeader::build(const ColumnModel& columns) {
     m_changing = true;
     m_dpi = fw::dpiOf(m_list.handle());

@@ -27,7 +27,8 @@ public:
     // The list must outlive the object.
     explicit CListHeader(const fw::CWindow& list) : m_list(list) {}
 
-    fw::Header control() const { return view().header(); }
+    // The control, which the list has for life; null when it is gone. Asked for once.
+    fw::Header control() const;
 
     // Makes one item per shown column.
     void build(const ColumnModel& columns);
@@ -57,6 +58,7 @@ private:
     void followWithTips();
 
     const fw::CWindow& m_list;
+    mutable HWND m_control = nullptr;
     std::vector<RECT> m_items;  // as last measured, in the header's client coordinates
     fw::CToolTip m_tips;
     std::size_t m_tools = 0;  // with the ids from 1 on
