@@ -232,6 +232,11 @@ TEST_F(EditedLimits, ADecisionIsOfWhatWasSelectedAtThePress) {
     EXPECT_TRUE(workbench->changes().selected("1003"));
 
     list("1001", "339");
+    host.whileBoxIsOpen = [&] { take("end 1001"); };
+    take("open 1001");
+    EXPECT_EQ(takeSent(), Lines{}) << "nor is it opened";
+
+    list("1001", "339");
     select("only 1001");
     host.takeSaid();
     workbench->presses().reject(selected(), [&] {

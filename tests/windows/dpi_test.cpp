@@ -26,7 +26,7 @@ struct AnsweredDots {
     decltype(&GetDpiForWindow) before;
 };
 
-// A workbench on a screen of so many dots, with the details of limits.
+// A workbench on a screen of so many dots, with a mark in a row and the details of limits.
 class Workbench {
 public:
     explicit Workbench(int dpi, bool floats = false) : m_screen(dpi) {
@@ -40,8 +40,12 @@ public:
             m_plugin.publish(pending(key, "360", {{54001, "C1"}}));
         pump();
         if (floats) floatPane();
-        hand::doubleClickRow(mainList(), 1);
-        answer(limitsAnswer("7"));
+        for (const int row : {0, 1}) {
+            hand::doubleClickRow(mainList(), row);
+            answer(limitsAnswer(std::to_string(6 + row)));
+        }
+        m_plugin.publish(pending("6", "360", {{54001, "C2"}}));  // a mark: changed since
+        pump();
         hand::moveTo({1270, 890});
         host().sent.clear();
     }
