@@ -200,6 +200,7 @@ TEST(PaneKeys, F1ListsTheKeys) {
 }
 
 TEST(PaneKeys, TheFocusComesBackWithTheProgram) {
+    const StoredSetting neverFloated("VOSK_DIALOG_BAR_SIZE", "1000", nullptr);
     OpenWorkbench open;
     const HWND other = CreateWindowA("STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50, nullptr,
                                      nullptr, nullptr, nullptr);
