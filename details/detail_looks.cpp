@@ -3,7 +3,6 @@
 #include <array>
 #include <string>
 
-#include "framework/hwnd.h"
 #include "listctrl/list_colors.h"
 
 namespace mc {
@@ -68,16 +67,6 @@ DetailLooks::DetailLooks(const fw::CWindow& list, const ListContent& content, Li
 
 // ---- Fonts and colours ----
 
-HFONT DetailLooks::boldFont() const {
-    if (m_bold) return m_bold.get();
-    const HFONT font = fw::fontOf(m_list.handle());
-    LOGFONTA bold{};
-    if (GetObjectA(font, sizeof bold, &bold) == 0) return nullptr;
-    bold.lfWeight = FW_BOLD;
-    m_bold.reset(CreateFontIndirectA(&bold));
-    return m_bold.get();
-}
-
 CellLook DetailLooks::look(std::size_t row, int item) const {
     LineGroups::Line* line = m_lines.lineAt(row);
     if (line == nullptr) return {};
@@ -92,8 +81,8 @@ CellLook DetailLooks::look(std::size_t row, int item) const {
 }
 
 CellLook DetailLooks::headingLook(int item) const {
-    return {item == 0 ? m_list.scaled(kFoldMarkWidth) : 0, boldFont(), GetSysColor(COLOR_3DFACE),
-            GetSysColor(COLOR_BTNTEXT)};
+    return {item == 0 ? m_list.scaled(kFoldMarkWidth) : 0, m_bold.of(m_list.handle()),
+            GetSysColor(COLOR_3DFACE), GetSysColor(COLOR_BTNTEXT)};
 }
 
 CellLook DetailLooks::rowLook(LineGroups::Line& line, ColumnId column) const {
@@ -114,7 +103,7 @@ CellLook DetailLooks::valueLook(const sMCListStruct& row) const {
         look.text = text;
     }
     if (row.edited) look.text = kEditedColor;
-    if (isHighlighted(row) || row.edited) look.font = boldFont();
+    if (isHighlighted(row) || row.edited) look.font = m_bold.of(m_list.handle());
     return look;
 }
 

@@ -11,6 +11,7 @@
 #include "details/model/line_groups.h"
 #include "framework/handles.h"
 #include "framework/window.h"
+#include "listctrl/bold_font.h"
 #include "listctrl/cell_looks.h"
 #include "listctrl/model/list_content.h"
 
@@ -40,7 +41,6 @@ private:
     CellLook rowLook(LineGroups::Line& line, ColumnId column) const;
     CellLook valueLook(const sMCListStruct& row) const;
     void addMarks(CellLook& look, LineGroups::Line& line, ColumnId column) const;
-    HFONT boldFont() const;
     void drawFront(HDC dc, LineGroups::Line& line, const RECT& cell) const;
     void drawValue(HDC dc, const LineGroups::Line& line, const RECT& frame) const;
     void drawFoldMark(HDC dc, bool folded, const RECT& cell) const;
@@ -53,7 +53,7 @@ private:
     const UnseenSigns& m_signs;
     std::function<bool(const LineGroups::Line&)> m_editable;
     bool m_dimmed = false;
-    mutable fw::Font m_bold;  // made when first asked for; none after the list's font changed
+    BoldFont m_bold;  // made when first asked for; none after the list's font changed
 };
 
 }  // namespace mc

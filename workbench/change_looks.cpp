@@ -50,6 +50,7 @@ HBRUSH brushOfText(HDC dc) {
 // Of the dots of a mark, from the origin. Null when the system has no more regions.
 fw::Region shapeOf(std::span<const std::string_view> mark, int dpi) {
     fw::Region shape(CreateRectRgn(0, 0, 0, 0)), run(CreateRectRgn(0, 0, 0, 0));
+    if (!run) return {};
     const auto pixels = [dpi](std::size_t dots) {
         return fw::toPixels(static_cast<int>(dots), dpi);
     };
