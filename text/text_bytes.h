@@ -19,7 +19,7 @@ inline Number loadBytes(const char* at) {
 // The last eight bytes of a text, or all of a shorter one, as a number that differs where these do
 // among texts of the same length. Nothing outside the text is read: of four bytes and more, some
 // are read twice.
-inline std::uint64_t lastBytes(std::string_view text) {
+[[gnu::always_inline]] inline std::uint64_t lastBytes(std::string_view text) {
     const std::size_t size = text.size();
     const char* const end = text.data() + size;
     if (size >= 8) return loadBytes(end - 8);

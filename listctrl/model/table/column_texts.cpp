@@ -20,13 +20,14 @@ void ColumnTexts::sampled(std::size_t slots) {
     if (!m_shared) m_table.reserve(slots);
 }
 
-ColumnTexts::Code ColumnTexts::codeFor(Slot slot, std::string_view text) {
-    grow(slot + std::size_t{1});
-    const Code before = m_codes[slot];
-    if (before == 0 ? text.empty() : same(m_table.text(before), text)) return before;
+// A new text is used by no slot so far.
+ColumnTexts::Code ColumnTexts::codeFor(std::string_view text) {
     if (!m_shared) return m_table.append(text);
     const Code code = m_table.add(text);
-    for (; code >= m_uses.size(); ++m_unused) m_uses.push_back(0);
+    if (code < m_uses.size()) return code;
+    const std::size_t fresh = m_table.size() - m_uses.size();
+    m_uses.resize(m_table.size());
+    m_unused += fresh;
     return code;
 }
 

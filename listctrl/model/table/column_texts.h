@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -20,6 +21,7 @@
 #include "listctrl/model/table/sort_order.h"
 #include "listctrl/model/table/text_table.h"
 #include "text/filter_pattern.h"
+#include "text/text_bytes.h"
 
 namespace mc {
 
@@ -48,16 +50,23 @@ public:
     // Sets a slot's text, making room if there is none; returns whether it was another. Costs a
     // look-up among the different texts. Now and then, when most of these belong to no slot any
     // longer, one pass lets them go.
-    bool set(Slot slot, std::string_view text) { return put(slot, codeFor(slot, text)); }
+    bool set(Slot slot, std::string_view text) {
+        grow(slot + std::size_t{1});
+        return put(slot, codeFor(slot, text));
+    }
 
-    // The two steps of set(): the first may run out of memory, the second gives the slot what the
-    // first found, and cannot.
+    // The two steps of set() for a slot that there is room for: the first may run out of memory,
+    // the second gives the slot what the first found, and cannot.
     using Code = TextTable::Code;
-    Code codeFor(Slot slot, std::string_view text);
+    Code codeFor(Slot slot, std::optional<std::string_view> text) {
+        const Code before = m_codes[slot];
+        if (!text || (before != 0 && same(m_table.text(before), *text))) return before;
+        return codeFor(*text);
+    }
     bool put(Slot slot, Code code) noexcept {
         const Code before = std::exchange(m_codes[slot], code);
         if (before == code) return false;
-        if (m_shared && code != 0 && m_uses[code]++ == 0) --m_unused;
+        if (m_shared && code != 0) m_unused -= m_uses[code]++ == 0;
         if (before != 0) letGo(before);
         return true;
     }
@@ -88,6 +97,7 @@ private:
     static constexpr std::size_t kSample = 1024;  // texts that tell whether nearly all differ
 
     void sampled(std::size_t slots);
+    Code codeFor(std::string_view text);
     void letGo(Code code) noexcept;
     void rebuild();
     void share(const LongWork& work);

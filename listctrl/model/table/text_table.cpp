@@ -9,38 +9,37 @@
 
 namespace mc {
 
-TextTable::TextTable() : m_texts(1024), m_begins{kMargin, kMargin}, m_buckets(64) {
-    m_begins.reserve(64);
+// Room for the few different values of a coded column: most texts are looked up among so many.
+TextTable::TextTable() : m_texts(1024), m_begins{kMargin, kMargin}, m_buckets(1024) {
+    m_begins.reserve(256);
 }
 
-TextTable::Code TextTable::findLong(std::string_view text) const {
+TextTable::Code TextTable::append(std::string_view text) {
+    if (text.empty()) return 0;
+    const std::size_t at = m_begins.back(), end = at + text.size();
+    if (end + kMargin > m_texts.size()) makeRoom(end + kMargin);
+    copyText(text, m_texts.data() + at);
+    m_begins.push_back(end);
+    return static_cast<Code>(size() - 1);
+}
+
+TextTable::Bucket& TextTable::bucketOfLong(std::string_view text) {
     const std::uint64_t hash = hashOf(text);
     const std::size_t mask = m_buckets.size() - 1;
     for (std::size_t at = homeOf(hash, text.size());; at = (at + 1) & mask) {
-        const Bucket& bucket = m_buckets[at];
-        if (bucket.code == 0) return 0;
-        if (bucket.bytes == hash && same(this->text(bucket.code), text)) return bucket.code;
+        Bucket& bucket = m_buckets[at];
+        if (bucket.code == 0) return bucket;
+        if (bucket.bytes == hash && same(this->text(bucket.code), text)) return bucket;
     }
 }
 
-TextTable::Code TextTable::insert(std::string_view text) {
-    if (size() > m_buckets.size() / 2) grow();
+// `end` is the empty bucket at which the search for the text ended.
+TextTable::Code TextTable::insert(std::string_view text, Bucket& end) {
+    const bool full = size() > m_buckets.size() / 2;
+    if (full) grow();
     const Code code = append(text);
-    emptyBucket(text).code = code;
+    fill(full ? bucketOf(text) : end, code);
     return code;
-}
-
-TextTable::Bucket& TextTable::emptyBucket(std::string_view text) {
-    const std::uint64_t bytes = bytesOf(text);
-    Bucket& bucket = emptyBucket(bytes, text.size());
-    bucket = {bytes, static_cast<std::uint32_t>(text.size()), 0};
-    return bucket;
-}
-
-TextTable::Bucket& TextTable::emptyBucket(std::uint64_t bytes, std::size_t size) {
-    std::size_t at = homeOf(bytes, size);
-    while (m_buckets[at].code != 0) at = (at + 1) & (m_buckets.size() - 1);
-    return m_buckets[at];
 }
 
 void TextTable::reserve(std::size_t texts) {
@@ -65,13 +64,16 @@ void TextTable::lower() {
     m_lowerEnd = end;
 }
 
-// A small table grows faster: it is the one that most texts are looked up in.
 void TextTable::grow() {
-    constexpr std::size_t kSmall = 1024;
-    std::vector<Bucket> before(std::bit_ceil(size() * (size() < kSmall ? 4 : 2) + 1));
+    std::vector<Bucket> before(std::bit_ceil(size() * 2 + 1));
     before.swap(m_buckets);
-    for (const Bucket& bucket : before)
-        if (bucket.code != 0) emptyBucket(bucket.bytes, bucket.size) = bucket;
+    const std::size_t mask = m_buckets.size() - 1;
+    for (const Bucket& bucket : before) {
+        if (bucket.code == 0) continue;
+        std::size_t at = homeOf(bucket.bytes, bucket.size);
+        while (m_buckets[at].code != 0) at = (at + 1) & mask;
+        m_buckets[at] = bucket;
+    }
 }
 
 }  // namespace mc

@@ -27,19 +27,12 @@ public:
     // The text's code; a text that is new gets the next.
     Code add(std::string_view text) {
         if (text.empty()) return 0;
-        const Code found = find(text);
-        return found != 0 ? found : insert(text);
+        Bucket& bucket = bucketOf(text);
+        return bucket.code != 0 ? bucket.code : insert(text, bucket);
     }
     // The next code, whether the text is new or not, without a look-up; the empty text's is 0.
     // add() does not find it before unite() was called for it.
-    Code append(std::string_view text) {
-        if (text.empty()) return 0;
-        const std::size_t at = m_begins.back(), end = at + text.size();
-        if (end + kMargin > m_texts.size()) makeRoom(end + kMargin);
-        copyText(text, m_texts.data() + at);
-        m_begins.push_back(end);
-        return static_cast<Code>(size() - 1);
-    }
+    Code append(std::string_view text);
     // From now on add() finds every text. Returns by code the first text that is equal. `did` is
     // called after each; when it throws, nothing has changed for anybody who begins again.
     template <class Did>
@@ -49,9 +42,9 @@ public:
         if (size() > m_buckets.size() / 2) grow();
         for (Code code = 1; code < size(); ++code, did()) {
             if (code + kAhead < size()) prefetchBucket(static_cast<Code>(code + kAhead));
-            const Code found = find(text(code));
-            firsts[code] = found != 0 ? found : code;
-            if (found == 0) emptyBucket(text(code)).code = code;
+            Bucket& bucket = bucketOf(text(code));
+            if (bucket.code == 0) fill(bucket, code);
+            firsts[code] = bucket.code;
         }
         return firsts;
     }
@@ -96,24 +89,24 @@ private:
         __builtin_prefetch(m_buckets.data() + homeOf(bytesOf(text(code)), length(code)));
     }
 
-    Code find(std::string_view text) const {
-        return text.size() <= kShort ? findShort(text) : findLong(text);
+    // The bucket that has the text, or the empty one at which the search for it ends.
+    Bucket& bucketOf(std::string_view text) {
+        return text.size() <= kShort ? bucketOfShort(text) : bucketOfLong(text);
     }
-    Code findShort(std::string_view text) const {
+    Bucket& bucketOfShort(std::string_view text) {
         const std::uint64_t bytes = lastBytes(text);
-        const Bucket* const buckets = m_buckets.data();
+        Bucket* const buckets = m_buckets.data();
         std::size_t at = homeOf(bytes, text.size());
-        while (buckets[at].code != 0 &&
-               (buckets[at].bytes != bytes || buckets[at].size != text.size()))
+        while ((buckets[at].bytes != bytes || buckets[at].size != text.size()) &&
+               buckets[at].code != 0)
             at = (at + 1) & (m_buckets.size() - 1);
-        return buckets[at].code;
+        return buckets[at];
     }
-    Code findLong(std::string_view text) const;
-
-    // For a text that has none; it gets all but the code.
-    Bucket& emptyBucket(std::string_view text);
-    Bucket& emptyBucket(std::uint64_t bytes, std::size_t size);
-    Code insert(std::string_view text);
+    Bucket& bucketOfLong(std::string_view text);
+    void fill(Bucket& bucket, Code code) const {
+        bucket = {bytesOf(text(code)), static_cast<std::uint32_t>(length(code)), code};
+    }
+    Code insert(std::string_view text, Bucket& end);
     void makeRoom(std::size_t bytes);
     void grow();
 

@@ -93,20 +93,18 @@ void ChangeTable::prefetch(Slot slot) const {
 
 // What asks for memory comes first: a change is never written by half.
 void ChangeTable::write(Slot slot, const ChangeTexts& texts) {
-    ShortText entityName, linkedUser;
-    if (texts.entityName) entityName = *texts.entityName;
-    if (texts.linkedUser) linkedUser = *texts.linkedUser;
-    std::array<ColumnTexts::Code, kCodedCount> codes{};
+    std::array<ColumnTexts::Code, kCodedCount> codes;
     for (std::size_t i = 0; i < kCodedCount; ++i)
-        if (const auto& text = texts.*kCodedFields[i].given)
-            codes[i] = m_coded[i].codeFor(slot, *text);
+        codes[i] = m_coded[i].codeFor(slot, texts.*kCodedFields[i].given);
     const auto& code = texts.functionalityCode;
     const ColumnTexts::Code kind = code ? kindCode(slot, *code) : 0;
+    ShortText linkedUser;
+    if (texts.linkedUser) linkedUser = *texts.linkedUser;
+    if (texts.entityName) own(slot).entityName = *texts.entityName;
 
-    if (texts.entityName) own(slot).entityName.swap(entityName);
     if (texts.linkedUser) own(slot).linkedUser.swap(linkedUser);
     for (std::size_t i = 0; i < kCodedCount; ++i)
-        if (texts.*kCodedFields[i].given) m_coded[i].put(slot, codes[i]);
+        m_coded[i].put(slot, codes[i]);
     if (code) m_kinds.put(slot, kind);
 }
 

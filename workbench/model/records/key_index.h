@@ -91,7 +91,7 @@ private:
     }
 
     void grow() {
-        std::vector<Entry> before(m_entries.empty() ? 64 : m_entries.size() * 2);
+        std::vector<Entry> before(m_entries.empty() ? 4096 : m_entries.size() * 2);
         before.swap(m_entries);
         for (const Entry& entry : before) {
             if (entry.slot == kNoSlot) continue;

@@ -27,6 +27,7 @@ std::optional<PendingChange> PendingChanges::findRecord(std::string_view key) co
 
 Slot PendingChanges::find(std::string_view key) const {
     const Slot slot = m_index.find(key);
+    if (slot == kNoSlot) return slot;
     m_table.prefetch(slot);
     m_states.prefetch(slot);
     for (const SlotSequence* rows : {&m_rows.stored(), &m_rows.visible().order()})

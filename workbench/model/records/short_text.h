@@ -14,7 +14,9 @@ namespace mc {
 class ShortText {
 public:
     ShortText() = default;
-    ~ShortText() { *this = std::string_view(); }
+    ~ShortText() {
+        if (isLong()) delete longText();
+    }
     ShortText(const ShortText&) = delete;
     ShortText& operator=(const ShortText&) = delete;
 
