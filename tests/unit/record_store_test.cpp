@@ -73,7 +73,8 @@ private:
         if (unused == m_bySlot.end()) m_bySlot.push_back(nullptr);
         m_bySlot[slot] = record;
         m_slots[record] = slot;
-        EXPECT_EQ(m_store.insertItem(position, slot), m_reference.insertItem(position, record));
+        EXPECT_EQ(m_store.insertItem(position, slot), RecordStore::Outcome::done);
+        EXPECT_EQ(m_store.stored().rowOf(slot), m_reference.insertItem(position, record));
     }
     void freeSlotsOfGone() {
         for (Record*& record : m_bySlot)
@@ -265,7 +266,7 @@ TEST(RecordStore, NeverDiffersFromTheReferenceList) {
 
 TEST(RecordStore, WithoutDataTakesAndShowsNothing) {
     RecordStore store;
-    EXPECT_EQ(store.insertItem(0, 0), std::nullopt);
+    EXPECT_EQ(store.insertItem(0, 0), RecordStore::Outcome::nothingDone);
     EXPECT_EQ(store.stored().size(), 0U);
     EXPECT_EQ(store.filter(), RecordStore::Outcome::nothingDone);
     EXPECT_EQ(store.cellText(0, ColumnId{0}), "no data descriptor initialised");

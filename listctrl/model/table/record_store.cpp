@@ -14,8 +14,8 @@ std::string_view RecordStore::cellText(std::size_t row, ColumnId column) const {
 
 // ---- Records ----
 
-std::optional<std::size_t> RecordStore::insertItem(std::size_t position, Slot slot) {
-    if (!m_texts.hasReader()) return std::nullopt;
+RecordStore::Outcome RecordStore::insertItem(std::size_t position, Slot slot) {
+    if (!m_texts.hasReader()) return Outcome::nothingDone;
     ++m_changes;
     const bool inside = position != 0 && position < stored().size();
     if (!inside) position = stored().size();
@@ -27,7 +27,7 @@ std::optional<std::size_t> RecordStore::insertItem(std::size_t position, Slot sl
         deleteRecord(slot);
         throw;
     }
-    return position;
+    return Outcome::done;
 }
 
 std::size_t RecordStore::indexOfNew(Slot slot, std::size_t position) const {

@@ -55,12 +55,11 @@ public:
 
     // ---- Records ----
 
-    // Takes in a record under a slot that none of the others has; returns its stored position, or
-    // none, and nothing is inserted, without a reader. Position 0 and any beyond the end append. In
-    // between, the record's row goes to the same index among the rows, or behind the last if there
-    // are fewer. In a sorted list the row goes where it belongs, behind its equals. Under filters
-    // there is a row only if the record passes.
-    std::optional<std::size_t> insertItem(std::size_t position, Slot slot);
+    // Takes in a record under a slot that none of the others has; without a reader nothing is done.
+    // Position 0 and any beyond the end append. In between, the record's row goes to the same index
+    // among the rows, or behind the last if there are fewer. In a sorted list the row goes where it
+    // belongs, behind its equals. Under filters there is a row only if the record passes.
+    Outcome insertItem(std::size_t position, Slot slot);
 
     // Removes the record of a row. If the row was selected and not the last, the row after it is
     // selected; focus and anchor move to the row after, from the last row to the one before.

@@ -103,8 +103,7 @@ void ChangeTable::write(Slot slot, const ChangeTexts& texts) {
     if (texts.entityName) own(slot).entityName = *texts.entityName;
 
     if (texts.linkedUser) own(slot).linkedUser.swap(linkedUser);
-    for (std::size_t i = 0; i < kCodedCount; ++i)
-        m_coded[i].put(slot, codes[i]);
+    for (std::size_t i = 0; i < kCodedCount; ++i) m_coded[i].put(slot, codes[i]);
     if (code) m_kinds.put(slot, kind);
 }
 

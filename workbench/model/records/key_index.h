@@ -49,8 +49,7 @@ public:
         if (found == kNoSlot) return kNoSlot;
         // Entries behind the hole move up, as long as that brings them no further than their home.
         for (std::size_t at = next(hole); m_entries[at].slot != kNoSlot; at = next(at)) {
-            const std::size_t home = m_entries[at].hash & mask();
-            if (((at - home) & mask()) < ((at - hole) & mask())) continue;
+            if (steps(m_entries[at].hash & mask(), at) < steps(hole, at)) continue;
             m_entries[hole] = m_entries[at];
             hole = at;
         }
@@ -79,7 +78,16 @@ private:
         return (mc::hashOf(key) + last / 8 * 0x9E3779B1) * 8 + last % 8;
     }
     std::size_t mask() const { return m_entries.size() - 1; }
-    std::size_t next(std::size_t index) const { return (index + 1) & mask(); }
+
+    // The next entry of a search lies one group of neighbours and one entry further: where two
+    // groups meet, none of the keys passes all of the other's. So many steps lead from one entry to
+    // another: the step has an inverse among numbers of 32 bits.
+    static constexpr std::size_t kStep = 9, kInverse = 0x38E38E39;
+    static_assert(static_cast<std::uint32_t>(kStep * kInverse) == 1);
+    std::size_t next(std::size_t index) const { return (index + kStep) & mask(); }
+    std::size_t steps(std::size_t from, std::size_t to) const {
+        return (to - from) * kInverse & mask();
+    }
 
     // The entry that holds the key, or the empty one at which the search for it ends.
     std::size_t indexOf(std::string_view key, std::uint32_t hash) const {

@@ -63,7 +63,7 @@ bool PendingChanges::list(Slot slot, std::string_view key, const ChangeTexts& te
     if (!m_index.insert(key, slot)) return false;
     m_table.write(slot, texts);
     m_states.came(slot, origin);
-    if (!m_rows.insertItem(m_rows.stored().size(), slot)) return false;  // it has no reader
+    m_rows.insertItem(m_rows.stored().size(), slot);
     m_related.came(slot);
     return true;
 }
