@@ -71,6 +71,9 @@ private:
         bool awaited = false;
     };
 
+    // Without its number.
+    static Entry entryOf(const TriedRequest& tried, const sMakeCheckStruct& change,
+                         std::time_t now);
     static Slot slotOf(std::uint64_t number) {
         return static_cast<Slot>((number - 1) % kMaxDecisions);
     }
