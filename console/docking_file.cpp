@@ -22,7 +22,7 @@ std::wstring wholePath(const std::string& name) {
     return failed ? path : whole;
 }
 
-std::optional<fw::DockPlace> readPlace(const std::wstring& pane, const std::wstring& path) {
+std::optional<fw::DockPosition> readPosition(const std::wstring& pane, const std::wstring& path) {
     wchar_t side[16] = L"";
     GetPrivateProfileStringW(pane.c_str(), L"side", L"", side, std::size(side), path.c_str());
     const auto* const known = std::ranges::find_if(
@@ -30,15 +30,15 @@ std::optional<fw::DockPlace> readPlace(const std::wstring& pane, const std::wstr
     if (known == std::end(kSides)) return std::nullopt;
     const auto extent =
         static_cast<int>(GetPrivateProfileIntW(pane.c_str(), L"extent", 0, path.c_str()));
-    return fw::DockPlace{known->side, std::max(extent, 0)};
+    return fw::DockPosition{known->side, std::max(extent, 0)};
 }
 
-void writePlace(const std::wstring& pane, fw::DockPlace place, const std::wstring& path) {
+void writePosition(const std::wstring& pane, fw::DockPosition position, const std::wstring& path) {
     const auto* const known =
-        std::ranges::find_if(kSides, [&](const auto& each) { return place.side == each.side; });
+        std::ranges::find_if(kSides, [&](const auto& each) { return position.side == each.side; });
     if (known == std::end(kSides)) return;
     WritePrivateProfileStringW(pane.c_str(), L"side", known->name, path.c_str());
-    WritePrivateProfileStringW(pane.c_str(), L"extent", std::to_wstring(place.extent).c_str(),
+    WritePrivateProfileStringW(pane.c_str(), L"extent", std::to_wstring(position.extent).c_str(),
                                path.c_str());
 }
 
@@ -46,9 +46,9 @@ void writePlace(const std::wstring& pane, fw::DockPlace place, const std::wstrin
 
 fw::DockMemory dockingFile(const std::string& path) {
     const std::wstring file = wholePath(path);
-    return {[file](const std::string& pane) { return readPlace(pathOf(pane), file); },
-            [file](const std::string& pane, fw::DockPlace place) {
-                writePlace(pathOf(pane), place, file);
+    return {[file](const std::string& pane) { return readPosition(pathOf(pane), file); },
+            [file](const std::string& pane, fw::DockPosition position) {
+                writePosition(pathOf(pane), position, file);
             }};
 }
 

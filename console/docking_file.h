@@ -1,6 +1,6 @@
 // Where panes were docked, kept in a file of the console's own from one session to the next: a
-// section for each pane, by its caption, with its side and its extent in pixels at
-// 96 dots per inch.
+// section for each pane, by its caption, with its side and its extent in pixels at 96 dots per
+// inch.
 #pragma once
 
 #include <string>

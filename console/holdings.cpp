@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "framework/platform.h"
+
 namespace zek {
 namespace {
 
@@ -46,8 +48,8 @@ long long countGdiObjects() {
         return known;
     constexpr std::size_t kTableInBlock = 0xF8;  // of the process environment block
     constexpr std::size_t kEntries = 0x10000;
-    const auto currentBlock = reinterpret_cast<const char* (*)()>(reinterpret_cast<void (*)()>(
-        GetProcAddress(GetModuleHandleA("ntdll.dll"), "RtlGetCurrentPeb")));
+    auto* currentBlock =
+        fw::exported<const char*()>(GetModuleHandleA("ntdll.dll"), "RtlGetCurrentPeb");
     if (currentBlock == nullptr) return 0;
     const auto* table = *reinterpret_cast<const GdiEntry* const*>(currentBlock() + kTableInBlock);
     long long count = 0;

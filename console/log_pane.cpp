@@ -2,6 +2,7 @@
 
 #include "console/resource_ids.h"
 #include "framework/hwnd.h"
+#include "framework/list_view.h"
 #include "framework/platform.h"
 
 namespace zek {
@@ -34,9 +35,8 @@ bool CLogPane::create(HWND frame) {
 LRESULT CLogPane::onCreate() {
     m_font = messageFont(handle());
     m_dpi = fw::dpiOf(handle());
-    m_tabs =
-        CreateWindowExA(0, WC_TABCONTROLA, "", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, 0, 0, 0,
-                        handle(), reinterpret_cast<HMENU>(IDC_LOG_TABS), fw::module(), nullptr);
+    m_tabs = fw::makeControl(WC_TABCONTROLA, "", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, {},
+                             handle(), IDC_LOG_TABS);
     m_list = createReportList(handle(), IDC_LOG_LIST, kColumns);
     for (HWND control : {m_tabs, m_list}) fw::setFont(control, m_font.get());
     for (int index = 0; index < kLogTabs; ++index) {
@@ -53,8 +53,8 @@ void CLogPane::onSize(int width, int height) {
     SetWindowPos(m_tabs, nullptr, 0, 0, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
     RECT room{0, 0, width, height};
     TabCtrl_AdjustRect(m_tabs, FALSE, &room);
-    SetWindowPos(m_list, HWND_TOP, room.left, room.top, room.right - room.left,
-                 room.bottom - room.top, SWP_NOACTIVATE);
+    SetWindowPos(m_list, HWND_TOP, room.left, room.top, fw::widthOf(room), fw::heightOf(room),
+                 SWP_NOACTIVATE);
 }
 
 void CLogPane::onDpiChanged() {
@@ -88,7 +88,7 @@ LogTab CLogPane::shownTab() const {
 void CLogPane::showLast() {
     const std::size_t count = m_book.lines(shownTab()).size();
     setRowCount(m_list, count);
-    if (count > 0) ListView_EnsureVisible(m_list, count - 1, FALSE);
+    if (count > 0) fw::ListView(m_list).bringIntoView(count - 1);
 }
 
 }  // namespace zek

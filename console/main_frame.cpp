@@ -17,7 +17,7 @@ constexpr int kUserMenu = 4;
 constexpr int kWindowMenu = 5;
 
 // A window of a good size in the middle of the work area.
-RECT startPlace() {
+RECT startRect() {
     RECT work{};
     SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
     const auto scaled = [](int pixels) { return fw::toPixels(pixels, fw::systemDpi()); };
@@ -72,7 +72,7 @@ LRESULT CMainFrame::defaultProc(UINT message, WPARAM wParam, LPARAM lParam) {
 bool CMainFrame::create(const std::string& title) {
     static const fw::WindowClass windowClass{"Zek.MainFrame", 0, IDC_ARROW, COLOR_3DFACE};
     if (!CWindow::create(windowClass, title.c_str(), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 0,
-                         startPlace(), nullptr, 0))
+                         startRect(), nullptr, 0))
         return false;
     ShowWindow(handle(), SW_SHOW);
     return true;

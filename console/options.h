@@ -5,8 +5,7 @@
 //   --shots FOLDER  where a play script asks for its pictures
 //   --ini FILE      the profiles, instead of zek.ini beside the program
 //   --docking FILE  where panes were docked, instead of zek-docking.ini beside the program; a
-//   session
-//                   that plays a script keeps them nowhere else, so that each begins alike
+//                   session that plays a script keeps them nowhere else, so that each begins alike
 //   --frame-first   makes the main frame before the plug-in is started, not after
 #pragma once
 

@@ -2,6 +2,7 @@
 
 #include "console/files.h"
 #include "framework/hwnd.h"
+#include "framework/platform.h"
 #include "sdk/host_text.h"
 
 namespace zek {
@@ -9,8 +10,7 @@ namespace {
 
 template <class Entry>
 bool bindEntry(HMODULE library, const char* name, Entry*& into) {
-    // A detour over a plain function pointer, as compilers want it.
-    into = reinterpret_cast<Entry*>(reinterpret_cast<void (*)()>(GetProcAddress(library, name)));
+    into = fw::exported<Entry>(library, name);
     return into != nullptr;
 }
 

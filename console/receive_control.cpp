@@ -68,7 +68,8 @@ ReceiveControls::ReceiveControls(CExchange& exchange,
     : m_exchange(exchange), m_onPublished(std::move(onPublished)) {}
 
 CQuonRxControl* ReceiveControls::make(int kind, CQuonRxNotifierBase* receiver) {
-    if (receiver == nullptr || std::ranges::find(kControlKinds, kind) == std::end(kControlKinds)) return nullptr;
+    if (receiver == nullptr || std::ranges::find(kControlKinds, kind) == std::end(kControlKinds))
+        return nullptr;
     m_controls.push_back(std::make_unique<ReceiveControl>(m_exchange, *receiver, m_onPublished));
     return m_controls.back().get();
 }

@@ -11,18 +11,12 @@ namespace zek {
 HWND createReportList(HWND parent, UINT id, std::span<const ReportColumn> columns) {
     constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA |
                              LVS_SHOWSELALWAYS | LVS_SINGLESEL;
-    const HWND list =
-        CreateWindowExA(0, WC_LISTVIEWA, "", kStyle, 0, 0, 0, 0, parent,
-                        reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), fw::module(), nullptr);
-    ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
-    int index = 0;
-    for (const ReportColumn& each : columns) {
-        LVCOLUMNA column{};
-        column.mask = LVCF_TEXT | LVCF_WIDTH;
-        column.cx = fw::scaledFor(parent, each.width);
-        column.pszText = const_cast<char*>(each.title);
-        ListView_InsertColumn(list, index++, &column);
-    }
+    constexpr DWORD kLooks = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
+    const HWND list = fw::makeControl(WC_LISTVIEWA, "", kStyle, 0, {}, parent, id);
+    const fw::ListView view(list);
+    view.setExtendedStyle(kLooks, kLooks);
+    for (int index = 0; const ReportColumn& each : columns)
+        view.insertColumn(index++, each.title, fw::scaledFor(parent, each.width), LVCFMT_LEFT);
     return list;
 }
 

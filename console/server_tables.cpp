@@ -9,10 +9,6 @@ namespace {
 
 // --- Pending changes -----------------------------------------------------------------------------
 
-struct PendingColumn {
-    std::string (*text)(const Change& change);
-};
-
 template <auto member>
 std::string changeText(const Change& change) {
     return change.*member;
@@ -31,15 +27,15 @@ std::string changeEntity(const Change& change) {
 constexpr ReportColumn kPendingColumns[] = {{"Key", 60},    {"Change", 100}, {"About", 110},
                                             {"Maker", 90},  {"Type", 120},   {"Broker", 70},
                                             {"Branch", 70}, {"Group", 80}};
-constexpr PendingColumn kPendingTexts[] = {
-    {changeText<&Change::key>},
-    {changeWord},
-    {changeEntity},
-    {changeText<&Change::maker>},
-    {changeText<&Change::type>},
-    {changeText<&Change::broker>},
-    {changeText<&Change::branch>},
-    {changeText<&Change::group>},
+constexpr std::string (*kPendingTexts[])(const Change& change) = {
+    changeText<&Change::key>,
+    changeWord,
+    changeEntity,
+    changeText<&Change::maker>,
+    changeText<&Change::type>,
+    changeText<&Change::broker>,
+    changeText<&Change::branch>,
+    changeText<&Change::group>,
 };
 static_assert(std::size(kPendingTexts) == std::size(kPendingColumns));
 
@@ -49,7 +45,7 @@ std::vector<std::string> pendingIds(const AuthorizationServer& server) {
 
 std::string pendingText(const AuthorizationServer& server, const std::string& key, int column) {
     const Change* change = server.pending(key);
-    return change != nullptr ? kPendingTexts[column].text(*change) : std::string();
+    return change != nullptr ? kPendingTexts[column](*change) : std::string();
 }
 
 // --- Users and clients ---------------------------------------------------------------------------

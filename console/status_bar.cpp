@@ -9,9 +9,8 @@ namespace zek {
 
 void StatusBar::create(HWND frame) {
     m_font = messageFont(frame);
-    m_window =
-        CreateWindowExA(0, STATUSCLASSNAMEA, "", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0, 0, 0,
-                        frame, reinterpret_cast<HMENU>(IDC_STATUS_BAR), fw::module(), nullptr);
+    m_window = fw::makeControl(STATUSCLASSNAMEA, "", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, {},
+                               frame, IDC_STATUS_BAR);
     fw::setFont(m_window, m_font.get());
 }
 

@@ -5,6 +5,7 @@
 #include "details/edit_messages.h"
 #include "editors/combo_control.h"
 #include "editors/price_control.h"
+#include "framework/hwnd.h"
 
 namespace mc {
 namespace {
@@ -51,11 +52,11 @@ void CDetailEditing::open(std::size_t row, OpenedBy by) {
     if (m_editor != nullptr && by == OpenedBy::mouse) m_editor->openedWithMouse();
 }
 
-void CDetailEditing::onNextEditor(WPARAM how) {
+void CDetailEditing::onNextEditor(EditEnd how) {
     const RecordStore& rows = m_lines.rows();
     const auto focused = rows.selection().focusedRow();
     if (!focused) return;
-    const auto step = static_cast<EditEnd>(how) == EditEnd::previous ? std::size_t(-1) : 1;
+    const auto step = how == EditEnd::previous ? std::size_t(-1) : 1;
     // Backwards the number wraps around below the first row, to one beyond the last.
     for (std::size_t row = *focused + step; row < rows.rowCount(); row += step)
         if (const auto* line = m_lines.lineAt(row); line != nullptr && canEdit(*line))
@@ -63,7 +64,7 @@ void CDetailEditing::onNextEditor(WPARAM how) {
 }
 
 bool CDetailEditing::onDialogKey(UINT key, bool repeated) {
-    return m_editor != nullptr && m_editor->dialogKey(key, GetKeyState(VK_SHIFT) < 0, repeated);
+    return m_editor != nullptr && m_editor->dialogKey(key, fw::isDown(VK_SHIFT), repeated);
 }
 
 // ---- Ending ----

@@ -59,7 +59,7 @@ public:
     void attachLine(int field);
 
     bool onKeyDown(UINT key, bool repeated);
-    void onNextEditor(WPARAM how);
+    void onNextEditor(EditEnd how);
     void onFollowCell();
 
 private:

@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "framework/drawing.h"
 #include "listctrl/list_colors.h"
 
 namespace mc {
@@ -43,10 +44,9 @@ using Triangle = std::array<POINT, 3>;
 
 // With the text's colour.
 void fillTriangle(HDC dc, const Triangle& corners) {
-    SetDCBrushColor(dc, GetTextColor(dc));
     SetDCPenColor(dc, GetTextColor(dc));
     const fw::SelectScope pen(dc, GetStockObject(DC_PEN));
-    const fw::SelectScope brush(dc, GetStockObject(DC_BRUSH));
+    const fw::SelectScope brush(dc, fw::brushOf(dc, GetTextColor(dc)));
     Polygon(dc, corners.data(), static_cast<int>(corners.size()));
 }
 
@@ -162,8 +162,8 @@ void DetailLooks::drawValue(HDC dc, const LineGroups::Line& line, const RECT& fr
 // A choice has an arrow at its end.
 void DetailLooks::drawFrame(HDC dc, RowAttribute attribute, const RECT& frame) const {
     const COLORREF text = GetTextColor(dc);
-    SetDCBrushColor(dc, highContrast() ? text : mixed(text, GetBkColor(dc), 90));
-    FrameRect(dc, &frame, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+    const COLORREF line = highContrast() ? text : mixed(text, GetBkColor(dc), 90);
+    FrameRect(dc, &frame, fw::brushOf(dc, line));
     if (attribute != RowAttribute::choice) return;
     const POINT at{frame.right - m_list.scaled(9), (frame.top + frame.bottom) / 2};
     fillTriangle(dc, pointingDown(at, m_list.scaled(4)));

@@ -53,7 +53,7 @@ private:
     const UnseenSigns& m_signs;
     std::function<bool(const LineGroups::Line&)> m_editable;
     bool m_dimmed = false;
-    BoldFont m_bold;  // made when first asked for; none after the list's font changed
+    BoldFont m_bold;
 };
 
 }  // namespace mc

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "details/model/detail_group.h"
+#include "editors/edit_session.h"
 #include "framework/message_map.h"
 
 namespace mc {
@@ -28,7 +29,7 @@ inline constexpr UINT kEditorClosed = WM_APP + 0x1C53;
 
 // Sent by a CMultiLineEditListCtrl to its edit owner when the text in an editor may be another.
 // wParam, lParam and result are not used.
-inline constexpr UINT kValueTyped = WM_APP + 0x1C54;
+inline constexpr UINT kValueTyped = WM_APP + 0x1C55;
 
 // Posted by a CMultiLineEditListCtrl to itself when Tab or Shift+Tab ended an edit: the next row's
 // editor is opened once that is over. wParam: the EditEnd. lParam and result are not used.
@@ -52,10 +53,10 @@ struct Crack<mc::kEndOfEdit> {  // (const EndOfEdit&)
 template <>
 struct Crack<mc::kEndOfChoice> : Crack<mc::kEndOfEdit> {};
 template <>
-struct Crack<mc::kNextEditor> {  // (WPARAM how)
+struct Crack<mc::kNextEditor> {  // (EditEnd)
     template <class Handler>
     static decltype(auto) with(Handler handler, WPARAM w, LPARAM) {
-        return handler(w);
+        return handler(static_cast<mc::EditEnd>(w));
     }
 };
 

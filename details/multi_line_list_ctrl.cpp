@@ -48,7 +48,7 @@ RECT CMultiLineListCtrl::bringValueIntoView(std::size_t row) {
     const RECT client = clientRect();
     const RECT cell = header().rectOf({row, item});
     const LONG missing = std::min(cell.left, std::max(cell.right - client.right, 0L));
-    if (missing != 0) view.scrollSideways(static_cast<int>(missing));
+    if (missing != 0) view.scroll(static_cast<int>(missing), 0);
     RECT visible{};
     const RECT moved = header().rectOf({row, item});
     IntersectRect(&visible, &moved, &client);

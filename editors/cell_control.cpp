@@ -7,10 +7,9 @@ namespace mc {
 bool CCellControl::open(CCellEditor& editor, HFONT font, std::string_view text) {
     m_editor = &editor;
     const RECT room = editor.clientRect();
-    const HWND made =
-        fw::makeControl(m_kind.windowClass, "", WS_CHILD | WS_VISIBLE | m_kind.style, 0,
-                        {room.right, room.bottom + editor.scaled(m_kind.dropHeight)},
-                        editor.handle(), 0);
+    const HWND made = fw::makeControl(
+        m_kind.windowClass, "", WS_CHILD | WS_VISIBLE | m_kind.style, 0,
+        {room.right, room.bottom + editor.scaled(m_kind.dropHeight)}, editor.handle(), 0);
     if (!subclass(made)) return false;
     fw::setFont(made, font);
     fill(text);

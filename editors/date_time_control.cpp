@@ -58,10 +58,8 @@ int CDateTimeControl::fitHeight(int room) const {
 // The first part, so that arrows and digits do something: a picker that gets the focus otherwise
 // than by a click may have no part selected.
 void CDateTimeControl::select() {
-    RECT room{};
-    GetClientRect(handle(), &room);
     UpdateWindow(handle());  // where the parts are is known once they are painted
-    const LPARAM first = MAKELPARAM(scaled(kFrames), room.bottom / 2);
+    const LPARAM first = MAKELPARAM(scaled(kFrames), clientRect().bottom / 2);
     SendMessageA(handle(), WM_LBUTTONDOWN, MK_LBUTTON, first);
     SendMessageA(handle(), WM_LBUTTONUP, 0, first);
 }

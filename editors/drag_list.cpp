@@ -54,7 +54,7 @@ LRESULT CDragList::onGetDialogCode(const MSG* message) {
 // ---- With the mouse ----
 
 void CDragList::onBeginDrag(NMLISTVIEW& drag) {
-    if (ListView_GetSelectedCount(handle()) == 0) return;
+    if (view().selectedRows().empty()) return;
     SetCapture(handle());
     SetTimer(handle(), kScrollTimer, kScrollPause, nullptr);
     m_dragging = true;
@@ -92,12 +92,12 @@ void CDragList::endDrag() {
 
 bool CDragList::onTimer(UINT_PTR id) {
     if (!m_dragging || id != kScrollTimer) return false;
-    const int top = ListView_GetTopIndex(handle());
-    const int page = ListView_GetCountPerPage(handle());
+    const int top = static_cast<int>(view().topRow());
+    const int page = static_cast<int>(view().rowsPerPage());
     const int next = m_y < 0 ? top - 1 : m_y >= clientRect().bottom ? top + page : -1;
     if (next < 0 || next >= rowCount()) return true;
     setGap(kNoGap);  // the line would scroll along
-    ListView_EnsureVisible(handle(), next, FALSE);
+    view().bringIntoView(static_cast<std::size_t>(next));
     setGap(gapAt(m_y));
     return true;
 }
@@ -105,7 +105,7 @@ bool CDragList::onTimer(UINT_PTR id) {
 // ---- The line ----
 
 int CDragList::rowCount() const {
-    return ListView_GetItemCount(handle());
+    return static_cast<int>(view().rowCount());
 }
 
 // Of the first row, scrolled out of sight or not; a row of no height where there is none.

@@ -10,6 +10,7 @@
 
 #include <cstddef>
 
+#include "framework/list_view.h"
 #include "framework/window.h"
 
 namespace mc {
@@ -48,6 +49,7 @@ private:
 
     void endDrag();
     void setGap(int gap);
+    fw::ListView view() const { return fw::ListView(handle()); }
     int rowCount() const;
     RECT firstRow() const;
     int gapAt(int y) const;  // between rows: the row below it

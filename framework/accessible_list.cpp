@@ -4,6 +4,8 @@
 
 #include <utility>
 
+#include "framework/platform.h"
+
 namespace fw {
 namespace {
 
@@ -18,14 +20,14 @@ struct Libraries {
 };
 
 template <class Function>
-bool find(const wchar_t* library, const char* name, Function& found) {
+bool find(const wchar_t* library, const char* name, Function*& found) {
     wchar_t path[MAX_PATH]{};
     const UINT length = GetSystemDirectoryW(path, MAX_PATH - 16);
     if (length == 0 || length >= MAX_PATH - 16) return false;
     lstrcatW(path, library);
     const HMODULE module = LoadLibraryW(path);
     if (module == nullptr) return false;
-    found = reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
+    found = exported<Function>(module, name);
     return found != nullptr;
 }
 

@@ -36,6 +36,10 @@ std::optional<std::size_t> Combo::find(const std::string& text) const {
     return indexOf(send(CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), pointer(text.c_str())));
 }
 
+std::optional<std::size_t> Combo::findBeginning(const std::string& text) const {
+    return indexOf(send(CB_FINDSTRING, static_cast<WPARAM>(-1), pointer(text.c_str())));
+}
+
 std::optional<std::size_t> Combo::selected() const {
     return indexOf(send(CB_GETCURSEL));
 }
@@ -50,6 +54,18 @@ void Combo::setEntryHeight(int height) const {
 
 void Combo::setBoxHeight(int height) const {
     send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height);
+}
+
+int Combo::entryHeight() const {
+    return static_cast<int>(send(CB_GETITEMHEIGHT, 0));
+}
+
+int Combo::boxHeight() const {
+    return static_cast<int>(send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1)));
+}
+
+void Combo::setDropWidth(int width) const {
+    send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width));
 }
 
 bool Combo::dropped() const {

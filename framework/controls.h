@@ -20,6 +20,7 @@ public:
     void clear() const;
     std::string text(std::size_t index) const;
     std::optional<std::size_t> find(const std::string& text) const;  // the whole text
+    std::optional<std::size_t> findBeginning(const std::string& text) const;
 
     std::optional<std::size_t> selected() const;
     void select(std::optional<std::size_t> index) const;
@@ -27,6 +28,10 @@ public:
     // The height of an entry, and of the box itself, in pixels.
     void setEntryHeight(int height) const;
     void setBoxHeight(int height) const;
+    int entryHeight() const;
+    int boxHeight() const;
+    // The least width of the drop-down, in pixels.
+    void setDropWidth(int width) const;
 
     bool dropped() const;
     void drop(bool down) const;

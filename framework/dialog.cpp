@@ -6,6 +6,7 @@
 
 #include "framework/activation.h"
 #include "framework/handles.h"
+#include "framework/hwnd.h"
 #include "framework/model/calls.h"
 
 namespace fw {
@@ -96,11 +97,10 @@ void Modal::endAll() noexcept {
 
 // The first dialog that comes is the modal one: message boxes and common dialogs give no handle.
 LRESULT CALLBACK Modal::noteDialog(int code, WPARAM wParam, LPARAM lParam) noexcept {
-    constexpr DWORD kDialogClass = 0x8002;
     const auto window = reinterpret_cast<HWND>(wParam);
     const LRESULT result = CallNextHookEx(nullptr, code, wParam, lParam);
     if (code == HCBT_CREATEWND && result == 0 && s_innermost != nullptr && s_innermost->m_hook &&
-        GetClassLongA(window, GCW_ATOM) == kDialogClass) {
+        isDialog(window)) {
         s_innermost->m_dialog = window;
         s_innermost->m_hook.reset();
     }
@@ -122,8 +122,8 @@ void moveOnScreen(HWND window, RECT rect) {
         const LONG y = std::max(std::min(0L, room.bottom - rect.bottom), room.top - rect.top);
         OffsetRect(&rect, x, y);
     }
-    SetWindowPos(window, nullptr, rect.left, rect.top, rect.right - rect.left,
-                 rect.bottom - rect.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(window, nullptr, rect.left, rect.top, widthOf(rect), heightOf(rect),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 }  // namespace

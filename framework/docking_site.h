@@ -20,15 +20,15 @@
 namespace fw {
 
 // Where a pane is docked.
-struct DockPlace {
+struct DockPosition {
     unsigned side = 0;
     int extent = 0;  // across the side, in pixels at 96 dots per inch
 };
 
 // What a frame keeps of its panes, by name, from one session to the next.
 struct DockMemory {
-    std::function<std::optional<DockPlace>(const std::string& pane)> recall;
-    std::function<void(const std::string& pane, DockPlace place)> keep;
+    std::function<std::optional<DockPosition>(const std::string& pane)> recall;
+    std::function<void(const std::string& pane, DockPosition position)> keep;
 };
 
 class CDockingSite {

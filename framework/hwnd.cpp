@@ -51,6 +51,11 @@ RECT rectInParent(HWND window) noexcept {
     return rect;
 }
 
+bool isDialog(HWND window) noexcept {
+    constexpr DWORD kDialogClass = 0x8002;
+    return GetClassLongA(window, GCW_ATOM) == kDialogClass;
+}
+
 POINT mousePoint() noexcept {
     POINT at{};
     GetCursorPos(&at);

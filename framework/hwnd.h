@@ -35,6 +35,14 @@ inline int heightOf(const RECT& rect) noexcept {
     return static_cast<int>(rect.bottom - rect.top);
 }
 
+// Whether a key or mouse button was down when the message that is handled was sent.
+inline bool isDown(int key) noexcept {
+    return GetKeyState(key) < 0;
+}
+
+// Whether it is of the platform's class of dialogs and message boxes.
+bool isDialog(HWND window) noexcept;
+
 // Whether `window` is `root` or lies in it.
 inline bool isWithin(HWND root, HWND window) noexcept {
     return window != nullptr && (window == root || IsChild(root, window) != 0);

@@ -14,10 +14,6 @@ constexpr UINT kDialogKeys[] = {VK_TAB,   VK_RETURN, VK_ESCAPE, VK_LEFT,
 constexpr UINT kMousePresses[] = {WM_LBUTTONDOWN, WM_LBUTTONDBLCLK, WM_NCLBUTTONDOWN,
                                   WM_NCLBUTTONDBLCLK};
 
-bool isDown(int key) {
-    return GetKeyState(key) < 0;
-}
-
 bool isOneOf(std::span<const UINT> table, UINT value) {
     return std::find(table.begin(), table.end(), value) != table.end();
 }

@@ -65,8 +65,36 @@ void ListView::bringToTop(std::size_t row) const {
     send(LVM_SCROLL, 0, wanted.top - now.top);
 }
 
-void ListView::scrollSideways(int pixels) const {
-    send(LVM_SCROLL, static_cast<WPARAM>(pixels));
+void ListView::scroll(int across, int down) const {
+    send(LVM_SCROLL, static_cast<WPARAM>(across), down);
+}
+
+void ListView::addRow(const std::string& text, LPARAM value) const {
+    LVITEMA item{};
+    item.mask = LVIF_TEXT | LVIF_PARAM;
+    item.iItem = static_cast<int>(rowCount());
+    item.pszText = const_cast<char*>(text.c_str());
+    item.lParam = value;
+    send(LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
+}
+
+void ListView::removeRows() const {
+    send(LVM_DELETEALLITEMS);
+}
+
+std::vector<std::size_t> ListView::selectedRows() const {
+    std::vector<std::size_t> rows;
+    for (LRESULT row = -1;
+         (row = send(LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED)) >= 0;)
+        rows.push_back(static_cast<std::size_t>(row));
+    return rows;
+}
+
+void ListView::select(std::size_t row, bool focuses) const {
+    LVITEMA item{};
+    item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    item.state = LVIS_SELECTED | (focuses ? LVIS_FOCUSED : 0U);
+    send(LVM_SETITEMSTATE, row, reinterpret_cast<LPARAM>(&item));
 }
 
 void ListView::setBackground(COLORREF color) const {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "framework/header.h"
 
@@ -36,7 +37,17 @@ public:
     // The first visible row. Scrolls until a row is that, as far as there are rows behind it.
     std::size_t topRow() const;
     void bringToTop(std::size_t row) const;
-    void scrollSideways(int pixels) const;
+    // By pixels, to the right and down.
+    void scroll(int across, int down) const;
+
+    // ---- Rows that the list itself keeps ----
+
+    // Behind the others, with a text in the first column and a value of its owner's.
+    void addRow(const std::string& text, LPARAM value = 0) const;
+    void removeRows() const;
+    std::vector<std::size_t> selectedRows() const;  // ascending
+    // Selects a row beside those that are, and gives it the focus or takes it away.
+    void select(std::size_t row, bool focuses) const;
 
     // ---- Looks ----
 

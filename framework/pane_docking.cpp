@@ -106,9 +106,8 @@ void PaneDocking::floatFrameDragged() {
 
 void PaneDocking::floatFrameReleased(bool moved) {
     m_preview.hide();
-    if (!moved) return;
     m_floating.moved();
-    dropAt(mousePoint());
+    if (moved) dropAt(mousePoint());
 }
 
 // ---- Where a pane that is let go would be ----
@@ -118,7 +117,7 @@ void PaneDocking::floatFrameReleased(bool moved) {
 DockFrame::Target PaneDocking::targetFor(POINT screen) const {
     const DockFrame::Target floating{
         0, m_floating.rectAt({screen.x - m_pane.scaled(60), screen.y - m_pane.scaled(10)})};
-    if (GetKeyState(VK_CONTROL) < 0) return floating;
+    if (isDown(VK_CONTROL)) return floating;
     const auto target = m_frame.targetAt(m_pane.handle(), screen, 0);
     if (!target || !allows(target->side)) return floating;
     if (target->side != m_side) return *target;

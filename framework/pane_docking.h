@@ -41,7 +41,8 @@ public:
     void hidePreview() { m_preview.hide(); }
     void dropAt(POINT screen);
 
-    // The float frame is dragged by the user; it was let go, elsewhere than before if `moved`.
+    // The user drags the float frame, and lets it go: elsewhere than it was if `moved`, perhaps
+    // with another size if not.
     void floatFrameDragged();
     void floatFrameReleased(bool moved);
 

@@ -1,7 +1,7 @@
 // Keeps a pane at the dots per inch of its monitor, however it hears of others: by WM_DPICHANGED of
 // its float frame, by WM_DPICHANGED_AFTERPARENT, by another parent or only by another size.
 //
-// A part of CPaneDialog. It stands before the dialog's own procedure, so that the platform's dialog
+// A part of CPaneDialog. Its procedure is the pane's outer one, so that the platform's dialog
 // manager is done with a message when the pane follows it. The pane's font is made here, at the
 // dots per inch that the pane has.
 #pragma once

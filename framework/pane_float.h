@@ -38,7 +38,7 @@ public:
     RECT rectAt(POINT corner) const;
     // Where it floats the next time.
     void setRect(const RECT& rect);
-    // The user moved its window.
+    // The user moved its window, or gave it another size.
     void moved();
 
 private:

@@ -5,6 +5,7 @@
 #include "framework/controls.h"
 #include "framework/dialog.h"
 #include "framework/dock_frame.h"
+#include "framework/hwnd.h"
 #include "framework/pane_caption.h"
 #include "framework/pane_dialog.h"
 
@@ -100,7 +101,7 @@ void PaneKeys::onActivate(bool active) {
 
 void PaneKeys::leaveForNextPart() {
     keepFocus();
-    m_frame.leave(m_pane.handle(), GetKeyState(VK_SHIFT) < 0);
+    m_frame.leave(m_pane.handle(), isDown(VK_SHIFT));
 }
 
 void PaneKeys::takeFocus() {
@@ -139,7 +140,7 @@ void PaneKeys::onButtonKey(HWND button, UINT key) {
 
 void PaneKeys::dialogKey(UINT key, bool repeated) {
     const HWND focus = GetFocus();
-    if (key == VK_TAB) return moveFocus(GetKeyState(VK_SHIFT) < 0);
+    if (key == VK_TAB) return moveFocus(isDown(VK_SHIFT));
     if (focus == nullptr || (repeated && (key == VK_RETURN || key == VK_ESCAPE))) return;
     if (isButton(focus)) return onButtonKey(focus, key);
     const LPARAM flags = repeated ? LPARAM{1} | (LPARAM{KF_REPEAT} << 16) : LPARAM{1};

@@ -6,10 +6,8 @@ namespace fw {
 namespace {
 
 template <class Function>
-void find(const char* module, const char* name, Function& into) noexcept {
-    // A detour over a plain function pointer, as compilers want it.
-    into = reinterpret_cast<Function>(
-        reinterpret_cast<void (*)()>(GetProcAddress(GetModuleHandleA(module), name)));
+void find(const char* module, const char* name, Function*& into) noexcept {
+    into = exported<Function>(GetModuleHandleA(module), name);
 }
 
 NewerWindows findNewerWindows() noexcept {

@@ -47,6 +47,14 @@ RECT windowAround(RECT client, DWORD style, DWORD exStyle, int dpi) noexcept;
 // that is all there is. For a program, before its first window; a manifest's word goes first.
 void makeDpiAware() noexcept;
 
+// The function that a loaded module exports under this name; null when it has none. Whether it is
+// of this type only the caller knows.
+template <class Function>
+Function* exported(HMODULE module, const char* name) noexcept {
+    // A detour over a plain function pointer, as compilers want it.
+    return reinterpret_cast<Function*>(reinterpret_cast<void (*)()>(GetProcAddress(module, name)));
+}
+
 // Loads a library, named in ASCII, from the folder of the program; its own libraries are found in
 // that folder and in the system's. Null when it is not there or cannot be loaded. The caller frees
 // it.

@@ -7,9 +7,8 @@
 
 namespace mc {
 
-// Makes `text` the clipboard's text, owned by `owner`. Nothing happens, and
-// nothing is shown, when the clipboard cannot be opened. When memory cannot be locked, the
-// clipboard stays open.
+// Makes `text` the clipboard's text, owned by `owner`. Nothing happens, and nothing is shown, when
+// the clipboard cannot be opened. When memory cannot be locked, the clipboard stays open.
 void copyToClipboard(HWND owner, const std::string& text);
 
 }  // namespace mc

@@ -17,9 +17,9 @@ public:
     // `rows` includes the header row.
     CExcelInterface(int rows, int columns)
         : m_library(fw::loadBesideProgram(kExcelLibrary)),
-          m_create(find<decltype(m_create)>(kExcelCreate)),
-          m_write(find<decltype(m_write)>(kExcelWrite)),
-          m_destroy(find<decltype(m_destroy)>(kExcelDestroy)) {
+          m_create(find<decltype(excel_create)>(kExcelCreate)),
+          m_write(find<decltype(excel_write)>(kExcelWrite)),
+          m_destroy(find<decltype(excel_destroy)>(kExcelDestroy)) {
         if (m_create != nullptr && m_write != nullptr && m_destroy != nullptr)
             m_workbook = m_create(rows, columns);
     }
@@ -37,9 +37,8 @@ public:
 
 private:
     template <class Function>
-    Function find(const char* name) const {
-        if (m_library == nullptr) return nullptr;
-        return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(m_library, name)));
+    Function* find(const char* name) const {
+        return m_library != nullptr ? fw::exported<Function>(m_library, name) : nullptr;
     }
 
     HMODULE m_library;

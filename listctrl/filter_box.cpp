@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "framework/drawing.h"
 #include "framework/handles.h"
 #include "framework/hwnd.h"
 #include "listctrl/list_colors.h"
@@ -20,10 +21,6 @@ constexpr UINT_PTR kPauseTimer = 0xF117;
 constexpr UINT kPauseMilliseconds = 400;
 
 constexpr int kDropHeight = 300;
-
-bool isDown(int key) {
-    return GetKeyState(key) < 0;
-}
 
 // The wheel over a closed box is the list's; an open drop-down scrolls itself.
 bool wheelOverBox(fw::CWindow& box, WPARAM wParam, LPARAM lParam, LRESULT& result) {
@@ -105,10 +102,7 @@ CFilterBox::Heights CFilterBox::heightsIn(HFONT font, HWND header) {
     const HWND plain =
         fw::makeControl(WC_COMBOBOXA, "", WS_CHILD | CBS_DROPDOWN, 0, {60, 60}, header, 0);
     fw::setFont(plain, font);
-    const auto heightOf = [plain](WPARAM part) {
-        return static_cast<int>(SendMessageA(plain, CB_GETITEMHEIGHT, part, 0));
-    };
-    const Heights heights{heightOf(static_cast<WPARAM>(-1)), heightOf(0)};
+    const Heights heights{fw::Combo(plain).boxHeight(), fw::Combo(plain).entryHeight()};
     DestroyWindow(plain);
     return heights;
 }
@@ -128,8 +122,7 @@ void CFilterBox::moveTo(int left, int top, int width) {
                  SWP_NOZORDER | SWP_NOACTIVATE | (resized ? 0U : SWP_NOSIZE));
     if (!resized) return;
     typed.select(first, end);
-    SendMessageA(handle(), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(std::max(width, scaled(200))),
-                 0);
+    combo().setDropWidth(std::max(width, scaled(200)));
 }
 
 const fw::MessageMap& CFilterBox::messageMap() const {
@@ -225,12 +218,10 @@ void CFilterBox::toggle() {
 // text, or the first of those that typing has left.
 bool CFilterBox::stepIn() {
     if (combo().selected()) return false;
-    const std::string& text = m_box.shown().text;
-    const auto found = SendMessageA(handle(), CB_FINDSTRING, static_cast<WPARAM>(-1),
-                                    reinterpret_cast<LPARAM>(text.c_str()));
+    const auto found = combo().findBeginning(m_box.shown().text);
     m_showing = true;
-    const LRESULT first = m_box.isNarrowed() && m_box.lineCount() > 1 ? 1 : 0;
-    SendMessageA(handle(), CB_SETCURSEL, static_cast<WPARAM>(found >= 0 ? found : first), 0);
+    const std::size_t first = m_box.isNarrowed() && m_box.lineCount() > 1 ? 1 : 0;
+    combo().select(found.value_or(first));
     m_showing = false;
     return true;
 }
@@ -273,7 +264,7 @@ void CFilterBox::onNotification(UINT code) {
 }
 
 void CFilterBox::onDropped() {
-    const bool byName = isDown(VK_CONTROL);
+    const bool byName = fw::isDown(VK_CONTROL);
     auto choices =
         m_owner.filterChoices(m_item, byName ? ValueOrder::alphabetical : ValueOrder::mostFrequent);
     if (!choices) {
@@ -315,8 +306,7 @@ LRESULT CFilterBox::onDrawItem(const DRAWITEMSTRUCT& draw) {
     const bool selected = (draw.itemState & ODS_SELECTED) != 0;
     const COLORREF ground = GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW);
     const COLORREF words = GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT);
-    SetBkColor(draw.hDC, ground);
-    ExtTextOutA(draw.hDC, 0, 0, ETO_OPAQUE, &draw.rcItem, nullptr, 0, nullptr);
+    fw::fill(draw.hDC, draw.rcItem, ground);
     if (static_cast<int>(draw.itemID) < 0) return TRUE;
     SetBkMode(draw.hDC, TRANSPARENT);
     RECT rest = draw.rcItem;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "framework/drawing.h"
 #include "framework/hwnd.h"
 #include "listctrl/list_colors.h"
 
@@ -202,8 +203,7 @@ void CFilterHeader::drawItem(HDC dc, int item) const {
     if (RectVisible(dc, &rect) == 0) return;
     const bool filtered = !filter(item).text.empty();
     const auto [ground, ink] = captionColors(filtered);
-    SetBkColor(dc, ground);
-    ExtTextOutA(dc, 0, 0, ETO_OPAQUE, &rect, nullptr, 0, nullptr);
+    fw::fill(dc, rect, ground);
     RECT edge{rect.right - 2, rect.top + 2, rect.right, rect.bottom - 2};
     DrawEdge(dc, &edge, EDGE_ETCHED, BF_RIGHT);
 

@@ -109,12 +109,11 @@ void CListAppearance::show() {
 // The control asks for the height of its rows when it is made, and again whenever it hears that its
 // size changed.
 void CListAppearance::measureRows() const {
-    RECT rect{};
-    GetWindowRect(m_list.handle(), &rect);
+    const RECT rect = fw::screenRect(m_list.handle());
     WINDOWPOS same{};
     same.hwnd = m_list.handle();
-    same.cx = static_cast<int>(rect.right - rect.left);
-    same.cy = static_cast<int>(rect.bottom - rect.top);
+    same.cx = fw::widthOf(rect);
+    same.cy = fw::heightOf(rect);
     same.flags = SWP_NOZORDER | SWP_NOMOVE | SWP_NOACTIVATE;
     SendMessageA(m_list.handle(), WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&same));
 }

@@ -56,19 +56,19 @@ bool CListExport::write(const ProgressStep& step) {
     return sheet.WriteToExcel(this, giveCell) != 0;
 }
 
-void VOSK_CALL CListExport::giveCell(void* self, int row, int column, const char*& text,
+void VOSK_CALL CListExport::giveCell(void* object, int row, int column, const char*& text,
                                      int& type) {
     constexpr std::size_t kMaxCaption = 255;
-    auto& list = *static_cast<CListExport*>(self);
-    list.m_stopped = list.m_stopped || !list.m_step(static_cast<std::size_t>(row));
+    auto& self = *static_cast<CListExport*>(object);
+    self.m_stopped = self.m_stopped || !self.m_step(static_cast<std::size_t>(row));
     text = nullptr;
     type = kStopExport;
-    if (list.m_stopped) return;
-    const ColumnId id = list.m_content.columnAt(column);
-    const ColumnDescriptor& info = list.m_content.columns().descriptor(id);
-    list.m_given = row == 0 ? std::string_view(info.caption).substr(0, kMaxCaption)
-                            : list.m_content.text(static_cast<std::size_t>(row) - 1, id);
-    text = list.m_given.c_str();
+    if (self.m_stopped) return;
+    const ColumnId id = self.m_content.columnAt(column);
+    const ColumnDescriptor& info = self.m_content.columns().descriptor(id);
+    self.m_given = row == 0 ? std::string_view(info.caption).substr(0, kMaxCaption)
+                            : self.m_content.text(static_cast<std::size_t>(row) - 1, id);
+    text = self.m_given.c_str();
     type = row == 0 ? static_cast<int>(info.type) : -1;
 }
 

@@ -1,6 +1,7 @@
 #include "listctrl/list_header.h"
 
 #include "framework/handles.h"
+#include "framework/hwnd.h"
 #include "framework/platform.h"
 
 namespace mc {
@@ -16,6 +17,10 @@ fw::Header CListHeader::control() const {
     if (m_list.handle() == nullptr) return fw::Header(nullptr);
     if (m_control == nullptr) m_control = view().header().handle();
     return fw::Header(m_control);
+}
+
+int CListHeader::height() const {
+    return fw::heightOf(fw::screenRect(control().handle()));
 }
 
 void CListHeader::build(const ColumnModel& columns) {

@@ -30,6 +30,8 @@ public:
     // The control, which the list has for life; null when it is gone. Asked for once.
     fw::Header control() const;
 
+    int height() const;
+
     // Makes one item per shown column.
     void build(const ColumnModel& columns);
     // Gives the items the columns' widths: a width is other pixels now.

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "framework/hwnd.h"
 #include "framework/list_view.h"
 #include "listctrl/list_messages.h"
 #include "listctrl/list_notices.h"
@@ -19,7 +20,7 @@ std::uint32_t messageTime() {
 }  // namespace
 
 Modifiers modifiersDown() {
-    return {GetKeyState(VK_CONTROL) < 0, GetKeyState(VK_SHIFT) < 0};
+    return {fw::isDown(VK_CONTROL), fw::isDown(VK_SHIFT)};
 }
 
 // ---- The selection ----

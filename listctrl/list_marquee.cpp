@@ -6,6 +6,7 @@
 
 #include "framework/handles.h"
 #include "framework/hwnd.h"
+#include "framework/list_view.h"
 
 namespace mc {
 namespace {
@@ -20,11 +21,9 @@ bool isDrag(POINT from, POINT to) {
 
 // How many lines to scroll, sideways too, with the mouse there.
 POINT linesBeyond(const fw::CWindow& list, const CListHeader& header, int height, POINT client) {
-    RECT captions{};
-    GetClientRect(header.control().handle(), &captions);
     const RECT area = list.clientRect();
     return {linesToScroll(static_cast<int>(client.x), 0, static_cast<int>(area.right), height),
-            linesToScroll(static_cast<int>(client.y), static_cast<int>(captions.bottom),
+            linesToScroll(static_cast<int>(client.y), header.height(),
                           static_cast<int>(area.bottom), height)};
 }
 
@@ -41,8 +40,7 @@ Marquee::RowSize CListMarquee::rowSize() const {
     const RECT first = fw::ListView(m_list.handle()).rowRect(0);
     int right = static_cast<int>(first.left);
     for (const RECT& cell : m_header.cellsOf(first)) right = static_cast<int>(cell.right);
-    return {right - static_cast<int>(first.left),
-            std::max(static_cast<int>(first.bottom - first.top), 1)};
+    return {right - static_cast<int>(first.left), std::max(fw::heightOf(first), 1)};
 }
 
 Marquee::Point CListMarquee::inRows(POINT client) const {
@@ -54,7 +52,7 @@ Marquee::Point CListMarquee::inRows(POINT client) const {
 
 // Boxes may have come between the press and this.
 void CListMarquee::begin(POINT client) {
-    if (m_store.rowCount() == 0 || GetKeyState(VK_LBUTTON) >= 0) return;
+    if (m_store.rowCount() == 0 || !fw::isDown(VK_LBUTTON)) return;
     m_pressed = client;
     m_marquee.begin(inRows(client));
     SetCapture(m_list.handle());
@@ -84,8 +82,8 @@ void CListMarquee::scrollTo(POINT client) {
     const int height = rowSize().height;
     const POINT lines = linesBeyond(m_list, m_header, height, client);
     if (lines.x == 0 && lines.y == 0) return;
-    SendMessageA(m_list.handle(), LVM_SCROLL, static_cast<WPARAM>(lines.x * height),
-                 lines.y * height);
+    fw::ListView(m_list.handle())
+        .scroll(static_cast<int>(lines.x) * height, static_cast<int>(lines.y) * height);
     InvalidateRect(m_list.handle(), nullptr, TRUE);
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "framework/drawing.h"
 #include "framework/handles.h"
 #include "framework/hwnd.h"
 #include "listctrl/marked_text.h"
@@ -15,11 +16,6 @@ namespace {
 // No screen is wider than this many characters, and this many fill one.
 constexpr std::size_t kMaxDrawn = 4096;
 constexpr std::size_t kMaxTip = 1000;
-
-void fill(HDC dc, const RECT& rect, COLORREF color) {
-    SetBkColor(dc, color);
-    ExtTextOutA(dc, 0, 0, ETO_OPAQUE, &rect, nullptr, 0, nullptr);
-}
 
 }  // namespace
 
@@ -34,7 +30,7 @@ LRESULT CListPainter::onDrawItem(const DRAWITEMSTRUCT& draw) {
     const std::vector<RECT> cells = m_header.cellsOf(draw.rcItem);
     RECT whole = draw.rcItem;  // which may begin behind the first cell's edge
     if (!cells.empty()) whole.left = std::min(whole.left, cells.front().left);
-    fill(draw.hDC, whole, colors.background);
+    fw::fill(draw.hDC, whole, colors.background);
     SetTextColor(draw.hDC, colors.text);
     SetBkMode(draw.hDC, TRANSPARENT);
     const bool ownLooks = !selected && !highContrast();
@@ -62,7 +58,7 @@ void CListPainter::drawCell(HDC dc, fw::FontScope& font, ListCell cell, const RE
     if (!ownLooks) look.runColor.reset();
     if (look.fontYields && drawnWidth(cell, look) > roomIn(rect)) look.font = nullptr;
     const COLORREF rowText = GetTextColor(dc), rowGround = GetBkColor(dc);
-    if (ownLooks && look.background) fill(dc, rect, *look.background);
+    if (ownLooks && look.background) fw::fill(dc, rect, *look.background);
     if (ownLooks && look.text) SetTextColor(dc, readableOn(GetBkColor(dc), *look.text));
     font.use(look.font);
     drawText(dc, cell, rect, look);
@@ -84,7 +80,7 @@ void CListPainter::drawText(HDC dc, ListCell cell, const RECT& rect, const CellL
     // The platform aligns the first column of a list, and its caption, to the left.
     const int flag =
         cell.item == 0 ? 0 : m_content.columns().descriptor(column).flag & LVCFMT_JUSTIFYMASK;
-    const int room = static_cast<int>(inside.right - inside.left);
+    const int room = fw::widthOf(inside);
     INT steps[kMaxDrawn + kDots.size()];
     const int width = m_widths.stepsOf(text, look.font, steps);
     const bool fits = width <= room;
@@ -101,7 +97,7 @@ void CListPainter::drawText(HDC dc, ListCell cell, const RECT& rect, const CellL
 // Each character as wide as it was measured: the platform may draw it narrower or wider by a pixel,
 // and a text that is aligned by its width would end elsewhere.
 void CListPainter::drawLetters(HDC dc, const Letters& letters, const RECT& rect, int flag) {
-    const int room = static_cast<int>(rect.right - rect.left);
+    const int room = fw::widthOf(rect);
     const int spare = std::max(room - letters.width, 0);
     const int left = static_cast<int>(rect.left) + (flag == 1 ? spare : flag == 2 ? spare / 2 : 0);
     const UINT options = letters.width > room ? ETO_CLIPPED : 0;
@@ -124,13 +120,8 @@ std::string CListPainter::cutText(std::string_view text, int room, HFONT font) c
 
 // A row is as high as the font's text and its external leading, and a pixel.
 LRESULT CListPainter::onMeasureItem(MEASUREITEMSTRUCT& measure) {
-    const HDC dc = GetDC(m_list.handle());
-    TEXTMETRICA metrics{};
-    {
-        const fw::SelectScope select(dc, fw::fontOf(m_list.handle()));
-        GetTextMetricsA(dc, &metrics);
-    }
-    ReleaseDC(m_list.handle(), dc);
+    const HWND list = m_list.handle();
+    const TEXTMETRICA metrics = fw::metricsOf(fw::fontOf(list), list);
     measure.itemHeight = static_cast<UINT>(metrics.tmHeight + metrics.tmExternalLeading + 1);
     return TRUE;
 }
@@ -150,19 +141,15 @@ void CListPainter::drawEmptyText() const {
     const RecordStore& store = m_content.store();
     const std::string text = emptyListText(store.stored().size(), store.rowCount(), m_emptyText);
     if (text.empty()) return;
-    RECT area = m_list.clientRect(), captions{};
-    GetClientRect(m_header.control().handle(), &captions);
-    area.top += captions.bottom + m_list.scaled(8);
+    RECT area = m_list.clientRect();
+    area.top += m_header.height() + m_list.scaled(8);
     InflateRect(&area, -margin(), 0);
-    const HDC dc = GetDC(m_list.handle());
-    {
-        const fw::SelectScope select(dc, fw::fontOf(m_list.handle()));
-        SetBkMode(dc, TRANSPARENT);
-        const auto [paper, ink] = m_appearance.colors();
-        SetTextColor(dc, faint(ink, paper));
-        DrawTextA(dc, text.c_str(), -1, &area, DT_CENTER | DT_WORDBREAK | DT_NOPREFIX);
-    }
-    ReleaseDC(m_list.handle(), dc);
+    const fw::DcScope scope(m_list.handle());
+    const fw::SelectScope select(scope.dc(), fw::fontOf(m_list.handle()));
+    SetBkMode(scope.dc(), TRANSPARENT);
+    const auto [paper, ink] = m_appearance.colors();
+    SetTextColor(scope.dc(), faint(ink, paper));
+    DrawTextA(scope.dc(), text.c_str(), -1, &area, DT_CENTER | DT_WORDBREAK | DT_NOPREFIX);
 }
 
 // ---- Widths ----
@@ -188,7 +175,7 @@ int CListPainter::dataWidth(int item, const LongWork& work) const {
 }
 
 int CListPainter::roomIn(const RECT& cell) const {
-    return static_cast<int>(cell.right - cell.left) - 2 * margin();
+    return fw::widthOf(cell) - 2 * margin();
 }
 
 bool CListPainter::isCutOff(ListCell cell) const {

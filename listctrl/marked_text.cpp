@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "framework/drawing.h"
 #include "listctrl/list_colors.h"
 
 namespace mc {
@@ -41,8 +42,8 @@ std::vector<RECT> rectsOfRuns(const MarkedText& marked, std::size_t shown, const
 
 void paintBehind(HDC dc, const std::vector<RECT>& rects, COLORREF color) {
     const COLORREF paper = GetBkColor(dc);
-    SetBkColor(dc, fw::tinted(paper, color, kRunShare, GetTextColor(dc)));
-    for (const RECT& each : rects) ExtTextOutA(dc, 0, 0, ETO_OPAQUE, &each, nullptr, 0, nullptr);
+    const COLORREF ground = fw::tinted(paper, color, kRunShare, GetTextColor(dc));
+    for (const RECT& each : rects) fw::fill(dc, each, ground);
     SetBkColor(dc, paper);
 }
 
@@ -57,8 +58,7 @@ void drawLetters(HDC dc, const MarkedText& marked, const std::string& text, cons
 
 // In the text's colour, which is readable wherever the text is.
 void drawMark(HDC dc, const RECT& run, CellLook::Mark mark, int lineHeight) {
-    SetDCBrushColor(dc, GetTextColor(dc));
-    const auto brush = static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
+    const HBRUSH brush = fw::brushOf(dc, GetTextColor(dc));
     const RECT line{run.left, run.bottom - lineHeight, run.right, run.bottom};
     if (mark == CellLook::Mark::frame)
         FrameRect(dc, &run, brush);

@@ -27,12 +27,9 @@ const CTextWidths::CharWidths& CTextWidths::charWidths(HFONT font) const {
     if (!fresh) return at->second;
     const HWND list = m_list.handle();
     if (font == nullptr) font = fw::fontOf(list);
-    const HDC dc = GetDC(list);
-    {
-        const fw::SelectScope select(dc, font);
-        GetCharWidth32A(dc, 0, 255, at->second.data());
-    }
-    ReleaseDC(list, dc);
+    const fw::DcScope scope(list);
+    const fw::SelectScope select(scope.dc(), font);
+    GetCharWidth32A(scope.dc(), 0, 255, at->second.data());
     return at->second;
 }
 

@@ -6,6 +6,7 @@
 
 #include "framework/dialog.h"
 #include "framework/model/calls.h"
+#include "framework/platform.h"
 #include "sdk/host_text.h"
 
 namespace mc {
@@ -13,8 +14,7 @@ namespace {
 
 template <class Service>
 Service* hostService(const char* name) {
-    const auto found = GetProcAddress(GetModuleHandleA(nullptr), name);
-    return reinterpret_cast<Service*>(reinterpret_cast<void*>(found));
+    return fw::exported<Service>(GetModuleHandleA(nullptr), name);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include "framework/activation.h"
 #include "framework/dialog.h"
+#include "framework/hwnd.h"
 #include "framework/model/calls.h"
 #include "framework/window.h"
 #include "plugin/glyphs.h"
@@ -51,13 +52,11 @@ auto guarded(Body body) noexcept -> decltype(body()) {
 
 // A host's login dialog and splash window come and go beside its frame.
 bool isMainFrame(HWND window) {
-    constexpr DWORD kDialogClass = 0x8002;
     constexpr DWORD kFrameStyle = WS_CAPTION | WS_THICKFRAME | WS_VISIBLE;
     const auto style = static_cast<DWORD>(GetWindowLongPtrA(window, GWL_STYLE));
     const auto exStyle = static_cast<DWORD>(GetWindowLongPtrA(window, GWL_EXSTYLE));
     return (style & kFrameStyle) == kFrameStyle && (exStyle & WS_EX_TOOLWINDOW) == 0 &&
-           GetWindow(window, GW_OWNER) == nullptr &&
-           GetClassLongA(window, GCW_ATOM) != kDialogClass;
+           GetWindow(window, GW_OWNER) == nullptr && !fw::isDialog(window);
 }
 
 BOOL CALLBACK takeMainFrame(HWND window, LPARAM found) {

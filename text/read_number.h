@@ -1,6 +1,6 @@
 // Reads numbers from the front of texts, without allocation and independent of the locale: leading
-// blanks are skipped, and whatever follows the number is ignored ("12.5 lots" reads
-// as 12.5, "1,000" as 1, "1e" as 1).
+// blanks are skipped, and whatever follows the number is ignored ("12.5 lots" reads as 12.5,
+// "1,000" as 1, "1e" as 1).
 //
 // A number is decimal: "inf", "nan" and hexadecimal forms are no numbers ("0x1F" reads as 0), so
 // that a reading is never NaN and numbers are totally ordered. What is too large for the type

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "framework/drawing.h"
 #include "framework/model/dots.h"
 #include "framework/platform.h"
 
@@ -42,11 +43,6 @@ std::span<const std::string_view> markOf(SentDecision sent) {
     return {};
 }
 
-HBRUSH brushOfText(HDC dc) {
-    SetDCBrushColor(dc, GetTextColor(dc));
-    return static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
-}
-
 // Of the dots of a mark, from the origin. Null when the system has no more regions.
 fw::Region shapeOf(std::span<const std::string_view> mark, int dpi) {
     fw::Region shape(CreateRectRgn(0, 0, 0, 0)), run(CreateRectRgn(0, 0, 0, 0));
@@ -77,7 +73,7 @@ void ChangeLooks::drawMark(HDC dc, Mark mark, LONG left, const RECT& cell) const
     const LONG height = fw::toPixels(static_cast<int>(mark.size()), dpi);
     const int x = static_cast<int>(left), y = static_cast<int>(cell.top + cell.bottom - height) / 2;
     OffsetRgn(shape.get(), x, y);
-    FillRgn(dc, shape.get(), brushOfText(dc));
+    FillRgn(dc, shape.get(), fw::brushOf(dc, GetTextColor(dc)));
     OffsetRgn(shape.get(), -x, -y);
 }
 
@@ -89,7 +85,7 @@ void ChangeLooks::drawOver(HDC dc, std::size_t row, int item, const RECT& cell) 
     if (state.shown) {
         const RECT bar{cell.left + m_list.scaled(kBarLeft), cell.top,
                        cell.left + m_list.scaled(kBarRight), cell.bottom};
-        FillRect(dc, &bar, brushOfText(dc));
+        FillRect(dc, &bar, fw::brushOf(dc, GetTextColor(dc)));
     }
     if (state.reading == Reading::changedSince)
         drawMark(dc, kChanged, cell.left + m_list.scaled(kBesideBar), cell);

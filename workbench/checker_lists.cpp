@@ -23,16 +23,21 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
     main->create(m_holder.handle(), IDC_MAIN_LIST, kMainListName, kMainTitle);
     m_details.create();
     m_main = std::move(main);
+    m_holder.setViews({{m_main->handle(), kMainTitle, kMainListName,
+                        [this] { m_main->commands().run(kCustomizeCommand); },
+                        [this, &changes] { return mainNote(changes); }},
+                       m_details.view()});
+    openMain(changes);
+    m_details.open();
+}
+
+void CheckerLists::openMain(PendingChanges& changes) {
     m_main->painter().setEmptyText(emptyQueueText(changes.states().arrivals()));
     m_main->onUpdate([this, &changes] {
         m_main->painter().setEmptyText(emptyQueueText(changes.states().arrivals()));
         m_holder.noteChanged(kMainView);
         m_news();
     });
-    m_holder.setViews({{m_main->handle(), kMainTitle, kMainListName,
-                        [this] { m_main->commands().run(kCustomizeCommand); },
-                        [this, &changes] { return mainNote(changes); }},
-                       m_details.view()});
     m_main->setColumns(
         kMainColumns,
         [&changes](Slot change, ColumnId column) {
@@ -46,7 +51,6 @@ void CheckerLists::open(HWND pane, const RECT& rect, PendingChanges& changes) {
         [this, &changes] { return std::string(kMainTitle) + " - " + mainNote(changes); });
     m_main->commands().offerColumns(true, true);
     m_main->storeChanged();
-    m_details.open();
 }
 
 void CheckerLists::onNews(const std::function<void()>& news) {

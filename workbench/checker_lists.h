@@ -62,6 +62,7 @@ public:
     void statesChanged() override { rowsChanged(); }
 
 private:
+    void openMain(PendingChanges& changes);
     std::string mainNote(const PendingChanges& changes) const;
 
     ListServices& m_services;

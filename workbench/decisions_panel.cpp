@@ -11,9 +11,6 @@ namespace {
 constexpr char kListName[] = "Maker Checker Decisions List";
 constexpr char kTitle[] = "Maker Checker Decisions";
 
-// A press is always about an identified change.
-constexpr std::array kMandatory{ColumnId{1}, ColumnId{2}};
-
 std::string titleOf(const DecisionLog& log) {
     return "Decisions of this session: " + log.summary();
 }
@@ -34,7 +31,7 @@ bool DecisionsPanel::create(HWND pane, DecisionLog& log) {
     m_list->setColumns(
         kDecisionColumns,
         [&log](Slot decision, ColumnId column) { return log.cellText(decision, column); },
-        kMandatory);
+        kMandatoryDecisionColumns);
     m_list->access().setListName([&log] { return titleOf(log); });
     m_list->commands().offerColumns(true, false);
     m_list->storeChanged();

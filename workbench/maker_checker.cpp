@@ -204,7 +204,7 @@ void CMakerChecker::run(PaneCommand command) {
     }
 }
 
-// What a button does stands in its tip, before the key.
+// A button's tip says what it does, then its key.
 void CMakerChecker::showKeys() {
     std::vector<fw::KeyWords> buttons;
     for (const fw::ActionKey& each : DecisionButtons::keys()) {

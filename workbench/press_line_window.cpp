@@ -6,9 +6,11 @@
 #include <utility>
 #include <vector>
 
+#include "framework/drawing.h"
 #include "framework/handles.h"
 #include "framework/hwnd.h"
 #include "listctrl/list_colors.h"
+#include "listctrl/text_widths.h"
 
 namespace mc {
 namespace {
@@ -18,7 +20,6 @@ constexpr UINT_PTR kOnceTimer = 2;
 constexpr UINT_PTR kTool = 1;
 constexpr int kOneLineWidth = 640;  // at 96 dots per inch; in a narrower pane there are two lines
 constexpr int kTipWidth = 480;
-constexpr std::string_view kCutOff = "...";
 
 int widthOf(HDC dc, std::string_view text) {
     SIZE size{};
@@ -104,6 +105,65 @@ struct CPressLine::Piece {
     enum Kind { plain, warning, link } kind;
     std::string text;
     int x, line, width;
+};
+
+// The words of the line, from the left: as many as fit into one line of text, or into two.
+class CPressLine::Flow {
+public:
+    // `last` is the number of the last line; at its end `kept` pixels stay free.
+    Flow(HDC dc, int width, int last, int kept)
+        : m_dc(dc), m_width(width), m_last(last), m_kept(kept) {}
+
+    // Each run of one kind in a line is one piece. False: not all of the text fits.
+    bool add(Piece::Kind kind, std::string_view text) {
+        while (!text.empty())
+            if (!addWord(kind, takeWord(text))) return false;
+        return true;
+    }
+
+    // Takes off as many characters as dots need behind what is left.
+    void endInDots() {
+        while (!m_pieces.empty() && !addHere(m_pieces.back().kind, std::string(kDots))) {
+            Piece& back = m_pieces.back();
+            back.text.pop_back();
+            m_x = back.x;
+            if (back.text.empty()) m_pieces.pop_back();
+        }
+    }
+
+    // The action, in what was kept for it.
+    void addLink(int gap, int width) {
+        m_pieces.push_back({Piece::link, kSelectPair, m_x + gap, m_line, width});
+    }
+
+    std::vector<Piece> take() { return std::move(m_pieces); }
+
+private:
+    bool addWord(Piece::Kind kind, const std::string& word) {
+        if (addHere(kind, word)) return true;
+        if (m_x == 0 || m_line == m_last) return false;
+        m_x = 0, ++m_line;
+        return addHere(kind, word);
+    }
+
+    // False, and nothing is added, where the word does not fit into the line.
+    bool addHere(Piece::Kind kind, const std::string& word) {
+        const bool joins =
+            !m_pieces.empty() && m_pieces.back().kind == kind && m_pieces.back().line == m_line;
+        const int start = joins ? m_pieces.back().x : m_x;
+        const std::string text = joins ? m_pieces.back().text + word : word;
+        const int width = widthOf(m_dc, text);
+        if (start + width > (m_line < m_last ? m_width : m_width - m_kept)) return false;
+        if (joins) m_pieces.pop_back();
+        m_pieces.push_back({kind, text, start, m_line, width});
+        m_x = start + width;
+        return true;
+    }
+
+    const HDC m_dc;
+    const int m_width, m_last, m_kept;
+    int m_x = 0, m_line = 0;  // where the next word goes
+    std::vector<Piece> m_pieces;
 };
 
 CPressLine::CPressLine(Describe describe) : m_describe(std::move(describe)) {}
@@ -203,48 +263,17 @@ void CPressLine::onTimer(UINT_PTR timer) {
 
 // ---- Drawing ----
 
-// As many words as fit, each run of one kind in a line drawn as one text. What does not fit ends in
-// dots; the action always fits behind it.
+// What does not fit ends in dots; the action always fits behind it.
 std::vector<CPressLine::Piece> CPressLine::layOut(HDC dc) {
     const int width = static_cast<int>(clientRect().right);
-    const int last = width < scaled(kOneLineWidth) ? 1 : 0;
-    const int gap = scaled(8), linkWidth = m_line.offersPair ? widthOf(dc, kSelectPair) : 0;
-    std::vector<Piece> pieces;
-    int x = 0, line = 0;
-    // False, and nothing is added, where the word does not fit.
-    const auto add = [&](Piece::Kind kind, const std::string& word) {
-        const bool joins =
-            !pieces.empty() && pieces.back().kind == kind && pieces.back().line == line;
-        const int start = joins ? pieces.back().x : x;
-        const std::string text = joins ? pieces.back().text + word : word;
-        const int wide = widthOf(dc, text);
-        if (start + wide > (line < last || linkWidth == 0 ? width : width - linkWidth - gap))
-            return false;
-        if (joins) pieces.pop_back();
-        pieces.push_back({kind, text, start, line, wide});
-        x = start + wide;
-        return true;
-    };
-    bool cutOff = false;
-    for (const auto kind : {Piece::warning, Piece::plain}) {
-        std::string_view text = kind == Piece::warning ? m_line.warning : m_line.text;
-        while (!text.empty() && !cutOff) {
-            const std::string word = takeWord(text);
-            if (add(kind, word)) continue;
-            const bool goesOn = x > 0 && line < last;
-            if (goesOn) x = 0, ++line;
-            cutOff = !goesOn || !add(kind, word);
-        }
-    }
-    while (cutOff && !pieces.empty() && !add(pieces.back().kind, std::string(kCutOff))) {
-        Piece& back = pieces.back();
-        back.text.pop_back();
-        x = back.x;
-        if (back.text.empty()) pieces.pop_back();
-    }
-    if (linkWidth != 0) pieces.push_back({Piece::link, kSelectPair, x + gap, line, linkWidth});
-    showTip(cutOff);
-    return pieces;
+    const int gap = scaled(8), link = m_line.offersPair ? widthOf(dc, kSelectPair) : 0;
+    Flow flow(dc, width, width < scaled(kOneLineWidth) ? 1 : 0, link != 0 ? link + gap : 0);
+    const bool whole =
+        flow.add(Piece::warning, m_line.warning) && flow.add(Piece::plain, m_line.text);
+    if (!whole) flow.endInDots();
+    if (link != 0) flow.addLink(gap, link);
+    showTip(!whole);
+    return flow.take();
 }
 
 void CPressLine::onPaint() {
@@ -266,8 +295,7 @@ void CPressLine::onPaint() {
         if (piece.kind != Piece::link) continue;
         m_link = {piece.x, y, piece.x + piece.width, y + height};
         const RECT underline{m_link.left, m_link.bottom - scaled(1), m_link.right, m_link.bottom};
-        SetBkColor(paint.dc(), linkColor());
-        ExtTextOutA(paint.dc(), 0, 0, ETO_OPAQUE, &underline, nullptr, 0, nullptr);
+        fw::fill(paint.dc(), underline, linkColor());
     }
 }
 

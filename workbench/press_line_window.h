@@ -55,6 +55,7 @@ protected:
 private:
     class Watch;
     struct Piece;
+    class Flow;
 
     void hovered(std::optional<PressButton> button);
     PressButton button() const;

@@ -25,7 +25,7 @@ namespace {
 constexpr std::int32_t kUnreadable = -1;
 constexpr std::size_t kFieldHead = 2 * sizeof(std::int32_t);
 
-// Stands in front of a scratch buffer; the handle points behind it.
+// Lies in front of a scratch buffer; the handle points behind it.
 struct alignas(std::max_align_t) ScratchHead {
     std::size_t size;
 };

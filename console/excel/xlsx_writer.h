@@ -13,6 +13,6 @@ inline constexpr int kMaxSheetRows = 1048576;
 inline constexpr int kMaxSheetColumns = 16384;
 
 // True when the file is complete. Asks for every cell once, row by row; stops asking when the sink
-// fails or the callback says kStopExport. False, before anything is asked or written, for a sheet of
-// no or too many rows or columns.
+// fails or the callback says kStopExport. False, before anything is asked or written, for a sheet
+// of no or too many rows or columns.
 bool writeXlsx(int rows, int columns, void* list, CellCallback* cell, ByteSink sink);

@@ -2,7 +2,8 @@
 // headers of sdk/ only, knows nothing of docking (the pane floats) and has no manifest.
 //
 //   minimal           opens the window; F12 is the hot key
-//   minimal --smoke   presses F12, looks for the pane, closes; ends with 0 when it was there, with new controls
+//   minimal --smoke   presses F12, looks for the pane, closes; ends with 0 when it was there, with
+//                     new controls
 //
 // Built with nothing but a compiler: g++ -std=c++20 -I. console/minimal/minimal.cpp -o minimal.exe
 #include <windows.h>

@@ -1,7 +1,7 @@
 // The simulated authorization server: makers submit changes, checkers decide them.
 //
-//   1. registry().put() users and clients that exist, connect receivers, subscribe them:
-//   connections().
+//   1. registry().put() users and clients that exist; connections() connects receivers and
+//      subscribes them.
 //   2. submit() a maker's change: it gets a key, waits, and is published as "auth pending".
 //   3. handle() a checker's requests; decideAs() plays another checker.
 //   4. connections().deliverNext() hands out what all of these have queued, one message per call.
@@ -68,7 +68,6 @@ public:
                          const std::string& reason);
 
     // A look inside, for tests and for the console's own windows.
-    std::size_t pendingCount() const { return m_pending.size(); }
     std::vector<std::string> pendingKeys() const;  // in order of arrival
     const Change* pending(const std::string& key) const;
     std::optional<Decision> decision(const std::string& key) const;

@@ -38,9 +38,8 @@
 //   quit
 //
 // ROW is the key of a change (1001), a position in the list from 1 (#2), or an entity name in
-// quotes
-// ("DLR101"). Inside quotes \" and \\ mean a quote and a backslash. A '#' that begins a line
-// begins a comment.
+// quotes ("DLR101"). Inside quotes \" and \\ mean a quote and a backslash. A '#' that begins a
+// line begins a comment.
 #pragma once
 
 #include <string>

@@ -11,8 +11,8 @@
 //   user       broker, branch, type
 //   client     owner (the user it belongs to), broker, branch, group, type
 //   change     add-user, modify-user, delete-user, add-client, modify-client, delete-client,
-//   limits,
-//              or any code as a number; then type, maker, broker, branch, group, user, client
+//              limits, or any code as a number; then type, maker, broker, branch, group, user,
+//              client
 //
 // A value reaches from the '=' to the end of the line, without the blanks around it. In a field, a
 // bar with blanks (or nothing) on both sides separates occurrences, so a bar inside a text stays

@@ -152,24 +152,36 @@ std::vector<Work> sessions() {
     return all;
 }
 
-int verify(const std::vector<std::wstring>& names) {
-    wchar_t program[MAX_PATH] = L"";
-    GetModuleFileNameW(nullptr, program, MAX_PATH);
-    fs::current_path(fs::path(program).parent_path());
-    fs::create_directories(kShots);
-    fw::makeDpiAware();  // pictures are taken in the screen's own pixels
-    Facts facts = systemFacts();
-    for (const auto& file : fs::directory_iterator(L"."))
-        if (file.path().extension() == L".dll" || file.path().extension() == L".exe")
-            facts.emplace_back(utf8(file.path().filename().wstring()), versionOf(file.path()));
-
-    const SettingsAside settings;
+// Suites, then sessions; those of these names, or all.
+std::vector<Work> worksOf(const std::vector<std::wstring>& names) {
     std::vector<Work> works = suites();
     std::ranges::copy(sessions(), std::back_inserter(works));
     if (!names.empty())
         std::erase_if(works, [&](const Work& work) {
             return std::ranges::find(names, work.name) == names.end();
         });
+    return works;
+}
+
+// What the report says of the system, and of the programs beside this one.
+Facts allFacts() {
+    Facts facts = systemFacts();
+    for (const auto& file : fs::directory_iterator(L"."))
+        if (file.path().extension() == L".dll" || file.path().extension() == L".exe")
+            facts.emplace_back(utf8(file.path().filename().wstring()), versionOf(file.path()));
+    return facts;
+}
+
+int verify(const std::vector<std::wstring>& names) {
+    wchar_t program[MAX_PATH] = L"";
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    fs::current_path(fs::path(program).parent_path());
+    fs::create_directories(kShots);
+    fw::makeDpiAware();  // pictures are taken in the screen's own pixels
+    const Facts facts = allFacts();
+
+    const SettingsAside settings;
+    const std::vector<Work> works = worksOf(names);
     std::vector<Result> results;
     for (const Work& work : works) {
         std::printf("%zu of %zu: %ls ... ", results.size() + 1, works.size(), work.name.c_str());

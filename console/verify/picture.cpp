@@ -1,4 +1,6 @@
 #include "console/verify/verify.h"
+#include "framework/handles.h"
+#include "framework/hwnd.h"
 
 #include <objidl.h>
 
@@ -35,15 +37,15 @@ RECT onScreen(const RECT& box) {
 
 // The caller deletes it; null when there is nothing to see.
 HBITMAP copyOfScreen(const RECT& box) {
-    const int width = box.right - box.left, height = box.bottom - box.top;
-    const HDC screen = GetDC(nullptr);
-    const HBITMAP copy = CreateCompatibleBitmap(screen, width, height);
-    const HDC memory = CreateCompatibleDC(screen);
-    const HGDIOBJ before = SelectObject(memory, copy);
-    BitBlt(memory, 0, 0, width, height, screen, box.left, box.top, SRCCOPY | CAPTUREBLT);
-    SelectObject(memory, before);
+    const int width = fw::widthOf(box), height = fw::heightOf(box);
+    const fw::DcScope screen(nullptr);
+    const HBITMAP copy = CreateCompatibleBitmap(screen.dc(), width, height);
+    const HDC memory = CreateCompatibleDC(screen.dc());
+    {
+        const fw::SelectScope select(memory, copy);
+        BitBlt(memory, 0, 0, width, height, screen.dc(), box.left, box.top, SRCCOPY | CAPTUREBLT);
+    }
     DeleteDC(memory);
-    ReleaseDC(nullptr, screen);
     return copy;
 }
 

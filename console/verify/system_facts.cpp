@@ -1,4 +1,5 @@
 #include "console/verify/verify.h"
+#include "framework/handles.h"
 #include "framework/platform.h"
 
 namespace verify {
@@ -6,8 +7,7 @@ namespace {
 
 template <class Function>
 Function* named(const wchar_t* library, const char* name) {
-    return reinterpret_cast<Function*>(
-        reinterpret_cast<void*>(GetProcAddress(LoadLibraryW(library), name)));
+    return fw::exported<Function>(LoadLibraryW(library), name);
 }
 
 std::string windowsVersion() {
@@ -41,9 +41,8 @@ std::string monitors() {
 }
 
 std::string systemDpi() {
-    const HDC screen = GetDC(nullptr);
-    const int depth = GetDeviceCaps(screen, BITSPIXEL);
-    ReleaseDC(nullptr, screen);
+    const fw::DcScope screen(nullptr);
+    const int depth = GetDeviceCaps(screen.dc(), BITSPIXEL);
     return std::to_string(fw::systemDpi()) + ", " + std::to_string(depth) + " bits a pixel";
 }
 

@@ -74,8 +74,6 @@ public:
             for (const sMCListStruct& row : group.content.rows) visit(row);
     }
 
-    std::size_t groupCount() const { return m_groups.size(); }
-
     // The line in a row; null beyond the end. Lives until clear().
     Line* lineAt(std::size_t row);
 

@@ -49,8 +49,8 @@ int daysIn(int month, int year) {
 
 std::optional<DateTimeParts> readDateTime(std::string_view text, DateTimeForm form) {
     DateTimeParts parts{};
-    const std::size_t most = form == DateTimeForm::date ? kDateParts : kParts.size();
-    for (std::size_t i = 0; i < most; ++i) {
+    const std::size_t count = form == DateTimeForm::date ? kDateParts : kParts.size();
+    for (std::size_t i = 0; i < count; ++i) {
         const bool mayEnd = i == kHour || i > kMinute;
         if (mayEnd && text.empty()) break;
         if (!take(text, kParts[i], parts)) return std::nullopt;

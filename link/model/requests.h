@@ -30,10 +30,10 @@ inline constexpr char kGetFunctionalityDetails[] = "om_get_functionality_details
 // Limit values that the checker edited: mnemonic id to text, sent in ascending order of id.
 using ModifiedValues = std::map<int, std::string>;
 
-// What the details list shows.
-struct DetailsOnShow {
-    std::optional<std::string> key;  // of the change whose details were asked for last
-    ModifiedValues modifiedValues;   // edits of those details, not yet sent
+// The details that were asked for last.
+struct AskedDetails {
+    std::optional<std::string> key;  // of their change; none before the first
+    ModifiedValues modifiedValues;   // edits that are not yet sent
 };
 
 enum class RequestKind { accept, reject, update, recover };
@@ -51,7 +51,7 @@ struct TriedRequest {
 class Requests {
 public:
     // All three must outlive the object.
-    Requests(Host& host, serverLink& link, DetailsOnShow& details)
+    Requests(Host& host, serverLink& link, AskedDetails& details)
         : m_host(host), m_link(link), m_details(details) {}
 
     // Called after each try, before the call that made it returns; one listener at most. What it is
@@ -95,7 +95,7 @@ private:
 
     Host& m_host;
     serverLink& m_link;
-    DetailsOnShow& m_details;
+    AskedDetails& m_details;
     TriedListener m_tried;
 };
 

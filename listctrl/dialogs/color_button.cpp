@@ -1,5 +1,7 @@
 #include "listctrl/dialogs/color_button.h"
 
+#include "framework/drawing.h"
+
 namespace mc {
 
 const fw::MessageMap& CColorButton::messageMap() const {
@@ -34,11 +36,9 @@ LRESULT CColorButton::onDrawItem(const DRAWITEMSTRUCT& draw) {
 
 void drawColor(HDC dc, const RECT& rect, COLORREF color, COLORREF frame) {
     RECT inner = rect;
-    SetBkColor(dc, frame);
-    ExtTextOutA(dc, 0, 0, ETO_OPAQUE, &inner, nullptr, 0, nullptr);
     InflateRect(&inner, -1, -1);
-    SetBkColor(dc, color);
-    ExtTextOutA(dc, 0, 0, ETO_OPAQUE, &inner, nullptr, 0, nullptr);
+    fw::fill(dc, rect, frame);
+    fw::fill(dc, inner, color);
 }
 
 }  // namespace mc

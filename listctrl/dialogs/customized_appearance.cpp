@@ -6,6 +6,7 @@
 
 #include "framework/controls.h"
 #include "framework/dialog.h"
+#include "framework/platform.h"
 #include "framework/point_font.h"
 #include "framework/tool_tip.h"
 #include "listctrl/dialogs/color_button.h"
@@ -224,11 +225,11 @@ LRESULT CCustomizedAppearance::drawFont(const DRAWITEMSTRUCT& draw) const {
     RECT rect = draw.rcItem;
     drawColor(draw.hDC, rect, m_edit.color(ColorProperty::background), GetSysColor(COLOR_BTNTEXT));
     InflateRect(&rect, -2, -2);
-    const int dpi = scaled(USER_DEFAULT_SCREEN_DPI);
-    const int most = MulDiv(fw::heightOf(rect) * 3 / 4, 72, dpi);
+    const int dpi = fw::dpiOf(handle());
+    const int largest = MulDiv(fw::heightOf(rect) * 3 / 4, 72, dpi);
     const int points = fontPoints(m_edit.fontSize()).value_or(kStandardPoints);
     {
-        const fw::Font font = fw::pointFont(m_edit.fontFace(), std::min(points, most), dpi);
+        const fw::Font font = fw::pointFont(m_edit.fontFace(), std::min(points, largest), dpi);
         const fw::SelectScope select(draw.hDC, font.get());
         SetBkMode(draw.hDC, TRANSPARENT);
         SetTextColor(draw.hDC, m_edit.color(ColorProperty::text));

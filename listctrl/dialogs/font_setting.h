@@ -10,7 +10,6 @@ namespace mc {
 
 class CFontSettingDlg final : public fw::CDialog {
 public:
-    CFontSettingDlg() = default;
     // The texts that OK without a selection keeps. The dialog opens with Arial and 8 selected,
     // whatever they are.
     CFontSettingDlg(std::string face, std::string size)

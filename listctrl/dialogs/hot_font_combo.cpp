@@ -4,6 +4,7 @@
 
 #include "framework/controls.h"
 #include "framework/hwnd.h"
+#include "framework/platform.h"
 #include "framework/point_font.h"
 #include "listctrl/dialogs/model/appearance_edit.h"
 
@@ -73,7 +74,7 @@ LRESULT CHotFontCombo::onDrawItem(const DRAWITEMSTRUCT& draw) {
     FillRect(draw.hDC, &rect, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
     const std::string face = fw::Combo(handle()).text(draw.itemID);
     if (face.empty()) return TRUE;  // the box with nothing selected
-    const fw::Font font = fw::pointFont(face, kEntryPoints, scaled(USER_DEFAULT_SCREEN_DPI));
+    const fw::Font font = fw::pointFont(face, kEntryPoints, fw::dpiOf(handle()));
     const fw::SelectScope select(draw.hDC, font.get());
     SetBkMode(draw.hDC, TRANSPARENT);
     SetTextColor(draw.hDC, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "framework/list_view.h"
 #include "listctrl/dialogs/color_button.h"
 
 namespace mc {
@@ -15,42 +16,28 @@ constexpr int kColorColumn = 1;
 
 void CKeywordList::attach(HWND list) {
     m_list = list;
-    ListView_SetExtendedListViewStyleEx(list, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
-    for (int column = 0; column < static_cast<int>(std::size(kCaptions)); ++column) {
-        LVCOLUMNA info{};
-        info.mask = LVCF_TEXT | LVCF_WIDTH;
-        info.pszText = const_cast<char*>(kCaptions[column]);
-        info.cx = fw::scaledFor(list, kColumnWidth);
-        ListView_InsertColumn(list, column, &info);
-    }
+    const fw::ListView view(list);
+    view.setExtendedStyle(LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
+    for (int column = 0; const char* caption : kCaptions)
+        view.insertColumn(column++, caption, fw::scaledFor(list, kColumnWidth), LVCFMT_LEFT);
 }
 
 // Each row carries its colour.
 void CKeywordList::show(const std::vector<Keyword>& keywords) {
-    ListView_DeleteAllItems(m_list);
-    int row = 0;
-    for (const Keyword& keyword : keywords) {
-        LVITEMA item{};
-        item.mask = LVIF_TEXT | LVIF_PARAM;
-        item.iItem = row++;
-        item.pszText = const_cast<char*>(keyword.text.c_str());
-        item.lParam = static_cast<LPARAM>(keyword.color);
-        ListView_InsertItem(m_list, &item);
-    }
+    const fw::ListView view(m_list);
+    view.removeRows();
+    for (const Keyword& keyword : keywords)
+        view.addRow(keyword.text, static_cast<LPARAM>(keyword.color));
 }
 
 std::vector<std::size_t> CKeywordList::selected() const {
-    std::vector<std::size_t> indexes;
-    for (int row = -1; (row = ListView_GetNextItem(m_list, row, LVNI_SELECTED)) >= 0;)
-        indexes.push_back(static_cast<std::size_t>(row));
-    return indexes;
+    return fw::ListView(m_list).selectedRows();
 }
 
 void CKeywordList::select(std::size_t index) {
-    const int rows = ListView_GetItemCount(m_list);
-    if (rows == 0) return;
-    const int row = std::min(static_cast<int>(index), rows - 1);
-    ListView_SetItemState(m_list, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    const fw::ListView view(m_list);
+    if (const std::size_t rows = view.rowCount(); rows != 0)
+        view.select(std::min(index, rows - 1), true);
 }
 
 // The platform draws the row; the colour goes on top of its empty second cell.

@@ -6,6 +6,7 @@
 #include "framework/controls.h"
 #include "framework/dialog.h"
 #include "framework/handles.h"
+#include "framework/list_view.h"
 #include "res/resource_ids.h"
 
 namespace mc {
@@ -22,25 +23,14 @@ constexpr int kSortControls[] = {IDC_CP_SORT_GROUP, IDC_CP_SORT_FOR, IDC_CP_SORT
 constexpr int kBottomButtons[] = {IDC_CP_VIEW, IDOK, IDC_CP_DEFAULT, IDCANCEL};
 constexpr int kSortGroupHeight = 36;  // dialog units, with the gap below
 
-Rows selectedRows(HWND list) {
-    Rows rows;
-    for (int row = -1; (row = ListView_GetNextItem(list, row, LVNI_SELECTED)) >= 0;)
-        rows.push_back(static_cast<std::size_t>(row));
-    return rows;
-}
-
-void setRowState(HWND list, std::size_t row, UINT state) {
-    ListView_SetItemState(list, row, state, LVIS_SELECTED | LVIS_FOCUSED);
-}
-
 // Selects the rows, and scrolls to them from where the list was.
-void selectRows(HWND list, const Rows& rows, int top) {
-    ListView_EnsureVisible(list, top + ListView_GetCountPerPage(list) - 1, FALSE);
-    for (const std::size_t row : rows) setRowState(list, row, LVIS_SELECTED);
+void selectRows(fw::ListView list, const Rows& rows, std::size_t top) {
+    list.bringIntoView(top + list.rowsPerPage() - 1);
+    for (const std::size_t row : rows) list.select(row, false);
     if (rows.empty()) return;
-    setRowState(list, rows.front(), LVIS_SELECTED | LVIS_FOCUSED);
-    ListView_EnsureVisible(list, rows.back(), FALSE);
-    ListView_EnsureVisible(list, rows.front(), FALSE);
+    list.select(rows.front(), true);
+    list.bringIntoView(rows.back());
+    list.bringIntoView(rows.front());
 }
 
 // The rows of `wanted` among these columns.
@@ -86,10 +76,9 @@ private:
     LRESULT onInitDialog() {
         m_shown.attach(item(IDC_CP_SHOWN));
         for (const int id : {IDC_CP_AVAILABLE, IDC_CP_SHOWN}) {
-            LVCOLUMNA column{};
-            ListView_InsertColumn(item(id), 0, &column);
-            ListView_SetExtendedListViewStyleEx(item(id), LVS_EX_FULLROWSELECT,
-                                                LVS_EX_FULLROWSELECT);
+            const fw::ListView list(item(id));
+            list.insertColumn(0, "", 0, LVCFMT_LEFT);
+            list.setExtendedStyle(LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
         }
         for (const auto& sort : kSorts) sorts().add(sort.text);
         if (!m_offersSort) leaveSortOut();
@@ -111,35 +100,32 @@ private:
 
     // ---- The two lists ----
 
-    void fill(HWND list, const std::vector<ColumnId>& columns, const Rows& selected) {
-        const int top = ListView_GetTopIndex(list);
+    void fill(int id, const std::vector<ColumnId>& columns, const Rows& selected) {
+        const fw::ListView list(item(id));
+        const std::size_t top = list.topRow();
         m_filling = true;
         {
-            const fw::RedrawOffScope off(list);
-            ListView_DeleteAllItems(list);
-            for (std::size_t row = 0; row < columns.size(); ++row) {
-                LVITEMA entry{};
-                entry.mask = LVIF_TEXT;
-                entry.iItem = static_cast<int>(row);
-                entry.pszText = const_cast<char*>(m_choice.caption(columns[row]).c_str());
-                ListView_InsertItem(list, &entry);
-            }
-            ListView_SetColumnWidth(list, 0, LVSCW_AUTOSIZE_USEHEADER);
+            const fw::RedrawOffScope off(item(id));
+            list.removeRows();
+            for (const ColumnId column : columns) list.addRow(m_choice.caption(column));
+            list.setColumnWidth(0, LVSCW_AUTOSIZE_USEHEADER);
         }
         selectRows(list, selected, top);
         m_filling = false;
     }
 
+    Rows selectedRows(int id) const { return fw::ListView(item(id)).selectedRows(); }
+
     void fillAvailable(const Rows& selected) {
-        fill(item(IDC_CP_AVAILABLE), m_choice.available(), selected);
+        fill(IDC_CP_AVAILABLE, m_choice.available(), selected);
     }
     void fillShown(const Rows& selected) {
-        fill(item(IDC_CP_SHOWN), m_choice.shown(), selected);
+        fill(IDC_CP_SHOWN, m_choice.shown(), selected);
         showSort();
     }
 
     void onAdd() {
-        const Rows rows = selectedRows(item(IDC_CP_AVAILABLE));
+        const Rows rows = selectedRows(IDC_CP_AVAILABLE);
         if (rows.empty()) return;
         const Rows added = m_choice.add(rows);
         fillAvailable({});
@@ -148,7 +134,7 @@ private:
     }
 
     void onRemove() {
-        const Rows rows = selectedRows(item(IDC_CP_SHOWN));
+        const Rows rows = selectedRows(IDC_CP_SHOWN);
         if (rows.empty()) return;
         std::vector<ColumnId> asked;
         for (const std::size_t row : rows) asked.push_back(m_choice.shown()[row]);
@@ -163,11 +149,11 @@ private:
     void onUp() { rowsMoved(false); }
     void onDown() { rowsMoved(true); }
     void rowsMoved(bool down) override {
-        const Rows rows = selectedRows(item(IDC_CP_SHOWN));
+        const Rows rows = selectedRows(IDC_CP_SHOWN);
         fillShown(down ? m_choice.moveDown(rows) : m_choice.moveUp(rows));
     }
     void rowsDropped(std::size_t before) override {
-        fillShown(m_choice.move(selectedRows(item(IDC_CP_SHOWN)), before));
+        fillShown(m_choice.move(selectedRows(IDC_CP_SHOWN), before));
     }
     LRESULT onBeginDrag(NMHDR& drag) {
         return reflectNotify(drag.idFrom, reinterpret_cast<LPARAM>(&drag));
@@ -179,7 +165,7 @@ private:
 
     // The column that the group is about: the first one selected.
     std::optional<ColumnId> sortColumn() const {
-        const Rows rows = selectedRows(item(IDC_CP_SHOWN));
+        const Rows rows = selectedRows(IDC_CP_SHOWN);
         if (rows.empty()) return std::nullopt;
         return m_choice.shown()[rows.front()];
     }

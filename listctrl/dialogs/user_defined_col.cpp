@@ -2,6 +2,7 @@
 
 #include "framework/controls.h"
 #include "framework/dialog.h"
+#include "framework/hwnd.h"
 #include "listctrl/dialogs/model/user_column.h"
 #include "res/resource_ids.h"
 
@@ -93,9 +94,8 @@ private:
     template <std::size_t button>
     void onOperator() {
         std::string text = itemText(IDC_UC_EXPRESSION);
-        const bool ctrl = GetKeyState(VK_CONTROL) < 0;
-        show(pressButton(kExpressionButtons[button], ctrl, selectedIn(IDC_UC_COLUMNS), m_columns,
-                         text),
+        show(pressButton(kExpressionButtons[button], fw::isDown(VK_CONTROL),
+                         selectedIn(IDC_UC_COLUMNS), m_columns, text),
              text);
     }
 

@@ -64,8 +64,7 @@ public:
 
     // True: the list is to be filtered. Enter applies the selected line of an open drop-down, or
     // else the text; it filters again though nothing changed. Only an open drop-down has lines to
-    // choose.
-    // Nothing that is typed applies behind one.
+    // choose, and nothing that is typed applies behind one.
     bool paused() { return !m_open && apply(); }
     bool entered(std::optional<Line> line);
     bool escaped();

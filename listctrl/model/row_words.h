@@ -27,10 +27,9 @@ std::string rowName(std::span<const NamedText> cells, std::string_view state);
 // What a listener knows of a list.
 struct ListSnapshot {
     std::size_t rows = 0;
-    std::optional<std::size_t> focus =
-        {};  // the row, the record there and its name if anyone hears
-    Slot record = kNoSlot;
-    std::string name = {};
+    std::optional<std::size_t> focus = {};  // the row
+    Slot record = kNoSlot;                  // there
+    std::string name = {};                  // of that row, if anyone hears
     bool focusSelected = false;
     std::size_t selected = 0;     // how many
     std::uint64_t selection = 0;  // counts the changes of the selection

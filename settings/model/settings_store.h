@@ -1,19 +1,20 @@
 // The settings store: the one file in which every display preference of a user is kept.
 //
-//   section                        key                      value
-//   a list's name                  COLUMNPROFILE            listctrl/model/columns/column_profile.h
-//   CUSTOMIZE_LISTS                <list name>-<control id> listctrl/model/columns/appearance.h
-//   HOLDER_FRAME_SPLITTER_SIZE     a pane's key name        height or width, pixels at 96 dots per
-//   inch VOSK_DIALOG_BAR_SIZE           a bar's control id       width,height, pixels at 96 dots
-//   per inch
+//   section                     key                       value
+//   a list's name               COLUMNPROFILE             listctrl/model/columns/column_profile.h
+//   CUSTOMIZE_LISTS             <list name>-<control id>  listctrl/model/columns/appearance.h
+//   HOLDER_FRAME_SPLITTER_SIZE  a pane's key name         height or width
+//   VOSK_DIALOG_BAR_SIZE        a bar's control id        width,height
+//
+// Sizes are in pixels at 96 dots per inch.
 //
 // The file is UserSetting.ini in Ostravine\VoskTrader under the user's roaming application data.
 // Its path is built, and its folder created, on every access; the folder's parent never is, so
 // where it is missing reads and writes fail and the callers' defaults stay in force.
 //
 // The accessors return 1 on success and 0 on failure and show nothing. Values are single-byte text
-// on one line; a value longer than kMaxValue is read back cut to that. The platform takes
-// blanks around a value off, and one pair of quotes. Thread: the user-interface thread.
+// on one line; a value longer than kMaxValue is read back cut to that. The platform takes blanks
+// around a value off, and one pair of quotes. Thread: the user-interface thread.
 #pragma once
 
 #include <cstddef>
@@ -35,8 +36,8 @@ inline constexpr char kCustomizeListsSection[] = "CUSTOMIZE_LISTS";
 inline constexpr char kSplitterSection[] = "HOLDER_FRAME_SPLITTER_SIZE";
 inline constexpr char kDialogBarSection[] = "VOSK_DIALOG_BAR_SIZE";
 
-// The file services below the store: the platform's in settings/settings_store.h, and a fake in the
-// native tests.
+// The file services below the store: the platform's in settings/settings_store.h, and in the tests
+// the same in a scratch folder.
 class SettingsFiles {
 public:
     // The roaming application-data folder, without a separator at its end; empty when unknown.

@@ -32,7 +32,7 @@ struct RequestsFixture {
     FakeHost host;
     AnswerRecorder answers;
     std::optional<serverLink> link;
-    DetailsOnShow details{"shown before", {{64210, "12"}, {41236, "7"}, {64037, "E"}}};
+    AskedDetails details{"shown before", {{64210, "12"}, {41236, "7"}, {64037, "E"}}};
     std::optional<Requests> requests;
 };
 

@@ -172,6 +172,17 @@ TEST_F(MarqueeTest, IsAlwaysWhatItTouchesNow) {
     }
 }
 
+TEST_F(MarqueeTest, WhatAFilterHidesMeanwhileIsNotSelectedAgain) {
+    press(false, {120, 59});
+    m_store.passing().setJudge([](Slot slot) { return slot % 12 != 7; });
+    m_store.filter();
+    m_marquee.putBack();
+    EXPECT_EQ(selected(), Rows{1});
+    EXPECT_EQ(m_store.selection().count(), 1U);
+    EXPECT_EQ(m_store.selection().anchorRow(), 1U);
+    EXPECT_EQ(m_store.selection().focusedRow(), std::nullopt);
+}
+
 TEST(LinesToScroll, GrowWithTheDistance) {
     for (const auto& [y, lines] : {std::pair{-1, -1}, {-25, -3}, {0, 0}, {99, 0}, {100, 1}})
         EXPECT_EQ(linesToScroll(y, 0, 100, 10), lines) << y;

@@ -58,6 +58,33 @@ TEST(Pane, ADragShowsWhereThePaneWillBeAndEscForgetsIt) {
     }
 }
 
+TEST(Pane, FloatsAgainWhereTheHandLeftIt) {
+    const OpenWorkbench open;
+    floatPane();
+    const HWND window = GetParent(findPane());
+    const auto dockAndFloat = [&] {
+        hand::doubleClick(grip(window));
+        ASSERT_FALSE(floats());
+        hand::doubleClick(grip());
+        ASSERT_TRUE(floats());
+    };
+    const POINT from = grip(window);
+    RECT left = onScreen(window);
+    hand::drag(from, {from.x + 70, from.y + 45});
+    OffsetRect(&left, 70, 45);
+    RECT place = onScreen(window);
+    EXPECT_TRUE(EqualRect(&place, &left)) << "moved";
+    dockAndFloat();
+    place = onScreen(window);
+    EXPECT_TRUE(EqualRect(&place, &left)) << "moved, docked";
+
+    hand::drag({left.right - 2, left.bottom - 2}, {left.right + 28, left.bottom - 42});
+    left.right += 30, left.bottom -= 40;
+    dockAndFloat();
+    place = onScreen(window);
+    EXPECT_TRUE(EqualRect(&place, &left)) << "resized, docked";
+}
+
 TEST(Pane, IsHiddenWhenClosedUntilTheHotKey) {
     OpenWorkbench open;
     for (const bool floating : {false, true}) {
@@ -83,7 +110,7 @@ TEST(Pane, IsHiddenWhenClosedUntilTheHotKey) {
 
 // A frame that keeps where panes were gives it back to the first that docks.
 TEST(Pane, DocksAtTheSideThatItsFrameRemembers) {
-    std::optional<fw::DockPlace> kept;
+    std::optional<fw::DockPosition> kept;
     for (const unsigned side : {kDockTop, kDockRight}) {
         LoadedPlugin plugin;
         plugin.init();

@@ -65,7 +65,7 @@ private:
     fw::Measure m_width, m_height;  // of the top-level window, as it was first
     LoadedPlugin m_plugin;
     const ScreenDpi m_screen;
-    std::optional<fw::DockPlace> m_place = fw::DockPlace{kDockTop, 380};
+    std::optional<fw::DockPosition> m_place = fw::DockPosition{kDockTop, 380};
     std::unique_ptr<MainFrame> m_frame;
 };
 
@@ -95,6 +95,8 @@ TEST(Screens, ThePaneIsTheSameOnAScreenWhereverItWasBefore) {
             const TEXTMETRICA font = fw::metricsOf(fw::fontOf(mainList()), mainList());
             EXPECT_EQ(hand::cell(mainList(), 1).y - hand::cell(mainList(), 0).y,
                       font.tmHeight + font.tmExternalLeading + 1);
+            EXPECT_EQ(SendMessageA(filterBox(0), CB_GETITEMHEIGHT, 0, 0), font.tmHeight)
+                << "a line of a drop-down";
             EXPECT_EQ(columnWidth(0), fw::toPixels(column, dpi));
             EXPECT_EQ(columnWidth(0, details()), fw::toPixels(field, dpi));
             if (dpi != 96) continue;

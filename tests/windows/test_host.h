@@ -102,9 +102,9 @@ public:
 
     fw::Rect inner() const { return m_inner; }
     // Keeps in `place` where the pane docks, and recalls it from there.
-    void remember(std::optional<fw::DockPlace>& place) {
+    void remember(std::optional<fw::DockPosition>& place) {
         m_site->setMemory({[&place](const std::string&) { return place; },
-                           [&place](const std::string&, fw::DockPlace now) { place = now; }});
+                           [&place](const std::string&, fw::DockPosition now) { place = now; }});
     }
 
 protected:

@@ -37,18 +37,21 @@ DecisionLog::DecisionLog() {
     m_rows.texts().setReader([this](Slot slot, ColumnId column) { return cellText(slot, column); });
 }
 
-void DecisionLog::note(const TriedRequest& tried, const sMakeCheckStruct& change, std::time_t now) {
+DecisionLog::Entry DecisionLog::entryOf(const TriedRequest& tried, const sMakeCheckStruct& change,
+                                        std::time_t now) {
     const bool recovery = tried.kind == RequestKind::recover;
-    const std::uint64_t number = m_made + 1;
-    const Slot slot = slotOf(number);
-    Entry made{
+    const char* const outcome = !tried.left ? "failed to send" : recovery ? "sent" : kAwaited;
+    return {
         .cells = {timeText(now), std::string(kDecisionNames[static_cast<std::size_t>(tried.kind)]),
-                  change.key, change.entityName, kindOf(change), reasonOf(tried),
-                  !tried.left ? "failed to send"
-                  : recovery  ? "sent"
-                              : kAwaited},
-        .number = number,
+                  change.key, change.entityName, kindOf(change), reasonOf(tried), outcome},
         .awaited = tried.left && !recovery};
+}
+
+void DecisionLog::note(const TriedRequest& tried, const sMakeCheckStruct& change, std::time_t now) {
+    Entry made = entryOf(tried, change, now);
+    const std::uint64_t number = made.number = m_made + 1;
+    const Slot slot = slotOf(number);
+    const bool recovery = tried.kind == RequestKind::recover;
     std::uint64_t* const newest = recovery ? nullptr : &m_newest[change.key];
     if (newest != nullptr) made.before = *newest;
     if (slot == m_entries.size())

@@ -30,6 +30,8 @@ inline constexpr std::array<sVoskColInfo, 7> kDecisionColumns{{
     {"Reason", 140, 0, ColumnType::text},
     {"Outcome", 130, 0, ColumnType::text},
 }};
+// Decision and Key always show: a press is about an identified change.
+inline constexpr std::array kMandatoryDecisionColumns{ColumnId{1}, ColumnId{2}};
 
 class DecisionLog {
 public:
@@ -69,6 +71,9 @@ private:
         bool awaited = false;
     };
 
+    // Without its number.
+    static Entry entryOf(const TriedRequest& tried, const sMakeCheckStruct& change,
+                         std::time_t now);
     static Slot slotOf(std::uint64_t number) {
         return static_cast<Slot>((number - 1) % kMaxDecisions);
     }

@@ -23,7 +23,7 @@ public:
         : m_host(host), m_view(view), m_changes(changes), m_requests(requests), m_sight(sight) {}
 
     // The key last asked for and the edits of its details; what the requests read and write.
-    DetailsOnShow& asked() { return m_shown.asked(); }
+    AskedDetails& asked() { return m_shown.asked(); }
 
     // The key of the change whose details are looked at.
     const std::optional<std::string>& key() const { return m_shown.key(); }

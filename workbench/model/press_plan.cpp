@@ -99,7 +99,7 @@ void countStates(PressPlan& plan, const ChangeStates& states) {
 }  // namespace
 
 PressPlan planPress(PressButton button, SelectedRecords selected, const PendingChanges& changes,
-                    const DetailsOnShow& details, const TypedValue& typed) {
+                    const AskedDetails& details, const TypedValue& typed) {
     PressPlan plan;
     plan.button = button;
     plan.refused = typed.refused;

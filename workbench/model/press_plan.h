@@ -50,6 +50,6 @@ struct PressPlan {
 // change comes, changes or goes, or for the time of a PendingChanges::Hold, with changes in it that
 // may have gone.
 PressPlan planPress(PressButton button, SelectedRecords selected, const PendingChanges& changes,
-                    const DetailsOnShow& details, const TypedValue& typed = {});
+                    const AskedDetails& details, const TypedValue& typed = {});
 
 }  // namespace mc

@@ -21,8 +21,8 @@ namespace mc {
 class ShownDetails {
 public:
     // The key last asked for and the edits of its details; what the requests read and write.
-    DetailsOnShow& asked() { return m_asked; }
-    const DetailsOnShow& asked() const { return m_asked; }
+    AskedDetails& asked() { return m_asked; }
+    const AskedDetails& asked() const { return m_asked; }
 
     // The key of the change that the details are about; none when there is none.
     const std::optional<std::string>& key() const { return m_about.key; }
@@ -84,7 +84,7 @@ private:
     void name(const sMakeCheckStruct& record);
     std::string emptyText() const;
 
-    DetailsOnShow m_asked;
+    AskedDetails m_asked;
     UnsentEdits m_edits{m_asked.modifiedValues};
     About m_about;
     State m_state = State::none;

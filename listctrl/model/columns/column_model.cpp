@@ -171,7 +171,7 @@ void ColumnModel::apply(const ColumnProfile& profile) {
     const auto current = [&](int number) { return currentId(number, oldDataSize); };
     for (std::size_t i = m_dataSize; i < m_columns.size(); ++i)
         m_columns[i].info.expression = mapReferences(m_columns[i].info.expression, current);
-    applyPlaces(profile, oldDataSize);
+    applyPositions(profile, oldDataSize);
     removeUnusable();
 }
 
@@ -185,7 +185,7 @@ std::optional<ColumnId> ColumnModel::currentId(int stored, int oldDataSize) cons
     return now < m_columns.size() ? std::optional(toColumnId(now)) : std::nullopt;
 }
 
-void ColumnModel::applyPlaces(const ColumnProfile& profile, int oldDataSize) {
+void ColumnModel::applyPositions(const ColumnProfile& profile, int oldDataSize) {
     reset();
     std::vector<int> positions(m_columns.size(), kHiddenPosition);
     for (const StoredColumn& stored : profile.columns) {

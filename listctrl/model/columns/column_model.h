@@ -104,7 +104,7 @@ private:
         bool mandatory = false;
     };
     void addUnchecked(const UserDefinedColumn& column);
-    void applyPlaces(const ColumnProfile& profile, int oldDataSize);
+    void applyPositions(const ColumnProfile& profile, int oldDataSize);
     std::optional<ColumnId> currentId(int stored, int oldDataSize) const;
     void removeUnusable();
 

@@ -103,7 +103,7 @@ CellOutcome CompiledExpression::compute(CellFetch fetch, std::string& text) cons
 // A shape has a "0" for each run of digits and points, and a quote behind each part.
 const CheckedProgram* CompiledExpression::stepsFor(std::span<const std::string_view> parts,
                                                    std::pmr::vector<double>& values) const {
-    constexpr std::size_t kMostShapes = 64;
+    constexpr std::size_t kMaxShapes = 64;
     constexpr std::string_view kPlain = "0123456789.";
     std::string shape;
     for (std::string_view part : parts) {
@@ -122,7 +122,7 @@ const CheckedProgram* CompiledExpression::stepsFor(std::span<const std::string_v
     }
     auto known = m_shapes.find(shape);
     if (known == m_shapes.end()) {
-        if (m_shapes.size() == kMostShapes) return nullptr;
+        if (m_shapes.size() == kMaxShapes) return nullptr;
         known = m_shapes.emplace(shape, compileShape(shape)).first;
     }
     return known->second ? &*known->second : nullptr;

@@ -6,7 +6,7 @@ namespace mc {
 
 void Marquee::press(bool adds) {
     m_adds = adds;
-    m_selection.remember();
+    m_before.remember();
     m_touched.clear();
     m_seen = {};
 }
@@ -38,7 +38,7 @@ void Marquee::moveTo(Point at, RowSize size) {
 void Marquee::selectAgain(Rows rows) {
     m_selection.clear();
     m_touched.clear();
-    if (m_adds) m_selection.selectRemembered();
+    if (m_adds) m_before.select();
     stretchTo(rows);
 }
 
@@ -67,13 +67,13 @@ void Marquee::stretchTo(Rows rows) {
 // What was selected before stays as it was: a row that the list selected is the hand's only when
 // the hand selects it alone or instead of others.
 void Marquee::take(std::size_t row) {
-    const bool was = m_adds && m_selection.wasSelected(m_rows.slotAt(row));
+    const bool was = m_adds && m_before.has(m_rows.slotAt(row));
     if (!was) m_selection.select(row, true);
 }
 
 void Marquee::leave(Slot record) {
     const auto row = m_rows.rowOf(record);
-    if (row && !(m_adds && m_selection.wasSelected(record))) m_selection.select(*row, false);
+    if (row && !(m_adds && m_before.has(record))) m_selection.select(*row, false);
 }
 
 int linesToScroll(int y, int top, int bottom, int lineHeight) {

@@ -29,7 +29,9 @@ public:
 
     // The store must outlive the object.
     explicit Marquee(RecordStore& store)
-        : m_rows(store.visible()), m_selection(store.selection()) {}
+        : m_rows(store.visible()),
+          m_selection(store.selection()),
+          m_before(m_selection.remembered()) {}
 
     // A press that may begin it: the selection is kept as it is. Costs the number of selected rows.
     void press(bool adds);
@@ -39,7 +41,7 @@ public:
     // it does no longer, and where other changes were made meanwhile all that it touches.
     void moveTo(Point at, RowSize size);
     // Selection, focus and anchor are as at the press, but for records that went.
-    void putBack() { m_selection.putBack(); }
+    void putBack() { m_before.putBack(); }
 
     Point from() const { return m_from; }
 
@@ -55,6 +57,7 @@ private:
 
     const VisibleRows& m_rows;
     SelectedRows& m_selection;
+    RememberedSelection& m_before;  // at the press
     Point m_from;
     bool m_adds = false;
     std::size_t m_first = 0;                           // row

@@ -1,8 +1,7 @@
 // Which records are selected, which has the focus, and from which Shift selects (the anchor), by
 // slot: they stay so wherever the rows go.
 //
-// Beside each selected record it keeps who selected it: the hand, or the list after a removal. All
-// this can be remembered once, and put back.
+// Beside each selected record it keeps who selected it: the hand, or the list after a removal.
 #pragma once
 
 #include <cstddef>
@@ -59,15 +58,12 @@ public:
     void forget(Slot slot) {
         handOn(slot, kNoSlot);
         select(slot, false);
-        if (slot < m_entries.size()) m_entries[slot].remembered = false;
     }
 
     // Focus and anchor of a record that goes become those of another, or end.
     void handOn(Slot slot, Slot heir) {
         if (m_focus == slot) m_focus = heir;
         if (m_anchor == slot) m_anchor = heir;
-        if (m_rememberedFocus == slot) m_rememberedFocus = heir;
-        if (m_rememberedAnchor == slot) m_rememberedAnchor = heir;
     }
 
     // Deselects all; focus and anchor stay. Returns whether any was selected. Costs the number of
@@ -84,41 +80,10 @@ public:
         return true;
     }
 
-    // Remembers what is selected, and by whom, instead of what was before. Costs the number of
-    // both.
-    void remember() {
-        for (const Slot slot : m_remembered) m_entries[slot].remembered = false;
-        m_remembered = slots();
-        for (const Slot slot : m_remembered) {
-            m_entries[slot].remembered = true;
-            m_entries[slot].rememberedByList = m_entries[slot].byList;
-        }
-        m_rememberedFocus = m_focus;
-        m_rememberedAnchor = m_anchor;
-    }
-    // Whether it was selected then, and is not forgotten since.
-    bool remembered(Slot slot) const {
-        return slot < m_entries.size() && m_entries[slot].remembered;
-    }
-    void selectRemembered() {
-        for (const Slot slot : m_remembered)
-            if (m_entries[slot].remembered)
-                select(slot, true, m_entries[slot].rememberedByList ? By::list : By::hand);
-    }
-    // Selection, focus and anchor are as remembered.
-    void putBack() {
-        clear();
-        selectRemembered();
-        m_focus = m_rememberedFocus;
-        m_anchor = m_rememberedAnchor;
-    }
-
     // All slots are gone.
     void reset() {
         m_entries.clear();
         m_slots.clear();
-        m_remembered.clear();
-        m_rememberedFocus = m_rememberedAnchor = kNoSlot;
         m_count = 0;
         m_focus = m_anchor = kNoSlot;
         ++m_revision;
@@ -128,7 +93,6 @@ private:
     struct Entry {
         bool selected : 1, byList : 1;
         bool listed : 1;  // in m_slots, where it stays for a while when it is deselected
-        bool remembered : 1, rememberedByList : 1;
     };
 
     bool takeOver(Slot slot) {
@@ -144,8 +108,6 @@ private:
     std::uint64_t m_revision = 0;
     Slot m_focus = kNoSlot;
     Slot m_anchor = kNoSlot;
-    std::vector<Slot> m_remembered;  // those of them that are not, went
-    Slot m_rememberedFocus = kNoSlot, m_rememberedAnchor = kNoSlot;
 };
 
 }  // namespace mc

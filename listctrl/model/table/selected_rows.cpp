@@ -62,23 +62,32 @@ void SelectedRows::beforeRemoval(Slot slot) {
     } catch (const std::bad_alloc&) {
         // The record goes; the next is not selected.
     }
-    m_held.handOn(slot, after != kNoSlot || row == 0 ? after : m_visible.slotAt(row - 1));
+    const Slot heir = after != kNoSlot || row == 0 ? after : m_visible.slotAt(row - 1);
+    m_held.handOn(slot, heir);
+    m_remembered.handOn(slot, heir);
+    forget(slot);
+}
+
+void SelectedRows::forget(Slot slot) {
     m_held.forget(slot);
+    m_remembered.forget(slot);
 }
 
 void SelectedRows::filteredOut(Slot slot) {
     if (m_held.selected(slot)) ++m_deselectedByFilter;
-    m_held.forget(slot);
+    forget(slot);
 }
 
 // What deselects does not shorten the list of those that were selected.
 void SelectedRows::dropHidden() {
-    const auto dropIfHidden = [this](Slot slot) {
-        if (slot != kNoSlot && !m_visible.order().contains(slot)) filteredOut(slot);
+    const auto hidden = [this](Slot slot) {
+        return slot != kNoSlot && !m_visible.order().contains(slot);
     };
-    for (const Slot slot : m_held.slots()) dropIfHidden(slot);
-    dropIfHidden(m_held.focus());
-    dropIfHidden(m_held.anchor());
+    for (const Slot slot : m_held.slots())
+        if (hidden(slot)) filteredOut(slot);
+    for (const Slot slot : {m_held.focus(), m_held.anchor()})
+        if (hidden(slot)) filteredOut(slot);
+    m_remembered.forgetIf(hidden);
 }
 
 void SelectedRows::rowsMoved(std::size_t index) {
@@ -87,6 +96,7 @@ void SelectedRows::rowsMoved(std::size_t index) {
 
 void SelectedRows::reset() {
     m_held.reset();
+    m_remembered.reset();
     m_deselectedByFilter = 0;
 }
 

@@ -9,6 +9,7 @@
 #include <optional>
 #include <vector>
 
+#include "listctrl/model/table/remembered_selection.h"
 #include "listctrl/model/table/row_selection.h"
 #include "listctrl/model/table/visible_rows.h"
 
@@ -40,11 +41,8 @@ public:
     // Another value after every change of which records are selected.
     std::uint64_t revision() const { return m_held.revision(); }
 
-    // What RowSelection remembers, and puts back.
-    void remember() { m_held.remember(); }
-    bool wasSelected(Slot slot) const { return m_held.remembered(slot); }
-    void selectRemembered() { m_held.selectRemembered(); }
-    void putBack() { m_held.putBack(); }
+    // What was selected once; to be put back.
+    RememberedSelection& remembered() { return m_remembered; }
 
     // The row that the keys act on.
     void setFocus(std::size_t row) { m_held.setFocus(m_visible.slotAt(row)); }
@@ -69,10 +67,12 @@ public:
 
 private:
     void changedByHand(bool changed);
+    void forget(Slot slot);
     bool isFew() const { return m_held.count() < m_visible.order().size() / 64; }
 
     const VisibleRows& m_visible;
     RowSelection m_held;
+    RememberedSelection m_remembered{m_held};
     std::size_t m_deselectedByFilter = 0;
     // The selected rows as last counted, and at which revision.
     mutable std::vector<std::size_t> m_rows;

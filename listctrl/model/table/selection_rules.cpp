@@ -3,6 +3,30 @@
 #include <algorithm>
 
 namespace mc {
+namespace {
+
+// Where a key leads. `page` is how many rows it goes on by, `last` the last row there is.
+std::size_t rowAfter(Move move, std::optional<std::size_t> focused, std::size_t page,
+                     std::size_t last) {
+    const std::size_t from = focused.value_or(0);
+    switch (move) {
+        case Move::up:
+            return from - std::min<std::size_t>(from, 1);
+        case Move::down:
+            return focused ? std::min(from + 1, last) : from;
+        case Move::pageUp:
+            return from - std::min(from, page);
+        case Move::pageDown:
+            return std::min(from + page, last);
+        case Move::home:
+            return 0;
+        case Move::end:
+            return last;
+    }
+    return from;
+}
+
+}  // namespace
 
 void SelectionRules::selectOnly(std::size_t row) {
     if (m_selection.count() != 1 || !m_selection.selected(row)) m_selection.clear();
@@ -58,33 +82,11 @@ void SelectionRules::rightClick(std::optional<std::size_t> row) {
 
 std::optional<std::size_t> SelectionRules::move(Move move, std::size_t pageRows, Modifiers keys) {
     if (m_rows.count() == 0) return std::nullopt;
-    const std::size_t last = m_rows.count() - 1;
     const auto focused = m_selection.focusedRow();
-    const std::size_t from = focused.value_or(0);
     const std::size_t page = std::max<std::size_t>(pageRows, 2) - 1;
-    std::size_t to = from;
-    switch (move) {
-        case Move::up:
-            to = from - std::min<std::size_t>(from, 1);
-            break;
-        case Move::down:
-            to = focused ? std::min(from + 1, last) : from;
-            break;
-        case Move::pageUp:
-            to = from - std::min(from, page);
-            break;
-        case Move::pageDown:
-            to = std::min(from + page, last);
-            break;
-        case Move::home:
-            to = 0;
-            break;
-        case Move::end:
-            to = last;
-            break;
-    }
+    const std::size_t to = rowAfter(move, focused, page, m_rows.count() - 1);
     if (keys.shift)
-        extend(from, to, keys.ctrl);
+        extend(focused.value_or(0), to, keys.ctrl);
     else if (!keys.ctrl)
         selectOnly(to);
     m_selection.setFocus(to);

@@ -40,7 +40,7 @@ class Packing {
 public:
     // One of the texts, from where they are packed on.
     void see(std::string_view text) {
-        const std::size_t size = std::min(text.size(), kMost);
+        const std::size_t size = std::min(text.size(), kMaxBytes);
         m_shortest = std::min(m_shortest, size);
         for (std::size_t at = 0; at < size; ++at) {
             const auto byte = static_cast<unsigned char>(text[at]);
@@ -51,7 +51,7 @@ public:
     // All were seen. Returns how many bytes are packed.
     std::size_t settle() {
         int left = 64;
-        for (m_bytes = 0; m_bytes < kMost; ++m_bytes) {
+        for (m_bytes = 0; m_bytes < kMaxBytes; ++m_bytes) {
             std::uint64_t different = m_shortest <= m_bytes;
             for (const std::uint64_t bits : m_seen[m_bytes])
                 different += static_cast<std::uint64_t>(std::popcount(bits));
@@ -64,7 +64,7 @@ public:
                         next++ << left;
         }
         m_seen = {};
-        m_shortest = kMost;
+        m_shortest = kMaxBytes;
         return m_bytes;
     }
 
@@ -76,11 +76,11 @@ public:
     }
 
 private:
-    static constexpr std::size_t kMost = 16;
-    std::array<std::array<std::uint64_t, 4>, kMost> m_seen{};  // bits by offset and byte
-    std::size_t m_shortest = kMost;
+    static constexpr std::size_t kMaxBytes = 16;
+    std::array<std::array<std::uint64_t, 4>, kMaxBytes> m_seen{};  // bits by offset and byte
+    std::size_t m_shortest = kMaxBytes;
     std::size_t m_bytes = 0;
-    std::array<std::array<std::uint64_t, 256>, kMost> m_values;  // of the bytes that were seen
+    std::array<std::array<std::uint64_t, 256>, kMaxBytes> m_values;  // of the bytes that were seen
 };
 
 // Ranks texts that are equal up to a depth.
