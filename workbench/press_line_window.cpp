@@ -192,7 +192,8 @@ void CPressLine::end() {
 }
 
 void CPressLine::changesIn(std::chrono::milliseconds time) {
-    SetTimer(handle(), kOnceTimer, static_cast<UINT>(time.count()), nullptr);
+    if (handle() != nullptr)
+        SetTimer(handle(), kOnceTimer, static_cast<UINT>(time.count()), nullptr);
     stale();
 }
 

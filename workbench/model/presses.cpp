@@ -1,5 +1,7 @@
 #include "workbench/model/presses.h"
 
+#include <algorithm>
+
 #include "workbench/model/decisions.h"
 #include "workbench/model/press_line.h"
 
@@ -28,24 +30,35 @@ bool Presses::mayDecideAgain(const PressPlan& plan) {
         (accepts ? "Accept" : "Reject") + (one ? " it all the same?" : " them all the same?"));
 }
 
+void Presses::sayWhatChanged(SelectedRecords selected) {
+    if (std::ranges::any_of(selected,
+                            [this](Slot slot) { return m_changes.states().changedInPress(slot); }))
+        m_sight.leavesOut();
+}
+
 // A question dispatches messages: what is executed is the plan made after it.
 void Presses::accept(SelectedRecords selected) {
     const PendingChanges::Hold hold(m_changes);
+    m_changes.states().pressBegins(selected);
     const auto plan = [&] { return planOf(PressButton::accept, selected); };
     if (!selected.empty() && m_details.mayLeaveEdits("Accept without sending?") &&
         mayDecideAgain(plan()))
         acceptSelected(plan(), m_changes, m_requests, m_host);
+    sayWhatChanged(selected);
 }
 
 void Presses::reject(SelectedRecords selected, const AskReason& askReason) {
     const PendingChanges::Hold hold(m_changes);
+    m_changes.states().pressBegins(selected);
     const PressPlan plan = planOf(PressButton::reject, selected);
     if ((selected.empty() || m_details.mayLeaveEdits("Reject without sending?")) &&
         mayDecideAgain(plan))
         rejectSelected(plan, askReason(), m_changes, m_requests);
+    sayWhatChanged(selected);
 }
 
 void Presses::update() {
+    const PendingChanges::Hold hold(m_changes);
     const Slot slot = m_changes.states().shown();
     if (m_requests.sendLimitsUpdate() == 0) return;
     if (slot != kNoSlot) m_changes.states().sent(slot, SentDecision::update);

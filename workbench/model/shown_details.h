@@ -70,8 +70,8 @@ public:
 
     DetailsCaption caption() const;
 
-    // Whether the answer shown last differs from the first one since the change was opened.
-    bool changedSince() const { return m_answers.changed(); }
+    // Whether the answer shown now differs from the one that was shown before it.
+    bool differsFromLast() const { return m_answers.differsFromLast(); }
 
 private:
     struct About {  // the change that is looked at
