@@ -36,10 +36,11 @@ public:
         if (m_clock) movedAt(what) = m_clock();
     }
 
-    // The hand selected other rows; where that is one alone, it has seen what a press hits.
-    void selected(bool one) {
+    // The hand selected other rows. Within the reaction time it aimed at what was there before, so
+    // this gives no sight.
+    void selected() {
         m_heldBack.reset();
-        if (one) movedAt(Hits::selection).reset();
+        m_leftOut = false;
     }
 
     // A press comes, which was made `ago`; none where it needs no sight. False: it is held back.

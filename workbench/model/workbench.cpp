@@ -81,12 +81,12 @@ void Workbench::noteTried(const TriedRequest& tried) {
 }
 
 void Workbench::selectionMade() {
-    m_sight.selected(m_changes.rows().selection().count() == 1);
+    m_sight.selected();
     m_details.followSelection();
 }
 
 void Workbench::selectionWaits() {
-    m_sight.selected(false);
+    m_sight.selected();
     m_details.selectionMoved();
 }
 
