@@ -70,6 +70,10 @@ RECT DecisionButtons::arrange() {
 template <class Decision>
 void DecisionButtons::press(PressButton button, Decision decision) {
     decide([&](Workbench& workbench) {
+        if (kHits[static_cast<std::size_t>(button)] == PressSight::Hits::selection) {
+            if (!m_lists.applyTypedFilter()) return;
+            workbench.details().selectionMoved();
+        }
         if (pressedInSight(button)) {
             struct Scope {
                 CPressLine& line;

@@ -157,14 +157,22 @@ TEST_F(Decisions, LeaveOutWhatIsPublishedAgainBehindABox) {
         const char* step;
         std::string accepted, rejected;
     } cases[] = {
-        {"again 2", "134", "134"}, {"other 2", "134", "134"},   {"own 2", "134", "134"},
-        {"again 3", "12", "124"},  {"again 4", "12", "123"},    {"again 5", "1234", "1234"},
-        {"end 2", "134", "134"},   {"found 2", "1234", "1234"}, {"found 2 340", "134", "134"},
+        {"again 2", "134", "134"},
+        {"other 2", "134", "134"},
+        {"own 2", "134", "134"},
+        {"again 3", "12", "124"},
+        {"again 4", "12", "123"},
+        {"again 5", "1234", "1234"},
+        {"end 2", "134", "134"},
+        {"found 2", "1234", "1234"},
+        {"found 2 340", "134", "134"},
+        {"answer user 1", "1234", "1234"},
+        {"new answer user 1", "234", "234"},
     };
     for (const auto& each : cases) {
         for (const bool accepts : {true, false}) {
             SCOPED_TRACE(std::string(each.step) + (accepts ? " accept" : " reject"));
-            run("list 1 339,list 2 339,list 3 339 U,list 4 353 C U");
+            run("list 1 339,list 2 339,list 3 339 U,list 4 353 C U,read 1");
             host.answersYes = true;
             if (accepts)
                 rejectAll();  // so that the opposite asks

@@ -160,13 +160,31 @@ TEST_F(PressLineTest, OfUpdateAndRecover) {
          "Recover: drops 1 unsent value"},
         {"update", "Update nothing: no value is edited",
          "Recover: asks for everything that is pending"},
+        {"only 1007,reject,edit 1700,wait 3",
+         "Update 1 value of 1007 RMS Limits, Client - C10021, rejected 3 s ago, asks first",
+         "Recover: drops 1 unsent value"},
     };
+    changes().states().setClock([this] { return now; });
+    host.answersYes = true;
     for (const auto& each : cases) {
         SCOPED_TRACE(each.steps);
         run(each.steps);
         EXPECT_EQ(line(PressButton::update).text, each.update);
         EXPECT_EQ(line(PressButton::recover).text, each.recover);
     }
+    host.control().sent.clear();
+    host.takeSaid();
+    for (const char* behind : {"", "again 1007"}) {
+        host.answersYes = *behind != '\0';
+        host.whileBoxIsOpen = [&] { run(behind); };
+        take("update");
+        EXPECT_EQ(decided(), "");
+    }
+    EXPECT_EQ(host.takeSaid().front(),
+              "question 1007 RMS Limits, Client - C10021 was rejected and the outcome is awaited."
+              "\n\nUpdate it all the same?");
+    take("update");
+    EXPECT_EQ(decided(), "1007");
 }
 
 // A press takes what is being typed first.

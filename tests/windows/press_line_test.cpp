@@ -94,6 +94,17 @@ TEST(Presses, APressIsOfWhatWasSeen) {
     EXPECT_EQ(takeSent(51803), Texts{"4"}) << "no hand pressed it";
 }
 
+// Keys that are faster than the pause in typing: what the typed filter hides is not decided.
+TEST(Presses, AFilterThatIsTypedAppliesBeforeAPress) {
+    OpenWorkbench open({"1", "2", "3"});
+    hand::click(filterEdit(2));
+    hand::type("2");
+    SetFocus(mainList());
+    hand::key('A', hand::kCtrl);
+    hand::key('Y', hand::kCtrlShift);
+    EXPECT_EQ(takeSent(51803), Texts{"2"});
+}
+
 // Decided, and not yet gone: the next one below is read, and decided by the next press.
 TEST(Presses, OneStrokeOpensTheNextChange) {
     OpenWorkbench open({"1", "2", "3"});

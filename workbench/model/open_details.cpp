@@ -72,7 +72,9 @@ void OpenDetails::ask() {
 
 // Edits that were not sent stay, in the rows of the new answer.
 void OpenDetails::came(DetailKind kind, const FieldReader& answer) {
-    if (!m_shown.takes(kind, answer.text(MNM_AUTHORIZATION_KEY))) return;
+    const auto key = answer.text(MNM_AUTHORIZATION_KEY);
+    if (!m_shown.takes(kind, key)) return;
+    if (key) m_shown.answered();
     std::vector<DetailGroup> groups = kind == DetailKind::user ? BuildUserDetails(answer)
                                       : kind == DetailKind::account
                                           ? BuildClientDetails(answer)

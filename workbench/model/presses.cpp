@@ -20,14 +20,14 @@ std::vector<Slot> Presses::missingHalves() const {
 // The opposite of a decision whose outcome is awaited may be a slip.
 bool Presses::mayDecideAgain(const PressPlan& plan) {
     if (plan.opposite == 0) return true;
-    const bool accepts = plan.button == PressButton::accept;
+    const bool accepts = plan.button != PressButton::reject;
     const bool one = plan.leaving.size() == 1;
     const auto change = m_changes.recordIn(plan.leaving.front());
     return m_host.confirm(
         (one && change ? pressName(*change) + " was "
                        : std::to_string(plan.opposite) + " of these changes were ") +
         (accepts ? "rejected" : "accepted") + " and the outcome is awaited.\n\n" +
-        (accepts ? "Accept" : "Reject") + (one ? " it all the same?" : " them all the same?"));
+        verbOf(plan.button) + (one ? " it all the same?" : " them all the same?"));
 }
 
 void Presses::sayWhatChanged(SelectedRecords selected) {
@@ -60,6 +60,10 @@ void Presses::reject(SelectedRecords selected, const AskReason& askReason) {
 void Presses::update() {
     const PendingChanges::Hold hold(m_changes);
     const Slot slot = m_changes.states().shown();
+    m_changes.states().pressBegins({&slot, 1});
+    if (!mayDecideAgain(planOf(PressButton::update, {}))) return;
+    sayWhatChanged({&slot, 1});
+    if (m_changes.states().changedInPress(slot)) return;
     if (m_requests.sendLimitsUpdate() == 0) return;
     if (slot != kNoSlot) m_changes.states().sent(slot, SentDecision::update);
     m_details.editsSent();
