@@ -70,10 +70,6 @@ RECT DecisionButtons::arrange() {
 template <class Decision>
 void DecisionButtons::press(PressButton button, Decision decision) {
     decide([&](Workbench& workbench) {
-        if (kHits[static_cast<std::size_t>(button)] == PressSight::Hits::selection) {
-            if (!m_lists.applyTypedFilter()) return;
-            workbench.details().selectionMoved();
-        }
         if (pressedInSight(button)) {
             struct Scope {
                 CPressLine& line;
@@ -86,13 +82,26 @@ void DecisionButtons::press(PressButton button, Decision decision) {
     });
 }
 
-// False for a press that the hand made before what it hits now could be seen.
+// False for a press that the hand made before what it hits now could be seen. What a filter box is
+// about to hide counts as hidden by then.
 bool DecisionButtons::pressedInSight(PressButton button) {
     const auto age = m_pane.keys().takePressAge();
     const auto hits = kHits[static_cast<std::size_t>(button)];
+    if (hits == PressSight::Hits::selection && !typedFilterKeepsSelection()) {
+        m_workbench->sight().holdsBack();
+        return false;
+    }
     return m_workbench->sight().takes(
         hits.value_or(PressSight::Hits::selection),
         hits && age ? std::optional(PressSight::Milliseconds(*age)) : std::nullopt);
+}
+
+bool DecisionButtons::typedFilterKeepsSelection() {
+    const SelectedRows& selection = m_workbench->changes().rows().selection();
+    const auto before = selection.revision();
+    const bool applied = m_lists.applyTypedFilter();
+    m_workbench->details().selectionMoved();
+    return applied && selection.revision() == before;
 }
 
 PressLine DecisionButtons::describe(PressButton button) const {

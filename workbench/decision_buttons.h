@@ -59,6 +59,7 @@ private:
     template <class Decision>
     void press(PressButton button, Decision decision);
     bool pressedInSight(PressButton button);
+    bool typedFilterKeepsSelection();
     PressLine describe(PressButton button) const;
 
     fw::CPaneDialog& m_pane;

@@ -52,9 +52,14 @@ public:
         return false;
     }
 
-    // The press left out what changed behind a box of its own: that is held back, too.
-    void leavesOut() {
+    // It is held back all the same.
+    void holdsBack() {
         if (m_clock) m_heldBack = m_clock();
+    }
+
+    // It left out what changed behind a box of its own: that is held back, too.
+    void leavesOut() {
+        holdsBack();
         m_leftOut = true;
     }
 
