@@ -78,7 +78,10 @@ void DecisionButtons::press(PressButton button, Decision decision) {
             m_line.begin(button);
             decision(workbench);
         }
-        if (workbench.sight().heldBack()) m_line.changesIn(PressSight::kSpokenOf);
+        if (!workbench.sight().heldBack()) return;
+        m_line.changesIn(PressSight::kSpokenOf);
+        m_line.paint();
+        workbench.sight().painted();  // where the line has no room, too
     });
 }
 

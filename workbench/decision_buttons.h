@@ -66,7 +66,8 @@ private:
     CheckerLists& m_lists;
     Workbench* m_workbench = nullptr;
     CControlPos m_buttons;
-    CPressLine m_line{[this](PressButton button) { return describe(button); }};
+    CPressLine m_line{[this](PressButton button) { return describe(button); },
+                      [this] { m_workbench->sight().painted(); }};
     bool m_deciding = false;  // what the hand asked for is under way, perhaps behind a message box
 };
 

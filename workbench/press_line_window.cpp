@@ -106,7 +106,8 @@ struct CPressLine::Piece {
     int x, line, width;
 };
 
-CPressLine::CPressLine(Describe describe) : m_describe(std::move(describe)) {}
+CPressLine::CPressLine(Describe describe, std::function<void()> painted)
+    : m_describe(std::move(describe)), m_painted(std::move(painted)) {}
 
 CPressLine::~CPressLine() = default;
 
@@ -181,6 +182,10 @@ void CPressLine::refresh() {
 
 void CPressLine::begin(PressButton pressed) {
     m_pressed = pressed;
+    paint();
+}
+
+void CPressLine::paint() {
     stale();
     refresh();
     UpdateWindow(handle());
@@ -250,6 +255,7 @@ std::vector<CPressLine::Piece> CPressLine::layOut(HDC dc) {
 
 void CPressLine::onPaint() {
     refresh();
+    m_painted();
     const fw::PaintScope paint(handle());
     const RECT area = clientRect();
     FillRect(paint.dc(), &area, GetSysColorBrush(COLOR_3DFACE));

@@ -266,6 +266,15 @@ TEST_F(PressSightTest, ComesBackForPressesThatAreMadeLater) {
     EXPECT_FALSE(takes(0ms)) << "the hand aimed at what was there before";
     now += 250ms;
     EXPECT_TRUE(takes(0ms));
+    run("list 4 360,only 4");
+    workbench->sight().followPaint();
+    take("again 4");
+    now += 1s;
+    EXPECT_FALSE(takes(0ms)) << "not painted yet";
+    workbench->sight().painted();
+    EXPECT_FALSE(takes(0ms));
+    now += 250ms;
+    EXPECT_TRUE(takes(0ms));
 }
 
 // Until the next press, a selection by hand, or some seconds later.

@@ -85,6 +85,7 @@ TEST(Presses, APressIsOfWhatWasSeen) {
         Sleep(300);
     });
     EXPECT_EQ(takeSent(51803), Texts{}) << "the mouse was pressed before";
+    Sleep(300);
     hand::click(button("Accept"));
     EXPECT_EQ(takeSent(51803), Texts{"3"});
     EXPECT_FALSE(pressLine().starts_with("Not sent"));
@@ -92,6 +93,20 @@ TEST(Presses, APressIsOfWhatWasSeen) {
     // A message: what a host or a tool presses is never held back, right behind an outcome either.
     SendMessageA(button("Accept"), BM_CLICK, 0, 0);
     EXPECT_EQ(takeSent(51803), Texts{"4"}) << "no hand pressed it";
+}
+
+// A thread that is busy with messages handles what the hand did before it paints.
+TEST(Presses, NothingIsSeenBeforeItIsPainted) {
+    OpenWorkbench open({"1", "2"});
+    hand::clickRow(mainList(), 0);
+    open.plugin.publish(outcome("1", "accepted"));
+    Sleep(300);
+    hand::key('Y', hand::kCtrlShift);
+    EXPECT_EQ(takeSent(51803), Texts{});
+    EXPECT_TRUE(pressLine().starts_with("Not sent"));
+    Sleep(300);
+    hand::key('Y', hand::kCtrlShift);
+    EXPECT_EQ(takeSent(51803), Texts{"2"});
 }
 
 // Keys that are faster than the pause in typing would decide what the filter is about to hide.

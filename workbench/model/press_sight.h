@@ -2,8 +2,8 @@
 //
 // What a press would hit changes without the hand when a selected change ends, and the list selects
 // the row after it, or when a selected change is published again; what an Update would hit, when
-// the change of the details is. A press that was made before, or so soon after that nobody can have
-// reacted to it, was meant for something else.
+// the change of the details is. A press that was made before that was painted, or so soon after
+// that nobody can have reacted to it, was meant for something else.
 #pragma once
 
 #include <array>
@@ -31,9 +31,18 @@ public:
     // What a press hits: Accept and Reject what is selected, Update what the details are about.
     enum class Hits : std::size_t { selection, details };
 
+    // Who paints what moved says so by painted(). Without that it counts as painted at once.
+    void followPaint() { m_followsPaint = true; }
+
     // That changed, or something of it, and not by the hand.
     void moved(Hits what) {
-        if (m_clock) movedAt(what) = m_clock();
+        if (m_clock) moveOf(what) = {m_clock(), !m_followsPaint};
+    }
+
+    // It is visible from now on: a busy thread paints long after the message.
+    void painted() {
+        for (Move& move : m_moves)
+            if (!move.painted) move = {m_clock(), true};
     }
 
     // The hand selected other rows. Within the reaction time it aimed at what was there before, so
@@ -69,16 +78,20 @@ public:
     bool leftOut() const { return m_leftOut; }
 
 private:
-    std::optional<Milliseconds>& movedAt(Hits what) {
-        return m_moved[static_cast<std::size_t>(what)];
-    }
+    struct Move {
+        std::optional<Milliseconds> at;
+        bool painted = true;
+    };
+
+    Move& moveOf(Hits what) { return m_moves[static_cast<std::size_t>(what)]; }
     bool seen(Hits what, Milliseconds ago) {
-        const auto& moved = movedAt(what);
-        return !moved || m_clock() - ago >= *moved + kReaction;
+        const Move& move = moveOf(what);
+        return !move.at || (move.painted && m_clock() - ago >= *move.at + kReaction);
     }
 
     Clock m_clock;
-    std::array<std::optional<Milliseconds>, 2> m_moved;
+    std::array<Move, 2> m_moves;
+    bool m_followsPaint = false;
     std::optional<Milliseconds> m_heldBack;
     bool m_leftOut = false;
 };
