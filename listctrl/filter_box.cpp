@@ -295,7 +295,7 @@ bool CFilterBox::onTimer(UINT_PTR id) {
     if (id != kPauseTimer) return false;
     if (m_box.isOpen()) return true;  // looked at again when it may be closed
     KillTimer(handle(), kPauseTimer);
-    if (m_box.paused()) apply();
+    if (applyTyped()) m_owner.filterChanged();
     return true;
 }
 
@@ -345,6 +345,13 @@ void CFilterBox::show() {
     if (GetFocus() != edit()) return m_edit.showBeginning();
     const std::size_t end = shown.text.size();
     fw::Edit(edit()).select(end, shown.kind == FilterKind::value ? 0 : end);
+}
+
+bool CFilterBox::applyTyped() {
+    if (!m_box.paused()) return false;
+    KillTimer(handle(), kPauseTimer);
+    InvalidateRect(GetParent(handle()), nullptr, FALSE);
+    return true;
 }
 
 void CFilterBox::putBack(ColumnFilter filter) {

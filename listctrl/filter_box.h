@@ -61,6 +61,10 @@ public:
     const ColumnFilter& filter() const { return m_box.applied(); }
     HWND edit() const { return m_edit.handle(); }
 
+    // A typed text that waits for its pause applies. Returns whether there was one; the owner is
+    // not called.
+    bool applyTyped();
+
     // Has another filter, or none, without a call of the owner.
     void putBack(ColumnFilter filter);
 

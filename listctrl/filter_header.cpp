@@ -136,6 +136,12 @@ ColumnFilter CFilterHeader::filter(int item) const {
     return box < m_boxes.size() ? m_boxes[box]->filter() : ColumnFilter{};
 }
 
+bool CFilterHeader::applyTyped() {
+    bool any = false;
+    for (const auto& box : m_boxes) any |= box->applyTyped();
+    return any;
+}
+
 void CFilterHeader::clear() {
     for (const auto& box : m_boxes) box->putBack({});
     InvalidateRect(handle(), nullptr, FALSE);

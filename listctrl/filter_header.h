@@ -36,6 +36,8 @@ public:
 
     // What an item is filtered by, whatever is being typed in its box.
     ColumnFilter filter(int item) const;
+    // What is typed applies in every box. Returns whether that is new in any.
+    bool applyTyped();
     void clear();
     // Its filter applies again, instead of what is in the box.
     void putBack(int item, ColumnFilter filter);

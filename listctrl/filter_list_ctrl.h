@@ -21,6 +21,9 @@ public:
     // Runs a filter pass with what applies in the boxes, whatever is being typed in them. False
     // when Esc ended it: the boxes then have what applied before.
     bool applyFilter();
+    // The same with what is being typed, where that waits for its pause; else nothing.
+    bool applyTyped() { return !m_filters.applyTyped() || applyFilter(); }
+
     // Takes all filters off; Esc does not end it.
     void resetFilters();
 

@@ -53,6 +53,7 @@ public:
     KeyUse dialogKey(UINT key, bool repeated);
 
     bool applyMainFilter() { return m_main->applyFilter(); }  // false: Esc ended it
+    bool applyTypedFilter() { return m_main->applyTyped(); }
     void applyDetailsFilter() { m_details.list()->applyFilter(); }
 
     // Selects the row of a change alone, if it has one, and scrolls it into view.

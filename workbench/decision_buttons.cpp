@@ -18,6 +18,12 @@ constexpr fw::ActionKey kActionKeys[] = {
 };
 
 constexpr char kPressedUnseen[] = "Not sent, as this changed just before the press: ";
+constexpr char kLeftOut[] = "What was published again meanwhile was not sent: ";
+
+// What a press of each button hits; none: it needs no sight.
+constexpr std::optional<PressSight::Hits> kHits[] = {PressSight::Hits::selection,
+                                                     PressSight::Hits::selection,
+                                                     PressSight::Hits::details, std::nullopt};
 
 constexpr int kButtons[] = {IDC_ACCEPT, IDC_REJECT, IDC_UPDATE, IDC_RECOVER};  // of PressButton
 
@@ -64,31 +70,49 @@ RECT DecisionButtons::arrange() {
 template <class Decision>
 void DecisionButtons::press(PressButton button, Decision decision) {
     decide([&](Workbench& workbench) {
-        if (!pressedInSight(button)) return;
-        struct Scope {
-            CPressLine& line;
-            ~Scope() { line.end(); }
-        } const scope(m_line);
-        m_line.begin(button);
-        decision(workbench);
+        if (pressedInSight(button)) {
+            struct Scope {
+                CPressLine& line;
+                ~Scope() { line.end(); }
+            } const scope(m_line);
+            m_line.begin(button);
+            decision(workbench);
+        }
+        if (!workbench.sight().heldBack()) return;
+        m_line.changesIn(PressSight::kSpokenOf);
+        m_line.paint();
+        workbench.sight().painted();  // where the line has no room, too
     });
 }
 
-// False for an Accept or Reject that the hand made before what it hits now could be seen.
+// False for a press that the hand made before what it hits now could be seen. What a filter box is
+// about to hide counts as hidden by then.
 bool DecisionButtons::pressedInSight(PressButton button) {
     const auto age = m_pane.keys().takePressAge();
-    const bool decides = button == PressButton::accept || button == PressButton::reject;
-    const bool taken = m_workbench->sight().takes(
-        age && decides ? std::optional(PressSight::Milliseconds(*age)) : std::nullopt);
-    if (!taken) m_line.changesIn(PressSight::kSpokenOf);
-    return taken;
+    const auto hits = kHits[static_cast<std::size_t>(button)];
+    if (hits == PressSight::Hits::selection && !typedFilterKeepsSelection()) {
+        m_workbench->sight().holdsBack();
+        return false;
+    }
+    return m_workbench->sight().takes(
+        hits.value_or(PressSight::Hits::selection),
+        hits && age ? std::optional(PressSight::Milliseconds(*age)) : std::nullopt);
+}
+
+bool DecisionButtons::typedFilterKeepsSelection() {
+    const SelectedRows& selection = m_workbench->changes().rows().selection();
+    const auto before = selection.revision();
+    const bool applied = m_lists.applyTypedFilter();
+    m_workbench->details().selectionMoved();
+    return applied && selection.revision() == before;
 }
 
 PressLine DecisionButtons::describe(PressButton button) const {
     if (m_workbench == nullptr) return {};
     PressLine line = describePress(m_workbench->presses().plan(button, m_lists.details().typed()),
                                    m_workbench->changes());
-    if (m_workbench->sight().heldBack()) line.warning.insert(0, kPressedUnseen);
+    const PressSight& sight = m_workbench->sight();
+    if (sight.heldBack()) line.warning.insert(0, sight.leftOut() ? kLeftOut : kPressedUnseen);
     return line;
 }
 

@@ -59,13 +59,15 @@ private:
     template <class Decision>
     void press(PressButton button, Decision decision);
     bool pressedInSight(PressButton button);
+    bool typedFilterKeepsSelection();
     PressLine describe(PressButton button) const;
 
     fw::CPaneDialog& m_pane;
     CheckerLists& m_lists;
     Workbench* m_workbench = nullptr;
     CControlPos m_buttons;
-    CPressLine m_line{[this](PressButton button) { return describe(button); }};
+    CPressLine m_line{[this](PressButton button) { return describe(button); },
+                      [this] { m_workbench->sight().painted(); }};
     bool m_deciding = false;  // what the hand asked for is under way, perhaps behind a message box
 };
 

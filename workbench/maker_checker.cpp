@@ -71,6 +71,7 @@ const fw::MessageMap& CMakerChecker::messageMap() const {
 LRESULT CMakerChecker::onInitDialog() {
     m_workbench = std::make_unique<Workbench>(m_host, m_lists, m_lists.details());
     m_workbench->sight().setClock([] { return PressSight::Milliseconds(GetTickCount64()); });
+    m_workbench->sight().followPaint();
     m_actions.open(*m_workbench);
     m_buttons.open(*m_workbench);
     m_lists.onNews([this] { m_buttons.stale(); });

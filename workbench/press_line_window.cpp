@@ -166,7 +166,8 @@ private:
     std::vector<Piece> m_pieces;
 };
 
-CPressLine::CPressLine(Describe describe) : m_describe(std::move(describe)) {}
+CPressLine::CPressLine(Describe describe, std::function<void()> painted)
+    : m_describe(std::move(describe)), m_painted(std::move(painted)) {}
 
 CPressLine::~CPressLine() = default;
 
@@ -241,6 +242,10 @@ void CPressLine::refresh() {
 
 void CPressLine::begin(PressButton pressed) {
     m_pressed = pressed;
+    paint();
+}
+
+void CPressLine::paint() {
     stale();
     refresh();
     UpdateWindow(handle());
@@ -252,7 +257,8 @@ void CPressLine::end() {
 }
 
 void CPressLine::changesIn(std::chrono::milliseconds time) {
-    SetTimer(handle(), kOnceTimer, static_cast<UINT>(time.count()), nullptr);
+    if (handle() != nullptr)
+        SetTimer(handle(), kOnceTimer, static_cast<UINT>(time.count()), nullptr);
     stale();
 }
 
@@ -278,6 +284,7 @@ std::vector<CPressLine::Piece> CPressLine::layOut(HDC dc) {
 
 void CPressLine::onPaint() {
     refresh();
+    m_painted();
     const fw::PaintScope paint(handle());
     const RECT area = clientRect();
     FillRect(paint.dc(), &area, GetSysColorBrush(COLOR_3DFACE));

@@ -23,7 +23,8 @@ class CPressLine : public fw::CWindow {
 public:
     // What is said of a press of the button now; asked with every refresh.
     using Describe = std::function<PressLine(PressButton)>;
-    explicit CPressLine(Describe describe);
+    // `painted` is called when what it says is visible.
+    CPressLine(Describe describe, std::function<void()> painted);
     ~CPressLine() override;
 
     // Creates the window in `pane`, whose font it takes. False when it cannot be made.
@@ -49,6 +50,9 @@ public:
     // What it says changes by itself after a time.
     void changesIn(std::chrono::milliseconds time);
 
+    // Paints what it says now.
+    void paint();
+
 protected:
     const fw::MessageMap& messageMap() const override;
 
@@ -71,6 +75,7 @@ private:
     void showTip(bool cutOff);
 
     Describe m_describe;
+    std::function<void()> m_painted;
     std::vector<std::unique_ptr<Watch>> m_watches;
     std::optional<PressButton> m_hovered, m_pressed;
     PressLine m_line;

@@ -77,12 +77,12 @@ void Intake::takePending(const FieldReader& message, Origin origin,
     // A checker never sees a change of his own. One that is listed already takes the new texts,
     // without a redraw.
     if (textOf(texts.makerId, CodedText::maker) == m_host.peerUserId()) {
-        m_changes.rewriteRecord(listed, texts);
+        m_changes.rewriteRecord(listed, texts, origin);
         return;
     }
 
     if (listed != kNoSlot) {
-        m_changes.refreshRecord(listed, texts);
+        m_changes.refreshRecord(listed, texts, origin);
         m_listener.publishedAgain(std::string(*key));
     } else {
         m_changes.addRecord(*key, texts, origin);

@@ -36,6 +36,8 @@ void Filters::follow(Column& column, const Act& act, bool looped, const Box& box
         if (column.typing)
             std::erase_if(column.possible, [&](auto& f) { return f.text != box.text; });
         column.typing = false;
+    } else if (column.typing && !box.dropped && (act.press == "Accept" || act.press == "Reject")) {
+        column.possible.insert(pattern);  // if the press came so far
     } else if (closed && !looped && (act.key == VK_RETURN || act.inDropList)) {
         if (act.inDropList && !changed) return;                      // a click beside the entries
         if (act.key == VK_ESCAPE || act.name.starts_with("drag")) {  // perhaps no choice

@@ -150,6 +150,51 @@ TEST_F(Decisions, RejectSkipsWhatWasDecidedBehindAMessageBox) {
     EXPECT_EQ(decisions(), Lines{"rejected 3"});
 }
 
+// What is published again while a box of the press is open was not seen: it stays, and so does the
+// other half of its pair. What a Recover brings again as it was stays what was meant.
+TEST_F(Decisions, LeaveOutWhatIsPublishedAgainBehindABox) {
+    const struct {
+        const char* step;
+        std::string accepted, rejected;
+    } cases[] = {
+        {"again 2", "134", "134"},
+        {"other 2", "134", "134"},
+        {"own 2", "134", "134"},
+        {"again 3", "12", "124"},
+        {"again 4", "12", "123"},
+        {"again 5", "1234", "1234"},
+        {"end 2", "134", "134"},
+        {"found 2", "1234", "1234"},
+        {"found 2 340", "134", "134"},
+        {"answer user 1", "1234", "1234"},
+        {"new answer user 1", "234", "234"},
+    };
+    for (const auto& each : cases) {
+        for (const bool accepts : {true, false}) {
+            SCOPED_TRACE(std::string(each.step) + (accepts ? " accept" : " reject"));
+            run("list 1 339,list 2 339,list 3 339 U,list 4 353 C U,read 1");
+            host.answersYes = true;
+            if (accepts)
+                rejectAll();  // so that the opposite asks
+            else
+                acceptAll();
+            takeSent();
+            host.whileBoxIsOpen = [&] { take(each.step); };
+            if (accepts)
+                acceptAll();
+            else
+                rejectAll();
+            std::string left;
+            for (const std::string& key : takeSent(MNM_AUTHORIZATION_KEY)) left += key;
+            EXPECT_EQ(left, accepts ? each.accepted : each.rejected);
+            EXPECT_EQ(workbench->sight().leftOut(),
+                      left.size() < 4 && each.step != std::string("end 2"));
+            workbench->sight().takes(PressSight::Hits::selection, {});
+            run("end 1,end 2,end 3,end 4,end 5");
+        }
+    }
+}
+
 std::string rowOf(const DecisionLog& log, Slot slot) {
     std::string row;
     for (std::size_t column = 1; column < kDecisionColumns.size(); ++column)

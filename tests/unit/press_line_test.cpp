@@ -160,13 +160,31 @@ TEST_F(PressLineTest, OfUpdateAndRecover) {
          "Recover: drops 1 unsent value"},
         {"update", "Update nothing: no value is edited",
          "Recover: asks for everything that is pending"},
+        {"only 1007,reject,edit 1700,wait 3",
+         "Update 1 value of 1007 RMS Limits, Client - C10021, rejected 3 s ago, asks first",
+         "Recover: drops 1 unsent value"},
     };
+    changes().states().setClock([this] { return now; });
+    host.answersYes = true;
     for (const auto& each : cases) {
         SCOPED_TRACE(each.steps);
         run(each.steps);
         EXPECT_EQ(line(PressButton::update).text, each.update);
         EXPECT_EQ(line(PressButton::recover).text, each.recover);
     }
+    host.control().sent.clear();
+    host.takeSaid();
+    for (const char* behind : {"", "again 1007"}) {
+        host.answersYes = *behind != '\0';
+        host.whileBoxIsOpen = [&] { run(behind); };
+        take("update");
+        EXPECT_EQ(decided(), "");
+    }
+    EXPECT_EQ(host.takeSaid().front(),
+              "question 1007 RMS Limits, Client - C10021 was rejected and the outcome is awaited."
+              "\n\nUpdate it all the same?");
+    take("update");
+    EXPECT_EQ(decided(), "1007");
 }
 
 // A press takes what is being typed first.
@@ -195,47 +213,68 @@ protected:
         for (const char* key : {"1", "2", "3"}) list(key, "360");
         workbench->changes().rows().selection().select(1, true);
     }
+    using Hits = PressSight::Hits;
+    bool takes(std::optional<PressSight::Milliseconds> ago, Hits what = Hits::selection) {
+        return workbench->sight().takes(what, ago);
+    }
     PressSight::Milliseconds now = 10s;
 };
 
-TEST_F(PressSightTest, IsLostByWhatChangesTheSelectedWithoutTheHand) {
+TEST_F(PressSightTest, IsLostByWhatChangesWithoutTheHand) {
     const struct {
         const char* what;
         const char* before;
         const char* step;
-        bool lost;
+        bool decision, update;  // whether a press is held back
     } cases[] = {
-        {"another change ends", "", "end 1", false},
-        {"another is published again", "", "again 3", false},
-        {"a new one comes", "", "again 4", false},
-        {"it is published again", "", "again 2", true},
-        {"its details come", "open 2", "answer limits 2", false},
-        {"they come again", "open 2,answer limits 2", "answer limits 2", false},
-        {"they differ", "open 2,answer limits 2", "new answer limits 2", true},
-        {"the selected one ends", "", "end 2", true},
+        {"another change ends", "", "end 1", false, false},
+        {"another is published again", "", "again 3", false, false},
+        {"a new one comes", "", "again 4", false, false},
+        {"it is published again", "", "again 2", true, false},
+        {"its details come", "open 2", "answer limits 2", false, false},
+        {"they come again", "open 2,answer limits 2", "answer limits 2", false, false},
+        {"they differ", "open 2,answer limits 2", "new answer limits 2", true, true},
+        {"they stay so", "", "new answer limits 2", false, false},
+        {"they are again as they were", "", "answer limits 2", true, true},
+        {"they are published again", "", "again 2", true, true},
+        {"another's details are", "open 3,answer limits 3", "again 3", false, true},
+        {"another's differ", "", "new answer limits 3", false, true},
+        {"the selected one ends", "", "end 2", true, false},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.what);
         run(each.before);
         now += 1s;
-        EXPECT_TRUE(workbench->sight().takes(0ms));
+        EXPECT_TRUE(takes(0ms));
         take(each.step);
-        EXPECT_EQ(!workbench->sight().takes(0ms), each.lost);
+        EXPECT_EQ(!takes(0ms), each.decision);
+        EXPECT_EQ(!takes(0ms, Hits::details), each.update);
     }
 }
 
 TEST_F(PressSightTest, ComesBackForPressesThatAreMadeLater) {
     take("end 2");
     now += 249ms;
-    EXPECT_FALSE(workbench->sight().takes(0ms));
+    EXPECT_FALSE(takes(0ms));
     now += 1ms;
-    EXPECT_TRUE(workbench->sight().takes(0ms));
-    EXPECT_FALSE(workbench->sight().takes(1ms)) << "pressed before, handled now";
+    EXPECT_TRUE(takes(0ms));
+    EXPECT_FALSE(takes(1ms)) << "pressed before, handled now";
     take("end 3");
-    EXPECT_FALSE(workbench->sight().takes(0ms));
+    EXPECT_FALSE(takes(0ms));
     workbench->changes().rows().selection().select(0, true);
     workbench->selectionMade();
-    EXPECT_TRUE(workbench->sight().takes(0ms)) << "the hand chose it";
+    EXPECT_FALSE(takes(0ms)) << "the hand aimed at what was there before";
+    now += 250ms;
+    EXPECT_TRUE(takes(0ms));
+    run("list 4 360,only 4");
+    workbench->sight().followPaint();
+    take("again 4");
+    now += 1s;
+    EXPECT_FALSE(takes(0ms)) << "not painted yet";
+    workbench->sight().painted();
+    EXPECT_FALSE(takes(0ms));
+    now += 250ms;
+    EXPECT_TRUE(takes(0ms));
 }
 
 // Until the next press, a selection by hand, or some seconds later.
@@ -249,14 +288,14 @@ TEST_F(PressSightTest, SpeaksOfAPressThatWasHeldBack) {
         {"the hand does", [&] { workbench->selectionMade(); }, false},
         {"it does while a text is refused", [&] { workbench->selectionWaits(); }, false},
         {"a filter hides rows", [&] { workbench->details().selectionMoved(); }, true},
-        {"a press that needs no sight", [&] { workbench->sight().takes({}); }, false},
+        {"a press that needs no sight", [&] { takes({}); }, false},
         {"almost six seconds", [&] { now += 5999ms; }, true},
         {"six seconds", [&] { now += 6s; }, false},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.what);
-        workbench->sight().moved();
-        EXPECT_FALSE(workbench->sight().takes(0ms));
+        workbench->sight().moved(Hits::selection);
+        EXPECT_FALSE(takes(0ms));
         EXPECT_TRUE(workbench->sight().heldBack());
         each.act();
         EXPECT_EQ(workbench->sight().heldBack(), each.spoken);

@@ -69,6 +69,23 @@ TEST_F(WorkbenchTest, AsksAgainOnceForDetailsThatArePublishedAgainWhileTheyAreAw
     EXPECT_EQ(host.control().sent.size(), 2u);
 }
 
+// An answer was lost on the way: details that are visible are asked for again all the same, or else
+// their strip says that they are not the last word.
+TEST_F(WorkbenchTest, DetailsDoNotStayOldBehindALostAnswer) {
+    list("1001", "339");
+    run("open 1001,open 1001,answer user 1001");
+    takeSent();
+    take("again 1001");
+    EXPECT_EQ(takeSent().size(), 1u);
+    run("answer user 1001,open 1001,open 1001,answer user");
+    EXPECT_EQ(view.caption.title, "Maker Checker Details: DLR101, ADD USER, 1001");
+    take("again 1001");
+    EXPECT_EQ(view.caption.title,
+              "Maker Checker Details: DLR101, ADD USER, 1001 (published again, asking for it)");
+    take("list 1001 354");
+    EXPECT_EQ(view.caption.title, "Maker Checker Details") << "it is of another kind by now";
+}
+
 TEST_F(WorkbenchTest, AnEmptyListSaysWhy) {
     list("1001", "339");
     list("1004", "365");
@@ -110,8 +127,11 @@ TEST_F(WorkbenchTest, RecoveryEmptiesTheDetailsAndItsAnswersAreTakenIn) {
     view.events.clear();
     std::vector<std::string> whileSending;
     host.control().sending = [&](const SentMessage&) { whileSending = view.events; };
+    host.control().works = false;
     workbench->presses().recover();
     EXPECT_EQ(whileSending, Lines{"empty details"});
+    EXPECT_FALSE(workbench->changes().states().arrivals().recovered) << "nothing was asked for";
+    host.control().works = true;
 
     const FieldTexts change{{MNM_PUBLICATION_STATUS, "auth pending"},
                             {MNM_AUTHORIZATION_KEY, "1002"},
@@ -224,7 +244,7 @@ TEST_F(EditedLimits, NothingThatLeavesThemBehindGoesUnasked) {
 TEST_F(EditedLimits, ADecisionIsOfWhatWasSelectedAtThePress) {
     host.answersYes = true;
     host.whileBoxIsOpen = [&] {  // decided elsewhere: the list selects the row after it
-        take("end 1001");
+        run("end 1001,list 2001 339");
     };
     select("only 1001");
     workbench->presses().accept(selected());
@@ -318,7 +338,11 @@ TEST_F(EditedLimits, AreSpelledReplacedSentAndForgotten) {
     EXPECT_FALSE(row().edited);
 
     workbench->details().valueEdited(64031, "3");
-    publish("rejected", "1003");
+    host.control().sending = [this](const SentMessage&) { run("end 1003,list 2001 339"); };
+    workbench->presses().update();
+    EXPECT_EQ(workbench->changes().states().of(workbench->changes().find("2001")).sent,
+              SentDecision::none)
+        << "it came in the middle of the update";
     EXPECT_EQ(update(), "");
     EXPECT_EQ(workbench->details().valueEdited(64031, "1"), std::nullopt)
         << "no details are visible";

@@ -85,6 +85,7 @@ TEST(Presses, APressIsOfWhatWasSeen) {
         Sleep(300);
     });
     EXPECT_EQ(takeSent(51803), Texts{}) << "the mouse was pressed before";
+    Sleep(300);
     hand::click(button("Accept"));
     EXPECT_EQ(takeSent(51803), Texts{"3"});
     EXPECT_FALSE(pressLine().starts_with("Not sent"));
@@ -92,6 +93,36 @@ TEST(Presses, APressIsOfWhatWasSeen) {
     // A message: what a host or a tool presses is never held back, right behind an outcome either.
     SendMessageA(button("Accept"), BM_CLICK, 0, 0);
     EXPECT_EQ(takeSent(51803), Texts{"4"}) << "no hand pressed it";
+}
+
+// A thread that is busy with messages handles what the hand did before it paints.
+TEST(Presses, NothingIsSeenBeforeItIsPainted) {
+    OpenWorkbench open({"1", "2"});
+    hand::clickRow(mainList(), 0);
+    open.plugin.publish(outcome("1", "accepted"));
+    Sleep(300);
+    hand::key('Y', hand::kCtrlShift);
+    EXPECT_EQ(takeSent(51803), Texts{});
+    EXPECT_TRUE(pressLine().starts_with("Not sent"));
+    Sleep(300);
+    hand::key('Y', hand::kCtrlShift);
+    EXPECT_EQ(takeSent(51803), Texts{"2"});
+}
+
+// Keys that are faster than the pause in typing would decide what the filter is about to hide.
+TEST(Presses, AFilterThatIsTypedAppliesBeforeAPress) {
+    OpenWorkbench open({"1", "2", "3"});
+    hand::click(filterEdit(2));
+    hand::type("2");
+    SetFocus(mainList());
+    hand::key('A', hand::kCtrl);
+    hand::key('Y', hand::kCtrlShift);
+    EXPECT_EQ(takeSent(51803), Texts{});
+    EXPECT_EQ(pressLine(),
+              "Not sent, as this changed just before the press: Accept 2 MODIFY USER U, not looked "
+              "at; 2 deselected by the filter");
+    hand::key('Y', hand::kCtrlShift);
+    EXPECT_EQ(takeSent(51803), Texts{"2"});
 }
 
 // Decided, and not yet gone: the next one below is read, and decided by the next press.

@@ -1,9 +1,15 @@
 #include "workbench/model/decisions.h"
 
+#include <optional>
 #include <vector>
 
 namespace mc {
 namespace {
+
+// What a press decides now: nothing that is pending no more, or changed since the press.
+std::optional<PendingChange> asMeant(Slot slot, const PendingChanges& changes) {
+    return changes.states().changedInPress(slot) ? std::nullopt : changes.recordIn(slot);
+}
 
 // One press of Accept.
 class Acceptance {
@@ -15,15 +21,14 @@ public:
         for (const Slot slot : plan.single) send(slot);
         for (const auto& [user, client] : plan.pairs)
             // Neither is accepted when the other cannot be.
-            if (m_changes.isPending(client) && send(user)) send(client);
+            if (asMeant(client, m_changes) && send(user)) send(client);
         // Clients without a user are named only when no user is left without a client.
         if (!warnOf(plan.users)) warnOf(plan.clients);
     }
 
 private:
-    // A change that was decided while a message box was open is pending no more.
     bool send(Slot slot) {
-        const auto now = m_changes.recordIn(slot);
+        const auto now = asMeant(slot, m_changes);
         if (!now || m_requests.sendAccept(*now) == 0) return false;
         m_changes.states().sent(slot, SentDecision::accept);
         return true;
@@ -62,7 +67,7 @@ void rejectSelected(const PressPlan& plan, const std::string& reason, PendingCha
     if (reason.empty()) return;
     const PendingChanges::Hold hold(changes);
     for (const Slot slot : plan.single) {
-        const auto now = changes.recordIn(slot);
+        const auto now = asMeant(slot, changes);
         if (now && requests.sendReject(*now, reason) != 0)
             changes.states().sent(slot, SentDecision::reject);
     }

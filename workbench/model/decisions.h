@@ -12,7 +12,8 @@ namespace mc {
 
 // Sends accept for every change that the plan lets leave, in its order. A user whose accept fails
 // withholds its client's. Halves that stay are named to the checker. What is decided meanwhile,
-// behind a message box, is skipped. A Hold must have been there since the plan was made.
+// behind a message box, is skipped, and so is what was published again since the states were told
+// of the press. A Hold must have been there since the plan was made.
 void acceptSelected(const PressPlan& plan, PendingChanges& changes, Requests& requests, Host& host);
 
 // Sends reject with `reason` in the plan's order; without a reason it sends nothing.

@@ -72,7 +72,9 @@ void OpenDetails::ask() {
 
 // Edits that were not sent stay, in the rows of the new answer.
 void OpenDetails::came(DetailKind kind, const FieldReader& answer) {
-    if (!m_shown.takes(kind, answer.text(MNM_AUTHORIZATION_KEY))) return;
+    const auto key = answer.text(MNM_AUTHORIZATION_KEY);
+    if (!m_shown.takes(kind, key)) return;
+    if (key) m_shown.answered();
     std::vector<DetailGroup> groups = kind == DetailKind::user ? BuildUserDetails(answer)
                                       : kind == DetailKind::account
                                           ? BuildClientDetails(answer)
@@ -80,7 +82,10 @@ void OpenDetails::came(DetailKind kind, const FieldReader& answer) {
     try {
         const bool another = m_shown.shown(groups);
         if (m_shown.key()) m_seenFields.seen(*m_shown.key(), groups);
-        if (!another && m_shown.changedSince()) m_sight.moved();
+        if (!another && m_shown.differsFromLast()) {
+            m_changes.states().detailsDiffer(m_changes.states().shown());
+            moved(*m_shown.key());
+        }
         m_view.showDetails(std::move(groups), another);
     } catch (...) {
         empty();  // edits go with the rows that hold them
@@ -98,6 +103,11 @@ void OpenDetails::refused(DetailKind kind, const FieldReader& answer) {
     m_shown.refused(answerError(answer).value_or(AnswerError{}));
     if (m_shown.edits().count() == 0) m_view.emptyDetails();
     caption();
+}
+
+void OpenDetails::moved(const std::string& key) {
+    if (m_changes.selected(key)) m_sight.moved(PressSight::Hits::selection);
+    if (m_shown.key() == key) m_sight.moved(PressSight::Hits::details);
 }
 
 void OpenDetails::publishedAgain(const std::string& key) {

@@ -46,6 +46,9 @@ public:
     void came(DetailKind kind, const FieldReader& answer);
     void refused(DetailKind kind, const FieldReader& answer);
     void publishedAgain(const std::string& key);
+
+    // Something of a change did, by a message: presses that hit it may come too soon.
+    void moved(const std::string& key);
     void changeEnded(const std::string& key);
 
     // A change came, changed or went: it may be about what is looked at.

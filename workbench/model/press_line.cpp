@@ -9,8 +9,6 @@
 namespace mc {
 namespace {
 
-constexpr std::string_view kVerbs[] = {"Accept", "Reject", "Update", "Recover"};
-
 std::string counted(std::size_t count, std::string_view one, std::string_view many) {
     return std::to_string(count) + " " + std::string(count == 1 ? one : many);
 }
@@ -24,14 +22,14 @@ std::string ago(std::time_t seconds) {
     return whole < 100 ? std::to_string(whole) + " s ago" : std::to_string(whole / 60) + " min ago";
 }
 
-// The line of Accept or Reject.
+// The line of Accept, Reject or Update.
 class DecisionLine {
 public:
     DecisionLine(const PressPlan& plan, const PendingChanges& changes)
-        : m_plan(plan), m_changes(changes), m_accepts(plan.button == PressButton::accept) {}
+        : m_plan(plan), m_changes(changes), m_accepts(plan.button != PressButton::reject) {}
 
     PressLine make() {
-        m_line.text = kVerbs[static_cast<std::size_t>(m_plan.button)];
+        m_line.text = verbOf(m_plan.button);
         if (!m_plan.leaving.empty())
             sayWhatLeaves();
         else if (halves() == 0)
@@ -41,6 +39,12 @@ public:
             m_line.text += "; asks about " + unsent(m_plan.edits) + " first";
         if (m_plan.deselected != 0)
             m_line.text += "; " + std::to_string(m_plan.deselected) + " deselected by the filter";
+        return std::move(m_line);
+    }
+
+    PressLine makeUpdate() {
+        m_line.text = updateText();
+        saySent();
         return std::move(m_line);
     }
 
@@ -129,6 +133,14 @@ private:
             .append(": ");
     }
 
+    std::string updateText() const {
+        if (m_plan.key.empty()) return "Update nothing: no details are open";
+        if (m_plan.edits == 0) return "Update nothing: no value is edited";
+        const auto change = m_changes.findRecord(m_plan.key);
+        return "Update " + counted(m_plan.edits, "value", "values") + " of " +
+               (change ? pressName(*change) : m_plan.key);
+    }
+
     // Those that stay, and one that would complete a pair.
     void sayHalves() {
         if (halves() == 0) return;
@@ -157,14 +169,6 @@ private:
     PressLine m_line;
 };
 
-std::string updateText(const PressPlan& plan, const PendingChanges& changes) {
-    if (plan.key.empty()) return "Update nothing: no details are open";
-    if (plan.edits == 0) return "Update nothing: no value is edited";
-    const auto change = changes.findRecord(plan.key);
-    return "Update " + counted(plan.edits, "value", "values") + " of " +
-           (change ? pressName(*change) : plan.key);
-}
-
 }  // namespace
 
 std::string PressLine::whole() const {
@@ -180,6 +184,11 @@ bool PressLine::isNews(const PressLine& before) const {
     return withoutDigits(whole()) != withoutDigits(before.whole());
 }
 
+std::string verbOf(PressButton button) {
+    constexpr const char* kVerbs[] = {"Accept", "Reject", "Update", "Recover"};
+    return kVerbs[static_cast<std::size_t>(button)];
+}
+
 std::string pressName(const sMakeCheckStruct& change) {
     const Functionality* kind = findFunctionality(change.functionalityCode);
     std::string text = change.key;
@@ -191,15 +200,14 @@ std::string pressName(const sMakeCheckStruct& change) {
 
 PressLine describePress(const PressPlan& plan, const PendingChanges& changes) {
     if (plan.refused) {
-        const auto verb = kVerbs[static_cast<std::size_t>(plan.button)];
-        return {.text = std::string(verb) + " nothing: the text in the editor cannot be kept"};
+        return {.text = verbOf(plan.button) + " nothing: the text in the editor cannot be kept"};
     }
     switch (plan.button) {
         case PressButton::accept:
         case PressButton::reject:
             return DecisionLine(plan, changes).make();
         case PressButton::update:
-            return {.text = updateText(plan, changes)};
+            return DecisionLine(plan, changes).makeUpdate();
         case PressButton::recover:
             return {.text = plan.edits != 0 ? "Recover: drops " + unsent(plan.edits)
                                             : "Recover: asks for everything that is pending"};

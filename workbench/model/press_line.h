@@ -30,4 +30,6 @@ PressLine describePress(const PressPlan& plan, const PendingChanges& changes);
 // "1002 MODIFY CLIENT C10021"; a limit's entity names itself: "1007 RMS Limits, Client - C10021".
 std::string pressName(const sMakeCheckStruct& change);
 
+std::string verbOf(PressButton button);  // "Accept"
+
 }  // namespace mc

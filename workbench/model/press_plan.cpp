@@ -77,6 +77,12 @@ void planAccept(PressPlan& plan, SelectedRecords selected, const PendingChanges&
             plan.missing = changes.related().otherHalf(*half);
 }
 
+// An Update accepts the change that the details are about.
+void planUpdate(PressPlan& plan, const PendingChanges& changes) {
+    const Slot slot = changes.find(plan.key);
+    if (plan.edits != 0 && slot != kNoSlot) plan.single.push_back(slot);
+}
+
 void countStates(PressPlan& plan, const ChangeStates& states) {
     plan.leaving = plan.single;
     Slot last = kNoSlot;
@@ -86,7 +92,7 @@ void countStates(PressPlan& plan, const ChangeStates& states) {
     }
     plan.states = states.count(plan.leaving);
     const std::size_t accepted = plan.states.accepted + plan.states.updated;
-    const bool accepts = plan.button == PressButton::accept;
+    const bool accepts = plan.button != PressButton::reject;
     plan.again = accepts ? accepted : plan.states.rejected;
     plan.opposite = accepts ? plan.states.rejected : accepted;
     if (plan.again + plan.opposite == 0) return;
@@ -106,12 +112,13 @@ PressPlan planPress(PressButton button, SelectedRecords selected, const PendingC
     plan.edits = details.modifiedValues.size();
     if (typed.field && !details.modifiedValues.contains(*typed.field)) ++plan.edits;
     plan.key = details.key.value_or("");
-    if (button == PressButton::update || button == PressButton::recover) return plan;
-    plan.deselected = changes.rows().selection().deselectedByFilter();
-    if (button == PressButton::accept)
-        planAccept(plan, selected, changes);
+    if (button == PressButton::recover) return plan;
+    if (button == PressButton::update)
+        planUpdate(plan, changes);
     else
-        plan.single.assign(selected.begin(), selected.end());
+        plan.deselected = changes.rows().selection().deselectedByFilter();
+    if (button == PressButton::accept) planAccept(plan, selected, changes);
+    if (button == PressButton::reject) plan.single.assign(selected.begin(), selected.end());
     countStates(plan, changes.states());
     return plan;
 }

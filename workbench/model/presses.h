@@ -1,9 +1,9 @@
 // The four buttons: what a press of each would do, and does.
 //
 // `selected`, in row order, is what was selected at the press: a change that goes while a box is
-// open is not decided, and none is decided instead. Where edits are not sent, all but Update ask
-// first. Accept and Reject ask before they decide otherwise than a decision that was sent, whose
-// outcome is awaited.
+// open, or is published again, is not decided, and none is decided instead. Where edits are not
+// sent, all but Update ask first. Accept and Reject ask before they decide otherwise than a
+// decision that was sent, whose outcome is awaited.
 #pragma once
 
 #include <functional>
@@ -18,8 +18,13 @@ namespace mc {
 class Presses {
 public:
     // All must outlive the object.
-    Presses(Host& host, PendingChanges& changes, Requests& requests, OpenDetails& details)
-        : m_host(host), m_changes(changes), m_requests(requests), m_details(details) {}
+    Presses(Host& host, PendingChanges& changes, Requests& requests, OpenDetails& details,
+            PressSight& sight)
+        : m_host(host),
+          m_changes(changes),
+          m_requests(requests),
+          m_details(details),
+          m_sight(sight) {}
 
     // What a press of the button would do now, with what is selected and typed now.
     PressPlan plan(PressButton button, const TypedValue& typed = {}) const {
@@ -42,11 +47,13 @@ private:
         return planPress(button, selected, m_changes, m_details.asked(), typed);
     }
     bool mayDecideAgain(const PressPlan& plan);
+    void sayWhatChanged(SelectedRecords selected);
 
     Host& m_host;
     PendingChanges& m_changes;
     Requests& m_requests;
     OpenDetails& m_details;
+    PressSight& m_sight;
 };
 
 }  // namespace mc

@@ -24,8 +24,9 @@ std::size_t printOf(const std::vector<DetailGroup>& groups) {
 
 bool ShownAnswers::compare(const std::vector<DetailGroup>& groups) {
     const std::size_t print = printOf(groups);
-    if (m_print == 0) m_print = print;
-    return m_changed = print != m_print;
+    if (m_first == 0) m_first = m_last = print;
+    m_differs = print != std::exchange(m_last, print);
+    return print != m_first;
 }
 
 }  // namespace mc

@@ -1,5 +1,5 @@
 // The answers whose details were shown: whether the last one says other things than the first since
-// the change was opened, and whose details it was.
+// the change was opened, and than the one before it, and whose details it was.
 #pragma once
 
 #include <cstddef>
@@ -15,19 +15,19 @@ namespace mc {
 class ShownAnswers {
 public:
     // Another change is opened, or none: the next answer is the first.
-    void opened() { m_print = 0; }
+    void opened() { m_first = m_last = 0; }
 
     // An answer came. Returns whether it says other things than the first.
     bool compare(const std::vector<DetailGroup>& groups);
-    bool changed() const { return m_changed; }
+    bool differsFromLast() const { return m_differs; }
 
     // It is shown, as the details of `key`. Returns whether those before were of another.
     bool shown(const std::optional<std::string>& key) { return std::exchange(m_key, key) != key; }
 
 private:
-    std::optional<std::string> m_key;  // of the last one shown
-    std::size_t m_print = 0;           // of the texts of the first; 0: there is none
-    bool m_changed = false;
+    std::optional<std::string> m_key;     // of the last one shown
+    std::size_t m_first = 0, m_last = 0;  // prints of their texts; 0: there is none
+    bool m_differs = false;
 };
 
 }  // namespace mc

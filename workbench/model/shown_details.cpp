@@ -8,6 +8,7 @@ namespace mc {
 namespace {
 
 constexpr std::string_view kTitle = "Maker Checker Details";
+constexpr char kAskedAgain[] = "published again, asking for it";
 
 // The parts that are not empty, with ", " between them.
 std::string joined(std::initializer_list<std::string_view> parts) {
@@ -54,7 +55,7 @@ void ShownDetails::forget() {
 
 // What asks for memory comes first.
 void ShownDetails::requested() {
-    std::string news = "published again, asking for it";
+    std::string news = kAskedAgain;
     m_unanswered.add(*m_about.key, m_about.kind);
     if (m_state == State::shown)
         m_news = std::move(news);
@@ -74,6 +75,7 @@ void ShownDetails::notSent() {
 bool ShownDetails::publishedAgain(const sMakeCheckStruct& record) {
     name(record);
     m_askAgain = m_about.kind != DetailKind::none;
+    if (m_askAgain && m_state == State::shown) m_news = kAskedAgain;  // also while one is awaited
     return askAgain();
 }
 

@@ -52,6 +52,10 @@ public:
     // An answer came: whether it is for the details of the change that is looked at.
     bool takes(DetailKind kind, const std::optional<std::string_view>& key);
 
+    // It names the change, so it is the answer to earlier requests for it as well. One that names
+    // none is for one request only: the next one would be taken for another change's.
+    void answered() { m_unanswered.dropAllOf(*m_about.key); }
+
     void refused(const AnswerError& error);
 
     // The groups of an answer are about to be shown: puts unsent edits into their rows, and keeps
@@ -70,8 +74,8 @@ public:
 
     DetailsCaption caption() const;
 
-    // Whether the answer shown last differs from the first one since the change was opened.
-    bool changedSince() const { return m_answers.changed(); }
+    // Whether the answer shown now differs from the one that was shown before it.
+    bool differsFromLast() const { return m_answers.differsFromLast(); }
 
 private:
     struct About {  // the change that is looked at

@@ -22,6 +22,11 @@ public:
     void add(std::string key, DetailKind kind) { m_requests.push_back({std::move(key), kind}); }
     void dropLast() { m_requests.pop_back(); }
 
+    // Details of `key` are visible: earlier requests for them may have been lost on the way.
+    void dropAllOf(const std::string& key) {
+        std::erase_if(m_requests, [&key](const Request& each) { return key == each.key; });
+    }
+
     bool contains(const std::optional<std::string>& key) const {
         return std::ranges::any_of(m_requests,
                                    [&key](const Request& each) { return key == each.key; });

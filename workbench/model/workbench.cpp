@@ -15,7 +15,7 @@ Workbench::Workbench(Host& host, RecordsView& records, DetailsView& details)
       m_intake(host, m_changes, *this),
       m_link(host, *this),
       m_requests(host, m_link, m_details.asked()),
-      m_presses(host, m_changes, m_requests, m_details) {
+      m_presses(host, m_changes, m_requests, m_details, m_sight) {
     m_requests.setTriedListener([this](const TriedRequest& tried) { noteTried(tried); });
     m_details.caption();
 }
@@ -43,7 +43,8 @@ void Workbench::recovered(const FieldReader& answer) {
 void Workbench::take(const FieldReader& message, Intake::Origin origin) {
     const auto selection = m_changes.rows().selection().revision();
     m_intake.handle(message, origin);
-    if (m_changes.rows().selection().revision() != selection) m_sight.moved();
+    if (m_changes.rows().selection().revision() != selection)
+        m_sight.moved(PressSight::Hits::selection);
     if (!m_link.closed()) m_details.neighboursMoved();
 }
 
@@ -62,7 +63,7 @@ void Workbench::detailsRefused(DetailKind kind, const FieldReader& answer) {
 }
 
 void Workbench::publishedAgain(const std::string& key) {
-    if (m_changes.selected(key)) m_sight.moved();
+    m_details.moved(key);
     m_details.publishedAgain(key);
 }
 
@@ -80,12 +81,12 @@ void Workbench::noteTried(const TriedRequest& tried) {
 }
 
 void Workbench::selectionMade() {
-    m_sight.selected(m_changes.rows().selection().count() == 1);
+    m_sight.selected();
     m_details.followSelection();
 }
 
 void Workbench::selectionWaits() {
-    m_sight.selected(false);
+    m_sight.selected();
     m_details.selectionMoved();
 }
 

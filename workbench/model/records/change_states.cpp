@@ -48,9 +48,10 @@ void ChangeStates::came(Slot slot, Origin origin) {
     m_arrivals.any = true;
 }
 
-void ChangeStates::cameAgain(Slot slot, bool different) {
+void ChangeStates::cameAgain(Slot slot, bool different, Origin origin) {
     Bits& bits = m_bits[slot];
     bits.doubtful = false;
+    if (different || origin == Origin::published) bits.changedInPress = true;
     if (!different) return;
     if (bits.reading == Reading::lookedAt) setReading(bits, Reading::changedSince);
     bits.sent = SentDecision::none;
@@ -105,6 +106,15 @@ void ChangeStates::recoverSent() {
 void ChangeStates::subscribed() {
     m_arrivals.subscribedAt = now();
     m_view.statesChanged();
+}
+
+void ChangeStates::pressBegins(std::span<const Slot> slots) {
+    for (const Slot slot : slots)
+        if (pending(slot)) m_bits[slot].changedInPress = false;
+}
+
+void ChangeStates::detailsDiffer(Slot slot) {
+    if (pending(slot)) m_bits[slot].changedInPress = true;
 }
 
 void ChangeStates::setReading(Bits& bits, Reading reading) {

@@ -74,7 +74,7 @@ public:
     // ---- What happens to changes ----
 
     void came(Slot slot, Origin origin);  // before its row does
-    void cameAgain(Slot slot, bool different);
+    void cameAgain(Slot slot, bool different, Origin origin = Origin::published);
     void ended(Slot slot);
     void clear();
 
@@ -84,6 +84,14 @@ public:
     void sent(Slot slot, SentDecision decision);
     void recoverSent();  // takes one pass
     void subscribed();
+
+    // A press of these begins. What is published again from then on, or whose details then differ,
+    // is not what it meant; an answer to a Recover that repeats the texts is no news.
+    void pressBegins(std::span<const Slot> slots);
+    void detailsDiffer(Slot slot);
+    bool changedInPress(Slot slot) const {
+        return slot < m_bits.size() && m_bits[slot].changedInPress;
+    }
 
     // ---- Reading ----
 
@@ -105,6 +113,7 @@ private:
         bool doubtful : 1;
         bool newByRecover : 1;
         bool pending : 1;
+        bool changedInPress : 1;
     };
 
     bool pending(Slot slot) const { return slot < m_bits.size() && m_bits[slot].pending; }

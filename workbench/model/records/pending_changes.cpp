@@ -85,7 +85,7 @@ void PendingChanges::removeRecord(std::string_view key) {
     m_view.rowsChanged();
 }
 
-bool PendingChanges::rewriteRecord(Slot slot, const ChangeTexts& texts) {
+bool PendingChanges::rewriteRecord(Slot slot, const ChangeTexts& texts, Origin origin) {
     if (!m_rows.stored().contains(slot)) return false;
     const ChangeTable::Difference different = m_table.compare(slot, texts);
     if (different.about) m_related.goes(slot);
@@ -95,13 +95,13 @@ bool PendingChanges::rewriteRecord(Slot slot, const ChangeTexts& texts) {
         if (different.about) m_related.came(slot);
         throw;
     }
-    m_states.cameAgain(slot, different.any);
+    m_states.cameAgain(slot, different.any, origin);
     if (different.about) m_related.came(slot);
     return true;
 }
 
-void PendingChanges::refreshRecord(Slot slot, const ChangeTexts& texts) {
-    if (!rewriteRecord(slot, texts)) return;
+void PendingChanges::refreshRecord(Slot slot, const ChangeTexts& texts, Origin origin) {
+    if (!rewriteRecord(slot, texts, origin)) return;
     m_rows.refresh(slot);
     m_view.rowsChanged();
 }

@@ -79,10 +79,10 @@ public:
 
     // Keeps new texts of the change that was found in a slot; its row stays where it is and nobody
     // is notified. False, and nothing happens, when it is not pending any more.
-    bool rewriteRecord(Slot slot, const ChangeTexts& texts);
+    bool rewriteRecord(Slot slot, const ChangeTexts& texts, Origin origin = Origin::published);
 
     // The same, and its row is filtered and sorted again.
-    void refreshRecord(Slot slot, const ChangeTexts& texts);
+    void refreshRecord(Slot slot, const ChangeTexts& texts, Origin origin = Origin::published);
 
     // Removes every change without notifying the view of single rows.
     void clearAllRecords();
