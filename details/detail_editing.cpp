@@ -10,10 +10,9 @@
 namespace mc {
 namespace {
 
-// Never seen: an edit's name, for screen readers, is the label before it.
 void nameEditor(HWND editor, const std::string& field) {
-    const std::string name = field + ", " + kDetailColumns[toIndex(kValueColumn)].name;
-    const HWND label = fw::makeControl(WC_STATICA, name.c_str(), WS_CHILD, 0, {}, editor, 0);
+    const HWND label =
+        fw::makeNameLabel(editor, field + ", " + kDetailColumns[toIndex(kValueColumn)].name);
     SetWindowPos(label, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 

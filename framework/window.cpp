@@ -110,6 +110,10 @@ HWND makeControl(const char* windowClass, const char* text, DWORD style, DWORD e
                            reinterpret_cast<HMENU>(UINT_PTR{id}), module(), nullptr);
 }
 
+HWND makeNameLabel(HWND parent, const std::string& name) noexcept {
+    return makeControl(WC_STATICA, name.c_str(), WS_CHILD, 0, {}, parent, 0);
+}
+
 bool CWindow::dispatchMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     return dispatch(messageMap(), *this, message, wParam, lParam, result);
 }

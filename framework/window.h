@@ -12,6 +12,8 @@
 
 #include <windows.h>
 
+#include <string>
+
 #include "framework/message_map.h"
 
 namespace fw {
@@ -28,6 +30,10 @@ int scaledFor(HWND window, int pixels) noexcept;
 // (framework/activation.h). Null when it cannot be made.
 HWND makeControl(const char* windowClass, const char* text, DWORD style, DWORD exStyle, SIZE size,
                  HWND parent, UINT id) noexcept;
+
+// A label in `parent` that is never seen: the name, for screen readers, of the control that follows
+// it in the order of windows. It goes with `parent`. Null when it cannot be made.
+HWND makeNameLabel(HWND parent, const std::string& name) noexcept;
 
 // A window class of this module, registered when its first window is created.
 struct WindowClass {

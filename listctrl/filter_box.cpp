@@ -70,8 +70,7 @@ CFilterBox::~CFilterBox() {
 
 bool CFilterBox::create(HWND header, UINT id, const std::string& name, HFONT font,
                         const Heights& heights, ColumnFilter filter) {
-    // Never seen: a box's name, for screen readers, is the label before it.
-    m_label = fw::makeControl(WC_STATICA, name.c_str(), WS_CHILD, 0, {}, header, 0);
+    m_label = fw::makeNameLabel(header, name);
     const HWND combo = fw::makeControl(WC_COMBOBOXA, "",
                                        WS_CHILD | WS_VISIBLE | WS_VSCROLL | CBS_DROPDOWN |
                                            CBS_AUTOHSCROLL | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS,

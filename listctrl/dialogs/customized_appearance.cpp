@@ -125,7 +125,7 @@ const fw::MessageMap& CCustomizedAppearance::messageMap() const {
 // ---- Opening ----
 
 LRESULT CCustomizedAppearance::onInitDialog() {
-    if (!m_question.caption.empty()) SetWindowTextA(handle(), m_question.caption.c_str());
+    SetWindowTextA(handle(), m_question.caption.c_str());
     for (const auto& [text, value] : kProperties) combo(IDC_APPEARANCE_PROPERTY).add(text);
     combo(IDC_APPEARANCE_PROPERTY).select(1);
     m_color.attach(item(IDC_APPEARANCE_COLOR));

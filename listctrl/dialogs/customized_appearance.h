@@ -13,7 +13,7 @@ namespace mc {
 
 // What the dialog is asked with.
 struct AppearanceQuestion {
-    std::string caption;               // empty: the dialog's own
+    std::string caption;               // of the dialog
     std::vector<std::string> columns;  // captions by column id; none: keywords are not offered
     Appearance current;
     bool customizable = true;  // otherwise colours and keywords cannot be changed

@@ -144,17 +144,15 @@ ChangeState ChangeStates::of(Slot slot) const {
 }
 
 StateCounts ChangeStates::count(std::span<const Slot> slots) const {
-    StateCounts counts{.changes = slots.size()};
+    StateCounts counts;
     std::array<std::size_t, 4> readings{}, decisions{};
     for (const Slot slot : slots) {
         const Bits bits = slot < m_bits.size() ? m_bits[slot] : Bits{};
-        const bool chosen = m_rows.selection().chosenByList(slot);
         ++readings[static_cast<std::size_t>(bits.reading)];
         ++decisions[static_cast<std::size_t>(bits.sent)];
         counts.doubtful += bits.doubtful;
-        counts.newByRecover += bits.newByRecover;
-        counts.chosenByList += chosen;
-        counts.chosenUnseen += chosen && bits.reading != Reading::lookedAt;
+        counts.chosenUnseen +=
+            bits.reading != Reading::lookedAt && m_rows.selection().chosenByList(slot);
     }
     const auto of = [](const auto& tally, auto which) {
         return tally[static_cast<std::size_t>(which)];

@@ -41,11 +41,10 @@ struct ChangeState {
 
 // How many changes there are of each state. They overlap.
 struct StateCounts {
-    std::size_t changes = 0;
     std::size_t notLookedAt = 0, lookedAt = 0, changedSince = 0;
     std::size_t accepted = 0, rejected = 0, updated = 0;  // sent, outcome awaited
-    std::size_t doubtful = 0, newByRecover = 0;
-    std::size_t chosenByList = 0, chosenUnseen = 0;  // the latter not looked at, or changed since
+    std::size_t doubtful = 0;
+    std::size_t chosenUnseen = 0;  // by the list; not looked at, or changed since
 };
 
 // How changes have come in this session.
