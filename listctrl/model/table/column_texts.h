@@ -101,7 +101,6 @@ private:
     void letGo(Code code) noexcept;
     void rebuild();
     void share(const LongWork& work);
-    void countUses();
     void readNumbers(const LongWork& work);
     void makeKeys(Comparison comparison, const LongWork& work);
     void sortByRanks(std::vector<Slot>& slots, int direction) const;
