@@ -53,11 +53,13 @@ bool CListExport::write(const ProgressStep& step) {
     m_stopped = false;
     const auto rows = static_cast<int>(m_content.store().rowCount());
     CExcelInterface sheet(rows + 1, m_content.shownCount());
-    return sheet.WriteToExcel(this, giveCell) != 0;
+    return sheet.WriteToExcel(this, giveCell) != 0 && !m_stopped;
 }
 
+// Without memory for a cell the export stops: the library is called back, and no exception goes
+// through it.
 void VOSK_CALL CListExport::giveCell(void* object, int row, int column, const char*& text,
-                                     int& type) {
+                                     int& type) noexcept try {
     constexpr std::size_t kMaxCaption = 255;
     auto& self = *static_cast<CListExport*>(object);
     self.m_stopped = self.m_stopped || !self.m_step(static_cast<std::size_t>(row));
@@ -70,6 +72,10 @@ void VOSK_CALL CListExport::giveCell(void* object, int row, int column, const ch
                             : self.m_content.text(static_cast<std::size_t>(row) - 1, id);
     text = self.m_given.c_str();
     type = row == 0 ? static_cast<int>(info.type) : -1;
+} catch (...) {
+    static_cast<CListExport*>(object)->m_stopped = true;
+    text = nullptr;
+    type = kStopExport;
 }
 
 }  // namespace mc

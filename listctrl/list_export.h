@@ -27,7 +27,8 @@ public:
 
 private:
     // The callback of the library (sdk/excel.h). Row 0 is the captions.
-    static void VOSK_CALL giveCell(void* object, int row, int column, const char*& text, int& type);
+    static void VOSK_CALL giveCell(void* object, int row, int column, const char*& text,
+                                   int& type) noexcept;
     bool write(const ProgressStep& step);
 
     ListServices& m_services;

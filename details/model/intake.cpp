@@ -77,7 +77,7 @@ void Intake::takePending(const FieldReader& message, Origin origin,
     // A checker never sees a change of his own. One that is listed already takes the new texts,
     // without a redraw.
     if (textOf(texts.makerId, CodedText::maker) == m_host.peerUserId()) {
-        m_changes.rewriteRecord(listed, texts, origin);
+        if (m_changes.rewriteRecord(listed, texts, origin)) m_listener.rewritten(std::string(*key));
         return;
     }
 

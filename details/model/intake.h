@@ -16,6 +16,9 @@ public:
     // A listed change was published again; its texts are those that came.
     virtual void publishedAgain(const std::string& key) = 0;
 
+    // A listed change has other texts, and its row is not painted for it.
+    virtual void rewritten(const std::string&) {}
+
     // The outcome of a change, listed or not: "accepted" or "rejected". Comes before changeEnded().
     virtual void outcomeCame(const std::string&, std::string_view) {}
 

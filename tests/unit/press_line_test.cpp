@@ -239,6 +239,7 @@ TEST_F(PressSightTest, IsLostByWhatChangesWithoutTheHand) {
         {"they are published again", "", "again 2", true, true},
         {"another's details are", "open 3,answer limits 3", "again 3", false, true},
         {"another's differ", "", "new answer limits 3", false, true},
+        {"it is the checker's own by now", "", "own 2", true, false},
         {"the selected one ends", "", "end 2", true, false},
     };
     for (const auto& each : cases) {

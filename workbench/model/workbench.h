@@ -70,6 +70,7 @@ private:
     void detailsRefused(DetailKind kind, const FieldReader& answer) override;
     void recovered(const FieldReader& answer) override;
     void publishedAgain(const std::string& key) override;
+    void rewritten(const std::string& key) override { m_details.moved(key); }
     void changeEnded(const std::string& key) override { m_details.changeEnded(key); }
     void outcomeCame(const std::string& key, std::string_view status) override;
     void noteTried(const TriedRequest& tried);
