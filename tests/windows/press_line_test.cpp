@@ -82,10 +82,10 @@ TEST(Presses, APressIsOfWhatWasSeen) {
     hand::drag(accept, {accept.x + 1, accept.y}, false, [&] {
         Sleep(300);
         open.plugin.publish(outcome("2", "accepted"));
+        UpdateWindow(GetDlgItem(findPane(), IDC_PRESS_LINE));
         Sleep(300);
     });
     EXPECT_EQ(takeSent(51803), Texts{}) << "the mouse was pressed before";
-    Sleep(300);
     hand::click(button("Accept"));
     EXPECT_EQ(takeSent(51803), Texts{"3"});
     EXPECT_FALSE(pressLine().starts_with("Not sent"));

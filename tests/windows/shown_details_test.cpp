@@ -51,6 +51,15 @@ TEST(Details, ARepublishedChangeIsAskedForAgainAndKeepsWhatIsTyped) {
     EXPECT_EQ(value(3), "77");
 }
 
+TEST(Details, ADoubleClickOpensTheFirstSelected) {
+    OpenWorkbench open({"1", "2"});
+    hand::clickRow(mainList(), 0);
+    hand::clickRow(mainList(), 1, hand::kCtrl);
+    NMHDR notice{mainList(), IDC_MAIN_LIST, static_cast<UINT>(NM_DBLCLK)};
+    SendMessageA(findPane(), WM_NOTIFY, notice.idFrom, reinterpret_cast<LPARAM>(&notice));
+    EXPECT_EQ(takeSent(51803), Texts{"1"});
+}
+
 TEST(Details, KeysShowTheWholeTextAndTheNeighbour) {
     LimitsShown open;
     open.plugin.publish(pending("9", "354", {{54001, "C1"}}));
