@@ -125,6 +125,8 @@ TEST_F(PressLineTest, SaysWhatWasSentBefore) {
          "1 of these"},
         {"only 1001,select 1003,reject,wait 3", PressButton::reject,
          "Reject 2 changes: 1 looked at, 1 changed since; all of them again, sent 3 s ago", ""},
+        {"only 1003,reject,wait 60,only 1001,reject,wait 3,select 1003", PressButton::reject,
+         "Reject 2 changes: 1 looked at, 1 changed since; all of them again, sent 3 s ago", ""},
         {"only 1003,accept,other 1003", PressButton::reject,
          "Reject 1003 MODIFY USER DLR101, changed since, accepted 0 s ago, asks first", "1003"},
     };

@@ -30,6 +30,8 @@ TEST_F(WorkbenchTest, ShowsOnlyAnswersForTheChangeThatIsLookedAt) {
          "answer user", shown, user2},
         {"without a key, the older one is of another kind", "open 1001,open 1003", "answer limits",
          shown, "Maker Checker Details: Dealer - DLR101, RMS Limits, 1003"},
+        {"without a key, behind one of the newer", "open 1001,open 1002,answer user 1002",
+         "answer user", nothing, user2},
         {"a second answer", "open 1001,answer user 1001", "answer user 1001", "show again", user1},
         {"an error without a key", "open 1001", "error user", "empty details",
          user1 + " (not shown: no such change)"},
