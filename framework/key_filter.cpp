@@ -105,7 +105,7 @@ void CKeyFilter::filterKey(MSG& message) {
     const bool repeated = isRepeated(message);
     if (!repeated) {
         m_held = taken ? key : 0;
-        m_pressTime.reset();
+        if (!isActionButton(GetCapture())) m_pressTime.reset();  // a held button presses later
         if (pressesButton(message.hwnd, key)) notePress(message);
     }
     if (taken) {

@@ -64,7 +64,8 @@ public:
     CKeyFilter& operator=(const CKeyFilter&) = delete;
 
     // How long ago, in milliseconds, the key or mouse button went down that presses a button of the
-    // pane. None when the last one did something else, or was taken: then no hand makes the press.
+    // pane. None when the last one did something else, but for keys that go down while a button is
+    // held down, or was taken: then no hand makes the press.
     std::optional<unsigned> takePressAge();
 
 private:

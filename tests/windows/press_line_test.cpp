@@ -82,6 +82,7 @@ TEST(Presses, APressIsOfWhatWasSeen) {
     hand::drag(accept, {accept.x + 1, accept.y}, false, [&] {
         Sleep(300);
         open.plugin.publish(outcome("2", "accepted"));
+        hand::key(VK_CONTROL);  // it presses nothing
         UpdateWindow(GetDlgItem(findPane(), IDC_PRESS_LINE));
         Sleep(300);
     });
