@@ -111,21 +111,6 @@ bool threadInFront() noexcept {
     return GetWindowThreadProcessId(GetForegroundWindow(), nullptr) == GetCurrentThreadId();
 }
 
-// Moves a window to `rect`, or as near to it as the work area of the monitor there allows. The
-// upper left corner is always in sight.
-void moveOnScreen(HWND window, RECT rect) {
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    if (GetMonitorInfoA(MonitorFromRect(&rect, MONITOR_DEFAULTTONEAREST), &monitor) != 0) {
-        const RECT& room = monitor.rcWork;
-        const LONG x = std::max(std::min(0L, room.right - rect.right), room.left - rect.left);
-        const LONG y = std::max(std::min(0L, room.bottom - rect.bottom), room.top - rect.top);
-        OffsetRect(&rect, x, y);
-    }
-    SetWindowPos(window, nullptr, rect.left, rect.top, widthOf(rect), heightOf(rect),
-                 SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 }  // namespace
 
 void setModalHome(HWND window) noexcept {

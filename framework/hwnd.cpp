@@ -1,5 +1,7 @@
 #include "framework/hwnd.h"
 
+#include <algorithm>
+
 #include "framework/handles.h"
 
 namespace fw {
@@ -49,6 +51,19 @@ RECT rectInParent(HWND window) noexcept {
     RECT rect = screenRect(window);
     MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&rect), 2);
     return rect;
+}
+
+void moveOnScreen(HWND window, RECT rect) noexcept {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    if (GetMonitorInfoA(MonitorFromRect(&rect, MONITOR_DEFAULTTONEAREST), &monitor) != 0) {
+        const RECT& room = monitor.rcWork;
+        const LONG x = std::max(std::min(0L, room.right - rect.right), room.left - rect.left);
+        const LONG y = std::max(std::min(0L, room.bottom - rect.bottom), room.top - rect.top);
+        OffsetRect(&rect, x, y);
+    }
+    SetWindowPos(window, nullptr, rect.left, rect.top, widthOf(rect), heightOf(rect),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 bool isDialog(HWND window) noexcept {

@@ -24,6 +24,10 @@ SIZE dialogUnits(HFONT font, HWND window) noexcept;
 RECT screenRect(HWND window) noexcept;
 RECT rectInParent(HWND window) noexcept;
 
+// Moves a window to `rect`, or as near to it as the work area of the monitor there allows. The
+// upper left corner is always in sight.
+void moveOnScreen(HWND window, RECT rect) noexcept;
+
 // Where the mouse is: on the screen, and in a window's client area.
 POINT mousePoint() noexcept;
 POINT mousePointIn(HWND window) noexcept;

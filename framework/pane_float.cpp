@@ -49,6 +49,7 @@ void PaneFloat::show(bool activate) {
         SetParent(m_pane.handle(), m_window->handle());
         m_pane.frameChanged();
     }
+    bringOnScreen();
     const RECT room = m_window->clientRect();
     SetWindowPos(m_pane.handle(), nullptr, 0, 0, room.right, room.bottom,
                  SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
@@ -64,6 +65,16 @@ void PaneFloat::place() {
     const int dpi = dpiOf(window);
     SetWindowPos(window, nullptr, m_rect.left, m_rect.top, Measure{widthOf(m_rect), m_dpi}.at(dpi),
                  Measure{heightOf(m_rect), m_dpi}.at(dpi), SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// Its monitor may be gone since: a window whose caption is on none could not be reached. Where it
+// was is kept, for when the monitor is back.
+void PaneFloat::bringOnScreen() const {
+    const HWND window = m_window->handle();
+    const RECT rect = screenRect(window);
+    RECT caption = rect;
+    caption.bottom = caption.top + metric(SM_CYSMCAPTION, dpiOf(window));
+    if (MonitorFromRect(&caption, MONITOR_DEFAULTTONULL) == nullptr) moveOnScreen(window, rect);
 }
 
 RECT PaneFloat::rectAt(POINT corner) const {

@@ -43,6 +43,7 @@ public:
 
 private:
     void place();
+    void bringOnScreen() const;
 
     CPaneDialog& m_pane;
     PaneDocking& m_docking;

@@ -85,6 +85,33 @@ TEST(Pane, FloatsAgainWhereTheHandLeftIt) {
     EXPECT_TRUE(EqualRect(&place, &left)) << "resized, docked";
 }
 
+TEST(Pane, FloatsInSightThoughItsMonitorIsGone) {
+    OpenWorkbench open;
+    floatPane();
+    const HWND window = GetParent(findPane());
+    const std::function<void()> ways[] = {[&] {
+                                              SendMessageA(window, WM_CLOSE, 0, 0);
+                                              open.plugin.hotKey();
+                                          },
+                                          [&] {
+                                              SendMessageA(window, WM_NCLBUTTONDBLCLK, HTCAPTION,
+                                                           0);
+                                              hand::doubleClick(grip());
+                                          }};
+    for (const auto& comeBack : ways) {
+        const RECT before = onScreen(window);
+        SetWindowPos(window, nullptr, 5000, -3000, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        SendMessageA(window, WM_ENTERSIZEMOVE, 0, 0);
+        SendMessageA(window, WM_EXITSIZEMOVE, 0, 0);
+        comeBack();
+        pump();
+        EXPECT_TRUE(floats());
+        const RECT now = onScreen(window);
+        EXPECT_NE(MonitorFromPoint({now.left + 50, now.top + 5}, MONITOR_DEFAULTTONULL), nullptr);
+        EXPECT_EQ(now.right - now.left, before.right - before.left);
+    }
+}
+
 TEST(Pane, IsHiddenWhenClosedUntilTheHotKey) {
     OpenWorkbench open;
     for (const bool floating : {false, true}) {
