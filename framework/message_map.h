@@ -150,6 +150,8 @@ struct Crack<WM_MEASUREITEM> {  // (MEASUREITEMSTRUCT&)
 template <>
 struct Crack<WM_RBUTTONDOWN> : CrackPoint {};
 template <>
+struct Crack<WM_RBUTTONDBLCLK> : CrackPoint {};
+template <>
 struct Crack<WM_RBUTTONUP> : CrackPoint {};
 template <>
 struct Crack<WM_KEYDOWN> {  // (UINT key, bool repeated)

@@ -145,6 +145,7 @@ const fw::MessageMap& CCommonListCtrl::baseMap() {
         fw::offer<WM_TIMER, &C::m_input, &CListInput::onTimer>(),
         fw::offer<WM_TIMER, &C::m_work, &CListWork::onTimer>(),
         fw::on<WM_RBUTTONDOWN, &C::m_input, &CListInput::onRightDown>(),
+        fw::on<WM_RBUTTONDBLCLK, &C::m_input, &CListInput::onRightDown>(),
         fw::on<WM_RBUTTONUP, &C::m_input, &CListInput::onRightUp>(),
         fw::offer<WM_KEYDOWN, &C::m_input, &CListInput::onKeyDown>(),
         fw::offer<WM_KEYDOWN, &C::m_commands, &CListCommands::onKeyDown>(),

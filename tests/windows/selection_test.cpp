@@ -93,6 +93,15 @@ TEST(Selection, EachGestureSelectsWhatItSays) {
          {5, 6},
          5,
          2},
+        {"a second right click at once",
+         [] {
+             POINT at = hand::cell(mainList(), 6);
+             ScreenToClient(mainList(), &at);
+             SendMessageA(mainList(), WM_RBUTTONDBLCLK, MK_RBUTTON, MAKELPARAM(at.x, at.y));
+         },
+         {6},
+         6,
+         1},
         {"a program", [&] { program(7, LVIS_SELECTED, LVIS_SELECTED); }, {4, 7}, 4, 1},
         {"for all", [&] { program(-1, 0, LVIS_SELECTED | LVIS_FOCUSED); }, {}, -1, 1},
     };
