@@ -51,8 +51,8 @@ RECT CMultiLineListCtrl::bringValueIntoView(std::size_t row) {
     if (missing != 0) view.scroll(static_cast<int>(missing), 0);
     RECT visible{};
     const RECT moved = header().rectOf({row, item});
-    IntersectRect(&visible, &moved, &client);
-    return visible;
+    // A column without width has no visible part; its row has.
+    return IntersectRect(&visible, &moved, &client) != 0 ? visible : moved;
 }
 
 std::vector<NamedText> CMultiLineListCtrl::wholeTexts(std::size_t row, ColumnId column) const {

@@ -265,6 +265,16 @@ TEST_F(CellEdits, AnEditorThatStaysFollowsItsCell) {
     EXPECT_EQ(textOf(typed), "12a");
 }
 
+TEST_F(CellEdits, AnEditorOpensOverItsRowInAColumnWithoutWidth) {
+    SendMessageA(details(), LVM_SETCOLUMNWIDTH, 1, 0);
+    hand::clickRow(details(), kFirst);
+    hand::key(VK_F2);
+    const RECT row = onScreen(details(), cellRect(details(), kFirst));
+    const RECT place = onScreen(GetParent(editor()));
+    EXPECT_LE(place.top, row.top);
+    EXPECT_GE(place.bottom, row.bottom);
+}
+
 // The strip above a list keeps its colour while a part of the list has the focus.
 TEST_F(CellEdits, TheStripShowsTheFocusOfEditorsAndFilterBoxesToo) {
     const auto colour = [] {
