@@ -102,6 +102,7 @@ void CListCommands::onMenuCommand(UINT command, UINT code) {
     if (code == 0) run(command);
 }
 
+// Ctrl with Alt types characters (AltGr).
 bool CListCommands::onKeyDown(UINT key, bool) {
     const Modifiers keys = modifiersDown();
     if (key == VK_APPS) {
@@ -109,6 +110,7 @@ bool CListCommands::onKeyDown(UINT key, bool) {
         return true;
     }
     const KeyCommands found = keyCommands(key, keys.ctrl, keys.shift, offers());
+    if (fw::isDown(VK_MENU)) return found.consumed;
     if (!found.commands.empty()) m_parts.input.keyTaken();
     for (const unsigned each : found.commands) run(each);
     return found.consumed;

@@ -83,6 +83,7 @@ TEST(Selection, EachGestureSelectsWhatItSays) {
         {"Ctrl adds", [] { hand::clickRow(mainList(), 6, kCtrl); }, {4, 6}, 6, 1},
         {"Shift+Up, held", [] { hand::hold(VK_UP, 1, kShift); }, {2, 3, 4}, 2, 2},
         {"Ctrl+A", [] { hand::key('A', kCtrl); }, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}, 4, 1},
+        {"AltGr and a letter", [] { hand::key('A', {.ctrl = true, .alt = true}); }, {4}, 4, 0},
         {"letters", [] { hand::type("ash"); }, {1}, 1, 2},
         {"a blank behind letters and a move",
          [] {
