@@ -80,7 +80,7 @@ void planAccept(PressPlan& plan, SelectedRecords selected, const PendingChanges&
 // An Update accepts the change that the details are about.
 void planUpdate(PressPlan& plan, const PendingChanges& changes) {
     const Slot slot = changes.find(plan.key);
-    if (plan.edits != 0 && slot != kNoSlot) plan.single.push_back(slot);
+    if (plan.edits != 0 && slot != kNoSlot) plan.single.assign(1, slot);
 }
 
 void countStates(PressPlan& plan, const ChangeStates& states) {
