@@ -45,9 +45,10 @@ const fw::MessageMap& CVTHolderFrame::messageMap() const {
 
 // The frame draws the border: a view's own would be a second one.
 void CVTHolderFrame::setViews(std::vector<HeldView> views) {
+    // What asks for memory comes first: each view has its frame and its share.
+    m_frames.resize(views.size());
+    m_split.setCount(views.size());
     m_views = std::move(views);
-    m_frames.resize(m_views.size());
-    m_split.setCount(m_views.size());
     for (const HeldView& view : m_views) {
         const auto style = GetWindowLongPtrA(view.window, GWL_EXSTYLE);
         SetWindowLongPtrA(view.window, GWL_EXSTYLE, style & ~LONG_PTR{WS_EX_CLIENTEDGE});
