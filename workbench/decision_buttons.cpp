@@ -99,6 +99,8 @@ bool DecisionButtons::pressedInSight(PressButton button) {
         hits && age ? std::optional(PressSight::Milliseconds(*age)) : std::nullopt);
 }
 
+// A text that waits in a filter box applies first. False: that changed what is selected, or Esc
+// ended it.
 bool DecisionButtons::typedFilterKeepsSelection() {
     const SelectedRows& selection = m_workbench->changes().rows().selection();
     const auto before = selection.revision();
